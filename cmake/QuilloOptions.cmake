@@ -1,0 +1,28 @@
+# One interface target carries the warnings and options of every target of our own.
+add_library(quillo_options INTERFACE)
+target_include_directories(quillo_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+
+if(MSVC)
+  target_compile_options(quillo_options INTERFACE /W4 /WX /permissive- /utf-8 /Zc:__cplusplus)
+else()
+  target_compile_options(quillo_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+    -fno-math-errno)
+endif()
+
+if(WIN32)
+  # The oldest system that the program runs on is Windows 7.
+  target_compile_definitions(quillo_options INTERFACE WINVER=0x0A00 _WIN32_WINNT=0x0A00 NTDDI_VERSION=0x0A000000)
+  if(MINGW)
+    target_compile_options(quillo_options INTERFACE -ffunction-sections -fdata-sections)
+    target_link_options(quillo_options INTERFACE -static -Wl,--gc-sections)
+  endif()
+endif()
+
+if(QUILLO_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(QUILLO_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quillo {
+
+class FileStore;
+class Shell;
+struct Settings;
+
+/// Proposes file names for notes.
+class NoteNames {
+  public:
+    NoteNames(FileStore& files, Shell& shell, const Settings& settings)
+        : files_(files), shell_(shell), settings_(settings) {}
+
+    /// A free full path ending in ".qln", made from the note's text.
+    [[nodiscard]] std::u16string SuggestNoteFileName(std::u16string_view text);
+    /// A free full path in the system's temporary folder.
+    [[nodiscard]] std::u16string MakeTemporaryFileName();
+
+  private:
+    FileStore& files_;
+    Shell& shell_;
+    const Settings& settings_;
+};
+
+/// Without a leading and, independently, a trailing double-quote character.
+[[nodiscard]] std::u16string_view StripQuotes(std::u16string_view path);
+/// What follows the last backslash.
+[[nodiscard]] std::u16string_view FileNameOfPath(std::u16string_view path);
+/// Quotes stripped, up to the last "." when there is one.
+[[nodiscard]] std::u16string_view NameWithoutExtension(std::u16string_view path);
+/// The target of a path ending in ".lnk" (any case); any other path, or a link without target, unchanged.
+[[nodiscard]] std::u16string ResolveShortcut(std::u16string_view path, Shell& shell);
+
+}  // namespace quillo

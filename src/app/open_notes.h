@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "notes/open_note.h"
+
+namespace quillo {
+
+/// At most this many notes may be open at once.
+inline constexpr std::size_t kMaxOpenNotes = 50;
+
+/// Makes the window of a note.
+class NoteViewFactory {
+  public:
+    virtual ~NoteViewFactory() = default;
+    [[nodiscard]] virtual std::unique_ptr<NoteView> MakeView(OpenNote& note) = 0;
+};
+
+/// The program's one collection of open notes, in the order of their making.
+class OpenNotes : public NoteOwner {
+  public:
+    explicit OpenNotes(NoteViewFactory& factory) : factory_(factory) {}
+
+    /// Adds a note with its window. `world.owner` is this collection.
+    OpenNote& Add(NoteWorld world, std::u16string noteKey);
+    /// The note with that key, or null: after anything that pumps messages a note may be gone.
+    [[nodiscard]] OpenNote* Find(std::u16string_view noteKey) const;
+    [[nodiscard]] std::size_t Count() const { return notes_.size(); }
+
+    /// Calls `action` for every note in order. A note that leaves meanwhile is skipped, one that comes is not visited.
+    void ForEach(const std::function<void(OpenNote&)>& action);
+
+    void RemoveNote(const std::u16string& noteKey) override;
+    /// Destroys the notes that were removed; called when none of their handlers can be running.
+    void ReleaseRemoved() { removed_.clear(); }
+    /// Closes and removes every note without touching its files.
+    void UnloadAll();
+
+  private:
+    struct Entry {
+        std::unique_ptr<OpenNote> note;
+        std::unique_ptr<NoteView> view;  // destroyed before its note
+    };
+    NoteViewFactory& factory_;
+    std::vector<Entry> notes_;
+    std::vector<Entry> removed_;
+};
+
+}  // namespace quillo

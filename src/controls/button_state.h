@@ -1,0 +1,45 @@
+#pragma once
+
+#include "util/geometry.h"
+
+namespace quillo {
+
+/// The face of a note button; the number is the column of its frame in the image strip.
+enum class ButtonFace : int { Normal = 0, Hot = 1, Pressed = 2 };
+
+/// Which mouse button an event concerns or which one is held.
+enum class MouseButton { None, Left, Other };
+
+/// What the owner of the state is to do after an event, in this order.
+struct ButtonResponse {
+    bool repaint = false;
+    enum class Capture { Keep, Take, Release } capture = Capture::Keep;
+    enum class Event { None, Click, ShiftClick, MouseDown } event = Event::None;
+};
+
+/// The flat button's behaviour, free of any window. Coordinates are pixels inside the button.
+class ButtonState {
+  public:
+    void Resize(Size size) { size_ = size; }
+    void SetMenuMode(bool menuMode) { menuMode_ = menuMode; }
+    [[nodiscard]] bool MenuMode() const { return menuMode_; }
+    [[nodiscard]] ButtonFace Face() const { return face_; }
+    [[nodiscard]] bool HasCapture() const { return captured_; }
+
+    [[nodiscard]] ButtonResponse MouseMove(Point at, MouseButton held);
+    [[nodiscard]] ButtonResponse MouseDown(Point at, MouseButton pressed);
+    [[nodiscard]] ButtonResponse MouseUp(Point at, MouseButton released, bool shift);
+    /// The capture was taken away from outside: back to rest.
+    [[nodiscard]] ButtonResponse CaptureLost();
+
+  private:
+    [[nodiscard]] bool Inside(Point at) const;
+
+    Size size_;
+    ButtonFace face_ = ButtonFace::Normal;
+    bool captured_ = false;
+    bool pressed_ = false;
+    bool menuMode_ = false;
+};
+
+}  // namespace quillo

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+
+#include "util/color_word.h"
+
+namespace quillo {
+
+class Random;
+
+/// Three colours that belong together.
+struct ColorScheme {
+    ColorWord note;
+    ColorWord border;
+    ColorWord text;
+    friend constexpr bool operator==(const ColorScheme&, const ColorScheme&) = default;
+};
+
+/// The eleven schemes that a note can be given.
+inline constexpr std::array<ColorScheme, 11> kSwatches{{
+    {ColorWord::FromRgb(0xFF, 0xFD, 0xD0), ColorWord::FromRgb(0xFE, 0xCF, 0x38), ColorWord::FromRgb(0, 0, 0)},
+    {ColorWord::FromRgb(0xE0, 0xEE, 0xF4), ColorWord::FromRgb(0x7B, 0xA9, 0xD3), ColorWord::FromRgb(0, 0, 0)},
+    {ColorWord::FromRgb(0xE9, 0xFD, 0xEC), ColorWord::FromRgb(0x72, 0xAE, 0x7F), ColorWord::FromRgb(0, 0, 0)},
+    {ColorWord::FromRgb(0xF3, 0xE2, 0xFF), ColorWord::FromRgb(0xBB, 0xA9, 0xDB), ColorWord::FromRgb(0, 0, 0)},
+    {ColorWord::FromRgb(0xFE, 0xE6, 0xDC), ColorWord::FromRgb(0xFE, 0x84, 0x60), ColorWord::FromRgb(0, 0, 0)},
+    {ColorWord::FromRgb(0xFC, 0xFC, 0xFC), ColorWord::FromRgb(0xB3, 0xC4, 0xD2), ColorWord::FromRgb(0, 0, 0)},
+    {ColorWord::FromRgb(0xFF, 0xF8, 0x50), ColorWord::FromRgb(0xFF, 0x8D, 0x00), ColorWord::FromRgb(0, 0, 0)},
+    {ColorWord::FromRgb(0xA7, 0x1D, 0x23), ColorWord::FromRgb(0xFF, 0xFF, 0xFF), ColorWord::FromRgb(0xFF, 0xFF, 0xFF)},
+    {ColorWord::FromRgb(0, 0, 0), ColorWord::FromRgb(0xFE, 0xFE, 0x00), ColorWord::FromRgb(0xFE, 0xFE, 0x00)},
+    {ColorWord::FromRgb(0, 0, 0), ColorWord::FromRgb(0xB4, 0xFE, 0x2C), ColorWord::FromRgb(0xB4, 0xFE, 0x2C)},
+    {ColorWord::FromRgb(0, 0, 0), ColorWord::FromRgb(0x10, 0xEF, 0xFE), ColorWord::FromRgb(0x10, 0xEF, 0xFE)},
+}};
+
+/// Only the first five, the pale ones, are dealt out at random (intended: a dark note is the user's own choice).
+inline constexpr int kRandomSwatches = 5;
+
+/// One of the pale schemes, each as likely as the others; draws one number.
+[[nodiscard]] const ColorScheme& RandomScheme(Random& random);
+
+}  // namespace quillo

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "util/color_word.h"
+#include "util/day_serial.h"
+
+namespace quillo {
+
+/// Whether a note is on the desktop; the numbers are those of the note file.
+enum class WindowState : int { Shown = 0, Hidden = 1, Minimized = 2 };
+
+/// The members of one note. Its text, rectangle and visibility live in its window.
+struct Note {
+    bool LargeText = false;
+    bool OwnColors = false;  ///< false: the three colours follow the settings whenever colours are applied
+    ColorWord NoteColor;
+    ColorWord BorderColor;
+    ColorWord TextColor;
+    bool ReminderSet = false;
+    DaySerial ReminderTime;
+    bool Pinned = false;          ///< always on top
+    bool Changed = false;         ///< differs from its storage copy; cleared only by PersistNote
+    std::u16string StoragePath;   ///< its storage copy in the notes folder; empty until first persisted
+    std::u16string FileName;      ///< its own file outside the notes folder, or empty
+    std::u16string NoteKey;       ///< its key among the open notes
+};
+
+}  // namespace quillo

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+
+#include "notes/note.h"
+#include "ports/canvas.h"
+#include "util/geometry.h"
+#include "util/units.h"
+
+namespace quillo {
+
+class Clock;
+class LocaleText;
+
+/// Where the parts of a note stand in a client area, in device pixels.
+struct NoteLayout {
+    Rect menuButton;
+    Rect pushpin;
+    Rect closeButton;
+    Rect dragBar;    ///< the whole strip, buttons included
+    Rect messageBox;
+};
+
+/// The design size of a new note's client area, in twips.
+inline constexpr int kNewNoteWidth = 2820;
+inline constexpr int kNewNoteHeight = 2445;
+
+[[nodiscard]] NoteLayout LayOutNote(Size client, const Scale& scale);
+
+/// What a point of the note does when it is pressed.
+enum class NoteHit { Nothing, Bottom, BottomRight };
+
+/// `at` is in pixels from the window's top left corner.
+[[nodiscard]] NoteHit HitTestNote(Point at, Size client, const Scale& scale);
+
+/// The label of a note's reminder: the time alone when its day of the month is today's (intended: other months too),
+/// else the short date, two spaces and the time ("h:nn am/pm").
+[[nodiscard]] std::u16string ReminderLabel(DaySerial reminder, DaySerial now, LocaleText& locale);
+
+/// The colours a note is painted in; plain RGB, already resolved.
+struct NotePaint {
+    ColorWord note;
+    ColorWord border;
+};
+
+/// Outline, fill, reminder label (when not empty) and grip, in the order and at the places of the design.
+void PaintNote(Canvas& canvas, Size client, const Scale& scale, const NotePaint& colors,
+               std::u16string_view reminderLabel);
+
+/// How the drag bar is drawn.
+struct DragBarPaint {
+    ColorWord top;
+    ColorWord bottom;
+    ColorWord glyph;  ///< contrasts with the bar
+};
+
+/// The drag bar's gradient from the border colour to a 35 % mix with the note colour, flat when `flat`; paler while
+/// the note is inactive.
+[[nodiscard]] DragBarPaint DragBarColors(ColorWord note, ColorWord border, bool flat, bool active);
+
+/// Where a new note is placed, in twips; `r1` and `r2` are uniform in [0, 1), `screen` and `note` in twips.
+[[nodiscard]] Point PlaceNewNote(Size screen, Size note, double r1, double r2);
+
+}  // namespace quillo

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "app/settings.h"
+#include "notes/note.h"
+#include "util/geometry.h"
+
+namespace quillo {
+
+/// What a note asks of its window. NoteForm implements it; tests have a fake that behaves.
+class NoteView {
+  public:
+    virtual ~NoteView() = default;
+
+    [[nodiscard]] virtual std::u16string Text() const = 0;
+    /// Replaces the whole text; does not count as the user's edit.
+    virtual void SetText(std::u16string_view text) = 0;
+
+    /// The window's rectangle in whole twips: the place at the system's dpi, the size at the window's own.
+    [[nodiscard]] virtual TwipsRect Rectangle() const = 0;
+    virtual void MoveTo(const TwipsRect& rectangle) = 0;
+    /// Moves the window, size unchanged, so that it lies on the screen (see PlaceOnScreen).
+    virtual void MoveOntoScreen() = 0;
+
+    [[nodiscard]] virtual bool IsVisible() const = 0;
+    /// Shows the window without giving it the focus, and sets the text box's tab stop.
+    virtual void Show() = 0;
+    virtual void Hide() = 0;
+    /// Puts the window above all others, for good when `pinned`.
+    virtual void BringToFront(bool pinned) = 0;
+    /// Gives the note the keyboard, the caret in its text box.
+    virtual void Activate() = 0;
+    virtual void ShowPinned(bool pinned) = 0;
+    /// Layered with a constant alpha of 1 to 254; 255 is opaque.
+    virtual void SetOpacity(int alpha) = 0;
+
+    /// The note's own icon in the notification area.
+    [[nodiscard]] virtual bool IsIconShowing() const = 0;
+    virtual void ShowIcon(std::u16string_view caption) = 0;
+    virtual void HideIcon() = 0;
+
+    /// Applies colours, drop target, font (with LargeText) and scroll bar, and repaints.
+    virtual void ApplyAppearance(const Note& note, const Settings& settings) = 0;
+    virtual void Repaint() = 0;
+    /// Ends the window. The object itself lives on until its owner lets go of it.
+    virtual void Close() = 0;
+};
+
+}  // namespace quillo

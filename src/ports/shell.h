@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quillo {
+
+/// The shell's special folders, by the shell's own numbers.
+enum class SpecialFolder : int {
+    Desktop = 0,
+    Documents = 5,
+    DesktopDirectory = 16,
+    RoamingApplicationData = 26,
+    LocalApplicationData = 28,
+    ProgramFiles = 38,
+};
+
+/// The shell's services.
+class Shell {
+  public:
+    virtual ~Shell() = default;
+
+    /// Without a trailing backslash; "" when the folder does not exist.
+    [[nodiscard]] virtual std::u16string FolderPath(SpecialFolder folder) = 0;
+    [[nodiscard]] virtual std::u16string WindowsFolder() = 0;
+    [[nodiscard]] virtual std::u16string SystemFolder() = 0;
+    /// Full path of the running program.
+    [[nodiscard]] virtual std::u16string ProgramPath() = 0;
+    /// An absolute path for one that may be relative to the current folder; the path itself when that fails.
+    [[nodiscard]] virtual std::u16string FullPath(std::u16string_view path) = 0;
+    /// Opens a file with its default action; false when nothing opens it. Shows no message.
+    virtual bool Open(std::u16string_view path) = 0;
+    /// The target of a shell link, as the shell-link service reports it; "" when it has none.
+    [[nodiscard]] virtual std::u16string LinkTarget(std::u16string_view path) = 0;
+    /// Moves a file to the Recycle Bin without questions; false when it is still where it was.
+    [[nodiscard]] virtual bool Recycle(std::u16string_view path) = 0;
+    /// A new GUID in its 38-character registry form, braces included.
+    [[nodiscard]] virtual std::u16string NewUniqueIdentifier() = 0;
+};
+
+}  // namespace quillo

@@ -1,0 +1,3 @@
+target_sources(quillo_testing PRIVATE
+  testing/fakes.cpp
+)

@@ -1,0 +1,3 @@
+target_sources(quillo_core PRIVATE
+  util/day_serial.cpp
+)

@@ -1,0 +1,1 @@
+#include "util/day_serial.h"
