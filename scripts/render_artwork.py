@@ -1,0 +1,279 @@
+#!/usr/bin/python3
+"""Renders the SVG sources of src/resources/artwork into the icon and the note button strips.
+
+The same sources give the same bytes. Needs rsvg-convert; everything else is Python's standard library.
+"""
+
+import argparse
+import pathlib
+import struct
+import subprocess
+import sys
+import zlib
+
+# Size in pixels: source. The small ones are drawn for their grid, the others are the mark at any size.
+ICON_SOURCES = {
+    16: "quillo-16.svg",
+    20: "quillo-20.svg",
+    24: "quillo-24.svg",
+    32: "quillo.svg",
+    40: "quillo.svg",
+    48: "quillo.svg",
+    64: "quillo.svg",
+    128: "quillo.svg",
+    256: "quillo.svg",
+}
+LARGEST_ICON_BITMAP = 128  # pixels; above that an entry is a PNG
+
+FRAME = 20  # pixels at 96 dpi
+SCALES = (100, 150, 200)  # percent
+BUTTON_ROWS = ("note-close.svg", "note-pushpin.svg", "note-pushpin-in.svg", "note-menu.svg")
+PLATE = "note-plate.svg"
+PLATE_STRENGTHS = (0.0, 0.14, 0.26)  # the columns: normal, hot, pressed
+
+
+class Image:
+    """Straight-alpha RGBA, 8 bits a channel, top row first."""
+
+    def __init__(self, width, height, pixels=None):
+        self.width = width
+        self.height = height
+        self.pixels = pixels if pixels is not None else bytearray(4 * width * height)
+
+    def rows(self):
+        stride = 4 * self.width
+        return [self.pixels[y * stride : (y + 1) * stride] for y in range(self.height)]
+
+    def alpha(self, x, y):
+        return self.pixels[4 * (y * self.width + x) + 3]
+
+    def put(self, x, y, rgba):
+        at = 4 * (y * self.width + x)
+        self.pixels[at : at + 4] = bytes(rgba)
+
+
+def unfilter(kind, line, above):
+    """Undoes one row's PNG filter in place; 4 bytes a pixel."""
+    for i, value in enumerate(line):
+        left = line[i - 4] if i >= 4 else 0
+        up = above[i]
+        corner = above[i - 4] if i >= 4 else 0
+        if kind == 1:
+            value += left
+        elif kind == 2:
+            value += up
+        elif kind == 3:
+            value += (left + up) // 2
+        elif kind == 4:
+            guess = left + up - corner
+            value += min((left, up, corner), key=lambda near: abs(guess - near))
+        line[i] = value & 0xFF
+
+
+def decode_png(data):
+    if data[:8] != b"\x89PNG\r\n\x1a\n":
+        raise ValueError("not a PNG")
+    width = height = 0
+    packed = b""
+    at = 8
+    while at < len(data):
+        (length,) = struct.unpack_from(">I", data, at)
+        kind = data[at + 4 : at + 8]
+        body = data[at + 8 : at + 8 + length]
+        at += 12 + length
+        if kind == b"IHDR":
+            width, height, depth, color, _, _, interlace = struct.unpack(">IIBBBBB", body)
+            if (depth, color, interlace) != (8, 6, 0):
+                raise ValueError("the PNG is not plain 8-bit RGBA")
+        elif kind == b"IDAT":
+            packed += body
+    raw = zlib.decompress(packed)
+    stride = 4 * width
+    above = bytearray(stride)
+    pixels = bytearray()
+    for y in range(height):
+        start = y * (stride + 1)
+        line = bytearray(raw[start + 1 : start + 1 + stride])
+        unfilter(raw[start], line, above)
+        pixels += line
+        above = line
+    return Image(width, height, pixels)
+
+
+def encode_png(image):
+    def chunk(kind, body):
+        return struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body))
+
+    raw = b"".join(b"\0" + bytes(row) for row in image.rows())
+    header = struct.pack(">IIBBBBB", image.width, image.height, 8, 6, 0, 0, 0)
+    return (
+        b"\x89PNG\r\n\x1a\n"
+        + chunk(b"IHDR", header)
+        + chunk(b"IDAT", zlib.compress(raw, 9))
+        + chunk(b"IEND", b"")
+    )
+
+
+def bgra_bottom_up(image):
+    out = bytearray()
+    for row in reversed(image.rows()):
+        for x in range(0, len(row), 4):
+            red, green, blue, alpha = row[x : x + 4]
+            out += bytes((blue, green, red, alpha))
+    return bytes(out)
+
+
+def bitmap_header(width, height, size):
+    return struct.pack("<IiiHHIIiiII", 40, width, height, 1, 32, 0, size, 0, 0, 0, 0)
+
+
+def encode_bmp(image):
+    bits = bgra_bottom_up(image)
+    body = bitmap_header(image.width, image.height, len(bits)) + bits
+    return struct.pack("<2sIHHI", b"BM", 14 + len(body), 0, 0, 14 + 40) + body
+
+
+def icon_bitmap(image):
+    """An icon entry: the colours, then the mask that is 1 where nothing is drawn; the header counts both."""
+    bits = bgra_bottom_up(image)
+    mask = bytearray()
+    stride = (image.width + 31) // 32 * 4
+    for y in reversed(range(image.height)):
+        row = bytearray(stride)
+        for x in range(image.width):
+            if image.alpha(x, y) == 0:
+                row[x // 8] |= 0x80 >> x % 8
+        mask += row
+    return bitmap_header(image.width, 2 * image.height, len(bits) + len(mask)) + bits + bytes(mask)
+
+
+def encode_ico(images):
+    entries = [encode_png(i) if i.width > LARGEST_ICON_BITMAP else icon_bitmap(i) for i in images]
+    at = 6 + 16 * len(images)
+    directory = struct.pack("<HHH", 0, 1, len(images))
+    for image, entry in zip(images, entries):
+        # A size of 256 is written as 0.
+        directory += struct.pack("<BBBBHHII", image.width % 256, image.height % 256, 0, 0, 1, 32, len(entry), at)
+        at += len(entry)
+    return directory + b"".join(entries)
+
+
+class Artwork:
+    def __init__(self, converter, source):
+        self.converter = converter
+        self.source = pathlib.Path(source)
+
+    def render(self, name, size):
+        command = [self.converter, "--format=png", f"--width={size}", f"--height={size}", str(self.source / name)]
+        image = decode_png(subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout)
+        if (image.width, image.height) != (size, size):
+            raise ValueError(f"{name} came out at {image.width} x {image.height}, not {size} x {size}")
+        return image
+
+    def icons(self):
+        return [self.render(name, size) for size, name in ICON_SOURCES.items()]
+
+    def strip(self, scale):
+        """Coverages, not colours: A is the glyph's, R the plate's; the program tints both for each note."""
+        frame = FRAME * scale // 100
+        plate = self.render(PLATE, frame)
+        strip = Image(frame * len(PLATE_STRENGTHS), frame * len(BUTTON_ROWS))
+        for row, name in enumerate(BUTTON_ROWS):
+            glyph = self.render(name, frame)
+            for column, strength in enumerate(PLATE_STRENGTHS):
+                for y in range(frame):
+                    for x in range(frame):
+                        behind = round(plate.alpha(x, y) * strength)
+                        strip.put(column * frame + x, row * frame + y, (behind, 0, 0, glyph.alpha(x, y)))
+        return strip
+
+
+def mix(under, over, coverage):
+    return tuple(round(u + (o - u) * coverage / 255) for u, o in zip(under, over))
+
+
+def enlarge(sheet, left, top, image, zoom, shade):
+    """Draws `image` at `zoom` times its size; `shade` turns a pixel into a colour."""
+    for y in range(image.height):
+        for x in range(image.width):
+            at = 4 * (y * image.width + x)
+            color = (*shade(image.pixels[at : at + 4]), 255)
+            for dy in range(zoom):
+                for dx in range(zoom):
+                    sheet.put(left + x * zoom + dx, top + y * zoom + dy, color)
+
+
+def contact_sheet(icons, strips):
+    """Everything on the grounds it must be legible on: magnified, and at its true size beside it."""
+    grounds = (  # bar, glyph
+        ((0xFF, 0xFD, 0xD0), (0x2B, 0x2A, 0x27)),
+        ((0xFE, 0xCF, 0x38), (0x2B, 0x2A, 0x27)),
+        ((0xFE, 0x84, 0x60), (0x2B, 0x2A, 0x27)),
+        ((0xA7, 0x1D, 0x23), (0xFF, 0xFF, 0xFF)),
+        ((0x00, 0x00, 0x00), (0x10, 0xEF, 0xFE)),
+    )
+    bars = ((0xF3, 0xF3, 0xF3), (0x20, 0x20, 0x20), (0x3A, 0x6E, 0xA5))  # light and dark task bars, a desktop
+    zooms = {100: 6, 150: 4, 200: 3}
+    cell = (360, 480)
+    small = [i for i in icons if i.width <= 64]
+    icon_height = 2 * 64 * 6
+    sheet = Image(cell[0] * len(grounds), cell[1] * (len(strips) + 1) + icon_height * len(bars))
+
+    def paint(left, top, width, height, color):
+        for y in range(top, top + height):
+            for x in range(left, left + width):
+                sheet.put(x, y, (*color, 255))
+
+    for column, (bar, glyph) in enumerate(grounds):
+        def tint(pixel):
+            return mix(mix(bar, glyph, pixel[0]), glyph, pixel[3])
+
+        left = column * cell[0]
+        paint(left, 0, cell[0], cell[1] * (len(strips) + 1), bar)
+        for row, (scale, strip) in enumerate(strips.items()):
+            enlarge(sheet, left, row * cell[1], strip, zooms[scale], tint)
+            enlarge(sheet, left + 60 * row + 10 * row * row + 10, len(strips) * cell[1] + 20, strip, 1, tint)
+
+    for row, bar in enumerate(bars):
+        def over(pixel):
+            return mix(bar, pixel[:3], pixel[3])
+
+        top = cell[1] * (len(strips) + 1) + row * icon_height
+        paint(0, top, sheet.width, icon_height, bar)
+        left, line = 12, top + 12
+        for image in small:
+            zoom = 8 if image.width <= 24 else 4
+            enlarge(sheet, left, line, image, zoom, over)
+            left += image.width * zoom + 24
+        left, line = 12, top + 290
+        for image in icons:
+            enlarge(sheet, left, line, image, 1, over)
+            left += image.width + 24
+    return sheet
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--rsvg-convert", default="rsvg-convert", metavar="PROGRAM")
+    parser.add_argument("--source", required=True, metavar="FOLDER", help="where the SVG files are")
+    parser.add_argument("--output", required=True, metavar="FOLDER", help="gets quillo.ico and note_buttons_*.bmp")
+    parser.add_argument("--contact-sheet", metavar="PNG", help="also writes everything magnified, to look at")
+    options = parser.parse_args()
+
+    artwork = Artwork(options.rsvg_convert, options.source)
+    output = pathlib.Path(options.output)
+    output.mkdir(parents=True, exist_ok=True)
+    icons = artwork.icons()
+    strips = {scale: artwork.strip(scale) for scale in SCALES}
+    (output / "quillo.ico").write_bytes(encode_ico(icons))
+    for scale, strip in strips.items():
+        (output / f"note_buttons_{scale}.bmp").write_bytes(encode_bmp(strip))
+    if options.contact_sheet:
+        pathlib.Path(options.contact_sheet).write_bytes(encode_png(contact_sheet(icons, strips)))
+
+
+if __name__ == "__main__":
+    try:
+        main()
+    except (OSError, ValueError, subprocess.CalledProcessError) as error:
+        sys.exit(f"render_artwork: {error}")
