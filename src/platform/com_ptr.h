@@ -1,0 +1,27 @@
+#pragma once
+
+namespace quillo {
+
+/// Owns one reference to a COM object.
+template <typename Interface>
+class ComPtr {
+  public:
+    ComPtr() = default;
+    ComPtr(const ComPtr&) = delete;
+    ComPtr& operator=(const ComPtr&) = delete;
+    ~ComPtr() {
+        if (object_ != nullptr) object_->Release();
+    }
+
+    [[nodiscard]] Interface* Get() const { return object_; }
+    Interface* operator->() const { return object_; }
+    explicit operator bool() const { return object_ != nullptr; }
+    /// For a call that fills it in; only while it is empty.
+    [[nodiscard]] Interface** Put() { return &object_; }
+    [[nodiscard]] void** PutVoid() { return reinterpret_cast<void**>(&object_); }
+
+  private:
+    Interface* object_ = nullptr;
+};
+
+}  // namespace quillo

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace quillo {
+
+/// The program's one message loop, and what is to be done between two messages.
+class MessageLoop {
+  public:
+    /// Runs until Quit; the answer is the exit code.
+    int Run();
+    /// Ends Run after the message in hand.
+    static void Quit(int exitCode);
+
+    /// `action` runs once, when no message is waiting: for what start-up must not wait for.
+    void RunWhenIdle(std::function<void()> action) { idle_.push_back(std::move(action)); }
+    /// `action` runs after every message that the loop has dispatched; no handler of a window is running then.
+    void RunAfterEach(std::function<void()> action) { afterEach_ = std::move(action); }
+
+  private:
+    void RunIdleActions();
+
+    std::vector<std::function<void()>> idle_;
+    std::function<void()> afterEach_;
+};
+
+}  // namespace quillo

@@ -1,0 +1,16 @@
+target_sources(quillo_shell PRIVATE
+  platform/dpi.cpp
+  platform/gdi_canvas.cpp
+  platform/message_loop.cpp
+  platform/monitors.cpp
+  platform/single_instance.cpp
+  platform/ui_timer.cpp
+  platform/win_clock.cpp
+  platform/win_file_store.cpp
+  platform/win_locale_text.cpp
+  platform/win_registry_api.cpp
+  platform/win_shell.cpp
+  platform/win_user_notice.cpp
+  platform/window.cpp
+)
+target_link_libraries(quillo_shell PUBLIC comctl32 gdi32 ole32 shell32 uuid)

@@ -1,0 +1,65 @@
+#include "platform/ui_timer.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace quillo {
+namespace {
+
+struct Running {
+    UINT_PTR id;
+    UiTimer* timer;
+};
+
+/// The running timers of the one user-interface thread: a message that was already under way when its timer was
+/// stopped finds nothing here.
+std::vector<Running>& RunningTimers() {
+    static std::vector<Running> timers;
+    return timers;
+}
+
+UiTimer* FindTimer(UINT_PTR id) {
+    const auto& timers = RunningTimers();
+    const auto found = std::find_if(timers.begin(), timers.end(), [id](const Running& r) { return r.id == id; });
+    return found == timers.end() ? nullptr : found->timer;
+}
+
+}  // namespace
+
+void UiTimer::Start(UINT milliseconds) {
+    Stop();
+    if (milliseconds == 0) return;
+    id_ = SetTimer(nullptr, 0, milliseconds, &UiTimer::OnTimer);
+    if (id_ != 0) RunningTimers().push_back({id_, this});
+}
+
+void UiTimer::Stop() {
+    if (id_ == 0) return;
+    KillTimer(nullptr, id_);
+    std::erase_if(RunningTimers(), [this](const Running& r) { return r.timer == this; });
+    id_ = 0;
+}
+
+UiTimer::~UiTimer() {
+    Stop();
+    if (destroyed_ != nullptr) *destroyed_ = true;
+}
+
+void CALLBACK UiTimer::OnTimer(HWND, UINT, UINT_PTR id, DWORD) noexcept {
+    UiTimer* timer = FindTimer(id);
+    if (timer == nullptr || timer->ticking_) return;
+    bool destroyed = false;
+    timer->ticking_ = true;
+    timer->destroyed_ = &destroyed;
+    try {
+        const auto tick = timer->tick_;  // a copy: the tick may destroy its timer
+        tick();
+    } catch (...) {
+        // A tick that fails is given up; the next one comes.
+    }
+    if (destroyed) return;
+    timer->ticking_ = false;
+    timer->destroyed_ = nullptr;
+}
+
+}  // namespace quillo

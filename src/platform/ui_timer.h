@@ -1,0 +1,32 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+#include "platform/win32.h"
+
+namespace quillo {
+
+/// A timer of the user-interface thread. It never fires after it was stopped, and never while its tick still runs.
+class UiTimer {
+  public:
+    explicit UiTimer(std::function<void()> tick) : tick_(std::move(tick)) {}
+    UiTimer(const UiTimer&) = delete;
+    UiTimer& operator=(const UiTimer&) = delete;
+    ~UiTimer();
+
+    /// Starts, or starts anew. An interval of 0 leaves the timer inert.
+    void Start(UINT milliseconds);
+    void Stop();
+    [[nodiscard]] bool IsRunning() const { return id_ != 0; }
+
+  private:
+    static void CALLBACK OnTimer(HWND, UINT, UINT_PTR id, DWORD) noexcept;
+
+    std::function<void()> tick_;
+    UINT_PTR id_ = 0;
+    bool ticking_ = false;
+    bool* destroyed_ = nullptr;  ///< set while ticking: tells the running tick that its timer has gone
+};
+
+}  // namespace quillo

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ports/clock.h"
+#include "ports/random.h"
+
+namespace quillo {
+
+/// The system's local time.
+class WinClock : public Clock {
+  public:
+    [[nodiscard]] DaySerial Now() override;
+};
+
+/// A generator seeded from the system's clock and process: scatters notes and deals out colours, no more.
+class WinRandom : public Random {
+  public:
+    WinRandom();
+    [[nodiscard]] double Next() override;
+
+  private:
+    unsigned long long state_;
+};
+
+}  // namespace quillo

@@ -1,0 +1,119 @@
+#include "platform/win_shell.h"
+
+#include <array>
+
+#include "platform/com_ptr.h"
+#include "platform/wide.h"
+
+// After windows.h.
+#include <objbase.h>
+#include <shellapi.h>
+#include <shlobj.h>
+
+namespace quillo {
+namespace {
+
+/// The text that a system call writes into a buffer that it wants to be larger every time.
+template <typename Call>
+std::u16string GrowingText(Call call) {
+    std::u16string text(MAX_PATH, u'\0');
+    for (;;) {
+        const DWORD length = call(WideBuffer(text), static_cast<DWORD>(text.size()));
+        if (length < text.size()) {
+            text.resize(length);
+            return text;
+        }
+        text.resize(text.size() * 2);
+    }
+}
+
+/// COM for the length of one call; harmless where the thread has it already.
+class ComScope {
+  public:
+    ComScope() : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+    ComScope(const ComScope&) = delete;
+    ComScope& operator=(const ComScope&) = delete;
+    ~ComScope() {
+        if (entered_) CoUninitialize();
+    }
+
+  private:
+    bool entered_;
+};
+
+}  // namespace
+
+std::u16string WinShell::FolderPath(SpecialFolder folder) {
+    PIDLIST_ABSOLUTE list = nullptr;
+    if (FAILED(SHGetSpecialFolderLocation(nullptr, static_cast<int>(folder), &list))) return {};
+    std::array<wchar_t, MAX_PATH + 1> path{};
+    const bool found = SHGetPathFromIDListW(list, path.data()) != 0;
+    CoTaskMemFree(list);
+    return found ? std::u16string(FromWide(path.data())) : std::u16string();
+}
+
+std::u16string WinShell::WindowsFolder() {
+    return GrowingText([](wchar_t* text, DWORD size) { return GetWindowsDirectoryW(text, size); });
+}
+
+std::u16string WinShell::SystemFolder() {
+    return GrowingText([](wchar_t* text, DWORD size) { return GetSystemDirectoryW(text, size); });
+}
+
+std::u16string WinShell::ProgramPath() {
+    return GrowingText([](wchar_t* text, DWORD size) { return GetModuleFileNameW(nullptr, text, size); });
+}
+
+std::u16string WinShell::FullPath(std::u16string_view path) {
+    const std::u16string given(path);
+    std::u16string full =
+        GrowingText([&](wchar_t* text, DWORD size) { return GetFullPathNameW(Wide(given), size, text, nullptr); });
+    return full.empty() ? given : full;
+}
+
+bool WinShell::Open(std::u16string_view path) {
+    const std::u16string file(path);
+    SHELLEXECUTEINFOW info{};
+    info.cbSize = sizeof info;
+    info.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_ASYNCOK;
+    info.lpFile = Wide(file);
+    info.nShow = SW_SHOWNORMAL;
+    return ShellExecuteExW(&info) != 0;
+}
+
+std::u16string WinShell::LinkTarget(std::u16string_view path) {
+    const ComScope com;
+    ComPtr<IShellLinkW> link;
+    if (FAILED(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, link.PutVoid()))) {
+        return {};
+    }
+    ComPtr<IPersistFile> file;
+    if (FAILED(link->QueryInterface(IID_IPersistFile, file.PutVoid()))) return {};
+    if (FAILED(file->Load(Wide(std::u16string(path)), STGM_READ))) return {};
+    constexpr int kLongestTarget = 32768;
+    std::u16string target(kLongestTarget, u'\0');
+    if (FAILED(link->GetPath(WideBuffer(target), kLongestTarget, nullptr, 0))) return {};
+    target.resize(target.find(u'\0'));
+    return target;
+}
+
+bool WinShell::Recycle(std::u16string_view path) {
+    std::u16string list(path);
+    list += u'\0';  // the list of files ends with a second null
+    SHFILEOPSTRUCTW operation{};
+    operation.wFunc = FO_DELETE;
+    operation.pFrom = Wide(list);
+    operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT;
+    static_assert((FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT) == 0x54);
+    return SHFileOperationW(&operation) == 0 && operation.fAnyOperationsAborted == 0;
+}
+
+std::u16string WinShell::NewUniqueIdentifier() {
+    GUID guid{};
+    if (FAILED(CoCreateGuid(&guid))) return {};
+    std::array<wchar_t, 39> text{};
+    StringFromGUID2(guid, text.data(), static_cast<int>(text.size()));
+    return std::u16string(FromWide(text.data()));
+}
+
+}  // namespace quillo

@@ -1,0 +1,65 @@
+#include "platform/window.h"
+
+#include "platform/gdi_scope.h"
+
+namespace quillo {
+
+HINSTANCE ThisModule() {
+    return GetModuleHandleW(nullptr);
+}
+
+bool Window::Create(WNDCLASSEXW windowClass, const WindowPlan& plan) {
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.hInstance = ThisModule();
+    windowClass.lpfnWndProc = &Window::Procedure;
+    if (RegisterClassExW(&windowClass) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) return false;
+
+    const auto id = static_cast<UINT_PTR>(plan.childId);
+    CreateWindowExW(plan.exStyle, windowClass.lpszClassName, plan.title, plan.style, plan.place.left, plan.place.top,
+                    plan.place.width, plan.place.height, plan.parent, reinterpret_cast<HMENU>(id), ThisModule(), this);
+    return handle_ != nullptr;
+}
+
+Window::~Window() {
+    if (handle_ == nullptr) return;
+    SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
+    DestroyWindow(handle_);
+}
+
+void Window::Destroy() {
+    if (handle_ != nullptr) DestroyWindow(handle_);
+}
+
+LRESULT Window::Default(UINT message, WPARAM wParam, LPARAM lParam) {
+    return DefWindowProcW(handle_, message, wParam, lParam);
+}
+
+Rect Window::ClientRect() const {
+    RECT client{};
+    GetClientRect(handle_, &client);
+    return FromWin32(client);
+}
+
+LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    if (message == WM_NCCREATE) {
+        auto* created = static_cast<Window*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+        created->handle_ = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
+    }
+    auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+    LRESULT result = 0;
+    try {
+        result = self->HandleMessage(message, wParam, lParam);
+    } catch (...) {
+        // Only misuse of a class throws; the message is given up and the program goes on with its notes.
+        result = DefWindowProcW(window, message, wParam, lParam);
+    }
+    if (message == WM_NCDESTROY) {
+        SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+        self->handle_ = nullptr;
+    }
+    return result;
+}
+
+}  // namespace quillo
