@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "notes/note.h"
 #include "notes/note_store.h"
@@ -20,6 +21,8 @@ class NoteOwner {
     virtual ~NoteOwner() = default;
     /// Takes the note out of the open notes. The object lives on until its own handlers have returned.
     virtual void RemoveNote(const std::u16string& noteKey) = 0;
+    /// False once the note was removed: to be asked after anything that pumps messages.
+    [[nodiscard]] virtual bool IsOpen(const std::u16string& noteKey) const = 0;
 };
 
 /// The program-wide things that every note works with.
@@ -35,6 +38,10 @@ struct NoteWorld {
 };
 
 /// One open note: its data and every operation on it. The window is reached through NoteView.
+///
+/// Who marks the note changed: an edit, a new size, a reminder, colours and large text always do. Where the note stands
+/// and whether it is on the screen is kept only when the user decided it, so these operations come in pairs: the plain
+/// one is silent, the one "ByUser" marks the note, and the window marks it when the user has moved it.
 class OpenNote {
   public:
     OpenNote(NoteWorld world, std::u16string noteKey);
@@ -52,14 +59,19 @@ class OpenNote {
     void MoveTo(const TwipsRect& rectangle) { view_->MoveTo(rectangle); }
 
     // The note file.
+    /// The full path written, "" when nothing could be written.
     std::u16string SaveNote(const SaveTarget& target);
-    void SetupNoteFromTags(std::u16string_view tagText, std::u16string_view openedPath);
+    /// Applies the text between the root tags to a note just made; `openedPath` is the file it came from, or empty.
+    /// True when the tags settled whether the note is on the screen; after false the caller shows it.
+    [[nodiscard]] bool SetupNoteFromTags(std::u16string_view tagText, std::u16string_view openedPath);
     [[nodiscard]] std::u16string AppearanceString() const;
-    void SetAppearanceString(std::u16string_view text);
+    /// Applies the fields at once, which may show or hide the note. True when the window state was one of the three.
+    bool SetAppearanceString(std::u16string_view text);
     [[nodiscard]] std::u16string ReminderString() const;
     void SetReminderString(std::u16string_view text);
     void SetFileName(std::u16string fileName) { note_.FileName = std::move(fileName); }
-    void SetStoragePath(std::u16string path) { note_.StoragePath = std::move(path); }
+    /// The note was opened from this file of the notes folder, which becomes its storage copy.
+    void SetStoragePath(std::u16string path);
 
     /// The note differs from its storage copy.
     void MarkChanged() { note_.Changed = true; }
@@ -67,17 +79,33 @@ class OpenNote {
     bool PersistNote();
 
     // Appearance.
+    /// Gives a new note its colours; silent.
     void SetOwnColors(ColorWord noteColor, ColorWord borderColor, ColorWord textColor);
+    /// The user's choice of colours; without `own` the note goes back to those of the settings. Marks the note changed.
+    void ChangeColors(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor);
     void SetPinned(bool pinned);
     void TogglePin() { SetPinned(!note_.Pinned); }
+    /// Marks the note changed.
     void SetLargeText(bool large);
     void UpdateColors();
+    /// Takes the translucency from the settings.
     void SetNoteEffects();
+
+    // Coming back to the screen.
+    /// Shows the note and brings it to the front; silent.
     void Popup();
+    void PopupByUser();
+    /// A click on the note's own icon, or "Show this note".
+    void ShowFromIcon();
 
     // Leaving the screen.
     void HideNote();
+    void HideByUser();
+    /// Shows the note's own icon; the window stays as it is.
     void MinimizeToTray();
+    /// To its own icon and out of sight.
+    void MinimizeByUser();
+    /// Any of these may leave the note destroyed: its object lives on until its owner lets go of it.
     void CloseNote();
     void CloseButtonClick();
     void DeleteNote();
@@ -86,15 +114,19 @@ class OpenNote {
     void DestroyNote();
 
     // Reminders.
+    /// Marks the note changed.
     void SetReminder(DaySerial when);
     void CancelReminder();
+    void CancelReminderByUser();
 
   private:
     [[nodiscard]] SaveTarget OwnFileTarget() const;
     [[nodiscard]] NoteFileContent Content() const;
+    [[nodiscard]] bool IsOpen() const { return world_.owner.IsOpen(note_.NoteKey); }
 
     NoteWorld world_;
     Note note_;
+    bool stored_ = false;  ///< the last write of the storage copy succeeded
     NoteView* view_ = nullptr;
 };
 
