@@ -16,8 +16,8 @@ ICON_SOURCES = {
     16: "quillo-16.svg",
     20: "quillo-20.svg",
     24: "quillo-24.svg",
-    32: "quillo.svg",
-    40: "quillo.svg",
+    32: "quillo-32.svg",
+    40: "quillo-40.svg",
     48: "quillo.svg",
     64: "quillo.svg",
     128: "quillo.svg",
@@ -30,6 +30,18 @@ SCALES = (100, 150, 200)  # percent
 BUTTON_ROWS = ("note-close.svg", "note-pushpin.svg", "note-pushpin-in.svg", "note-menu.svg")
 PLATE = "note-plate.svg"
 PLATE_STRENGTHS = (0.0, 0.14, 0.26)  # the columns: normal, hot, pressed
+
+# The contact sheet, in pixels.
+GAP = 20
+STRIP_CELL = (FRAME * 3 * 6, FRAME * 4 * 6)  # a strip, six times its size at 96 dpi
+NOTE_GROUNDS = (  # bar, glyph
+    ((0xFF, 0xFD, 0xD0), (0x2B, 0x2A, 0x27)),
+    ((0xFE, 0xCF, 0x38), (0x2B, 0x2A, 0x27)),
+    ((0xFE, 0x84, 0x60), (0x2B, 0x2A, 0x27)),
+    ((0xA7, 0x1D, 0x23), (0xFF, 0xFF, 0xFF)),
+    ((0x00, 0x00, 0x00), (0x10, 0xEF, 0xFE)),
+)
+ICON_GROUNDS = ((0xF3, 0xF3, 0xF3), (0x20, 0x20, 0x20), (0x3A, 0x6E, 0xA5))  # light and dark task bars, a desktop
 
 
 class Image:
@@ -203,52 +215,54 @@ def enlarge(sheet, left, top, image, zoom, shade):
                     sheet.put(left + x * zoom + dx, top + y * zoom + dy, color)
 
 
-def contact_sheet(icons, strips):
-    """Everything on the grounds it must be legible on: magnified, and at its true size beside it."""
-    grounds = (  # bar, glyph
-        ((0xFF, 0xFD, 0xD0), (0x2B, 0x2A, 0x27)),
-        ((0xFE, 0xCF, 0x38), (0x2B, 0x2A, 0x27)),
-        ((0xFE, 0x84, 0x60), (0x2B, 0x2A, 0x27)),
-        ((0xA7, 0x1D, 0x23), (0xFF, 0xFF, 0xFF)),
-        ((0x00, 0x00, 0x00), (0x10, 0xEF, 0xFE)),
-    )
-    bars = ((0xF3, 0xF3, 0xF3), (0x20, 0x20, 0x20), (0x3A, 0x6E, 0xA5))  # light and dark task bars, a desktop
-    zooms = {100: 6, 150: 4, 200: 3}
-    cell = (360, 480)
-    small = [i for i in icons if i.width <= 64]
-    icon_height = 2 * 64 * 6
-    sheet = Image(cell[0] * len(grounds), cell[1] * (len(strips) + 1) + icon_height * len(bars))
+def fill(sheet, left, top, width, height, color):
+    for y in range(top, top + height):
+        for x in range(left, left + width):
+            sheet.put(x, y, (*color, 255))
 
-    def paint(left, top, width, height, color):
-        for y in range(top, top + height):
-            for x in range(left, left + width):
-                sheet.put(x, y, (*color, 255))
 
-    for column, (bar, glyph) in enumerate(grounds):
-        def tint(pixel):
-            return mix(mix(bar, glyph, pixel[0]), glyph, pixel[3])
+def show_strips(sheet, strips, left, bar, glyph):
+    """One column of the sheet: the strips magnified to one size, below them at their true sizes."""
 
-        left = column * cell[0]
-        paint(left, 0, cell[0], cell[1] * (len(strips) + 1), bar)
-        for row, (scale, strip) in enumerate(strips.items()):
-            enlarge(sheet, left, row * cell[1], strip, zooms[scale], tint)
-            enlarge(sheet, left + 60 * row + 10 * row * row + 10, len(strips) * cell[1] + 20, strip, 1, tint)
+    def tint(pixel):
+        return mix(mix(bar, glyph, pixel[0]), glyph, pixel[3])
 
-    for row, bar in enumerate(bars):
-        def over(pixel):
-            return mix(bar, pixel[:3], pixel[3])
+    true_left = left + GAP
+    for row, (scale, strip) in enumerate(strips.items()):
+        enlarge(sheet, left, row * STRIP_CELL[1], strip, 600 // scale, tint)
+        enlarge(sheet, true_left, len(strips) * STRIP_CELL[1] + GAP, strip, 1, tint)
+        true_left += strip.width + GAP
 
-        top = cell[1] * (len(strips) + 1) + row * icon_height
-        paint(0, top, sheet.width, icon_height, bar)
-        left, line = 12, top + 12
-        for image in small:
+
+def show_icons(sheet, icons, top, ground):
+    """One band of the sheet: the small icons magnified, below them all at their true sizes."""
+
+    def over(pixel):
+        return mix(ground, pixel[:3], pixel[3])
+
+    left = true_left = GAP
+    for image in icons:
+        if image.width <= 64:
             zoom = 8 if image.width <= 24 else 4
-            enlarge(sheet, left, line, image, zoom, over)
-            left += image.width * zoom + 24
-        left, line = 12, top + 290
-        for image in icons:
-            enlarge(sheet, left, line, image, 1, over)
-            left += image.width + 24
+            enlarge(sheet, left, top + GAP, image, zoom, over)
+            left += image.width * zoom + GAP
+        enlarge(sheet, true_left, top + 64 * 4 + 2 * GAP, image, 1, over)
+        true_left += image.width + GAP
+
+
+def contact_sheet(icons, strips):
+    """Everything on the grounds it must be legible on: magnified, and at its true size."""
+    strips_height = STRIP_CELL[1] * len(strips) + strips[SCALES[-1]].height + 2 * GAP
+    band_height = 64 * 4 + 256 + 3 * GAP
+    sheet = Image(STRIP_CELL[0] * len(NOTE_GROUNDS), strips_height + band_height * len(ICON_GROUNDS))
+    for column, (bar, glyph) in enumerate(NOTE_GROUNDS):
+        left = column * STRIP_CELL[0]
+        fill(sheet, left, 0, STRIP_CELL[0], strips_height, bar)
+        show_strips(sheet, strips, left, bar, glyph)
+    for row, ground in enumerate(ICON_GROUNDS):
+        top = strips_height + row * band_height
+        fill(sheet, 0, top, sheet.width, band_height, ground)
+        show_icons(sheet, icons, top, ground)
     return sheet
 
 

@@ -1,0 +1,104 @@
+#!/usr/bin/python3
+"""Checks the rendered artwork: sizes, depths, and that no frame came out empty, blotted or misplaced."""
+
+import pathlib
+import struct
+import sys
+
+ICON_SIZES = [16, 20, 24, 32, 40, 48, 64, 128, 256]
+FRAME = 20  # pixels at 96 dpi
+ROWS = ("close", "pushpin", "pushpin in", "menu")
+PLATE_PERCENT = (0, 14, 26)  # by column: normal, hot, pressed
+
+
+def expect(condition, message):
+    if not condition:
+        raise ValueError(message)
+
+
+def read_header(data, at):
+    size, width, height, planes, bits, compression = struct.unpack_from("<IiiHHI", data, at)
+    expect((size, planes, compression) == (40, 1, 0), "not a plain bitmap header")
+    expect(bits == 32, f"{bits} bits a pixel, not 32")
+    return width, height
+
+
+def check_icon(data):
+    reserved, kind, count = struct.unpack_from("<HHH", data)
+    expect((reserved, kind) == (0, 1), "not an icon")
+    sizes = []
+    end = 6 + 16 * count
+    for entry in range(count):
+        width, height, colors, _, planes, bits, length, at = struct.unpack_from("<BBBBHHII", data, 6 + 16 * entry)
+        size = width or 256
+        expect((height or 256, colors, planes, bits) == (size, 0, 1, 32), f"entry {size} has a wrong directory row")
+        expect(at == end, f"entry {size} does not follow its predecessor")
+        end = at + length
+        sizes.append(size)
+        if size == 256:
+            expect(data[at : at + 8] == b"\x89PNG\r\n\x1a\n", "the entry of 256 is not a PNG")
+            expect(struct.unpack_from(">II", data, at + 16) == (256, 256), "the PNG is not 256 pixels wide and high")
+            continue
+        expect(read_header(data, at) == (size, 2 * size), f"entry {size} holds another size")
+        mask_stride = (size + 31) // 32 * 4
+        expect(length == 40 + 4 * size * size + mask_stride * size, f"entry {size} has a wrong length")
+        alphas = data[at + 43 : at + 40 + 4 * size * size : 4]
+        drawn = sum(1 for alpha in alphas if alpha == 255)
+        expect(2 * drawn > size * size, f"entry {size} is mostly empty")
+        expect(alphas[0] == 0 and alphas[-1] == 0, f"entry {size} fills its corners")
+        mask = data[at + 40 + 4 * size * size : end]
+        for index, alpha in enumerate(alphas):
+            bit = mask[index // size * mask_stride + index % size // 8] >> (7 - index % size % 8) & 1
+            expect(bit == (alpha == 0), f"the mask of entry {size} differs from its alpha")
+    expect(sizes == ICON_SIZES, f"the sizes are {sizes}")
+    expect(end == len(data), "bytes are left over")
+
+
+def check_strip(data, scale):
+    frame = FRAME * scale // 100
+    magic, length, _, _, at = struct.unpack_from("<2sIHHI", data)
+    expect((magic, length, at) == (b"BM", len(data), 54), "not a bitmap file")
+    width, height = read_header(data, 14)
+    expect((width, height) == (3 * frame, len(ROWS) * frame), f"{width} x {height} pixels")
+    expect(len(data) == 54 + 4 * width * height, "the pixels have a wrong length")
+
+    def pixel(x, y):
+        return data[54 + 4 * ((height - 1 - y) * width + x) :][:4]  # blue, green, red, alpha; the last row is first
+
+    for row, name in enumerate(ROWS):
+        glyphs = []
+        for column, percent in enumerate(PLATE_PERCENT):
+            cells = [pixel(column * frame + x, row * frame + y) for y in range(frame) for x in range(frame)]
+            where = f"{name}, column {column}"
+            expect(all(cell[0] == 0 and cell[1] == 0 for cell in cells), f"{where}: blue or green is not 0")
+            plate = max(cell[2] for cell in cells)
+            expect(plate == round(255 * percent / 100), f"{where}: the plate's strength is {plate}")
+            glyph = [cell[3] for cell in cells]
+            glyphs.append(glyph)
+            expect(max(glyph) == 255, f"{where}: no pixel of the glyph is solid")
+            covered = sum(1 for alpha in glyph if alpha) / len(glyph)
+            expect(0.05 < covered < 0.5, f"{where}: the glyph covers {covered:.0%} of its frame")
+            rim = glyph[:frame] + glyph[-frame:] + glyph[::frame] + glyph[frame - 1 :: frame]
+            expect(not any(rim), f"{where}: the glyph touches its frame's rim")
+        expect(glyphs[0] == glyphs[1] == glyphs[2], f"{name}: the glyph moves between its states")
+
+
+def main():
+    if len(sys.argv) != 2:
+        sys.exit(f"usage: {sys.argv[0]} FOLDER-OF-RENDERED-ARTWORK")
+    folder = pathlib.Path(sys.argv[1])
+    checks = [("quillo.ico", check_icon, ())]
+    checks += [(f"note_buttons_{scale}.bmp", check_strip, (scale,)) for scale in (100, 150, 200)]
+    failed = False
+    for name, check, arguments in checks:
+        try:
+            check((folder / name).read_bytes(), *arguments)
+            print(f"{name}: good")
+        except (OSError, ValueError, struct.error, IndexError) as error:
+            print(f"{name}: {error}")
+            failed = True
+    sys.exit(1 if failed else 0)
+
+
+if __name__ == "__main__":
+    main()
