@@ -12,5 +12,6 @@ target_sources(quillo_shell PRIVATE
   platform/win_shell.cpp
   platform/win_user_notice.cpp
   platform/window.cpp
+  platform/window_effects.cpp
 )
 target_link_libraries(quillo_shell PUBLIC comctl32 gdi32 ole32 shell32 uuid)

@@ -8,6 +8,11 @@ HINSTANCE ThisModule() {
     return GetModuleHandleW(nullptr);
 }
 
+HCURSOR ArrowCursor() {
+    constexpr WORD kArrow = 32512;
+    return LoadCursorW(nullptr, MAKEINTRESOURCEW(kArrow));
+}
+
 bool Window::Create(WNDCLASSEXW windowClass, const WindowPlan& plan) {
     windowClass.cbSize = sizeof windowClass;
     windowClass.hInstance = ThisModule();

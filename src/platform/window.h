@@ -48,6 +48,9 @@ class Window {
     HWND handle_ = nullptr;
 };
 
+/// The system's arrow; the named constant is narrow text while UNICODE is off.
+[[nodiscard]] HCURSOR ArrowCursor();
+
 /// The module that holds the program's classes and resources.
 [[nodiscard]] HINSTANCE ThisModule();
 

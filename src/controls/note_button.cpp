@@ -1,0 +1,119 @@
+#include "controls/note_button.h"
+
+#include "platform/gdi_canvas.h"
+#include "platform/gdi_scope.h"
+
+namespace quillo {
+namespace {
+
+MouseButton HeldButton(WPARAM keys) {
+    if ((keys & MK_LBUTTON) != 0) return MouseButton::Left;
+    if ((keys & (MK_RBUTTON | MK_MBUTTON | MK_XBUTTON1 | MK_XBUTTON2)) != 0) return MouseButton::Other;
+    return MouseButton::None;
+}
+
+}  // namespace
+
+bool NoteButton::Create(HWND parent, int id, const wchar_t* name) {
+    WNDCLASSEXW windowClass{};
+    windowClass.lpszClassName = L"QuilloNoteButton";
+    windowClass.hCursor = ArrowCursor();
+    WindowPlan plan;
+    plan.title = name;
+    plan.style = WS_CHILD | WS_VISIBLE;
+    plan.parent = parent;
+    plan.childId = id;
+    return Window::Create(windowClass, plan);
+}
+
+void NoteButton::SetPicture(ButtonPicture picture) {
+    if (picture == picture_) return;
+    picture_ = picture;
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void NoteButton::SetEnabled(bool enabled) {
+    if (enabled == enabled_) return;
+    enabled_ = enabled;
+    EnableWindow(Handle(), enabled ? TRUE : FALSE);
+    Answer(state_.CaptureLost());
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void NoteButton::SetTint(const ButtonTint& tint, const Scale& scale) {
+    if (tint == tint_ && scale.Dpi() == scale_.Dpi()) return;
+    tint_ = tint;
+    scale_ = scale;
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+LRESULT NoteButton::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_MOUSEMOVE: return OnMouseMove(PointFromLParam(lParam), wParam), 0;
+        // The pointer can leave unseen for another program's window, capture or not.
+        case WM_MOUSELEAVE: return OnMouseMove(Point{-1, -1}, 0), 0;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK: return OnMouseDown(PointFromLParam(lParam), MouseButton::Left), 0;
+        case WM_RBUTTONDOWN:
+        case WM_MBUTTONDOWN: return OnMouseDown(PointFromLParam(lParam), MouseButton::Other), 0;
+        case WM_LBUTTONUP: return OnMouseUp(PointFromLParam(lParam), MouseButton::Left, wParam), 0;
+        case WM_RBUTTONUP: return OnMouseUp(PointFromLParam(lParam), MouseButton::Other, wParam), 0;
+        case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam)), 0;
+        case WM_SIZE: return state_.Resize(Size{LOWORD(lParam), HIWORD(lParam)}), 0;
+        case WM_ERASEBKGND: return 1;  // the whole face is painted
+        case WM_PAINT: return OnPaint(), 0;
+        default: return Default(message, wParam, lParam);
+    }
+}
+
+void NoteButton::OnMouseMove(Point at, WPARAM keys) {
+    if (!enabled_) return;
+    Answer(state_.MouseMove(at, HeldButton(keys)));
+    TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
+    if (state_.Face() == ButtonFace::Hot) TrackMouseEvent(&track);
+}
+
+void NoteButton::OnMouseDown(Point at, MouseButton button) {
+    if (enabled_) Answer(state_.MouseDown(at, button));
+}
+
+void NoteButton::OnMouseUp(Point at, MouseButton button, WPARAM keys) {
+    if (enabled_) Answer(state_.MouseUp(at, button, (keys & MK_SHIFT) != 0));
+}
+
+void NoteButton::OnCaptureChanged(HWND receiver) {
+    if (receiver != Handle() && state_.HasCapture()) Answer(state_.CaptureLost());
+}
+
+void NoteButton::Answer(const ButtonResponse& response) {
+    if (response.repaint) InvalidateRect(Handle(), nullptr, FALSE);
+    if (response.capture == ButtonResponse::Capture::Take) SetCapture(Handle());
+    if (response.capture == ButtonResponse::Capture::Release && GetCapture() == Handle()) ReleaseCapture();
+    // Last: the handler may end the note and this button with it. The copy outlives that.
+    const auto raise = [](std::function<void()> handler) {
+        if (handler) handler();
+    };
+    switch (response.event) {
+        case ButtonResponse::Event::Click: raise(onClick); break;
+        case ButtonResponse::Event::ShiftClick: raise(onShiftClick); break;
+        case ButtonResponse::Event::MouseDown: raise(onMouseDown); break;
+        case ButtonResponse::Event::None: break;
+    }
+}
+
+void NoteButton::OnPaint() {
+    const PaintScope paint(Handle());
+    const Rect face = ClientRect();
+    const BufferedPaint buffer(paint.Dc(), ToWin32(face));
+    GdiCanvas(buffer.Dc(), scale_).Fill(face, Mix(tint_.top, tint_.bottom, 50));
+
+    const HBITMAP strip = images_.Strip(tint_, scale_);
+    if (strip == nullptr) return;
+    const int frame = scale_.Px(kButtonFrame);
+    const int column = enabled_ ? static_cast<int>(state_.Face()) : 0;
+    const MemoryDc source(CreateCompatibleDC(buffer.Dc()));
+    const SelectScope selected(source.Get(), strip);
+    BitBlt(buffer.Dc(), 0, 0, frame, frame, source.Get(), column * frame, static_cast<int>(picture_) * frame, SRCCOPY);
+}
+
+}  // namespace quillo

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+
+#include "controls/button_state.h"
+#include "controls/note_button_images.h"
+#include "platform/window.h"
+
+namespace quillo {
+
+/// A small flat picture button of a note.
+class NoteButton : public Window {
+  public:
+    explicit NoteButton(NoteButtonImages& images) : images_(images) {}
+
+    /// `name` is what a screen reader speaks. False on failure.
+    bool Create(HWND parent, int id, const wchar_t* name);
+
+    [[nodiscard]] ButtonPicture Picture() const { return picture_; }
+    void SetPicture(ButtonPicture picture);
+    [[nodiscard]] bool Enabled() const { return enabled_; }
+    /// A disabled button does not react and shows its face at rest.
+    void SetEnabled(bool enabled);
+    [[nodiscard]] bool MenuMode() const { return state_.MenuMode(); }
+    void SetMenuMode(bool menuMode) { state_.SetMenuMode(menuMode); }
+    /// The bar behind the button and the colour of its glyph.
+    void SetTint(const ButtonTint& tint, const Scale& scale);
+
+    // Raised to the note; a handler may end the note.
+    std::function<void()> onClick;
+    std::function<void()> onShiftClick;
+    std::function<void()> onMouseDown;
+
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void OnMouseMove(Point at, WPARAM keys);
+    void OnMouseDown(Point at, MouseButton button);
+    void OnMouseUp(Point at, MouseButton button, WPARAM keys);
+    void OnCaptureChanged(HWND receiver);
+    void OnPaint();
+    void Answer(const ButtonResponse& response);
+
+    NoteButtonImages& images_;
+    ButtonState state_;
+    ButtonPicture picture_ = ButtonPicture::Close;
+    ButtonTint tint_;
+    Scale scale_;
+    bool enabled_ = true;
+};
+
+}  // namespace quillo

@@ -1,0 +1,155 @@
+#include "controls/note_button_images.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+#include "platform/window.h"
+#include "resources/resource_ids.h"
+
+namespace quillo {
+namespace {
+
+constexpr int kRows = 4;
+constexpr int kColumns = 3;
+constexpr int kOpaque = 255;
+constexpr int kFaintPercent = 55;
+/// More than the schemes that a desktop shows at once, active and inactive.
+constexpr std::size_t kStripsKept = 32;
+
+constexpr std::size_t PixelCount(int frame) {
+    return static_cast<std::size_t>(frame) * kColumns * static_cast<std::size_t>(frame) * kRows;
+}
+
+/// `coverage` (0 to 255) of `over` on `under`.
+ColorWord Cover(ColorWord under, ColorWord over, int coverage) {
+    const auto channel = [coverage](int below, int above) {
+        return below + ((above - below) * coverage + (above >= below ? kOpaque / 2 : -kOpaque / 2)) / kOpaque;
+    };
+    return ColorWord::FromRgb(channel(under.Red(), over.Red()), channel(under.Green(), over.Green()),
+                              channel(under.Blue(), over.Blue()));
+}
+
+BITMAPINFO TopDown32Bit(int width, int height) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    return info;
+}
+
+}  // namespace
+
+HBITMAP NoteButtonImages::Strip(const ButtonTint& tint, const Scale& scale) {
+    const int frame = scale.Px(kButtonFrame);
+    const auto kept = std::find_if(strips_.begin(), strips_.end(),
+                                   [&](const TintedStrip& s) { return s.tint == tint && s.frame == frame; });
+    if (kept != strips_.end()) {
+        strips_.splice(strips_.begin(), strips_, kept);
+        return strips_.front().bitmap.Get();
+    }
+    strips_.push_front(TintedStrip{tint, frame, Compose(CoverageFor(frame), tint)});
+    if (strips_.size() > kStripsKept) strips_.pop_back();
+    return strips_.front().bitmap.Get();
+}
+
+const NoteButtonImages::Coverage& NoteButtonImages::CoverageFor(int frame) {
+    for (const Coverage& coverage : coverages_) {
+        if (coverage.frame == frame) return coverage;
+    }
+    Coverage loaded = LoadCoverage(frame);
+    coverages_.push_back(loaded.frame == frame ? std::move(loaded) : Resample(loaded, frame));
+    return coverages_.back();
+}
+
+NoteButtonImages::Coverage NoteButtonImages::LoadCoverage(int frame) {
+    const int id = frame <= 20 ? IDB_NOTE_BUTTONS_100 : frame <= 30 ? IDB_NOTE_BUTTONS_150 : IDB_NOTE_BUTTONS_200;
+    const BitmapHandle bitmap(static_cast<HBITMAP>(
+        LoadImageW(ThisModule(), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+    DIBSECTION section{};
+    if (!bitmap || GetObjectW(bitmap.Get(), sizeof section, &section) != sizeof section ||
+        section.dsBm.bmBitsPixel != 32 || section.dsBm.bmBits == nullptr) {
+        return Coverage{frame, std::vector<unsigned char>(PixelCount(frame)),
+                        std::vector<unsigned char>(PixelCount(frame))};
+    }
+    Coverage coverage;
+    coverage.frame = section.dsBm.bmWidth / kColumns;
+    const std::size_t count = PixelCount(coverage.frame);
+    coverage.glyph.resize(count);
+    coverage.plate.resize(count);
+    const int width = section.dsBm.bmWidth;
+    const int height = section.dsBm.bmHeight;
+    const bool bottomUp = section.dsBmih.biHeight > 0;
+    const auto* bits = static_cast<const unsigned char*>(section.dsBm.bmBits);
+    for (int y = 0; y < std::min(height, coverage.frame * kRows); ++y) {
+        const int row = bottomUp ? height - 1 - y : y;
+        for (int x = 0; x < width; ++x) {
+            const unsigned char* pixel = bits + (static_cast<std::size_t>(row) * static_cast<std::size_t>(width) +
+                                                 static_cast<std::size_t>(x)) * 4;
+            const std::size_t index = static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                                      static_cast<std::size_t>(x);
+            coverage.plate[index] = pixel[2];
+            coverage.glyph[index] = pixel[3];
+        }
+    }
+    return coverage;
+}
+
+/// Each target pixel takes the mean of the source area that it covers.
+NoteButtonImages::Coverage NoteButtonImages::Resample(const Coverage& source, int frame) {
+    Coverage target{frame, std::vector<unsigned char>(PixelCount(frame)),
+                    std::vector<unsigned char>(PixelCount(frame))};
+    const int width = frame * kColumns;
+    const int sourceWidth = source.frame * kColumns;
+    // Sixteen samples a side are more than enough for any scale between the strips.
+    constexpr int kSamples = 16;
+    for (int y = 0; y < frame * kRows; ++y) {
+        for (int x = 0; x < width; ++x) {
+            int glyph = 0;
+            int plate = 0;
+            for (int sample = 0; sample < kSamples * kSamples; ++sample) {
+                const int fineX = x * kSamples + sample % kSamples;
+                const int fineY = y * kSamples + sample / kSamples;
+                const int sourceX = fineX * source.frame / (frame * kSamples);
+                const int sourceY = fineY * source.frame / (frame * kSamples);
+                const auto index = static_cast<std::size_t>(sourceY * sourceWidth + sourceX);
+                glyph += source.glyph[index];
+                plate += source.plate[index];
+            }
+            const auto index = static_cast<std::size_t>(y * width + x);
+            target.glyph[index] = static_cast<unsigned char>(glyph / (kSamples * kSamples));
+            target.plate[index] = static_cast<unsigned char>(plate / (kSamples * kSamples));
+        }
+    }
+    return target;
+}
+
+BitmapHandle NoteButtonImages::Compose(const Coverage& coverage, const ButtonTint& tint) {
+    const int width = coverage.frame * kColumns;
+    const int height = coverage.frame * kRows;
+    const BITMAPINFO info = TopDown32Bit(width, height);
+    void* bits = nullptr;
+    BitmapHandle bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (!bitmap) return bitmap;
+    auto* pixels = static_cast<std::uint32_t*>(bits);
+    for (int y = 0; y < height; ++y) {
+        const int row = y % coverage.frame;
+        const int percent = coverage.frame > 1 ? row * 100 / (coverage.frame - 1) : 0;
+        const ColorWord bar = Mix(tint.bottom, tint.top, percent);
+        for (int x = 0; x < width; ++x) {
+            const auto index = static_cast<std::size_t>(y * width + x);
+            const bool atRest = x < coverage.frame;
+            const int glyph = coverage.glyph[index] * (tint.faint && atRest ? kFaintPercent : 100) / 100;
+            const ColorWord plate = Cover(bar, tint.glyph, coverage.plate[index]);
+            const ColorWord color = Cover(plate, tint.glyph, glyph);
+            pixels[index] = static_cast<std::uint32_t>(color.Red()) << 16 |
+                            static_cast<std::uint32_t>(color.Green()) << 8 | static_cast<std::uint32_t>(color.Blue());
+        }
+    }
+    return bitmap;
+}
+
+}  // namespace quillo

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <list>
+#include <vector>
+
+#include "platform/unique_handle.h"
+#include "util/color_word.h"
+#include "util/units.h"
+
+namespace quillo {
+
+/// The rows of the button image strip.
+enum class ButtonPicture : int { Close = 0, Pushpin = 1, PushpinPressed = 2, Menu = 3 };
+
+/// What the strip's images are drawn on and in: the vertical gradient of the bar behind them and the glyphs' colour.
+/// Plain RGB colours.
+struct ButtonTint {
+    ColorWord top;
+    ColorWord bottom;
+    ColorWord glyph;
+    bool faint = false;  ///< glyphs at rest are drawn at 55 %
+    friend constexpr bool operator==(const ButtonTint&, const ButtonTint&) = default;
+};
+
+/// The edge of one frame of the strip at 96 dpi.
+inline constexpr int kButtonFrame = 20;
+
+/// The shared button image strip, tinted for each kind of note: a row per picture, in it one square frame per face
+/// (normal, hot, pressed). The strips that were used last are kept.
+class NoteButtonImages {
+  public:
+    /// A strip whose frames are `scale.Px(20)` pixels square; null when the artwork cannot be loaded. Borrowed, and
+    /// valid until the next call.
+    [[nodiscard]] HBITMAP Strip(const ButtonTint& tint, const Scale& scale);
+
+  private:
+    /// How much of the glyph and of the plate behind it covers each pixel, 0 to 255.
+    struct Coverage {
+        int frame = 0;  ///< edge of a frame in pixels
+        std::vector<unsigned char> glyph;
+        std::vector<unsigned char> plate;
+    };
+    struct TintedStrip {
+        ButtonTint tint;
+        int frame = 0;
+        BitmapHandle bitmap;
+    };
+
+    const Coverage& CoverageFor(int frame);
+    static Coverage LoadCoverage(int frame);
+    static Coverage Resample(const Coverage& source, int frame);
+    static BitmapHandle Compose(const Coverage& coverage, const ButtonTint& tint);
+
+    std::list<Coverage> coverages_;
+    std::list<TintedStrip> strips_;
+};
+
+}  // namespace quillo

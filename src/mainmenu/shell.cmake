@@ -1,0 +1,3 @@
+target_sources(quillo_shell PRIVATE
+  mainmenu/notify_window.cpp
+)

@@ -1,0 +1,409 @@
+#include "notes/note_form.h"
+
+#include "platform/dpi.h"
+#include "platform/gdi_canvas.h"
+#include "platform/gdi_scope.h"
+#include "platform/monitors.h"
+#include "platform/wide.h"
+#include "platform/window_effects.h"
+#include "ports/clock.h"
+#include "ports/locale_text.h"
+#include "ports/random.h"
+#include "resources/resource_ids.h"
+#include "notes/screen_fit.h"
+
+namespace quillo {
+namespace {
+
+enum ChildId : int { kMessageBoxId = 1, kCloseButtonId, kPushpinId, kMenuButtonId };
+
+/// How long after its last change a note is saved: long enough not to write at every key.
+constexpr UINT kSaveMilliseconds = 2000;
+/// Timers come after painting: whatever this one starts, the note is on the screen before.
+constexpr UINT kSettleMilliseconds = 10;
+/// The text box's inner margins, at 96 dpi.
+constexpr int kTextMargin = 3;
+/// The smallest size that the user can give a note, at 96 dpi: the buttons side by side over one line of text.
+constexpr Size kSmallestNote{80, 56};
+constexpr int kPointsPerInch = 72;
+
+/// A flag that stands for the length of a scope.
+class FlagScope {
+  public:
+    explicit FlagScope(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+    FlagScope(const FlagScope&) = delete;
+    FlagScope& operator=(const FlagScope&) = delete;
+    ~FlagScope() { flag_ = before_; }
+
+  private:
+    bool& flag_;
+    bool before_;
+};
+
+void MoveChild(HWND child, const Rect& place) {
+    SetWindowPos(child, nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
+NoteForm::NoteForm(OpenNote& note, const NoteFormTools& tools)
+    : note_(note),
+      tools_(tools),
+      closeButton_(tools.images),
+      pushpin_(tools.images),
+      menuButton_(tools.images),
+      trayIcon_(tools.locale),
+      settleTimer_([this] {
+          settleTimer_.Stop();
+          UpdateDropTarget();
+      }),
+      saveTimer_([this] {
+          saveTimer_.Stop();
+          note_.PersistNote();
+      }) {}
+
+NoteForm::~NoteForm() { Destroy(); }
+
+bool NoteForm::Create() {
+    WNDCLASSEXW windowClass{};
+    windowClass.lpszClassName = L"QuilloNote";
+    windowClass.style = CS_DBLCLKS;
+    windowClass.hCursor = ArrowCursor();
+    windowClass.hIcon = LoadIconW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO));
+
+    const Scale scale = SystemScale();
+    const auto inTwips = [&scale](int pixels) { return static_cast<int>(scale.ToTwips(Pixels{pixels}).value); };
+    const Size screen = ScreenSize();
+    const double r1 = tools_.random.Next();
+    const double r2 = tools_.random.Next();
+    const Point place = PlaceNewNote(Size{inTwips(screen.width), inTwips(screen.height)},
+                                     Size{kNewNoteWidth, kNewNoteHeight}, r1, r2);
+    WindowPlan plan;
+    plan.title = L"Quillo";
+    plan.style = WS_POPUP | WS_CLIPCHILDREN;
+    plan.exStyle = WS_EX_TOOLWINDOW;  // notes stay out of the task bar
+    plan.place = Rect{scale.ToPixels(Twips{static_cast<float>(place.x)}).value,
+                      scale.ToPixels(Twips{static_cast<float>(place.y)}).value,
+                      scale.ToPixels(Twips{kNewNoteWidth}).value, scale.ToPixels(Twips{kNewNoteHeight}).value};
+    const FlagScope byProgram(placing_);
+    return Window::Create(windowClass, plan);
+}
+
+LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_CREATE: return OnCreate();
+        case WM_NCHITTEST: return OnNcHitTest(message, wParam, lParam);
+        case WM_ACTIVATE: return OnActivate(LOWORD(wParam) != WA_INACTIVE), 0;
+        case WM_SETFOCUS: return SetFocus(messageBox_), 0;
+        case WM_COMMAND: return OnCommand(LOWORD(wParam), HIWORD(wParam)), 0;
+        case WM_CTLCOLOREDIT: return reinterpret_cast<LRESULT>(OnColorTextBox(reinterpret_cast<HDC>(wParam)));
+        case WM_LBUTTONDOWN: return OnDragBarPressed(PointFromLParam(lParam)), 0;
+        case WM_GETMINMAXINFO: return OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam)), 0;
+        case WM_SIZE: return LayOut(), 0;
+        case WM_WINDOWPOSCHANGED:
+            Default(message, wParam, lParam);
+            return OnPlaceChanged(*reinterpret_cast<const WINDOWPOS*>(lParam)), 0;
+        case WM_DPICHANGED: return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
+        case WM_ERASEBKGND: return 1;  // painted whole, off the screen
+        case WM_PAINT: return OnPaint(), 0;
+        case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE: return OnSystemChanged(), 0;
+        case WM_CLOSE: return note_.CloseButtonClick(), 0;
+        default: return Default(message, wParam, lParam);
+    }
+}
+
+LRESULT NoteForm::OnCreate() {
+    scale_ = WindowScale(Handle());
+    AddDropShadow(Handle());
+    CreateTextBox();
+    CreateButtons();
+    LayOut();
+    settleTimer_.Start(kSettleMilliseconds);
+    return messageBox_ != nullptr ? 0 : -1;
+}
+
+void NoteForm::CreateTextBox() {
+    const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
+    const UINT_PTR id = kMessageBoxId;
+    messageBox_ = CreateWindowExW(0, L"EDIT", L"", style, 0, 0, 0, 0, Handle(), reinterpret_cast<HMENU>(id),
+                                  ThisModule(), nullptr);
+    ShowScrollBar(messageBox_, SB_VERT, FALSE);
+    constexpr WPARAM kMostTheBoxHolds = 0;
+    SendMessageW(messageBox_, EM_SETLIMITTEXT, kMostTheBoxHolds, 0);
+}
+
+void NoteForm::CreateButtons() {
+    menuButton_.Create(Handle(), kMenuButtonId, L"Note menu");
+    menuButton_.SetPicture(ButtonPicture::Menu);
+    menuButton_.SetMenuMode(true);
+    pushpin_.Create(Handle(), kPushpinId, L"Always on top");
+    pushpin_.SetPicture(ButtonPicture::Pushpin);
+    pushpin_.onClick = [this] { note_.TogglePin(); };
+    closeButton_.Create(Handle(), kCloseButtonId, L"Close note");
+    closeButton_.SetPicture(ButtonPicture::Close);
+    closeButton_.onClick = [this] { note_.CloseButtonClick(); };
+    closeButton_.onShiftClick = [this] { note_.QuickDelete(); };
+}
+
+std::u16string NoteForm::Text() const {
+    const int length = GetWindowTextLengthW(messageBox_);
+    if (length <= 0) return {};
+    std::u16string text(static_cast<std::size_t>(length) + 1, u'\0');
+    const int copied = GetWindowTextW(messageBox_, WideBuffer(text), length + 1);
+    text.resize(static_cast<std::size_t>(copied));
+    return text;
+}
+
+void NoteForm::SetText(std::u16string_view text) {
+    const FlagScope byProgram(settingText_);
+    SetWindowTextW(messageBox_, Wide(std::u16string(text)));
+}
+
+TwipsRect NoteForm::Rectangle() const {
+    RECT window{};
+    GetWindowRect(Handle(), &window);
+    const Rect place = FromWin32(window);
+    const Scale screen = SystemScale();
+    return TwipsRect{screen.ToTwips(Pixels{place.left}).value, screen.ToTwips(Pixels{place.top}).value,
+                     scale_.ToTwips(Pixels{place.width}).value, scale_.ToTwips(Pixels{place.height}).value};
+}
+
+void NoteForm::MoveTo(const TwipsRect& rectangle) {
+    const Scale screen = SystemScale();
+    const int left = screen.ToPixels(Twips{rectangle.left}).value;
+    const int top = screen.ToPixels(Twips{rectangle.top}).value;
+    const Scale there = PointScale(POINT{left, top});
+    Place(Rect{left, top, there.ToPixels(Twips{rectangle.width}).value, there.ToPixels(Twips{rectangle.height}).value},
+          0);
+}
+
+void NoteForm::MoveOntoScreen() {
+    RECT window{};
+    GetWindowRect(Handle(), &window);
+    const Rect place = FromWin32(window);
+    const Point fitted = PlaceOnScreen(place, WorkAreas());
+    if (fitted == Point{place.left, place.top}) return;
+    Place(Rect{fitted.x, fitted.y, 0, 0}, SWP_NOSIZE);
+}
+
+void NoteForm::Place(const Rect& place, UINT flags) {
+    const FlagScope byProgram(placing_);
+    SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height,
+                 flags | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+bool NoteForm::IsVisible() const { return IsWindowVisible(Handle()) != 0; }
+
+void NoteForm::Show() {
+    const FlagScope byProgram(placing_);
+    ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+    const UINT dialogUnits = 8;
+    SendMessageW(messageBox_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
+}
+
+void NoteForm::Hide() { ShowWindow(Handle(), SW_HIDE); }
+
+void NoteForm::BringToFront(bool pinned) {
+    SetTopmost(Handle(), true);
+    if (!pinned) SetTopmost(Handle(), false);
+}
+
+void NoteForm::Activate() {
+    SetForegroundWindow(Handle());
+    SetFocus(messageBox_);
+}
+
+void NoteForm::ShowPinned(bool pinned) {
+    SetTopmost(Handle(), pinned);
+    pushpin_.SetPicture(pinned ? ButtonPicture::PushpinPressed : ButtonPicture::Pushpin);
+}
+
+void NoteForm::SetOpacity(int alpha) { SetTranslucency(Handle(), alpha); }
+
+bool NoteForm::IsIconShowing() const { return trayIcon_.Icon() != nullptr && trayIcon_.Visible(); }
+
+void NoteForm::ShowIcon(std::u16string_view caption) {
+    trayIcon_.onClick = [this] { note_.ShowFromIcon(); };
+    trayIcon_.SetIcon(static_cast<HICON>(LoadImageW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO), IMAGE_ICON,
+                                                    GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON),
+                                                    LR_SHARED)));
+    trayIcon_.SetToolTipText(caption);
+    trayIcon_.SetVisible(true);
+}
+
+void NoteForm::HideIcon() { trayIcon_.SetVisible(false); }
+
+void NoteForm::ApplyAppearance(const Note& note, const Settings& settings) {
+    noteColor_ = note.NoteColor;
+    borderColor_ = note.BorderColor;
+    textColor_ = note.TextColor;
+    background_.Reset(CreateSolidBrush(ToColorRef(noteColor_)));
+    ApplyBarColors();
+    ApplyFont();
+    ShowScrollBar(messageBox_, SB_VERT, settings.showScrollBars ? TRUE : FALSE);
+    if (!settleTimer_.IsRunning()) UpdateDropTarget();
+    Repaint();
+}
+
+void NoteForm::ApplyFont() {
+    const FontSetting& setting = tools_.settings.noteFont;
+    const bool large = note_.Data().LargeText;
+    const double points = large ? setting.size * 1.5 : setting.size;
+    LOGFONTW font{};
+    font.lfHeight = -static_cast<LONG>(points * scale_.Dpi() / kPointsPerInch + 0.5);
+    font.lfWeight = large || setting.bold ? FW_BOLD : FW_NORMAL;
+    font.lfItalic = setting.italic ? 1 : 0;
+    font.lfUnderline = setting.underline ? 1 : 0;
+    font.lfStrikeOut = setting.strikeThrough ? 1 : 0;
+    font.lfCharSet = setting.charset > 0 ? static_cast<BYTE>(setting.charset) : BYTE{DEFAULT_CHARSET};
+    lstrcpynW(font.lfFaceName, Wide(setting.name), LF_FACESIZE);
+    FontHandle fresh(CreateFontIndirectW(&font));
+    SendMessageW(messageBox_, WM_SETFONT, reinterpret_cast<WPARAM>(fresh.Get()), TRUE);
+    font_ = std::move(fresh);  // after the text box has let go of the old one
+    SetTextMargins(messageBox_, scale_.Px(kTextMargin));
+}
+
+void NoteForm::ApplyBarColors() {
+    const bool flat = HighContrastIsOn() && !tools_.settings.highContrastOff;
+    bar_ = DragBarColors(Resolve(noteColor_), Resolve(borderColor_), flat, active_);
+    const ButtonTint tint{bar_.top, bar_.bottom, bar_.glyph, !active_};
+    for (NoteButton* button : {&menuButton_, &pushpin_, &closeButton_}) button->SetTint(tint, scale_);
+}
+
+void NoteForm::Repaint() {
+    RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void NoteForm::Close() {
+    saveTimer_.Stop();
+    settleTimer_.Stop();
+    trayIcon_.SetVisible(false);
+    if (dropTarget_ != nullptr) {
+        RevokeDragDrop(messageBox_);
+        dropTarget_->Disconnect();
+        dropTarget_->Release();
+        dropTarget_ = nullptr;
+    }
+    Destroy();
+}
+
+LRESULT NoteForm::OnNcHitTest(UINT message, WPARAM wParam, LPARAM lParam) {
+    RECT window{};
+    GetWindowRect(Handle(), &window);
+    const Point at = PointFromLParam(lParam);
+    const Size size{window.right - window.left, window.bottom - window.top};
+    switch (HitTestNote(Point{at.x - window.left, at.y - window.top}, size, scale_)) {
+        case NoteHit::BottomRight: return HTBOTTOMRIGHT;
+        case NoteHit::Bottom: return HTBOTTOM;
+        case NoteHit::Nothing: break;
+    }
+    return Default(message, wParam, lParam);
+}
+
+void NoteForm::OnActivate(bool active) {
+    active_ = active;
+    ApplyBarColors();
+    const Rect bar = LayOutNote(Size{ClientRect().width, ClientRect().height}, scale_).dragBar;
+    const RECT area = ToWin32(bar);
+    InvalidateRect(Handle(), &area, FALSE);
+    if (active) SetFocus(messageBox_);
+}
+
+void NoteForm::OnCommand(int id, int notification) {
+    if (id == kMessageBoxId && notification == EN_CHANGE && !settingText_) Touch();
+}
+
+HBRUSH NoteForm::OnColorTextBox(HDC dc) {
+    SetTextColor(dc, ToColorRef(textColor_));
+    SetBkColor(dc, ToColorRef(noteColor_));
+    return background_.Get();
+}
+
+void NoteForm::OnDragBarPressed(Point at) {
+    if (!LayOutNote(Size{ClientRect().width, ClientRect().height}, scale_).dragBar.Contains(at)) return;
+    POINT screen{at.x, at.y};
+    ClientToScreen(Handle(), &screen);
+    ReleaseCapture();
+    SendMessageW(Handle(), WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(screen.x, screen.y));
+}
+
+void NoteForm::OnMinMaxInfo(MINMAXINFO& info) const {
+    info.ptMinTrackSize = POINT{scale_.Px(kSmallestNote.width), scale_.Px(kSmallestNote.height)};
+}
+
+void NoteForm::OnPlaceChanged(const WINDOWPOS& place) {
+    const bool moved = (place.flags & (SWP_NOMOVE | SWP_NOSIZE)) != (SWP_NOMOVE | SWP_NOSIZE);
+    if (moved && !placing_ && IsVisible()) Touch();
+}
+
+void NoteForm::OnDpiChanged(int dpi, const RECT& suggested) {
+    scale_ = Scale(dpi);
+    if (!placing_) Place(FromWin32(suggested), 0);
+    ApplyFont();
+    ApplyBarColors();
+    LayOut();
+    Repaint();
+}
+
+void NoteForm::OnSystemChanged() {
+    background_.Reset(CreateSolidBrush(ToColorRef(noteColor_)));
+    ApplyBarColors();
+    Repaint();
+}
+
+void NoteForm::LayOut() {
+    const Rect client = ClientRect();
+    const NoteLayout layout = LayOutNote(Size{client.width, client.height}, scale_);
+    MoveChild(menuButton_.Handle(), layout.menuButton);
+    MoveChild(pushpin_.Handle(), layout.pushpin);
+    MoveChild(closeButton_.Handle(), layout.closeButton);
+    MoveChild(messageBox_, layout.messageBox);
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void NoteForm::OnPaint() {
+    const PaintScope paint(Handle());
+    const Rect client = ClientRect();
+    if (client.width <= 0 || client.height <= 0) return;
+    const BufferedPaint buffer(paint.Dc(), paint.Area());
+    GdiCanvas canvas(buffer.Dc(), scale_);
+    const Note& note = note_.Data();
+    const std::u16string label =
+        note.ReminderSet ? ReminderLabel(note.ReminderTime, tools_.clock.Now(), tools_.locale) : std::u16string();
+    const Size size{client.width, client.height};
+    PaintNote(canvas, size, scale_, NotePaint{Resolve(noteColor_), Resolve(borderColor_)}, label);
+    canvas.Gradient(LayOutNote(size, scale_).dragBar, bar_.top, bar_.bottom);
+}
+
+void NoteForm::Touch() {
+    note_.MarkChanged();
+    saveTimer_.Start(kSaveMilliseconds);
+}
+
+void NoteForm::InsertDropped(std::u16string_view text) {
+    // Nothing is replaced: the selection shrinks to its start before the text comes in.
+    DWORD start = 0;
+    SendMessageW(messageBox_, EM_GETSEL, reinterpret_cast<WPARAM>(&start), 0);
+    SendMessageW(messageBox_, EM_SETSEL, start, static_cast<LPARAM>(start));
+    SendMessageW(messageBox_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(std::u16string(text))));
+    Touch();
+}
+
+void NoteForm::UpdateDropTarget() {
+    const bool wanted = tools_.settings.dragAndDrop;
+    if (wanted == (dropTarget_ != nullptr) || Handle() == nullptr) return;
+    if (!wanted) {
+        RevokeDragDrop(messageBox_);
+        dropTarget_->Disconnect();
+        dropTarget_->Release();
+        dropTarget_ = nullptr;
+        return;
+    }
+    if (!tools_.ole.Start()) return;
+    dropTarget_ = new NoteDropTarget(messageBox_, tools_.locale, tools_.shell,
+                                     [this](std::u16string_view text) { InsertDropped(text); });
+    RegisterDragDrop(messageBox_, dropTarget_);
+}
+
+}  // namespace quillo

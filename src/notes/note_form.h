@@ -1,0 +1,106 @@
+#pragma once
+
+#include "controls/note_button.h"
+#include "controls/tessel_tray_lite.h"
+#include "notes/note_drop_target.h"
+#include "notes/note_face.h"
+#include "notes/note_view.h"
+#include "notes/open_note.h"
+#include "platform/ui_timer.h"
+#include "platform/window.h"
+#include "util/units.h"
+
+namespace quillo {
+
+class Random;
+
+/// What every note's window works with.
+struct NoteFormTools {
+    const Settings& settings;
+    Clock& clock;
+    LocaleText& locale;
+    Random& random;
+    Shell& shell;
+    NoteButtonImages& images;
+    OleSession& ole;
+};
+
+/// A note's window: a bordered, coloured face with a strip to drag it by, three buttons and a text box.
+class NoteForm : public Window, public NoteView {
+  public:
+    NoteForm(OpenNote& note, const NoteFormTools& tools);
+    ~NoteForm() override;
+
+    /// Makes the hidden window at the place and size of a new note. False on failure.
+    bool Create();
+
+    // NoteView
+    [[nodiscard]] std::u16string Text() const override;
+    void SetText(std::u16string_view text) override;
+    [[nodiscard]] TwipsRect Rectangle() const override;
+    void MoveTo(const TwipsRect& rectangle) override;
+    void MoveOntoScreen() override;
+    [[nodiscard]] bool IsVisible() const override;
+    void Show() override;
+    void Hide() override;
+    void BringToFront(bool pinned) override;
+    void Activate() override;
+    void ShowPinned(bool pinned) override;
+    void SetOpacity(int alpha) override;
+    [[nodiscard]] bool IsIconShowing() const override;
+    void ShowIcon(std::u16string_view caption) override;
+    void HideIcon() override;
+    void ApplyAppearance(const Note& note, const Settings& settings) override;
+    void Repaint() override;
+    void Close() override;
+
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    LRESULT OnCreate();
+    LRESULT OnNcHitTest(UINT message, WPARAM wParam, LPARAM lParam);
+    void OnActivate(bool active);
+    void OnCommand(int id, int notification);
+    HBRUSH OnColorTextBox(HDC dc);
+    void OnDpiChanged(int dpi, const RECT& suggested);
+    void OnDragBarPressed(Point at);
+    void OnMinMaxInfo(MINMAXINFO& info) const;
+    void OnPaint();
+    void OnPlaceChanged(const WINDOWPOS& place);
+    void OnSystemChanged();
+
+    void CreateButtons();
+    void CreateTextBox();
+    void LayOut();
+    void Place(const Rect& place, UINT flags);
+    /// The user changed something that the storage copy must learn of.
+    void Touch();
+    void InsertDropped(std::u16string_view text);
+    void ApplyFont();
+    void ApplyBarColors();
+    void UpdateDropTarget();
+
+    OpenNote& note_;
+    NoteFormTools tools_;
+    Scale scale_;
+    HWND messageBox_ = nullptr;
+    NoteButton closeButton_;
+    NoteButton pushpin_;
+    NoteButton menuButton_;
+    TesselTrayLite trayIcon_;
+    FontHandle font_;
+    BrushHandle background_;
+    DragBarPaint bar_;
+    ColorWord noteColor_;
+    ColorWord borderColor_;
+    ColorWord textColor_;
+    NoteDropTarget* dropTarget_ = nullptr;  ///< one reference is the note's
+    UiTimer settleTimer_;                   ///< what showing a note must not wait for
+    UiTimer saveTimer_;
+    bool active_ = false;
+    bool settingText_ = false;  ///< the text box changes by the program's hand
+    bool placing_ = false;      ///< the window moves by the program's hand
+};
+
+}  // namespace quillo

@@ -1,0 +1,4 @@
+target_sources(quillo_shell PRIVATE
+  notes/note_drop_target.cpp
+  notes/note_form.cpp
+)

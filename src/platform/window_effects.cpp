@@ -1,0 +1,42 @@
+#include "platform/window_effects.h"
+
+namespace quillo {
+
+void SetTopmost(HWND window, bool topmost) {
+    SetWindowPos(window, topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void SetTranslucency(HWND window, int alpha) {
+    constexpr int kOpaque = 255;
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_EXSTYLE);
+    if (alpha >= kOpaque) {
+        if ((style & WS_EX_LAYERED) != 0) {
+            SetWindowLongPtrW(window, GWL_EXSTYLE, style & ~static_cast<LONG_PTR>(WS_EX_LAYERED));
+            RedrawWindow(window, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
+        }
+        return;
+    }
+    if ((style & WS_EX_LAYERED) == 0) SetWindowLongPtrW(window, GWL_EXSTYLE, style | WS_EX_LAYERED);
+    SetLayeredWindowAttributes(window, 0, static_cast<BYTE>(alpha), LWA_ALPHA);
+}
+
+void AddDropShadow(HWND window) {
+    BOOL shadows = FALSE;
+    if (SystemParametersInfoW(SPI_GETDROPSHADOW, 0, &shadows, 0) == 0 || shadows == FALSE) return;
+    const ULONG_PTR style = GetClassLongPtrW(window, GCL_STYLE);
+    SetClassLongPtrW(window, GCL_STYLE, static_cast<LONG_PTR>(style | CS_DROPSHADOW));
+}
+
+void SetTextMargins(HWND textBox, int margin) {
+    SendMessageW(textBox, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(margin, margin));
+}
+
+bool HighContrastIsOn() {
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, contrast.cbSize, &contrast, 0) != 0 &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+}  // namespace quillo
