@@ -1,2 +1,4 @@
 target_sources(quillo_core PRIVATE
+  controls/button_state.cpp
+  controls/swatch_palette.cpp
 )

@@ -1,2 +1,4 @@
 target_sources(quillo_core PRIVATE
+  notes/screen_fit.cpp
+  notes/note_face.cpp
 )

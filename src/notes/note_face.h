@@ -1,15 +1,16 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
-#include "notes/note.h"
 #include "ports/canvas.h"
+#include "util/color_word.h"
+#include "util/day_serial.h"
 #include "util/geometry.h"
 #include "util/units.h"
 
 namespace quillo {
 
-class Clock;
 class LocaleText;
 
 /// Where the parts of a note stand in a client area, in device pixels.
@@ -17,7 +18,7 @@ struct NoteLayout {
     Rect menuButton;
     Rect pushpin;
     Rect closeButton;
-    Rect dragBar;    ///< the whole strip, buttons included
+    Rect dragBar;  ///< the whole strip, buttons included
     Rect messageBox;
 };
 
@@ -25,12 +26,13 @@ struct NoteLayout {
 inline constexpr int kNewNoteWidth = 2820;
 inline constexpr int kNewNoteHeight = 2445;
 
+/// At any size no part has a negative extent and none overlaps another.
 [[nodiscard]] NoteLayout LayOutNote(Size client, const Scale& scale);
 
 /// What a point of the note does when it is pressed.
 enum class NoteHit { Nothing, Bottom, BottomRight };
 
-/// `at` is in pixels from the window's top left corner.
+/// `at` is in pixels from the window's top left corner. Only the bottom edge and its right corner resize a note.
 [[nodiscard]] NoteHit HitTestNote(Point at, Size client, const Scale& scale);
 
 /// The label of a note's reminder: the time alone when its day of the month is today's (intended: other months too),
@@ -47,18 +49,22 @@ struct NotePaint {
 void PaintNote(Canvas& canvas, Size client, const Scale& scale, const NotePaint& colors,
                std::u16string_view reminderLabel);
 
+/// The contrast of two plain RGB colours, from 1 (none) to 21 (black on white).
+[[nodiscard]] double ContrastRatio(ColorWord first, ColorWord second);
+
 /// How the drag bar is drawn.
 struct DragBarPaint {
     ColorWord top;
     ColorWord bottom;
-    ColorWord glyph;  ///< contrasts with the bar
+    ColorWord glyph;  ///< ink or its light counterpart, whichever stands out better from the whole bar
 };
 
 /// The drag bar's gradient from the border colour to a 35 % mix with the note colour, flat when `flat`; paler while
 /// the note is inactive.
 [[nodiscard]] DragBarPaint DragBarColors(ColorWord note, ColorWord border, bool flat, bool active);
 
-/// Where a new note is placed, in twips; `r1` and `r2` are uniform in [0, 1), `screen` and `note` in twips.
+/// Where a new note is placed, in twips: near the middle of the screen, scattered by up to 750 twips each way.
+/// `screen` and `note` are in twips; `r1` (across) and `r2` (down) are uniform in [0, 1), drawn in this order.
 [[nodiscard]] Point PlaceNewNote(Size screen, Size note, double r1, double r2);
 
 }  // namespace quillo

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "util/geometry.h"
 
 namespace quillo {
+
+/// The index of the work area that a note overlaps most; the first of equals, 0 (the primary one) when it overlaps
+/// none.
+[[nodiscard]] std::size_t MonitorForRect(const Rect& note, const std::vector<Rect>& workAreas);
 
 /// Where a note has to stand to lie on the screen, size unchanged. Fully inside any work area: where it is; else the
 /// shortest way into the work area of the monitor that it overlaps most, or of the primary one (the first) when it

@@ -1,3 +1,4 @@
 target_sources(quillo_testing PRIVATE
   testing/fakes.cpp
+  testing/recording_canvas.cpp
 )

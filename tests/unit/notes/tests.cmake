@@ -1,0 +1,3 @@
+target_sources(quillo_core_tests PRIVATE
+  unit/notes/screen_fit_test.cpp
+)
