@@ -9,6 +9,9 @@ class FileStore;
 class Shell;
 struct Settings;
 
+/// The extension of note files.
+inline constexpr std::u16string_view kNoteExtension = u".qln";
+
 /// Proposes file names for notes.
 class NoteNames {
   public:
@@ -30,6 +33,10 @@ class NoteNames {
 [[nodiscard]] std::u16string_view StripQuotes(std::u16string_view path);
 /// What follows the last backslash.
 [[nodiscard]] std::u16string_view FileNameOfPath(std::u16string_view path);
+/// What stands before the last backslash; "" when there is none.
+[[nodiscard]] std::u16string_view FolderOfPath(std::u16string_view path);
+/// A backslash between the two unless the folder ends with one.
+[[nodiscard]] std::u16string JoinPath(std::u16string_view folder, std::u16string_view name);
 /// Quotes stripped, up to the last "." when there is one.
 [[nodiscard]] std::u16string_view NameWithoutExtension(std::u16string_view path);
 /// The target of a path ending in ".lnk" (any case); any other path, or a link without target, unchanged.

@@ -52,4 +52,9 @@ class OpenNotes : public NoteOwner {
     std::vector<Entry> removed_;
 };
 
+/// Gives every open note its colours, font, scroll bar and drop target anew.
+void ApplySettingsToAllNotes(OpenNotes& notes);
+/// Gives every open note its translucency anew.
+void ApplyTranslucencyToAllNotes(OpenNotes& notes);
+
 }  // namespace quillo

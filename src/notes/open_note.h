@@ -57,6 +57,8 @@ class OpenNote {
     [[nodiscard]] bool IsVisible() const { return view_->IsVisible(); }
     void SetText(std::u16string_view text) { view_->SetText(text); }
     void MoveTo(const TwipsRect& rectangle) { view_->MoveTo(rectangle); }
+    /// Gives the note the keyboard.
+    void Activate() { view_->Activate(); }
 
     // The note file.
     /// The full path written, "" when nothing could be written.

@@ -1,0 +1,118 @@
+#include "app/legacy_import.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/note_identifier.h"
+#include "app/open_notes.h"
+#include "app/registry_keys.h"
+#include "ports/locale_text.h"
+#include "registry/tessel_registry.h"
+#include "util/text.h"
+
+namespace quillo {
+
+namespace {
+
+/// The values of one note besides its text, each followed by the note's number.
+constexpr std::u16string_view kCount = u"Notes";
+constexpr std::u16string_view kText = u"Note ";
+constexpr std::u16string_view kSize = u"Note size ";
+constexpr std::u16string_view kReminder = u"Note reminder ";
+constexpr std::u16string_view kAppearance = u"Note appearance ";
+constexpr std::u16string_view kFileName = u"Note filename ";
+constexpr std::u16string_view kUnknownSize = u"0,0,2000,2000,0";
+
+std::u16string Numbered(std::u16string_view name, std::int64_t number) {
+    const std::string digits = std::to_string(number);
+    return std::u16string(name).append(digits.begin(), digits.end());
+}
+
+std::vector<std::u16string_view> SplitFields(std::u16string_view text) {
+    std::vector<std::u16string_view> fields;
+    std::size_t comma = 0;
+    while ((comma = text.find(u',')) != std::u16string_view::npos) {
+        fields.push_back(text.substr(0, comma));
+        text.remove_prefix(comma + 1);
+    }
+    fields.push_back(text);
+    return fields;
+}
+
+/// Four numbers in twips; nothing unless all four are there and can be read.
+std::optional<TwipsRect> ReadRectangle(const std::vector<std::u16string_view>& fields, LocaleText& locale) {
+    std::array<float, 4> edges{};
+    if (fields.size() < edges.size()) return std::nullopt;
+    for (std::size_t i = 0; i < edges.size(); ++i) {
+        const std::optional<double> number = locale.ParseNumber(fields[i]);
+        if (!number) return std::nullopt;
+        edges[i] = static_cast<float>(*number);
+    }
+    return TwipsRect{edges[0], edges[1], edges[2], edges[3]};
+}
+
+/// "True", or any number but 0.
+bool ReadPinned(const std::vector<std::u16string_view>& fields, LocaleText& locale) {
+    constexpr std::size_t kPinnedField = 4;
+    if (fields.size() <= kPinnedField) return false;
+    const std::u16string_view field = Trim(fields[kPinnedField]);
+    return EqualsIgnoringAsciiCase(field, u"true") || locale.ParseNumber(field).value_or(0) != 0;
+}
+
+void ApplySize(OpenNote& note, std::u16string_view size, LocaleText& locale) {
+    const std::vector<std::u16string_view> fields = SplitFields(size.empty() ? kUnknownSize : size);
+    if (const std::optional<TwipsRect> rectangle = ReadRectangle(fields, locale)) note.MoveTo(*rectangle);
+    if (ReadPinned(fields, locale)) note.SetPinned(true);
+}
+
+}  // namespace
+
+bool LegacyNotes::Import(NoteWorld world) {
+    const TesselRegistry store(registry_, kUserKey);
+    bool anyHidden = false;
+    const std::int32_t count = store.ValueLong(kCount);
+    for (std::int64_t number = 1; number <= count; ++number) {
+        OpenNote& note = notes_.Add(world, NewNoteIdentifier(notes_, random_));
+        note.SetText(store.Value(Numbered(kText, number)));
+        ApplySize(note, store.Value(Numbered(kSize, number)), world.locale);
+        note.SetReminderString(store.Value(Numbered(kReminder, number)));
+        note.SetAppearanceString(store.Value(Numbered(kAppearance, number)));
+        note.SetFileName(store.Value(Numbered(kFileName, number)));
+        note.MarkChanged();
+        unsaved_.insert(note.NoteKey());
+        if (!note.IsVisible()) anyHidden = true;
+    }
+    imported_ = true;
+    return anyHidden;
+}
+
+void LegacyNotes::SaveAllNotesAndClear() {
+    std::set<std::u16string> failed;
+    notes_.ForEach([this, &failed](OpenNote& note) {
+        const bool isLegacy = unsaved_.count(note.NoteKey()) != 0;
+        // A failed save leaves a note unchanged; one that the store still backs is to be tried again.
+        if (isLegacy) note.MarkChanged();
+        const bool saved = note.PersistNote();
+        if (isLegacy && !saved) failed.insert(note.NoteKey());
+    });
+    unsaved_ = std::move(failed);
+    // Before the import the store holds the only copy of its notes: a quit during start-up must not touch it.
+    if (imported_ && unsaved_.empty()) Clear();
+}
+
+void LegacyNotes::Clear() {
+    TesselRegistry store(registry_, kUserKey);
+    const std::int32_t count = store.ValueLong(kCount);
+    for (std::int64_t number = 1; number <= count; ++number) {
+        for (const std::u16string_view name : {kText, kSize, kReminder, kAppearance, kFileName}) {
+            store.DeleteValue(Numbered(name, number));
+        }
+    }
+    store.DeleteValue(kCount);
+}
+
+}  // namespace quillo

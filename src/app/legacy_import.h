@@ -1,0 +1,37 @@
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "notes/open_note.h"
+
+namespace quillo {
+
+class OpenNotes;
+class Random;
+class RegistryApi;
+
+/// The old store, which kept notes as registry values. Its notes are turned into open notes once, at start-up; its
+/// values go only when every one of them is in a file.
+class LegacyNotes {
+  public:
+    LegacyNotes(RegistryApi& registry, OpenNotes& notes, Random& random)
+        : registry_(registry), notes_(notes), random_(random) {}
+
+    /// Opens every note of the store, however many notes are open. True when one of them is not visible afterwards.
+    [[nodiscard]] bool Import(NoteWorld world);
+
+    /// Every open note saves itself, then the store is cleared.
+    void SaveAllNotesAndClear();
+
+  private:
+    void Clear();
+
+    RegistryApi& registry_;
+    OpenNotes& notes_;
+    Random& random_;
+    bool imported_ = false;
+    std::set<std::u16string> unsaved_;  // keys of imported notes that are not yet in a file
+};
+
+}  // namespace quillo

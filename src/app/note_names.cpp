@@ -1,0 +1,128 @@
+#include "app/note_names.h"
+
+#include "app/settings.h"
+#include "ports/file_store.h"
+#include "ports/shell.h"
+#include "util/text.h"
+
+namespace quillo {
+
+namespace {
+
+/// A name made from the text has at most this many characters, before its number and extension.
+constexpr std::size_t kLongestName = 20;
+
+/// The character that stands in a file name for one of the text; 0 for none.
+char16_t InFileName(char16_t c) {
+    switch (c) {
+        case u'\r':
+        case u'\n':
+        case u'\t':
+            return u' ';
+        case u':':
+            return u'.';
+        case u'/':
+        case u'\\':
+        case u'|':
+        case u'*':
+            return u'-';
+        case u'"':
+            return u'\'';
+        case u'<':
+            return u'(';
+        case u'>':
+            return u')';
+        case u'?':
+            return 0;
+        default:
+            return c;
+    }
+}
+
+std::u16string CleanForFileName(std::u16string_view text) {
+    std::u16string clean;
+    clean.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;  // a pair is one blank
+        if (const char16_t c = InFileName(text[i]); c != 0) clean.push_back(c);
+    }
+    return std::u16string(Trim(clean));
+}
+
+/// Up to the last blank among characters 2 to 20; without one, the first 20 characters.
+std::u16string_view BeginningOf(std::u16string_view clean) {
+    const std::size_t blank = clean.substr(0, kLongestName).find_last_of(u' ');
+    if (blank != std::u16string_view::npos && blank >= 1) return clean.substr(0, blank);
+    const bool cutsPair = clean.size() > kLongestName && (clean[kLongestName - 1] & 0xFC00) == 0xD800;
+    return clean.substr(0, cutsPair ? kLongestName - 1 : kLongestName);
+}
+
+std::u16string Digits(int number) {
+    std::u16string digits;
+    for (; number > 0; number /= 10) digits.insert(digits.begin(), static_cast<char16_t>(u'0' + number % 10));
+    return digits;
+}
+
+}  // namespace
+
+std::u16string NoteNames::SuggestNoteFileName(std::u16string_view text) {
+    const std::u16string clean = CleanForFileName(text);
+    std::u16string base;
+    std::u16string separator;
+    int number = 1;
+    if (clean.empty()) {
+        base = JoinPath(shell_.FolderPath(SpecialFolder::DesktopDirectory), u"Note ");
+    } else {
+        base = JoinPath(settings_.noteFolder, BeginningOf(clean));
+        std::u16string plain = base + std::u16string(kNoteExtension);
+        if (!files_.FileExists(plain)) return plain;
+        separator = u" ";
+        number = 2;
+    }
+    for (;; ++number) {
+        std::u16string numbered = base + separator + Digits(number) + std::u16string(kNoteExtension);
+        if (!files_.FileExists(numbered)) return numbered;
+    }
+}
+
+std::u16string NoteNames::MakeTemporaryFileName() {
+    return files_.TemporaryName(u"QL-");
+}
+
+std::u16string_view StripQuotes(std::u16string_view path) {
+    // A lone quote is both the leading and the trailing one.
+    if (!path.empty() && path.front() == u'"') path.remove_prefix(1);
+    if (!path.empty() && path.back() == u'"') path.remove_suffix(1);
+    return path;
+}
+
+std::u16string_view FileNameOfPath(std::u16string_view path) {
+    return path.substr(path.find_last_of(u'\\') + 1);  // npos + 1 is 0
+}
+
+std::u16string_view FolderOfPath(std::u16string_view path) {
+    const std::size_t backslash = path.find_last_of(u'\\');
+    return backslash == std::u16string_view::npos ? std::u16string_view{} : path.substr(0, backslash);
+}
+
+std::u16string JoinPath(std::u16string_view folder, std::u16string_view name) {
+    std::u16string path(folder);
+    if (path.empty() || path.back() != u'\\') path.push_back(u'\\');
+    return path.append(name);
+}
+
+std::u16string_view NameWithoutExtension(std::u16string_view path) {
+    const std::u16string_view plain = StripQuotes(path);
+    return plain.substr(0, plain.find_last_of(u'.'));  // without a "." the whole
+}
+
+std::u16string ResolveShortcut(std::u16string_view path, Shell& shell) {
+    constexpr std::u16string_view kLink = u".lnk";
+    if (path.size() >= kLink.size() && EqualsIgnoringAsciiCase(path.substr(path.size() - kLink.size()), kLink)) {
+        std::u16string target = shell.LinkTarget(path);
+        if (!target.empty()) return target;
+    }
+    return std::u16string(path);
+}
+
+}  // namespace quillo

@@ -1,0 +1,57 @@
+#include "app/open_notes.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quillo {
+
+OpenNote& OpenNotes::Add(NoteWorld world, std::u16string noteKey) {
+    Entry entry;
+    entry.note = std::make_unique<OpenNote>(world, std::move(noteKey));
+    entry.view = factory_.MakeView(*entry.note);
+    entry.note->AttachView(*entry.view);
+    notes_.push_back(std::move(entry));
+    return *notes_.back().note;
+}
+
+OpenNote* OpenNotes::Find(std::u16string_view noteKey) const {
+    const auto found = std::find_if(notes_.begin(), notes_.end(),
+                                    [noteKey](const Entry& entry) { return entry.note->NoteKey() == noteKey; });
+    return found == notes_.end() ? nullptr : found->note.get();
+}
+
+void OpenNotes::ForEach(const std::function<void(OpenNote&)>& action) {
+    std::vector<std::u16string> keys;
+    keys.reserve(notes_.size());
+    for (const Entry& entry : notes_) keys.push_back(entry.note->NoteKey());
+    for (const std::u16string& key : keys) {
+        if (OpenNote* note = Find(key)) action(*note);
+    }
+}
+
+void OpenNotes::RemoveNote(const std::u16string& noteKey) {
+    const auto found = std::find_if(notes_.begin(), notes_.end(),
+                                    [&noteKey](const Entry& entry) { return entry.note->NoteKey() == noteKey; });
+    if (found == notes_.end()) return;
+    removed_.push_back(std::move(*found));
+    notes_.erase(found);
+}
+
+void OpenNotes::UnloadAll() {
+    // Closing a window can call back into the collection, which is already empty by then.
+    std::vector<Entry> leaving = std::exchange(notes_, {});
+    for (Entry& entry : leaving) {
+        entry.view->Close();
+        removed_.push_back(std::move(entry));
+    }
+}
+
+void ApplySettingsToAllNotes(OpenNotes& notes) {
+    notes.ForEach([](OpenNote& note) { note.UpdateColors(); });
+}
+
+void ApplyTranslucencyToAllNotes(OpenNotes& notes) {
+    notes.ForEach([](OpenNote& note) { note.SetNoteEffects(); });
+}
+
+}  // namespace quillo

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "app/open_notes.h"
+#include "app/os_facts.h"
+#include "app/settings.h"
+
+namespace quillo {
+
+/// The program-wide state, built once by the composition root and passed down. Open notes refer to its members, so it
+/// outlives them and never moves.
+struct Program {
+    explicit Program(NoteViewFactory& factory) : openNotes(factory) {}
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    Settings settings;
+    OsFacts os;
+    std::u16string notesFolder;
+    std::int16_t urlClipboardFormat =
+        0;                      ///< "UniformResourceLocator"; negative, for registered formats are above 32767
+    bool startingUp = false;    ///< until the first command line was handled
+    bool loadingNotes = false;  ///< while the saved notes are being opened
+    bool quitting = false;      ///< from the first step of the quit procedure on
+    OpenNotes openNotes;        // last: its notes go before what they refer to
+};
+
+}  // namespace quillo

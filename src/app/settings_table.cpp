@@ -1,0 +1,213 @@
+#include "app/settings_table.h"
+
+#include <limits>
+#include <type_traits>
+
+#include "app/note_names.h"
+#include "app/registry_keys.h"
+#include "ports/file_store.h"
+#include "ports/shell.h"
+#include "registry/tessel_registry.h"
+#include "util/numbers.h"
+#include "util/text.h"
+
+namespace quillo {
+
+namespace {
+
+constexpr int kAny = std::numeric_limits<int>::max();
+
+// Bits of "Note font style".
+constexpr int kBold = 1;
+constexpr int kItalic = 2;
+constexpr int kUnderline = 4;
+constexpr int kStrikeThrough = 8;
+
+/// A program of the Windows folder, or of the system folder when it stands only there.
+std::u16string SystemProgram(Shell& shell, FileStore& files, std::u16string_view name) {
+    const std::u16string inWindows = JoinPath(shell.WindowsFolder(), name);
+    if (files.FileExists(inWindows)) return inWindows;
+    const std::u16string inSystem = JoinPath(shell.SystemFolder(), name);
+    return files.FileExists(inSystem) ? inSystem : inWindows;
+}
+
+std::u16string DefaultShortcut1(Shell& shell, FileStore& files) {
+    return SystemProgram(shell, files, u"Explorer.exe");
+}
+std::u16string DefaultShortcut2(Shell& shell, FileStore& /*files*/) {
+    return JoinPath(shell.FolderPath(SpecialFolder::ProgramFiles), u"Windows Media Player\\wmplayer.exe");
+}
+std::u16string DefaultShortcut3(Shell& shell, FileStore& files) {
+    return SystemProgram(shell, files, u"Notepad.exe");
+}
+std::u16string DefaultShortcut4(Shell& shell, FileStore& files) {
+    return SystemProgram(shell, files, u"Calc.exe");
+}
+std::u16string DefaultFont(Shell& /*shell*/, FileStore& /*files*/) {
+    return u"Tahoma";
+}
+std::u16string DefaultReminder(Shell& shell, FileStore& /*files*/) {
+    return JoinPath(FolderOfPath(shell.ProgramPath()), u"Reminder.wma");
+}
+std::u16string DefaultNoteFolder(Shell& shell, FileStore& /*files*/) {
+    return shell.FolderPath(SpecialFolder::DesktopDirectory);
+}
+
+template <int index>
+std::u16string& Shortcut(Settings& s) {
+    return s.shortcuts[index];
+}
+
+/// The member of Settings that a pointer names, as the plain function that a row holds.
+template <auto member>
+auto& Member(Settings& s) {
+    return s.*member;
+}
+/// The same for the font.
+template <auto member>
+auto& Font(Settings& s) {
+    return s.noteFont.*member;
+}
+
+template <auto member>
+constexpr FlagSetting Flag(bool defaultFlag = false) {
+    return {&Member<member>, defaultFlag, false};
+}
+
+std::vector<SettingRow> MakeTable() {
+    using S = Settings;
+    using F = FontSetting;
+    return {
+        {u"Shortcut 1", TextSetting{&Shortcut<0>, false, DefaultShortcut1}},
+        {u"Shortcut 2", TextSetting{&Shortcut<1>, false, DefaultShortcut2}},
+        {u"Shortcut 3", TextSetting{&Shortcut<2>, false, DefaultShortcut3}},
+        {u"Shortcut 4", TextSetting{&Shortcut<3>, false, DefaultShortcut4}},
+        {u"Note font", TextSetting{&Font<&F::name>, true, DefaultFont}},
+        {u"Note font size", NumberTextSetting{&Font<&F::size>, 8, 7, 32}},
+        {u"Note font style", FontStyleSetting{}},
+        {u"Note font charset", NumberSetting{&Font<&F::charset>, 0, 1, kAny}},
+        {u"Note color", ColorSetting{&Member<&S::noteColor>, ColorWord{14155262}}},
+        {u"Note border color", ColorSetting{&Member<&S::noteBorderColor>, ColorWord{3723262}}},
+        {u"Note text color", ColorSetting{&Member<&S::noteTextColor>, ColorWord{0}}},
+        {u"Note transparency", Flag<&S::noteTransparency>()},
+        {u"Note opacity", NumberSetting{&Member<&S::noteOpacity>, 192, 1, 255}},
+        {u"Minimize to tray", Flag<&S::minimizeToTray>()},
+        {u"No drag and drop", FlagSetting{&Member<&S::dragAndDrop>, false, true}},
+        {u"Show scroll bars", Flag<&S::showScrollBars>()},
+        {u"Random note color", Flag<&S::randomNoteColor>(true)},
+        {u"Timestamp new notes", Flag<&S::timestampNewNotes>()},
+        {u"High contrast off", Flag<&S::highContrastOff>()},
+        {u"Don't recycle notes", Flag<&S::dontRecycleNotes>()},
+        {u"Disable balloon help", Flag<&S::disableBalloonHelp>()},
+        {u"Disable animation", Flag<&S::disableAnimation>()},
+        {u"Reminder", TextSetting{&Member<&S::reminder>, true, DefaultReminder}},
+        {u"Note folder", TextSetting{&Member<&S::noteFolder>, true, DefaultNoteFolder}},
+        {u"Do not remember filenames", Flag<&S::doNotRememberFilenames>()},
+        {u"Auto-pin new notes", Flag<&S::autoPinNewNotes>()},
+        {u"Do not adjust notes", Flag<&S::doNotAdjustNotes>()},
+        {u"New note hotkey", NumberSetting{&Member<&S::newNoteHotkey>, 78, 1, kAny}},
+        {u"Show notes hotkey", NumberSetting{&Member<&S::showNotesHotkey>, 83, 1, kAny}},
+        {u"Shown Help", Flag<&S::shownHelp>(), false},
+        {u"Startup Mode", NumberSetting{&Member<&S::startupMode>, 0, std::numeric_limits<int>::min(), kAny}},
+        {u"Has hidden notes", Flag<&S::hasHiddenNotes>(), false},
+        {u"Notes", NumberSetting{&Member<&S::notes>, 0, std::numeric_limits<int>::min(), kAny}, false},
+    };
+}
+
+/// Reads one row into the settings.
+struct Loader {
+    const TesselRegistry& registry;
+    Shell& shell;
+    FileStore& files;
+    Settings& settings;
+    std::u16string_view name;
+
+    void operator()(const TextSetting& row) const {
+        std::u16string text = registry.Value(name);
+        if (row.trimmed) text = std::u16string(Trim(text));
+        row.member(settings) = text.empty() ? row.defaultText(shell, files) : std::move(text);
+    }
+    void operator()(const FlagSetting& row) const {
+        const bool stored = registry.GetValueLong(name, row.defaultFlag ? kTrueNumber : 0) != 0;
+        row.member(settings) = stored != row.inverted;
+    }
+    void operator()(const NumberSetting& row) const {
+        const int number = registry.GetValueLong(name, row.defaultNumber);
+        row.member(settings) = number >= row.least && number <= row.most ? number : row.defaultNumber;
+    }
+    void operator()(const ColorSetting& row) const {
+        const ColorWord stored = ColorWord::FromNumber(registry.ValueLong(name));
+        row.member(settings) = registry.Value(name).empty() ? row.defaultColor : stored;
+    }
+    void operator()(const NumberTextSetting& row) const {
+        const double number = ParseLeadingNumber(registry.Value(name));
+        row.member(settings) = number >= row.least && number <= row.most ? number : row.defaultNumber;
+    }
+    void operator()(const FontStyleSetting& /*row*/) const {
+        const int style = registry.ValueLong(name);
+        settings.noteFont.bold = (style & kBold) != 0;
+        settings.noteFont.italic = (style & kItalic) != 0;
+        settings.noteFont.underline = (style & kUnderline) != 0;
+        settings.noteFont.strikeThrough = (style & kStrikeThrough) != 0;
+    }
+};
+
+/// Writes one row from the settings.
+struct Saver {
+    TesselRegistry& registry;
+    Settings& settings;  // the rows reach their members for writing as well as for reading
+    std::u16string_view name;
+
+    void operator()(const TextSetting& row) const { registry.SetValue(name, row.member(settings)); }
+    void operator()(const FlagSetting& row) const {
+        registry.SetValueLong(name, row.member(settings) != row.inverted ? kTrueNumber : 0);
+    }
+    void operator()(const NumberSetting& row) const { registry.SetValueLong(name, row.member(settings)); }
+    void operator()(const ColorSetting& row) const { registry.SetValueLong(name, row.member(settings).Number()); }
+    void operator()(const NumberTextSetting& row) const { registry.SetValue(name, FormatNumber(row.member(settings))); }
+    void operator()(const FontStyleSetting& /*row*/) const {
+        const FontSetting& font = settings.noteFont;
+        registry.SetValueLong(name, (font.bold ? kBold : 0) | (font.italic ? kItalic : 0) |
+                                        (font.underline ? kUnderline : 0) | (font.strikeThrough ? kStrikeThrough : 0));
+    }
+};
+
+}  // namespace
+
+const std::vector<SettingRow>& SettingsTable() {
+    static const std::vector<SettingRow> table = MakeTable();
+    return table;
+}
+
+void LoadSettings(TesselRegistry& registry, Shell& shell, FileStore& files, Settings& settings) {
+    registry.SetRootPath(kUserKey);
+    for (const SettingRow& row : SettingsTable()) {
+        std::visit(Loader{registry, shell, files, settings, row.name}, row.kind);
+    }
+}
+
+bool LoadUseRoamingProfile(TesselRegistry& registry) {
+    registry.SetRootPath(kMachineKey);
+    return registry.ValueLong(u"Use roaming profile") != 0;
+}
+
+void SaveSettings(TesselRegistry& registry, const Settings& settings) {
+    registry.SetRootPath(kUserKey);
+    Settings values = settings;
+    for (const SettingRow& row : SettingsTable()) {
+        if (row.isOption) std::visit(Saver{registry, values, row.name}, row.kind);
+    }
+}
+
+bool SaveSetting(TesselRegistry& registry, const Settings& settings, std::u16string_view name) {
+    registry.SetRootPath(kUserKey);
+    Settings values = settings;
+    for (const SettingRow& row : SettingsTable()) {
+        if (!EqualsIgnoringAsciiCase(row.name, name)) continue;
+        std::visit(Saver{registry, values, row.name}, row.kind);
+        return true;
+    }
+    return false;
+}
+
+}  // namespace quillo

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "app/settings.h"
+#include "util/color_word.h"
+
+namespace quillo {
+
+class FileStore;
+class Shell;
+class TesselRegistry;
+
+/// A text; an empty one takes the default.
+struct TextSetting {
+    std::u16string& (*member)(Settings&);
+    bool trimmed;
+    std::u16string (*defaultText)(Shell&, FileStore&);
+};
+
+/// A number, -1 for true and 0 for false; any number but 0 reads as true.
+struct FlagSetting {
+    bool& (*member)(Settings&);
+    bool defaultFlag;
+    bool inverted;  ///< the member is the negation of what is stored
+};
+
+/// A number from `least` to `most`; any other counts as the default.
+struct NumberSetting {
+    int& (*member)(Settings&);
+    int defaultNumber;
+    int least;
+    int most;
+};
+
+/// A colour word; the default only for a value that is not there, so that black, 0, stays black.
+struct ColorSetting {
+    ColorWord& (*member)(Settings&);
+    ColorWord defaultColor;
+};
+
+/// A number from `least` to `most` kept as text with "." as its decimal separator; any other counts as the default.
+struct NumberTextSetting {
+    double& (*member)(Settings&);
+    double defaultNumber;
+    double least;
+    double most;
+};
+
+/// The four style bits of the note font in one number.
+struct FontStyleSetting {};
+
+/// One setting: its registry value and how it is read and written.
+struct SettingRow {
+    std::u16string_view name;
+    std::variant<TextSetting, FlagSetting, NumberSetting, ColorSetting, NumberTextSetting, FontStyleSetting> kind;
+    /// False for what the program notes down for itself; saving the options leaves such a value alone.
+    bool isOption = true;
+};
+
+/// Every setting of the user, in the order of loading and saving.
+[[nodiscard]] const std::vector<SettingRow>& SettingsTable();
+
+/// Reads every row from the user's key, which is created where it is missing; no value is written.
+/// "Use roaming profile" keeps its value: it is not the user's.
+void LoadSettings(TesselRegistry& registry, Shell& shell, FileStore& files, Settings& settings);
+/// The machine's one setting; false where it cannot be read.
+[[nodiscard]] bool LoadUseRoamingProfile(TesselRegistry& registry);
+
+/// Writes every option to the user's key.
+void SaveSettings(TesselRegistry& registry, const Settings& settings);
+/// Writes one row, named as in the table in any letter case; false when there is no such row.
+bool SaveSetting(TesselRegistry& registry, const Settings& settings, std::u16string_view name);
+
+}  // namespace quillo

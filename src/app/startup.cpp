@@ -1,0 +1,128 @@
+#include "app/startup.h"
+
+#include "app/command_line.h"
+#include "app/legacy_import.h"
+#include "app/note_names.h"
+#include "app/note_opening.h"
+#include "app/notes_folder.h"
+#include "app/program.h"
+#include "app/registry_keys.h"
+#include "app/settings_table.h"
+#include "ports/file_store.h"
+#include "ports/shell.h"
+#include "ports/user_notice.h"
+#include "registry/tessel_registry.h"
+#include "util/ignore.h"
+#include "util/text.h"
+
+namespace quillo {
+
+namespace {
+
+// The colours of the first run, which are not those of the settings.
+constexpr ColorWord kFirstNoteColor{0xC0FFFF};
+constexpr ColorWord kFirstBorderColor{0xC0FF};
+constexpr ColorWord kFirstTextColor{0};
+
+}  // namespace
+
+StartupOutcome Startup::Run(std::u16string_view commandLine) {
+    Program& program = world_.program;
+    if (stage_.AnotherInstanceRuns()) {
+        const std::u16string message = CommandLineToSend(commandLine, world_.shell);
+        if (!message.empty()) stage_.SendToRunningInstance(message);
+        return StartupOutcome::EndProcess;
+    }
+    program.startingUp = true;
+    if (ClassifyFirstStart(commandLine).kind == Command::Kind::Close) return StartupOutcome::EndProcess;
+
+    ReadSystem();
+    TesselRegistry registry(world_.registry);
+    program.settings.useRoamingProfile = LoadUseRoamingProfile(registry);
+    RegisterToStartWithWindows();
+    LoadSettings(registry, world_.shell, world_.files, program.settings);
+    if (!FindNotesFolder()) return StartupOutcome::EndProcess;
+    ApplySettingsToAllNotes(program.openNotes);
+    GreetFirstRun();
+    if (OpenSavedNotes()) TellOfHiddenNotes();
+    CarryOut(commandLine);
+    program.startingUp = false;
+    return StartupOutcome::Running;
+}
+
+void Startup::ReadSystem() {
+    stage_.InitializeShell();
+    world_.program.urlClipboardFormat = stage_.RegisterLinkFormat();
+    world_.program.os = stage_.ReadOsFacts();
+    stage_.LoadNotifyWindow();
+}
+
+void Startup::RegisterToStartWithWindows() {
+    TesselRegistry run(world_.registry, kRunKey);
+    const std::u16string path = world_.shell.ProgramPath();
+    if (run.Value(kRunValue) != path) run.SetValue(kRunValue, path);
+}
+
+bool Startup::FindNotesFolder() {
+    Program& program = world_.program;
+    program.notesFolder = PrepareNotesFolder(world_.shell, world_.files, program.settings.useRoamingProfile);
+    if (!program.notesFolder.empty()) return true;
+    world_.notice.Fail(u"Quillo cannot start because it can't find a place to store your notes.");
+    return false;
+}
+
+void Startup::GreetFirstRun() {
+    Settings& settings = world_.program.settings;
+    if (settings.shownHelp) return;
+    settings.shownHelp = true;
+    TesselRegistry registry(world_.registry, kUserKey);
+    registry.SetValueLong(u"Shown Help", kTrueNumber);
+    settings.noteColor = kFirstNoteColor;
+    settings.noteBorderColor = kFirstBorderColor;
+    settings.noteTextColor = kFirstTextColor;
+    OpenHelp(world_.shell);
+}
+
+/// True when a note of the old store is not visible. Notes of files never count.
+bool Startup::OpenSavedNotes() {
+    Program& program = world_.program;
+    program.loadingNotes = true;
+    const bool anyHidden = world_.legacy.Import(world_.notes);
+    for (const std::u16string& path : world_.files.List(program.notesFolder, kNoteExtension)) {
+        if (!world_.opening.CanOpenAnotherNote()) break;  // one message, not one for each file left
+        world_.opening.OpenNoteFile(path);
+    }
+    program.loadingNotes = false;
+    return anyHidden;
+}
+
+void Startup::TellOfHiddenNotes() {
+    const Settings& settings = world_.program.settings;
+    if (settings.minimizeToTray || settings.disableBalloonHelp || !world_.program.os.windows2000OrLater) return;
+    world_.notice.Balloon(u"Looking for your sticky notes?",
+                          u"Click \"show all notes\" on the main Quillo menu to see the notes that you have hidden.",
+                          BalloonIcon::Information);
+}
+
+void Startup::CarryOut(std::u16string_view commandLine) {
+    const Command command = ClassifyFirstStart(commandLine);
+    switch (command.kind) {
+        case Command::Kind::Unknown:
+            world_.notice.Fail(u"Unknown command: " + command.text);
+            break;
+        case Command::Kind::OpenFile:
+            world_.opening.OpenNoteFile(world_.shell.FullPath(StripQuotes(command.text)));
+            break;
+        case Command::Kind::None:
+        case Command::Kind::Close:
+        case Command::Kind::New:
+            break;
+    }
+}
+
+void OpenHelp(Shell& shell) {
+    const std::u16string program = shell.ProgramPath();
+    Ignore(shell.Open(JoinPath(FolderOfPath(program), u"Quillo.chm")), "the program goes on without its help");
+}
+
+}  // namespace quillo

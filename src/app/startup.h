@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "app/os_facts.h"
+
+namespace quillo {
+
+class FileStore;
+class LegacyNotes;
+class NoteOpening;
+class RegistryApi;
+class Shell;
+class UserNotice;
+struct NoteWorld;
+struct Program;
+
+/// What start-up asks of the process and its windows.
+class StartupStage {
+  public:
+    virtual ~StartupStage() = default;
+
+    [[nodiscard]] virtual bool AnotherInstanceRuns() = 0;
+    /// Hands a command line to the running instance; waits a bounded time for one that is still starting.
+    virtual void SendToRunningInstance(std::u16string_view commandLine) = 0;
+    /// Warms the special-folder service and the common controls up and lets pending messages run once.
+    virtual void InitializeShell() = 0;
+    /// The low 16 bits of the number of the clipboard format "UniformResourceLocator".
+    [[nodiscard]] virtual std::int16_t RegisterLinkFormat() = 0;
+    [[nodiscard]] virtual OsFacts ReadOsFacts() = 0;
+    /// From now on later instances find this one.
+    virtual void LoadNotifyWindow() = 0;
+};
+
+/// What start-up works with besides its stage.
+struct StartupWorld {
+    Program& program;
+    NoteWorld& notes;
+    NoteOpening& opening;
+    LegacyNotes& legacy;
+    RegistryApi& registry;
+    FileStore& files;
+    Shell& shell;
+    UserNotice& notice;
+};
+
+enum class StartupOutcome { Running, EndProcess };
+
+/// The program's start, from the question whether it runs already to its command line. After EndProcess the process is
+/// to end without the quit procedure.
+class Startup {
+  public:
+    Startup(StartupStage& stage, StartupWorld world) : stage_(stage), world_(world) {}
+
+    [[nodiscard]] StartupOutcome Run(std::u16string_view commandLine);
+
+  private:
+    void ReadSystem();
+    void RegisterToStartWithWindows();
+    [[nodiscard]] bool FindNotesFolder();
+    void GreetFirstRun();
+    [[nodiscard]] bool OpenSavedNotes();
+    void TellOfHiddenNotes();
+    void CarryOut(std::u16string_view commandLine);
+
+    StartupStage& stage_;
+    StartupWorld world_;
+};
+
+/// Opens the help file; a missing one shows nothing.
+void OpenHelp(Shell& shell);
+
+}  // namespace quillo

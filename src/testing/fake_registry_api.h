@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "ports/registry_api.h"
+
+namespace quillo {
+
+/// A registry in memory. Names are found in any letter case and kept as first written; texts are stored as narrow
+/// text with its terminating null, numbers as four bytes, and each can be read as the other, as the system does.
+/// Keys and values are named in tests by full paths: "HKEY_CURRENT_USER\Software\Marrowind\Quillo".
+class FakeRegistryApi : public RegistryApi {
+  public:
+    static constexpr Key kClassesRoot = 0x80000000U;
+    static constexpr Key kCurrentUser = 0x80000001U;
+    static constexpr Key kLocalMachine = 0x80000002U;
+
+    FakeRegistryApi();
+
+    // The port.
+    [[nodiscard]] Key CreateKey(Key root, std::u16string_view subkey) override;
+    void CloseKey(Key key) override;
+    [[nodiscard]] std::optional<std::u16string> QueryText(Key key, std::u16string_view name) override;
+    [[nodiscard]] std::optional<std::int32_t> QueryNumber(Key key, std::u16string_view name) override;
+    [[nodiscard]] bool SetText(Key key, std::u16string_view name, std::u16string_view text) override;
+    [[nodiscard]] bool SetNumber(Key key, std::u16string_view name, std::int32_t number) override;
+    [[nodiscard]] bool DeleteValue(Key key, std::u16string_view name) override;
+    [[nodiscard]] bool DeleteKey(Key key, std::u16string_view subkey) override;
+    [[nodiscard]] std::optional<ValueEntry> EnumerateValue(Key key, std::uint32_t index) override;
+    [[nodiscard]] std::optional<std::u16string> EnumerateSubkey(Key key, std::uint32_t index) override;
+
+    // What a test prepares. The key is created where it is missing.
+    void Put(std::u16string_view path, std::u16string_view name, std::u16string_view text);
+    void Put(std::u16string_view path, std::u16string_view name, std::int32_t number);
+    void PutKey(std::u16string_view path) { Ensure(path); }
+    /// From now on no key of this root can be opened.
+    void Refuse(Key root) { refused_.insert(root); }
+
+    // What a test looks at.
+    [[nodiscard]] bool HasKey(std::u16string_view path) const;
+    [[nodiscard]] bool HasValue(std::u16string_view path, std::u16string_view name) const;
+    /// The text of a REG_SZ value; nothing for a missing or a numeric one.
+    [[nodiscard]] std::optional<std::u16string> Text(std::u16string_view path, std::u16string_view name) const;
+    /// The number of a REG_DWORD value; nothing for a missing or a text one.
+    [[nodiscard]] std::optional<std::int32_t> Number(std::u16string_view path, std::u16string_view name) const;
+    [[nodiscard]] std::size_t ValueCount(std::u16string_view path) const;
+    [[nodiscard]] std::size_t OpenKeys() const { return open_.size(); }
+    /// One line per successful change and per opened key: "open PATH", "set NAME", "delete NAME", "delete key NAME".
+    [[nodiscard]] const std::vector<std::u16string>& Log() const { return log_; }
+    void ClearLog() { log_.clear(); }
+
+  private:
+    struct CaseBlind {
+        using is_transparent = void;
+        bool operator()(std::u16string_view a, std::u16string_view b) const;
+    };
+    using Data = std::variant<std::u16string, std::int32_t>;
+    struct Node {
+        std::map<std::u16string, std::unique_ptr<Node>, CaseBlind> subkeys;
+        // In the order of writing, which is the order of enumeration.
+        std::vector<std::pair<std::u16string, Data>> values;
+
+        [[nodiscard]] const Data* Find(std::u16string_view name) const;
+        void Set(std::u16string_view name, Data data);
+    };
+
+    [[nodiscard]] static std::u16string AsText(const Data& data);
+    [[nodiscard]] Node* Find(Key key) const;
+    [[nodiscard]] const Node* Find(std::u16string_view path) const;
+    Node& Ensure(std::u16string_view path);
+    static Node& EnsureBelow(Node& node, std::u16string_view subkey);
+
+    std::map<Key, std::pair<std::u16string, std::unique_ptr<Node>>> roots_;
+    std::map<Key, Node*> open_;
+    std::set<Key> refused_;
+    Key nextKey_ = 1;
+    std::vector<std::u16string> log_;
+};
+
+}  // namespace quillo

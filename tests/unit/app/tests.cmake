@@ -1,0 +1,3 @@
+target_sources(quillo_core_tests PRIVATE
+  unit/app/os_facts_test.cpp
+)

@@ -1,0 +1,2 @@
+target_sources(quillo_core_tests PRIVATE
+)
