@@ -60,7 +60,11 @@ NoteForm::NoteForm(OpenNote& note, const NoteFormTools& tools)
       saveTimer_([this] {
           saveTimer_.Stop();
           note_.PersistNote();
-      }) {}
+      }) {
+    TrayProperties hiddenIcon;
+    hiddenIcon.visible = false;
+    trayIcon_.LoadProperties(hiddenIcon);
+}
 
 NoteForm::~NoteForm() { Destroy(); }
 
@@ -221,7 +225,7 @@ void NoteForm::ShowPinned(bool pinned) {
 
 void NoteForm::SetOpacity(int alpha) { SetTranslucency(Handle(), alpha); }
 
-bool NoteForm::IsIconShowing() const { return trayIcon_.Icon() != nullptr && trayIcon_.Visible(); }
+bool NoteForm::IsIconShowing() const { return trayIcon_.Visible(); }
 
 void NoteForm::ShowIcon(std::u16string_view caption) {
     trayIcon_.onClick = [this] { note_.ShowFromIcon(); };

@@ -1,0 +1,110 @@
+#include "app/quillo_procs.h"
+
+#include "app/command_line.h"
+#include "app/quit.h"
+#include "notes/note_form.h"
+#include "platform/late_library.h"
+#include "util/ignore.h"
+
+// After windows.h.
+#include <commctrl.h>
+
+namespace quillo {
+namespace {
+
+/// How long a second start waits for a first one that has not opened its channel yet.
+constexpr DWORD kPatienceMilliseconds = 5000;
+
+void RunPendingMessages() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace
+
+QuilloProcs::QuilloProcs()
+    : program_(*this),
+      names_(files_, shell_, program_.settings),
+      store_(files_, locale_, shell_, names_),
+      noteWorld_{program_.settings, program_.os, program_.notesFolder, store_, locale_, clock_, notice_,
+                 program_.openNotes},
+      legacy_(registry_, program_.openNotes, random_),
+      opening_(program_, noteWorld_, files_, shell_, random_, legacy_) {
+    loop_.RunAfterEach([this] { program_.openNotes.ReleaseRemoved(); });
+    notifyWindow_.onCommand = [this](std::u16string_view text) { OnCommand(text); };
+    notifyWindow_.onSessionEnding = [this] { OnSessionEnding(); };
+    notifyWindow_.onSessionEnded = [this] { Quit(); };
+}
+
+int QuilloProcs::Main(std::u16string_view commandLine) {
+    Startup startup(*this, StartupWorld{program_, noteWorld_, opening_, legacy_, registry_, files_, shell_, notice_});
+    if (startup.Run(commandLine) == StartupOutcome::EndProcess) return 0;
+    for (const std::u16string& command : std::exchange(waitingCommands_, {})) OnCommand(command);
+    const int exitCode = loop_.Run();
+    notifyWindow_.Unload();
+    return exitCode;
+}
+
+bool QuilloProcs::AnotherInstanceRuns() { return instance_.AnotherRuns(); }
+
+void QuilloProcs::SendToRunningInstance(std::u16string_view commandLine) {
+    Ignore(quillo::SendToRunningInstance(commandLine, kPatienceMilliseconds),
+           "this process ends either way, and there is nobody to tell");
+}
+
+void QuilloProcs::InitializeShell() {
+    Ignore(shell_.FolderPath(SpecialFolder::Desktop), "only warms the special-folder service up");
+    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
+    InitCommonControlsEx(&controls);
+    RunPendingMessages();
+}
+
+std::int16_t QuilloProcs::RegisterLinkFormat() { return static_cast<std::int16_t>(LinkFormat()); }
+
+OsFacts QuilloProcs::ReadOsFacts() {
+    // The kernel's own answer: GetVersionEx tells what the manifest was written for.
+    static LateFunction<LONG WINAPI(OSVERSIONINFOW*)> getVersion(L"ntdll.dll", "RtlGetVersion");
+    OSVERSIONINFOW version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    if (getVersion.Get() != nullptr) getVersion.Get()(&version);
+    return MakeOsFacts(static_cast<int>(version.dwPlatformId), static_cast<int>(version.dwMajorVersion),
+                       static_cast<int>(version.dwMinorVersion));
+}
+
+void QuilloProcs::LoadNotifyWindow() {
+    Ignore(notifyWindow_.Load(), "without its channel the program still serves the notes of this start");
+}
+
+std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note) {
+    const NoteFormTools tools{program_.settings, clock_, locale_, random_, shell_, buttonImages_, ole_};
+    auto form = std::make_unique<NoteForm>(note, tools);
+    Ignore(form->Create(), "a note without a window still keeps its file");
+    return form;
+}
+
+void QuilloProcs::OnCommand(std::u16string_view text) {
+    if (program_.startingUp) {
+        waitingCommands_.emplace_back(text);
+        return;
+    }
+    const Command command = ClassifyReceived(text);
+    switch (command.kind) {
+        case Command::Kind::Close: return Quit();
+        case Command::Kind::New: return opening_.CreateNewNote();
+        case Command::Kind::OpenFile: return opening_.OpenNoteFile(command.text);
+        case Command::Kind::None:
+        case Command::Kind::Unknown: return;
+    }
+}
+
+void QuilloProcs::OnSessionEnding() { legacy_.SaveAllNotesAndClear(); }
+
+void QuilloProcs::Quit() {
+    if (!SaveAndUnloadNotes(program_, legacy_, registry_)) return;
+    MessageLoop::Quit(0);
+}
+
+}  // namespace quillo

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/legacy_import.h"
+#include "app/note_names.h"
+#include "app/note_opening.h"
+#include "app/program.h"
+#include "app/startup.h"
+#include "controls/note_button_images.h"
+#include "mainmenu/notify_window.h"
+#include "notes/note_drop_target.h"
+#include "notes/note_store.h"
+#include "platform/message_loop.h"
+#include "platform/single_instance.h"
+#include "platform/win_clock.h"
+#include "platform/win_file_store.h"
+#include "platform/win_locale_text.h"
+#include "platform/win_registry_api.h"
+#include "platform/win_shell.h"
+#include "platform/win_user_notice.h"
+
+namespace quillo {
+
+/// The composition root: makes every object of the program once, hands each what it needs, and gives start-up, the
+/// commands of later starts and the quit procedure their windows.
+class QuilloProcs : private StartupStage, private NoteViewFactory {
+  public:
+    QuilloProcs();
+    QuilloProcs(const QuilloProcs&) = delete;
+    QuilloProcs& operator=(const QuilloProcs&) = delete;
+
+    /// The program, from its start to its end; the answer is the exit code. `commandLine` is what follows the
+    /// program's name.
+    int Main(std::u16string_view commandLine);
+
+  private:
+    // StartupStage
+    [[nodiscard]] bool AnotherInstanceRuns() override;
+    void SendToRunningInstance(std::u16string_view commandLine) override;
+    void InitializeShell() override;
+    [[nodiscard]] std::int16_t RegisterLinkFormat() override;
+    [[nodiscard]] OsFacts ReadOsFacts() override;
+    void LoadNotifyWindow() override;
+
+    // NoteViewFactory
+    [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note) override;
+
+    /// A command line that a later start has sent. What comes during start-up waits for its end.
+    void OnCommand(std::u16string_view text);
+    void OnSessionEnding();
+    void Quit();
+
+    // The system behind the ports.
+    WinFileStore files_;
+    WinLocaleText locale_;
+    WinRegistryApi registry_;
+    WinShell shell_;
+    WinClock clock_;
+    WinRandom random_;
+    WinUserNotice notice_;
+    MessageLoop loop_;
+    OleSession ole_;
+    SingleInstance instance_;
+
+    // The program.
+    NoteButtonImages buttonImages_;
+    Program program_;
+    NoteNames names_;
+    NoteStore store_;
+    NoteWorld noteWorld_;
+    LegacyNotes legacy_;
+    NoteOpening opening_;
+    NotifyWindow notifyWindow_;
+    std::vector<std::u16string> waitingCommands_;
+};
+
+}  // namespace quillo

@@ -1,0 +1,3 @@
+target_sources(quillo_shell PRIVATE
+  app/quillo_procs.cpp
+)
