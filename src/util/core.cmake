@@ -1,3 +1,5 @@
 target_sources(quillo_core PRIVATE
   util/day_serial.cpp
+  util/numbers.cpp
+  util/text.cpp
 )

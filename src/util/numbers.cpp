@@ -1,0 +1,106 @@
+#include "util/numbers.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <system_error>
+
+namespace quillo {
+namespace {
+
+std::u16string Widen(const char* first, const char* last) {
+    return std::u16string(first, last);
+}
+
+// How many characters at the start of the text, all of them ASCII, form a number without its sign.
+std::size_t LengthOfNumber(std::u16string_view text) {
+    const auto isDigit = [text](std::size_t i) { return i < text.size() && text[i] >= u'0' && text[i] <= u'9'; };
+    std::size_t end = 0;
+    while (isDigit(end)) ++end;
+    std::size_t digits = end;
+    if (end < text.size() && text[end] == u'.') {
+        ++end;
+        for (; isDigit(end); ++end) ++digits;
+    }
+    if (digits == 0) return 0;
+    if (end < text.size() && (text[end] == u'e' || text[end] == u'E')) {
+        std::size_t exponent = end + 1;
+        if (exponent < text.size() && (text[exponent] == u'+' || text[exponent] == u'-')) ++exponent;
+        if (isDigit(exponent)) {
+            end = exponent;
+            while (isDigit(end)) ++end;
+        }
+    }
+    return end;
+}
+
+// A number that does not fit: its exponent's sign, or the lack of a whole part, tells too large from too small.
+double OutOfRange(const std::string& number) {
+    const std::size_t exponent = number.find_first_of("eE");
+    const bool tiny = exponent == std::string::npos ? number.find_first_of("123456789") > number.find('.')
+                                                    : number[exponent + 1] == '-';
+    return tiny ? 0 : std::numeric_limits<double>::infinity();
+}
+
+}  // namespace
+
+std::u16string FormatSingle(float value, std::u16string_view decimalSeparator) {
+    char digits[32];
+    const float positiveZero = value == 0 ? 0.0F : value;
+    const auto result = std::to_chars(digits, digits + sizeof digits, positiveZero, std::chars_format::general, 7);
+    std::u16string text;
+    for (const char* c = digits; c != result.ptr; ++c) {
+        if (*c == '.') {
+            text += decimalSeparator;
+        } else {
+            text += static_cast<char16_t>(*c == 'e' ? 'E' : *c);
+        }
+    }
+    return text;
+}
+
+std::u16string FormatSerial(double value) {
+    int precision = 15;
+    for (double whole = std::fabs(value); whole >= 1 && precision > 0; whole /= 10) --precision;
+    char digits[400];  // the largest double has 309 digits before the point
+    const auto result = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, precision);
+    const char* end = result.ptr;
+    if (precision > 0) {
+        while (end[-1] == '0') --end;
+        if (end[-1] == '.') --end;
+    }
+    std::u16string text = Widen(digits, end);
+    return text == u"-0" ? u"0" : text;
+}
+
+std::u16string FormatInteger(std::int64_t value) {
+    char digits[24];
+    const auto result = std::to_chars(digits, digits + sizeof digits, value);
+    return Widen(digits, result.ptr);
+}
+
+double ParseLeadingNumber(std::u16string_view text) {
+    const std::size_t first = text.find_first_not_of(u' ');
+    if (first == std::u16string_view::npos) return 0;
+    text.remove_prefix(first);
+    const bool negative = text.front() == u'-';
+    if (negative || text.front() == u'+') text.remove_prefix(1);
+
+    std::string number;
+    for (const char16_t c : text.substr(0, LengthOfNumber(text))) number += static_cast<char>(c);
+    double value = 0;
+    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (result.ec == std::errc::result_out_of_range) value = OutOfRange(number);
+    return negative ? -value : value;
+}
+
+std::optional<std::int32_t> RoundHalfEven(double value) {
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() && rounded <= std::numeric_limits<std::int32_t>::max())) {
+        return std::nullopt;
+    }
+    return static_cast<std::int32_t>(rounded);
+}
+
+}  // namespace quillo
