@@ -1,4 +1,6 @@
 target_sources(quillo_core PRIVATE
   notes/screen_fit.cpp
   notes/note_face.cpp
+  notes/note_drop.cpp
+  notes/open_note.cpp
 )

@@ -1,0 +1,303 @@
+#include "notes/open_note.h"
+
+#include <cstddef>
+
+#include "app/os_facts.h"
+#include "notes/note_tags.h"
+#include "ports/locale_text.h"
+#include "ports/user_notice.h"
+#include "util/text.h"
+
+namespace quillo {
+
+namespace {
+
+constexpr std::u16string_view kUnsavedQuestion =
+    u"Quillo was unable to save this note to a file.  Do you still want to close it?\r\n\r\n"
+    u"If you click Yes, the note's contents will be lost.  If you click No, it will not be closed.";
+constexpr std::u16string_view kHiddenTitle = u"This note was hidden.";
+constexpr std::u16string_view kHiddenText =
+    u"You currently have a reminder set for this note, so it was hidden instead of closed.  To see the note again "
+    u"before the reminder expires, click \"Show all notes\" on the main Quillo menu.";
+constexpr std::u16string_view kDeleteQuestion =
+    u"This action will permanently delete this note, and you will not be able to get it back.  Only click OK if you "
+    u"are sure that you do not want this note anymore; otherwise, click Cancel.";
+
+/// A caption of more characters is cut to this many and an ellipsis.
+constexpr std::size_t kLongestCaption = 60;
+constexpr int kOpaque = 255;
+
+std::u16string WithBlanksForLineBreaks(std::u16string_view text) {
+    std::u16string line;
+    line.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool pair = text.substr(i, 2) == u"\r\n";
+        line.push_back(pair ? u' ' : text[i]);
+        if (pair) ++i;
+    }
+    return line;
+}
+
+std::u16string IconCaption(std::u16string_view text) {
+    std::u16string caption = WithBlanksForLineBreaks(Trim(text));
+    if (caption.size() <= kLongestCaption) return caption;
+    caption.resize(kLongestCaption);
+    const char16_t last = caption.back();
+    if (last >= 0xD800 && last < 0xDC00) caption.pop_back();  // half of a character shows as a box
+    return caption + u"...";
+}
+
+}  // namespace
+
+OpenNote::OpenNote(NoteWorld world, std::u16string noteKey) : world_(world) {
+    note_.NoteKey = std::move(noteKey);
+    note_.NoteColor = world_.settings.noteColor;
+    note_.BorderColor = world_.settings.noteBorderColor;
+    note_.TextColor = world_.settings.noteTextColor;
+}
+
+// The note file.
+
+NoteFileContent OpenNote::Content() const {
+    return NoteFileContent{view_->Text(), view_->Rectangle(), AppearanceString(), ReminderString()};
+}
+
+SaveTarget OpenNote::OwnFileTarget() const {
+    SaveTarget target;
+    if (!world_.settings.doNotRememberFilenames) target.fileName = note_.FileName;
+    target.isTempName = target.fileName.empty();
+    return target;
+}
+
+std::u16string OpenNote::SaveNote(const SaveTarget& target) {
+    return world_.store.SaveNote(Content(), target);
+}
+
+bool OpenNote::SetupNoteFromTags(std::u16string_view tagText, std::u16string_view openedPath) {
+    const TagElements tags = FindTagElements(tagText, world_.locale);
+    if (tags.position) view_->MoveTo(ReadPosition(*tags.position, view_->Rectangle(), world_.locale));
+    if (tags.reminder) SetReminderString(*tags.reminder);
+    const bool placed = tags.appearance && SetAppearanceString(*tags.appearance);
+    note_.FileName = ReadFileName(tags, openedPath, note_.FileName, world_.locale);
+    return placed;
+}
+
+std::u16string OpenNote::AppearanceString() const {
+    const WindowState hidden = view_->IsIconShowing() ? WindowState::Minimized : WindowState::Hidden;
+    return WriteAppearance(note_, view_->IsVisible() ? WindowState::Shown : hidden);
+}
+
+bool OpenNote::SetAppearanceString(std::u16string_view text) {
+    const std::optional<int> state = ReadAppearance(text, note_, world_.locale);
+    bool known = true;
+    if (state == static_cast<int>(WindowState::Shown)) {
+        Popup();
+    } else if (state == static_cast<int>(WindowState::Hidden)) {
+        view_->Hide();
+    } else if (state == static_cast<int>(WindowState::Minimized)) {
+        MinimizeToTray();
+        view_->Hide();
+    } else {
+        known = false;
+    }
+    UpdateColors();
+    return known;
+}
+
+std::u16string OpenNote::ReminderString() const {
+    return WriteReminder(note_);
+}
+
+void OpenNote::SetReminderString(std::u16string_view text) {
+    ReadReminder(text, note_, world_.locale);
+}
+
+void OpenNote::SetStoragePath(std::u16string path) {
+    stored_ = !path.empty();
+    note_.StoragePath = std::move(path);
+}
+
+bool OpenNote::PersistNote() {
+    if (!note_.Changed) return stored_;
+    if (note_.StoragePath.empty()) note_.StoragePath = world_.store.NewStoragePath(world_.notesFolder);
+    SaveTarget target;
+    target.fileName = note_.StoragePath;
+    target.isTempName = true;
+    target.noDelete = true;
+    target.overwrite = true;
+    target.durable = true;
+    stored_ = !SaveNote(target).empty();
+    note_.Changed = false;  // intended after a failure too: a full disk is not tried again until the next change
+    return stored_;
+}
+
+// Appearance.
+
+void OpenNote::SetOwnColors(ColorWord noteColor, ColorWord borderColor, ColorWord textColor) {
+    note_.OwnColors = true;
+    note_.NoteColor = noteColor;
+    note_.BorderColor = borderColor;
+    note_.TextColor = textColor;
+    UpdateColors();
+}
+
+void OpenNote::ChangeColors(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) {
+    if (own) {
+        SetOwnColors(noteColor, borderColor, textColor);
+    } else {
+        note_.OwnColors = false;
+        UpdateColors();
+    }
+    MarkChanged();
+}
+
+void OpenNote::SetPinned(bool pinned) {
+    note_.Pinned = pinned;
+    view_->BringToFront(pinned);
+    view_->ShowPinned(pinned);
+}
+
+void OpenNote::SetLargeText(bool large) {
+    note_.LargeText = large;
+    view_->ApplyAppearance(note_, world_.settings);
+    MarkChanged();
+}
+
+void OpenNote::UpdateColors() {
+    if (!note_.OwnColors) {
+        note_.NoteColor = world_.settings.noteColor;
+        note_.BorderColor = world_.settings.noteBorderColor;
+        note_.TextColor = world_.settings.noteTextColor;
+    }
+    view_->ApplyAppearance(note_, world_.settings);
+}
+
+void OpenNote::SetNoteEffects() {
+    view_->SetOpacity(world_.settings.noteTransparency ? world_.settings.noteOpacity : kOpaque);
+}
+
+// Coming back to the screen.
+
+void OpenNote::Popup() {
+    if (!world_.settings.doNotAdjustNotes) view_->MoveOntoScreen();
+    if (!view_->IsVisible()) view_->Show();
+    if (view_->IsIconShowing()) view_->HideIcon();
+    view_->BringToFront(note_.Pinned);
+    SetNoteEffects();
+}
+
+void OpenNote::PopupByUser() {
+    if (!view_->IsVisible()) MarkChanged();
+    Popup();
+}
+
+void OpenNote::ShowFromIcon() {
+    world_.notice.Play(SystemSound::RestoreUp);
+    PopupByUser();
+}
+
+// Leaving the screen.
+
+void OpenNote::HideNote() {
+    SetNoteEffects();
+    view_->Hide();
+}
+
+void OpenNote::HideByUser() {
+    HideNote();
+    MarkChanged();
+}
+
+void OpenNote::MinimizeToTray() {
+    view_->ShowIcon(IconCaption(view_->Text()));
+}
+
+void OpenNote::MinimizeByUser() {
+    MinimizeToTray();
+    HideByUser();
+}
+
+void OpenNote::CloseNote() {
+    if (Trim(view_->Text()).empty() && !note_.ReminderSet) {
+        DestroyNote();
+        return;
+    }
+    world_.notice.Play(SystemSound::RestoreDown);
+    if (world_.settings.minimizeToTray) {
+        MinimizeByUser();
+        return;
+    }
+    if (SaveNote(OwnFileTarget()).empty()) {
+        const bool discard = world_.notice.Ask(kUnsavedQuestion, Question::YesNoDefaultNo);
+        if (!discard || !IsOpen()) return;
+    }
+    DestroyNote();
+}
+
+void OpenNote::CloseButtonClick() {
+    if (!note_.ReminderSet || world_.settings.minimizeToTray) {
+        CloseNote();
+        return;
+    }
+    if (!world_.os.windows2000OrLater) {
+        world_.notice.Inform(kHiddenText);
+        if (!IsOpen()) return;
+    } else if (!world_.settings.disableBalloonHelp) {
+        world_.notice.Balloon(kHiddenTitle, kHiddenText, BalloonIcon::Information);
+    }
+    HideByUser();
+}
+
+void OpenNote::DeleteNote() {
+    if (!world_.settings.dontRecycleNotes) {
+        const std::u16string path = SaveNote(OwnFileTarget());
+        if (!path.empty()) world_.store.Recycle(path);
+        if (!IsOpen()) return;  // the shell may have pumped messages
+    }
+    world_.notice.Play(SystemSound::RestoreDown);
+    DestroyNote();
+}
+
+void OpenNote::QueryDeleteNote() {
+    if (world_.settings.dontRecycleNotes) {
+        const bool sure = world_.notice.Ask(kDeleteQuestion, Question::OkCancelDefaultCancel);
+        if (!sure || !IsOpen()) return;
+    }
+    DeleteNote();
+}
+
+void OpenNote::QuickDelete() {
+    // Intended without a question, also where nothing is recycled: the fast way to throw a note away.
+    if (!view_->Text().empty() && !world_.settings.dontRecycleNotes) {
+        DeleteNote();
+    } else {
+        DestroyNote();
+    }
+}
+
+void OpenNote::DestroyNote() {
+    world_.owner.RemoveNote(note_.NoteKey);
+    if (!note_.StoragePath.empty()) world_.store.DeleteStorageCopy(note_.StoragePath);
+    view_->Close();
+}
+
+// Reminders.
+
+void OpenNote::SetReminder(DaySerial when) {
+    note_.ReminderTime = when;
+    note_.ReminderSet = true;
+    MarkChanged();
+    view_->Repaint();
+}
+
+void OpenNote::CancelReminder() {
+    note_.ReminderSet = false;
+    view_->Repaint();
+}
+
+void OpenNote::CancelReminderByUser() {
+    CancelReminder();
+    MarkChanged();
+}
+
+}  // namespace quillo

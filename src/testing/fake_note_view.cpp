@@ -1,0 +1,91 @@
+#include "testing/fake_note_view.h"
+
+#include <utility>
+
+#include "notes/screen_fit.h"
+#include "util/units.h"
+
+namespace quillo {
+
+void FakeNoteView::SetText(std::u16string_view text) {
+    Record("SetText");
+    text_ = text;
+}
+
+void FakeNoteView::MoveTo(const TwipsRect& rectangle) {
+    Record("MoveTo");
+    rectangle_ = rectangle;
+}
+
+void FakeNoteView::MoveOntoScreen() {
+    Record("MoveOntoScreen");
+    const Scale scale;
+    const auto pixels = [&scale](float twips) { return scale.ToPixels(Twips{twips}).value; };
+    const Rect here{pixels(rectangle_.left), pixels(rectangle_.top), pixels(rectangle_.width),
+                    pixels(rectangle_.height)};
+    const Point place = PlaceOnScreen(here, {Rect{0, 0, 1920, 1040}});
+    rectangle_.left = scale.ToTwips(Pixels{place.x}).value;
+    rectangle_.top = scale.ToTwips(Pixels{place.y}).value;
+}
+
+void FakeNoteView::Show() {
+    Record("Show");
+    visible_ = true;
+}
+
+void FakeNoteView::Hide() {
+    Record("Hide");
+    visible_ = false;
+}
+
+void FakeNoteView::BringToFront(bool pinned) {
+    Record(pinned ? "BringToFront pinned" : "BringToFront");
+    onTop_ = pinned;
+}
+
+void FakeNoteView::Activate() {
+    Record("Activate");
+}
+
+void FakeNoteView::ShowPinned(bool pinned) {
+    Record(pinned ? "ShowPinned in" : "ShowPinned out");
+    pinShown_ = pinned;
+}
+
+void FakeNoteView::SetOpacity(int alpha) {
+    Record("SetOpacity " + std::to_string(alpha));
+    opacity_ = alpha;
+}
+
+void FakeNoteView::ShowIcon(std::u16string_view caption) {
+    Record("ShowIcon");
+    caption_ = caption;
+    iconShowing_ = true;
+}
+
+void FakeNoteView::HideIcon() {
+    Record("HideIcon");
+    iconShowing_ = false;
+}
+
+void FakeNoteView::ApplyAppearance(const Note& note, const Settings& /*settings*/) {
+    Record("ApplyAppearance");
+    applied_ = note;
+}
+
+void FakeNoteView::Repaint() {
+    Record("Repaint");
+}
+
+void FakeNoteView::Close() {
+    Record("Close");
+    closed_ = true;
+    visible_ = false;
+    iconShowing_ = false;
+}
+
+std::vector<std::string> FakeNoteView::TakeCalls() {
+    return std::exchange(calls_, {});
+}
+
+}  // namespace quillo

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "notes/note_view.h"
+
+namespace quillo {
+
+/// A note's window without a window: it behaves at 96 dpi on one screen of 1920 by 1040 pixels and remembers what was
+/// done to it, in order.
+class FakeNoteView : public NoteView {
+  public:
+    [[nodiscard]] std::u16string Text() const override { return text_; }
+    void SetText(std::u16string_view text) override;
+    [[nodiscard]] TwipsRect Rectangle() const override { return rectangle_; }
+    void MoveTo(const TwipsRect& rectangle) override;
+    void MoveOntoScreen() override;
+    [[nodiscard]] bool IsVisible() const override { return visible_; }
+    void Show() override;
+    void Hide() override;
+    void BringToFront(bool pinned) override;
+    void Activate() override;
+    void ShowPinned(bool pinned) override;
+    void SetOpacity(int alpha) override;
+    [[nodiscard]] bool IsIconShowing() const override { return iconShowing_; }
+    void ShowIcon(std::u16string_view caption) override;
+    void HideIcon() override;
+    void ApplyAppearance(const Note& note, const Settings& settings) override;
+    void Repaint() override;
+    void Close() override;
+
+    /// "Show", "SetOpacity 192", "BringToFront pinned" ... since the last call of this.
+    [[nodiscard]] std::vector<std::string> TakeCalls();
+    [[nodiscard]] bool IsClosed() const { return closed_; }
+    [[nodiscard]] bool IsOnTop() const { return onTop_; }
+    [[nodiscard]] bool IsPinShown() const { return pinShown_; }
+    [[nodiscard]] int Opacity() const { return opacity_; }
+    [[nodiscard]] const std::u16string& IconCaption() const { return caption_; }
+    /// The note as its appearance was last applied.
+    [[nodiscard]] const Note& Applied() const { return applied_; }
+
+  private:
+    void Record(std::string call) { calls_.push_back(std::move(call)); }
+
+    std::u16string text_;
+    std::u16string caption_;
+    TwipsRect rectangle_{7200, 3600, 2820, 2445};
+    Note applied_;
+    int opacity_ = 255;
+    bool visible_ = false;
+    bool iconShowing_ = false;
+    bool onTop_ = false;
+    bool pinShown_ = false;
+    bool closed_ = false;
+    std::vector<std::string> calls_;
+};
+
+}  // namespace quillo
