@@ -1,0 +1,172 @@
+#!/usr/bin/env bash
+# Builds Quillo and starts it, or hands the arguments to the Quillo that runs.
+#   ./run.sh                 start it
+#   ./run.sh /new            a new note
+#   ./run.sh FILE            open a file as a note (@FILE does the same)
+#   ./run.sh /close          quit
+#   ./run.sh --demo [...]    all of that on a throwaway profile with sample notes
+set -euo pipefail
+# shellcheck source=scripts/lib.sh
+source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/scripts/lib.sh"
+
+readonly up_seconds=90
+data_dir=${XDG_DATA_HOME:-$HOME/.local/share}/quillo
+demo=no
+[[ ${1:-} == --demo ]] && { demo=yes; shift; }
+(($# <= 1)) || die "one argument at a time: /new, /close or a file"
+
+# The argument as the program is to get it: a path becomes a Windows path, a command stays.
+translate_argument() {
+    local argument=$1 at=''
+    case ${argument,,} in
+        /close* | /new*) [[ -e $argument ]] || { printf '%s' "$argument"; return; } ;;
+    esac
+    [[ $argument == @* ]] && { at=@; argument=${argument#@}; }
+    if [[ -e $argument ]]; then
+        printf '%s%s' "$at" "$(windows_path "$(realpath "$argument")")"
+    elif [[ -z $at && $argument == /* && ${argument#/} != */* ]]; then
+        printf '%s' "$argument"
+    else
+        die "there is no file '$argument'"
+    fi
+}
+
+# A desktop of the user's own, or a virtual one that is left running.
+choose_desktop() {
+    if [[ -n ${DISPLAY:-} ]]; then
+        display_answers "$DISPLAY" ||
+            die "the desktop DISPLAY=$DISPLAY does not answer: correct DISPLAY, or unset it for a virtual desktop"
+        return
+    fi
+    ensure_desktop "$desktop_state" "${QUILLO_DESKTOP_SIZE:-1280x800}x24"
+    virtual=yes
+}
+
+# The folder that the sample notes go to, before the program has ever run there.
+prepare_demo() {
+    local profile
+    profile=$(mktemp -d "${TMPDIR:-/tmp}/quillo-demo.XXXXXX")
+    mkdir -p "$data_dir" "$profile/home/.local/share"
+    printf 'profile=%s\n' "$profile" >"$demo_state"
+    clone_prefix "$profile/wine"
+    /usr/bin/python3 "$quillo_root/scripts/demo_notes.py" \
+        "$profile/wine/drive_c/users/$(id -un)/AppData/Local/Marrowind/Notes"
+}
+
+# The settings of the demo, written once its desktop stands.
+set_up_demo() {
+    wine_set 'HKCU\Software\Marrowind\Quillo' 'Shown Help' 0xffffffff REG_DWORD
+    wine_set 'HKCU\Control Panel\Desktop' LogPixels "${QUILLO_DEMO_DPI:-96}" REG_DWORD
+    timeout 60 wineserver -w || true # the resolution is read when the server starts
+    printf 'ready=yes\n' >>"$demo_state"
+}
+
+is_up() { [[ -n $(prefix_pids "$WINEPREFIX" quillo.exe) ]]; }
+
+# Ends what a closed Quillo leaves behind: the server of its prefix, the virtual desktop, the demo's profile.
+clean_up() {
+    if [[ -d $WINEPREFIX ]]; then timeout 60 wineserver -k >/dev/null 2>&1 || true; fi
+    stop_desktop "$desktop_state"
+    if [[ $demo == yes && -n $profile ]]; then
+        rm -rf "$profile" "$demo_state"
+    fi
+}
+
+# Starts the program with all its streams detached, so that nobody who reads this script's output waits for it.
+launch() {
+    mkdir -p "$(dirname "$log")"
+    if is_up && (($#)); then
+        timeout "$up_seconds" wine "$exe" "$@" >"$log" 2>&1 </dev/null ||
+            die "Quillo did not take '$*' within $up_seconds seconds; it may be showing a message on $DISPLAY"
+    elif ! is_up; then
+        setsid wine "$exe" "$@" >"$log" 2>&1 </dev/null &
+    fi
+}
+
+report() {
+    local answer folder
+    answer=$(timeout $((up_seconds + 10)) wine "$probe" wait "$up_seconds" 2>/dev/null </dev/null | tr -d '\r') ||
+        die "Quillo did not come up within $up_seconds seconds; see $log and the desktop $DISPLAY"
+    folder=$(sed -n 's/^hostfolder\t//p' <<<"$answer")
+    say "Quillo is up on $DISPLAY with $(grep -c '^note' <<<"$answer" || true) visible notes."
+    say "Notes folder: $(realpath -m "$folder")"
+    say "  in Windows: $(sed -n 's/^folder\t//p' <<<"$answer")"
+    if [[ $virtual == yes ]]; then
+        screenshot "$picture"
+        say "Screenshot:   $picture"
+    fi
+}
+
+close_quillo() {
+    if ! is_up; then
+        clean_up
+        say "Quillo is not running; nothing is left running."
+        return
+    fi
+    launch "$@"
+    timeout 100 wine "$probe" gone "$up_seconds" >/dev/null 2>&1 </dev/null ||
+        die "Quillo did not end within $up_seconds seconds; it may be asking something on $DISPLAY"
+    clean_up
+    say "Quillo has ended."
+}
+
+ensure_packages "${run_packages[@]}"
+
+arguments=()
+if (($#)) && [[ -n $1 ]]; then
+    translated=$(translate_argument "$1") || exit 1
+    arguments=("$translated")
+fi
+closing=no
+[[ ${arguments[0]:-} == /[cC][lL][oO][sS][eE]* ]] && closing=yes
+
+exe=$win_build/quillo.exe
+probe=$win_build/tests/window_probe.exe
+virtual=no
+profile=
+wine_environment
+if [[ $demo == yes ]]; then
+    demo_state=$data_dir/demo.state
+    desktop_state=$data_dir/demo-desktop.state
+    picture=$data_dir/demo.png
+    profile=$(value_of "$demo_state" profile)
+    log=$data_dir/demo.log
+    export WINEPREFIX=${profile:-/nonexistent}/wine
+else
+    desktop_state=$data_dir/desktop.state
+    picture=$data_dir/desktop.png
+    log=$data_dir/quillo.log
+    export WINEPREFIX=$data_dir/wine
+fi
+
+if [[ $closing == yes ]] && ! is_up; then
+    close_quillo
+    exit 0
+fi
+
+build_preset windows-x64 quillo window_probe
+
+if [[ $demo == yes && $closing == no ]] && { ! is_up || ((!${#arguments[@]})); }; then
+    # A demo begins anew each time, unless it is only handed something to do.
+    if [[ -n $profile ]]; then clean_up; fi
+    prepare_demo
+    profile=$(value_of "$demo_state" profile)
+    export WINEPREFIX=$profile/wine
+fi
+if [[ $demo == yes ]]; then
+    unset XDG_DATA_HOME XDG_CONFIG_HOME
+    export HOME=$profile/home
+fi
+choose_desktop
+if [[ $demo == yes ]]; then
+    [[ $(value_of "$demo_state" ready) == yes ]] || set_up_demo
+else
+    ensure_prefix
+fi
+
+if [[ $closing == yes ]]; then
+    close_quillo "${arguments[@]}"
+else
+    launch "${arguments[@]}"
+    report
+fi

@@ -1,0 +1,161 @@
+// Tells the scripts how the program under test stands.
+//   window_probe wait SECONDS   waits until it is up; prints the notes folder and the visible notes
+//   window_probe gone SECONDS   waits until it has ended
+//   window_probe stay           stays until it is ended: keeps the desktop's services warm
+// Exit codes: 0 done, 1 not within the time, 2 wrong arguments.
+#include "platform/win32.h"
+
+// After windows.h, which it needs.
+#include <shlobj.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr DWORD kPollMilliseconds = 20;
+
+class Deadline {
+  public:
+    explicit Deadline(DWORD seconds) : end_(GetTickCount64() + ULONGLONG{seconds} * 1000) {}
+    [[nodiscard]] bool Passed() const { return GetTickCount64() >= end_; }
+    [[nodiscard]] DWORD LeftMilliseconds() const {
+        const ULONGLONG now = GetTickCount64();
+        return now >= end_ ? 0 : static_cast<DWORD>(end_ - now);
+    }
+
+  private:
+    ULONGLONG end_;
+};
+
+/// Writes UTF-8 and one line break, without the C library's translation.
+void PrintLine(const std::wstring& line) {
+    const int size = static_cast<int>(line.size());
+    const int bytes = WideCharToMultiByte(CP_UTF8, 0, line.data(), size, nullptr, 0, nullptr, nullptr);
+    std::string narrow(static_cast<std::size_t>(bytes), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, line.data(), size, narrow.data(), bytes, nullptr, nullptr);
+    narrow += '\n';
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), narrow.data(), static_cast<DWORD>(narrow.size()), &written, nullptr);
+}
+
+HWND FindNotifyWindow() {
+    return FindWindowW(nullptr, L"Quillo Notify");
+}
+
+/// The path as the host knows it, or empty on a system that has no other paths than its own.
+std::wstring HostPath(const std::wstring& path) {
+    using ToHostPath = char*(CDECL*)(const wchar_t*);
+    const auto procedure = GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name");
+    const auto toHostPath = reinterpret_cast<ToHostPath>(reinterpret_cast<void*>(procedure));
+    if (toHostPath == nullptr) return {};
+    char* const narrow = toHostPath(path.c_str());
+    if (narrow == nullptr) return {};
+    const int units = MultiByteToWideChar(CP_UTF8, 0, narrow, -1, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(units > 0 ? units : 1), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, narrow, -1, wide.data(), units);
+    wide.pop_back();
+    HeapFree(GetProcessHeap(), 0, narrow);
+    return wide;
+}
+
+bool UsesRoamingProfile() {
+    DWORD value = 0;
+    DWORD size = sizeof value;
+    const LSTATUS status = RegGetValueW(HKEY_LOCAL_MACHINE, L"Software\\Marrowind\\Quillo", L"Use roaming profile",
+                                        RRF_RT_REG_DWORD, nullptr, &value, &size);
+    return status == ERROR_SUCCESS && value != 0;
+}
+
+void PrintNotesFolder() {
+    wchar_t base[MAX_PATH] = L"";
+    const int folder = UsesRoamingProfile() ? CSIDL_APPDATA : CSIDL_LOCAL_APPDATA;
+    if (FAILED(SHGetFolderPathW(nullptr, folder, nullptr, SHGFP_TYPE_CURRENT, base))) return;
+    const std::wstring path = std::wstring(base) + L"\\Marrowind\\Notes";
+    PrintLine(L"folder\t" + path);
+    const std::wstring host = HostPath(path);
+    if (!host.empty()) PrintLine(L"hostfolder\t" + host);
+}
+
+struct NoteSearch {
+    DWORD process = 0;
+    std::vector<HWND> found;
+};
+
+BOOL CALLBACK CollectNote(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<NoteSearch*>(parameter);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    wchar_t name[64] = L"";
+    GetClassNameW(window, name, static_cast<int>(sizeof name / sizeof *name));
+    if (process == search.process && IsWindowVisible(window) && std::wstring(name) == L"QuilloNote") {
+        search.found.push_back(window);
+    }
+    return TRUE;
+}
+
+void PrintNotes(DWORD process) {
+    NoteSearch search{process, {}};
+    EnumWindows(CollectNote, reinterpret_cast<LPARAM>(&search));
+    for (const HWND note : search.found) {
+        RECT box{};
+        GetWindowRect(note, &box);
+        PrintLine(L"note\t" + std::to_wstring(box.left) + L"\t" + std::to_wstring(box.top) + L"\t" +
+                  std::to_wstring(box.right - box.left) + L"\t" + std::to_wstring(box.bottom - box.top));
+    }
+}
+
+/// Up means: the hidden window is there, the program waits for input (start-up is over) and answers.
+int WaitUntilUp(DWORD seconds) {
+    const Deadline deadline(seconds);
+    for (; !deadline.Passed(); Sleep(kPollMilliseconds)) {
+        const HWND notify = FindNotifyWindow();
+        if (notify == nullptr) continue;
+        DWORD process = 0;
+        GetWindowThreadProcessId(notify, &process);
+        const HANDLE handle = OpenProcess(PROCESS_QUERY_INFORMATION | SYNCHRONIZE, FALSE, process);
+        if (handle == nullptr) continue;
+        const DWORD idle = WaitForInputIdle(handle, deadline.LeftMilliseconds());
+        CloseHandle(handle);
+        DWORD_PTR answer = 0;
+        if (idle != 0 || SendMessageTimeoutW(notify, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 1000, &answer) == 0) continue;
+        PrintNotesFolder();
+        PrintNotes(process);
+        return 0;
+    }
+    return 1;
+}
+
+int WaitUntilGone(DWORD seconds) {
+    const Deadline deadline(seconds);
+    DWORD process = 0;
+    if (const HWND notify = FindNotifyWindow(); notify != nullptr) GetWindowThreadProcessId(notify, &process);
+    if (process == 0) return 0;
+    const HANDLE handle = OpenProcess(SYNCHRONIZE, FALSE, process);
+    if (handle == nullptr) return 0;
+    const DWORD result = WaitForSingleObject(handle, deadline.LeftMilliseconds());
+    CloseHandle(handle);
+    return result == WAIT_OBJECT_0 ? 0 : 1;
+}
+
+int Stay() {
+    // The first window of all makes the system set up the desktop.
+    const HWND window = CreateWindowExW(0, L"Static", L"Window probe", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
+                                        GetModuleHandleW(nullptr), nullptr);
+    if (window == nullptr) return 1;
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+    return 0;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const std::string verb = count > 1 ? arguments[1] : "";
+    const DWORD seconds = count > 2 ? static_cast<DWORD>(std::strtoul(arguments[2], nullptr, 10)) : 30;
+    if (verb == "wait") return WaitUntilUp(seconds);
+    if (verb == "gone") return WaitUntilGone(seconds);
+    if (verb == "stay") return Stay();
+    return 2;
+}
