@@ -1,4 +1,6 @@
 target_sources(quillo_core PRIVATE
   controls/button_state.cpp
   controls/swatch_palette.cpp
+  controls/tray_record.cpp
+  controls/tray_rules.cpp
 )

@@ -1,0 +1,3 @@
+target_sources(quillo_shell PRIVATE
+  controls/tessel_tray_lite.cpp
+)

@@ -1,0 +1,107 @@
+#include "controls/tray_record.h"
+
+#include <algorithm>
+#include <span>
+#include <string>
+
+#include "ports/locale_text.h"
+
+namespace quillo {
+namespace {
+
+using Record32 = TrayRecordOf<std::uint32_t>;
+using Record64 = TrayRecordOf<std::uint64_t>;
+
+static_assert(sizeof(Record32) == 488);
+static_assert(offsetof(Record32, size) == 0);
+static_assert(offsetof(Record32, window) == 4);
+static_assert(offsetof(Record32, id) == 8);
+static_assert(offsetof(Record32, flags) == 12);
+static_assert(offsetof(Record32, callbackMessage) == 16);
+static_assert(offsetof(Record32, icon) == 20);
+static_assert(offsetof(Record32, tip) == 24);
+static_assert(offsetof(Record32, state) == 152);
+static_assert(offsetof(Record32, stateMask) == 156);
+static_assert(offsetof(Record32, info) == 160);
+static_assert(offsetof(Record32, timeoutOrVersion) == 416);
+static_assert(offsetof(Record32, infoTitle) == 420);
+static_assert(offsetof(Record32, infoFlags) == 484);
+
+static_assert(sizeof(Record64) == 504);
+static_assert(offsetof(Record64, size) == 0);
+static_assert(offsetof(Record64, window) == 8);
+static_assert(offsetof(Record64, id) == 16);
+static_assert(offsetof(Record64, flags) == 20);
+static_assert(offsetof(Record64, callbackMessage) == 24);
+static_assert(offsetof(Record64, icon) == 32);
+static_assert(offsetof(Record64, tip) == 40);
+static_assert(offsetof(Record64, state) == 168);
+static_assert(offsetof(Record64, stateMask) == 172);
+static_assert(offsetof(Record64, info) == 176);
+static_assert(offsetof(Record64, timeoutOrVersion) == 432);
+static_assert(offsetof(Record64, infoTitle) == 436);
+static_assert(offsetof(Record64, infoFlags) == 500);
+
+/// The part of the tip that is written.
+constexpr std::size_t kTipBytes = 64;
+
+/// The longest start of `text` of at most `most` code units that ends with a whole character.
+std::u16string_view WholeCharacters(std::u16string_view text, std::size_t most) {
+    if (text.size() <= most) return text;
+    if (most == 0) return {};
+    const char16_t last = text[most - 1];
+    const char16_t next = text[most];
+    const bool pairCut = last >= 0xD800 && last <= 0xDBFF && next >= 0xDC00 && next <= 0xDFFF;
+    return text.substr(0, pairCut ? most - 1 : most);
+}
+
+void WriteText(std::span<char> field, std::size_t mostCharacters, std::u16string_view text, LocaleText& locale) {
+    const std::size_t mostBytes = field.size() - 1;
+    text = WholeCharacters(text, mostCharacters);
+    std::string bytes = locale.ToNarrow(text);
+    // Shortened in characters, not in bytes: half a double-byte character would swallow the NUL after it.
+    while (bytes.size() > mostBytes) {
+        text = WholeCharacters(text, text.size() - 1);
+        bytes = locale.ToNarrow(text);
+    }
+    std::fill(std::copy(bytes.begin(), bytes.end(), field.begin()), field.end(), '\0');
+}
+
+}  // namespace
+
+template <typename HandleWord>
+void FillForAdding(TrayRecordOf<HandleWord>& record, HandleWord window, HandleWord icon) {
+    record.size = sizeof record;
+    record.window = window;
+    record.id = kTrayIconId;
+    record.flags = kTrayFlags;
+    record.callbackMessage = kTrayCallbackMessage;
+    record.icon = icon;
+    record.timeoutOrVersion = kTrayVersion;
+}
+
+template <typename HandleWord>
+void WriteTip(TrayRecordOf<HandleWord>& record, std::u16string_view text, LocaleText& locale) {
+    WriteText(std::span(record.tip).template first<kTipBytes>(), kMostTipCharacters, text, locale);
+}
+
+template <typename HandleWord>
+void WriteBalloon(TrayRecordOf<HandleWord>& record, std::u16string_view text, std::u16string_view title,
+                  std::uint32_t iconType, std::int32_t timeoutSeconds, LocaleText& locale) {
+    record.timeoutOrVersion = static_cast<std::uint32_t>(timeoutSeconds);
+    WriteText(record.info, kMostInfoCharacters, text, locale);
+    WriteText(record.infoTitle, kMostInfoTitleCharacters, title, locale);
+    record.infoFlags = iconType;
+}
+
+// Both layouts in every build, so that each is tested on any machine.
+template void FillForAdding(Record32&, std::uint32_t, std::uint32_t);
+template void FillForAdding(Record64&, std::uint64_t, std::uint64_t);
+template void WriteTip(Record32&, std::u16string_view, LocaleText&);
+template void WriteTip(Record64&, std::u16string_view, LocaleText&);
+template void WriteBalloon(Record32&, std::u16string_view, std::u16string_view, std::uint32_t, std::int32_t,
+                           LocaleText&);
+template void WriteBalloon(Record64&, std::u16string_view, std::u16string_view, std::uint32_t, std::int32_t,
+                           LocaleText&);
+
+}  // namespace quillo
