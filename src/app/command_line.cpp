@@ -11,10 +11,6 @@ namespace {
 constexpr std::u16string_view kClose = u"/close";
 constexpr std::u16string_view kNew = u"/new";
 
-bool BeginsWith(std::u16string_view text, std::u16string_view prefix) {
-    return EqualsIgnoringAsciiCase(text.substr(0, prefix.size()), prefix);
-}
-
 /// The path of a command line that begins with "@" or is a path; blanks around it removed.
 std::u16string_view PathOf(std::u16string_view commandLine) {
     commandLine = Trim(commandLine);
@@ -27,7 +23,7 @@ std::u16string_view PathOf(std::u16string_view commandLine) {
 Command ClassifyFirstStart(std::u16string_view commandLine) {
     const std::u16string_view trimmed = Trim(commandLine);
     if (trimmed.empty()) return {};
-    if (BeginsWith(trimmed, kClose)) return {Command::Kind::Close, {}};
+    if (StartsWithIgnoringAsciiCase(trimmed, kClose)) return {Command::Kind::Close, {}};
     // Intended: "/new" is for a running instance only; a first start calls it unknown.
     if (trimmed.front() == u'/') return {Command::Kind::Unknown, std::u16string(trimmed)};
     return {Command::Kind::OpenFile, std::u16string(PathOf(trimmed))};
@@ -36,8 +32,8 @@ Command ClassifyFirstStart(std::u16string_view commandLine) {
 Command ClassifyReceived(std::u16string_view text) {
     if (text.empty()) return {};
     if (text.front() != u'/') return {Command::Kind::OpenFile, std::u16string(PathOf(text))};
-    if (BeginsWith(text, kClose)) return {Command::Kind::Close, {}};
-    if (BeginsWith(text, kNew)) return {Command::Kind::New, {}};
+    if (StartsWithIgnoringAsciiCase(text, kClose)) return {Command::Kind::Close, {}};
+    if (StartsWithIgnoringAsciiCase(text, kNew)) return {Command::Kind::New, {}};
     return {};
 }
 

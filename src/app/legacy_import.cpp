@@ -12,6 +12,7 @@
 #include "app/registry_keys.h"
 #include "ports/locale_text.h"
 #include "registry/tessel_registry.h"
+#include "util/numbers.h"
 #include "util/text.h"
 
 namespace quillo {
@@ -28,8 +29,7 @@ constexpr std::u16string_view kFileName = u"Note filename ";
 constexpr std::u16string_view kUnknownSize = u"0,0,2000,2000,0";
 
 std::u16string Numbered(std::u16string_view name, std::int64_t number) {
-    const std::string digits = std::to_string(number);
-    return std::u16string(name).append(digits.begin(), digits.end());
+    return std::u16string(name) + FormatInteger(number);
 }
 
 std::vector<std::u16string_view> SplitFields(std::u16string_view text) {

@@ -3,6 +3,7 @@
 #include "app/settings.h"
 #include "ports/file_store.h"
 #include "ports/shell.h"
+#include "util/numbers.h"
 #include "util/text.h"
 
 namespace quillo {
@@ -57,12 +58,6 @@ std::u16string_view BeginningOf(std::u16string_view clean) {
     return clean.substr(0, cutsPair ? kLongestName - 1 : kLongestName);
 }
 
-std::u16string Digits(int number) {
-    std::u16string digits;
-    for (; number > 0; number /= 10) digits.insert(digits.begin(), static_cast<char16_t>(u'0' + number % 10));
-    return digits;
-}
-
 }  // namespace
 
 std::u16string NoteNames::SuggestNoteFileName(std::u16string_view text) {
@@ -80,7 +75,7 @@ std::u16string NoteNames::SuggestNoteFileName(std::u16string_view text) {
         number = 2;
     }
     for (;; ++number) {
-        std::u16string numbered = base + separator + Digits(number) + std::u16string(kNoteExtension);
+        std::u16string numbered = base + separator + FormatInteger(number) + std::u16string(kNoteExtension);
         if (!files_.FileExists(numbered)) return numbered;
     }
 }

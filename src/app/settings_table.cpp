@@ -164,7 +164,9 @@ struct Saver {
     }
     void operator()(const NumberSetting& row) const { registry.SetValueLong(name, row.member(settings)); }
     void operator()(const ColorSetting& row) const { registry.SetValueLong(name, row.member(settings).Number()); }
-    void operator()(const NumberTextSetting& row) const { registry.SetValue(name, FormatNumber(row.member(settings))); }
+    void operator()(const NumberTextSetting& row) const {
+        registry.SetValue(name, FormatSingle(static_cast<float>(row.member(settings)), u"."));
+    }
     void operator()(const FontStyleSetting& /*row*/) const {
         const FontSetting& font = settings.noteFont;
         registry.SetValueLong(name, (font.bold ? kBold : 0) | (font.italic ? kItalic : 0) |

@@ -1,2 +1,3 @@
 target_sources(quillo_core PRIVATE
+  registry/tessel_registry.cpp
 )

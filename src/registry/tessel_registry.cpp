@@ -32,11 +32,8 @@ constexpr std::uint32_t kLastIndex = 32767;
 
 /// 0, which no key can be created under, for a name that is not in the table. Abbreviations are not.
 RegistryApi::Key FindRoot(std::u16string_view name) {
-    const auto upper = [](char16_t c) { return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - u'a' + u'A') : c; };
-    std::u16string folded(name);
-    std::transform(folded.begin(), folded.end(), folded.begin(), upper);
-    const auto* found =
-        std::find_if(kRoots.begin(), kRoots.end(), [&folded](const Root& root) { return root.name == folded; });
+    const auto* found = std::find_if(kRoots.begin(), kRoots.end(),
+                                     [name](const Root& root) { return EqualsIgnoringAsciiCase(root.name, name); });
     return found == kRoots.end() ? 0 : found->key;
 }
 

@@ -1,4 +1,5 @@
 target_sources(quillo_testing PRIVATE
+  testing/fake_registry_api.cpp
   testing/fakes.cpp
   testing/recording_canvas.cpp
   testing/fake_note_view.cpp
