@@ -1,0 +1,15 @@
+#pragma once
+
+#include "ports/clock.h"
+
+namespace quillo {
+
+/// A clock that stands still until it is set: 21 November 2026, 09:30 at first.
+class FakeClock : public Clock {
+  public:
+    [[nodiscard]] DaySerial Now() override { return now; }
+
+    DaySerial now = ToDaySerial({2026, 11, 21, 9, 30, 0});
+};
+
+}  // namespace quillo

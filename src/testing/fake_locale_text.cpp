@@ -1,0 +1,194 @@
+#include "testing/fake_locale_text.h"
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+#include "util/numbers.h"
+#include "util/text.h"
+
+namespace quillo {
+namespace {
+
+// Windows-1252 from 0x80 to 0x9F; the unused places stand for the control characters of the same number.
+constexpr std::array<char16_t, 32> kUpperControls = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                                     0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+char NarrowOf(char16_t c) {
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
+    for (std::size_t i = 0; i < kUpperControls.size(); ++i) {
+        if (kUpperControls[i] == c) return static_cast<char>(0x80 + i);
+    }
+    return '?';
+}
+
+char16_t LowerOf(char16_t c) {
+    if (c < 0x80) return AsciiLower(c);
+    const bool latin = c >= 0xC0 && c <= 0xDE && c != 0xD7;
+    const bool greek = c >= 0x391 && c <= 0x3A9 && c != 0x3A2;
+    const bool cyrillic = c >= 0x410 && c <= 0x42F;
+    if (latin || greek || cyrillic) return static_cast<char16_t>(c + 0x20);
+    if (c >= 0x400 && c <= 0x40F) return static_cast<char16_t>(c + 0x50);
+    if (c >= 0x100 && c <= 0x137 && c != 0x130) return static_cast<char16_t>(c | 1);
+    if (c == 0x160 || c == 0x152) return static_cast<char16_t>(c + 1);
+    return c;
+}
+
+std::u16string Padded(int number) {
+    return (number < 10 ? u"0" : u"") + FormatInteger(number);
+}
+
+// The whole numbers between the separators; nothing when an entry is empty, too long or not of digits only.
+std::optional<std::vector<int>> SplitDigits(std::u16string_view text, char16_t separator) {
+    std::vector<int> numbers{0};
+    int digits = 0;
+    for (const char16_t c : text) {
+        if (c == separator && digits > 0) {
+            numbers.push_back(0);
+            digits = 0;
+        } else if (c >= u'0' && c <= u'9' && ++digits <= 4) {
+            numbers.back() = numbers.back() * 10 + (c - u'0');
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (digits == 0) return std::nullopt;
+    return numbers;
+}
+
+std::optional<CivilTime> ReadDate(std::u16string_view text) {
+    const auto numbers = SplitDigits(text, u'/');
+    if (!numbers || numbers->size() != 3) return std::nullopt;
+    const CivilTime date{(*numbers)[2], (*numbers)[0], (*numbers)[1], 0, 0, 0};
+    if (date.year < 100 || ToCivilTime(ToDaySerial(date)) != date) return std::nullopt;
+    return date;
+}
+
+bool ReadTime(std::u16string_view text, CivilTime& time) {
+    std::u16string folded = FoldAscii(text);
+    const bool am = folded.size() > 2 && folded.compare(folded.size() - 2, 2, u"am") == 0;
+    const bool pm = folded.size() > 2 && folded.compare(folded.size() - 2, 2, u"pm") == 0;
+    if (am || pm) folded.resize(folded.size() - 2);
+    const auto numbers = SplitDigits(Trim(folded), u':');
+    if (!numbers || numbers->size() > 3 || (numbers->size() == 1 && !am && !pm)) return false;
+    int hour = (*numbers)[0];
+    if (am || pm) {
+        if (hour < 1 || hour > 12) return false;
+        hour = hour % 12 + (pm ? 12 : 0);
+    }
+    time.hour = hour;
+    time.minute = numbers->size() > 1 ? (*numbers)[1] : 0;
+    time.second = numbers->size() > 2 ? (*numbers)[2] : 0;
+    return time.hour < 24 && time.minute < 60 && time.second < 60;
+}
+
+}  // namespace
+
+std::string FakeLocaleText::ToNarrow(std::u16string_view text) {
+    std::string bytes;
+    for (const char16_t c : text) bytes += NarrowOf(c);
+    return bytes;
+}
+
+std::u16string FakeLocaleText::FromNarrow(std::string_view bytes) {
+    std::u16string text;
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        text += code >= 0x80 && code < 0xA0 ? kUpperControls[code - 0x80U] : static_cast<char16_t>(code);
+    }
+    return text;
+}
+
+std::u16string FakeLocaleText::FromUtf8(std::string_view bytes) {
+    std::u16string text;
+    for (std::size_t i = 0; i < bytes.size();) {
+        const unsigned lead = static_cast<unsigned char>(bytes[i++]);
+        const int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
+        unsigned code = more == 3 ? lead & 7U : more == 2 ? lead & 15U : more == 1 ? lead & 31U : lead;
+        for (int k = 0; k < more && i < bytes.size(); ++k)
+            code = code << 6 | (static_cast<unsigned char>(bytes[i++]) & 63U);
+        if (code > 0xFFFF) {
+            text += static_cast<char16_t>(0xD7C0 + (code >> 10));
+            code = 0xDC00 | (code & 0x3FFU);
+        }
+        text += static_cast<char16_t>(code);
+    }
+    return text;
+}
+
+std::u16string FakeLocaleText::ToLower(std::u16string_view text) {
+    std::u16string lower(text);
+    for (char16_t& c : lower) c = LowerOf(c);
+    return lower;
+}
+
+std::optional<double> FakeLocaleText::ParseNumber(std::u16string_view text) {
+    const char16_t group = decimalSeparator == u"," ? u'.' : u',';
+    std::u16string plain;
+    for (std::u16string_view rest = Trim(text); !rest.empty(); rest.remove_prefix(1)) {
+        const char16_t c = rest.front();
+        if (rest.substr(0, decimalSeparator.size()) == decimalSeparator) {
+            plain += u'.';
+        } else if (c >= u'a' && c != u'e') {
+            return std::nullopt;
+        } else if (c != group) {
+            plain += c;
+        }
+    }
+    bool hasDigit = false;
+    bool hasExponent = false;
+    bool hasPoint = false;
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        const char16_t c = AsciiLower(plain[i]);
+        const bool afterStart = i == 0 || AsciiLower(plain[i - 1]) == u'e';
+        if (c >= u'0' && c <= u'9') {
+            hasDigit = true;
+        } else if (c == u'.' && !hasPoint && !hasExponent) {
+            hasPoint = true;
+        } else if (c == u'e' && hasDigit && !hasExponent && i + 1 < plain.size()) {
+            hasExponent = true;
+        } else if (!((c == u'+' || c == u'-') && afterStart && i + 1 < plain.size())) {
+            return std::nullopt;
+        }
+    }
+    const double value = ParseLeadingNumber(plain);
+    if (!hasDigit || !std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
+std::optional<DaySerial> FakeLocaleText::ParseDate(std::u16string_view text) {
+    const std::u16string_view trimmed = Trim(text);
+    const std::size_t blank = trimmed.find(u' ');
+    CivilTime when;
+    if (const auto date = ReadDate(trimmed.substr(0, blank))) {
+        when = *date;
+        if (blank != std::u16string_view::npos && !ReadTime(Trim(trimmed.substr(blank)), when)) return std::nullopt;
+    } else if (!ReadTime(trimmed, when)) {
+        return std::nullopt;
+    }
+    return ToDaySerial(when);
+}
+
+std::u16string FakeLocaleText::ShortDate(DaySerial when) {
+    const CivilTime time = ToCivilTime(when);
+    return FormatInteger(time.month) + u"/" + FormatInteger(time.day) + u"/" + FormatInteger(time.year);
+}
+
+std::u16string FakeLocaleText::LongTime(DaySerial when) {
+    const CivilTime time = ToCivilTime(when);
+    const int hour = time.hour % 12 == 0 ? 12 : time.hour % 12;
+    return FormatInteger(hour) + u":" + Padded(time.minute) + u":" + Padded(time.second) +
+           (time.hour < 12 ? u" AM" : u" PM");
+}
+
+std::u16string FakeLocaleText::GeneralDate(DaySerial when) {
+    const CivilTime time = ToCivilTime(when);
+    if (time.hour == 0 && time.minute == 0 && time.second == 0) return ShortDate(when);
+    if (time.year == 1899 && time.month == 12 && time.day == 30) return LongTime(when);
+    return ShortDate(when) + u" " + LongTime(when);
+}
+
+}  // namespace quillo

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ports/shell.h"
+
+namespace quillo {
+
+class FakeFileStore;
+
+/// A shell with the special folders of a user named Ann. With a disk, its Recycle Bin takes the files away.
+class FakeShell : public Shell {
+  public:
+    struct Recycled {
+        std::u16string path;
+        std::string content;  ///< "" without a disk
+    };
+    struct IgnoreCase {
+        bool operator()(const std::u16string& a, const std::u16string& b) const;
+    };
+
+    FakeShell();
+    explicit FakeShell(FakeFileStore& files);
+
+    // The port.
+    [[nodiscard]] std::u16string FolderPath(SpecialFolder folder) override;
+    [[nodiscard]] std::u16string WindowsFolder() override { return windowsFolder; }
+    [[nodiscard]] std::u16string SystemFolder() override { return systemFolder; }
+    [[nodiscard]] std::u16string ProgramPath() override { return programPath; }
+    [[nodiscard]] std::u16string FullPath(std::u16string_view path) override;
+    bool Open(std::u16string_view path) override;
+    [[nodiscard]] std::u16string LinkTarget(std::u16string_view path) override;
+    [[nodiscard]] bool Recycle(std::u16string_view path) override;
+    /// {00000000-0000-0000-0000-000000000001} and so on.
+    [[nodiscard]] std::u16string NewUniqueIdentifier() override;
+
+    /// "" for a folder that does not exist.
+    void SetFolder(SpecialFolder folder, std::u16string_view path) { folders_[folder] = path; }
+    void SetLink(std::u16string_view path, std::u16string_view target);
+
+    std::u16string windowsFolder = u"C:\\Windows";
+    std::u16string systemFolder = u"C:\\Windows\\System32";
+    std::u16string programPath = u"C:\\Program Files\\Quillo\\quillo.exe";
+    std::u16string currentFolder = u"C:\\Users\\ann";
+    std::map<std::u16string, std::u16string, IgnoreCase> linkTargets;
+    std::vector<std::u16string> opened;
+    std::vector<Recycled> recycled;
+    bool openWorks = true;
+    bool recycleWorks = true;
+
+  private:
+    FakeFileStore* files_ = nullptr;
+    std::map<SpecialFolder, std::u16string> folders_;
+    int identifiers_ = 0;
+};
+
+}  // namespace quillo

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ports/user_notice.h"
+
+namespace quillo {
+
+/// A user who reads everything and gives one answer to every question.
+class FakeUserNotice : public UserNotice {
+  public:
+    struct AskedQuestion {
+        std::u16string text;
+        Question question = Question::YesNoDefaultNo;
+    };
+    struct ShownBalloon {
+        std::u16string title;
+        std::u16string text;
+        BalloonIcon icon = BalloonIcon::None;
+    };
+
+    void Fail(std::u16string_view text) override { fails.emplace_back(text); }
+    void Inform(std::u16string_view text) override { informs.emplace_back(text); }
+    [[nodiscard]] bool Ask(std::u16string_view text, Question question) override {
+        questions.push_back({std::u16string(text), question});
+        if (onAsk) onAsk();
+        return answer;
+    }
+    void Balloon(std::u16string_view title, std::u16string_view text, BalloonIcon icon) override {
+        balloons.push_back({std::u16string(title), std::u16string(text), icon});
+    }
+    void Play(SystemSound sound) override { sounds.push_back(sound); }
+
+    /// Forgets what was shown and played; keeps the answer.
+    void Clear() {
+        fails.clear();
+        informs.clear();
+        questions.clear();
+        balloons.clear();
+        sounds.clear();
+    }
+
+    std::vector<std::u16string> fails;
+    std::vector<std::u16string> informs;
+    std::vector<AskedQuestion> questions;
+    std::vector<ShownBalloon> balloons;
+    std::vector<SystemSound> sounds;
+    bool answer = true;
+    std::function<void()> onAsk;  ///< what happens while the box is open
+};
+
+}  // namespace quillo
