@@ -8,7 +8,7 @@ set -euo pipefail
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/scripts/lib.sh"
 
 ring=${1:-all}
-(($# <= 1)) && [[ $ring == @(all|unit|e2e) ]] || die "usage: ./test.sh [unit|e2e]"
+[[ $# -le 1 && $ring == @(all|unit|e2e) ]] || die "usage: ./test.sh [unit|e2e]"
 
 ensure_packages "${test_packages[@]}"
 
