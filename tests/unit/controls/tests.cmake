@@ -1,4 +1,6 @@
 target_sources(quillo_core_tests PRIVATE
   unit/controls/button_state_test.cpp
   unit/controls/swatch_palette_test.cpp
+  unit/controls/tray_record_test.cpp
+  unit/controls/tray_rules_test.cpp
 )
