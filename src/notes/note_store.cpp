@@ -1,0 +1,39 @@
+#include "notes/note_store.h"
+
+#include "app/note_names.h"
+#include "ports/file_store.h"
+#include "ports/shell.h"
+#include "util/ignore.h"
+
+namespace quillo {
+
+std::u16string NoteStore::SaveNote(const NoteFileContent& content, const SaveTarget& target) {
+    std::u16string path = target.fileName;
+    bool programNamed = target.isTempName;
+    if (path.empty() || (!target.overwrite && files_.FileExists(path))) {
+        path = names_.SuggestNoteFileName(content.text);
+        programNamed = true;
+    }
+    const FileKind named = programNamed ? FileKind::ProgramNamed : FileKind::OwnFile;
+    const FileKind kind = target.noDelete ? FileKind::StorageCopy : named;
+    const std::string bytes = WriteNoteFile(content, kind, path, locale_);
+    if (target.durable ? files_.Replace(path, bytes) : files_.Write(path, bytes)) return path;
+
+    if (target.isTempName) return {};
+    // Once more, under a name made from the text.
+    return SaveNote(content, {u"", true, target.noDelete, false, target.durable});
+}
+
+std::u16string NoteStore::NewStoragePath(std::u16string_view notesFolder) {
+    return std::u16string(notesFolder) + u"\\" + shell_.NewUniqueIdentifier() + u".qln";
+}
+
+void NoteStore::DeleteStorageCopy(std::u16string_view path) {
+    if (!path.empty()) Ignore(files_.Delete(path), "the note is closed all the same");
+}
+
+void NoteStore::Recycle(std::u16string_view path) {
+    if (!path.empty()) Ignore(shell_.Recycle(path), "the file then stays where it is");
+}
+
+}  // namespace quillo
