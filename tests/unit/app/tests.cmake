@@ -1,3 +1,12 @@
 target_sources(quillo_core_tests PRIVATE
+  unit/app/command_line_test.cpp
+  unit/app/legacy_import_test.cpp
+  unit/app/note_names_test.cpp
+  unit/app/note_opening_test.cpp
+  unit/app/notes_folder_test.cpp
+  unit/app/open_notes_test.cpp
   unit/app/os_facts_test.cpp
+  unit/app/quit_test.cpp
+  unit/app/settings_table_test.cpp
+  unit/app/startup_test.cpp
 )

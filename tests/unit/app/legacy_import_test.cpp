@@ -1,0 +1,198 @@
+#include "app/legacy_import.h"
+
+#include <gtest/gtest.h>
+
+#include "app/registry_keys.h"
+#include "test_program.h"
+
+namespace quillo {
+namespace {
+
+class LegacyNotesTest : public testing::Test {
+  protected:
+    void PutNote(int number, std::u16string_view text, std::u16string_view size, std::u16string_view reminder = u"",
+                 std::u16string_view appearance = u"", std::u16string_view fileName = u"") {
+        const std::u16string n = FormatInteger(number);
+        test_.registry.Put(kUserKey, u"Note " + n, text);
+        test_.registry.Put(kUserKey, u"Note size " + n, size);
+        test_.registry.Put(kUserKey, u"Note reminder " + n, reminder);
+        test_.registry.Put(kUserKey, u"Note appearance " + n, appearance);
+        test_.registry.Put(kUserKey, u"Note filename " + n, fileName);
+    }
+    void PutCount(int count) { test_.registry.Put(kUserKey, u"Notes", count); }
+    bool Import() { return test_.legacy.Import(test_.world); }
+
+    TestProgram test_;
+};
+
+TEST_F(LegacyNotesTest, TwoNotesMoveFromTheRegistryIntoFiles) {
+    PutCount(2);
+    PutNote(1, u"Buy milk", u"150,300,3000,2400,-1", u"#45123.75", u"True,True,255,65280,16711680,0", u"C:\\milk.qln");
+    PutNote(2, u"Call Bob", u"0,0,2000,2000,0");
+    ASSERT_EQ(test_.registry.ValueCount(kUserKey), 11U);
+
+    EXPECT_FALSE(Import());
+    ASSERT_EQ(test_.program.openNotes.Count(), 2U);
+    const OpenNote& first = test_.views.Note(0);
+    EXPECT_EQ(first.Text(), u"Buy milk");
+    EXPECT_EQ(test_.views.View(0).Rectangle(), (TwipsRect{150, 300, 3000, 2400}));
+    EXPECT_TRUE(first.Data().Pinned);
+    EXPECT_TRUE(first.Data().ReminderSet);
+    EXPECT_EQ(first.Data().ReminderTime.days, 45123.75);
+    EXPECT_TRUE(first.Data().LargeText);
+    EXPECT_EQ(first.Data().NoteColor, ColorWord{255});
+    EXPECT_EQ(first.Data().FileName, u"C:\\milk.qln");
+    EXPECT_TRUE(first.IsVisible());
+    EXPECT_EQ(test_.views.Note(1).Text(), u"Call Bob");
+    EXPECT_FALSE(test_.views.Note(1).Data().Pinned);
+    EXPECT_TRUE(test_.views.Note(1).IsVisible());
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U) << "the import deletes nothing";
+
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.StoredFiles().size(), 2U);
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
+}
+
+TEST_F(LegacyNotesTest, AnEmptySizeIsTheTopLeftCorner) {
+    PutCount(1);
+    PutNote(1, u"text", u"");
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.views.View(0).Rectangle(), (TwipsRect{0, 0, 2000, 2000}));
+    EXPECT_FALSE(test_.views.Note(0).Data().Pinned);
+}
+
+TEST_F(LegacyNotesTest, ADamagedSizeLeavesTheFailingPartUnapplied) {
+    struct Case {
+        std::u16string_view size;
+        bool moved;
+        bool pinned;
+    };
+    const Case cases[] = {
+        {u"15,30,1500,1500", true, false},     {u"15,30,1500", false, false},
+        {u"15,30,1500,1500,-1", true, true},   {u"15,30,1500,1500,1,9", true, true},
+        {u"15,30,1500,1500,x", true, false},   {u"15,30,1500,1500,", true, false},
+        {u"x,30,1500,1500,1", false, true},    {u"15,30,,1500,1", false, true},
+        {u"15,30,1500,1500,True", true, true}, {u"15,30,1500,1500,False", true, false},
+        {u"nonsense", false, false},
+    };
+    for (const Case& c : cases) {
+        TestProgram fresh;
+        const TwipsRect before = FakeNoteView().Rectangle();
+        fresh.registry.Put(kUserKey, u"Notes", 1);
+        fresh.registry.Put(kUserKey, u"Note size 1", c.size);
+        EXPECT_FALSE(fresh.legacy.Import(fresh.world));
+        const TwipsRect expected = c.moved ? TwipsRect{15, 30, 1500, 1500} : before;
+        EXPECT_EQ(fresh.views.View(0).Rectangle(), expected) << testing::PrintToString(std::u16string(c.size));
+        EXPECT_EQ(fresh.views.Note(0).Data().Pinned, c.pinned) << testing::PrintToString(std::u16string(c.size));
+    }
+}
+
+TEST_F(LegacyNotesTest, AHiddenNoteIsReported) {
+    PutCount(2);
+    PutNote(1, u"shown", u"");
+    PutNote(2, u"hidden", u"", u"", u"False,False,0,0,0,1");
+    EXPECT_TRUE(Import());
+    EXPECT_TRUE(test_.views.Note(0).IsVisible());
+    EXPECT_FALSE(test_.views.Note(1).IsVisible());
+}
+
+TEST_F(LegacyNotesTest, AMissingCountImportsNothing) {
+    PutNote(1, u"text", u"");
+    EXPECT_FALSE(Import());
+    PutCount(-1);
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.program.openNotes.Count(), 0U);
+}
+
+TEST_F(LegacyNotesTest, TheLimitOfOpenNotesDoesNotHold) {
+    test_.FillUpTo(kMaxOpenNotes);
+    PutCount(1);
+    PutNote(1, u"one more", u"");
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.program.openNotes.Count(), kMaxOpenNotes + 1);
+    EXPECT_TRUE(test_.notice.balloons.empty());
+}
+
+TEST_F(LegacyNotesTest, TwoDigitNumbersFollowTheirBlankDirectly) {
+    PutCount(12);
+    for (int number = 1; number <= 12; ++number) PutNote(number, u"note " + FormatInteger(number), u"");
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.views.Note(11).Text(), u"note 12");
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
+    EXPECT_EQ(test_.StoredFiles().size(), 12U);
+}
+
+TEST_F(LegacyNotesTest, TheValuesAreDeletedInOrderAndTheCountLast) {
+    PutCount(1);
+    PutNote(1, u"text", u"");
+    EXPECT_FALSE(Import());
+    test_.registry.ClearLog();
+    test_.legacy.SaveAllNotesAndClear();
+    const std::vector<std::u16string> expected{u"open " + std::u16string(kUserKey),
+                                               u"delete Note 1",
+                                               u"delete Note size 1",
+                                               u"delete Note reminder 1",
+                                               u"delete Note appearance 1",
+                                               u"delete Note filename 1",
+                                               u"delete Notes"};
+    EXPECT_EQ(test_.registry.Log(), expected);
+}
+
+TEST_F(LegacyNotesTest, NoValueGoesBeforeEveryNoteIsInAFile) {
+    PutCount(2);
+    PutNote(1, u"first", u"");
+    PutNote(2, u"second", u"");
+    EXPECT_FALSE(Import());
+    test_.files.FailWrites(true);
+    test_.legacy.SaveAllNotesAndClear();
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U);
+    EXPECT_TRUE(test_.StoredFiles().empty());
+
+    test_.files.FailWrites(false);
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.StoredFiles().size(), 2U) << "a note that could not be saved is tried again";
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
+}
+
+TEST_F(LegacyNotesTest, ANoteThatWasClosedNoLongerKeepsTheStore) {
+    PutCount(1);
+    PutNote(1, u"first", u"");
+    EXPECT_FALSE(Import());
+    test_.files.FailWrites(true);
+    test_.legacy.SaveAllNotesAndClear();
+    test_.files.FailWrites(false);
+    test_.views.Note(0).CloseNote();
+    ASSERT_EQ(test_.program.openNotes.Count(), 0U);
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
+}
+
+TEST_F(LegacyNotesTest, TheStoreIsNotClearedBeforeItWasImported) {
+    PutCount(1);
+    PutNote(1, u"text", u"");
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 6U);
+}
+
+TEST_F(LegacyNotesTest, ASecondStartImportsNothing) {
+    PutCount(1);
+    PutNote(1, u"text", u"");
+    EXPECT_FALSE(Import());
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.program.openNotes.Count(), 1U);
+}
+
+TEST_F(LegacyNotesTest, SavingWritesChangedNotesOnly) {
+    test_.FillUpTo(3);
+    EXPECT_FALSE(Import());
+    test_.views.Note(1).SetText(u"changed");
+    test_.views.Note(1).MarkChanged();
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.StoredFiles().size(), 1U);
+}
+
+}  // namespace
+}  // namespace quillo

@@ -1,0 +1,106 @@
+#include "app/note_names.h"
+
+#include <gtest/gtest.h>
+
+#include "app/settings.h"
+#include "testing/fake_file_store.h"
+#include "testing/fake_shell.h"
+#include "util/numbers.h"
+
+namespace quillo {
+namespace {
+
+class NoteNamesTest : public testing::Test {
+  protected:
+    NoteNamesTest() {
+        settings_.noteFolder = u"D:\\Closed";
+        shell_.SetFolder(SpecialFolder::DesktopDirectory, u"C:\\Desktop");
+    }
+    FakeFileStore files_;
+    FakeShell shell_;
+    Settings settings_;
+    NoteNames names_{files_, shell_, settings_};
+};
+
+TEST_F(NoteNamesTest, MadeFromTheText) {
+    struct Case {
+        std::u16string_view text;
+        std::u16string_view path;
+    };
+    const Case cases[] = {
+        {u"Milk", u"D:\\Closed\\Milk.qln"},
+        {u"Call: Bob / Sue?", u"D:\\Closed\\Call. Bob -.qln"},
+        {u"Buy milk", u"D:\\Closed\\Buy.qln"},
+        {u"  Buy milk  ", u"D:\\Closed\\Buy.qln"},
+        {u"abcdefghijklmnopqrstuvwxy", u"D:\\Closed\\abcdefghijklmnopqrst.qln"},
+        // A blank at character 20 ends the name, one at character 21 does not.
+        {u"abcdefghijklmnopqrs uv", u"D:\\Closed\\abcdefghijklmnopqrs.qln"},
+        {u"abcdefghijklmnopqrst uv", u"D:\\Closed\\abcdefghijklmnopqrst.qln"},
+        {u"a bcdefghijklmnopqrstuv", u"D:\\Closed\\a.qln"},
+        {u"one\r\ntwo\rthree\nfour\tfive", u"D:\\Closed\\one two three four.qln"},
+        {u"a/b\\c\"d<e>f|g*h?i:j", u"D:\\Closed\\a-b-c'd(e)f-g-hi.j.qln"},
+        {u"\r\nfirst\r\n", u"D:\\Closed\\first.qln"},
+        {u"a  b", u"D:\\Closed\\a .qln"},
+        // Half of a character is no part of a name.
+        {u"abcdefghijklmnopqrs\U0001F600x", u"D:\\Closed\\abcdefghijklmnopqrs.qln"},
+        {u"", u"C:\\Desktop\\Note 1.qln"},
+        {u" \r\n\t ?? ", u"C:\\Desktop\\Note 1.qln"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(names_.SuggestNoteFileName(c.text), c.path) << testing::PrintToString(std::u16string(c.text));
+    }
+}
+
+TEST_F(NoteNamesTest, ATakenNameIsNumberedFromTwo) {
+    files_.Put(u"D:\\Closed\\Call. Bob -.qln", "x");
+    EXPECT_EQ(names_.SuggestNoteFileName(u"Call: Bob / Sue?"), u"D:\\Closed\\Call. Bob - 2.qln");
+    for (int number = 2; number <= 11; ++number) {
+        files_.Put(u"D:\\Closed\\Call. Bob - " + FormatInteger(number) + u".qln", "x");
+    }
+    EXPECT_EQ(names_.SuggestNoteFileName(u"Call: Bob / Sue?"), u"D:\\Closed\\Call. Bob - 12.qln");
+}
+
+TEST_F(NoteNamesTest, AnEmptyTextIsNumberedFromOneOnTheDesktop) {
+    files_.Put(u"C:\\Desktop\\Note 1.qln", "x");
+    EXPECT_EQ(names_.SuggestNoteFileName(u""), u"C:\\Desktop\\Note 2.qln");
+}
+
+TEST_F(NoteNamesTest, AFolderThatEndsWithABackslashGetsNoSecond) {
+    settings_.noteFolder = u"D:\\";
+    EXPECT_EQ(names_.SuggestNoteFileName(u"Milk"), u"D:\\Milk.qln");
+}
+
+TEST(PathHelpers, StripQuotes) {
+    EXPECT_EQ(StripQuotes(u"\"C:\\a b.qln\""), u"C:\\a b.qln");
+    EXPECT_EQ(StripQuotes(u"\"C:\\a"), u"C:\\a");
+    EXPECT_EQ(StripQuotes(u"C:\\a\""), u"C:\\a");
+    EXPECT_EQ(StripQuotes(u"C:\\a"), u"C:\\a");
+    EXPECT_EQ(StripQuotes(u"\"\"C:\\a\"\""), u"\"C:\\a\"");
+    EXPECT_EQ(StripQuotes(u"\""), u"");
+    EXPECT_EQ(StripQuotes(u"\"\""), u"");
+    EXPECT_EQ(StripQuotes(u""), u"");
+}
+
+TEST(PathHelpers, PartsOfAPath) {
+    EXPECT_EQ(FileNameOfPath(u"C:\\a\\b.qln"), u"b.qln");
+    EXPECT_EQ(FileNameOfPath(u"b.qln"), u"b.qln");
+    EXPECT_EQ(FileNameOfPath(u"C:\\a\\"), u"");
+    EXPECT_EQ(FolderOfPath(u"C:\\a\\b.qln"), u"C:\\a");
+    EXPECT_EQ(FolderOfPath(u"b.qln"), u"");
+    EXPECT_EQ(JoinPath(u"C:\\a", u"b"), u"C:\\a\\b");
+    EXPECT_EQ(JoinPath(u"C:\\", u"b"), u"C:\\b");
+    EXPECT_EQ(NameWithoutExtension(u"\"Shopping.list.txt\""), u"Shopping.list");
+    EXPECT_EQ(NameWithoutExtension(u"Shopping"), u"Shopping");
+    EXPECT_EQ(NameWithoutExtension(u".qln"), u"");
+}
+
+TEST_F(NoteNamesTest, ShortcutsAreResolved) {
+    shell_.SetLink(u"C:\\Desktop\\tool.LNK", u"C:\\tools\\tool.exe");
+    EXPECT_EQ(ResolveShortcut(u"C:\\Desktop\\tool.LNK", shell_), u"C:\\tools\\tool.exe");
+    EXPECT_EQ(ResolveShortcut(u"C:\\Desktop\\broken.lnk", shell_), u"C:\\Desktop\\broken.lnk");
+    EXPECT_EQ(ResolveShortcut(u"C:\\a.txt", shell_), u"C:\\a.txt");
+    EXPECT_EQ(ResolveShortcut(u"lnk", shell_), u"lnk");
+}
+
+}  // namespace
+}  // namespace quillo

@@ -1,0 +1,124 @@
+#include "app/open_notes.h"
+
+#include <gtest/gtest.h>
+
+#include "app/note_identifier.h"
+#include "test_program.h"
+
+namespace quillo {
+namespace {
+
+class OpenNotesTest : public testing::Test {
+  protected:
+    OpenNote& Add(std::u16string key) { return test_.program.openNotes.Add(test_.world, std::move(key)); }
+    std::u16string Visited() {
+        std::u16string keys;
+        notes_.ForEach([&keys](OpenNote& note) { keys += note.NoteKey(); });
+        return keys;
+    }
+
+    TestProgram test_;
+    OpenNotes& notes_ = test_.program.openNotes;
+};
+
+TEST_F(OpenNotesTest, AreFoundByKeyAndWalkedInOrder) {
+    Add(u"A");
+    OpenNote& b = Add(u"B");
+    EXPECT_EQ(notes_.Count(), 2U);
+    EXPECT_EQ(notes_.Find(u"B"), &b);
+    EXPECT_EQ(notes_.Find(u"C"), nullptr);
+    EXPECT_EQ(Visited(), u"AB");
+}
+
+TEST_F(OpenNotesTest, ANoteThatLeavesDuringAWalkIsSkippedAndLivesOn) {
+    Add(u"A");
+    OpenNote& b = Add(u"B");
+    Add(u"C");
+    std::u16string visited;
+    notes_.ForEach([&](OpenNote& note) {
+        visited += note.NoteKey();
+        notes_.RemoveNote(u"B");
+        notes_.RemoveNote(u"A");
+    });
+    EXPECT_EQ(visited, u"AC");
+    EXPECT_EQ(b.NoteKey(), u"B");
+    EXPECT_FALSE(notes_.IsOpen(u"B"));
+    notes_.ReleaseRemoved();
+    EXPECT_EQ(Visited(), u"C");
+}
+
+TEST_F(OpenNotesTest, ANoteThatComesDuringAWalkIsNotVisited) {
+    Add(u"A");
+    int visits = 0;
+    notes_.ForEach([&](OpenNote&) {
+        ++visits;
+        Add(u"B");
+    });
+    EXPECT_EQ(visits, 1);
+    EXPECT_EQ(Visited(), u"AB");
+}
+
+TEST_F(OpenNotesTest, RemovingAKeyThatIsNotThereDoesNothing) {
+    Add(u"A");
+    notes_.RemoveNote(u"B");
+    EXPECT_EQ(Visited(), u"A");
+}
+
+TEST_F(OpenNotesTest, UnloadingClosesEveryWindowAndTouchesNoFile) {
+    Add(u"A").SetStoragePath(TestProgram::Stored(u"a.qln"));
+    Add(u"B");
+    test_.files.Put(TestProgram::Stored(u"a.qln"), "text");
+    notes_.UnloadAll();
+    EXPECT_EQ(notes_.Count(), 0U);
+    EXPECT_TRUE(test_.views.View(0).IsClosed());
+    EXPECT_TRUE(test_.views.View(1).IsClosed());
+    EXPECT_TRUE(test_.files.FileExists(TestProgram::Stored(u"a.qln")));
+}
+
+TEST_F(OpenNotesTest, SettingsReachEveryNote) {
+    Add(u"A");
+    Add(u"B");
+    test_.program.settings.noteColor = ColorWord{0x123456};
+    test_.program.settings.noteTransparency = true;
+    test_.program.settings.noteOpacity = 100;
+    ApplySettingsToAllNotes(notes_);
+    ApplyTranslucencyToAllNotes(notes_);
+    for (std::size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ(test_.views.View(i).Applied().NoteColor, ColorWord{0x123456});
+        EXPECT_EQ(test_.views.View(i).Opacity(), 100);
+    }
+}
+
+TEST_F(OpenNotesTest, IdentifiersAreUpperCaseHexadecimalOfARoundedNumber) {
+    struct Case {
+        double drawn;
+        std::u16string_view key;
+    };
+    const Case cases[] = {{0, u"0"}, {0.000010, u"A"}, {0.0000154, u"F"}, {0.5, u"7A120"}, {0.9999999, u"F4240"}};
+    for (const Case& c : cases) {
+        test_.random.Queue({c.drawn});
+        EXPECT_EQ(NewNoteIdentifier(notes_, test_.random), c.key);
+    }
+}
+
+TEST_F(OpenNotesTest, AnIdentifierThatIsTakenIsDrawnAgain) {
+    Add(u"7A120");
+    test_.random.Queue({0.5, 0.5, 0.25});
+    EXPECT_EQ(NewNoteIdentifier(notes_, test_.random), u"3D090");
+}
+
+/// Not random at all.
+class StuckRandom : public Random {
+  public:
+    [[nodiscard]] double Next() override { return 0.5; }
+};
+
+TEST_F(OpenNotesTest, IdentifiersStayUniqueWhenTheNumbersRepeat) {
+    StuckRandom random;
+    Add(u"7A120");
+    Add(u"7A121");
+    EXPECT_EQ(NewNoteIdentifier(notes_, random), u"7A122");
+}
+
+}  // namespace
+}  // namespace quillo

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/legacy_import.h"
+#include "app/note_names.h"
+#include "app/note_opening.h"
+#include "app/program.h"
+#include "notes/note_store.h"
+#include "testing/fake_clock.h"
+#include "testing/fake_file_store.h"
+#include "testing/fake_locale_text.h"
+#include "testing/fake_note_view.h"
+#include "testing/fake_random.h"
+#include "testing/fake_registry_api.h"
+#include "testing/fake_shell.h"
+#include "testing/fake_user_notice.h"
+#include "util/numbers.h"
+
+namespace quillo {
+
+/// Gives every note a window that is none, and remembers the windows in the order of their making.
+class FakeViewFactory : public NoteViewFactory {
+  public:
+    [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note) override {
+        auto view = std::make_unique<FakeNoteView>();
+        notes_.push_back(&note);
+        views_.push_back(view.get());
+        return view;
+    }
+    [[nodiscard]] std::size_t Count() const { return views_.size(); }
+    /// Valid while its note has not been released.
+    [[nodiscard]] FakeNoteView& View(std::size_t index) const { return *views_.at(index); }
+    [[nodiscard]] OpenNote& Note(std::size_t index) const { return *notes_.at(index); }
+
+  private:
+    std::vector<OpenNote*> notes_;
+    std::vector<FakeNoteView*> views_;
+};
+
+inline constexpr std::u16string_view kTestNotesFolder = u"C:\\Users\\ann\\AppData\\Local\\Marrowind\\Notes";
+inline constexpr std::u16string_view kTestDesktop = u"C:\\Users\\ann\\Desktop";
+
+/// The application core on fakes: a running program with no note, an existing notes folder and plain colours.
+class TestProgram {
+  public:
+    TestProgram() {
+        files.PutFolder(kTestNotesFolder);
+        program.notesFolder = kTestNotesFolder;
+        program.settings.randomNoteColor = false;
+        program.settings.noteFolder = kTestDesktop;
+    }
+
+    /// A full path in the notes folder.
+    [[nodiscard]] static std::u16string Stored(std::u16string_view name) { return JoinPath(kTestNotesFolder, name); }
+    /// The storage copies on the disk.
+    [[nodiscard]] std::vector<std::u16string> StoredFiles() { return files.List(kTestNotesFolder, kNoteExtension); }
+    void FillUpTo(std::size_t count) {
+        while (program.openNotes.Count() < count) program.openNotes.Add(world, Key(program.openNotes.Count()));
+    }
+
+    FakeRegistryApi registry;
+    FakeFileStore files;
+    FakeShell shell{files};
+    FakeLocaleText locale;
+    FakeUserNotice notice;
+    FakeClock clock;
+    FakeRandom random;
+    FakeViewFactory views;
+    Program program{views};
+    NoteNames names{files, shell, program.settings};
+    NoteStore store{files, locale, shell, names};
+    NoteWorld world{program.settings, program.os, program.notesFolder, store, locale, clock, notice, program.openNotes};
+    LegacyNotes legacy{registry, program.openNotes, random};
+    NoteOpening opening{program, world, files, shell, random, legacy};
+
+  private:
+    [[nodiscard]] static std::u16string Key(std::size_t number) {
+        return u"filler " + FormatInteger(static_cast<std::int64_t>(number));
+    }
+};
+
+}  // namespace quillo
