@@ -1,5 +1,6 @@
 target_sources(quillo_core_tests PRIVATE
   unit/notes/note_drop_test.cpp
   unit/notes/note_face_test.cpp
+  unit/notes/open_note_test.cpp
   unit/notes/screen_fit_test.cpp
 )
