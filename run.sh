@@ -9,7 +9,7 @@ set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/scripts/lib.sh"
 
-readonly up_seconds=90
+readonly up_seconds=${QUILLO_UP_SECONDS:-60}
 data_dir=${XDG_DATA_HOME:-$HOME/.local/share}/quillo
 demo=no
 [[ ${1:-} == --demo ]] && { demo=yes; shift; }

@@ -165,7 +165,7 @@ windows_path() {
 display_answers() { DISPLAY=$1 timeout 10 xdpyinfo >/dev/null 2>&1; }
 
 # value_of FILE NAME: a value from a file of "name=value" lines.
-value_of() { sed -n "s/^$2=//p" "$1" 2>/dev/null | tail -n 1; }
+value_of() { sed -n "s/^$2=//p" "$1" 2>/dev/null | tail -n 1 || true; }
 
 # is_running PID NAME
 is_running() { [[ -n $1 && $(cat "/proc/$1/comm" 2>/dev/null) == "$2" ]]; }

@@ -72,10 +72,10 @@ void PrintNotesFolder() {
     wchar_t base[MAX_PATH] = L"";
     const int folder = UsesRoamingProfile() ? CSIDL_APPDATA : CSIDL_LOCAL_APPDATA;
     if (FAILED(SHGetFolderPathW(nullptr, folder, nullptr, SHGFP_TYPE_CURRENT, base))) return;
-    const std::wstring path = std::wstring(base) + L"\\Marrowind\\Notes";
-    PrintLine(L"folder\t" + path);
-    const std::wstring host = HostPath(path);
-    if (!host.empty()) PrintLine(L"hostfolder\t" + host);
+    PrintLine(L"folder\t" + std::wstring(base) + L"\\Marrowind\\Notes");
+    // The host is asked for the base alone: it has no answer for a folder that is not there yet.
+    const std::wstring host = HostPath(base);
+    if (!host.empty()) PrintLine(L"hostfolder\t" + host + L"/Marrowind/Notes");
 }
 
 struct NoteSearch {
