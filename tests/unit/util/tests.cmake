@@ -1,0 +1,4 @@
+target_sources(quillo_core_tests PRIVATE
+  unit/util/string_builder_test.cpp
+  unit/util/util_test.cpp
+)
