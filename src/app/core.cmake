@@ -9,5 +9,6 @@ target_sources(quillo_core PRIVATE
   app/os_facts.cpp
   app/quit.cpp
   app/settings_table.cpp
+  app/sound_choice.cpp
   app/startup.cpp
 )

@@ -1,3 +1,5 @@
 target_sources(quillo_shell PRIVATE
+  controls/note_button.cpp
+  controls/note_button_images.cpp
   controls/tessel_tray_lite.cpp
 )

@@ -84,7 +84,7 @@ bool NoteForm::Create() {
                                      Size{kNewNoteWidth, kNewNoteHeight}, r1, r2);
     WindowPlan plan;
     plan.title = L"Quillo";
-    plan.style = WS_POPUP | WS_CLIPCHILDREN;
+    plan.style = WS_POPUP | WS_SYSMENU | WS_CLIPCHILDREN;  // the system menu moves a note by keyboard
     plan.exStyle = WS_EX_TOOLWINDOW;  // notes stay out of the task bar
     plan.place = Rect{scale.ToPixels(Twips{static_cast<float>(place.x)}).value,
                       scale.ToPixels(Twips{static_cast<float>(place.y)}).value,

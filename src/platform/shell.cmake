@@ -10,6 +10,7 @@ target_sources(quillo_shell PRIVATE
   platform/win_locale_text.cpp
   platform/win_registry_api.cpp
   platform/win_shell.cpp
+  platform/win_sound_device.cpp
   platform/win_user_notice.cpp
   platform/window.cpp
   platform/window_effects.cpp

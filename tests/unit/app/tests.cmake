@@ -9,4 +9,5 @@ target_sources(quillo_core_tests PRIVATE
   unit/app/quit_test.cpp
   unit/app/settings_table_test.cpp
   unit/app/startup_test.cpp
+  unit/app/sound_choice_test.cpp
 )

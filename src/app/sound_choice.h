@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string_view>
+
+namespace quillo {
+
+class SoundDevice;
+
+/// Plays the sound of a reminder: a path that ends in "wav" (any letter case) through the simple wave player, any other
+/// through the media control interface. A blank path is silence; so is a file that cannot be played.
+void PlayReminderSound(std::u16string_view path, SoundDevice& device);
+
+/// Plays a file through the media control interface in the place of the one that plays; at most one plays at a time.
+void PlayThroughMediaControl(std::u16string_view path, SoundDevice& device);
+/// Ends what the media control interface plays.
+void StopSound(SoundDevice& device);
+/// Plays a wave file through the simple wave player.
+void PlayWaveSound(std::u16string_view path, SoundDevice& device);
+
+}  // namespace quillo
