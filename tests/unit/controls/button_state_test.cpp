@@ -200,14 +200,22 @@ class RandomUse {
         const bool isUp = action == 7 || action == 8;
         Keep(response);
         EXPECT_EQ(button_.HasCapture(), held_);
-        if (button_.Face() != before) EXPECT_TRUE(response.repaint);
-        if (isUp) EXPECT_FALSE(held_);
+        if (button_.Face() != before) {
+            EXPECT_TRUE(response.repaint);
+        }
+        if (isUp) {
+            EXPECT_FALSE(held_);
+        }
         if (response.event == Event::Click || response.event == Event::ShiftClick) {
             EXPECT_TRUE(isUp && inside && before != ButtonFace::Normal && !menuMode_);
             ++clicks_;
         }
-        if (response.event == Event::MouseDown) EXPECT_TRUE(menuMode_ && which == MouseButton::Left);
-        if (button_.Face() == ButtonFace::Normal) EXPECT_NE(response.capture, Capture::Take) << "nothing to follow";
+        if (response.event == Event::MouseDown) {
+            EXPECT_TRUE(menuMode_ && which == MouseButton::Left);
+        }
+        if (button_.Face() == ButtonFace::Normal) {
+            EXPECT_NE(response.capture, Capture::Take) << "nothing to follow";
+        }
     }
     [[nodiscard]] int Clicks() const { return clicks_; }
 

@@ -251,7 +251,9 @@ TEST(DragBarColors, GlyphsStandOutOnEveryScheme) {
                 const DragBarPaint bar = DragBarColors(kSwatches[i].note, kSwatches[i].border, flat, active);
                 EXPECT_GE(WorstContrast(bar), 3.0) << "scheme " << i << " flat " << flat << " active " << active;
                 const ColorWord middle = Mix(bar.top, bar.bottom, 50);
-                if (active) EXPECT_GE(ContrastRatio(bar.glyph, middle), 4.5) << "scheme " << i;
+                if (active) {
+                    EXPECT_GE(ContrastRatio(bar.glyph, middle), 4.5) << "scheme " << i;
+                }
             }
         }
     }
