@@ -1,0 +1,6 @@
+# The codec against memcpy, and the string builder against std::u16string. They print figures; no test asserts on them.
+foreach(bench codec builder)
+  add_executable(${bench}_bench ${CMAKE_CURRENT_LIST_DIR}/${bench}_bench.cpp)
+  target_include_directories(${bench}_bench PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${bench}_bench PRIVATE quillo_core)
+endforeach()
