@@ -10,5 +10,6 @@ target_sources(quillo_core PRIVATE
   app/quit.cpp
   app/settings_table.cpp
   app/sound_choice.cpp
+  app/shared_texts.cpp
   app/startup.cpp
 )

@@ -7,6 +7,7 @@
 #include "app/note_names.h"
 #include "app/notes_folder.h"
 #include "app/program.h"
+#include "app/shared_texts.h"
 #include "controls/swatch_palette.h"
 #include "notes/note_file.h"
 #include "notes/note_tags.h"
@@ -132,7 +133,7 @@ bool NoteOpening::IsNew(const NoteContent& content) {
 
 void NoteOpening::FillNewNote(OpenNote& note) {
     if (!program_.settings.timestampNewNotes) return;
-    note.SetText(u"(" + world_.locale.GeneralDate(world_.clock.Now()) + u")\r\n\r\n");
+    note.SetText(TimeStampText(world_.clock.Now(), world_.locale));
     note.MarkChanged();
 }
 

@@ -8,6 +8,7 @@ target_sources(quillo_core_tests PRIVATE
   unit/app/os_facts_test.cpp
   unit/app/quit_test.cpp
   unit/app/settings_table_test.cpp
+  unit/app/shared_texts_test.cpp
   unit/app/startup_test.cpp
   unit/app/sound_choice_test.cpp
 )
