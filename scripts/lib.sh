@@ -183,7 +183,7 @@ start_xserver() {
     local state=$1 size=$2 answer number pid deadline=$((SECONDS + 30))
     answer=$(mktemp)
     mkdir -p /tmp/.X11-unix 2>/dev/null || true
-    setsid Xvfb -displayfd 3 -screen 0 "$size" -nolisten tcp 3>"$answer" </dev/null >/dev/null 2>&1 &
+    setsid Xvfb -displayfd 3 -screen 0 "$size" -nolisten tcp -noreset 3>"$answer" </dev/null >/dev/null 2>&1 &
     pid=$!
     # The number ends in a line break; until that is there, it is not whole.
     until [[ $(wc -l <"$answer") -gt 0 ]]; do
