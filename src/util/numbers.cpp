@@ -3,9 +3,13 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdio>
+#include <cstdlib>
 #include <limits>
-#include <system_error>
+#include <string>
 
+// The C library's conversions, whose locale nobody changes from "C"; those of <charconv> would weigh a quarter of the
+// program.
 namespace quillo {
 namespace {
 
@@ -35,26 +39,18 @@ std::size_t LengthOfNumber(std::u16string_view text) {
     return end;
 }
 
-// A number that does not fit: its exponent's sign, or the lack of a whole part, tells too large from too small.
-double OutOfRange(const std::string& number) {
-    const std::size_t exponent = number.find_first_of("eE");
-    const bool tiny = exponent == std::string::npos ? number.find_first_of("123456789") > number.find('.')
-                                                    : number[exponent + 1] == '-';
-    return tiny ? 0 : std::numeric_limits<double>::infinity();
-}
-
 }  // namespace
 
 std::u16string FormatSingle(float value, std::u16string_view decimalSeparator) {
     char digits[32];
     const float positiveZero = value == 0 ? 0.0F : value;
-    const auto result = std::to_chars(digits, digits + sizeof digits, positiveZero, std::chars_format::general, 7);
+    const int length = std::snprintf(digits, sizeof digits, "%.7g", static_cast<double>(positiveZero));
     std::u16string text;
-    for (const char* c = digits; c != result.ptr; ++c) {
-        if (*c == '.') {
+    for (const char c : std::string_view(digits, static_cast<std::size_t>(length))) {
+        if (c == '.') {
             text += decimalSeparator;
         } else {
-            text += static_cast<char16_t>(*c == 'e' ? 'E' : *c);
+            text += static_cast<char16_t>(c == 'e' ? 'E' : c);
         }
     }
     return text;
@@ -64,8 +60,7 @@ std::u16string FormatSerial(double value) {
     int precision = 15;
     for (double whole = std::fabs(value); whole >= 1 && precision > 0; whole /= 10) --precision;
     char digits[400];  // the largest double has 309 digits before the point
-    const auto result = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, precision);
-    const char* end = result.ptr;
+    const char* end = digits + std::snprintf(digits, sizeof digits, "%.*f", precision, value);
     if (precision > 0) {
         while (end[-1] == '0') --end;
         if (end[-1] == '.') --end;
@@ -89,9 +84,7 @@ double ParseLeadingNumber(std::u16string_view text) {
 
     std::string number;
     for (const char16_t c : text.substr(0, LengthOfNumber(text))) number += static_cast<char>(c);
-    double value = 0;
-    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (result.ec == std::errc::result_out_of_range) value = OutOfRange(number);
+    const double value = std::strtod(number.c_str(), nullptr);  // out of range: 0 or infinity
     return negative ? -value : value;
 }
 
