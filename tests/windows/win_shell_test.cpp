@@ -1,0 +1,133 @@
+#include "platform/win_shell.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/com_ptr.h"
+#include "platform/wide.h"
+#include "platform/win_file_store.h"
+#include "support.h"
+
+// After windows.h.
+#include <objbase.h>
+#include <shellapi.h>
+#include <shlobj.h>
+
+namespace quillo {
+namespace {
+
+using windows_tests::TempFolder;
+
+class WinShellTest : public testing::Test {
+  protected:
+    WinShellTest() : com_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+    ~WinShellTest() override {
+        if (com_) CoUninitialize();
+    }
+
+    /// A shell link at `path` to `target`.
+    static void MakeLink(const std::u16string& path, const std::u16string& target) {
+        ComPtr<IShellLinkW> link;
+        ASSERT_EQ(CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, link.PutVoid()),
+                  S_OK);
+        ASSERT_EQ(link->SetPath(Wide(target)), S_OK);
+        ComPtr<IPersistFile> file;
+        ASSERT_EQ(link->QueryInterface(IID_IPersistFile, file.PutVoid()), S_OK);
+        ASSERT_EQ(file->Save(Wide(path), TRUE), S_OK);
+    }
+    [[nodiscard]] static bool IsFolder(const std::u16string& path) {
+        const DWORD attributes = GetFileAttributesW(Wide(path));
+        return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    }
+
+    bool com_;
+    TempFolder folder_;
+    WinFileStore files_;
+    WinShell shell_;
+};
+
+TEST_F(WinShellTest, FoldersStandAndBearNoTrailingBackslash) {
+    for (const auto folder :
+         {SpecialFolder::Documents, SpecialFolder::DesktopDirectory, SpecialFolder::RoamingApplicationData,
+          SpecialFolder::LocalApplicationData, SpecialFolder::ProgramFiles}) {
+        const std::u16string path = shell_.FolderPath(folder);
+        ASSERT_FALSE(path.empty()) << static_cast<int>(folder);
+        EXPECT_NE(path.back(), u'\\');
+        EXPECT_TRUE(IsFolder(path)) << static_cast<int>(folder);
+    }
+    EXPECT_EQ(shell_.FolderPath(static_cast<SpecialFolder>(9999)), u"");
+    EXPECT_TRUE(IsFolder(shell_.WindowsFolder()));
+    EXPECT_TRUE(IsFolder(shell_.SystemFolder()));
+    EXPECT_TRUE(files_.FileExists(shell_.ProgramPath()));
+}
+
+TEST_F(WinShellTest, FullPathsStartFromTheCurrentFolder) {
+    wchar_t before[MAX_PATH + 1] = {};
+    GetCurrentDirectoryW(MAX_PATH, before);
+    ASSERT_NE(SetCurrentDirectoryW(Wide(folder_.Path())), 0);
+    EXPECT_EQ(shell_.FullPath(u"a.qln"), folder_.Of(u"a.qln"));
+    EXPECT_EQ(shell_.FullPath(u".\\x\\..\\a.qln"), folder_.Of(u"a.qln"));
+    EXPECT_EQ(shell_.FullPath(u"C:\\Notes\\a.qln"), u"C:\\Notes\\a.qln");
+    EXPECT_EQ(shell_.FullPath(u""), u"");
+    const std::u16string longName(400, u'n');
+    EXPECT_EQ(shell_.FullPath(longName), folder_.Of(longName));
+    SetCurrentDirectoryW(before);
+}
+
+TEST_F(WinShellTest, ALinkGivesItsTarget) {
+    const std::u16string target = folder_.Of(u"target \u00E9.txt");
+    ASSERT_TRUE(files_.Write(target, "x"));
+    MakeLink(folder_.Of(u"link.lnk"), target);
+    EXPECT_EQ(shell_.LinkTarget(folder_.Of(u"link.lnk")), target);
+}
+
+TEST_F(WinShellTest, WhatIsNoLinkHasNoTarget) {
+    ASSERT_TRUE(files_.Write(folder_.Of(u"broken.lnk"), "no link"));
+    ASSERT_TRUE(files_.Write(folder_.Of(u"empty.lnk"), ""));
+    EXPECT_EQ(shell_.LinkTarget(folder_.Of(u"broken.lnk")), u"");
+    EXPECT_EQ(shell_.LinkTarget(folder_.Of(u"empty.lnk")), u"");
+    EXPECT_EQ(shell_.LinkTarget(folder_.Of(u"missing.lnk")), u"");
+    EXPECT_EQ(shell_.LinkTarget(folder_.Path()), u"");
+}
+
+/// Files in the Recycle Bin of every drive, or -1 where the system cannot tell.
+long long Recycled() {
+    SHQUERYRBINFO info{};
+    info.cbSize = sizeof info;
+    return SHQueryRecycleBinW(nullptr, &info) == S_OK ? info.i64NumItems : -1;
+}
+
+TEST_F(WinShellTest, ARecycledFileGoesIntoTheRecycleBin) {
+    // The first file makes the bin, so that there is something to count.
+    ASSERT_TRUE(files_.Write(folder_.Of(u"first.qln"), "x"));
+    EXPECT_TRUE(shell_.Recycle(folder_.Of(u"first.qln")));
+    EXPECT_FALSE(files_.FileExists(folder_.Of(u"first.qln")));
+    const long long before = Recycled();
+    ASSERT_TRUE(files_.Write(folder_.Of(u"second \u65E5.qln"), "x"));
+    EXPECT_TRUE(shell_.Recycle(folder_.Of(u"second \u65E5.qln")));
+    EXPECT_FALSE(files_.FileExists(folder_.Of(u"second \u65E5.qln")));
+    EXPECT_EQ(Recycled(), before + 1);
+}
+
+TEST_F(WinShellTest, WhatIsMissingIsNotRecycled) {
+    EXPECT_FALSE(shell_.Recycle(folder_.Of(u"missing.qln")));
+}
+
+TEST_F(WinShellTest, OpeningWhatIsMissingFailsQuietly) {
+    EXPECT_FALSE(shell_.Open(folder_.Of(u"missing.chm")));
+}
+
+TEST_F(WinShellTest, IdentifiersAreGuidsInTheRegistrysForm) {
+    const std::u16string first = shell_.NewUniqueIdentifier();
+    ASSERT_EQ(first.size(), 38U);
+    EXPECT_EQ(first.front(), u'{');
+    EXPECT_EQ(first.back(), u'}');
+    for (std::size_t i = 1; i < 37; ++i) {
+        const bool dash = i == 9 || i == 14 || i == 19 || i == 24;
+        const char16_t c = first[i];
+        EXPECT_TRUE(dash ? c == u'-' : (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F')) << i;
+    }
+    EXPECT_NE(first, shell_.NewUniqueIdentifier());
+}
+
+}  // namespace
+}  // namespace quillo
