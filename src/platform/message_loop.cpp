@@ -9,7 +9,10 @@ namespace quillo {
 int MessageLoop::Run() {
     MSG message{};
     for (;;) {
-        if (!idle_.empty() && PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) == 0) RunIdleActions();
+        if (!idle_.empty() && PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) == 0) {
+            RunIdleActions();
+            continue;  // an action may have asked for another one: no message need come to wake the loop
+        }
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got == 0) return static_cast<int>(message.wParam);
         if (got < 0) return 1;

@@ -49,7 +49,9 @@ std::u16string WinShell::FolderPath(SpecialFolder folder) {
     std::array<wchar_t, MAX_PATH + 1> path{};
     const bool found = SHGetPathFromIDListW(list, path.data()) != 0;
     CoTaskMemFree(list);
-    return found ? std::u16string(FromWide(path.data())) : std::u16string();
+    std::u16string text(found ? FromWide(path.data()) : std::u16string_view());
+    if (!text.empty() && text.back() == u'\\') text.pop_back();  // the root of a drive
+    return text;
 }
 
 std::u16string WinShell::WindowsFolder() {
