@@ -24,6 +24,8 @@ class ButtonState {
     void SetMenuMode(bool menuMode) { menuMode_ = menuMode; }
     [[nodiscard]] bool MenuMode() const { return menuMode_; }
     [[nodiscard]] ButtonFace Face() const { return face_; }
+    /// A button of the mouse went down here and has not been released.
+    [[nodiscard]] bool IsPressed() const { return pressed_; }
     [[nodiscard]] bool HasCapture() const { return captured_; }
 
     [[nodiscard]] ButtonResponse MouseMove(Point at, MouseButton held);

@@ -29,7 +29,7 @@ bool NoteButton::Create(HWND parent, int id, const wchar_t* name) {
 void NoteButton::SetPicture(ButtonPicture picture) {
     if (picture == picture_) return;
     picture_ = picture;
-    InvalidateRect(Handle(), nullptr, FALSE);
+    Invalidate();
 }
 
 void NoteButton::SetEnabled(bool enabled) {
@@ -37,40 +37,56 @@ void NoteButton::SetEnabled(bool enabled) {
     enabled_ = enabled;
     EnableWindow(Handle(), enabled ? TRUE : FALSE);
     Answer(state_.CaptureLost());
-    InvalidateRect(Handle(), nullptr, FALSE);
+    Invalidate();
 }
 
 void NoteButton::SetTint(const ButtonTint& tint, const Scale& scale) {
     if (tint == tint_ && scale.Dpi() == scale_.Dpi()) return;
     tint_ = tint;
     scale_ = scale;
-    InvalidateRect(Handle(), nullptr, FALSE);
+    Invalidate();
 }
 
 LRESULT NoteButton::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_MOUSEMOVE: return OnMouseMove(PointFromLParam(lParam), wParam), 0;
-        // The pointer can leave unseen for another program's window, capture or not.
-        case WM_MOUSELEAVE: return OnMouseMove(Point{-1, -1}, 0), 0;
+        case WM_MOUSEMOVE:
+            return OnMouseMove(PointFromLParam(lParam), wParam), 0;
+        case WM_MOUSELEAVE:
+            return OnMouseLeave(), 0;
         case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK: return OnMouseDown(PointFromLParam(lParam), MouseButton::Left), 0;
+        case WM_LBUTTONDBLCLK:
+            return OnMouseDown(PointFromLParam(lParam), MouseButton::Left), 0;
         case WM_RBUTTONDOWN:
-        case WM_MBUTTONDOWN: return OnMouseDown(PointFromLParam(lParam), MouseButton::Other), 0;
-        case WM_LBUTTONUP: return OnMouseUp(PointFromLParam(lParam), MouseButton::Left, wParam), 0;
-        case WM_RBUTTONUP: return OnMouseUp(PointFromLParam(lParam), MouseButton::Other, wParam), 0;
-        case WM_CAPTURECHANGED: return OnCaptureChanged(reinterpret_cast<HWND>(lParam)), 0;
-        case WM_SIZE: return state_.Resize(Size{LOWORD(lParam), HIWORD(lParam)}), 0;
-        case WM_ERASEBKGND: return 1;  // the whole face is painted
-        case WM_PAINT: return OnPaint(), 0;
-        default: return Default(message, wParam, lParam);
+            return OnMouseDown(PointFromLParam(lParam), MouseButton::Other), 0;
+        case WM_LBUTTONUP:
+            return OnMouseUp(PointFromLParam(lParam), MouseButton::Left, wParam), 0;
+        case WM_RBUTTONUP:
+            return OnMouseUp(PointFromLParam(lParam), MouseButton::Other, wParam), 0;
+        case WM_CAPTURECHANGED:
+            return OnCaptureChanged(reinterpret_cast<HWND>(lParam)), 0;
+        case WM_SIZE:
+            return state_.Resize(Size{LOWORD(lParam), HIWORD(lParam)}), 0;
+        case WM_ERASEBKGND:
+            return 1;  // the whole face is painted
+        case WM_PAINT:
+            return OnPaint(), 0;
+        default:
+            return Default(message, wParam, lParam);
     }
 }
 
 void NoteButton::OnMouseMove(Point at, WPARAM keys) {
     if (!enabled_) return;
     Answer(state_.MouseMove(at, HeldButton(keys)));
+    // The pointer can leave unseen for another program's window, capture or not. A pressed button has no need of it:
+    // the system shows it every move until the release.
     TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
-    if (state_.Face() == ButtonFace::Hot) TrackMouseEvent(&track);
+    if (state_.Face() == ButtonFace::Hot && HeldButton(keys) == MouseButton::None) TrackMouseEvent(&track);
+}
+
+void NoteButton::OnMouseLeave() {
+    // It can come late, when a press already follows the pointer outside.
+    if (!state_.IsPressed()) OnMouseMove(Point{-1, -1}, 0);
 }
 
 void NoteButton::OnMouseDown(Point at, MouseButton button) {
@@ -86,7 +102,7 @@ void NoteButton::OnCaptureChanged(HWND receiver) {
 }
 
 void NoteButton::Answer(const ButtonResponse& response) {
-    if (response.repaint) InvalidateRect(Handle(), nullptr, FALSE);
+    if (response.repaint) Invalidate();
     if (response.capture == ButtonResponse::Capture::Take) SetCapture(Handle());
     if (response.capture == ButtonResponse::Capture::Release && GetCapture() == Handle()) ReleaseCapture();
     // Last: the handler may end the note and this button with it. The copy outlives that.
@@ -94,11 +110,23 @@ void NoteButton::Answer(const ButtonResponse& response) {
         if (handler) handler();
     };
     switch (response.event) {
-        case ButtonResponse::Event::Click: raise(onClick); break;
-        case ButtonResponse::Event::ShiftClick: raise(onShiftClick); break;
-        case ButtonResponse::Event::MouseDown: raise(onMouseDown); break;
-        case ButtonResponse::Event::None: break;
+        case ButtonResponse::Event::Click:
+            raise(onClick);
+            break;
+        case ButtonResponse::Event::ShiftClick:
+            raise(onShiftClick);
+            break;
+        case ButtonResponse::Event::MouseDown:
+            raise(onMouseDown);
+            break;
+        case ButtonResponse::Event::None:
+            break;
     }
+}
+
+void NoteButton::Invalidate() {
+    // Without a window the call would mean every window on the desktop.
+    if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
 }
 
 void NoteButton::OnPaint() {

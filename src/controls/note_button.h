@@ -36,10 +36,12 @@ class NoteButton : public Window {
 
   private:
     void OnMouseMove(Point at, WPARAM keys);
+    void OnMouseLeave();
     void OnMouseDown(Point at, MouseButton button);
     void OnMouseUp(Point at, MouseButton button, WPARAM keys);
     void OnCaptureChanged(HWND receiver);
     void OnPaint();
+    void Invalidate();
     void Answer(const ButtonResponse& response);
 
     NoteButtonImages& images_;
