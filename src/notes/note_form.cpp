@@ -1,5 +1,6 @@
 #include "notes/note_form.h"
 
+#include "notes/screen_fit.h"
 #include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
@@ -10,7 +11,6 @@
 #include "ports/locale_text.h"
 #include "ports/random.h"
 #include "resources/resource_ids.h"
-#include "notes/screen_fit.h"
 
 namespace quillo {
 namespace {
@@ -66,7 +66,9 @@ NoteForm::NoteForm(OpenNote& note, const NoteFormTools& tools)
     trayIcon_.LoadProperties(hiddenIcon);
 }
 
-NoteForm::~NoteForm() { Destroy(); }
+NoteForm::~NoteForm() {
+    Destroy();
+}
 
 bool NoteForm::Create() {
     WNDCLASSEXW windowClass{};
@@ -80,12 +82,12 @@ bool NoteForm::Create() {
     const Size screen = ScreenSize();
     const double r1 = tools_.random.Next();
     const double r2 = tools_.random.Next();
-    const Point place = PlaceNewNote(Size{inTwips(screen.width), inTwips(screen.height)},
-                                     Size{kNewNoteWidth, kNewNoteHeight}, r1, r2);
+    const Point place =
+        PlaceNewNote(Size{inTwips(screen.width), inTwips(screen.height)}, Size{kNewNoteWidth, kNewNoteHeight}, r1, r2);
     WindowPlan plan;
     plan.title = L"Quillo";
     plan.style = WS_POPUP | WS_SYSMENU | WS_CLIPCHILDREN;  // the system menu moves a note by keyboard
-    plan.exStyle = WS_EX_TOOLWINDOW;  // notes stay out of the task bar
+    plan.exStyle = WS_EX_TOOLWINDOW;                       // notes stay out of the task bar
     plan.place = Rect{scale.ToPixels(Twips{static_cast<float>(place.x)}).value,
                       scale.ToPixels(Twips{static_cast<float>(place.y)}).value,
                       scale.ToPixels(Twips{kNewNoteWidth}).value, scale.ToPixels(Twips{kNewNoteHeight}).value};
@@ -95,25 +97,42 @@ bool NoteForm::Create() {
 
 LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_CREATE: return OnCreate();
-        case WM_NCHITTEST: return OnNcHitTest(message, wParam, lParam);
-        case WM_ACTIVATE: return OnActivate(LOWORD(wParam) != WA_INACTIVE), 0;
-        case WM_SETFOCUS: return SetFocus(messageBox_), 0;
-        case WM_COMMAND: return OnCommand(LOWORD(wParam), HIWORD(wParam)), 0;
-        case WM_CTLCOLOREDIT: return reinterpret_cast<LRESULT>(OnColorTextBox(reinterpret_cast<HDC>(wParam)));
-        case WM_LBUTTONDOWN: return OnDragBarPressed(PointFromLParam(lParam)), 0;
-        case WM_GETMINMAXINFO: return OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam)), 0;
-        case WM_SIZE: return LayOut(), 0;
+        case WM_CREATE:
+            return OnCreate();
+        case WM_DESTROY:
+            return OnDestroy(), 0;
+        case WM_NCHITTEST:
+            return OnNcHitTest(message, wParam, lParam);
+        case WM_ACTIVATE:
+            return OnActivate(LOWORD(wParam) != WA_INACTIVE), 0;
+        case WM_SETFOCUS:
+            return SetFocus(messageBox_), 0;
+        case WM_COMMAND:
+            return OnCommand(LOWORD(wParam), HIWORD(wParam)), 0;
+        case WM_CTLCOLOREDIT:
+            return reinterpret_cast<LRESULT>(OnColorTextBox(reinterpret_cast<HDC>(wParam)));
+        case WM_LBUTTONDOWN:
+            return OnDragBarPressed(PointFromLParam(lParam)), 0;
+        case WM_GETMINMAXINFO:
+            return OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam)), 0;
+        case WM_SIZE:
+            return LayOut(), 0;
         case WM_WINDOWPOSCHANGED:
             Default(message, wParam, lParam);
             return OnPlaceChanged(*reinterpret_cast<const WINDOWPOS*>(lParam)), 0;
-        case WM_DPICHANGED: return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
-        case WM_ERASEBKGND: return 1;  // painted whole, off the screen
-        case WM_PAINT: return OnPaint(), 0;
+        case WM_DPICHANGED:
+            return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
+        case WM_ERASEBKGND:
+            return 1;  // painted whole, off the screen
+        case WM_PAINT:
+            return OnPaint(), 0;
         case WM_SYSCOLORCHANGE:
-        case WM_SETTINGCHANGE: return OnSystemChanged(), 0;
-        case WM_CLOSE: return note_.CloseButtonClick(), 0;
-        default: return Default(message, wParam, lParam);
+        case WM_SETTINGCHANGE:
+            return OnSystemChanged(), 0;
+        case WM_CLOSE:
+            return note_.CloseButtonClick(), 0;
+        default:
+            return Default(message, wParam, lParam);
     }
 }
 
@@ -125,6 +144,15 @@ LRESULT NoteForm::OnCreate() {
     LayOut();
     settleTimer_.Start(kSettleMilliseconds);
     return messageBox_ != nullptr ? 0 : -1;
+}
+
+void NoteForm::OnDestroy() {
+    saveTimer_.Stop();
+    settleTimer_.Stop();
+    trayIcon_.SetVisible(false);
+    ReleaseDropTarget();
+    // The object lives on: what is asked of it now must not reach a window that the system gave the same number.
+    messageBox_ = nullptr;
 }
 
 void NoteForm::CreateTextBox() {
@@ -197,7 +225,9 @@ void NoteForm::Place(const Rect& place, UINT flags) {
                  flags | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-bool NoteForm::IsVisible() const { return IsWindowVisible(Handle()) != 0; }
+bool NoteForm::IsVisible() const {
+    return IsWindowVisible(Handle()) != 0;
+}
 
 void NoteForm::Show() {
     const FlagScope byProgram(placing_);
@@ -206,7 +236,9 @@ void NoteForm::Show() {
     SendMessageW(messageBox_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
 }
 
-void NoteForm::Hide() { ShowWindow(Handle(), SW_HIDE); }
+void NoteForm::Hide() {
+    ShowWindow(Handle(), SW_HIDE);
+}
 
 void NoteForm::BringToFront(bool pinned) {
     SetTopmost(Handle(), true);
@@ -223,20 +255,26 @@ void NoteForm::ShowPinned(bool pinned) {
     pushpin_.SetPicture(pinned ? ButtonPicture::PushpinPressed : ButtonPicture::Pushpin);
 }
 
-void NoteForm::SetOpacity(int alpha) { SetTranslucency(Handle(), alpha); }
+void NoteForm::SetOpacity(int alpha) {
+    SetTranslucency(Handle(), alpha);
+}
 
-bool NoteForm::IsIconShowing() const { return trayIcon_.Visible(); }
+bool NoteForm::IsIconShowing() const {
+    return trayIcon_.Visible();
+}
 
 void NoteForm::ShowIcon(std::u16string_view caption) {
     trayIcon_.onClick = [this] { note_.ShowFromIcon(); };
-    trayIcon_.SetIcon(static_cast<HICON>(LoadImageW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO), IMAGE_ICON,
-                                                    GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON),
-                                                    LR_SHARED)));
+    trayIcon_.SetIcon(
+        static_cast<HICON>(LoadImageW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO), IMAGE_ICON,
+                                      GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED)));
     trayIcon_.SetToolTipText(caption);
     trayIcon_.SetVisible(true);
 }
 
-void NoteForm::HideIcon() { trayIcon_.SetVisible(false); }
+void NoteForm::HideIcon() {
+    trayIcon_.SetVisible(false);
+}
 
 void NoteForm::ApplyAppearance(const Note& note, const Settings& settings) {
     noteColor_ = note.NoteColor;
@@ -276,19 +314,11 @@ void NoteForm::ApplyBarColors() {
 }
 
 void NoteForm::Repaint() {
-    RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    // Without a window the call would mean every window on the desktop.
+    if (Handle() != nullptr) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 void NoteForm::Close() {
-    saveTimer_.Stop();
-    settleTimer_.Stop();
-    trayIcon_.SetVisible(false);
-    if (dropTarget_ != nullptr) {
-        RevokeDragDrop(messageBox_);
-        dropTarget_->Disconnect();
-        dropTarget_->Release();
-        dropTarget_ = nullptr;
-    }
     Destroy();
 }
 
@@ -298,9 +328,12 @@ LRESULT NoteForm::OnNcHitTest(UINT message, WPARAM wParam, LPARAM lParam) {
     const Point at = PointFromLParam(lParam);
     const Size size{window.right - window.left, window.bottom - window.top};
     switch (HitTestNote(Point{at.x - window.left, at.y - window.top}, size, scale_)) {
-        case NoteHit::BottomRight: return HTBOTTOMRIGHT;
-        case NoteHit::Bottom: return HTBOTTOM;
-        case NoteHit::Nothing: break;
+        case NoteHit::BottomRight:
+            return HTBOTTOMRIGHT;
+        case NoteHit::Bottom:
+            return HTBOTTOM;
+        case NoteHit::Nothing:
+            break;
     }
     return Default(message, wParam, lParam);
 }
@@ -397,17 +430,19 @@ void NoteForm::InsertDropped(std::u16string_view text) {
 void NoteForm::UpdateDropTarget() {
     const bool wanted = tools_.settings.dragAndDrop;
     if (wanted == (dropTarget_ != nullptr) || Handle() == nullptr) return;
-    if (!wanted) {
-        RevokeDragDrop(messageBox_);
-        dropTarget_->Disconnect();
-        dropTarget_->Release();
-        dropTarget_ = nullptr;
-        return;
-    }
+    if (!wanted) return ReleaseDropTarget();
     if (!tools_.ole.Start()) return;
     dropTarget_ = new NoteDropTarget(messageBox_, tools_.locale, tools_.shell,
                                      [this](std::u16string_view text) { InsertDropped(text); });
     RegisterDragDrop(messageBox_, dropTarget_);
+}
+
+void NoteForm::ReleaseDropTarget() {
+    if (dropTarget_ == nullptr) return;
+    RevokeDragDrop(messageBox_);
+    dropTarget_->Disconnect();
+    dropTarget_->Release();
+    dropTarget_ = nullptr;
 }
 
 }  // namespace quillo

@@ -59,6 +59,7 @@ class NoteForm : public Window, public NoteView {
 
   private:
     LRESULT OnCreate();
+    void OnDestroy();
     LRESULT OnNcHitTest(UINT message, WPARAM wParam, LPARAM lParam);
     void OnActivate(bool active);
     void OnCommand(int id, int notification);
@@ -80,6 +81,7 @@ class NoteForm : public Window, public NoteView {
     void ApplyFont();
     void ApplyBarColors();
     void UpdateDropTarget();
+    void ReleaseDropTarget();
 
     OpenNote& note_;
     NoteFormTools tools_;
