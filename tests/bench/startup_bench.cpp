@@ -1,0 +1,120 @@
+// How long the whole program takes from its start until every note is painted, against the bare program that shows the
+// same files: the same run, interleaved, the ratio of the medians.
+// Usage: startup_bench QUILLO.EXE BARE_NOTES.EXE [RUNS]
+// It uses the notes folder of the user who runs it, and refuses one that holds notes.
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "platform/unique_handle.h"
+#include "platform/wide.h"
+#include "platform/win_file_store.h"
+#include "platform/win_shell.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+struct Census {
+    DWORD process = 0;
+    const wchar_t* windowClass = nullptr;
+    int painted = 0;
+};
+
+BOOL CALLBACK CountPainted(HWND window, LPARAM target) noexcept {
+    auto& census = *reinterpret_cast<Census*>(target);
+    DWORD process = 0;
+    wchar_t name[64] = L"";
+    GetWindowThreadProcessId(window, &process);
+    GetClassNameW(window, name, 64);
+    if (process != census.process || lstrcmpW(name, census.windowClass) != 0 || !IsWindowVisible(window)) return TRUE;
+    HWND box = FindWindowExW(window, nullptr, L"Edit", nullptr);
+    if (!GetUpdateRect(window, nullptr, FALSE) && box != nullptr && !GetUpdateRect(box, nullptr, FALSE)) {
+        ++census.painted;
+    }
+    return TRUE;
+}
+
+/// Milliseconds from the start of the command until `notes` windows are painted; negative when that never comes.
+double TimeStart(const std::wstring& command, const wchar_t* windowClass, int notes) {
+    std::wstring line = command;
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION info{};
+    const auto begin = Clock::now();
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &info)) return -1;
+    const quillo::KernelHandle process(info.hProcess);
+    const quillo::KernelHandle thread(info.hThread);
+    Census census{info.dwProcessId, windowClass, 0};
+    while (census.painted < notes && Clock::now() - begin < std::chrono::seconds(60)) {
+        Sleep(1);
+        census.painted = 0;
+        EnumWindows(&CountPainted, reinterpret_cast<LPARAM>(&census));
+    }
+    const std::chrono::duration<double, std::milli> took = Clock::now() - begin;
+    TerminateProcess(process.Get(), 0);
+    WaitForSingleObject(process.Get(), INFINITE);
+    return census.painted < notes ? -1 : took.count();
+}
+
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+std::string SampleNote(int index) {
+    const int left = 300 + index * 150;
+    const int top = 300 + index * 120;
+    return "Note " + std::to_string(index) +
+           ": milk, bread, a call to the garage\r\nand a second line that is long enough to be wrapped once\r\n"
+           "<quillo><position>" +
+           std::to_string(left) + "," + std::to_string(top) +
+           ",2820,2445</position><appearance>False,False,14155262,3723262,0,0</appearance><reminder></reminder>"
+           "<nodelete></nodelete></quillo>";
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 3) return std::printf("usage: startup_bench QUILLO.EXE BARE_NOTES.EXE [RUNS]\n"), 2;
+    const int runs = argc > 3 ? std::atoi(argv[3]) : 15;
+    quillo::WinFileStore files;
+    quillo::WinShell shell;
+    std::u16string folder = shell.FolderPath(quillo::SpecialFolder::LocalApplicationData) + u"\\Marrowind";
+    files.CreateFolder(folder);
+    folder += u"\\Notes";
+    files.CreateFolder(folder);
+    if (!files.List(folder, u".qln").empty()) return std::printf("the notes folder holds notes\n"), 2;
+
+    const std::string program = argv[1];
+    const std::wstring quilloCommand = L"\"" + std::wstring(program.begin(), program.end()) + L"\"";
+    const std::string bare = argv[2];
+    const std::wstring bareCommand = L"\"" + std::wstring(bare.begin(), bare.end()) + L"\" " + quillo::Wide(folder);
+
+    std::printf("notes   quillo ms    bare ms   ratio of medians\n");
+    int written = 0;
+    for (const int notes : {1, 10, 50}) {
+        for (; written < notes; ++written) {
+            const std::string name = "\\bench" + std::to_string(written) + ".qln";
+            if (!files.Write(folder + std::u16string(name.begin(), name.end()), SampleNote(written))) return 1;
+        }
+        std::vector<double> ours;
+        std::vector<double> theirs;
+        for (int run = -1; run < runs; ++run) {  // the first pair only warms the machine up
+            const double a = TimeStart(quilloCommand, L"QuilloNote", notes);
+            const double b = TimeStart(bareCommand, L"BareNote", notes);
+            if (a < 0 || b < 0) return std::printf("the notes did not come\n"), 1;
+            if (run >= 0) ours.push_back(a), theirs.push_back(b);
+        }
+        std::printf("%5d   %9.1f  %9.1f   %.2f\n", notes, Median(ours), Median(theirs), Median(ours) / Median(theirs));
+        std::fflush(stdout);
+    }
+    for (const std::u16string& path : files.List(folder, u".qln")) {
+        if (!files.Delete(path)) std::printf("a note was left behind\n");
+    }
+    return 0;
+}
