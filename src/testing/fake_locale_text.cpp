@@ -3,7 +3,6 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <vector>
 
 #include "util/numbers.h"
 #include "util/text.h"
@@ -39,50 +38,6 @@ char16_t LowerOf(char16_t c) {
 
 std::u16string Padded(int number) {
     return (number < 10 ? u"0" : u"") + FormatInteger(number);
-}
-
-// The whole numbers between the separators; nothing when an entry is empty, too long or not of digits only.
-std::optional<std::vector<int>> SplitDigits(std::u16string_view text, char16_t separator) {
-    std::vector<int> numbers{0};
-    int digits = 0;
-    for (const char16_t c : text) {
-        if (c == separator && digits > 0) {
-            numbers.push_back(0);
-            digits = 0;
-        } else if (c >= u'0' && c <= u'9' && ++digits <= 4) {
-            numbers.back() = numbers.back() * 10 + (c - u'0');
-        } else {
-            return std::nullopt;
-        }
-    }
-    if (digits == 0) return std::nullopt;
-    return numbers;
-}
-
-std::optional<CivilTime> ReadDate(std::u16string_view text) {
-    const auto numbers = SplitDigits(text, u'/');
-    if (!numbers || numbers->size() != 3) return std::nullopt;
-    const CivilTime date{(*numbers)[2], (*numbers)[0], (*numbers)[1], 0, 0, 0};
-    if (date.year < 100 || ToCivilTime(ToDaySerial(date)) != date) return std::nullopt;
-    return date;
-}
-
-bool ReadTime(std::u16string_view text, CivilTime& time) {
-    std::u16string folded = FoldAscii(text);
-    const bool am = folded.size() > 2 && folded.compare(folded.size() - 2, 2, u"am") == 0;
-    const bool pm = folded.size() > 2 && folded.compare(folded.size() - 2, 2, u"pm") == 0;
-    if (am || pm) folded.resize(folded.size() - 2);
-    const auto numbers = SplitDigits(Trim(folded), u':');
-    if (!numbers || numbers->size() > 3 || (numbers->size() == 1 && !am && !pm)) return false;
-    int hour = (*numbers)[0];
-    if (am || pm) {
-        if (hour < 1 || hour > 12) return false;
-        hour = hour % 12 + (pm ? 12 : 0);
-    }
-    time.hour = hour;
-    time.minute = numbers->size() > 1 ? (*numbers)[1] : 0;
-    time.second = numbers->size() > 2 ? (*numbers)[2] : 0;
-    return time.hour < 24 && time.minute < 60 && time.second < 60;
 }
 
 }  // namespace
@@ -160,16 +115,7 @@ std::optional<double> FakeLocaleText::ParseNumber(std::u16string_view text) {
 }
 
 std::optional<DaySerial> FakeLocaleText::ParseDate(std::u16string_view text) {
-    const std::u16string_view trimmed = Trim(text);
-    const std::size_t blank = trimmed.find(u' ');
-    CivilTime when;
-    if (const auto date = ReadDate(trimmed.substr(0, blank))) {
-        when = *date;
-        if (blank != std::u16string_view::npos && !ReadTime(Trim(trimmed.substr(blank)), when)) return std::nullopt;
-    } else if (!ReadTime(trimmed, when)) {
-        return std::nullopt;
-    }
-    return ToDaySerial(when);
+    return ReadFakeDate(text, dateOrder, currentYear);
 }
 
 std::u16string FakeLocaleText::ShortDate(DaySerial when) {

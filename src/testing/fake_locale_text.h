@@ -5,10 +5,12 @@
 #include <string_view>
 
 #include "ports/locale_text.h"
+#include "testing/fake_date_reader.h"
 
 namespace quillo {
 
-/// The text of a user in the United States whose code page is Windows-1252; only the decimal sign can be changed.
+/// The text of a user in the United States whose code page is Windows-1252; the decimal sign and the order of a date
+/// that is read can be changed.
 class FakeLocaleText : public LocaleText {
   public:
     [[nodiscard]] std::string ToNarrow(std::u16string_view text) override;
@@ -19,13 +21,15 @@ class FakeLocaleText : public LocaleText {
     [[nodiscard]] std::u16string DecimalSeparator() override { return decimalSeparator; }
     /// Digits with group signs, a sign, a fraction, an exponent; blanks around them.
     [[nodiscard]] std::optional<double> ParseNumber(std::u16string_view text) override;
-    /// "7/16/2023", "6:00 PM", "18:00:30", or a date, a blank and a time.
+    /// See ReadFakeDate.
     [[nodiscard]] std::optional<DaySerial> ParseDate(std::u16string_view text) override;
     [[nodiscard]] std::u16string ShortDate(DaySerial when) override;
     [[nodiscard]] std::u16string LongTime(DaySerial when) override;
     [[nodiscard]] std::u16string GeneralDate(DaySerial when) override;
 
     std::u16string decimalSeparator = u".";
+    FakeDateOrder dateOrder = FakeDateOrder::MonthDayYear;
+    int currentYear = 2026;  ///< of a date that is read and has none
 };
 
 }  // namespace quillo
