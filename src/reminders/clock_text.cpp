@@ -96,8 +96,8 @@ std::optional<DaySerial> ReadDigitTime(std::u16string_view text) {
 }
 
 std::optional<DaySerial> ReadDateOrTime(std::u16string_view phrase, LocaleText& locale) {
-    if (const auto read = ReadDigitTime(phrase))
-        return read;  // the conversion gives the same, at a hundred times the cost
+    // Spares the platform's conversion, which gives the same but takes many times as long.
+    if (const auto read = ReadDigitTime(phrase)) return read;
     if (const auto read = ReadPlain(phrase, locale)) return read;
     const std::u16string plain = WithPlainBlanks(phrase);
     if (plain.empty()) return std::nullopt;
