@@ -1,0 +1,37 @@
+#pragma once
+
+#include <atomic>
+#include <mutex>
+#include <string>
+#include <thread>
+
+#include "platform/win32.h"
+
+namespace quillo::e2e {
+
+/// Starts a process and watches it as a debugger does. A fault inside a window procedure can be swallowed by the system
+/// on its way out, after which the program goes on, silently broken: here it is seen.
+class CrashWatch {
+  public:
+    CrashWatch() = default;
+    CrashWatch(const CrashWatch&) = delete;
+    CrashWatch& operator=(const CrashWatch&) = delete;
+    /// The process must have ended.
+    ~CrashWatch();
+
+    /// A handle to the process started, or null.
+    [[nodiscard]] HANDLE Start(std::wstring commandLine, const std::wstring& folder);
+    [[nodiscard]] std::string Crash() const;
+
+  private:
+    void Watch(std::wstring commandLine, std::wstring folder);
+    void Note(const EXCEPTION_RECORD& fault);
+
+    std::thread thread_;
+    std::atomic<bool> started_{false};
+    HANDLE process_ = nullptr;  ///< written before `started_`
+    mutable std::mutex mutex_;
+    std::string crash_;
+};
+
+}  // namespace quillo::e2e

@@ -1,0 +1,93 @@
+#include "harness/input.h"
+
+namespace quillo::e2e {
+namespace {
+
+void Send(std::vector<INPUT> inputs) {
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+INPUT MouseInput(DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = flags;
+    return input;
+}
+
+INPUT KeyInput(WORD key, bool up) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = up ? KEYEVENTF_KEYUP : 0;
+    return input;
+}
+
+INPUT CharacterInput(wchar_t character, bool up) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wScan = character;
+    input.ki.dwFlags = KEYEVENTF_UNICODE | (up ? KEYEVENTF_KEYUP : 0);
+    return input;
+}
+
+}  // namespace
+
+void MoveMouse(POINT to) {
+    SetCursorPos(to.x, to.y);
+    // The system moves the pointer without telling the window below it; this tells.
+    Send({MouseInput(MOUSEEVENTF_MOVE)});
+    (void)Eventually(
+        [to] {
+            POINT now{};
+            GetCursorPos(&now);
+            return now.x == to.x && now.y == to.y;
+        },
+        std::chrono::seconds(1));
+}
+
+void PressMouse() {
+    Send({MouseInput(MOUSEEVENTF_LEFTDOWN)});
+}
+
+void ReleaseMouse() {
+    Send({MouseInput(MOUSEEVENTF_LEFTUP)});
+}
+
+void DragMouse(POINT from, POINT to) {
+    constexpr int kSteps = 8;
+    MoveMouse(from);
+    PressMouse();
+    for (int i = 1; i <= kSteps; ++i) {
+        MoveMouse(POINT{from.x + (to.x - from.x) * i / kSteps, from.y + (to.y - from.y) * i / kSteps});
+    }
+    ReleaseMouse();
+}
+
+void ClickMouse(POINT at) {
+    MoveMouse(at);
+    PressMouse();
+    ReleaseMouse();
+}
+
+void PressKey(WORD key, const std::vector<WORD>& held) {
+    std::vector<INPUT> inputs;
+    for (const WORD modifier : held) inputs.push_back(KeyInput(modifier, false));
+    inputs.push_back(KeyInput(key, false));
+    inputs.push_back(KeyInput(key, true));
+    for (auto modifier = held.rbegin(); modifier != held.rend(); ++modifier)
+        inputs.push_back(KeyInput(*modifier, true));
+    Send(std::move(inputs));
+}
+
+void TypeText(std::wstring_view text) {
+    for (const wchar_t character : text) {
+        if (character == L'\n') {
+            PressKey(VK_RETURN);
+        } else {
+            Send({CharacterInput(character, false), CharacterInput(character, true)});
+        }
+    }
+}
+
+}  // namespace quillo::e2e

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "harness/eventually.h"
+#include "platform/win32.h"
+
+namespace quillo::e2e {
+
+/// Moves the real pointer there at once.
+void MoveMouse(POINT to);
+void PressMouse();
+void ReleaseMouse();
+/// Presses at `from`, moves to `to` in steps, and releases there.
+void DragMouse(POINT from, POINT to);
+void ClickMouse(POINT at);
+
+/// The keys go to whatever has the keyboard.
+void PressKey(WORD key, const std::vector<WORD>& held = {});
+/// Types the text by character codes, as an input method does; a line feed is the Enter key.
+void TypeText(std::wstring_view text);
+
+/// Does something with the mouse until it has taken effect: a press can get lost between the desktop and the system.
+template <typename Action, typename Effect>
+[[nodiscard]] bool Until(Effect effect, Action action) {
+    constexpr int kAttempts = 8;
+    constexpr std::chrono::milliseconds kPatienceForOne{2500};
+    for (int i = 0; i < kAttempts; ++i) {
+        action();
+        if (Eventually(effect, kPatienceForOne)) return true;
+    }
+    return false;
+}
+
+}  // namespace quillo::e2e

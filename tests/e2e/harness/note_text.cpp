@@ -1,0 +1,48 @@
+#include "harness/note_text.h"
+
+#include <cmath>
+
+#include "platform/win32.h"
+
+namespace quillo::e2e {
+namespace {
+
+constexpr int kTwipsPerInch = 1440;
+
+int Dpi() {
+    return static_cast<int>(GetDpiForSystem());
+}
+
+/// Whole twips, the way a note keeps them.
+std::string TwipsText(int pixels) {
+    return std::to_string(std::lround(static_cast<double>(pixels) * kTwipsPerInch / Dpi()));
+}
+
+}  // namespace
+
+std::string NoteFile::Bytes() const {
+    return text + "\r\n<quillo><position>" + position + "</position><appearance>" + appearance +
+           "</appearance><reminder>" + reminder + "</reminder>" + last + "</quillo>";
+}
+
+std::string PositionOfPixels(int left, int top, int width, int height) {
+    return TwipsText(left) + "," + TwipsText(top) + "," + TwipsText(width) + "," + TwipsText(height);
+}
+
+int PixelsOfTwips(double twips) {
+    return static_cast<int>(std::lround(twips * Dpi() / kTwipsPerInch));
+}
+
+int Px(int at96) {
+    return MulDiv(at96, Dpi(), 96);
+}
+
+std::wstring Widen(std::string_view narrow) {
+    const int size = static_cast<int>(narrow.size());
+    const int length = MultiByteToWideChar(CP_ACP, 0, narrow.data(), size, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(length), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, narrow.data(), size, wide.data(), length);
+    return wide;
+}
+
+}  // namespace quillo::e2e

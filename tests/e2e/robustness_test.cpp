@@ -1,0 +1,140 @@
+#include <random>
+
+#include "harness/e2e_test.h"
+
+namespace quillo::e2e {
+namespace {
+
+class Robustness : public OrdinaryTest {
+  protected:
+    static constexpr std::size_t kMostNotes = 50;
+
+    static std::wstring NameOf(std::size_t number) { return L"note " + std::to_wstring(number) + L".qln"; }
+    void AddNotes(std::size_t count) const {
+        for (std::size_t i = 0; i < count; ++i) {
+            Profile().AddNote(NameOf(i), NoteFile{"note " + std::to_string(i)}.Bytes());
+        }
+    }
+    static void AppendTo(const NoteWindow& note, const std::wstring& text) {
+        DWORD_PTR ignored = 0;
+        SendMessageTimeoutW(note.TextBox(), EM_SETSEL, 0, 0, SMTO_ABORTIFHUNG, 5000, &ignored);
+        SendMessageTimeoutW(note.TextBox(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()),
+                            SMTO_ABORTIFHUNG, 5000, &ignored);
+    }
+};
+
+TEST_F(Robustness, OfFiftyOneFilesFiftyAreOpenedAndOneStaysAsItIs) {
+    for (std::size_t i = 0; i <= kMostNotes; ++i) Profile().AddNote(NameOf(i), "plain " + std::to_string(i));
+    Start();
+    EXPECT_EQ(VisibleNotes(Quillo()), kMostNotes);
+    EXPECT_TRUE(Quillo().HasShownBalloon());
+    EXPECT_FALSE(MessageBoxWindow::Find(Quillo().Pid()));
+
+    WriteBytes(Outside() / L"one more.txt", "one more");
+    EXPECT_EQ(RunToEnd(Outside() / L"one more.txt"), 0U);
+    EXPECT_EQ(RunToEnd(L"/new"), 0U);
+    EXPECT_TRUE(Quillo().WaitUntilReady());
+    EXPECT_EQ(Quillo().Notes().size(), kMostNotes);
+    EXPECT_EQ(ReadBytes(Outside() / L"one more.txt"), "one more");
+
+    Quit();
+    std::size_t untouched = 0;
+    for (const std::wstring& path : StorageCopies()) {
+        untouched += ReadBytes(path).find("<quillo>") == std::string::npos ? 1U : 0U;
+    }
+    EXPECT_EQ(StorageCopies().size(), kMostNotes + 1);
+    EXPECT_EQ(untouched, 1U);
+}
+
+TEST_F(Robustness, FiftyFilesAreOpenedWithoutABalloon) {
+    AddNotes(kMostNotes);
+    Start();
+    EXPECT_EQ(VisibleNotes(Quillo()), kMostNotes);
+    EXPECT_FALSE(Quillo().HasShownBalloon());
+}
+
+TEST_F(Robustness, DisabledBalloonHelpSaysNothingOfTheFiftyFirst) {
+    Profile().SetNumber(L"Disable balloon help", 1);
+    AddNotes(kMostNotes + 1);
+    Start();
+    EXPECT_EQ(VisibleNotes(Quillo()), kMostNotes);
+    EXPECT_FALSE(Quillo().HasShownBalloon());
+}
+
+TEST_F(Robustness, TheEndOfTheSessionSavesTheNotes) {
+    AddNotes(2);
+    Start();
+    AppendTo(FindNote(Quillo(), L"note 0"), L"changed ");
+    HWND form = GetParent(Quillo().Channel());
+    DWORD_PTR agreed = 0;
+    ASSERT_NE(SendMessageTimeoutW(form, WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, 20'000, &agreed), 0);
+    EXPECT_EQ(agreed, 1U);
+    EXPECT_EQ(ReadBytes(Profile().NotesFolder() + L"\\" + NameOf(0)), NoteFile{"changed note 0"}.Bytes())
+        << "saved before the session may end";
+    AppendTo(FindNote(Quillo(), L"changed note 0"), L"once more ");
+    SendMessageTimeoutW(form, WM_ENDSESSION, TRUE, 0, SMTO_ABORTIFHUNG, 20'000, &agreed);
+    EXPECT_EQ(ReadBytes(Profile().NotesFolder() + L"\\" + NameOf(0)), NoteFile{"once more changed note 0"}.Bytes());
+    EXPECT_EQ(ReadBytes(Profile().NotesFolder() + L"\\" + NameOf(1)), NoteFile{"note 1"}.Bytes());
+    EXPECT_EQ(Quillo().WaitForExit(), 0U);
+}
+
+TEST_F(Robustness, ASessionThatGoesOnAfterAllKeepsTheProgram) {
+    AddNotes(1);
+    Start();
+    HWND form = GetParent(Quillo().Channel());
+    DWORD_PTR agreed = 0;
+    SendMessageTimeoutW(form, WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, 20'000, &agreed);
+    SendMessageTimeoutW(form, WM_ENDSESSION, FALSE, 0, SMTO_ABORTIFHUNG, 20'000, &agreed);
+    EXPECT_TRUE(Quillo().WaitUntilReady());
+    EXPECT_EQ(VisibleNotes(Quillo()), 1U);
+}
+
+TEST_F(Robustness, APowerFailureDuringASaveLeavesEveryFileWhole) {
+    constexpr int kRounds = 10;
+    constexpr std::size_t kNotes = 5;
+    constexpr std::size_t kLength = 200'000;
+    for (std::size_t i = 0; i < kNotes; ++i) {
+        Profile().AddNote(NameOf(i), NoteFile{std::to_string(i) + ":" + std::string(kLength, 'a')}.Bytes());
+    }
+    std::mt19937 random(20261121);
+    std::uniform_int_distribution<int> microseconds(0, 30'000);
+    for (int round = 0; round < kRounds; ++round) {
+        Start();
+        ASSERT_EQ(Quillo().Notes().size(), kNotes);
+        const wchar_t letter = static_cast<wchar_t>(L'b' + round);
+        for (const NoteWindow& note : NotesOf(Quillo())) {
+            SendMessageW(note.TextBox(), WM_SETTEXT, 0,
+                         reinterpret_cast<LPARAM>((note.Text().substr(0, 2) + std::wstring(kLength, letter)).c_str()));
+        }
+        // Saving all of them takes a while; the power goes somewhere in it.
+        PostMessageW(GetParent(Quillo().Channel()), WM_QUERYENDSESSION, 0, 0);
+        std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
+        Quillo().Kill();
+
+        ASSERT_EQ(StorageCopies().size(), kNotes);
+        for (std::size_t i = 0; i < kNotes; ++i) {
+            const std::string bytes = ReadBytes(Profile().NotesFolder() + L"\\" + NameOf(i));
+            const std::string start = std::to_string(i) + ":";
+            ASSERT_EQ(bytes.substr(0, start.size()), start);
+            const std::string text(kLength, bytes.at(start.size()));
+            ASSERT_TRUE(bytes == NoteFile{start + text}.Bytes()) << "a torn file after round " << round;
+        }
+    }
+}
+
+TEST_F(Robustness, ThousandsOfLinesAndWildBytesDoNotDisturbIt) {
+    std::string wild;
+    for (int i = 1; i < 256; ++i) wild += static_cast<char>(i);
+    Profile().AddNote(L"wild.qln", wild);
+    Profile().AddNote(L"tags.qln", "<quillo><quillo></quillo></quillo><quillo>" + wild + "</quillo>");
+    Profile().AddNote(L"lines.qln", std::string(20'000, '\n'));
+    Profile().AddNote(L"numbers.qln", NoteFile{"numbers", "1e30,-1e30,1e30,-1e30", "5,-7,1e99,x,,-9"}.Bytes());
+    Start();
+    EXPECT_EQ(NotesOf(Quillo()).size(), 4U);
+    EXPECT_TRUE(Quillo().Answers());
+    EXPECT_EQ(RunToEnd(L"/new"), 0U);
+    EXPECT_EQ(NotesOf(Quillo()).size(), 5U);
+}
+
+}  // namespace
+}  // namespace quillo::e2e

@@ -1,0 +1,155 @@
+#include "harness/e2e_test.h"
+
+namespace quillo::e2e {
+namespace {
+
+using ::testing::IsEmpty;
+
+constexpr std::uint32_t kTrue = 0xFFFFFFFF;
+constexpr COLORREF kFirstRunNote = 0xC0FFFF;
+constexpr COLORREF kFirstRunBorder = 0xC0FF;
+constexpr COLORREF kDefaultNote = 0xD7FDFE;
+constexpr COLORREF kDefaultBorder = 0x38CFFE;
+
+class FirstRun : public E2eTest {};
+class Startup : public OrdinaryTest {};
+
+TEST_F(FirstRun, SetsUpTheProfileAndShowsNothing) {
+    Start();
+    EXPECT_TRUE(FolderExists(Profile().NotesFolder()));
+    EXPECT_EQ(Profile().Number(L"Shown Help"), kTrue);
+    EXPECT_EQ(Profile().RunValue(), QuilloExe());
+    EXPECT_THAT(Quillo().Notes(), IsEmpty());
+    EXPECT_FALSE(MessageBoxWindow::Find(Quillo().Pid())) << "a missing help file is passed over";
+    EXPECT_FALSE(Quillo().HasShownBalloon());
+    EXPECT_THAT(StorageCopies(), IsEmpty());
+}
+
+TEST_F(FirstRun, HasColoursOfItsOwn) {
+    Profile().SetNumber(L"Random note color", 0);
+    Profile().AddNote(L"plain.qln", "hello");
+    Start();
+    const NoteWindow first = FindNote(Quillo(), L"hello");
+    EXPECT_TRUE(Eventually([&] { return first.TextBackground() == kFirstRunNote; }));
+    EXPECT_TRUE(Eventually([&] { return first.FaceColor() == kFirstRunNote; }));
+    EXPECT_TRUE(Eventually([&] { return first.OutlineColor() == kFirstRunBorder; }));
+    Quit();
+
+    Start();
+    const NoteWindow second = FindNote(Quillo(), L"hello");
+    EXPECT_TRUE(Eventually([&] { return second.TextBackground() == kDefaultNote; }));
+    EXPECT_TRUE(Eventually([&] { return second.FaceColor() == kDefaultNote; }));
+    EXPECT_TRUE(Eventually([&] { return second.OutlineColor() == kDefaultBorder; }));
+}
+
+TEST_F(FirstRun, GivesPlainFilesRandomColours) {
+    const std::wstring path = Profile().AddNote(L"plain.qln", "hello");
+    Start();
+    Quit();
+    EXPECT_THAT(ReadBytes(path), ::testing::HasSubstr("<appearance>False,True,")) << "the note owns its random colours";
+}
+
+TEST_F(FirstRun, WithCloseLeavesNothing) {
+    for (const wchar_t* arguments : {L"/close", L"/CLOSE", L"  /Close now", L"/closet"}) {
+        EXPECT_EQ(RunToEnd(arguments), 0U);
+        EXPECT_FALSE(Profile().HasSettings());
+        EXPECT_FALSE(Profile().RunValue());
+        EXPECT_FALSE(FolderExists(Profile().MakersFolder()));
+    }
+}
+
+TEST_F(Startup, WritesTheRunValueWheneverItDiffers) {
+    std::wstring otherCase = QuilloExe();
+    CharUpperW(otherCase.data());
+    for (const std::wstring& before : {std::wstring(L"C:\\elsewhere\\quillo.exe"), otherCase, std::wstring()}) {
+        Profile().SetRunValue(before);
+        Start();
+        EXPECT_EQ(Profile().RunValue(), QuilloExe());
+        Quit();
+        EXPECT_EQ(Profile().RunValue(), QuilloExe()) << "\"Startup Mode\" is 0";
+    }
+}
+
+TEST_F(Startup, Mode1TakesTheRunValueAwayWithTheLastNote) {
+    Profile().SetNumber(L"Startup Mode", 1);
+    Start();
+    EXPECT_EQ(Profile().RunValue(), QuilloExe());
+    Quit();
+    EXPECT_EQ(Profile().RunValue(), std::nullopt);
+    Start();
+    EXPECT_EQ(Profile().RunValue(), QuilloExe());
+    Quit();
+}
+
+TEST_F(Startup, Mode1KeepsTheRunValueWhileANoteIsOpen) {
+    Profile().SetNumber(L"Startup Mode", 1);
+    Profile().AddNote(L"note.qln", NoteFile{"still here"}.Bytes());
+    Start();
+    Quit();
+    EXPECT_EQ(Profile().RunValue(), QuilloExe());
+}
+
+TEST_F(Startup, TellsOfUnknownCommandsOnceTheNotesAreUp) {
+    Profile().AddNote(L"note.qln", NoteFile{"a note"}.Bytes());
+    for (const std::wstring& command : {std::wstring(L"/new"), std::wstring(L"/x y")}) {
+        Start(L" " + command + L"  ");
+        const auto box = MessageBoxWindow::WaitFor(Quillo().Pid());
+        ASSERT_TRUE(box);
+        EXPECT_EQ(VisibleNotes(Quillo()), 1U) << "the notes come first";
+        EXPECT_EQ(box->Title(), L"Quillo");
+        EXPECT_EQ(box->Text(), L"Unknown command: " + command);
+        EXPECT_TRUE(box->ShowsStopIcon());
+        EXPECT_TRUE(box->Answer(IDOK));
+        EXPECT_EQ(NotesOf(Quillo()).size(), 1U) << "no note is made";
+        Quit();
+    }
+}
+
+TEST_F(Startup, ClosesWhileItTellsOfAnUnknownCommand) {
+    Start(L"/x");
+    ASSERT_TRUE(MessageBoxWindow::WaitFor(Quillo().Pid()));
+    EXPECT_EQ(RunToEnd(L"/close"), 0U);
+    const auto box = MessageBoxWindow::Find(Quillo().Pid());
+    EXPECT_TRUE(!box || box->Answer(IDOK));
+    EXPECT_EQ(Quillo().WaitForExit(), 0U) << "the command is not lost";
+}
+
+TEST_F(Startup, OpensTheFileOfItsCommandLineAfterTheSavedNotes) {
+    Profile().AddNote(L"saved.qln", NoteFile{"saved"}.Bytes());
+    const std::wstring path = Outside() / L"given.qln";
+    for (const std::wstring& arguments : {path, L"\"" + path + L"\"", L"@" + path, L"@ \"" + path + L"\" "}) {
+        NoteFile given{"given"};
+        given.last = "<filename>" + std::string("c:\\old place\\given.qln") + "</filename>";
+        WriteBytes(path, given.Bytes());
+        Start(arguments);
+        ASSERT_NE(FindNote(Quillo(), L"saved").Handle(), nullptr);
+        const NoteWindow note = FindNote(Quillo(), L"given");
+        EXPECT_TRUE(note.IsVisible());
+        EXPECT_FALSE(FileExists(path)) << "it has moved into the folder of notes";
+        note.ClickButton(NoteButtonId::Close);
+        EXPECT_TRUE(Eventually([&] { return FileExists(path); })) << "a closed note goes back to its own file";
+        EXPECT_TRUE(Eventually([&] { return !note.Exists(); }));
+        Quit();
+    }
+}
+
+TEST_F(Startup, OpensARelativePathFromItsOwnFolder) {
+    WriteBytes(Outside() / L"near.txt", "near by");
+    Start(L"near.txt", Outside().Path());
+    EXPECT_TRUE(FindNote(Quillo(), L"near by").IsVisible());
+    EXPECT_FALSE(FileExists(Outside() / L"near.txt"));
+}
+
+TEST_F(Startup, PassesOverOtherFilesOfTheFolder) {
+    Profile().AddNote(L"note.QLN", NoteFile{"capital"}.Bytes());
+    Profile().AddNote(L"note.qlnx", "longer ending");
+    Profile().AddNote(L"note.txt", "text");
+    Profile().AddNote(L"qln", "no ending");
+    CreateDirectoryW((Profile().NotesFolder() + L"\\folder.qln").c_str(), nullptr);
+    Start();
+    EXPECT_EQ(NotesOf(Quillo()).size(), 1U);
+    EXPECT_TRUE(FindNote(Quillo(), L"capital").IsVisible());
+}
+
+}  // namespace
+}  // namespace quillo::e2e
