@@ -25,7 +25,7 @@ constexpr int kStrikeThrough = 8;
 
 /// A program of the Windows folder, or of the system folder when it stands only there.
 std::u16string SystemProgram(Shell& shell, FileStore& files, std::u16string_view name) {
-    const std::u16string inWindows = JoinPath(shell.WindowsFolder(), name);
+    std::u16string inWindows = JoinPath(shell.WindowsFolder(), name);
     if (files.FileExists(inWindows)) return inWindows;
     const std::u16string inSystem = JoinPath(shell.SystemFolder(), name);
     return files.FileExists(inSystem) ? inSystem : inWindows;

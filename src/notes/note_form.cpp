@@ -1,5 +1,7 @@
 #include "notes/note_form.h"
 
+#include <cmath>
+
 #include "notes/screen_fit.h"
 #include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
@@ -293,7 +295,7 @@ void NoteForm::ApplyFont() {
     const bool large = note_.Data().LargeText;
     const double points = large ? setting.size * 1.5 : setting.size;
     LOGFONTW font{};
-    font.lfHeight = -static_cast<LONG>(points * scale_.Dpi() / kPointsPerInch + 0.5);
+    font.lfHeight = -static_cast<LONG>(std::lround(points * scale_.Dpi() / kPointsPerInch));
     font.lfWeight = large || setting.bold ? FW_BOLD : FW_NORMAL;
     font.lfItalic = setting.italic ? 1 : 0;
     font.lfUnderline = setting.underline ? 1 : 0;

@@ -15,7 +15,7 @@ DaySerial WinClock::Now() {
     return DaySerial{static_cast<double>(ticks) / kTicksPerDay - kDaysFrom1601To1899};
 }
 
-WinRandom::WinRandom() : state_(0) {
+WinRandom::WinRandom() {
     LARGE_INTEGER counter{};
     QueryPerformanceCounter(&counter);
     state_ = static_cast<unsigned long long>(counter.QuadPart) ^ static_cast<unsigned long long>(GetCurrentProcessId())

@@ -18,7 +18,7 @@ class WinRandom : public Random {
     [[nodiscard]] double Next() override;
 
   private:
-    unsigned long long state_;
+    unsigned long long state_ = 0;
 };
 
 }  // namespace quillo
