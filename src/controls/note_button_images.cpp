@@ -67,8 +67,8 @@ const NoteButtonImages::Coverage& NoteButtonImages::CoverageFor(int frame) {
 
 NoteButtonImages::Coverage NoteButtonImages::LoadCoverage(int frame) {
     const int id = frame <= 20 ? IDB_NOTE_BUTTONS_100 : frame <= 30 ? IDB_NOTE_BUTTONS_150 : IDB_NOTE_BUTTONS_200;
-    const BitmapHandle bitmap(static_cast<HBITMAP>(
-        LoadImageW(ThisModule(), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+    const BitmapHandle bitmap(
+        static_cast<HBITMAP>(LoadImageW(ThisModule(), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
     DIBSECTION section{};
     if (!bitmap || GetObjectW(bitmap.Get(), sizeof section, &section) != sizeof section ||
         section.dsBm.bmBitsPixel != 32 || section.dsBm.bmBits == nullptr) {
@@ -87,10 +87,11 @@ NoteButtonImages::Coverage NoteButtonImages::LoadCoverage(int frame) {
     for (int y = 0; y < std::min(height, coverage.frame * kRows); ++y) {
         const int row = bottomUp ? height - 1 - y : y;
         for (int x = 0; x < width; ++x) {
-            const unsigned char* pixel = bits + (static_cast<std::size_t>(row) * static_cast<std::size_t>(width) +
-                                                 static_cast<std::size_t>(x)) * 4;
-            const std::size_t index = static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
-                                      static_cast<std::size_t>(x);
+            const unsigned char* pixel =
+                bits +
+                (static_cast<std::size_t>(row) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)) * 4;
+            const std::size_t index =
+                static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
             coverage.plate[index] = pixel[2];
             coverage.glyph[index] = pixel[3];
         }

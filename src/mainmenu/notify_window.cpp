@@ -61,7 +61,8 @@ LRESULT NotifyWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_ENDSESSION:
             if (wParam != FALSE && onSessionEnded) onSessionEnded();
             return 0;
-        default: return Default(message, wParam, lParam);
+        default:
+            return Default(message, wParam, lParam);
     }
 }
 

@@ -19,11 +19,11 @@ struct Note {
     ColorWord TextColor;
     bool ReminderSet = false;
     DaySerial ReminderTime;
-    bool Pinned = false;          ///< always on top
-    bool Changed = false;         ///< differs from its storage copy; cleared only by PersistNote
-    std::u16string StoragePath;   ///< its storage copy in the notes folder; empty until first persisted
-    std::u16string FileName;      ///< its own file outside the notes folder, or empty
-    std::u16string NoteKey;       ///< its key among the open notes
+    bool Pinned = false;         ///< always on top
+    bool Changed = false;        ///< differs from its storage copy; cleared only by PersistNote
+    std::u16string StoragePath;  ///< its storage copy in the notes folder; empty until first persisted
+    std::u16string FileName;     ///< its own file outside the notes folder, or empty
+    std::u16string NoteKey;      ///< its key among the open notes
 };
 
 }  // namespace quillo

@@ -97,7 +97,9 @@ HRESULT STDMETHODCALLTYPE NoteDropTarget::QueryInterface(REFIID id, void** objec
     return S_OK;
 }
 
-ULONG STDMETHODCALLTYPE NoteDropTarget::AddRef() { return ++references_; }
+ULONG STDMETHODCALLTYPE NoteDropTarget::AddRef() {
+    return ++references_;
+}
 
 ULONG STDMETHODCALLTYPE NoteDropTarget::Release() {
     const ULONG left = --references_;
@@ -144,14 +146,17 @@ DropFormat NoteDropTarget::FormatOf(IDataObject* data) const {
 
 std::u16string NoteDropTarget::TextOf(IDataObject* data, DropFormat format) const {
     switch (format) {
-        case DropFormat::Link: return TextOfDroppedLink(DroppedMemory(data, LinkFormat()).Bytes(), locale_);
+        case DropFormat::Link:
+            return TextOfDroppedLink(DroppedMemory(data, LinkFormat()).Bytes(), locale_);
         case DropFormat::Text:
             if (Offers(data, CF_UNICODETEXT)) {
                 return TextOfDroppedText(TextIn(DroppedMemory(data, CF_UNICODETEXT).Bytes()));
             }
             return TextOfDroppedText(locale_.FromNarrow(DroppedMemory(data, CF_TEXT).Bytes()));
-        case DropFormat::Files: return TextOfDroppedFiles(FilesIn(DroppedMemory(data, CF_HDROP).Files()), shell_);
-        case DropFormat::None: break;
+        case DropFormat::Files:
+            return TextOfDroppedFiles(FilesIn(DroppedMemory(data, CF_HDROP).Files()), shell_);
+        case DropFormat::None:
+            break;
     }
     return {};
 }

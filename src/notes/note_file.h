@@ -13,9 +13,9 @@ inline constexpr std::string_view kKeepMarker = "<nodelete>";
 
 /// What the fourth element of the tag block says a file is.
 enum class FileKind {
-    StorageCopy,  ///< <nodelete></nodelete>
-    ProgramNamed, ///< <tempfilename>path</tempfilename>
-    OwnFile,      ///< <filename>path</filename>
+    StorageCopy,   ///< <nodelete></nodelete>
+    ProgramNamed,  ///< <tempfilename>path</tempfilename>
+    OwnFile,       ///< <filename>path</filename>
 };
 
 /// The first stage of reading: views into the content that was split. The text is `head` followed by `tail`.
