@@ -88,7 +88,7 @@ report() {
     answer=$(timeout $((up_seconds + 10)) wine "$probe" wait "$up_seconds" 2>/dev/null </dev/null | tr -d '\r') ||
         die "Quillo did not come up within $up_seconds seconds; see $log and the desktop $DISPLAY"
     folder=$(sed -n 's/^hostfolder\t//p' <<<"$answer")
-    say "Quillo is up on $DISPLAY with $(grep -c '^note' <<<"$answer" || true) visible notes."
+    say "Quillo is up on $DISPLAY. Visible notes: $(grep -c '^note' <<<"$answer" || true)"
     say "Notes folder: $(realpath -m "$folder")"
     say "  in Windows: $(sed -n 's/^folder\t//p' <<<"$answer")"
     if [[ $virtual == yes ]]; then

@@ -69,7 +69,7 @@ build_preset() {
         run_logged "$tree/configure.log" "configuring $preset" \
             cmake -S "$quillo_root" --preset "$preset" -B "$tree"
     fi
-    if ! ninja -C "$tree" -n "$@" 2>/dev/null | grep -q 'no work to do'; then
+    if [[ $(ninja -C "$tree" -n "$@" 2>/dev/null) == *@(Building|Linking)* ]]; then
         say "Building $preset"
     fi
     run_logged "$tree/build.log" "building $preset" ninja -C "$tree" "$@"
