@@ -29,8 +29,8 @@ QuilloProcs::QuilloProcs()
     : program_(*this),
       names_(files_, shell_, program_.settings),
       store_(files_, locale_, shell_, names_),
-      noteWorld_{program_.settings, program_.os, program_.notesFolder, store_, locale_, clock_, notice_,
-                 program_.openNotes},
+      noteWorld_{program_.settings, program_.os,       program_.notesFolder, store_, locale_, clock_,
+                 notice_,           program_.openNotes},
       legacy_(registry_, program_.openNotes, random_),
       opening_(program_, noteWorld_, files_, shell_, random_, legacy_) {
     loop_.RunAfterEach([this] { program_.openNotes.ReleaseRemoved(); });
@@ -48,7 +48,9 @@ int QuilloProcs::Main(std::u16string_view commandLine) {
     return exitCode;
 }
 
-bool QuilloProcs::AnotherInstanceRuns() { return instance_.AnotherRuns(); }
+bool QuilloProcs::AnotherInstanceRuns() {
+    return instance_.AnotherRuns();
+}
 
 void QuilloProcs::SendToRunningInstance(std::u16string_view commandLine) {
     Ignore(quillo::SendToRunningInstance(commandLine, kPatienceMilliseconds),
@@ -62,7 +64,9 @@ void QuilloProcs::InitializeShell() {
     RunPendingMessages();
 }
 
-std::int16_t QuilloProcs::RegisterLinkFormat() { return static_cast<std::int16_t>(LinkFormat()); }
+std::int16_t QuilloProcs::RegisterLinkFormat() {
+    return static_cast<std::int16_t>(LinkFormat());
+}
 
 OsFacts QuilloProcs::ReadOsFacts() {
     // The kernel's own answer: GetVersionEx tells what the manifest was written for.
@@ -79,7 +83,7 @@ void QuilloProcs::LoadNotifyWindow() {
 }
 
 std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note) {
-    const NoteFormTools tools{program_.settings, clock_, locale_, random_, shell_, buttonImages_, ole_};
+    const NoteFormTools tools{program_.settings, clock_, locale_, random_, shell_, buttonImages_, noteFonts_, ole_};
     auto form = std::make_unique<NoteForm>(note, tools);
     Ignore(form->Create(), "a note without a window still keeps its file");
     return form;
@@ -92,15 +96,21 @@ void QuilloProcs::OnCommand(std::u16string_view text) {
     }
     const Command command = ClassifyReceived(text);
     switch (command.kind) {
-        case Command::Kind::Close: return Quit();
-        case Command::Kind::New: return opening_.CreateNewNote();
-        case Command::Kind::OpenFile: return opening_.OpenNoteFile(command.text);
+        case Command::Kind::Close:
+            return Quit();
+        case Command::Kind::New:
+            return opening_.CreateNewNote();
+        case Command::Kind::OpenFile:
+            return opening_.OpenNoteFile(command.text);
         case Command::Kind::None:
-        case Command::Kind::Unknown: return;
+        case Command::Kind::Unknown:
+            return;
     }
 }
 
-void QuilloProcs::OnSessionEnding() { legacy_.SaveAllNotesAndClear(); }
+void QuilloProcs::OnSessionEnding() {
+    legacy_.SaveAllNotesAndClear();
+}
 
 void QuilloProcs::Quit() {
     if (!SaveAndUnloadNotes(program_, legacy_, registry_)) return;

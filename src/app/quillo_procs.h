@@ -12,6 +12,7 @@
 #include "controls/note_button_images.h"
 #include "mainmenu/notify_window.h"
 #include "notes/note_drop_target.h"
+#include "notes/note_fonts.h"
 #include "notes/note_store.h"
 #include "platform/message_loop.h"
 #include "platform/single_instance.h"
@@ -67,6 +68,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
 
     // The program.
     NoteButtonImages buttonImages_;
+    NoteFonts noteFonts_;
     Program program_;
     NoteNames names_;
     NoteStore store_;

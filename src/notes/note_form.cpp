@@ -27,7 +27,6 @@ constexpr UINT kSettleMilliseconds = 10;
 constexpr int kTextMargin = 3;
 /// The smallest size that the user can give a note, at 96 dpi: the buttons side by side over one line of text.
 constexpr Size kSmallestNote{80, 56};
-constexpr int kPointsPerInch = 72;
 
 /// A flag that stands for the length of a scope.
 class FlagScope {
@@ -141,9 +140,9 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT NoteForm::OnCreate() {
     scale_ = WindowScale(Handle());
     AddDropShadow(Handle());
-    CreateTextBox();
+    CreateTextBox(tools_.settings.showScrollBars);
     CreateButtons();
-    LayOut();
+    ApplyFont();
     settleTimer_.Start(kSettleMilliseconds);
     return messageBox_ != nullptr ? 0 : -1;
 }
@@ -157,14 +156,45 @@ void NoteForm::OnDestroy() {
     messageBox_ = nullptr;
 }
 
-void NoteForm::CreateTextBox() {
-    const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
+void NoteForm::CreateTextBox(bool scrollBar) {
+    scrollBar_ = scrollBar;
+    const DWORD bar = scrollBar ? WS_VSCROLL : 0;
+    const DWORD style = WS_CHILD | WS_VISIBLE | bar | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
     const UINT_PTR id = kMessageBoxId;
     messageBox_ = CreateWindowExW(0, L"EDIT", L"", style, 0, 0, 0, 0, Handle(), reinterpret_cast<HMENU>(id),
                                   ThisModule(), nullptr);
-    ShowScrollBar(messageBox_, SB_VERT, FALSE);
     constexpr WPARAM kMostTheBoxHolds = 0;
     SendMessageW(messageBox_, EM_SETLIMITTEXT, kMostTheBoxHolds, 0);
+}
+
+void NoteForm::ChangeScrollBar(bool shown) {
+    if (shown == scrollBar_) return;
+    // A text box shows a hidden bar again as soon as its text or its size changes; one made without a bar never does.
+    const HWND old = messageBox_;
+    const std::u16string text = Text();
+    const bool focused = GetFocus() == old;
+    DWORD start = 0;
+    DWORD end = 0;
+    SendMessageW(old, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    ReleaseDropTarget();
+    CreateTextBox(shown);
+    if (messageBox_ == nullptr) {
+        messageBox_ = old;
+        scrollBar_ = !shown;
+        return;
+    }
+    SetText(text);
+    SendMessageW(messageBox_, EM_SETSEL, start, static_cast<LPARAM>(end));
+    SetTabStop();
+    if (focused) SetFocus(messageBox_);
+    DestroyWindow(old);
+    font_ = nullptr;  // the new one has none yet
+    LayOut();
+}
+
+void NoteForm::SetTabStop() {
+    const UINT dialogUnits = 8;
+    SendMessageW(messageBox_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
 }
 
 void NoteForm::CreateButtons() {
@@ -233,9 +263,11 @@ bool NoteForm::IsVisible() const {
 
 void NoteForm::Show() {
     const FlagScope byProgram(placing_);
-    ShowWindow(Handle(), SW_SHOWNOACTIVATE);
-    const UINT dialogUnits = 8;
-    SendMessageW(messageBox_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
+    if (layoutDue_) LayOutNow();
+    // Shown and raised in one step; BringToFront takes it down again from the topmost ones.
+    SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    onTop_ = true;
+    SetTabStop();
 }
 
 void NoteForm::Hide() {
@@ -243,7 +275,7 @@ void NoteForm::Hide() {
 }
 
 void NoteForm::BringToFront(bool pinned) {
-    SetTopmost(Handle(), true);
+    if (!std::exchange(onTop_, false)) SetTopmost(Handle(), true);
     if (!pinned) SetTopmost(Handle(), false);
 }
 
@@ -279,32 +311,23 @@ void NoteForm::HideIcon() {
 }
 
 void NoteForm::ApplyAppearance(const Note& note, const Settings& settings) {
+    if (Handle() == nullptr) return;
     noteColor_ = note.NoteColor;
     borderColor_ = note.BorderColor;
     textColor_ = note.TextColor;
     background_.Reset(CreateSolidBrush(ToColorRef(noteColor_)));
     ApplyBarColors();
+    ChangeScrollBar(settings.showScrollBars);
     ApplyFont();
-    ShowScrollBar(messageBox_, SB_VERT, settings.showScrollBars ? TRUE : FALSE);
     if (!settleTimer_.IsRunning()) UpdateDropTarget();
     Repaint();
 }
 
 void NoteForm::ApplyFont() {
-    const FontSetting& setting = tools_.settings.noteFont;
-    const bool large = note_.Data().LargeText;
-    const double points = large ? setting.size * 1.5 : setting.size;
-    LOGFONTW font{};
-    font.lfHeight = -static_cast<LONG>(std::lround(points * scale_.Dpi() / kPointsPerInch));
-    font.lfWeight = large || setting.bold ? FW_BOLD : FW_NORMAL;
-    font.lfItalic = setting.italic ? 1 : 0;
-    font.lfUnderline = setting.underline ? 1 : 0;
-    font.lfStrikeOut = setting.strikeThrough ? 1 : 0;
-    font.lfCharSet = setting.charset > 0 ? static_cast<BYTE>(setting.charset) : BYTE{DEFAULT_CHARSET};
-    lstrcpynW(font.lfFaceName, Wide(setting.name), LF_FACESIZE);
-    FontHandle fresh(CreateFontIndirectW(&font));
-    SendMessageW(messageBox_, WM_SETFONT, reinterpret_cast<WPARAM>(fresh.Get()), TRUE);
-    font_ = std::move(fresh);  // after the text box has let go of the old one
+    HFONT font = tools_.fonts.Get(tools_.settings.noteFont, note_.Data().LargeText, scale_);
+    if (font == font_) return;
+    font_ = font;
+    SendMessageW(messageBox_, WM_SETFONT, reinterpret_cast<WPARAM>(font), IsVisible() ? TRUE : FALSE);
     SetTextMargins(messageBox_, scale_.Px(kTextMargin));
 }
 
@@ -392,6 +415,12 @@ void NoteForm::OnSystemChanged() {
 }
 
 void NoteForm::LayOut() {
+    layoutDue_ = true;
+    if (IsVisible()) LayOutNow();
+}
+
+void NoteForm::LayOutNow() {
+    layoutDue_ = false;
     const Rect client = ClientRect();
     const NoteLayout layout = LayOutNote(Size{client.width, client.height}, scale_);
     MoveChild(menuButton_.Handle(), layout.menuButton);

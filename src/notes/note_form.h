@@ -4,6 +4,7 @@
 #include "controls/tessel_tray_lite.h"
 #include "notes/note_drop_target.h"
 #include "notes/note_face.h"
+#include "notes/note_fonts.h"
 #include "notes/note_view.h"
 #include "notes/open_note.h"
 #include "platform/ui_timer.h"
@@ -22,6 +23,7 @@ struct NoteFormTools {
     Random& random;
     Shell& shell;
     NoteButtonImages& images;
+    NoteFonts& fonts;
     OleSession& ole;
 };
 
@@ -72,8 +74,12 @@ class NoteForm : public Window, public NoteView {
     void OnSystemChanged();
 
     void CreateButtons();
-    void CreateTextBox();
+    void CreateTextBox(bool scrollBar);
+    void ChangeScrollBar(bool shown);
+    void SetTabStop();
+    /// Puts the parts in their places; while the note is hidden only notes down that it is to be done.
     void LayOut();
+    void LayOutNow();
     void Place(const Rect& place, UINT flags);
     /// The user changed something that the storage copy must learn of.
     void Touch();
@@ -91,7 +97,7 @@ class NoteForm : public Window, public NoteView {
     NoteButton pushpin_;
     NoteButton menuButton_;
     TesselTrayLite trayIcon_;
-    FontHandle font_;
+    HFONT font_ = nullptr;  ///< borrowed from the shared fonts
     BrushHandle background_;
     DragBarPaint bar_;
     ColorWord noteColor_;
@@ -101,6 +107,9 @@ class NoteForm : public Window, public NoteView {
     UiTimer settleTimer_;                   ///< what showing a note must not wait for
     UiTimer saveTimer_;
     bool active_ = false;
+    bool layoutDue_ = true;     ///< the parts stand where an earlier size had them
+    bool onTop_ = false;        ///< just shown above all others
+    bool scrollBar_ = false;    ///< the text box was made with one
     bool settingText_ = false;  ///< the text box changes by the program's hand
     bool placing_ = false;      ///< the window moves by the program's hand
 };

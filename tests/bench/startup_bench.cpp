@@ -19,24 +19,19 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-struct Census {
-    DWORD process = 0;
-    const wchar_t* windowClass = nullptr;
-    int painted = 0;
-};
-
-BOOL CALLBACK CountPainted(HWND window, LPARAM target) noexcept {
-    auto& census = *reinterpret_cast<Census*>(target);
-    DWORD process = 0;
-    wchar_t name[64] = L"";
-    GetWindowThreadProcessId(window, &process);
-    GetClassNameW(window, name, 64);
-    if (process != census.process || lstrcmpW(name, census.windowClass) != 0 || !IsWindowVisible(window)) return TRUE;
+bool IsPainted(HWND window) {
     HWND box = FindWindowExW(window, nullptr, L"Edit", nullptr);
-    if (!GetUpdateRect(window, nullptr, FALSE) && box != nullptr && !GetUpdateRect(box, nullptr, FALSE)) {
-        ++census.painted;
-    }
-    return TRUE;
+    return IsWindowVisible(window) && !GetUpdateRect(window, nullptr, FALSE) && box != nullptr &&
+           !GetUpdateRect(box, nullptr, FALSE);
+}
+
+/// Whether that many windows of the class stand painted. Looks as little as it can: every look takes time from the
+/// program that is being timed.
+bool ArePainted(const wchar_t* windowClass, int notes) {
+    std::vector<HWND> windows;
+    HWND window = FindWindowExW(nullptr, nullptr, windowClass, nullptr);
+    for (; window != nullptr; window = FindWindowExW(nullptr, window, windowClass, nullptr)) windows.push_back(window);
+    return static_cast<int>(windows.size()) >= notes && std::all_of(windows.begin(), windows.end(), &IsPainted);
 }
 
 /// Milliseconds from the start of the command until `notes` windows are painted; negative when that never comes.
@@ -49,16 +44,16 @@ double TimeStart(const std::wstring& command, const wchar_t* windowClass, int no
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &info)) return -1;
     const quillo::KernelHandle process(info.hProcess);
     const quillo::KernelHandle thread(info.hThread);
-    Census census{info.dwProcessId, windowClass, 0};
-    while (census.painted < notes && Clock::now() - begin < std::chrono::seconds(60)) {
-        Sleep(1);
-        census.painted = 0;
-        EnumWindows(&CountPainted, reinterpret_cast<LPARAM>(&census));
+    bool painted = false;
+    while (!painted && Clock::now() - begin < std::chrono::seconds(60)) {
+        Sleep(4);
+        painted = ArePainted(windowClass, notes);
     }
     const std::chrono::duration<double, std::milli> took = Clock::now() - begin;
     TerminateProcess(process.Get(), 0);
     WaitForSingleObject(process.Get(), INFINITE);
-    return census.painted < notes ? -1 : took.count();
+    while (FindWindowExW(nullptr, nullptr, windowClass, nullptr) != nullptr) Sleep(4);
+    return painted ? took.count() : -1;
 }
 
 double Median(std::vector<double> values) {
