@@ -1,5 +1,11 @@
 target_sources(quillo_shell_tests PRIVATE
   windows/main.cpp
+  windows/note_button_test.cpp
+  windows/note_drop_target_test.cpp
+  windows/note_fixture.cpp
+  windows/note_form_test.cpp
+  windows/note_handles_test.cpp
+  windows/notify_window_test.cpp
   windows/registry_test.cpp
   windows/support.cpp
   windows/tray_test.cpp

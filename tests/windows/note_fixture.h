@@ -1,0 +1,79 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/note_names.h"
+#include "app/os_facts.h"
+#include "app/settings.h"
+#include "controls/note_button_images.h"
+#include "notes/note_form.h"
+#include "notes/note_store.h"
+#include "notes/open_note.h"
+#include "platform/win_file_store.h"
+#include "platform/win_locale_text.h"
+#include "support.h"
+#include "testing/fake_clock.h"
+#include "testing/fake_random.h"
+#include "testing/fake_shell.h"
+#include "testing/fake_user_notice.h"
+
+namespace quillo::windows_tests {
+
+enum ChildId : int { kMessageBox = 1, kCloseButton, kPushpin, kMenuButton };
+
+/// Real notes in real windows, over a disk folder of their own and a user who does not exist.
+class NoteWorldForTests : public NoteOwner {
+  public:
+    NoteWorldForTests();
+
+    void RemoveNote(const std::u16string& noteKey) override { removed = noteKey; }
+    [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return removed != noteKey; }
+
+    [[nodiscard]] NoteWorld World() {
+        return NoteWorld{settings, os, folder.Path(), store, locale, clock, notice, *this};
+    }
+    [[nodiscard]] NoteFormTools Tools() {
+        return NoteFormTools{settings, clock, locale, random, shell, images, fonts, ole};
+    }
+
+    TempFolder folder;
+    Settings settings;
+    OsFacts os;
+    WinFileStore files;
+    WinLocaleText locale;
+    FakeShell shell;
+    FakeClock clock;
+    FakeRandom random;
+    FakeUserNotice notice;
+    NoteNames names{files, shell, settings};
+    NoteStore store{files, locale, shell, names};
+    NoteButtonImages images;
+    NoteFonts fonts;
+    OleSession ole;
+    std::u16string removed;
+};
+
+/// One note with its window.
+struct TestNote {
+    TestNote(NoteWorldForTests& world, std::u16string key)
+        : note(world.World(), std::move(key)), form(note, world.Tools()) {
+        note.AttachView(form);
+    }
+    /// Makes the window and gives it the colours of the settings.
+    [[nodiscard]] bool Create() {
+        if (!form.Create()) return false;
+        note.UpdateColors();
+        return true;
+    }
+    [[nodiscard]] HWND Window() const { return form.Handle(); }
+    [[nodiscard]] HWND Child(ChildId id) const { return GetDlgItem(form.Handle(), id); }
+
+    OpenNote note;
+    NoteForm form;
+};
+
+/// A rectangle of the window's client area or of a child of it, in the window's own pixels.
+[[nodiscard]] Rect PlaceIn(HWND window, HWND child);
+
+}  // namespace quillo::windows_tests

@@ -1,0 +1,376 @@
+#include "notes/note_form.h"
+
+#include <gtest/gtest.h>
+
+#include "note_fixture.h"
+#include "platform/dpi.h"
+#include "platform/gdi_canvas.h"
+#include "platform/wide.h"
+
+namespace quillo {
+namespace {
+
+using windows_tests::ChildId;
+using windows_tests::NoteWorldForTests;
+using windows_tests::PaintNow;
+using windows_tests::PixelOf;
+using windows_tests::PlaceIn;
+using windows_tests::PumpUntil;
+using windows_tests::PumpWaiting;
+using windows_tests::TestNote;
+
+class NoteFormTest : public testing::Test {
+  protected:
+    NoteFormTest() {
+        EXPECT_TRUE(one_.Create());
+        form_.MoveTo(TwipsRect{3000, 3000, 2820, 2445});
+    }
+
+    void Resize(Size size) {
+        SetWindowPos(one_.Window(), nullptr, 0, 0, size.width, size.height, SWP_NOMOVE | SWP_NOZORDER);
+    }
+    [[nodiscard]] Size ClientSize() const {
+        RECT client{};
+        GetClientRect(one_.Window(), &client);
+        return Size{client.right, client.bottom};
+    }
+    [[nodiscard]] LRESULT HitTest(Point at) const {
+        RECT window{};
+        GetWindowRect(one_.Window(), &window);
+        return SendMessageW(one_.Window(), WM_NCHITTEST, 0, MAKELPARAM(window.left + at.x, window.top + at.y));
+    }
+    void Show() {
+        form_.Show();
+        form_.BringToFront(true);
+        PaintNow(one_.Window());
+    }
+    [[nodiscard]] COLORREF Pixel(Point at) const { return PixelOf(one_.Window(), at); }
+    [[nodiscard]] HWND Box() const { return one_.Child(ChildId::kMessageBox); }
+    void Click(HWND button, WPARAM keys = 0) const {
+        SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON | keys, MAKELPARAM(5, 5));
+        SendMessageW(button, WM_LBUTTONUP, keys, MAKELPARAM(5, 5));
+    }
+
+    NoteWorldForTests world_;
+    TestNote one_{world_, u"one"};
+    NoteForm& form_{one_.form};
+    OpenNote& note_{one_.note};
+    Scale scale_{SystemScale()};
+};
+
+TEST_F(NoteFormTest, ANewNoteIsHiddenAndHasItsDesignSizeNearTheMiddle) {
+    TestNote fresh(world_, u"fresh");
+    ASSERT_TRUE(fresh.Create());
+    EXPECT_FALSE(fresh.form.IsVisible());
+    const TwipsRect place = fresh.form.Rectangle();
+    EXPECT_NEAR(place.width, 2820, 15);
+    EXPECT_NEAR(place.height, 2445, 15);
+    const float middle = scale_.ToTwips(Pixels{GetSystemMetrics(SM_CXSCREEN)}).value / 2;
+    EXPECT_NEAR(place.left + place.width / 2, middle, 30) << "random numbers of one half";
+    EXPECT_FALSE(fresh.note.Data().Changed);
+}
+
+TEST_F(NoteFormTest, PlacesComeBackInTwips) {
+    for (const TwipsRect place : {TwipsRect{1500, 750, 2820, 2445}, TwipsRect{-300, -150, 6000, 4500}}) {
+        form_.MoveTo(place);
+        const TwipsRect read = form_.Rectangle();
+        EXPECT_NEAR(read.left, place.left, 8);
+        EXPECT_NEAR(read.top, place.top, 8);
+        EXPECT_NEAR(read.width, place.width, 8);
+        EXPECT_NEAR(read.height, place.height, 8);
+        form_.MoveTo(read);
+        EXPECT_EQ(form_.Rectangle(), read);
+    }
+    EXPECT_FALSE(note_.Data().Changed) << "the program moved it";
+}
+
+TEST_F(NoteFormTest, ThePartsFollowEverySize) {
+    form_.Show();
+    for (const Size size : {Size{188, 163}, Size{400, 300}, Size{80, 56}, Size{30, 20}, Size{1000, 40}, Size{1, 1}}) {
+        Resize(size);
+        ASSERT_EQ(ClientSize(), size);
+        const NoteLayout layout = LayOutNote(size, scale_);
+        EXPECT_EQ(PlaceIn(one_.Window(), Box()), layout.messageBox) << size.width << " x " << size.height;
+        EXPECT_EQ(PlaceIn(one_.Window(), one_.Child(ChildId::kCloseButton)), layout.closeButton);
+        EXPECT_EQ(PlaceIn(one_.Window(), one_.Child(ChildId::kPushpin)), layout.pushpin);
+        EXPECT_EQ(PlaceIn(one_.Window(), one_.Child(ChildId::kMenuButton)), layout.menuButton);
+    }
+}
+
+TEST_F(NoteFormTest, OnlyTheFootResizes) {
+    const Size size = ClientSize();
+    const int w = size.width;
+    const int h = size.height;
+    const int edge = scale_.Px(12);
+    EXPECT_EQ(HitTest(Point{w - 1, h - 1}), HTBOTTOMRIGHT);
+    EXPECT_EQ(HitTest(Point{w - edge + 1, h - edge + 1}), HTBOTTOMRIGHT);
+    EXPECT_EQ(HitTest(Point{w - edge - 1, h - 1}), HTBOTTOM);
+    EXPECT_EQ(HitTest(Point{w - edge, h - 1}), HTBOTTOM);
+    EXPECT_EQ(HitTest(Point{0, h - 1}), HTBOTTOM);
+    EXPECT_EQ(HitTest(Point{w - 1, h - edge}), HTCLIENT);
+    EXPECT_EQ(HitTest(Point{5, h - edge}), HTCLIENT);
+    EXPECT_EQ(HitTest(Point{0, 0}), HTCLIENT);
+    EXPECT_EQ(HitTest(Point{w / 2, 5}), HTCLIENT);
+}
+
+TEST_F(NoteFormTest, HitTestsWorkLeftOfAndAboveTheScreen) {
+    form_.MoveTo(TwipsRect{-600, -600, 2820, 2445});
+    const Size size = ClientSize();
+    EXPECT_EQ(HitTest(Point{1, size.height - 1}), HTBOTTOM);
+    EXPECT_EQ(HitTest(Point{1, 1}), HTCLIENT);
+}
+
+TEST_F(NoteFormTest, PaintsBorderFaceBarAndGrip) {
+    Show();
+    const int w = ClientSize().width;
+    const int h = ClientSize().height;
+    const COLORREF border = RGB(0xFE, 0xCF, 0x38);
+    const COLORREF face = RGB(0xFE, 0xFD, 0xD7);
+    for (const Point at : {Point{0, 0}, Point{w - 1, 0}, Point{0, h - 1}, Point{w / 2, 0}, Point{0, h / 2},
+                           Point{w - 1, h / 2}, Point{w / 2, h - 1}}) {
+        EXPECT_EQ(Pixel(at), border) << at.x << ", " << at.y;
+    }
+    EXPECT_EQ(Pixel(Point{3, h - 3}), face) << "the foot";
+    EXPECT_EQ(Pixel(Point{w / 2, h / 2}), face) << "the text box is flush with the note";
+    const Rect bar = LayOutNote(ClientSize(), scale_).dragBar;
+    const bool active = GetActiveWindow() == one_.Window();
+    const DragBarPaint paint = DragBarColors(world_.settings.noteColor, world_.settings.noteBorderColor, false, active);
+    EXPECT_EQ(Pixel(Point{w / 2, bar.top}), ToColorRef(paint.top));
+    EXPECT_EQ(Pixel(Point{w / 2, bar.Bottom() - 1}), ToColorRef(paint.bottom));
+    // The three strokes of the grip cross the column next to the right edge.
+    int strokes = 0;
+    for (int y = h - scale_.Px(10); y < h - 1; ++y) strokes += Pixel(Point{w - scale_.Px(2), y}) == border ? 1 : 0;
+    EXPECT_GE(strokes, 2);
+}
+
+TEST_F(NoteFormTest, TheReminderIsWrittenIntoTheFoot) {
+    Show();
+    const Size size = ClientSize();
+    const auto drawn = [&] {
+        int pixels = 0;
+        for (int y = size.height - scale_.Px(11); y < size.height - 1; ++y) {
+            for (int x = 2; x < size.width / 2; ++x) pixels += Pixel(Point{x, y}) != RGB(0xFE, 0xFD, 0xD7) ? 1 : 0;
+        }
+        return pixels;
+    };
+    EXPECT_EQ(drawn(), 0);
+    note_.SetReminder(ToDaySerial({2026, 11, 21, 17, 5, 0}));
+    PaintNow(one_.Window());
+    EXPECT_GT(drawn(), 20);
+    note_.CancelReminder();
+    PaintNow(one_.Window());
+    EXPECT_EQ(drawn(), 0);
+}
+
+TEST_F(NoteFormTest, NewColoursReachTheScreen) {
+    Show();
+    note_.ChangeColors(true, ColorWord::FromRgb(10, 200, 30), ColorWord::FromRgb(200, 0, 0),
+                       ColorWord::FromRgb(0, 0, 9));
+    PaintNow(one_.Window());
+    const Size size = ClientSize();
+    EXPECT_EQ(Pixel(Point{0, 0}), RGB(200, 0, 0));
+    EXPECT_EQ(Pixel(Point{3, size.height - 3}), RGB(10, 200, 30));
+    EXPECT_EQ(Pixel(Point{size.width / 2, size.height / 2}), RGB(10, 200, 30));
+}
+
+TEST_F(NoteFormTest, SystemColoursAreResolved) {
+    Show();
+    const ColorWord window{0x80000000U | COLOR_WINDOW};
+    const ColorWord edge{0x80000000U | COLOR_HIGHLIGHT};
+    note_.ChangeColors(true, window, edge, ColorWord{});
+    PaintNow(one_.Window());
+    EXPECT_EQ(Pixel(Point{0, 0}), GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_EQ(Pixel(Point{3, ClientSize().height - 3}), GetSysColor(COLOR_WINDOW));
+}
+
+TEST_F(NoteFormTest, TextIsKeptWhole) {
+    std::u16string large;
+    while (large.size() < 1'048'576) large += u"A line of a long note.\r\n";
+    const std::u16string texts[] = {u"", u"one", u"a\r\nb\tc \u00E9\u20AC", u"\u65E5\u672C \U0001F58B", large};
+    for (const std::u16string& text : texts) {
+        form_.SetText(text);
+        EXPECT_TRUE(form_.Text() == text) << text.size();
+    }
+    EXPECT_FALSE(note_.Data().Changed) << "the program wrote it";
+}
+
+TEST_F(NoteFormTest, TypingMarksTheNoteChangedAndSavesItByItself) {
+    form_.SetText(u"text");
+    EXPECT_FALSE(note_.Data().Changed);
+    SendMessageW(Box(), EM_SETSEL, 4, 4);
+    SendMessageW(Box(), WM_CHAR, u'\u65E5', 0);
+    EXPECT_EQ(form_.Text(), u"text\u65E5");
+    EXPECT_TRUE(note_.Data().Changed);
+    ASSERT_TRUE(PumpUntil([&] { return !note_.Data().Changed; }));
+    EXPECT_TRUE(world_.files.FileExists(note_.Data().StoragePath));
+}
+
+TEST_F(NoteFormTest, MovingByTheUserMarksTheNoteChanged) {
+    SetWindowPos(one_.Window(), nullptr, 5, 5, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_FALSE(note_.Data().Changed) << "nobody moves a hidden note";
+    Show();
+    EXPECT_FALSE(note_.Data().Changed) << "showing is no move";
+    form_.MoveTo(TwipsRect{4000, 4000, 3000, 3000});
+    form_.MoveOntoScreen();
+    EXPECT_FALSE(note_.Data().Changed) << "the program moved it";
+    SetWindowPos(one_.Window(), nullptr, 300, 200, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_TRUE(note_.Data().Changed);
+}
+
+TEST_F(NoteFormTest, MovesOntoTheScreenWithoutChangingItsSize) {
+    form_.MoveTo(TwipsRect{-90000, 150000, 2820, 2445});
+    const TwipsRect before = form_.Rectangle();
+    form_.MoveOntoScreen();
+    const TwipsRect after = form_.Rectangle();
+    EXPECT_EQ(after.width, before.width);
+    EXPECT_EQ(after.height, before.height);
+    EXPECT_EQ(after.left, 0);
+    EXPECT_GT(after.top, 0);
+}
+
+TEST_F(NoteFormTest, TranslucencyComesAndGoes) {
+    const auto layered = [&] { return (GetWindowLongPtrW(one_.Window(), GWL_EXSTYLE) & WS_EX_LAYERED) != 0; };
+    EXPECT_FALSE(layered());
+    for (const int alpha : {192, 1, 254}) {
+        form_.SetOpacity(alpha);
+        ASSERT_TRUE(layered());
+        BYTE stored = 0;
+        DWORD flags = 0;
+        ASSERT_NE(GetLayeredWindowAttributes(one_.Window(), nullptr, &stored, &flags), 0);
+        EXPECT_EQ(stored, alpha);
+        EXPECT_EQ(flags, DWORD{LWA_ALPHA});
+    }
+    form_.SetOpacity(255);
+    EXPECT_FALSE(layered());
+}
+
+TEST_F(NoteFormTest, ThePinIsShownAndKeepsTheNoteOnTop) {
+    const auto topmost = [&] { return (GetWindowLongPtrW(one_.Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
+    form_.Show();
+    Click(one_.Child(ChildId::kPushpin));
+    EXPECT_TRUE(note_.Data().Pinned);
+    EXPECT_TRUE(topmost());
+    note_.Popup();
+    EXPECT_TRUE(topmost());
+    Click(one_.Child(ChildId::kPushpin));
+    EXPECT_FALSE(note_.Data().Pinned);
+    EXPECT_FALSE(topmost());
+    note_.Popup();
+    EXPECT_FALSE(topmost()) << "in front, but not for good";
+}
+
+TEST_F(NoteFormTest, TheScrollBarFollowsItsOption) {
+    const auto shown = [&] { return (GetWindowLongPtrW(Box(), GWL_STYLE) & WS_VSCROLL) != 0; };
+    std::u16string lines;
+    for (int i = 0; i < 200; ++i) lines += u"line\r\n";
+    EXPECT_FALSE(shown());
+    form_.SetText(lines);
+    EXPECT_FALSE(shown()) << "a long text does not bring it back";
+    Resize(Size{300, 300});
+    EXPECT_FALSE(shown()) << "nor does a new size";
+    SendMessageW(Box(), WM_CHAR, u'x', 0);
+    EXPECT_FALSE(shown()) << "nor typing";
+    world_.settings.showScrollBars = true;
+    note_.UpdateColors();
+    EXPECT_TRUE(shown());
+    world_.settings.showScrollBars = false;
+    note_.UpdateColors();
+    EXPECT_FALSE(shown());
+    EXPECT_EQ(form_.Text().size(), lines.size() + 1);
+}
+
+TEST_F(NoteFormTest, TheFontFollowsTheSettingsAndLargeTextIsBold) {
+    const auto font = [&] {
+        LOGFONTW description{};
+        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(Box(), WM_GETFONT, 0, 0)), sizeof description, &description);
+        return description;
+    };
+    EXPECT_STREQ(font().lfFaceName, L"Tahoma");
+    EXPECT_EQ(font().lfHeight, -static_cast<LONG>(8.0 * scale_.Dpi() / 72 + 0.5));
+    EXPECT_EQ(font().lfWeight, FW_NORMAL);
+    note_.SetLargeText(true);
+    EXPECT_EQ(font().lfHeight, -static_cast<LONG>(12.0 * scale_.Dpi() / 72 + 0.5));
+    EXPECT_EQ(font().lfWeight, FW_BOLD);
+    note_.SetLargeText(false);
+    world_.settings.noteFont = FontSetting{u"Courier New", 10, true, true, true, true, 0};
+    note_.UpdateColors();
+    EXPECT_STREQ(font().lfFaceName, L"Courier New");
+    EXPECT_NE(font().lfItalic, 0);
+    EXPECT_NE(font().lfUnderline, 0);
+    EXPECT_NE(font().lfStrikeOut, 0);
+    EXPECT_EQ(font().lfWeight, FW_BOLD);
+}
+
+TEST_F(NoteFormTest, TheTextBoxHasItsMarginsAndOneTabStop) {
+    Resize(Size{400, 300});
+    form_.Show();
+    for (const bool large : {false, true}) {
+        note_.SetLargeText(large);
+        const auto margins = static_cast<DWORD>(SendMessageW(Box(), EM_GETMARGINS, 0, 0));
+        EXPECT_EQ(LOWORD(margins), scale_.Px(3));
+        EXPECT_EQ(HIWORD(margins), scale_.Px(3));
+    }
+    note_.SetLargeText(false);
+    form_.SetText(u"\ta\t\tb");
+    const auto x = [&](WPARAM character) { return LOWORD(SendMessageW(Box(), EM_POSFROMCHAR, character, 0)); };
+    const int start = x(0);
+    const int step = x(1) - start;
+    EXPECT_GT(step, 0);
+    EXPECT_LT(step, scale_.Px(40)) << "8 dialog units, not the 32 of a plain box";
+    EXPECT_NEAR(x(4) - start, 3 * step, 2) << "the same step again and again";
+}
+
+TEST_F(NoteFormTest, AClickOnTheCloseButtonMayEndTheNote) {
+    form_.Show();
+    const HWND window = one_.Window();
+    Click(one_.Child(ChildId::kCloseButton));  // an empty note goes for good
+    EXPECT_EQ(world_.removed, u"one");
+    EXPECT_EQ(IsWindow(window), FALSE);
+    EXPECT_EQ(form_.Handle(), nullptr);
+    EXPECT_EQ(GetCapture(), nullptr);
+    PumpWaiting();
+    // The object stands until its owner lets go of it, and answers as a note without a window.
+    EXPECT_EQ(form_.Text(), u"");
+    EXPECT_FALSE(form_.IsVisible());
+    form_.SetText(u"nothing to see");
+    form_.Repaint();
+    form_.Show();
+    form_.Hide();
+    form_.ShowPinned(true);
+    form_.SetOpacity(100);
+    note_.UpdateColors();
+    form_.Close();
+    PumpWaiting();
+}
+
+TEST_F(NoteFormTest, AltF4IsTheCloseButton) {
+    form_.SetText(u"kept");
+    note_.SetReminder(ToDaySerial({2026, 11, 22, 9, 0, 0}));
+    form_.Show();
+    SendMessageW(one_.Window(), WM_CLOSE, 0, 0);
+    EXPECT_FALSE(form_.IsVisible());
+    EXPECT_NE(form_.Handle(), nullptr) << "closing hides a note that has a reminder";
+    EXPECT_EQ(world_.notice.balloons.size(), 1U);
+}
+
+TEST_F(NoteFormTest, AnotherResolutionScalesTheWindow) {
+    form_.Show();
+    RECT suggested{100, 100, 100 + 282, 100 + 245};
+    SendMessageW(one_.Window(), WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested));
+    EXPECT_EQ(ClientSize(), (Size{282, 245}));
+    const NoteLayout layout = LayOutNote(Size{282, 245}, Scale(144));
+    EXPECT_EQ(PlaceIn(one_.Window(), one_.Child(ChildId::kCloseButton)), layout.closeButton);
+    EXPECT_EQ(PlaceIn(one_.Window(), Box()), layout.messageBox);
+    EXPECT_NEAR(form_.Rectangle().width, 2820, 10) << "as large as before on paper";
+    EXPECT_EQ(HitTest(Point{280, 245 - 17}), HTBOTTOMRIGHT);
+    EXPECT_EQ(HitTest(Point{280, 245 - 18}), HTCLIENT);
+}
+
+TEST_F(NoteFormTest, FocusGoesToTheText) {
+    form_.Show();
+    form_.Activate();
+    EXPECT_TRUE(PumpUntil([&] { return GetFocus() == Box(); }));
+}
+
+}  // namespace
+}  // namespace quillo
