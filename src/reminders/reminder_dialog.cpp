@@ -72,7 +72,7 @@ ReminderStep ReminderDialog::PressCancel() {
     }
     cancelPanelShown_ = true;
     activeReminder_ = locale_.GeneralDate(existing_);
-    message_ = kKeepOrCancelHint;  // to be seen only where an earlier message has opened the line
+    message_ = kKeepOrCancelHint;  // intended: to be seen only where an earlier message has opened the line
     return step;
 }
 

@@ -137,13 +137,16 @@ ReminderPhrase ReadRelative(std::u16string_view rest, DaySerial now, LocaleText&
 
 // Moves what was read to the time that a user means by it at this moment; it may still lie in the past.
 std::optional<DaySerial> Adjust(DaySerial read, std::u16string_view phrase, DaySerial now) {
-    const CivilTime fields = ToCivilTime(read);
+    CivilTime fields = ToCivilTime(read);
     const CivilTime today = ToCivilTime(DayOf(now));
-    std::optional<DaySerial> when = read;
     if (fields.year < today.year) {
         // A time alone stands in 1899. Intended: a whole date of an earlier year is read as its time today.
-        when = ToDaySerial({today.year, today.month, today.day, fields.hour, fields.minute, fields.second});
+        fields.year = today.year;
+        fields.month = today.month;
+        fields.day = today.day;
     }
+    // From whole seconds: the conversion may miss them by the last bit, which must not count as earlier than now.
+    std::optional<DaySerial> when = ToDaySerial(fields);
     const bool morning = EndsWith(phrase, u"am") || EndsWith(phrase, u"a");
     if (fields.hour < 12 && !morning && *when < now) when = AddToDate(*when, Interval::Hours, 12);
     // Intended: one day only, so an earlier day of this year stays in the past and the reminder comes at once.

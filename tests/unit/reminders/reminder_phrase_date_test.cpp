@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <initializer_list>
 #include <limits>
 #include <string>
@@ -312,6 +313,23 @@ TEST(ReminderPhraseDate, SerialsOutsideTheCalendarAreNotUnderstood) {
         BrokenLocale locale(days);
         EXPECT_EQ(Read(u"some day", kPhraseNow, locale), kUnknown) << days;
     }
+}
+
+// A locale whose conversion adds up hours, minutes and seconds, and so misses a whole second by the last bit.
+class InexactLocale : public FakeLocaleText {
+  public:
+    std::optional<DaySerial> ParseDate(std::u16string_view text) override {
+        const auto read = FakeLocaleText::ParseDate(text);
+        if (!read) return read;
+        return DaySerial{std::nextafter(read->days, 0)};
+    }
+};
+
+TEST(ReminderPhraseDate, TheLastBitOfTheConversionDoesNotCount) {
+    InexactLocale locale;
+    EXPECT_EQ(ParseReminderPhrase(u"11/15/2026 2:10 pm", kPhraseNow, locale).when, kPhraseNow) << "not the past";
+    EXPECT_EQ(ParseReminderPhrase(u"11/20/2026", kPhraseNow, locale).when, ToDaySerial({2026, 11, 20, 0, 0, 0}));
+    EXPECT_EQ(ParseReminderPhrase(u"2:10 pm", kPhraseNow, locale).when, kPhraseNow);
 }
 
 // A locale whose conversion takes only the blank of the keyboard.
