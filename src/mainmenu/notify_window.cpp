@@ -89,7 +89,10 @@ bool SendToRunningInstance(std::u16string_view commandLine, DWORD patience) {
     DWORD process = 0;
     GetWindowThreadProcessId(box, &process);
     AllowSetForegroundWindow(process);
-    SendMessageW(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(std::u16string(commandLine))));
+    // Waits as long as the other one works, which may be a question to the user; not for one that has hung.
+    constexpr UINT kNoTimeout = 0x7FFFFFFF;
+    SendMessageTimeoutW(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(std::u16string(commandLine))),
+                        SMTO_ABORTIFHUNG, kNoTimeout, nullptr);
     return true;
 }
 
