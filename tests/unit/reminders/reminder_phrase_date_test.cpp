@@ -161,6 +161,25 @@ TEST(ReminderPhraseTime, HalvesOfTheDayInEveryLocale) {
                {u"3:00 pm", "2026-11-15 15:00:00"},
                {u"3p", "2026-11-15 15:00:00"}},
               kPhraseNow, locale);
+    for (const std::u16string_view typed : {u"13p", u"15:30 pm", u"0a", u"0:00 am", u"13 am"})
+        EXPECT_EQ(Read(typed, kPhraseNow, locale), kUnknown) << Plain(typed);
+}
+
+// A conversion that takes everything before a half of the day for nine o'clock.
+class CarelessLocale : public FakeLocaleText {
+  public:
+    std::optional<DaySerial> ParseDate(std::u16string_view text) override {
+        const bool halfDay =
+            text.size() > 3 && (text.substr(text.size() - 3) == u" am" || text.substr(text.size() - 3) == u" pm");
+        return halfDay ? std::optional(ToDaySerial({1899, 12, 30, 9, 0, 0})) : std::nullopt;
+    }
+};
+
+TEST(ReminderPhraseTime, WordsAreNotTakenApart) {
+    CarelessLocale locale;
+    EXPECT_EQ(Read(u"9 o'clock a", kPhraseNow, locale), "2026-11-16 09:00:00");
+    for (const std::u16string_view typed : {u"pizza", u"a nap", u"9 o'clocka", u"spam"})
+        EXPECT_EQ(Read(typed, kPhraseNow, locale), kUnknown) << Plain(typed);
 }
 
 TEST(ReminderPhraseTime, NowItselfIsNotThePast) {

@@ -89,6 +89,7 @@ TEST(ReminderPhrase, MidnightIsTheNextDaysHoweverLateItIs) {
     EXPECT_EQ(Read(u"midnight", lastMoment), "2026-11-16 00:00:00") << "not rounded into the next day";
     EXPECT_EQ(Read(u"noon", lastMoment), "2026-11-16 12:00:00");
     EXPECT_EQ(Read(u"15:30", lastMoment), "2026-11-16 15:30:00");
+    EXPECT_EQ(Read(u"3:00", lastMoment), "2026-11-16 15:00:00") << "today is still the 15th";
     EXPECT_EQ(Read(u"midnight", ToDaySerial({2026, 12, 31, 14, 0, 0})), "2027-01-01 00:00:00");
     EXPECT_EQ(Read(u"tomorrow", ToDaySerial({2028, 2, 28, 9, 0, 0})), "2028-02-29 00:00:00");
     EXPECT_EQ(Read(u"tomorrow", ToDaySerial({2027, 2, 28, 9, 0, 0})), "2027-03-01 00:00:00");
@@ -203,9 +204,9 @@ TEST(ReminderPhrase, AmountsThatAreNoNumbers) {
 
 TEST(ReminderPhrase, AmountsAndSumsOutOfRange) {
     for (const std::u16string_view typed :
-         {u"in 2147483648 minutes", u"in 2147483647.5 seconds", u"in 99999999999 weeks", u"in 1e400 hours",
-          u"in 1e10 s", u"in 9999999999999999999999999 days", u"in 2147483647 days", u"in 3000000 days",
-          u"in 2147483647 hours", u"in 999999999 d"}) {
+         {u"in 2147483648 minutes", u"in 4294967297 minutes", u"in 2147483647.5 seconds", u"in 99999999999 weeks",
+          u"in 1e400 hours", u"in 1e10 s", u"in 9999999999999999999999999 days", u"in 2147483647 days",
+          u"in 3000000 days", u"in 2147483647 hours", u"in 999999999 d"}) {
         EXPECT_EQ(Read(typed), kAmount) << Plain(typed);
     }
     EXPECT_EQ(Read(u"in 2147483647 seconds"), "2094-12-03 17:24:07");
