@@ -7,14 +7,12 @@ class Editing : public OrdinaryTest {
   protected:
     NoteWindow Open(const std::string& text) {
         path_ = Profile().AddNote(L"note.qln", NoteFile{text}.Bytes());
-        Profile().AddNote(L"other.qln", NoteFile{"untouched"}.Bytes());
+        NoteFile other{"untouched"};
+        other.position = "9000,3000,3000,2400";  // beside it
+        Profile().AddNote(L"other.qln", other.Bytes());
         other_ = MarkOf(Profile().NotesFolder() + L"\\other.qln");
         Start();
-        NoteWindow note = FindNote(Quillo(), Widen(text));
-        // The two lie on each other: the one to be typed into goes up.
-        SetWindowPos(FindNote(Quillo(), L"untouched").Handle(), HWND_BOTTOM, 0, 0, 0, 0,
-                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-        return note;
+        return FindNote(Quillo(), Widen(text));
     }
     /// Ends the program; exactly the note typed into is written, with that text.
     void QuitAndExpectText(const std::string& text) {
@@ -57,6 +55,7 @@ TEST_F(Editing, ANoteIsSavedSoonAfterTheTyping) {
     const NoteWindow note = Open("draft");
     ASSERT_TRUE(note.TakeKeyboard());
     TypeText(L" 2");
+    ASSERT_TRUE(Eventually([&] { return note.Text() == L"draft 2"; }));
     EXPECT_TRUE(Eventually([&] { return ReadBytes(path_) == NoteFile{"draft 2"}.Bytes(); }));
     Quillo().Kill();
     EXPECT_EQ(ReadBytes(path_), NoteFile{"draft 2"}.Bytes());

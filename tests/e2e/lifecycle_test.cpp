@@ -57,7 +57,9 @@ TEST_F(Lifecycle, TheCloseButtonSavesTheNoteUnderItsText) {
 
 TEST_F(Lifecycle, AnExistingFileIsNeverOverwritten) {
     WriteBytes(Outside() / L"Milk.qln", "mine");
-    Profile().AddNote(L"2.qln", NoteFile{"Milk and more words than fit"}.Bytes());
+    NoteFile other{"Milk and more words than fit"};
+    other.position = "9000,3000,3000,2400";
+    Profile().AddNote(L"2.qln", other.Bytes());
     const NoteWindow first = Open("Milk for coffee");
     WriteBytes(Outside() / L"Milk for.qln", "mine too");
     ASSERT_TRUE(Close(first));
@@ -66,6 +68,25 @@ TEST_F(Lifecycle, AnExistingFileIsNeverOverwritten) {
     ASSERT_TRUE(Close(FindNote(Quillo(), L"Milk and more words than fit")));
     EXPECT_TRUE(FileExists(Outside() / L"Milk and more words.qln"));
     EXPECT_EQ(ReadBytes(Outside() / L"Milk.qln"), "mine");
+}
+
+TEST_F(Lifecycle, ACoveredButtonIsNotPressed) {
+    // The pointer rests on a note's close button when another note comes up over it: the press is for the one in sight.
+    const NoteWindow below = Open("below");
+    RECT button{};
+    GetWindowRect(below.Button(NoteButtonId::Close), &button);
+    const POINT at{(button.left + button.right) / 2, (button.top + button.bottom) / 2};
+    MoveMouse(at);
+    EXPECT_TRUE(Quillo().WaitUntilReady());
+    WriteBytes(Outside() / L"above.txt", NoteFile{"above"}.Bytes());
+    EXPECT_EQ(RunToEnd(L"above.txt", Outside().Path()), 0U);
+    const NoteWindow above = WaitForNote(Quillo(), L"above");
+    ASSERT_TRUE(Eventually([&] { return GetAncestor(WindowFromPoint(at), GA_ROOT) == above.Handle(); }));
+    PressMouse();
+    ReleaseMouse();
+    EXPECT_TRUE(Eventually([&] { return !above.Exists() || !below.Exists(); }));
+    EXPECT_TRUE(below.Exists()) << "the covered note was closed";
+    EXPECT_FALSE(above.Exists());
 }
 
 TEST_F(Lifecycle, AnEmptyNoteClosesWithoutAFile) {

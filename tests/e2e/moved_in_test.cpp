@@ -83,7 +83,7 @@ TEST_F(MovedIn, WhatCannotBeReadStaysAndShowsNothing) {
 }
 
 TEST_F(MovedIn, WhatCannotBeReadInTheFolderOfNotesStaysToo) {
-    const std::wstring nul = Profile().AddNote(L"nul.qln", std::string("a\0b", 3));
+    const std::wstring nul = Profile().AddNote(L"no text.qln", std::string("a\0b", 3));
     const std::wstring locked = Profile().AddNote(L"locked.qln", "locked");
     Profile().AddNote(L"fine.qln", NoteFile{"fine"}.Bytes());
     {

@@ -41,7 +41,7 @@ class NoteFiles : public OrdinaryTest {
     FileMark before_;
 };
 
-TEST_F(NoteFiles, APlainTextIsANewNoteAndIsStoredInPlace) {
+TEST_F(NoteFiles, APlainTextLooksLikeANewNoteAndStaysAsItIs) {
     const NoteWindow note = Open("caf\xE9\r\nzwei\r\n");
     EXPECT_EQ(note.Text(), L"caf\u00E9\r\nzwei\r\n");
     EXPECT_TRUE(note.IsVisible());
@@ -52,11 +52,20 @@ TEST_F(NoteFiles, APlainTextIsANewNoteAndIsStoredInPlace) {
     EXPECT_NEAR((area.left + area.right) / 2, GetSystemMetrics(SM_CXSCREEN) / 2, farthest);
     EXPECT_NEAR((area.top + area.bottom) / 2, GetSystemMetrics(SM_CYSCREEN) / 2, farthest);
     ExpectColors(note, kDefaultNote, kDefaultBorder);
-    Quit();
+    QuitAndExpectUntouched();
+}
 
-    NoteFile stored{"caf\xE9\r\nzwei\r\n"};
-    stored.position = PositionOfPixels(area.left, area.top, PixelsOfTwips(2820), PixelsOfTwips(2445));
+TEST_F(NoteFiles, APlainTextIsStoredInPlaceOnceItIsChanged) {
+    const NoteWindow note = Open("plain\r\n");
+    ASSERT_TRUE(note.TakeKeyboard());
+    TypeText(L"more");
+    ASSERT_TRUE(Eventually([&] { return note.Text() == L"plain\r\nmore"; }));
+    const RECT area = note.Rectangle();
+    NoteFile stored{"plain\r\nmore"};
+    stored.position = PositionOfPixels(area.left, area.top, note.Width(), note.Height());
+    Quit();
     EXPECT_EQ(ReadBytes(path_), stored.Bytes());
+    EXPECT_EQ(StorageCopies().size(), 1U);
 }
 
 TEST_F(NoteFiles, ATaggedFileComesBackAsItWas) {
@@ -96,8 +105,7 @@ TEST_F(NoteFiles, ABlockWithoutAnEndIsText) {
     const std::string bytes = "half a file\r\n<quillo><position>1,2,3,4</posi";
     const NoteWindow note = Open(bytes);
     EXPECT_EQ(note.Text(), Widen(bytes));
-    Quit();
-    EXPECT_THAT(ReadBytes(path_), ::testing::StartsWith(bytes + "\r\n<quillo><position>"));
+    QuitAndExpectUntouched();
 }
 
 TEST_F(NoteFiles, TextBehindTheBlockIsKept) {

@@ -164,7 +164,7 @@ TEST_F(NoteWindowTest, ANewNoteTakesTheKeyboardAndOthersDoNot) {
     const NoteWindow saved = Open();
     EXPECT_EQ(RunToEnd(L"/new"), 0U);
     const NoteWindow fresh = WaitForNote(Quillo(), L"");
-    ASSERT_TRUE(Eventually([&] { return GetForegroundWindow() == fresh.Handle(); }));
+    ASSERT_TRUE(Eventually([&] { return fresh.HasKeyboard(); }));
     TypeText(L"straight in");
     EXPECT_TRUE(Eventually([&] { return fresh.Text() == L"straight in"; }));
     EXPECT_EQ(saved.Text(), L"one\r\ntwo");

@@ -1,3 +1,5 @@
+#include <set>
+
 #include "harness/e2e_test.h"
 
 namespace quillo::e2e {
@@ -43,10 +45,22 @@ TEST_F(FirstRun, HasColoursOfItsOwn) {
 }
 
 TEST_F(FirstRun, GivesPlainFilesRandomColours) {
-    const std::wstring path = Profile().AddNote(L"plain.qln", "hello");
+    constexpr int kFiles = 12;
+    for (int i = 0; i < kFiles; ++i) {
+        WriteBytes(Outside() / (std::to_wstring(i) + L".txt"), "plain");
+    }
     Start();
-    Quit();
-    EXPECT_THAT(ReadBytes(path), ::testing::HasSubstr("<appearance>False,True,")) << "the note owns its random colours";
+    std::set<std::string> looks;
+    for (int i = 0; i < kFiles; ++i) {
+        EXPECT_EQ(RunToEnd(std::to_wstring(i) + L".txt", Outside().Path()), 0U);
+    }
+    for (const std::wstring& path : StorageCopies()) {
+        const std::string bytes = ReadBytes(path);
+        EXPECT_THAT(bytes, ::testing::HasSubstr("<appearance>False,True,")) << "the note owns its colours";
+        looks.insert(bytes.substr(bytes.find("<appearance>")));
+    }
+    EXPECT_EQ(StorageCopies().size(), 12U);
+    EXPECT_GT(looks.size(), 1U);
 }
 
 TEST_F(FirstRun, WithCloseLeavesNothing) {

@@ -4,7 +4,6 @@ namespace quillo::e2e {
 
 void E2eTest::SetUp() {
     ASSERT_TRUE(profile_.IsReady());
-    MoveMouse(POINT{0, 0});  // off the notes: what the pointer is over looks hot
 }
 
 void E2eTest::TearDown() {
@@ -15,6 +14,7 @@ void E2eTest::TearDown() {
 }
 
 void E2eTest::Start(const std::wstring& arguments, const std::wstring& folder) {
+    MoveMouse(POINT{0, 0});  // off the notes: what the pointer is over looks hot
     quillo_ = std::make_unique<QuilloProcess>(arguments, folder);
     ASSERT_TRUE(quillo_->WaitUntilReady()) << "the program did not start";
 }

@@ -30,6 +30,14 @@ RECT WindowRect(HWND window) {
     return area;
 }
 
+/// The window that gets the keys of the program whose window that is.
+HWND FocusOf(HWND window) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+    return GetGUIThreadInfo(thread, &info) != 0 ? info.hwndFocus : nullptr;
+}
+
 NoteWindow NoteWithText(const QuilloProcess& quillo, const std::wstring& text) {
     for (const NoteWindow& note : NotesOf(quillo)) {
         if (note.Text() == text) return note;
@@ -121,9 +129,12 @@ int NoteWindow::TextPixels(COLORREF color) const {
     return ScreenCopy(WindowRect(TextBox())).Count(color);
 }
 
+bool NoteWindow::HasKeyboard() const {
+    return GetForegroundWindow() == window_ && FocusOf(window_) == TextBox();
+}
+
 bool NoteWindow::TakeKeyboard() const {
-    const bool taken = Until([this] { return GetForegroundWindow() == window_; },
-                             [this] { ClickMouse(MiddleOf(WindowRect(TextBox()))); });
+    const bool taken = Until([this] { return HasKeyboard(); }, [this] { ClickMouse(MiddleOf(WindowRect(TextBox()))); });
     const auto end = static_cast<LPARAM>(Text().size());
     Ask(TextBox(), EM_SETSEL, static_cast<WPARAM>(end), end);
     return taken;

@@ -44,6 +44,8 @@ class NoteWindow {
     /// How many pixels of the text box have exactly that colour.
     [[nodiscard]] int TextPixels(COLORREF color) const;
 
+    /// Whether what is typed now goes into the note's text.
+    [[nodiscard]] bool HasKeyboard() const;
     /// Clicks into the text box until the note has the keyboard, the caret at the end of the text.
     [[nodiscard]] bool TakeKeyboard() const;
     void ClickButton(NoteButtonId id) const;
