@@ -1,6 +1,8 @@
+#include <atomic>
 #include <map>
 #include <random>
 #include <set>
+#include <thread>
 
 #include "harness/e2e_test.h"
 
@@ -25,12 +27,20 @@ class Robustness : public OrdinaryTest {
         for (int i = 1; i < kLines; ++i) text += "\r\n" + line;
         return text;
     }
-    static void AppendTo(const NoteWindow& note, const std::wstring& text) {
-        DWORD_PTR ignored = 0;
-        SendMessageTimeoutW(note.TextBox(), EM_SETSEL, 0, 0, SMTO_ABORTIFHUNG, 5000, &ignored);
-        SendMessageTimeoutW(note.TextBox(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()),
-                            SMTO_ABORTIFHUNG, 5000, &ignored);
+    /// What the folder of notes looks like from outside; it changes as soon as a save begins.
+    [[nodiscard]] std::vector<std::uint64_t> FolderState() const {
+        std::vector<std::uint64_t> state{FilesIn(Profile().NotesFolder()).size()};
+        for (const std::wstring& path : StorageCopies()) state.push_back(WriteTimeOf(path));
+        return state;
     }
+    /// Puts the text in the place of a part of the note's, as typing does; setting it would not count as an edit.
+    static void Replace(const NoteWindow& note, WPARAM from, LPARAM to, const std::wstring& text) {
+        DWORD_PTR ignored = 0;
+        SendMessageTimeoutW(note.TextBox(), EM_SETSEL, from, to, SMTO_ABORTIFHUNG, 20'000, &ignored);
+        SendMessageTimeoutW(note.TextBox(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()),
+                            SMTO_ABORTIFHUNG, 20'000, &ignored);
+    }
+    static void PutBefore(const NoteWindow& note, const std::wstring& text) { Replace(note, 0, 0, text); }
 };
 
 TEST_F(Robustness, OfFiftyOneFilesFiftyAreOpenedAndOneStaysAsItIs) {
@@ -75,14 +85,14 @@ TEST_F(Robustness, DisabledBalloonHelpSaysNothingOfTheFiftyFirst) {
 TEST_F(Robustness, TheEndOfTheSessionSavesTheNotes) {
     AddNotes(2);
     Start();
-    AppendTo(FindNote(Quillo(), L"note 0"), L"changed ");
+    PutBefore(FindNote(Quillo(), L"note 0"), L"changed ");
     HWND form = GetParent(Quillo().Channel());
     DWORD_PTR agreed = 0;
     ASSERT_NE(SendMessageTimeoutW(form, WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, 20'000, &agreed), 0);
     EXPECT_EQ(agreed, 1U);
     EXPECT_EQ(ReadBytes(Profile().NotesFolder() + L"\\" + NameOf(0)), NoteFile{"changed note 0"}.Bytes())
         << "saved before the session may end";
-    AppendTo(FindNote(Quillo(), L"changed note 0"), L"once more ");
+    PutBefore(FindNote(Quillo(), L"changed note 0"), L"once more ");
     SendMessageTimeoutW(form, WM_ENDSESSION, TRUE, 0, SMTO_ABORTIFHUNG, 20'000, &agreed);
     EXPECT_EQ(ReadBytes(Profile().NotesFolder() + L"\\" + NameOf(0)), NoteFile{"once more changed note 0"}.Bytes());
     EXPECT_EQ(ReadBytes(Profile().NotesFolder() + L"\\" + NameOf(1)), NoteFile{"note 1"}.Bytes());
@@ -107,7 +117,7 @@ TEST_F(Robustness, APowerFailureDuringASaveLeavesEveryFileWhole) {
         Profile().AddNote(NameOf(i), NoteFile{LongText(i, 'a')}.Bytes());
     }
     std::mt19937 random(20261121);
-    std::uniform_int_distribution<int> microseconds(0, 20'000);
+    std::uniform_int_distribution<int> microseconds(0, 3'000);
     int interrupted = 0;
     for (int round = 0; round < kRounds; ++round) {
         Start();
@@ -115,11 +125,17 @@ TEST_F(Robustness, APowerFailureDuringASaveLeavesEveryFileWhole) {
         for (const NoteWindow& note : NotesOf(Quillo())) {
             const auto number = static_cast<std::size_t>(note.Text().at(0) - L'0');
             const std::wstring text = Widen(LongText(number, static_cast<char>('b' + round)));
-            SendMessageW(note.TextBox(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+            Replace(note, 0, -1, text);
         }
-        // Saving all of them takes a while; the power goes somewhere in it.
+        const auto latest = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+        // The power goes somewhere in the saving.
+        const auto before = FolderState();
         PostMessageW(GetParent(Quillo().Channel()), WM_QUERYENDSESSION, 0, 0);
-        std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
+        while (FolderState() == before && std::chrono::steady_clock::now() < latest) {
+        }
+        const auto moment = std::chrono::steady_clock::now() + std::chrono::microseconds(microseconds(random));
+        while (std::chrono::steady_clock::now() < moment) {
+        }
         Quillo().Kill();
 
         ASSERT_EQ(StorageCopies().size(), kNotes);
@@ -133,6 +149,30 @@ TEST_F(Robustness, APowerFailureDuringASaveLeavesEveryFileWhole) {
         interrupted += generations.size() > 1 ? 1 : 0;
     }
     RecordProperty("saves_interrupted", interrupted);
+}
+
+TEST_F(Robustness, AReaderOfTheFileDoesNotCostTheText) {
+    // A virus scanner or a backup has the file open, for a moment, just when the note is saved.
+    AddNotes(1);
+    const std::wstring path = StorageCopies().at(0);
+    Start();
+    PutBefore(FindNote(Quillo(), L"note 0"), L"precious ");
+    FileHandle reader(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(reader);
+    const auto before = FolderState();
+    std::atomic<bool> saved{false};
+    std::thread saving([this, &saved] {
+        DWORD_PTR ignored = 0;
+        SendMessageTimeoutW(GetParent(Quillo().Channel()), WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, 20'000,
+                            &ignored);
+        saved = true;
+    });
+    EXPECT_TRUE(Eventually([&] { return FolderState() != before || saved; }));
+    reader.Reset();
+    saving.join();
+    Quit();
+    EXPECT_EQ(ReadBytes(path), NoteFile{"precious note 0"}.Bytes());
+    EXPECT_EQ(FilesIn(Profile().NotesFolder()).size(), 1U) << "nothing is left beside the note";
 }
 
 TEST_F(Robustness, ThousandsOfLinesAndWildBytesDoNotDisturbIt) {

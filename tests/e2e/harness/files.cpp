@@ -54,10 +54,14 @@ bool FolderExists(const std::wstring& path) {
 FileMark MarkOf(const std::wstring& path) {
     FileMark mark;
     mark.bytes = ReadBytes(path);
-    WIN32_FILE_ATTRIBUTE_DATA data{};
-    EXPECT_NE(GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data), 0);
-    mark.writeTime = (std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32) | data.ftLastWriteTime.dwLowDateTime;
+    mark.writeTime = WriteTimeOf(path);
     return mark;
+}
+
+std::uint64_t WriteTimeOf(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) == 0) return 0;
+    return (std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32) | data.ftLastWriteTime.dwLowDateTime;
 }
 
 std::vector<std::wstring> FilesIn(const std::wstring& folder, std::wstring_view ending) {

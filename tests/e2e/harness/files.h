@@ -20,6 +20,8 @@ struct FileMark {
     friend bool operator==(const FileMark&, const FileMark&) = default;
 };
 [[nodiscard]] FileMark MarkOf(const std::wstring& path);
+/// When the file was last written, without opening it: looking again and again stands in no writer's way.
+[[nodiscard]] std::uint64_t WriteTimeOf(const std::wstring& path);
 
 /// The names of the files in a folder whose names end in `ending`, sorted.
 [[nodiscard]] std::vector<std::wstring> FilesIn(const std::wstring& folder, std::wstring_view ending = L"");
