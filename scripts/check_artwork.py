@@ -6,6 +6,7 @@ import struct
 import sys
 
 ICON_SIZES = [16, 20, 24, 32, 40, 48, 64, 128, 256]
+GLYPH_SIZES = [20, 25, 30, 35, 40]
 FRAME = 20  # pixels at 96 dpi
 ROWS = ("close", "pushpin", "pushpin in", "menu")
 PLATE_PERCENT = (0, 14, 26)  # by column: normal, hot, pressed
@@ -54,6 +55,23 @@ def check_icon(data):
     expect(end == len(data), "bytes are left over")
 
 
+def check_glyph(data, color):
+    reserved, kind, count = struct.unpack_from("<HHH", data)
+    expect((reserved, kind) == (0, 1), "not an icon")
+    sizes = []
+    for entry in range(count):
+        width, height, _, _, _, bits, _, at = struct.unpack_from("<BBBBHHII", data, 6 + 16 * entry)
+        expect((width, bits) == (height, 32), f"entry {width} has a wrong directory row")
+        expect(read_header(data, at) == (width, 2 * width), f"entry {width} holds another size")
+        sizes.append(width)
+        pixels = [data[at + 40 + 4 * i :][:4] for i in range(width * width)]
+        expect(all(tuple(p[:3]) == color for p in pixels), f"entry {width} has another colour")
+        covered = sum(1 for p in pixels if p[3]) / len(pixels)
+        expect(0.05 < covered < 0.5, f"entry {width}: the glyph covers {covered:.0%} of its frame")
+        expect(max(p[3] for p in pixels) > 240, f"entry {width} is faint")
+    expect(sizes == GLYPH_SIZES, f"the sizes are {sizes}")
+
+
 def check_strip(data, scale):
     frame = FRAME * scale // 100
     magic, length, _, _, at = struct.unpack_from("<2sIHHI", data)
@@ -89,6 +107,9 @@ def main():
     folder = pathlib.Path(sys.argv[1])
     checks = [("quillo.ico", check_icon, ())]
     checks += [(f"note_buttons_{scale}.bmp", check_strip, (scale,)) for scale in (100, 150, 200)]
+    for glyph in ("bell", "close"):
+        checks.append((f"alert_{glyph}_ink.ico", check_glyph, ((0x27, 0x2A, 0x2B),)))  # blue, green, red
+        checks.append((f"alert_{glyph}_light.ico", check_glyph, ((0xE6, 0xF1, 0xF4),)))
     failed = False
     for name, check, arguments in checks:
         try:

@@ -31,6 +31,11 @@ BUTTON_ROWS = ("note-close.svg", "note-pushpin.svg", "note-pushpin-in.svg", "not
 PLATE = "note-plate.svg"
 PLATE_STRENGTHS = (0.0, 0.14, 0.26)  # the columns: normal, hot, pressed
 
+# The alert's glyphs: icons in either of the two colours in which a note draws its glyphs.
+ALERT_GLYPHS = {"bell": "alert-bell.svg", "close": "note-close.svg"}
+ALERT_COLORS = {"ink": (0x2B, 0x2A, 0x27), "light": (0xF4, 0xF1, 0xE6)}
+ALERT_SIZES = (20, 25, 30, 35, 40)  # at 100 to 200 percent
+
 # The contact sheet, in pixels.
 GAP = 20
 STRIP_CELL = (FRAME * 3 * 6, FRAME * 4 * 6)  # a strip, six times its size at 96 dpi
@@ -185,6 +190,15 @@ class Artwork:
     def icons(self):
         return [self.render(name, size) for size, name in ICON_SOURCES.items()]
 
+    def glyphs(self, name, color):
+        """One drawing at every size of an alert's glyph, in one colour."""
+        images = [self.render(name, size) for size in ALERT_SIZES]
+        for image in images:
+            for y in range(image.height):
+                for x in range(image.width):
+                    image.put(x, y, (*color, image.alpha(x, y)))
+        return images
+
     def strip(self, scale):
         """Coverages, not colours: A is the glyph's, R the plate's; the program tints both for each note."""
         frame = FRAME * scale // 100
@@ -270,7 +284,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--rsvg-convert", default="rsvg-convert", metavar="PROGRAM")
     parser.add_argument("--source", required=True, metavar="FOLDER", help="where the SVG files are")
-    parser.add_argument("--output", required=True, metavar="FOLDER", help="gets quillo.ico and note_buttons_*.bmp")
+    parser.add_argument("--output", required=True, metavar="FOLDER", help="gets quillo.ico, alert_*.ico and note_buttons_*.bmp")
     parser.add_argument("--contact-sheet", metavar="PNG", help="also writes everything magnified, to look at")
     options = parser.parse_args()
 
@@ -282,6 +296,9 @@ def main():
     (output / "quillo.ico").write_bytes(encode_ico(icons))
     for scale, strip in strips.items():
         (output / f"note_buttons_{scale}.bmp").write_bytes(encode_bmp(strip))
+    for glyph, source in ALERT_GLYPHS.items():
+        for color, rgb in ALERT_COLORS.items():
+            (output / f"alert_{glyph}_{color}.ico").write_bytes(encode_ico(artwork.glyphs(source, rgb)))
     if options.contact_sheet:
         pathlib.Path(options.contact_sheet).write_bytes(encode_png(contact_sheet(icons, strips)))
 
