@@ -116,8 +116,10 @@ void PaintNote(Canvas& canvas, Size client, const Scale& scale, const NotePaint&
         const Rect corner{width - scale.Px(20), height - scale.Px(9), scale.Px(20), scale.Px(9)};
         FillUnlessEmpty(canvas, Intersection(corner, inner), colors.note);
     }
+    // Rounded down, or the grip's lines would run together at 150 percent.
+    const int gripStroke = std::max(1, scale.Dpi() / kDesignDpi);
     for (const int reach : {9, 6, 3}) {
-        canvas.Line(Point{width - scale.Px(reach), height - 1}, Point{width - 1, height - scale.Px(reach)}, stroke,
+        canvas.Line(Point{width - scale.Px(reach), height - 1}, Point{width - 1, height - scale.Px(reach)}, gripStroke,
                     colors.border);
     }
 }
