@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "util/ignore.h"
+
 namespace quillo {
 
 OpenNote& OpenNotes::Add(NoteWorld world, std::u16string noteKey) {
@@ -48,6 +50,21 @@ void OpenNotes::UnloadAll() {
 
 void ApplySettingsToAllNotes(OpenNotes& notes) {
     notes.ForEach([](OpenNote& note) { note.UpdateColors(); });
+}
+
+void BroadcastTimer(OpenNotes& notes) {
+    notes.ForEach([](OpenNote& note) {
+        try {
+            note.TimerBroadcast();
+        } catch (...) {
+            // Given up for this note until the next tick.
+        }
+    });
+}
+
+void PersistAllNotes(OpenNotes& notes) {
+    notes.ForEach(
+        [](OpenNote& note) { Ignore(note.PersistNote(), "a full disk is not tried again until the next change"); });
 }
 
 void ApplyTranslucencyToAllNotes(OpenNotes& notes) {

@@ -54,6 +54,10 @@ class OpenNotes : public NoteOwner {
 
 /// Gives every open note its colours, font, scroll bar and drop target anew.
 void ApplySettingsToAllNotes(OpenNotes& notes);
+/// A tick of the main timer for every open note; what goes wrong with one does not keep the others from theirs.
+void BroadcastTimer(OpenNotes& notes);
+/// Every open note that has changed writes its storage copy.
+void PersistAllNotes(OpenNotes& notes);
 /// Gives every open note its translucency anew.
 void ApplyTranslucencyToAllNotes(OpenNotes& notes);
 

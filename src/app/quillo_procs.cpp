@@ -15,27 +15,22 @@ namespace {
 /// How long a second start waits for a first one that has not opened its channel yet.
 constexpr DWORD kPatienceMilliseconds = 5000;
 
-void RunPendingMessages() {
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-}
-
 }  // namespace
 
 QuilloProcs::QuilloProcs()
     : program_(*this),
       names_(files_, shell_, program_.settings),
       store_(files_, locale_, shell_, names_),
+      reminders_{program_.settings, program_.os, registry_, clock_, locale_, notice_, sound_, loop_},
       noteWorld_{program_.settings, program_.os,       program_.notesFolder, store_, locale_, clock_,
                  notice_,           program_.openNotes},
       legacy_(registry_, program_.openNotes, random_),
-      opening_(program_, noteWorld_, files_, shell_, random_, legacy_) {
+      opening_(program_, noteWorld_, files_, shell_, random_, legacy_),
+      resForm_([this] { BroadcastTimer(program_.openNotes); }) {
     loop_.RunAfterEach([this] { program_.openNotes.ReleaseRemoved(); });
     notifyWindow_.onCommand = [this](std::u16string_view text) { OnCommand(text); };
     notifyWindow_.onSessionEnding = [this] { OnSessionEnding(); };
+    notifyWindow_.onGoingAway = [this] { PersistAllNotes(program_.openNotes); };
     notifyWindow_.onSessionEnded = [this] { Quit(); };
 }
 
@@ -43,6 +38,8 @@ int QuilloProcs::Main(std::u16string_view commandLine) {
     Startup startup(*this, StartupWorld{program_, noteWorld_, opening_, legacy_, registry_, files_, shell_, notice_});
     if (startup.Run(commandLine) == StartupOutcome::EndProcess) return 0;
     for (const std::u16string& command : std::exchange(waitingCommands_, {})) OnCommand(command);
+    resForm_.Load();
+    loop_.RunWhenIdle([this] { notifyWindow_.WatchSession(); });
     const int exitCode = loop_.Run();
     notifyWindow_.Unload();
     return exitCode;
@@ -61,7 +58,7 @@ void QuilloProcs::InitializeShell() {
     Ignore(shell_.FolderPath(SpecialFolder::Desktop), "only warms the special-folder service up");
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
     InitCommonControlsEx(&controls);
-    RunPendingMessages();
+    loop_.RunPending();
 }
 
 std::int16_t QuilloProcs::RegisterLinkFormat() {
@@ -83,7 +80,8 @@ void QuilloProcs::LoadNotifyWindow() {
 }
 
 std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note) {
-    const NoteFormTools tools{program_.settings, clock_, locale_, random_, shell_, buttonImages_, noteFonts_, ole_};
+    const NoteFormTools tools{program_.settings, clock_,     locale_, random_,   shell_,
+                              buttonImages_,     noteFonts_, ole_,    reminders_};
     auto form = std::make_unique<NoteForm>(note, tools);
     Ignore(form->Create(), "a note without a window still keeps its file");
     return form;

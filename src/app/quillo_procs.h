@@ -14,6 +14,7 @@
 #include "notes/note_drop_target.h"
 #include "notes/note_fonts.h"
 #include "notes/note_store.h"
+#include "notes/res_form.h"
 #include "platform/message_loop.h"
 #include "platform/single_instance.h"
 #include "platform/win_clock.h"
@@ -21,7 +22,9 @@
 #include "platform/win_locale_text.h"
 #include "platform/win_registry_api.h"
 #include "platform/win_shell.h"
+#include "platform/win_sound_device.h"
 #include "platform/win_user_notice.h"
+#include "reminders/reminder_tools.h"
 
 namespace quillo {
 
@@ -62,6 +65,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     WinClock clock_;
     WinRandom random_;
     WinUserNotice notice_;
+    WinSoundDevice sound_;
     MessageLoop loop_;
     OleSession ole_;
     SingleInstance instance_;
@@ -72,10 +76,12 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     Program program_;
     NoteNames names_;
     NoteStore store_;
+    ReminderTools reminders_;
     NoteWorld noteWorld_;
     LegacyNotes legacy_;
     NoteOpening opening_;
     NotifyWindow notifyWindow_;
+    ResForm resForm_;
     std::vector<std::u16string> waitingCommands_;
 };
 

@@ -4,6 +4,7 @@ target_sources(quillo_core PRIVATE
   notes/note_drop.cpp
   notes/open_note.cpp
   notes/note_file.cpp
+  notes/note_keys.cpp
   notes/note_store.cpp
   notes/note_tags.cpp
 )

@@ -1,5 +1,8 @@
 #include "notes/note_form.h"
 
+// After windows.h.
+#include <commctrl.h>
+
 #include <cmath>
 
 #include "notes/screen_fit.h"
@@ -21,6 +24,7 @@ enum ChildId : int { kMessageBoxId = 1, kCloseButtonId, kPushpinId, kMenuButtonI
 
 /// How long after its last change a note is saved: long enough not to write at every key.
 constexpr UINT kSaveMilliseconds = 2000;
+constexpr int kBalloonSeconds = 10;
 /// Timers come after painting: whatever this one starts, the note is on the screen before.
 constexpr UINT kSettleMilliseconds = 10;
 /// The text box's inner margins, at 96 dpi.
@@ -142,6 +146,7 @@ LRESULT NoteForm::OnCreate() {
     AddDropShadow(Handle());
     CreateTextBox(tools_.settings.showScrollBars);
     CreateButtons();
+    layoutDue_ = false;
     ApplyFont();
     settleTimer_.Start(kSettleMilliseconds);
     return messageBox_ != nullptr ? 0 : -1;
@@ -151,6 +156,7 @@ void NoteForm::OnDestroy() {
     saveTimer_.Stop();
     settleTimer_.Stop();
     trayIcon_.SetVisible(false);
+    if (reminderAlert_) reminderAlert_->Unload();
     ReleaseDropTarget();
     // The object lives on: what is asked of it now must not reach a window that the system gave the same number.
     messageBox_ = nullptr;
@@ -161,8 +167,11 @@ void NoteForm::CreateTextBox(bool scrollBar) {
     const DWORD bar = scrollBar ? WS_VSCROLL : 0;
     const DWORD style = WS_CHILD | WS_VISIBLE | bar | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
     const UINT_PTR id = kMessageBoxId;
-    messageBox_ = CreateWindowExW(0, L"EDIT", L"", style, 0, 0, 0, 0, Handle(), reinterpret_cast<HMENU>(id),
-                                  ThisModule(), nullptr);
+    // At its place from the start: a text box wraps its text anew for every new size.
+    const Rect place = Layout().messageBox;
+    messageBox_ = CreateWindowExW(0, L"EDIT", L"", style, place.left, place.top, place.width, place.height, Handle(),
+                                  reinterpret_cast<HMENU>(id), ThisModule(), nullptr);
+    SetWindowSubclass(messageBox_, &NoteForm::TextBoxProcedure, kMessageBoxId, reinterpret_cast<DWORD_PTR>(this));
     constexpr WPARAM kMostTheBoxHolds = 0;
     SendMessageW(messageBox_, EM_SETLIMITTEXT, kMostTheBoxHolds, 0);
 }
@@ -183,28 +192,23 @@ void NoteForm::ChangeScrollBar(bool shown) {
         scrollBar_ = !shown;
         return;
     }
+    font_ = nullptr;  // the new one has none yet
+    ApplyFont();
     SetText(text);
     SendMessageW(messageBox_, EM_SETSEL, start, static_cast<LPARAM>(end));
-    SetTabStop();
     if (focused) SetFocus(messageBox_);
     DestroyWindow(old);
-    font_ = nullptr;  // the new one has none yet
-    LayOut();
-}
-
-void NoteForm::SetTabStop() {
-    const UINT dialogUnits = 8;
-    SendMessageW(messageBox_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
 }
 
 void NoteForm::CreateButtons() {
-    menuButton_.Create(Handle(), kMenuButtonId, L"Note menu");
+    const NoteLayout layout = Layout();
+    menuButton_.Create(Handle(), kMenuButtonId, L"Note menu", layout.menuButton);
     menuButton_.SetPicture(ButtonPicture::Menu);
     menuButton_.SetMenuMode(true);
-    pushpin_.Create(Handle(), kPushpinId, L"Always on top");
+    pushpin_.Create(Handle(), kPushpinId, L"Always on top", layout.pushpin);
     pushpin_.SetPicture(ButtonPicture::Pushpin);
     pushpin_.onClick = [this] { note_.TogglePin(); };
-    closeButton_.Create(Handle(), kCloseButtonId, L"Close note");
+    closeButton_.Create(Handle(), kCloseButtonId, L"Close note", layout.closeButton);
     closeButton_.SetPicture(ButtonPicture::Close);
     closeButton_.onClick = [this] { note_.CloseButtonClick(); };
     closeButton_.onShiftClick = [this] { note_.QuickDelete(); };
@@ -267,7 +271,6 @@ void NoteForm::Show() {
     // Shown and raised in one step; BringToFront takes it down again from the topmost ones.
     SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     onTop_ = true;
-    SetTabStop();
 }
 
 void NoteForm::Hide() {
@@ -310,6 +313,24 @@ void NoteForm::HideIcon() {
     trayIcon_.SetVisible(false);
 }
 
+void NoteForm::ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) {
+    trayIcon_.ShowBalloon(text, title, static_cast<DWORD>(icon), kBalloonSeconds);
+}
+
+bool NoteForm::OpenReminderDialog(DaySerial existing) {
+    reminderDialog_ = std::make_unique<SetReminderForm>(&note_, tools_.reminders);
+    return reminderDialog_->Initialize(Handle(), existing);
+}
+
+void NoteForm::BringReminderDialogForward() {
+    if (reminderDialog_) reminderDialog_->BringForward();
+}
+
+bool NoteForm::OpenReminderAlert(std::u16string_view text) {
+    reminderAlert_ = std::make_unique<ReminderForm>(&note_, tools_.reminders);
+    return reminderAlert_->Initialize(text, AlertColors{noteColor_, borderColor_, textColor_});
+}
+
 void NoteForm::ApplyAppearance(const Note& note, const Settings& settings) {
     if (Handle() == nullptr) return;
     noteColor_ = note.NoteColor;
@@ -329,6 +350,9 @@ void NoteForm::ApplyFont() {
     font_ = font;
     SendMessageW(messageBox_, WM_SETFONT, reinterpret_cast<WPARAM>(font), IsVisible() ? TRUE : FALSE);
     SetTextMargins(messageBox_, scale_.Px(kTextMargin));
+    // One tab stop, in units that follow the font. It holds as long as the font does, shown or hidden.
+    const UINT dialogUnits = 8;
+    SendMessageW(messageBox_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
 }
 
 void NoteForm::ApplyBarColors() {
@@ -366,14 +390,61 @@ LRESULT NoteForm::OnNcHitTest(UINT message, WPARAM wParam, LPARAM lParam) {
 void NoteForm::OnActivate(bool active) {
     active_ = active;
     ApplyBarColors();
-    const Rect bar = LayOutNote(Size{ClientRect().width, ClientRect().height}, scale_).dragBar;
+    const Rect bar = Layout().dragBar;
     const RECT area = ToWin32(bar);
     InvalidateRect(Handle(), &area, FALSE);
     if (active) SetFocus(messageBox_);
 }
 
 void NoteForm::OnCommand(int id, int notification) {
-    if (id == kMessageBoxId && notification == EN_CHANGE && !settingText_) Touch();
+    if (id == kMessageBoxId && notification == EN_CHANGE && !settingText_) note_.MarkChanged();
+}
+
+LRESULT CALLBACK NoteForm::TextBoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                            DWORD_PTR form) noexcept {
+    auto& self = *reinterpret_cast<NoteForm*>(form);
+    constexpr LPARAM kWasDown = 1 << 30;
+    try {
+        if (message == WM_KEYDOWN && self.OnTextBoxKey(static_cast<int>(wParam), (lParam & kWasDown) != 0)) return 0;
+    } catch (...) {
+        return 0;  // the system could not unwind it; the shortcut is given up
+    }
+    if (message == WM_CHAR && self.keySwallowed_) return 0;
+    return DefSubclassProc(box, message, wParam, lParam);
+}
+
+bool NoteForm::OnTextBoxKey(int virtualKey, bool repeated) {
+    const auto isDown = [](int key) { return GetKeyState(key) < 0; };
+    const NoteKeyState held{isDown(VK_CONTROL), isDown(VK_SHIFT), isDown(VK_RMENU)};
+    const NoteAction action = NoteKeyAction(virtualKey, held);
+    keySwallowed_ = action != NoteAction::None;
+    // A key held down acts once: Ctrl+W would go on to close one note after the other.
+    if (keySwallowed_ && !repeated) Perform(action);
+    return keySwallowed_;
+}
+
+void NoteForm::Perform(NoteAction action) {
+    switch (action) {
+        case NoteAction::None:
+            return;
+        case NoteAction::SelectAll:
+            SendMessageW(messageBox_, EM_SETSEL, 0, -1);
+            return;
+        case NoteAction::ToggleLargeText:
+            return note_.ToggleLargeText();
+        case NoteAction::Minimize:
+            return note_.MinimizeByUser();
+        case NoteAction::TogglePin:
+            return note_.TogglePin();
+        case NoteAction::AskReminder:
+            return note_.AskReminder();
+        case NoteAction::AddTimestamp:
+            return note_.AddTimestamp();
+        case NoteAction::ClickClose:
+            return note_.CloseButtonClick();
+        case NoteAction::QuickDelete:
+            return note_.QuickDelete();
+    }
 }
 
 HBRUSH NoteForm::OnColorTextBox(HDC dc) {
@@ -383,7 +454,7 @@ HBRUSH NoteForm::OnColorTextBox(HDC dc) {
 }
 
 void NoteForm::OnDragBarPressed(Point at) {
-    if (!LayOutNote(Size{ClientRect().width, ClientRect().height}, scale_).dragBar.Contains(at)) return;
+    if (!Layout().dragBar.Contains(at)) return;
     POINT screen{at.x, at.y};
     ClientToScreen(Handle(), &screen);
     ReleaseCapture();
@@ -396,7 +467,7 @@ void NoteForm::OnMinMaxInfo(MINMAXINFO& info) const {
 
 void NoteForm::OnPlaceChanged(const WINDOWPOS& place) {
     const bool moved = (place.flags & (SWP_NOMOVE | SWP_NOSIZE)) != (SWP_NOMOVE | SWP_NOSIZE);
-    if (moved && !placing_ && IsVisible()) Touch();
+    if (moved && !placing_ && IsVisible()) note_.MarkChanged();
 }
 
 void NoteForm::OnDpiChanged(int dpi, const RECT& suggested) {
@@ -414,6 +485,11 @@ void NoteForm::OnSystemChanged() {
     Repaint();
 }
 
+NoteLayout NoteForm::Layout() const {
+    const Rect client = ClientRect();
+    return LayOutNote(Size{client.width, client.height}, scale_);
+}
+
 void NoteForm::LayOut() {
     layoutDue_ = true;
     if (IsVisible()) LayOutNow();
@@ -421,8 +497,7 @@ void NoteForm::LayOut() {
 
 void NoteForm::LayOutNow() {
     layoutDue_ = false;
-    const Rect client = ClientRect();
-    const NoteLayout layout = LayOutNote(Size{client.width, client.height}, scale_);
+    const NoteLayout layout = Layout();
     MoveChild(menuButton_.Handle(), layout.menuButton);
     MoveChild(pushpin_.Handle(), layout.pushpin);
     MoveChild(closeButton_.Handle(), layout.closeButton);
@@ -441,12 +516,12 @@ void NoteForm::OnPaint() {
         note.ReminderSet ? ReminderLabel(note.ReminderTime, tools_.clock.Now(), tools_.locale) : std::u16string();
     const Size size{client.width, client.height};
     PaintNote(canvas, size, scale_, NotePaint{Resolve(noteColor_), Resolve(borderColor_)}, label);
-    canvas.Gradient(LayOutNote(size, scale_).dragBar, bar_.top, bar_.bottom);
+    canvas.Gradient(Layout().dragBar, bar_.top, bar_.bottom);
 }
 
-void NoteForm::Touch() {
-    note_.MarkChanged();
-    saveTimer_.Start(kSaveMilliseconds);
+void NoteForm::SaveSoon() {
+    // A note whose window has gone is closed: it must not write its storage copy again.
+    if (Handle() != nullptr) saveTimer_.Start(kSaveMilliseconds);
 }
 
 void NoteForm::InsertDropped(std::u16string_view text) {
@@ -455,7 +530,7 @@ void NoteForm::InsertDropped(std::u16string_view text) {
     SendMessageW(messageBox_, EM_GETSEL, reinterpret_cast<WPARAM>(&start), 0);
     SendMessageW(messageBox_, EM_SETSEL, start, static_cast<LPARAM>(start));
     SendMessageW(messageBox_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(std::u16string(text))));
-    Touch();
+    note_.MarkChanged();
 }
 
 void NoteForm::UpdateDropTarget() {

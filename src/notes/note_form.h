@@ -1,14 +1,19 @@
 #pragma once
 
+#include <memory>
+
 #include "controls/note_button.h"
 #include "controls/tessel_tray_lite.h"
 #include "notes/note_drop_target.h"
 #include "notes/note_face.h"
 #include "notes/note_fonts.h"
+#include "notes/note_keys.h"
 #include "notes/note_view.h"
 #include "notes/open_note.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
+#include "reminders/reminder_form.h"
+#include "reminders/set_reminder_form.h"
 #include "util/units.h"
 
 namespace quillo {
@@ -25,6 +30,7 @@ struct NoteFormTools {
     NoteButtonImages& images;
     NoteFonts& fonts;
     OleSession& ole;
+    ReminderTools& reminders;
 };
 
 /// A note's window: a bordered, coloured face with a strip to drag it by, three buttons and a text box.
@@ -52,8 +58,13 @@ class NoteForm : public Window, public NoteView {
     [[nodiscard]] bool IsIconShowing() const override;
     void ShowIcon(std::u16string_view caption) override;
     void HideIcon() override;
+    void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
+    [[nodiscard]] bool OpenReminderDialog(DaySerial existing) override;
+    void BringReminderDialogForward() override;
+    [[nodiscard]] bool OpenReminderAlert(std::u16string_view text) override;
     void ApplyAppearance(const Note& note, const Settings& settings) override;
     void Repaint() override;
+    void SaveSoon() override;
     void Close() override;
 
   protected:
@@ -65,6 +76,9 @@ class NoteForm : public Window, public NoteView {
     LRESULT OnNcHitTest(UINT message, WPARAM wParam, LPARAM lParam);
     void OnActivate(bool active);
     void OnCommand(int id, int notification);
+    /// A key goes down in the text box; true when it is a shortcut, which the text box never sees.
+    bool OnTextBoxKey(int virtualKey, bool repeated);
+    void Perform(NoteAction action);
     HBRUSH OnColorTextBox(HDC dc);
     void OnDpiChanged(int dpi, const RECT& suggested);
     void OnDragBarPressed(Point at);
@@ -75,14 +89,14 @@ class NoteForm : public Window, public NoteView {
 
     void CreateButtons();
     void CreateTextBox(bool scrollBar);
+    static LRESULT CALLBACK TextBoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                             DWORD_PTR form) noexcept;
     void ChangeScrollBar(bool shown);
-    void SetTabStop();
+    [[nodiscard]] NoteLayout Layout() const;
     /// Puts the parts in their places; while the note is hidden only notes down that it is to be done.
     void LayOut();
     void LayOutNow();
     void Place(const Rect& place, UINT flags);
-    /// The user changed something that the storage copy must learn of.
-    void Touch();
     void InsertDropped(std::u16string_view text);
     void ApplyFont();
     void ApplyBarColors();
@@ -106,12 +120,15 @@ class NoteForm : public Window, public NoteView {
     NoteDropTarget* dropTarget_ = nullptr;  ///< one reference is the note's
     UiTimer settleTimer_;                   ///< what showing a note must not wait for
     UiTimer saveTimer_;
+    std::unique_ptr<SetReminderForm> reminderDialog_;  ///< without a window once it was closed
+    std::unique_ptr<ReminderForm> reminderAlert_;
     bool active_ = false;
-    bool layoutDue_ = true;     ///< the parts stand where an earlier size had them
-    bool onTop_ = false;        ///< just shown above all others
-    bool scrollBar_ = false;    ///< the text box was made with one
-    bool settingText_ = false;  ///< the text box changes by the program's hand
-    bool placing_ = false;      ///< the window moves by the program's hand
+    bool layoutDue_ = true;      ///< the parts stand where an earlier size had them
+    bool onTop_ = false;         ///< just shown above all others
+    bool scrollBar_ = false;     ///< the text box was made with one
+    bool settingText_ = false;   ///< the text box changes by the program's hand
+    bool placing_ = false;       ///< the window moves by the program's hand
+    bool keySwallowed_ = false;  ///< the character of the last key is not for the text box
 };
 
 }  // namespace quillo

@@ -5,6 +5,8 @@
 
 #include "app/settings.h"
 #include "notes/note.h"
+#include "ports/user_notice.h"
+#include "util/day_serial.h"
 #include "util/geometry.h"
 
 namespace quillo {
@@ -41,10 +43,22 @@ class NoteView {
     [[nodiscard]] virtual bool IsIconShowing() const = 0;
     virtual void ShowIcon(std::u16string_view caption) = 0;
     virtual void HideIcon() = 0;
+    /// A balloon on that icon.
+    virtual void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) = 0;
+
+    // Both of these windows go when the note's own one does.
+    /// Opens the dialog in which a reminder is set; `existing` is the note's reminder or kNoReminder. False on failure.
+    [[nodiscard]] virtual bool OpenReminderDialog(DaySerial existing) = 0;
+    virtual void BringReminderDialogForward() = 0;
+    /// Opens the alert of a reminder and lets waiting messages run: the note may be gone afterwards, the alert
+    /// dismissed. False on failure.
+    [[nodiscard]] virtual bool OpenReminderAlert(std::u16string_view text) = 0;
 
     /// Applies colours, drop target, font (with LargeText) and scroll bar, and repaints.
     virtual void ApplyAppearance(const Note& note, const Settings& settings) = 0;
     virtual void Repaint() = 0;
+    /// The note has changed: it saves itself soon, some time after its last change.
+    virtual void SaveSoon() = 0;
     /// Ends the window. The object itself lives on until its owner lets go of it.
     virtual void Close() = 0;
 };

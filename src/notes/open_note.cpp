@@ -3,9 +3,12 @@
 #include <cstddef>
 
 #include "app/os_facts.h"
+#include "app/shared_texts.h"
 #include "notes/note_tags.h"
+#include "ports/clock.h"
 #include "ports/locale_text.h"
 #include "ports/user_notice.h"
+#include "reminders/reminder_alert.h"
 #include "util/text.h"
 
 namespace quillo {
@@ -117,6 +120,11 @@ void OpenNote::SetStoragePath(std::u16string path) {
     note_.StoragePath = std::move(path);
 }
 
+void OpenNote::MarkChanged() {
+    note_.Changed = true;
+    view_->SaveSoon();
+}
+
 bool OpenNote::PersistNote() {
     if (!note_.Changed) return stored_;
     if (note_.StoragePath.empty()) note_.StoragePath = world_.store.NewStoragePath(world_.notesFolder);
@@ -160,6 +168,11 @@ void OpenNote::SetPinned(bool pinned) {
 void OpenNote::SetLargeText(bool large) {
     note_.LargeText = large;
     view_->ApplyAppearance(note_, world_.settings);
+    MarkChanged();
+}
+
+void OpenNote::AddTimestamp() {
+    view_->SetText(TimeStampText(world_.clock.Now(), world_.locale) + view_->Text());
     MarkChanged();
 }
 
@@ -215,6 +228,10 @@ void OpenNote::MinimizeToTray() {
 void OpenNote::MinimizeByUser() {
     MinimizeToTray();
     HideByUser();
+}
+
+void OpenNote::ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) {
+    view_->ShowIconBalloon(text, title, icon);
 }
 
 void OpenNote::CloseNote() {
@@ -283,6 +300,14 @@ void OpenNote::DestroyNote() {
 
 // Reminders.
 
+void OpenNote::AskReminder() {
+    if (dialogOpen_) {
+        view_->BringReminderDialogForward();
+        return;
+    }
+    dialogOpen_ = view_->OpenReminderDialog(note_.ReminderSet ? note_.ReminderTime : kNoReminder);
+}
+
 void OpenNote::SetReminder(DaySerial when) {
     note_.ReminderTime = when;
     note_.ReminderSet = true;
@@ -298,6 +323,19 @@ void OpenNote::CancelReminder() {
 void OpenNote::CancelReminderByUser() {
     CancelReminder();
     MarkChanged();
+}
+
+void OpenNote::TimerBroadcast() {
+    const ReminderCheck check = CheckReminder(note_.ReminderSet, note_.ReminderTime, world_.clock.Now(), alertOpen_);
+    if (check == ReminderCheck::Nothing) return;
+    // Intended without marking the note changed: a reminder that nobody has answered before a crash comes again.
+    CancelReminder();
+    if (check != ReminderCheck::ClearAndAlert) return;
+    alertOpen_ = true;
+    const bool opened = view_->OpenReminderAlert(view_->Text());
+    if (!opened) alertOpen_ = false;
+    // Messages have run: who dismissed the alert already wants to see the note.
+    if (alertOpen_ && IsOpen()) HideNote();
 }
 
 }  // namespace quillo

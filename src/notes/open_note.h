@@ -7,6 +7,7 @@
 #include "notes/note.h"
 #include "notes/note_store.h"
 #include "notes/note_view.h"
+#include "reminders/reminder_owner.h"
 
 namespace quillo {
 
@@ -42,7 +43,7 @@ struct NoteWorld {
 /// Who marks the note changed: an edit, a new size, a reminder, colours and large text always do. Where the note stands
 /// and whether it is on the screen is kept only when the user decided it, so these operations come in pairs: the plain
 /// one is silent, the one "ByUser" marks the note, and the window marks it when the user has moved it.
-class OpenNote {
+class OpenNote : public ReminderOwner {
   public:
     OpenNote(NoteWorld world, std::u16string noteKey);
     OpenNote(const OpenNote&) = delete;
@@ -58,7 +59,7 @@ class OpenNote {
     void SetText(std::u16string_view text) { view_->SetText(text); }
     void MoveTo(const TwipsRect& rectangle) { view_->MoveTo(rectangle); }
     /// Gives the note the keyboard.
-    void Activate() { view_->Activate(); }
+    void Activate() override { view_->Activate(); }
 
     // The note file.
     /// The full path written, "" when nothing could be written.
@@ -75,8 +76,8 @@ class OpenNote {
     /// The note was opened from this file of the notes folder, which becomes its storage copy.
     void SetStoragePath(std::u16string path);
 
-    /// The note differs from its storage copy.
-    void MarkChanged() { note_.Changed = true; }
+    /// The note differs from its storage copy, which it writes anew soon.
+    void MarkChanged();
     /// Writes the storage copy when the note is changed. True when the storage copy is whole on the disk afterwards.
     bool PersistNote();
 
@@ -89,24 +90,28 @@ class OpenNote {
     void TogglePin() { SetPinned(!note_.Pinned); }
     /// Marks the note changed.
     void SetLargeText(bool large);
+    void ToggleLargeText() { SetLargeText(!note_.LargeText); }
+    /// Puts the date and time in front of the text. Marks the note changed.
+    void AddTimestamp();
     void UpdateColors();
     /// Takes the translucency from the settings.
     void SetNoteEffects();
 
     // Coming back to the screen.
     /// Shows the note and brings it to the front; silent.
-    void Popup();
+    void Popup() override;
     void PopupByUser();
     /// A click on the note's own icon, or "Show this note".
     void ShowFromIcon();
 
     // Leaving the screen.
     void HideNote();
-    void HideByUser();
+    void HideByUser() override;
     /// Shows the note's own icon; the window stays as it is.
     void MinimizeToTray();
     /// To its own icon and out of sight.
-    void MinimizeByUser();
+    void MinimizeByUser() override;
+    void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
     /// Any of these may leave the note destroyed: its object lives on until its owner lets go of it.
     void CloseNote();
     void CloseButtonClick();
@@ -116,10 +121,17 @@ class OpenNote {
     void DestroyNote();
 
     // Reminders.
+    /// Opens the dialog in which a reminder is set, or brings forward the one that is open.
+    void AskReminder();
     /// Marks the note changed.
-    void SetReminder(DaySerial when);
+    void SetReminder(DaySerial when) override;
     void CancelReminder();
-    void CancelReminderByUser();
+    void CancelReminderByUser() override;
+    /// A tick of the main timer: a reminder that has fallen due opens its alert, and the note hides. It may be gone
+    /// afterwards.
+    void TimerBroadcast();
+    void SetReminderClosing() override { dialogOpen_ = false; }
+    void ReminderClosing() override { alertOpen_ = false; }
 
   private:
     [[nodiscard]] SaveTarget OwnFileTarget() const;
@@ -129,6 +141,8 @@ class OpenNote {
     NoteWorld world_;
     Note note_;
     bool stored_ = false;  ///< the last write of the storage copy succeeded
+    bool dialogOpen_ = false;
+    bool alertOpen_ = false;
     NoteView* view_ = nullptr;
 };
 

@@ -2,4 +2,5 @@ target_sources(quillo_shell PRIVATE
   notes/note_drop_target.cpp
   notes/note_fonts.cpp
   notes/note_form.cpp
+  notes/res_form.cpp
 )

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "platform/win32.h"
-
 namespace quillo {
 
 int MessageLoop::Run() {
@@ -16,14 +14,35 @@ int MessageLoop::Run() {
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got == 0) return static_cast<int>(message.wParam);
         if (got < 0) return 1;
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
+        Dispatch(message);
         if (afterEach_) afterEach_();
     }
 }
 
 void MessageLoop::Quit(int exitCode) {
     PostQuitMessage(exitCode);
+}
+
+void MessageLoop::RunPending() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+        if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));  // Run's to see
+        Dispatch(message);
+    }
+}
+
+void MessageLoop::Dispatch(MSG& message) {
+    if (IsDialogKey(message)) return;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+}
+
+bool MessageLoop::IsDialogKey(MSG& message) const {
+    for (HWND dialog : dialogs_) {
+        if (message.hwnd != dialog && IsChild(dialog, message.hwnd) == 0) continue;
+        return IsDialogMessageW(dialog, &message) != 0;
+    }
+    return false;
 }
 
 void MessageLoop::RunIdleActions() {

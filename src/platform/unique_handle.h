@@ -43,6 +43,7 @@ using KernelHandle = UniqueHandle<HANDLE, &CloseHandle>;
 using FileHandle = UniqueHandle<HANDLE, &CloseHandle, LONG_PTR{-1}>;
 using FindHandle = UniqueHandle<HANDLE, &FindClose, LONG_PTR{-1}>;
 using FontHandle = UniqueHandle<HFONT, &DeleteObject>;
+using IconHandle = UniqueHandle<HICON, &DestroyIcon>;
 using BrushHandle = UniqueHandle<HBRUSH, &DeleteObject>;
 using PenHandle = UniqueHandle<HPEN, &DeleteObject>;
 using BitmapHandle = UniqueHandle<HBITMAP, &DeleteObject>;

@@ -24,6 +24,8 @@ class ReminderOwner {
     virtual void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) = 0;
     /// Brings the note back into view.
     virtual void Popup() = 0;
+    /// Gives the note the keyboard.
+    virtual void Activate() = 0;
 
     /// The reminder dialog is gone.
     virtual void SetReminderClosing() = 0;

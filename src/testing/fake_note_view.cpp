@@ -68,6 +68,30 @@ void FakeNoteView::HideIcon() {
     iconShowing_ = false;
 }
 
+void FakeNoteView::ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) {
+    Record("ShowIconBalloon " + std::to_string(static_cast<int>(icon)));
+    balloonText_ = text;
+    balloonTitle_ = title;
+}
+
+bool FakeNoteView::OpenReminderDialog(DaySerial existing) {
+    Record("OpenReminderDialog");
+    dialogReminder_ = existing;
+    return !refuseReminderWindows;
+}
+
+void FakeNoteView::BringReminderDialogForward() {
+    Record("BringReminderDialogForward");
+}
+
+bool FakeNoteView::OpenReminderAlert(std::u16string_view text) {
+    Record("OpenReminderAlert");
+    if (refuseReminderWindows) return false;
+    alertText_ = text;
+    if (whileAlertOpens) whileAlertOpens();
+    return true;
+}
+
 void FakeNoteView::ApplyAppearance(const Note& note, const Settings& /*settings*/) {
     Record("ApplyAppearance");
     applied_ = note;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,8 +28,13 @@ class FakeNoteView : public NoteView {
     [[nodiscard]] bool IsIconShowing() const override { return iconShowing_; }
     void ShowIcon(std::u16string_view caption) override;
     void HideIcon() override;
+    void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
+    [[nodiscard]] bool OpenReminderDialog(DaySerial existing) override;
+    void BringReminderDialogForward() override;
+    [[nodiscard]] bool OpenReminderAlert(std::u16string_view text) override;
     void ApplyAppearance(const Note& note, const Settings& settings) override;
     void Repaint() override;
+    void SaveSoon() override { ++savesAsked_; }
     void Close() override;
 
     /// "Show", "SetOpacity 192", "BringToFront pinned" ... since the last call of this.
@@ -38,6 +44,16 @@ class FakeNoteView : public NoteView {
     [[nodiscard]] bool IsPinShown() const { return pinShown_; }
     [[nodiscard]] int Opacity() const { return opacity_; }
     [[nodiscard]] const std::u16string& IconCaption() const { return caption_; }
+    [[nodiscard]] const std::u16string& BalloonText() const { return balloonText_; }
+    [[nodiscard]] const std::u16string& BalloonTitle() const { return balloonTitle_; }
+    /// What the reminder dialog was opened with.
+    [[nodiscard]] DaySerial DialogReminder() const { return dialogReminder_; }
+    [[nodiscard]] const std::u16string& AlertText() const { return alertText_; }
+    /// How often the note has asked to be saved soon.
+    [[nodiscard]] int SavesAsked() const { return savesAsked_; }
+
+    bool refuseReminderWindows = false;     ///< the system has no room for another window
+    std::function<void()> whileAlertOpens;  ///< the messages that run then
     /// The note as its appearance was last applied.
     [[nodiscard]] const Note& Applied() const { return applied_; }
 
@@ -46,6 +62,11 @@ class FakeNoteView : public NoteView {
 
     std::u16string text_;
     std::u16string caption_;
+    std::u16string balloonText_;
+    std::u16string balloonTitle_;
+    std::u16string alertText_;
+    DaySerial dialogReminder_;
+    int savesAsked_ = 0;
     TwipsRect rectangle_{7200, 3600, 2820, 2445};
     Note applied_;
     int opacity_ = 255;

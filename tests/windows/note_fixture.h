@@ -10,12 +10,16 @@
 #include "notes/note_form.h"
 #include "notes/note_store.h"
 #include "notes/open_note.h"
+#include "platform/message_loop.h"
 #include "platform/win_file_store.h"
 #include "platform/win_locale_text.h"
+#include "reminders/reminder_tools.h"
 #include "support.h"
 #include "testing/fake_clock.h"
 #include "testing/fake_random.h"
+#include "testing/fake_registry_api.h"
 #include "testing/fake_shell.h"
+#include "testing/fake_sound_device.h"
 #include "testing/fake_user_notice.h"
 
 namespace quillo::windows_tests {
@@ -34,7 +38,7 @@ class NoteWorldForTests : public NoteOwner {
         return NoteWorld{settings, os, folder.Path(), store, locale, clock, notice, *this};
     }
     [[nodiscard]] NoteFormTools Tools() {
-        return NoteFormTools{settings, clock, locale, random, shell, images, fonts, ole};
+        return NoteFormTools{settings, clock, locale, random, shell, images, fonts, ole, reminders};
     }
 
     TempFolder folder;
@@ -51,6 +55,10 @@ class NoteWorldForTests : public NoteOwner {
     NoteButtonImages images;
     NoteFonts fonts;
     OleSession ole;
+    FakeRegistryApi registry;
+    FakeSoundDevice sound;
+    MessageLoop loop;
+    ReminderTools reminders{settings, os, registry, clock, locale, notice, sound, loop};
     std::u16string removed;
 };
 

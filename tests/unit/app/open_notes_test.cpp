@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "app/note_identifier.h"
 #include "test_program.h"
 
@@ -118,6 +120,34 @@ TEST_F(OpenNotesTest, IdentifiersStayUniqueWhenTheNumbersRepeat) {
     Add(u"7A120");
     Add(u"7A121");
     EXPECT_EQ(NewNoteIdentifier(notes_, random), u"7A122");
+}
+
+TEST_F(OpenNotesTest, OneTickFiresEveryDueReminderInOrder) {
+    OpenNote& a = Add(u"A");
+    OpenNote& b = Add(u"B");
+    for (OpenNote* note : {&a, &b}) note->SetReminder(test_.clock.now);
+    std::u16string order;
+    test_.views.View(0).whileAlertOpens = [&order] { order += u"A"; };
+    test_.views.View(1).whileAlertOpens = [&order] { order += u"B"; };
+    BroadcastTimer(notes_);
+    EXPECT_EQ(order, u"AB");
+}
+
+TEST_F(OpenNotesTest, ANoteWhoseTickFailsDoesNotStopTheOthers) {
+    OpenNote& a = Add(u"A");
+    OpenNote& b = Add(u"B");
+    for (OpenNote* note : {&a, &b}) note->SetReminder(test_.clock.now);
+    test_.views.View(0).whileAlertOpens = [] { throw std::bad_alloc(); };
+    BroadcastTimer(notes_);
+    EXPECT_FALSE(b.Data().ReminderSet);
+    EXPECT_FALSE(b.IsVisible());
+}
+
+TEST_F(OpenNotesTest, OnlyChangedNotesAreWritten) {
+    Add(u"A").MarkChanged();
+    Add(u"B");
+    PersistAllNotes(notes_);
+    EXPECT_EQ(test_.StoredFiles().size(), 1U);
 }
 
 }  // namespace

@@ -52,6 +52,7 @@ class RecordingOwner : public ReminderOwner {
         calls.emplace_back("balloon");
     }
     void Popup() override { calls.emplace_back("popup"); }
+    void Activate() override { calls.emplace_back("activate"); }
     void SetReminderClosing() override { calls.emplace_back("dialog closing"); }
     void ReminderClosing() override { calls.emplace_back("alert closing"); }
 

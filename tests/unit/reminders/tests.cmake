@@ -1,4 +1,5 @@
 target_sources(quillo_core_tests PRIVATE
+  unit/reminders/alert_places_test.cpp
   unit/reminders/date_add_test.cpp
   unit/reminders/reminder_alert_test.cpp
   unit/reminders/reminder_dialog_test.cpp

@@ -1,0 +1,36 @@
+#include "notes/res_form.h"
+
+#include <utility>
+
+namespace quillo {
+namespace {
+
+constexpr UINT kMainTimerMilliseconds = 10'000;
+
+}  // namespace
+
+ResForm::ResForm(std::function<void()> onMainTimer)
+    : onMainTimer_(std::move(onMainTimer)), mainTimer_([this] { OnTick(); }) {}
+
+void ResForm::Load() {
+    Resume();
+}
+
+void ResForm::Pause() {
+    running_ = false;
+    mainTimer_.Stop();
+}
+
+void ResForm::Resume() {
+    running_ = true;
+    mainTimer_.Start(kMainTimerMilliseconds);
+}
+
+void ResForm::OnTick() {
+    // Stopped meanwhile: a tick that opens alerts takes its time, and its messages must not bring the next one.
+    mainTimer_.Stop();
+    onMainTimer_();
+    if (running_) mainTimer_.Start(kMainTimerMilliseconds);
+}
+
+}  // namespace quillo

@@ -1,0 +1,264 @@
+#include "reminders/reminder_form.h"
+
+#include <algorithm>
+
+#include "app/settings.h"
+#include "app/sound_choice.h"
+#include "notes/note_face.h"
+#include "platform/dpi.h"
+#include "platform/gdi_canvas.h"
+#include "platform/gdi_scope.h"
+#include "platform/message_loop.h"
+#include "platform/monitors.h"
+#include "platform/wide.h"
+#include "platform/window_effects.h"
+#include "reminders/reminder_alert.h"
+#include "reminders/reminder_owner.h"
+#include "reminders/reminder_tools.h"
+#include "resources/resource_ids.h"
+
+namespace quillo {
+namespace {
+
+constexpr std::u16string_view kTitle = u"Reminder";
+constexpr std::u16string_view kHint = u"Click or press Esc to return to the note";
+
+// Pixels at 96 dpi.
+constexpr Size kAlertSize{320, 180};
+constexpr int kStrip = 35;
+constexpr int kCloseArea = 40;  // at the right end of the strip
+constexpr int kEdge = 2;
+constexpr int kGlyph = 20;
+constexpr int kMargin = 16;
+constexpr int kTextTop = 10;  // below the strip
+constexpr int kHintRoom = 28;
+constexpr int kHintBottom = 9;
+
+constexpr int kTextPoints = 16;
+constexpr int kTitlePoints = 9;
+constexpr int kHintPoints = 8;
+
+constexpr ColorWord kDarkInk = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
+constexpr ColorWord kLightInk = ColorWord::FromRgb(0xF4, 0xF1, 0xE6);
+constexpr double kReadable = 4.5;         // the least contrast of text
+constexpr int kEdgePercent = 72;          // of the note's border colour; the rest is ink
+constexpr int kQuietPercent = 62;         // of the text's colour; the rest is paper
+constexpr std::size_t kMostShown = 2000;  // more never fits
+
+/// The note's text colour where it can be read, else ink or its light counterpart.
+ColorWord ReadableOn(ColorWord paper, ColorWord text) {
+    if (ContrastRatio(text, paper) >= kReadable) return text;
+    return ContrastRatio(kDarkInk, paper) >= ContrastRatio(kLightInk, paper) ? kDarkInk : kLightInk;
+}
+
+FontHandle MakeFont(std::u16string_view name, int charset, int points, int weight, Scale scale) {
+    LOGFONTW font{};
+    font.lfHeight = -MulDiv(points, scale.Dpi(), 72);
+    font.lfWeight = weight;
+    font.lfCharSet = charset > 0 ? static_cast<BYTE>(charset) : BYTE{DEFAULT_CHARSET};
+    font.lfQuality = CLEARTYPE_QUALITY;
+    lstrcpynW(font.lfFaceName, Wide(std::u16string(name)), LF_FACESIZE);
+    return FontHandle(CreateFontIndirectW(&font));
+}
+
+bool IsDown(int virtualKey) {
+    return GetKeyState(virtualKey) < 0;
+}
+
+}  // namespace
+
+ReminderForm::ReminderForm(ReminderOwner* owner, ReminderTools& tools)
+    : owner_(owner), tools_(tools), soundTimer_([this] { PlaySound(); }) {}
+
+bool ReminderForm::Initialize(std::u16string_view text, const AlertColors& colors) {
+    text_ = text;
+    paper_ = Resolve(colors.paper);
+    strip_ = Resolve(colors.edge);
+    edge_ = Mix(strip_, kDarkInk, kEdgePercent);
+    ink_ = ReadableOn(paper_, Resolve(colors.text));
+    quiet_ = Mix(ink_, paper_, kQuietPercent);
+    glyph_ = ReadableOn(strip_, kDarkInk);
+
+    WNDCLASSEXW windowClass{};
+    windowClass.lpszClassName = L"QuilloReminder";
+    windowClass.hCursor = ArrowCursor();
+    windowClass.hIcon = LoadIconW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO));
+    const Rect workArea = WorkAreas().empty() ? Rect{0, 0, 0, 0} : WorkAreas().front();
+    scale_ = PointScale(POINT{workArea.left + workArea.width / 2, workArea.top + workArea.height / 2});
+    place_ = tools_.places.Take();
+    WindowPlan plan;
+    plan.title = Wide(text_);  // what a screen reader speaks
+    plan.style = WS_POPUP | WS_SYSMENU;
+    plan.exStyle = WS_EX_TOPMOST;
+    plan.place = PlaceAlert(Size{scale_.Px(kAlertSize.width), scale_.Px(kAlertSize.height)}, workArea, *place_, scale_);
+    if (!Window::Create(windowClass, plan)) {
+        tools_.places.Free(*place_);
+        return false;
+    }
+    ShowWindow(Handle(), SW_SHOW);
+    SetTopmost(Handle(), true);
+    SetForegroundWindow(Handle());
+    SetFocus(Handle());
+    PlaySound();
+    soundTimer_.Start(kAlertSoundMilliseconds);
+    tools_.loop.RunPending();
+    return true;
+}
+
+LRESULT ReminderForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_CREATE:
+            return OnCreate();
+        case WM_DESTROY:
+            return OnDestroy(), 0;
+        case WM_CLOSE:
+            return Dismiss(), 0;
+        case WM_ACTIVATE:
+            if (LOWORD(wParam) != WA_INACTIVE) SetFocus(Handle());
+            return 0;
+        case WM_LBUTTONDOWN:
+            return OnPressed(PointFromLParam(lParam)), 0;
+        case WM_LBUTTONUP:
+            return OnReleased(PointFromLParam(lParam)), 0;
+        case WM_CAPTURECHANGED:
+            pressed_ = false;
+            return 0;
+        case WM_KEYDOWN:
+            return OnKeyDown(static_cast<int>(wParam)), 0;
+        case WM_DPICHANGED:
+            return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
+        case WM_ERASEBKGND:
+            return 1;  // painted whole, off the screen
+        case WM_PAINT:
+            return OnPaint(), 0;
+        default:
+            return Default(message, wParam, lParam);
+    }
+}
+
+LRESULT ReminderForm::OnCreate() {
+    AddDropShadow(Handle());
+    MakeFonts();
+    return 0;
+}
+
+void ReminderForm::OnDestroy() {
+    soundTimer_.Stop();
+    if (place_) tools_.places.Free(*place_);
+    if (owner_ != nullptr) owner_->ReminderClosing();
+}
+
+void ReminderForm::OnPressed(Point at) {
+    if (!IsAlertDragStrip(at, ClientRect().width, scale_)) {
+        SetCapture(Handle());
+        pressed_ = true;
+        return;
+    }
+    POINT screen{at.x, at.y};
+    ClientToScreen(Handle(), &screen);
+    ReleaseCapture();
+    SendMessageW(Handle(), WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(screen.x, screen.y));
+}
+
+void ReminderForm::OnReleased(Point at) {
+    const bool clicked = pressed_ && ClientRect().Contains(at);
+    ReleaseCapture();
+    if (clicked) Dismiss();
+}
+
+void ReminderForm::OnKeyDown(int virtualKey) {
+    if (DismissesAlert(virtualKey, AlertKeys{IsDown(VK_CONTROL), IsDown(VK_RMENU)})) Dismiss();
+}
+
+void ReminderForm::OnDpiChanged(int dpi, const RECT& suggested) {
+    scale_ = Scale(dpi);
+    MakeFonts();
+    const Rect place = FromWin32(suggested);
+    SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+    InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void ReminderForm::Dismiss() {
+    if (owner_ != nullptr) {
+        owner_->Popup();
+        owner_->Activate();
+    }
+    Destroy();
+}
+
+void ReminderForm::PlaySound() {
+    PlayReminderSound(tools_.settings.reminder, tools_.sound);
+}
+
+void ReminderForm::MakeFonts() {
+    const FontSetting& note = tools_.settings.noteFont;
+    textFont_ = MakeFont(note.name, note.charset, kTextPoints, FW_NORMAL, scale_);
+    titleFont_ = MakeFont(u"Tahoma", 0, kTitlePoints, FW_BOLD, scale_);
+    hintFont_ = MakeFont(u"Tahoma", 0, kHintPoints, FW_NORMAL, scale_);
+}
+
+void ReminderForm::OnPaint() {
+    const PaintScope paint(Handle());
+    const Rect client = ClientRect();
+    const BufferedPaint buffer(paint.Dc(), paint.Area());
+    HDC dc = buffer.Dc();
+    GdiCanvas canvas(dc, scale_);
+    canvas.Fill(client, paper_);
+    SetBkMode(dc, TRANSPARENT);
+    PaintStrip(dc, client.width);
+
+    const int margin = scale_.Px(kMargin);
+    const int textTop = scale_.Px(kStrip + kTextTop);
+    PaintText(dc, Rect{margin, textTop, client.width - 2 * margin, client.height - textTop - scale_.Px(kHintRoom)});
+
+    const SelectScope selected(dc, hintFont_.Get());
+    SetTextColor(dc, ToColorRef(quiet_));
+    RECT hint{margin, 0, client.width - margin, client.height - scale_.Px(kHintBottom)};
+    DrawTextW(dc, WideData(kHint), static_cast<int>(kHint.size()), &hint, DT_SINGLELINE | DT_BOTTOM | DT_NOPREFIX);
+    canvas.Box(client, scale_.Px(kEdge), edge_);
+}
+
+void ReminderForm::PaintStrip(HDC dc, int width) const {
+    const int height = scale_.Px(kStrip);
+    const int glyph = scale_.Px(kGlyph);
+    GdiCanvas canvas(dc, scale_);
+    canvas.Fill(Rect{0, 0, width, height}, strip_);
+    canvas.Fill(Rect{0, height - 1, width, 1}, edge_);
+    const int top = (height + scale_.Px(kEdge) - glyph) / 2;
+    const int left = scale_.Px(kMargin) - scale_.Px(2);
+    PaintIcon(dc, IDI_ALERT_BELL_INK, IDI_ALERT_BELL_LIGHT, Point{left, top});
+    PaintIcon(dc, IDI_ALERT_CLOSE_INK, IDI_ALERT_CLOSE_LIGHT,
+              Point{width - scale_.Px(kCloseArea) + (scale_.Px(kCloseArea) - glyph) / 2, top});
+    const SelectScope selected(dc, titleFont_.Get());
+    SetTextColor(dc, ToColorRef(glyph_));
+    RECT title{left + glyph + scale_.Px(kGlyph / 3), scale_.Px(kEdge), width - scale_.Px(kCloseArea), height};
+    DrawTextW(dc, WideData(kTitle), static_cast<int>(kTitle.size()), &title, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+}
+
+void ReminderForm::PaintIcon(HDC dc, int darkId, int lightId, Point at) const {
+    const int size = scale_.Px(kGlyph);
+    const int id = glyph_ == kDarkInk ? darkId : lightId;
+    const IconHandle icon(
+        static_cast<HICON>(LoadImageW(ThisModule(), MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+    DrawIconEx(dc, at.x, at.y, icon.Get(), size, size, 0, nullptr, DI_NORMAL);
+}
+
+void ReminderForm::PaintText(HDC dc, const Rect& area) const {
+    const SelectScope selected(dc, textFont_.Get());
+    SetTextColor(dc, ToColorRef(ink_));
+    const std::u16string_view shown = std::u16string_view(text_).substr(0, kMostShown);
+    const int length = static_cast<int>(shown.size());
+    constexpr UINT kWrapped = DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL | DT_EXPANDTABS;
+    RECT needed{0, 0, area.width, 0};
+    DrawTextW(dc, WideData(shown), length, &needed, kWrapped | DT_CALCRECT);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc, &metrics);
+    // A short text stands in the middle, a long one fills whole lines and ends in an ellipsis.
+    const int lines = std::max<int>(area.height / metrics.tmHeight, 1);
+    const int height = std::min<int>(needed.bottom, lines * metrics.tmHeight);
+    const int top = area.top + (area.height - height) / 2;
+    RECT place{area.left, top, area.Right(), top + height};
+    DrawTextW(dc, WideData(shown), length, &place, kWrapped | DT_END_ELLIPSIS);
+}
+
+}  // namespace quillo

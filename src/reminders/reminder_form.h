@@ -1,0 +1,76 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/ui_timer.h"
+#include "platform/unique_handle.h"
+#include "platform/window.h"
+#include "util/color_word.h"
+#include "util/units.h"
+
+namespace quillo {
+
+class ReminderOwner;
+struct ReminderTools;
+
+/// The note's colours, in which its alert shows.
+struct AlertColors {
+    ColorWord paper;
+    ColorWord edge;
+    ColorWord text;
+};
+
+/// The alert of a reminder that has fallen due: shows the note's text above all windows and repeats the reminder's
+/// sound until the user dismisses it, which brings the note back.
+class ReminderForm : public Window {
+  public:
+    /// `owner` is the note, or null; both are borrowed.
+    ReminderForm(ReminderOwner* owner, ReminderTools& tools);
+    ~ReminderForm() override { Destroy(); }
+
+    /// Shows the alert, plays the sound and lets waiting messages run: the alert may be dismissed already afterwards,
+    /// the note gone. Once per object; false on failure.
+    bool Initialize(std::u16string_view text, const AlertColors& colors);
+    /// Ends the alert without bringing the note back.
+    void Unload() { Destroy(); }
+
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    LRESULT OnCreate();
+    void OnDestroy();
+    void OnPressed(Point at);
+    void OnReleased(Point at);
+    void OnKeyDown(int virtualKey);
+    void OnDpiChanged(int dpi, const RECT& suggested);
+    void OnPaint();
+
+    void Dismiss();
+    void PlaySound();
+    void MakeFonts();
+    void PaintStrip(HDC dc, int width) const;
+    void PaintText(HDC dc, const Rect& area) const;
+    void PaintIcon(HDC dc, int darkId, int lightId, Point at) const;
+
+    ReminderOwner* owner_;
+    ReminderTools& tools_;
+    std::u16string text_;
+    ColorWord paper_;
+    ColorWord strip_;
+    ColorWord edge_;
+    ColorWord ink_;
+    ColorWord quiet_;
+    ColorWord glyph_;
+    Scale scale_;
+    FontHandle textFont_;
+    FontHandle titleFont_;
+    FontHandle hintFont_;
+    std::optional<std::size_t> place_;  ///< in the cascade of alerts
+    UiTimer soundTimer_;
+    bool pressed_ = false;  ///< the button went down where a click dismisses
+};
+
+}  // namespace quillo

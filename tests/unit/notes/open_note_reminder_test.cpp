@@ -1,0 +1,265 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/note_names.h"
+#include "app/os_facts.h"
+#include "notes/open_note.h"
+#include "testing/fake_clock.h"
+#include "testing/fake_file_store.h"
+#include "testing/fake_locale_text.h"
+#include "testing/fake_note_view.h"
+#include "testing/fake_shell.h"
+#include "testing/fake_user_notice.h"
+
+namespace quillo {
+namespace {
+
+const std::u16string kFolder = u"C:\\Data\\Notes";
+const std::u16string kKey = u"1A2B";
+using Calls = std::vector<std::string>;
+
+class OneNote : public NoteOwner {
+  public:
+    void RemoveNote(const std::u16string& noteKey) override { open_.erase(noteKey); }
+    [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return open_.count(noteKey) != 0; }
+
+  private:
+    std::set<std::u16string> open_{kKey};
+};
+
+class OpenNoteReminderTest : public ::testing::Test {
+  protected:
+    OpenNoteReminderTest() {
+        files_.PutFolder(kFolder);
+        note_.AttachView(view_);
+        note_.SetText(u"water the ferns");
+        note_.Popup();
+        Forget();
+    }
+
+    void Forget() {
+        static_cast<void>(view_.TakeCalls());
+        saves_ = view_.SavesAsked();
+    }
+    /// A reminder that many days from now, not marked as a change.
+    void SetSilently(double days) {
+        note_.SetReminder(DaySerial{clock_.now.days + days});
+        ASSERT_TRUE(note_.PersistNote());
+        Forget();
+    }
+    [[nodiscard]] int SavesSince() const { return view_.SavesAsked() - saves_; }
+    [[nodiscard]] bool Did(const std::string& call) {
+        const Calls calls = view_.TakeCalls();
+        return std::find(calls.begin(), calls.end(), call) != calls.end();
+    }
+
+    Settings settings_;
+    OsFacts os_;
+    FakeFileStore files_;
+    FakeLocaleText locale_;
+    FakeShell shell_{files_};
+    FakeClock clock_;
+    FakeUserNotice notice_;
+    OneNote owner_;
+    NoteNames names_{files_, shell_, settings_};
+    NoteStore store_{files_, locale_, shell_, names_};
+    FakeNoteView view_;
+    OpenNote note_{NoteWorld{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_}, kKey};
+    int saves_ = 0;
+};
+
+// The main timer.
+
+TEST_F(OpenNoteReminderTest, WithoutAReminderATickDoesNothing) {
+    note_.TimerBroadcast();
+    EXPECT_EQ(view_.TakeCalls(), Calls{});
+}
+
+TEST_F(OpenNoteReminderTest, AReminderWaitsForItsTime) {
+    SetSilently(1.0 / 86400);
+    note_.TimerBroadcast();
+    EXPECT_EQ(view_.TakeCalls(), Calls{});
+    EXPECT_TRUE(note_.Data().ReminderSet);
+}
+
+TEST_F(OpenNoteReminderTest, ADueReminderOpensTheAlertThenHidesTheNote) {
+    SetSilently(0);
+    note_.TimerBroadcast();
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"Repaint", "OpenReminderAlert", "SetOpacity 255", "Hide"}));
+    EXPECT_EQ(view_.AlertText(), u"water the ferns");
+    EXPECT_FALSE(note_.Data().ReminderSet);
+    EXPECT_FALSE(note_.IsVisible());
+}
+
+TEST_F(OpenNoteReminderTest, AReminderLongPastFiresToo) {
+    SetSilently(-40);
+    note_.TimerBroadcast();
+    EXPECT_TRUE(Did("OpenReminderAlert"));
+}
+
+TEST_F(OpenNoteReminderTest, IntendedAFiredReminderLeavesTheNoteUnchanged) {
+    SetSilently(0);
+    note_.TimerBroadcast();
+    EXPECT_FALSE(note_.Data().Changed);
+    EXPECT_EQ(SavesSince(), 0);
+}
+
+TEST_F(OpenNoteReminderTest, ASecondReminderWhileTheAlertStandsIsOnlyForgotten) {
+    SetSilently(0);
+    note_.TimerBroadcast();
+    SetSilently(0);
+    note_.TimerBroadcast();
+    EXPECT_EQ(view_.TakeCalls(), Calls{"Repaint"});
+    EXPECT_FALSE(note_.Data().ReminderSet);
+}
+
+TEST_F(OpenNoteReminderTest, OnceTheAlertIsGoneTheNextOneOpens) {
+    SetSilently(0);
+    note_.TimerBroadcast();
+    note_.Popup();
+    note_.ReminderClosing();
+    SetSilently(0);
+    note_.TimerBroadcast();
+    EXPECT_TRUE(Did("OpenReminderAlert"));
+}
+
+TEST_F(OpenNoteReminderTest, AnAlertDismissedWhileItOpensLeavesTheNoteOnTheScreen) {
+    SetSilently(0);
+    view_.whileAlertOpens = [this] {
+        note_.Popup();
+        note_.ReminderClosing();
+    };
+    note_.TimerBroadcast();
+    EXPECT_TRUE(note_.IsVisible());
+}
+
+TEST_F(OpenNoteReminderTest, ANoteDestroyedWhileItsAlertOpensIsNotTouchedAgain) {
+    SetSilently(0);
+    view_.whileAlertOpens = [this] { note_.DestroyNote(); };
+    note_.TimerBroadcast();
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"Repaint", "OpenReminderAlert", "Close"}));
+}
+
+TEST_F(OpenNoteReminderTest, WithoutAnAlertTheNoteStaysOnTheScreen) {
+    SetSilently(0);
+    view_.refuseReminderWindows = true;
+    note_.TimerBroadcast();
+    EXPECT_TRUE(note_.IsVisible());
+    view_.refuseReminderWindows = false;
+    SetSilently(0);
+    note_.TimerBroadcast();
+    EXPECT_FALSE(note_.IsVisible()) << "an alert that never stood is not open";
+}
+
+TEST_F(OpenNoteReminderTest, AMinimisedNoteKeepsItsIconUntilTheAlertIsDismissed) {
+    note_.MinimizeByUser();
+    SetSilently(0);
+    note_.TimerBroadcast();
+    EXPECT_TRUE(view_.IsIconShowing());
+    note_.Popup();
+    EXPECT_FALSE(view_.IsIconShowing());
+    EXPECT_TRUE(note_.IsVisible());
+}
+
+// The dialog.
+
+TEST_F(OpenNoteReminderTest, TheDialogGetsTheReminderOrNone) {
+    note_.AskReminder();
+    EXPECT_EQ(view_.DialogReminder(), kNoReminder);
+    note_.SetReminderClosing();
+    note_.SetReminder(DaySerial{46000.5});
+    note_.AskReminder();
+    EXPECT_EQ(view_.DialogReminder(), DaySerial{46000.5});
+    note_.SetReminderClosing();
+    note_.CancelReminder();
+    note_.AskReminder();
+    EXPECT_EQ(view_.DialogReminder(), kNoReminder) << "a time that no longer counts";
+}
+
+TEST_F(OpenNoteReminderTest, AnOpenDialogComesForward) {
+    note_.AskReminder();
+    note_.AskReminder();
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"OpenReminderDialog", "BringReminderDialogForward"}));
+    note_.SetReminderClosing();
+    note_.AskReminder();
+    EXPECT_EQ(view_.TakeCalls(), Calls{"OpenReminderDialog"});
+}
+
+TEST_F(OpenNoteReminderTest, ADialogThatDidNotOpenIsOpenedNextTime) {
+    view_.refuseReminderWindows = true;
+    note_.AskReminder();
+    note_.AskReminder();
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"OpenReminderDialog", "OpenReminderDialog"}));
+}
+
+TEST_F(OpenNoteReminderTest, AskingChangesNothing) {
+    note_.AskReminder();
+    EXPECT_FALSE(note_.Data().Changed);
+}
+
+TEST_F(OpenNoteReminderTest, TheNotesOwnIconShowsTheBalloon) {
+    note_.ShowIconBalloon(u"text", u"title", BalloonIcon::Information);
+    EXPECT_EQ(view_.TakeCalls(), Calls{"ShowIconBalloon 1"});
+    EXPECT_EQ(view_.BalloonText(), u"text");
+    EXPECT_EQ(view_.BalloonTitle(), u"title");
+}
+
+// What is saved soon.
+
+TEST_F(OpenNoteReminderTest, EveryChangeIsSavedSoon) {
+    const std::vector<std::pair<const char*, std::function<void()>>> changes = {
+        {"SetReminder", [this] { note_.SetReminder(DaySerial{46000}); }},
+        {"CancelReminderByUser", [this] { note_.CancelReminderByUser(); }},
+        {"SetLargeText", [this] { note_.SetLargeText(true); }},
+        {"AddTimestamp", [this] { note_.AddTimestamp(); }},
+        {"ChangeColors", [this] { note_.ChangeColors(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }},
+        {"HideByUser", [this] { note_.HideByUser(); }},
+        {"PopupByUser", [this] { note_.PopupByUser(); }},
+        {"MinimizeByUser", [this] { note_.MinimizeByUser(); }},
+        {"ShowFromIcon", [this] { note_.ShowFromIcon(); }},
+        {"an edit or a move", [this] { note_.MarkChanged(); }},
+    };
+    for (const auto& [name, change] : changes) {
+        ASSERT_TRUE(note_.PersistNote() || !note_.Data().Changed);
+        Forget();
+        change();
+        EXPECT_TRUE(note_.Data().Changed) << name;
+        EXPECT_GE(SavesSince(), 1) << name;
+    }
+}
+
+TEST_F(OpenNoteReminderTest, WhatIsNotAChangeIsNotSaved) {
+    SetSilently(1);
+    note_.HideNote();
+    note_.Popup();
+    note_.MinimizeToTray();
+    note_.CancelReminder();
+    note_.UpdateColors();
+    EXPECT_FALSE(note_.Data().Changed);
+    EXPECT_EQ(SavesSince(), 0);
+}
+
+// The time stamp and large text.
+
+TEST_F(OpenNoteReminderTest, TheTimeStampStandsBeforeTheWholeText) {
+    note_.SetText(u"abc");
+    note_.AddTimestamp();
+    EXPECT_EQ(note_.Text(), u"(" + locale_.GeneralDate(clock_.now) + u")\r\n\r\nabc");
+    EXPECT_TRUE(note_.Data().Changed);
+}
+
+TEST_F(OpenNoteReminderTest, LargeTextIsSwitchedBothWays) {
+    note_.ToggleLargeText();
+    EXPECT_TRUE(note_.Data().LargeText);
+    note_.ToggleLargeText();
+    EXPECT_FALSE(note_.Data().LargeText);
+}
+
+}  // namespace
+}  // namespace quillo

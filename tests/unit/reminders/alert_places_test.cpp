@@ -1,0 +1,34 @@
+#include "reminders/alert_places.h"
+
+#include <gtest/gtest.h>
+
+namespace quillo {
+namespace {
+
+TEST(AlertPlaces, AreTakenInOrder) {
+    AlertPlaces places;
+    EXPECT_EQ(places.Take(), 0U);
+    EXPECT_EQ(places.Take(), 1U);
+    EXPECT_EQ(places.Take(), 2U);
+}
+
+TEST(AlertPlaces, TheFirstFreeOneIsTakenAgain) {
+    AlertPlaces places;
+    for (int i = 0; i < 3; ++i) (void)places.Take();
+    places.Free(1);
+    EXPECT_EQ(places.Take(), 1U) << "place 2 still shows an alert";
+    EXPECT_EQ(places.Take(), 3U);
+    places.Free(0);
+    places.Free(2);
+    EXPECT_EQ(places.Take(), 0U);
+    EXPECT_EQ(places.Take(), 2U);
+}
+
+TEST(AlertPlaces, FreeingAPlaceThatNobodyHadChangesNothing) {
+    AlertPlaces places;
+    places.Free(7);
+    EXPECT_EQ(places.Take(), 0U);
+}
+
+}  // namespace
+}  // namespace quillo
