@@ -66,14 +66,14 @@ TEST_F(Editing, WhatTheCodePageCannotHoldIsAQuestionMarkInTheFile) {
     const NoteWindow note = Open("");
     const std::uint64_t before = WriteTimeOf(path_);
     ASSERT_TRUE(note.TakeKeyboard());
-    // CJK, a Greek letter with a look-alike, a smiley outside the 16-bit range.
-    const std::wstring typed = L"\u4ECA\u65E5 \u0391 \U0001F600 ok";
+    // CJK, two letters with a look-alike in the code page, a smiley outside the 16-bit range.
+    const std::wstring typed = L"\u4ECA\u65E5 \u0100\uFF21 \U0001F600 ok";
     TypeText(typed);
     ASSERT_TRUE(Eventually([&] { return note.Text() == typed; }));
     EXPECT_TRUE(Eventually([&] { return WriteTimeOf(path_) != before; }));
     EXPECT_EQ(note.Text(), typed) << "saving leaves the screen alone";
     Quit();
-    EXPECT_THAT(ReadBytes(path_), ::testing::MatchesRegex("\\?\\? \\? \\?+ ok\r\n<quillo>.*"));
+    EXPECT_THAT(ReadBytes(path_), ::testing::MatchesRegex("\\?\\? \\?\\? \\?+ ok\r\n<quillo>.*"));
 }
 
 TEST_F(Editing, UndoTakesTheLastEditBack) {
