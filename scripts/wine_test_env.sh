@@ -45,6 +45,9 @@ until [[ -n $(prefix_pids "$WINEPREFIX" window_probe.ex) ]] &&
     sleep 0.05
 done
 
+# Without the keyboard on the desktop, no window in it gets a key.
+xdotool search --name 'Quillo - Wine desktop' windowfocus >/dev/null 2>&1 || true
+
 status=0
-QUILLO_EXE=$win_build/quillo.exe "$@" || status=$?
+QUILLO_EXE=$(windows_path "$win_build/quillo.exe") "$@" || status=$?
 exit "$status"
