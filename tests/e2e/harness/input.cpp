@@ -19,7 +19,9 @@ INPUT KeyInput(WORD key, bool up) {
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = key;
     input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = up ? KEYEVENTF_KEYUP : 0;
+    // The right Alt key is told from the left one by this alone.
+    const DWORD which = key == VK_RMENU ? KEYEVENTF_EXTENDEDKEY : 0;
+    input.ki.dwFlags = which | (up ? KEYEVENTF_KEYUP : 0);
     return input;
 }
 

@@ -26,5 +26,6 @@ struct NoteFile {
 
 /// Code page text made wide, as the system does it.
 [[nodiscard]] std::wstring Widen(std::string_view narrow);
+[[nodiscard]] std::string Narrow(std::wstring_view wide);
 
 }  // namespace quillo::e2e

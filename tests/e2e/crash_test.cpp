@@ -1,0 +1,161 @@
+#include <array>
+#include <random>
+#include <thread>
+
+#include "harness/e2e_test.h"
+
+namespace quillo::e2e {
+namespace {
+
+constexpr int kRounds = 20;
+constexpr std::size_t kNotes = 4;
+
+/// The program is ended by force, at random moments, while notes move between the screen and their files.
+class Crashes : public OrdinaryTest {
+  protected:
+    void SetUp() override {
+        OrdinaryTest::SetUp();
+        if (Profile().IsReady()) Profile().SetText(L"Note folder", Outside().Path());
+    }
+
+    /// Some 50 kB that begin with the note's number and are told apart by the letter.
+    static std::string LongText(std::size_t number, char letter) {
+        constexpr int kLines = 1000;
+        const std::string line = std::to_string(number) + std::string(48, letter);
+        std::string text = line;
+        for (int i = 1; i < kLines; ++i) text += "\r\n" + line;
+        return text;
+    }
+    static std::wstring NameOf(std::size_t number) { return L"note " + std::to_wstring(number) + L".qln"; }
+    /// Two of them beside the two others, so that none covers another's middle.
+    static NoteFile FileOf(std::size_t number, char letter) {
+        constexpr std::array<const char*, kNotes> kPlaces{"1500,1500,3000,2400", "6000,1500,3000,2400",
+                                                          "1500,6000,3000,2400", "6000,6000,3000,2400"};
+        NoteFile file{LongText(number, letter)};
+        file.position = kPlaces[number];
+        return file;
+    }
+    void AddNotes(char letter) const {
+        for (std::size_t i = 0; i < kNotes; ++i) Profile().AddNote(NameOf(i), FileOf(i, letter).Bytes());
+    }
+    void RemoveAllFiles() const {
+        for (const std::wstring& folder : {Profile().NotesFolder(), Outside().Path()}) {
+            for (const std::wstring& name : FilesIn(folder)) DeleteFileW((folder + L"\\" + name).c_str());
+        }
+    }
+    /// What both folders look like from outside; it changes as soon as a file is begun, written or deleted.
+    [[nodiscard]] std::vector<std::uint64_t> FolderState() const {
+        std::vector<std::uint64_t> state;
+        for (const std::wstring& folder : {Profile().NotesFolder(), Outside().Path()}) {
+            const std::vector<std::wstring> names = FilesIn(folder);
+            state.push_back(names.size());
+            for (const std::wstring& name : names) state.push_back(WriteTimeOf(folder + L"\\" + name));
+        }
+        return state;
+    }
+    /// Ends the program a little after the folders first look otherwise than `before`.
+    void KillDuringTheNextWrites(const std::vector<std::uint64_t>& before) {
+        constexpr int kLongestMicroseconds = 4'000;
+        EXPECT_TRUE(Eventually([&] {
+            // Without a pause between the looks for a while: the writes are over in a few milliseconds.
+            const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
+            while (std::chrono::steady_clock::now() < end) {
+                if (FolderState() != before) return true;
+            }
+            return false;
+        }));
+        std::uniform_int_distribution<int> microseconds(0, kLongestMicroseconds);
+        const auto moment = std::chrono::steady_clock::now() + std::chrono::microseconds(microseconds(random_));
+        while (std::chrono::steady_clock::now() < moment) {
+        }
+        Quillo().Kill();
+    }
+    /// The number of whole files, in both folders, that begin with that text and go on with the program's own data.
+    [[nodiscard]] int WholeFilesWith(const std::string& text) const {
+        int count = 0;
+        for (const std::wstring& folder : {Profile().NotesFolder(), Outside().Path()}) {
+            for (const std::wstring& name : FilesIn(folder, L".qln")) {
+                const std::string bytes = ReadBytes(folder + L"\\" + name);
+                const std::string end = "</quillo>";
+                const bool whole = bytes.size() > end.size() && bytes.substr(bytes.size() - end.size()) == end;
+                count += whole && bytes.rfind(text + "\r\n<quillo><position>", 0) == 0 ? 1 : 0;
+            }
+        }
+        return count;
+    }
+
+  private:
+    std::mt19937 random_{20261121};
+};
+
+TEST_F(Crashes, WhileNotesSaveThemselvesEveryFileStaysWhole) {
+    AddNotes('a');
+    int torn = 0;
+    for (int round = 0; round < kRounds; ++round) {
+        Start();
+        ASSERT_EQ(Quillo().Notes().size(), kNotes);
+        const char letter = static_cast<char>('b' + round);
+        const auto before = FolderState();
+        for (const NoteWindow& note : NotesOf(Quillo())) {
+            const auto number = static_cast<std::size_t>(note.Text().at(0) - L'0');
+            const std::wstring text = Widen(LongText(number, letter));
+            DWORD_PTR ignored = 0;
+            SendMessageTimeoutW(note.TextBox(), EM_SETSEL, 0, -1, SMTO_ABORTIFHUNG, 20'000, &ignored);
+            SendMessageTimeoutW(note.TextBox(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()),
+                                SMTO_ABORTIFHUNG, 20'000, &ignored);
+        }
+        KillDuringTheNextWrites(before);
+        ASSERT_EQ(StorageCopies().size(), kNotes);
+        int fresh = 0;
+        for (std::size_t i = 0; i < kNotes; ++i) {
+            const std::string bytes = ReadBytes(Profile().NotesFolder() + L"\\" + NameOf(i));
+            ASSERT_GT(bytes.size(), 2U);
+            ASSERT_TRUE(bytes == FileOf(i, bytes[1]).Bytes()) << "a torn file after round " << round;
+            fresh += bytes[1] == letter ? 1 : 0;
+        }
+        torn += fresh > 0 && fresh < static_cast<int>(kNotes) ? 1 : 0;
+    }
+    RecordProperty("rounds_interrupted", torn);
+}
+
+TEST_F(Crashes, WhileNotesAreClosedNoneIsLost) {
+    int interrupted = 0;
+    for (int round = 0; round < kRounds; ++round) {
+        RemoveAllFiles();
+        AddNotes('a');
+        Start();
+        ASSERT_EQ(Quillo().Notes().size(), kNotes);
+        const auto before = FolderState();
+        for (const NoteWindow& note : NotesOf(Quillo())) PostMessageW(note.Handle(), WM_CLOSE, 0, 0);
+        KillDuringTheNextWrites(before);
+        interrupted += StorageCopies().empty() ? 0 : 1;
+        for (std::size_t i = 0; i < kNotes; ++i) {
+            EXPECT_GE(WholeFilesWith(LongText(i, 'a')), 1) << "note " << i << " is lost after round " << round;
+        }
+    }
+    RecordProperty("rounds_interrupted", interrupted);
+}
+
+TEST_F(Crashes, WhileAFileIsOpenedItIsNotLost) {
+    const std::wstring path = Outside() / L"closed.qln";
+    for (int round = 0; round < kRounds; ++round) {
+        RemoveAllFiles();
+        NoteFile file = FileOf(0, 'a');
+        file.last = "<tempfilename>" + Narrow(path) + "</tempfilename>";
+        WriteBytes(path, file.Bytes());
+        Start();
+        const auto before = FolderState();
+        const std::wstring command = L"@ \"" + path + L"\" ";
+        std::thread sender([command] {
+            DWORD_PTR ignored = 0;
+            SendMessageTimeoutW(FindChannel(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(command.c_str()),
+                                SMTO_ABORTIFHUNG, 20'000, &ignored);
+        });
+        KillDuringTheNextWrites(before);
+        sender.join();
+        EXPECT_GE(WholeFilesWith(LongText(0, 'a')), 1) << "lost after round " << round;
+    }
+}
+
+}  // namespace
+}  // namespace quillo::e2e
