@@ -6,7 +6,7 @@ win_build=${QUILLO_BUILD_DIR:-$quillo_root/build/windows-x64}
 cache_dir=${XDG_CACHE_HOME:-$HOME/.cache}/quillo
 
 # What the steps need, as Debian 12 packages.
-build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin python3)
+build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin python3 ffmpeg fp-utils)
 wine_packages=(wine wine64 fonts-wine fonts-liberation)
 desktop_packages=(xvfb x11-utils openbox picom trayer hsetroot imagemagick)
 run_packages=("${build_packages[@]}" "${wine_packages[@]}" "${desktop_packages[@]}")
