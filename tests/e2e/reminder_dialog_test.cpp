@@ -5,6 +5,9 @@
 #include "harness/tray.h"
 #include "harness/window_text.h"
 
+// After windows.h.
+#include <oleauto.h>
+
 namespace quillo::e2e {
 namespace {
 
@@ -60,9 +63,9 @@ TEST_F(ReminderDialogTest, APhraseTypedIsInTheNotesFile) {
     const ReminderDialogWindow dialog = AskReminder(note);
     EXPECT_EQ(WindowText(dialog.Handle()), L"Set a reminder");
     EXPECT_EQ(GetWindow(dialog.Handle(), GW_OWNER), note.Handle());
-    EXPECT_NE(GetWindowLongPtrW(dialog.Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+    EXPECT_TRUE(Eventually([&] { return (GetWindowLongPtrW(dialog.Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; }));
     EXPECT_EQ(dialog.Text(Control::ReminderBox), L"in 15 minutes");
-    EXPECT_TRUE(dialog.AllIsSelected());
+    EXPECT_TRUE(Eventually([&] { return dialog.AllIsSelected(); }));
     EXPECT_EQ(dialog.Text(Control::OKButton), L"Set reminder");
     EXPECT_EQ(dialog.Text(Control::CancelButton), L"Cancel reminder");
     EXPECT_FALSE(dialog.Shows(Control::MessageLabel));
@@ -110,7 +113,7 @@ TEST_F(ReminderDialogTest, WhatIsNotUnderstoodIsSaidOnceTheWindowHasGrown) {
         EXPECT_TRUE(Eventually([&, &text = message] { return dialog.Text(Control::MessageLabel) == text; }))
             << Narrow(dialog.Text(Control::MessageLabel));
         EXPECT_TRUE(dialog.Shows(Control::MessageLabel));
-        EXPECT_TRUE(dialog.AllIsSelected()) << "to type it again at once";
+        EXPECT_TRUE(Eventually([&] { return dialog.AllIsSelected(); })) << "to type it again at once";
         GetWindowRect(dialog.Handle(), &place);
         if (grown == 0) grown = place.bottom - place.top;
         EXPECT_EQ(place.bottom - place.top, grown) << "it grows once";
