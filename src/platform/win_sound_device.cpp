@@ -7,10 +7,15 @@
 
 namespace quillo {
 
+WinSoundDevice::~WinSoundDevice() {
+    if (commanded_) WinSoundDevice::SendCommand(u"close all");
+}
+
 int WinSoundDevice::SendCommand(std::u16string_view command) {
     static LateFunction<DWORD WINAPI(const wchar_t*, wchar_t*, UINT, HWND)> send(L"winmm.dll", "mciSendStringW");
     constexpr int kNoSystem = -1;
     if (send.Get() == nullptr) return kNoSystem;
+    commanded_ = true;
     return static_cast<int>(send.Get()(Wide(std::u16string(command)), nullptr, 0, nullptr));
 }
 

@@ -7,8 +7,17 @@ namespace quillo {
 /// The system's multimedia library, loaded at the first sound.
 class WinSoundDevice : public SoundDevice {
   public:
+    WinSoundDevice() = default;
+    WinSoundDevice(const WinSoundDevice&) = delete;
+    WinSoundDevice& operator=(const WinSoundDevice&) = delete;
+    /// Closes what was left open: a player that still runs while the process ends can bring it down.
+    ~WinSoundDevice() override;
+
     int SendCommand(std::u16string_view command) override;
     void PlayWave(std::u16string_view path, unsigned flags) override;
+
+  private:
+    bool commanded_ = false;
 };
 
 }  // namespace quillo
