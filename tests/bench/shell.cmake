@@ -4,3 +4,11 @@ target_link_libraries(bare_notes PRIVATE quillo_shell)
 add_executable(startup_bench ${CMAKE_CURRENT_LIST_DIR}/startup_bench.cpp)
 target_link_libraries(startup_bench PRIVATE quillo_shell)
 add_dependencies(startup_bench quillo bare_notes)
+
+# The running program on 50 notes: saving them all against plain writes, and what it costs while untouched.
+foreach(bench save idle)
+  add_executable(${bench}_bench ${CMAKE_CURRENT_LIST_DIR}/${bench}_bench.cpp ${CMAKE_CURRENT_LIST_DIR}/program_run.cpp)
+  target_include_directories(${bench}_bench PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${bench}_bench PRIVATE quillo_shell)
+  add_dependencies(${bench}_bench quillo)
+endforeach()

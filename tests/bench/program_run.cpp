@@ -1,0 +1,101 @@
+#include "bench/program_run.h"
+
+#include "platform/wide.h"
+#include "platform/win_file_store.h"
+#include "platform/win_shell.h"
+
+namespace quillo::bench {
+namespace {
+
+std::string SampleNote(int index) {
+    const int left = 300 + index % 10 * 1700;
+    const int top = 300 + index / 10 * 2000;
+    std::string text = "Note " + std::to_string(index);
+    for (int line = 0; line < 8; ++line) text += "\r\nmilk, bread, a call to the garage, line " + std::to_string(line);
+    return text + "\r\n<quillo><position>" + std::to_string(left) + "," + std::to_string(top) +
+           ",2820,2445</position><appearance>False,False,14155262,3723262,0,0</appearance><reminder></reminder>"
+           "<nodelete></nodelete></quillo>";
+}
+
+std::vector<HWND> Notes() {
+    std::vector<HWND> notes;
+    HWND note = nullptr;
+    while ((note = FindWindowExW(nullptr, note, L"QuilloNote", nullptr)) != nullptr) notes.push_back(note);
+    return notes;
+}
+
+}  // namespace
+
+NotesFolder::NotesFolder(int notes) {
+    WinFileStore files;
+    WinShell shell;
+    std::u16string folder = shell.FolderPath(SpecialFolder::LocalApplicationData) + u"\\Marrowind";
+    files.CreateFolder(folder);
+    folder += u"\\Notes";
+    files.CreateFolder(folder);
+    path_ = Wide(folder);
+    if (!files.List(folder, u".qln").empty()) return;
+    ready_ = true;
+    for (int i = 0; i < notes; ++i) {
+        const std::wstring path = path_ + L"\\bench" + std::to_wstring(i) + L".qln";
+        ready_ = files.Write(FromWide(path.c_str()), SampleNote(i)) && ready_;
+        files_.push_back(path);
+    }
+}
+
+NotesFolder::~NotesFolder() {
+    for (const std::wstring& path : files_) DeleteFileW(path.c_str());
+}
+
+ProgramRun::ProgramRun(const std::string& exe, int notes) {
+    std::wstring line = L"\"" + std::wstring(exe.begin(), exe.end()) + L"\"";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION info{};
+    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &info) == 0)
+        return;
+    process_.Reset(info.hProcess);
+    const KernelHandle thread(info.hThread);
+    constexpr int kLooks = 600;
+    constexpr DWORD kBetweenMilliseconds = 100;
+    for (int i = 0; i < kLooks && static_cast<int>(Notes().size()) < notes; ++i) Sleep(kBetweenMilliseconds);
+    constexpr DWORD kPatienceMilliseconds = 60'000;
+    ready_ = static_cast<int>(Notes().size()) >= notes && WaitForInputIdle(process_.Get(), kPatienceMilliseconds) == 0;
+}
+
+ProgramRun::~ProgramRun() {
+    if (!process_) return;
+    TerminateProcess(process_.Get(), 0);
+    WaitForSingleObject(process_.Get(), INFINITE);
+}
+
+double ProgramRun::ProcessorMilliseconds() const {
+    FILETIME ignored{};
+    FILETIME kernel{};
+    FILETIME user{};
+    GetProcessTimes(process_.Get(), &ignored, &ignored, &kernel, &user);
+    const auto ticks = [](const FILETIME& time) { return (ULONGLONG{time.dwHighDateTime} << 32) + time.dwLowDateTime; };
+    return static_cast<double>(ticks(kernel) + ticks(user)) / 10'000;
+}
+
+std::vector<HWND> ProgramRun::TextBoxes() const {
+    std::vector<HWND> boxes;
+    for (HWND note : Notes()) boxes.push_back(FindWindowExW(note, nullptr, L"Edit", nullptr));
+    return boxes;
+}
+
+bool ProgramRun::SaveAll() const {
+    // What the system sends before a session ends: everything is on the disk when the answer comes.
+    HWND form = FindWindowW(L"ThunderRT6FormDC", L"Quillo Notify");
+    constexpr UINT kPatienceMilliseconds = 60'000;
+    DWORD_PTR agreed = 0;
+    return SendMessageTimeoutW(form, WM_QUERYENDSESSION, 0, 0, SMTO_NORMAL, kPatienceMilliseconds, &agreed) != 0 &&
+           agreed != 0;
+}
+
+std::string ReadAll(const std::wstring& path) {
+    WinFileStore files;
+    return files.Read(FromWide(path.c_str())).value_or(std::string());
+}
+
+}  // namespace quillo::bench
