@@ -22,9 +22,10 @@ int main(int argc, char** argv) {
     constexpr DWORD kSettleMilliseconds = 15'000;
     Sleep(kSettleMilliseconds);
     const double before = quillo.ProcessorMilliseconds();
+    if (before <= 0) return std::printf("the system does not tell the program's processor time\n"), 1;
     Sleep(seconds * 1000);
     const double after = quillo.ProcessorMilliseconds();
-    std::printf("%d notes, %lu s untouched: %.1f ms of processor time (a tick is 10 to 16 ms)\n", notes, seconds,
-                after - before);
+    std::printf("%d notes: %.1f ms of processor time until all stood, %.1f ms in the %lu s untouched\n", notes, before,
+                after - before, seconds);
     return 0;
 }
