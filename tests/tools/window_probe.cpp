@@ -1,6 +1,7 @@
 // Tells the scripts how the program under test stands.
 //   window_probe wait SECONDS   waits until it is up; prints the notes folder and the visible notes
 //   window_probe gone SECONDS   waits until it has ended
+//   window_probe alert SECONDS  waits until a reminder's alert is on the screen
 //   window_probe stay           stays until it is ended: keeps the desktop's services warm
 // Exit codes: 0 done, 1 not within the time, 2 wrong arguments.
 #include "platform/win32.h"
@@ -139,6 +140,15 @@ int WaitUntilGone(DWORD seconds) {
     return result == WAIT_OBJECT_0 ? 0 : 1;
 }
 
+int WaitForAlert(DWORD seconds) {
+    const Deadline deadline(seconds);
+    for (;; Sleep(kPollMilliseconds)) {
+        const HWND alert = FindWindowW(L"QuilloReminder", nullptr);
+        if (alert != nullptr && IsWindowVisible(alert)) return 0;
+        if (deadline.Passed()) return 1;
+    }
+}
+
 int Stay() {
     // The first window of all makes the system set up the desktop.
     const HWND window = CreateWindowExW(0, L"Static", L"Window probe", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
@@ -156,6 +166,7 @@ int main(int count, char** arguments) {
     const DWORD seconds = count > 2 ? static_cast<DWORD>(std::strtoul(arguments[2], nullptr, 10)) : 30;
     if (verb == "wait") return WaitUntilUp(seconds);
     if (verb == "gone") return WaitUntilGone(seconds);
+    if (verb == "alert") return WaitForAlert(seconds);
     if (verb == "stay") return Stay();
     return 2;
 }
