@@ -112,8 +112,9 @@ TEST_F(ReminderDialogTest, WhatIsNotUnderstoodIsSaidOnceTheWindowHasGrown) {
         PressKey(VK_RETURN);
         EXPECT_TRUE(Eventually([&, &text = message] { return dialog.Text(Control::MessageLabel) == text; }))
             << Narrow(dialog.Text(Control::MessageLabel));
-        EXPECT_TRUE(dialog.Shows(Control::MessageLabel));
+        EXPECT_TRUE(Eventually([&] { return dialog.Shows(Control::MessageLabel); }));
         EXPECT_TRUE(Eventually([&] { return dialog.AllIsSelected(); })) << "to type it again at once";
+        EXPECT_TRUE(Quillo().WaitUntilReady());
         GetWindowRect(dialog.Handle(), &place);
         if (grown == 0) grown = place.bottom - place.top;
         EXPECT_EQ(place.bottom - place.top, grown) << "it grows once";
@@ -155,9 +156,9 @@ TEST_F(ReminderDialogTest, KeepingAReminderChangesNothing) {
     EXPECT_TRUE(Eventually([&] { return KeyboardWindow() == dialog.Control(Control::CancelButton); }));
     PressKey(VK_SPACE);
     EXPECT_TRUE(Eventually([&] { return dialog.Shows(Control::ActiveReminderLabel); }));
-    EXPECT_FALSE(dialog.Shows(Control::ReminderBox));
+    EXPECT_TRUE(Eventually([&] { return !dialog.Shows(Control::ReminderBox); }));
     EXPECT_EQ(dialog.Text(Control::ActiveReminderLabel), existing);
-    EXPECT_EQ(dialog.Text(Control::OKButton), L"Keep reminder");
+    EXPECT_TRUE(Eventually([&] { return dialog.Text(Control::OKButton) == L"Keep reminder"; }));
     EXPECT_TRUE(Until([&] { return !dialog.Exists(); }, [&] { ClickMouse(dialog.MiddleOf(Control::OKButton)); }));
     Quit();
     EXPECT_TRUE(MarkOf(path_) == before) << ReadBytes(path_);
@@ -167,7 +168,7 @@ TEST_F(ReminderDialogTest, ACancelledReminderDoesNotComeBack) {
     const NoteWindow note = Open(kInTheYear3000);
     const std::uint64_t before = WriteTimeOf(path_);
     const ReminderDialogWindow dialog = AskReminder(note);
-    ASSERT_TRUE(Until([&] { return dialog.Shows(Control::ActiveReminderLabel); },
+    ASSERT_TRUE(Until([&] { return dialog.Text(Control::OKButton) == L"Keep reminder"; },
                       [&] { ClickMouse(dialog.MiddleOf(Control::CancelButton)); }));
     ASSERT_TRUE(Until([&] { return !dialog.Exists(); }, [&] { ClickMouse(dialog.MiddleOf(Control::CancelButton)); }));
     EXPECT_TRUE(Eventually([&] { return WriteTimeOf(path_) != before; })) << "it is stored soon";
