@@ -92,8 +92,8 @@ bool IsTrayIconShowing(HWND iconWindow) {
 }
 
 std::optional<POINT> FindTrayIcon(DWORD process, const std::wstring& toolTip) {
-    constexpr std::chrono::milliseconds kForOneIcon{2500};
-    constexpr int kRounds = 2;
+    constexpr std::chrono::milliseconds kForOneIcon{1000};  // a tool tip comes after half a second
+    constexpr int kRounds = 5;
     for (int round = 0; round < kRounds; ++round) {
         for (const POINT place : PossiblePlaces(process)) {
             MoveMouse(POINT{place.x, place.y - 60});
