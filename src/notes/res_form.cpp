@@ -3,14 +3,9 @@
 #include <utility>
 
 namespace quillo {
-namespace {
 
-constexpr UINT kMainTimerMilliseconds = 10'000;
-
-}  // namespace
-
-ResForm::ResForm(std::function<void()> onMainTimer)
-    : onMainTimer_(std::move(onMainTimer)), mainTimer_([this] { OnTick(); }) {}
+ResForm::ResForm(std::function<void()> onMainTimer, UINT interval)
+    : onMainTimer_(std::move(onMainTimer)), interval_(interval), mainTimer_([this] { OnTick(); }) {}
 
 void ResForm::Load() {
     Resume();
@@ -23,14 +18,14 @@ void ResForm::Pause() {
 
 void ResForm::Resume() {
     running_ = true;
-    mainTimer_.Start(kMainTimerMilliseconds);
+    mainTimer_.Start(interval_);
 }
 
 void ResForm::OnTick() {
     // Stopped meanwhile: a tick that opens alerts takes its time, and its messages must not bring the next one.
     mainTimer_.Stop();
     onMainTimer_();
-    if (running_) mainTimer_.Start(kMainTimerMilliseconds);
+    if (running_) mainTimer_.Start(interval_);
 }
 
 }  // namespace quillo

@@ -6,11 +6,14 @@
 
 namespace quillo {
 
+/// How often every open note looks at its reminder, in milliseconds.
+inline constexpr UINT kMainTimerInterval = 10'000;
+
 /// What all notes share and nobody sees: the main timer, by which reminders fall due.
 class ResForm {
   public:
     /// `onMainTimer` gives every open note its tick; it may let messages run.
-    explicit ResForm(std::function<void()> onMainTimer);
+    explicit ResForm(std::function<void()> onMainTimer, UINT interval = kMainTimerInterval);
 
     /// Starts the main timer.
     void Load();
@@ -22,6 +25,7 @@ class ResForm {
     void OnTick();
 
     std::function<void()> onMainTimer_;
+    UINT interval_;
     UiTimer mainTimer_;
     bool running_ = false;
 };

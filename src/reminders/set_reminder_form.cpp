@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <initializer_list>
 
 #include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
@@ -45,6 +44,7 @@ constexpr int kToolTipWidth = 280;
 
 constexpr ColorWord kAccent = ColorWord::FromRgb(0xD9, 0x8E, 0x04);
 constexpr int kMessageTintPercent = 14;
+constexpr int kQuietPercent = 66;  // of the text's colour; the rest is the ground
 
 /// From the first to the last in reading order, which is the order of the Tab key; a label stands before its control,
 /// so that a screen reader finds it.
@@ -113,10 +113,10 @@ Size Measure(HDC dc, HFONT font, std::u16string_view text, int wrapWidth = 0) {
     return Size{area.right, area.bottom};
 }
 
-FontHandle MakeFont(int points, Scale scale) {
+FontHandle MakeFont(int points, int weight, Scale scale) {
     LOGFONTW font{};
     font.lfHeight = -MulDiv(points, scale.Dpi(), 72);
-    font.lfWeight = FW_NORMAL;
+    font.lfWeight = weight;
     font.lfCharSet = BYTE{DEFAULT_CHARSET};
     lstrcpynW(font.lfFaceName, Wide(std::u16string(kReminderDialogFont)), LF_FACESIZE);
     return FontHandle(CreateFontIndirectW(&font));
@@ -169,6 +169,7 @@ bool SetReminderForm::Initialize(HWND noteWindow, DaySerial existing) {
     SetWindowPos(Handle(), nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     ShowWindow(Handle(), SW_SHOW);
     SetTopmost(Handle(), true);
+    CreateToolTips();  // a window that owns a topmost one already would not always become one itself
     BringForward();
     SelectBox();
     return true;
@@ -204,7 +205,6 @@ LRESULT SetReminderForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lPara
 
 LRESULT SetReminderForm::OnCreate() {
     CreateControls();
-    CreateToolTips();
     MakeFonts();
     MeasureAndLayOut();
     SendMessageW(Handle(), DM_SETDEFID, IDOK, 0);
@@ -278,22 +278,30 @@ void SetReminderForm::CreateToolTips() {
         tool.lpszText = WideBuffer(words);
         SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     }
+    WrapToolTips();
+}
+
+void SetReminderForm::WrapToolTips() const {
+    if (toolTips_ != nullptr) SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, scale_.Px(kToolTipWidth));
 }
 
 void SetReminderForm::MakeFonts() {
-    FontHandle font = MakeFont(kTextPoints, scale_);
-    FontHandle heading = MakeFont(kHeadingPoints, scale_);
+    FontHandle font = MakeFont(kTextPoints, FW_NORMAL, scale_);
+    FontHandle heading = MakeFont(kHeadingPoints, FW_NORMAL, scale_);
+    FontHandle strong = MakeFont(kTextPoints, FW_BOLD, scale_);
     std::swap(font_, font);
     std::swap(headingFont_, heading);
+    std::swap(strongFont_, strong);
     // The old fonts go at the end of this scope, after every control has let go of them.
     for (const ReminderControl control : kInOrder) {
         SendMessageW(ControlWindow(control), WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(control)), FALSE);
     }
     SetTextMargins(ControlWindow(Control::ReminderBox), scale_.Px(kReminderBoxMargin));
-    SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, scale_.Px(kToolTipWidth));
+    WrapToolTips();
 }
 
 HFONT SetReminderForm::FontOf(ReminderControl control) const {
+    if (control == Control::ActiveReminderLabel) return strongFont_.Get();
     const bool heading = control == Control::HeadingLabel || control == Control::CancelHeadingLabel;
     return heading ? headingFont_.Get() : font_.Get();
 }
@@ -325,11 +333,17 @@ int SetReminderForm::ContentWidth(HDC dc) const {
     return std::max(width, check);
 }
 
+int SetReminderForm::ButtonWidth(HDC dc, ReminderControl button) const {
+    const int caption = Measure(dc, font_.Get(), TextOf(button).caption).width;
+    const int later = button == Control::OKButton ? Measure(dc, font_.Get(), kKeepReminderCaption).width : 0;
+    return std::max(scale_.Px(kLeastButtonWidth), std::max(caption, later) + scale_.Px(kButtonPadding));
+}
+
 void SetReminderForm::MeasureAndLayOut() {
     const WindowDcScope screen(nullptr);
     HDC dc = screen.Dc();
-    const int buttons = 2 * scale_.Px(kLeastButtonWidth) + scale_.Px(kGap);
-    const int foot = PreviewWidth(dc) + 2 * scale_.Px(kGap) + buttons + 2 * scale_.Px(kGap);
+    const int buttons = ButtonWidth(dc, Control::OKButton) + scale_.Px(kGap) + ButtonWidth(dc, Control::CancelButton);
+    const int foot = PreviewWidth(dc) + 2 * scale_.Px(kGap) + buttons;
     const int width = std::max(ContentWidth(dc), foot);
     clientWidth_ = width + 2 * scale_.Px(kMargin);
     footTop_ = LayOutMainPanel(dc, width);
@@ -382,22 +396,15 @@ void SetReminderForm::LayOutFoot(HDC dc, int width, int top) {
     MoveWindow(ControlWindow(Control::DividerBar), 0, top, clientWidth_, 2, FALSE);
     const int buttonTop = top + margin;
     const int height = scale_.Px(kButtonHeight);
-    const auto buttonWidth = [&](std::initializer_list<std::u16string_view> captions) {
-        int widest = scale_.Px(kLeastButtonWidth);
-        for (const std::u16string_view caption : captions) {
-            widest = std::max(widest, Measure(dc, font_.Get(), caption).width + scale_.Px(kButtonPadding));
-        }
-        return widest;
-    };
-    const int okWidth = buttonWidth({TextOf(Control::OKButton).caption, kKeepReminderCaption});
-    const int cancelWidth = buttonWidth({TextOf(Control::CancelButton).caption});
+    const int okWidth = ButtonWidth(dc, Control::OKButton);
+    const int cancelWidth = ButtonWidth(dc, Control::CancelButton);
     const int cancelLeft = margin + width - cancelWidth;
     const int okLeft = cancelLeft - scale_.Px(kGap) - okWidth;
     MoveWindow(ControlWindow(Control::OKButton), okLeft, buttonTop, okWidth, height, FALSE);
     MoveWindow(ControlWindow(Control::CancelButton), cancelLeft, buttonTop, cancelWidth, height, FALSE);
     const int lineHeight = Measure(dc, font_.Get(), u"Xg").height;
     MoveWindow(ControlWindow(Control::PreviewLabel), margin, buttonTop + (height - lineHeight) / 2,
-               okLeft - scale_.Px(kGap) - margin, lineHeight, FALSE);
+               okLeft - 2 * scale_.Px(kGap) - margin, lineHeight, FALSE);
     footBottom_ = buttonTop + height + margin;
 }
 
@@ -451,7 +458,10 @@ HBRUSH SetReminderForm::OnColorControl(HDC dc, HWND control) const {
     if (id == IdOf(Control::MessageLabel)) return messageBrush_.Get();
     const bool inFoot = id == IdOf(Control::PreviewLabel) || id == IDOK || id == IdOf(Control::CancelButton);
     if (!inFoot) return GetSysColorBrush(COLOR_WINDOW);
-    SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
+    const ColorWord face{GetSysColor(COLOR_3DFACE)};
+    const ColorWord text{GetSysColor(COLOR_BTNTEXT)};
+    const bool quiet = id == IdOf(Control::PreviewLabel) && !HighContrastIsOn();
+    SetTextColor(dc, ToColorRef(quiet ? Mix(text, face, kQuietPercent) : text));
     return GetSysColorBrush(COLOR_3DFACE);
 }
 

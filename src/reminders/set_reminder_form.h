@@ -44,10 +44,12 @@ class SetReminderForm : public Window {
 
     void CreateControls();
     void CreateToolTips();
+    void WrapToolTips() const;
     void MakeFonts();
     void MeasureAndLayOut();
     [[nodiscard]] int ContentWidth(HDC dc) const;
     [[nodiscard]] int PreviewWidth(HDC dc) const;
+    [[nodiscard]] int ButtonWidth(HDC dc, ReminderControl button) const;
     int LayOutMainPanel(HDC dc, int width);
     void LayOutCancelPanel(HDC dc, int width) const;
     void LayOutFoot(HDC dc, int width, int top);
@@ -71,6 +73,7 @@ class SetReminderForm : public Window {
     Scale scale_;
     FontHandle font_;
     FontHandle headingFont_;
+    FontHandle strongFont_;  ///< of the reminder that is set
     BrushHandle messageBrush_;
     HWND toolTips_ = nullptr;
     UiTimer previewTimer_;  ///< a phrase such as "in 15 minutes" means another time every second

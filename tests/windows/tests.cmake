@@ -5,8 +5,14 @@ target_sources(quillo_shell_tests PRIVATE
   windows/note_fixture.cpp
   windows/note_form_test.cpp
   windows/note_handles_test.cpp
+  windows/note_reminder_test.cpp
   windows/notify_window_test.cpp
   windows/registry_test.cpp
+  windows/reminder_fixture.cpp
+  windows/reminder_form_test.cpp
+  windows/res_form_test.cpp
+  windows/session_test.cpp
+  windows/set_reminder_form_test.cpp
   windows/support.cpp
   windows/tray_test.cpp
   windows/win_file_store_test.cpp

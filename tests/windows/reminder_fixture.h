@@ -1,0 +1,107 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/os_facts.h"
+#include "app/settings.h"
+#include "platform/message_loop.h"
+#include "platform/window.h"
+#include "reminders/reminder_owner.h"
+#include "reminders/reminder_tools.h"
+#include "support.h"
+#include "testing/fake_clock.h"
+#include "testing/fake_locale_text.h"
+#include "testing/fake_registry_api.h"
+#include "testing/fake_sound_device.h"
+#include "testing/fake_user_notice.h"
+
+namespace quillo::windows_tests {
+
+/// A note that only remembers what its reminder's windows ask of it.
+class RecordingOwner : public ReminderOwner {
+  public:
+    void SetReminder(DaySerial time) override {
+        calls.emplace_back("set");
+        when = time;
+    }
+    void CancelReminderByUser() override { calls.emplace_back("cancel"); }
+    void MinimizeByUser() override { calls.emplace_back("minimise"); }
+    void HideByUser() override { calls.emplace_back("hide"); }
+    void ShowIconBalloon(std::u16string_view, std::u16string_view, BalloonIcon) override {
+        calls.emplace_back("balloon");
+    }
+    void Popup() override { calls.emplace_back("popup"); }
+    void Activate() override { calls.emplace_back("activate"); }
+    void SetReminderClosing() override { calls.emplace_back("dialog closing"); }
+    void ReminderClosing() override { calls.emplace_back("alert closing"); }
+
+    std::vector<std::string> calls;
+    DaySerial when;
+};
+
+/// Writes dates as long as any user may have set them.
+class LongDates : public FakeLocaleText {
+  public:
+    [[nodiscard]] std::u16string ShortDate(DaySerial when) override {
+        return longDates ? u"Mittwoch, 27. September 2028" : FakeLocaleText::ShortDate(when);
+    }
+    [[nodiscard]] std::u16string GeneralDate(DaySerial when) override {
+        return longDates ? ShortDate(when) + u" " + LongTime(when) : FakeLocaleText::GeneralDate(when);
+    }
+
+    bool longDates = false;
+};
+
+/// The window of a note that does nothing.
+class PlainWindow : public Window {
+  public:
+    PlainWindow() {
+        WNDCLASSEXW windowClass{};
+        windowClass.lpszClassName = L"QuilloTestNote";
+        WindowPlan plan;
+        plan.style = WS_POPUP | WS_VISIBLE;
+        plan.place = Rect{300, 200, 188, 163};
+        Create(windowClass, plan);
+    }
+    void End() { Destroy(); }
+
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        return Default(message, wParam, lParam);
+    }
+};
+
+/// What a reminder's windows work with, at 21 November 2026, 09:30.
+struct ReminderWorld {
+    Settings settings;
+    OsFacts os;
+    FakeRegistryApi registry;
+    FakeClock clock;
+    LongDates locale;
+    FakeUserNotice notice;
+    FakeSoundDevice sound;
+    MessageLoop loop;
+    ReminderTools tools{settings, os, registry, clock, locale, notice, sound, loop};
+    RecordingOwner owner;
+    PlainWindow noteWindow;
+};
+
+[[nodiscard]] std::u16string TextOfWindow(HWND window);
+
+/// Holds keys down for the messages that are sent meanwhile.
+class KeysDown {
+  public:
+    explicit KeysDown(std::vector<int> keys);
+    KeysDown(const KeysDown&) = delete;
+    KeysDown& operator=(const KeysDown&) = delete;
+    ~KeysDown() { Hold(0); }
+
+  private:
+    void Hold(BYTE state);
+
+    std::vector<int> keys_;
+};
+
+}  // namespace quillo::windows_tests
