@@ -10,6 +10,7 @@
 #include "platform/gdi_scope.h"
 #include "platform/message_loop.h"
 #include "platform/monitors.h"
+#include "platform/text_tools.h"
 #include "platform/wide.h"
 #include "platform/window_effects.h"
 #include "reminders/reminder_alert.h"
@@ -49,16 +50,6 @@ constexpr std::size_t kMostShown = 2000;  // more never fits
 ColorWord ReadableOn(ColorWord paper, ColorWord text) {
     if (ContrastRatio(text, paper) >= kReadable) return text;
     return ContrastRatio(kDarkInk, paper) >= ContrastRatio(kLightInk, paper) ? kDarkInk : kLightInk;
-}
-
-FontHandle MakeFont(std::u16string_view name, int charset, int points, int weight, Scale scale) {
-    LOGFONTW font{};
-    font.lfHeight = -MulDiv(points, scale.Dpi(), 72);
-    font.lfWeight = weight;
-    font.lfCharSet = charset > 0 ? static_cast<BYTE>(charset) : BYTE{DEFAULT_CHARSET};
-    font.lfQuality = CLEARTYPE_QUALITY;
-    lstrcpynW(font.lfFaceName, Wide(std::u16string(name)), LF_FACESIZE);
-    return FontHandle(CreateFontIndirectW(&font));
 }
 
 bool IsDown(int virtualKey) {
@@ -192,9 +183,9 @@ void ReminderForm::PlaySound() {
 
 void ReminderForm::MakeFonts() {
     const FontSetting& note = tools_.settings.noteFont;
-    textFont_ = MakeFont(note.name, note.charset, kTextPoints, FW_NORMAL, scale_);
-    titleFont_ = MakeFont(u"Tahoma", 0, kTitlePoints, FW_BOLD, scale_);
-    hintFont_ = MakeFont(u"Tahoma", 0, kHintPoints, FW_NORMAL, scale_);
+    textFont_ = MakeFont(note.name, kTextPoints, FW_NORMAL, scale_, note.charset);
+    titleFont_ = MakeFont(u"Tahoma", kTitlePoints, FW_BOLD, scale_);
+    hintFont_ = MakeFont(u"Tahoma", kHintPoints, FW_NORMAL, scale_);
 }
 
 void ReminderForm::OnPaint() {

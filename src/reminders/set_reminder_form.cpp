@@ -10,6 +10,7 @@
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
 #include "platform/message_loop.h"
+#include "platform/text_tools.h"
 #include "platform/wide.h"
 #include "platform/window_effects.h"
 #include "ports/clock.h"
@@ -29,7 +30,7 @@ constexpr int kMargin = 11;
 constexpr int kGap = 8;
 constexpr int kSmallGap = 4;
 constexpr int kLeastWidth = 360;
-constexpr int kBoxPadding = 10;  // what a text box is higher than its line
+constexpr int kBoxPadding = 7;  // what a text box is higher than its line
 constexpr int kButtonHeight = 25;
 constexpr int kLeastButtonWidth = 92;
 constexpr int kButtonPadding = 24;  // left and right of the caption together
@@ -103,23 +104,6 @@ ControlKind KindOf(Control control) {
         default:
             return {L"STATIC", SS_LEFT | SS_NOPREFIX};
     }
-}
-
-Size Measure(HDC dc, HFONT font, std::u16string_view text, int wrapWidth = 0) {
-    const SelectScope selected(dc, font);
-    RECT area{0, 0, wrapWidth, 0};
-    const UINT wrap = wrapWidth > 0 ? DT_WORDBREAK : DT_SINGLELINE;
-    DrawTextW(dc, WideData(text), static_cast<int>(text.size()), &area, DT_CALCRECT | DT_NOPREFIX | wrap);
-    return Size{area.right, area.bottom};
-}
-
-FontHandle MakeFont(int points, int weight, Scale scale) {
-    LOGFONTW font{};
-    font.lfHeight = -MulDiv(points, scale.Dpi(), 72);
-    font.lfWeight = weight;
-    font.lfCharSet = BYTE{DEFAULT_CHARSET};
-    lstrcpynW(font.lfFaceName, Wide(std::u16string(kReminderDialogFont)), LF_FACESIZE);
-    return FontHandle(CreateFontIndirectW(&font));
 }
 
 /// Over the middle of the note, inside the work area of its monitor.
@@ -286,9 +270,9 @@ void SetReminderForm::WrapToolTips() const {
 }
 
 void SetReminderForm::MakeFonts() {
-    FontHandle font = MakeFont(kTextPoints, FW_NORMAL, scale_);
-    FontHandle heading = MakeFont(kHeadingPoints, FW_NORMAL, scale_);
-    FontHandle strong = MakeFont(kTextPoints, FW_BOLD, scale_);
+    FontHandle font = MakeFont(kReminderDialogFont, kTextPoints, FW_NORMAL, scale_);
+    FontHandle heading = MakeFont(kReminderDialogFont, kHeadingPoints, FW_NORMAL, scale_);
+    FontHandle strong = MakeFont(kReminderDialogFont, kTextPoints, FW_BOLD, scale_);
     std::swap(font_, font);
     std::swap(headingFont_, heading);
     std::swap(strongFont_, strong);
@@ -317,7 +301,7 @@ int SetReminderForm::PreviewWidth(HDC dc) const {
     for (int month = 1; month <= kMonths; ++month) {
         for (int day = kFirstDay; day <= kLastDay; ++day) {
             const DaySerial when = ToDaySerial({2028, month, day, 22, 58, 58});
-            widest = std::max(widest, Measure(dc, font_.Get(), PreviewText(when, tools_.locale)).width);
+            widest = std::max(widest, MeasureText(dc, font_.Get(), PreviewText(when, tools_.locale)).width);
         }
     }
     return widest;
@@ -327,15 +311,15 @@ int SetReminderForm::ContentWidth(HDC dc) const {
     int width = scale_.Px(kLeastWidth);
     for (const ReminderControl control : {Control::FirstExampleLabel, Control::TwentyMinutesLabel,
                                           Control::TomorrowLabel, Control::HeadingLabel, Control::CancelHeadingLabel}) {
-        width = std::max(width, Measure(dc, FontOf(control), CaptionOf(control)).width + scale_.Px(kGap));
+        width = std::max(width, MeasureText(dc, FontOf(control), CaptionOf(control)).width + scale_.Px(kGap));
     }
-    const int check = Measure(dc, font_.Get(), CaptionOf(Control::HideNoteCheck)).width + scale_.Px(kCheckBoxRoom);
+    const int check = MeasureText(dc, font_.Get(), CaptionOf(Control::HideNoteCheck)).width + scale_.Px(kCheckBoxRoom);
     return std::max(width, check);
 }
 
 int SetReminderForm::ButtonWidth(HDC dc, ReminderControl button) const {
-    const int caption = Measure(dc, font_.Get(), TextOf(button).caption).width;
-    const int later = button == Control::OKButton ? Measure(dc, font_.Get(), kKeepReminderCaption).width : 0;
+    const int caption = MeasureText(dc, font_.Get(), TextOf(button).caption).width;
+    const int later = button == Control::OKButton ? MeasureText(dc, font_.Get(), kKeepReminderCaption).width : 0;
     return std::max(scale_.Px(kLeastButtonWidth), std::max(caption, later) + scale_.Px(kButtonPadding));
 }
 
@@ -361,14 +345,14 @@ int SetReminderForm::LayOutMainPanel(HDC dc, int width) {
         y += height + scale_.Px(gapAfter);
     };
     const auto textHeight = [&](ReminderControl control, int indent) {
-        return Measure(dc, FontOf(control), CaptionOf(control), width - indent).height;
+        return MeasureText(dc, FontOf(control), CaptionOf(control), width - indent).height;
     };
     const auto putText = [&](ReminderControl control, int indent, int gapAfter) {
         put(control, indent, textHeight(control, indent), gapAfter);
     };
     putText(Control::HeadingLabel, 0, kGap);
     putText(Control::InstructionLabel, 0, kGap);
-    put(Control::ReminderBox, 0, Measure(dc, font_.Get(), u"Xg").height + scale_.Px(kBoxPadding), kMargin);
+    put(Control::ReminderBox, 0, MeasureText(dc, font_.Get(), u"Xg").height + scale_.Px(kBoxPadding), kMargin);
     putText(Control::ExamplesLabel, 0, kSmallGap);
     const int indent = scale_.Px(kGap);
     putText(Control::FirstExampleLabel, indent, kSmallGap);
@@ -382,7 +366,7 @@ void SetReminderForm::LayOutCancelPanel(HDC dc, int width) const {
     const int left = scale_.Px(kMargin);
     int y = left;
     const auto put = [&](ReminderControl control, std::u16string_view text, int gapAfter) {
-        const int height = Measure(dc, FontOf(control), text, width).height;
+        const int height = MeasureText(dc, FontOf(control), text, width).height;
         MoveWindow(ControlWindow(control), left, y, width, height, FALSE);
         y += height + scale_.Px(gapAfter);
     };
@@ -402,7 +386,7 @@ void SetReminderForm::LayOutFoot(HDC dc, int width, int top) {
     const int okLeft = cancelLeft - scale_.Px(kGap) - okWidth;
     MoveWindow(ControlWindow(Control::OKButton), okLeft, buttonTop, okWidth, height, FALSE);
     MoveWindow(ControlWindow(Control::CancelButton), cancelLeft, buttonTop, cancelWidth, height, FALSE);
-    const int lineHeight = Measure(dc, font_.Get(), u"Xg").height;
+    const int lineHeight = MeasureText(dc, font_.Get(), u"Xg").height;
     MoveWindow(ControlWindow(Control::PreviewLabel), margin, buttonTop + (height - lineHeight) / 2,
                okLeft - 2 * scale_.Px(kGap) - margin, lineHeight, FALSE);
     footBottom_ = buttonTop + height + margin;
@@ -413,7 +397,7 @@ void SetReminderForm::LayOutMessage(HDC dc, int width) {
     int highest = 0;
     for (const std::u16string_view message : {kNoPhraseMessage, kPhraseFormatMessage, kPhraseAmountMessage,
                                               kPhrasePeriodMessage, kPhraseUnknownMessage, kKeepOrCancelHint}) {
-        highest = std::max(highest, Measure(dc, font_.Get(), message, width).height);
+        highest = std::max(highest, MeasureText(dc, font_.Get(), message, width).height);
     }
     messageHeight_ = highest + 2 * scale_.Px(kGap);
     MoveWindow(ControlWindow(Control::MessageLabel), scale_.Px(kMargin), footBottom_ + scale_.Px(kGap), width, highest,
@@ -505,9 +489,7 @@ void SetReminderForm::ShowState(const ReminderStep& step) {
 void SetReminderForm::UpdatePreview() {
     const std::u16string preview = dialog_->Preview(TextOfBox(), tools_.clock.Now());
     HWND label = ControlWindow(Control::PreviewLabel);
-    std::u16string shown(static_cast<std::size_t>(GetWindowTextLengthW(label)) + 1, u'\0');
-    shown.resize(static_cast<std::size_t>(GetWindowTextW(label, WideBuffer(shown), static_cast<int>(shown.size()))));
-    if (shown != preview) SetWindowTextW(label, Wide(preview));
+    if (WindowText(label) != preview) SetWindowTextW(label, Wide(preview));
 }
 
 void SetReminderForm::SelectBox() const {
@@ -515,10 +497,7 @@ void SetReminderForm::SelectBox() const {
 }
 
 std::u16string SetReminderForm::TextOfBox() const {
-    HWND box = ControlWindow(Control::ReminderBox);
-    std::u16string text(static_cast<std::size_t>(GetWindowTextLengthW(box)) + 1, u'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(box, WideBuffer(text), static_cast<int>(text.size()))));
-    return text;
+    return WindowText(ControlWindow(Control::ReminderBox));
 }
 
 }  // namespace quillo

@@ -15,7 +15,6 @@ using windows_tests::NoteWorldForTests;
 using windows_tests::PumpUntil;
 using windows_tests::PumpWaiting;
 using windows_tests::TestNote;
-using windows_tests::TextOfWindow;
 
 constexpr LPARAM kFirstPress = 1;
 constexpr LPARAM kRepeated = 1 | 1 << 30;
@@ -133,7 +132,7 @@ TEST_F(NoteReminderTest, ADueReminderShowsTheAlertAndEscBringsTheNoteBack) {
     ASSERT_EQ(Alerts(), 1);
     EXPECT_FALSE(one_->form.IsVisible());
     HWND alert = FindWindowW(L"QuilloReminder", nullptr);
-    EXPECT_EQ(TextOfWindow(alert), u"water the ferns");
+    EXPECT_EQ(WindowText(alert), u"water the ferns");
     SendMessageW(alert, WM_KEYDOWN, VK_ESCAPE, kFirstPress);
     EXPECT_EQ(Alerts(), 0);
     EXPECT_TRUE(one_->form.IsVisible());

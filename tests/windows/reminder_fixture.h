@@ -7,6 +7,7 @@
 #include "app/os_facts.h"
 #include "app/settings.h"
 #include "platform/message_loop.h"
+#include "platform/text_tools.h"
 #include "platform/window.h"
 #include "reminders/reminder_owner.h"
 #include "reminders/reminder_tools.h"
@@ -87,8 +88,6 @@ struct ReminderWorld {
     RecordingOwner owner;
     PlainWindow noteWindow;
 };
-
-[[nodiscard]] std::u16string TextOfWindow(HWND window);
 
 /// Holds keys down for the messages that are sent meanwhile.
 class KeysDown {

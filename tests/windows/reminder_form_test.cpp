@@ -17,7 +17,6 @@ using windows_tests::KeysDown;
 using windows_tests::PixelOf;
 using windows_tests::PumpUntil;
 using windows_tests::ReminderWorld;
-using windows_tests::TextOfWindow;
 using Calls = std::vector<std::string>;
 
 const Calls kDismissed = {"popup", "activate", "alert closing"};
@@ -56,7 +55,7 @@ TEST_F(ReminderFormTest, StandsAboveAllInTheWorkAreaWithTheNotesText) {
     EXPECT_NE(GetWindowLongPtrW(form_.Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
     EXPECT_EQ(GetWindow(form_.Handle(), GW_OWNER), nullptr);
     EXPECT_NE(IsWindowVisible(form_.Handle()), FALSE);
-    EXPECT_EQ(TextOfWindow(form_.Handle()), u"water the ferns");
+    EXPECT_EQ(WindowText(form_.Handle()), u"water the ferns");
     const Rect place = PlaceOf(form_);
     EXPECT_EQ(place.width, Px(320));
     EXPECT_EQ(place.height, Px(180));

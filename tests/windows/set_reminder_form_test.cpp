@@ -20,7 +20,6 @@ namespace quillo {
 namespace {
 
 using windows_tests::ReminderWorld;
-using windows_tests::TextOfWindow;
 using Calls = std::vector<std::string>;
 using Control = ReminderControl;
 
@@ -33,7 +32,7 @@ class SetReminderFormTest : public testing::Test {
         world_.loop.RunPending();
     }
     [[nodiscard]] HWND Of(ReminderControl control) const { return form_.ControlWindow(control); }
-    [[nodiscard]] std::u16string Text(ReminderControl control) const { return TextOfWindow(Of(control)); }
+    [[nodiscard]] std::u16string Text(ReminderControl control) const { return WindowText(Of(control)); }
     [[nodiscard]] bool IsShown(ReminderControl control) const { return IsWindowVisible(Of(control)) != 0; }
     void Type(const std::u16string& phrase) { SetWindowTextW(Of(Control::ReminderBox), Wide(phrase)); }
     void Press(ReminderControl button) { SendMessageW(Of(button), BM_CLICK, 0, 0); }
@@ -78,7 +77,7 @@ class SetReminderFormTest : public testing::Test {
 
 TEST_F(SetReminderFormTest, ShowsEveryCaptionAndTheExamplesOfNow) {
     Open();
-    EXPECT_EQ(TextOfWindow(form_.Handle()), kReminderDialogCaption);
+    EXPECT_EQ(WindowText(form_.Handle()), kReminderDialogCaption);
     for (const Control control :
          {Control::HideNoteCheck, Control::HeadingLabel, Control::InstructionLabel, Control::ExamplesLabel,
           Control::FirstExampleLabel, Control::OKButton, Control::CancelButton, Control::CancelHeadingLabel,
