@@ -1,10 +1,16 @@
 #include "controls/note_button.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
 
 namespace quillo {
 namespace {
+
+constexpr wchar_t kClassName[] = L"QuilloNoteButton";
 
 MouseButton HeldButton(WPARAM keys) {
     if ((keys & MK_LBUTTON) != 0) return MouseButton::Left;
@@ -14,13 +20,14 @@ MouseButton HeldButton(WPARAM keys) {
 
 }  // namespace
 
-bool NoteButton::Create(HWND parent, int id, const wchar_t* name) {
+bool NoteButton::Create(HWND parent, int id, const wchar_t* name, const Rect& place) {
     WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloNoteButton";
+    windowClass.lpszClassName = kClassName;
     windowClass.hCursor = ArrowCursor();
     WindowPlan plan;
     plan.title = name;
     plan.style = WS_CHILD | WS_VISIBLE;
+    plan.place = place;
     plan.parent = parent;
     plan.childId = id;
     return Window::Create(windowClass, plan);
@@ -133,15 +140,30 @@ void NoteButton::OnPaint() {
     const PaintScope paint(Handle());
     const Rect face = ClientRect();
     const BufferedPaint buffer(paint.Dc(), ToWin32(face));
-    GdiCanvas(buffer.Dc(), scale_).Fill(face, Mix(tint_.top, tint_.bottom, 50));
+    PaintFace(buffer.Dc(), face, enabled_ ? state_.Face() : ButtonFace::Normal);
+}
 
+void NoteButton::EndHover() {
+    const HWND holder = GetCapture();
+    std::array<wchar_t, std::size(kClassName) + 1> name{};
+    if (holder == nullptr || GetClassNameW(holder, name.data(), static_cast<int>(name.size())) == 0) return;
+    if (lstrcmpW(name.data(), kClassName) != 0 || GetKeyState(VK_LBUTTON) < 0) return;
+    ReleaseCapture();
+}
+
+void NoteButton::PaintAtRest(HDC dc, const Rect& place) {
+    PaintFace(dc, place, ButtonFace::Normal);
+}
+
+void NoteButton::PaintFace(HDC dc, const Rect& place, ButtonFace face) {
+    GdiCanvas(dc, scale_).Fill(place, Mix(tint_.top, tint_.bottom, 50));
     const HBITMAP strip = images_.Strip(tint_, scale_);
     if (strip == nullptr) return;
     const int frame = scale_.Px(kButtonFrame);
-    const int column = enabled_ ? static_cast<int>(state_.Face()) : 0;
-    const MemoryDc source(CreateCompatibleDC(buffer.Dc()));
+    const MemoryDc source(CreateCompatibleDC(dc));
     const SelectScope selected(source.Get(), strip);
-    BitBlt(buffer.Dc(), 0, 0, frame, frame, source.Get(), column * frame, static_cast<int>(picture_) * frame, SRCCOPY);
+    BitBlt(dc, place.left, place.top, std::min(frame, place.width), std::min(frame, place.height), source.Get(),
+           static_cast<int>(face) * frame, static_cast<int>(picture_) * frame, SRCCOPY);
 }
 
 }  // namespace quillo

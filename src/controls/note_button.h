@@ -14,7 +14,7 @@ class NoteButton : public Window {
     explicit NoteButton(NoteButtonImages& images) : images_(images) {}
 
     /// `name` is what a screen reader speaks. False on failure.
-    bool Create(HWND parent, int id, const wchar_t* name);
+    bool Create(HWND parent, int id, const wchar_t* name, const Rect& place = {});
 
     [[nodiscard]] ButtonPicture Picture() const { return picture_; }
     void SetPicture(ButtonPicture picture);
@@ -23,6 +23,10 @@ class NoteButton : public Window {
     void SetEnabled(bool enabled);
     [[nodiscard]] bool MenuMode() const { return state_.MenuMode(); }
     void SetMenuMode(bool menuMode) { state_.SetMenuMode(menuMode); }
+    /// Lets go of the capture that a button holds while the pointer rests on it; a press goes on.
+    static void EndHover();
+    /// Draws the button at rest on its note: before it has a window of its own nobody can tell the difference.
+    void PaintAtRest(HDC dc, const Rect& place);
     /// The bar behind the button and the colour of its glyph.
     void SetTint(const ButtonTint& tint, const Scale& scale);
 
@@ -41,6 +45,7 @@ class NoteButton : public Window {
     void OnMouseUp(Point at, MouseButton button, WPARAM keys);
     void OnCaptureChanged(HWND receiver);
     void OnPaint();
+    void PaintFace(HDC dc, const Rect& place, ButtonFace face);
     void Invalidate();
     void Answer(const ButtonResponse& response);
 

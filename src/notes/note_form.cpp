@@ -1,8 +1,5 @@
 #include "notes/note_form.h"
 
-// After windows.h.
-#include <commctrl.h>
-
 #include <cmath>
 
 #include "notes/screen_fit.h"
@@ -46,6 +43,7 @@ class FlagScope {
 };
 
 void MoveChild(HWND child, const Rect& place) {
+    if (child == nullptr) return;
     SetWindowPos(child, nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -58,10 +56,7 @@ NoteForm::NoteForm(OpenNote& note, const NoteFormTools& tools)
       pushpin_(tools.images),
       menuButton_(tools.images),
       trayIcon_(tools.locale),
-      settleTimer_([this] {
-          settleTimer_.Stop();
-          UpdateDropTarget();
-      }),
+      settleTimer_([this] { Settle(); }),
       saveTimer_([this] {
           saveTimer_.Stop();
           note_.PersistNote();
@@ -69,6 +64,7 @@ NoteForm::NoteForm(OpenNote& note, const NoteFormTools& tools)
     TrayProperties hiddenIcon;
     hiddenIcon.visible = false;
     trayIcon_.LoadProperties(hiddenIcon);
+    SetUpButtons();
 }
 
 NoteForm::~NoteForm() {
@@ -145,7 +141,6 @@ LRESULT NoteForm::OnCreate() {
     scale_ = WindowScale(Handle());
     AddDropShadow(Handle());
     CreateTextBox(tools_.settings.showScrollBars);
-    CreateButtons();
     layoutDue_ = false;
     ApplyFont();
     settleTimer_.Start(kSettleMilliseconds);
@@ -171,7 +166,9 @@ void NoteForm::CreateTextBox(bool scrollBar) {
     const Rect place = Layout().messageBox;
     messageBox_ = CreateWindowExW(0, L"EDIT", L"", style, place.left, place.top, place.width, place.height, Handle(),
                                   reinterpret_cast<HMENU>(id), ThisModule(), nullptr);
-    SetWindowSubclass(messageBox_, &NoteForm::TextBoxProcedure, kMessageBoxId, reinterpret_cast<DWORD_PTR>(this));
+    SetWindowLongPtrW(messageBox_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    textBoxProcedure_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(messageBox_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&NoteForm::TextBoxProcedure)));
     constexpr WPARAM kMostTheBoxHolds = 0;
     SendMessageW(messageBox_, EM_SETLIMITTEXT, kMostTheBoxHolds, 0);
 }
@@ -200,18 +197,23 @@ void NoteForm::ChangeScrollBar(bool shown) {
     DestroyWindow(old);
 }
 
-void NoteForm::CreateButtons() {
-    const NoteLayout layout = Layout();
-    menuButton_.Create(Handle(), kMenuButtonId, L"Note menu", layout.menuButton);
+void NoteForm::SetUpButtons() {
     menuButton_.SetPicture(ButtonPicture::Menu);
     menuButton_.SetMenuMode(true);
-    pushpin_.Create(Handle(), kPushpinId, L"Always on top", layout.pushpin);
     pushpin_.SetPicture(ButtonPicture::Pushpin);
     pushpin_.onClick = [this] { note_.TogglePin(); };
-    closeButton_.Create(Handle(), kCloseButtonId, L"Close note", layout.closeButton);
     closeButton_.SetPicture(ButtonPicture::Close);
     closeButton_.onClick = [this] { note_.CloseButtonClick(); };
     closeButton_.onShiftClick = [this] { note_.QuickDelete(); };
+}
+
+void NoteForm::Settle() {
+    settleTimer_.Stop();
+    const NoteLayout layout = Layout();
+    menuButton_.Create(Handle(), kMenuButtonId, L"Note menu", layout.menuButton);
+    pushpin_.Create(Handle(), kPushpinId, L"Always on top", layout.pushpin);
+    closeButton_.Create(Handle(), kCloseButtonId, L"Close note", layout.closeButton);
+    UpdateDropTarget();
 }
 
 std::u16string NoteForm::Text() const {
@@ -268,9 +270,7 @@ bool NoteForm::IsVisible() const {
 void NoteForm::Show() {
     const FlagScope byProgram(placing_);
     if (layoutDue_) LayOutNow();
-    // Shown and raised in one step; BringToFront takes it down again from the topmost ones.
-    SetWindowPos(Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_SHOWWINDOW | SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    onTop_ = true;
+    ShowWindow(Handle(), SW_SHOWNOACTIVATE);
 }
 
 void NoteForm::Hide() {
@@ -278,7 +278,12 @@ void NoteForm::Hide() {
 }
 
 void NoteForm::BringToFront(bool pinned) {
-    if (!std::exchange(onTop_, false)) SetTopmost(Handle(), true);
+    // A button that the pointer rests on would take the next press from what covers it now.
+    NoteButton::EndHover();
+    // Only by way of the topmost windows can one that is not active come to the front of another program's; a window
+    // that was shown first is there already.
+    if (!pinned && IsInFront(Handle())) return;
+    SetTopmost(Handle(), true);
     if (!pinned) SetTopmost(Handle(), false);
 }
 
@@ -400,9 +405,8 @@ void NoteForm::OnCommand(int id, int notification) {
     if (id == kMessageBoxId && notification == EN_CHANGE && !settingText_) note_.MarkChanged();
 }
 
-LRESULT CALLBACK NoteForm::TextBoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                            DWORD_PTR form) noexcept {
-    auto& self = *reinterpret_cast<NoteForm*>(form);
+LRESULT CALLBACK NoteForm::TextBoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    auto& self = *reinterpret_cast<NoteForm*>(GetWindowLongPtrW(box, GWLP_USERDATA));
     constexpr LPARAM kWasDown = 1 << 30;
     try {
         if (message == WM_KEYDOWN && self.OnTextBoxKey(static_cast<int>(wParam), (lParam & kWasDown) != 0)) return 0;
@@ -410,7 +414,7 @@ LRESULT CALLBACK NoteForm::TextBoxProcedure(HWND box, UINT message, WPARAM wPara
         return 0;  // the system could not unwind it; the shortcut is given up
     }
     if (message == WM_CHAR && self.keySwallowed_) return 0;
-    return DefSubclassProc(box, message, wParam, lParam);
+    return CallWindowProcW(self.textBoxProcedure_, box, message, wParam, lParam);
 }
 
 bool NoteForm::OnTextBoxKey(int virtualKey, bool repeated) {
@@ -516,7 +520,13 @@ void NoteForm::OnPaint() {
         note.ReminderSet ? ReminderLabel(note.ReminderTime, tools_.clock.Now(), tools_.locale) : std::u16string();
     const Size size{client.width, client.height};
     PaintNote(canvas, size, scale_, NotePaint{Resolve(noteColor_), Resolve(borderColor_)}, label);
-    canvas.Gradient(Layout().dragBar, bar_.top, bar_.bottom);
+    const NoteLayout layout = Layout();
+    canvas.Gradient(layout.dragBar, bar_.top, bar_.bottom);
+    if (menuButton_.Handle() == nullptr) {
+        menuButton_.PaintAtRest(buffer.Dc(), layout.menuButton);
+        pushpin_.PaintAtRest(buffer.Dc(), layout.pushpin);
+        closeButton_.PaintAtRest(buffer.Dc(), layout.closeButton);
+    }
 }
 
 void NoteForm::SaveSoon() {

@@ -87,10 +87,12 @@ class NoteForm : public Window, public NoteView {
     void OnPlaceChanged(const WINDOWPOS& place);
     void OnSystemChanged();
 
-    void CreateButtons();
+    void SetUpButtons();
+    /// What the notes of a start must not wait for: the buttons' windows (until then the note draws them at rest) and
+    /// the drop target.
+    void Settle();
     void CreateTextBox(bool scrollBar);
-    static LRESULT CALLBACK TextBoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                             DWORD_PTR form) noexcept;
+    static LRESULT CALLBACK TextBoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     void ChangeScrollBar(bool shown);
     [[nodiscard]] NoteLayout Layout() const;
     /// Puts the parts in their places; while the note is hidden only notes down that it is to be done.
@@ -107,6 +109,7 @@ class NoteForm : public Window, public NoteView {
     NoteFormTools tools_;
     Scale scale_;
     HWND messageBox_ = nullptr;
+    WNDPROC textBoxProcedure_ = nullptr;  ///< the system's own
     NoteButton closeButton_;
     NoteButton pushpin_;
     NoteButton menuButton_;
@@ -118,13 +121,12 @@ class NoteForm : public Window, public NoteView {
     ColorWord borderColor_;
     ColorWord textColor_;
     NoteDropTarget* dropTarget_ = nullptr;  ///< one reference is the note's
-    UiTimer settleTimer_;                   ///< what showing a note must not wait for
+    UiTimer settleTimer_;
     UiTimer saveTimer_;
     std::unique_ptr<SetReminderForm> reminderDialog_;  ///< without a window once it was closed
     std::unique_ptr<ReminderForm> reminderAlert_;
     bool active_ = false;
     bool layoutDue_ = true;      ///< the parts stand where an earlier size had them
-    bool onTop_ = false;         ///< just shown above all others
     bool scrollBar_ = false;     ///< the text box was made with one
     bool settingText_ = false;   ///< the text box changes by the program's hand
     bool placing_ = false;       ///< the window moves by the program's hand

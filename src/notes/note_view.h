@@ -27,8 +27,7 @@ class NoteView {
     virtual void MoveOntoScreen() = 0;
 
     [[nodiscard]] virtual bool IsVisible() const = 0;
-    /// Shows the window without giving it the focus, and sets the text box's tab stop. BringToFront is to follow: until
-    /// then the window may stand above all others.
+    /// Shows the window without giving it the focus.
     virtual void Show() = 0;
     virtual void Hide() = 0;
     /// Puts the window above all others, for good when `pinned`.

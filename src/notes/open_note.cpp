@@ -117,6 +117,7 @@ void OpenNote::SetReminderString(std::u16string_view text) {
 
 void OpenNote::SetStoragePath(std::u16string path) {
     stored_ = !path.empty();
+    writeFailed_ = false;
     note_.StoragePath = std::move(path);
 }
 
@@ -126,7 +127,7 @@ void OpenNote::MarkChanged() {
 }
 
 bool OpenNote::PersistNote() {
-    if (!note_.Changed) return stored_;
+    if (!note_.Changed && !writeFailed_) return stored_;
     if (note_.StoragePath.empty()) note_.StoragePath = world_.store.NewStoragePath(world_.notesFolder);
     SaveTarget target;
     target.fileName = note_.StoragePath;
@@ -135,7 +136,8 @@ bool OpenNote::PersistNote() {
     target.overwrite = true;
     target.durable = true;
     stored_ = !SaveNote(target).empty();
-    note_.Changed = false;  // intended after a failure too: a full disk is not tried again until the next change
+    note_.Changed = false;  // intended after a failure too; what could not be written is remembered here
+    writeFailed_ = !stored_;
     return stored_;
 }
 

@@ -78,7 +78,8 @@ class OpenNote : public ReminderOwner {
 
     /// The note differs from its storage copy, which it writes anew soon.
     void MarkChanged();
-    /// Writes the storage copy when the note is changed. True when the storage copy is whole on the disk afterwards.
+    /// Writes the storage copy when the note is changed, or when its last change could not be written. True when the
+    /// storage copy is whole on the disk afterwards.
     bool PersistNote();
 
     // Appearance.
@@ -140,7 +141,8 @@ class OpenNote : public ReminderOwner {
 
     NoteWorld world_;
     Note note_;
-    bool stored_ = false;  ///< the last write of the storage copy succeeded
+    bool stored_ = false;       ///< the last write of the storage copy succeeded
+    bool writeFailed_ = false;  ///< the last change is on no disk yet: the next pass tries again
     bool dialogOpen_ = false;
     bool alertOpen_ = false;
     NoteView* view_ = nullptr;

@@ -40,6 +40,29 @@ std::u16string NameBeside(const std::u16string& path) {
     return name;
 }
 
+/// False for what no waiting makes replaceable: a folder or a read-only file.
+bool IsWritable(const std::u16string& path) {
+    const DWORD attributes = Attributes(path);
+    return attributes == INVALID_FILE_ATTRIBUTES ||
+           (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) == 0;
+}
+
+/// Puts a file in another's place in one step. A virus scanner, an indexer or a backup may have the old one open for a
+/// moment: that moment is waited for, not more than a second.
+bool MoveOver(const std::u16string& fresh, const std::u16string& target) {
+    constexpr int kAttempts = 40;
+    constexpr DWORD kBetweenMilliseconds = 25;
+    for (int attempt = 1;; ++attempt) {
+        if (MoveFileExW(Wide(fresh), Wide(target), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+            return true;
+        }
+        const DWORD error = GetLastError();
+        const bool inUse = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+        if (!inUse || attempt == kAttempts || !IsWritable(target)) return false;
+        Sleep(kBetweenMilliseconds);
+    }
+}
+
 }  // namespace
 
 bool WinFileStore::FileExists(std::u16string_view path) {
@@ -80,10 +103,7 @@ bool WinFileStore::Write(std::u16string_view path, std::string_view bytes) {
 bool WinFileStore::Replace(std::u16string_view path, std::string_view bytes) {
     const std::u16string target(path);
     const std::u16string fresh = NameBeside(target);
-    if (Write(fresh, bytes) &&
-        MoveFileExW(Wide(fresh), Wide(target), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
-        return true;
-    }
+    if (Write(fresh, bytes) && MoveOver(fresh, target)) return true;
     Ignore(DeleteFileW(Wide(fresh)), "the old file stands; the rest of the new one only takes room");
     return false;
 }

@@ -6,6 +6,13 @@ void SetTopmost(HWND window, bool topmost) {
     SetWindowPos(window, topmost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
+bool IsInFront(HWND window) {
+    for (HWND above = GetWindow(window, GW_HWNDPREV); above != nullptr; above = GetWindow(above, GW_HWNDPREV)) {
+        if (IsWindowVisible(above) && (GetWindowLongPtrW(above, GWL_EXSTYLE) & WS_EX_TOPMOST) == 0) return false;
+    }
+    return true;
+}
+
 void SetTranslucency(HWND window, int alpha) {
     constexpr int kOpaque = 255;
     const LONG_PTR style = GetWindowLongPtrW(window, GWL_EXSTYLE);

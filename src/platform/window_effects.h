@@ -7,6 +7,8 @@ namespace quillo {
 /// Puts a window among the topmost ones or back among the others, in front either way, without moving, sizing or
 /// activating it.
 void SetTopmost(HWND window, bool topmost);
+/// True when no visible window stands above this one but those that are topmost.
+[[nodiscard]] bool IsInFront(HWND window);
 /// Gives a window a constant alpha (1 to 255); 255 takes the layered style away again.
 void SetTranslucency(HWND window, int alpha);
 /// Gives the window's class a drop shadow where the user has shadows switched on. Shows at the next showing.

@@ -74,6 +74,10 @@ struct TestNote {
         note.UpdateColors();
         return true;
     }
+    /// Waits for the parts that come after the first painting.
+    [[nodiscard]] bool Settle() {
+        return PumpUntil([this] { return Child(kCloseButton) != nullptr; });
+    }
     [[nodiscard]] HWND Window() const { return form.Handle(); }
     [[nodiscard]] HWND Child(ChildId id) const { return GetDlgItem(form.Handle(), id); }
 

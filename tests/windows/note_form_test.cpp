@@ -23,6 +23,7 @@ class NoteFormTest : public testing::Test {
   protected:
     NoteFormTest() {
         EXPECT_TRUE(one_.Create());
+        EXPECT_TRUE(one_.Settle());
         form_.MoveTo(TwipsRect{3000, 3000, 2820, 2445});
     }
 

@@ -1,5 +1,7 @@
 #include "harness/note_window.h"
 
+#include "harness/eventually.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -52,7 +54,13 @@ HWND NoteWindow::TextBox() const {
 }
 
 HWND NoteWindow::Button(NoteButtonId id) const {
-    return GetDlgItem(window_, static_cast<int>(id));
+    // The buttons become windows a moment after the note's first painting.
+    HWND button = nullptr;
+    const bool stands = Eventually([&] {
+        button = GetDlgItem(window_, static_cast<int>(id));
+        return button != nullptr || !IsWindow(window_);
+    });
+    return stands ? button : nullptr;
 }
 
 bool NoteWindow::IsTopmost() const {
