@@ -196,11 +196,8 @@ TEST(PaintNote, KeepsTheGripsLinesApartBetweenWholeScales) {
     RecordingCanvas canvas;
     PaintNote(canvas, {282, 245}, Scale{144}, kColors, u"");
     const std::vector<Call> expected{
-        Boxed({0, 0, 282, 245}, 2),
-        Filled({2, 2, 278, 241}),
-        Lined({268, 244}, {281, 231}, 1),
-        Lined({273, 244}, {281, 236}, 1),
-        Lined({277, 244}, {281, 240}, 1),
+        Boxed({0, 0, 282, 245}, 2),       Filled({2, 2, 278, 241}),         Lined({268, 244}, {281, 231}, 1),
+        Lined({273, 244}, {281, 236}, 1), Lined({277, 244}, {281, 240}, 1),
     };
     EXPECT_EQ(canvas.Calls(), expected);
 }
