@@ -82,7 +82,7 @@ LRESULT NotifyWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
     }
 }
 
-void NotifyWindow::OnGoingAway() {
+void NotifyWindow::OnGoingAway() const {
     if (onGoingAway) onGoingAway();
 }
 

@@ -34,7 +34,7 @@ class NotifyWindow : public Window {
 
   private:
     void OnTextChanged();
-    void OnGoingAway();
+    void OnGoingAway() const;
 
     HWND messageBox_ = nullptr;
 };

@@ -1,5 +1,7 @@
 #include "notes/note_fonts.h"
 
+#include <cmath>
+
 #include "platform/wide.h"
 
 namespace quillo {
@@ -11,7 +13,7 @@ constexpr double kLargeFactor = 1.5;
 FontHandle MakeFont(const FontSetting& setting, bool large, const Scale& scale) {
     const double points = large ? setting.size * kLargeFactor : setting.size;
     LOGFONTW font{};
-    font.lfHeight = -static_cast<LONG>(points * scale.Dpi() / kPointsPerInch + 0.5);
+    font.lfHeight = -static_cast<LONG>(std::lround(points * scale.Dpi() / kPointsPerInch));
     font.lfWeight = large || setting.bold ? FW_BOLD : FW_NORMAL;
     font.lfItalic = setting.italic ? 1 : 0;
     font.lfUnderline = setting.underline ? 1 : 0;
