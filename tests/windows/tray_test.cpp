@@ -206,9 +206,10 @@ bool PressOnIcon(HWND taskBar, const Listener& listener, bool right, int times) 
     GetWindowRect(taskBar, &bar);
     const UINT up = right ? WM_RBUTTONUP : WM_LBUTTONUP;
     const UINT last = right ? WM_CONTEXTMENU : static_cast<UINT>(NIN_SELECT);
-    // Presses of an earlier test at the same place must not make a double click of this one.
-    static ULONGLONG lastPress = 0;
-    if (lastPress != 0) WaitFor([] { return GetTickCount64() - lastPress > GetDoubleClickTime(); });
+    // Presses of an earlier test at the same place, in this process or in one before it, must not make a double click
+    // of this one.
+    static ULONGLONG lastPress = GetTickCount64();
+    WaitFor([] { return GetTickCount64() - lastPress > GetDoubleClickTime(); });
     constexpr int kAttempts = 5;
     for (int attempt = 0; attempt < kAttempts && !listener.Heard(up); ++attempt) {
         // The first icon stands at the right end of the bar, a square of the bar's height.
