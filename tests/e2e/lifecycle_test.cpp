@@ -81,7 +81,7 @@ TEST_F(Lifecycle, ACoveredButtonIsNotPressed) {
     WriteBytes(Outside() / L"above.txt", NoteFile{"above"}.Bytes());
     EXPECT_EQ(RunToEnd(L"above.txt", Outside().Path()), 0U);
     const NoteWindow above = WaitForNote(Quillo(), L"above");
-    ASSERT_TRUE(Eventually([&] { return GetAncestor(WindowFromPoint(at), GA_ROOT) == above.Handle(); }));
+    ASSERT_TRUE(Eventually([&] { return WindowFromPoint(at) == above.Button(NoteButtonId::Close); }));
     PressMouse();
     ReleaseMouse();
     EXPECT_TRUE(Eventually([&] { return !above.Exists() || !below.Exists(); }));
