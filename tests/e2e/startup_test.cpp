@@ -22,7 +22,7 @@ TEST_F(FirstRun, SetsUpTheProfileAndShowsNothing) {
     EXPECT_EQ(Profile().Number(L"Shown Help"), kTrue);
     EXPECT_EQ(Profile().RunValue(), QuilloExe());
     EXPECT_THAT(Quillo().Notes(), IsEmpty());
-    EXPECT_FALSE(MessageBoxWindow::Find(Quillo().Pid())) << "a missing help file is passed over";
+    EXPECT_FALSE(MessageBoxWindow::Find(Quillo().Pid()));
     EXPECT_FALSE(Quillo().HasShownBalloon());
     EXPECT_THAT(StorageCopies(), IsEmpty());
 }

@@ -20,6 +20,15 @@ bool IsFault(DWORD code) {
     return false;
 }
 
+/// A job whose processes end when its handle is closed.
+KernelHandle MakeFamily() {
+    KernelHandle job(CreateJobObjectW(nullptr, nullptr));
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+    SetInformationJobObject(job.Get(), JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    return job;
+}
+
 }  // namespace
 
 CrashWatch::~CrashWatch() {
@@ -52,6 +61,9 @@ void CrashWatch::Watch(std::wstring commandLine, std::wstring folder) {
     const BOOL done = CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS,
                                      nullptr, folder.empty() ? nullptr : folder.c_str(), &startup, &started);
     if (done != 0) {
+        // It runs no line of its own before the first event is answered below.
+        family_ = MakeFamily();
+        AssignProcessToJobObject(family_.Get(), started.hProcess);
         CloseHandle(started.hThread);
         process_ = started.hProcess;
     }

@@ -5,12 +5,15 @@
 #include <string>
 #include <thread>
 
+#include "platform/unique_handle.h"
 #include "platform/win32.h"
 
 namespace quillo::e2e {
 
 /// Starts a process and watches it as a debugger does. A fault inside a window procedure can be swallowed by the system
-/// on its way out, after which the program goes on, silently broken: here it is seen.
+/// on its way out, after which the program goes on, silently broken: here it is seen. What the process has started in
+/// its turn (a help window, a program shortcut) ends with this object, so that no test finds the windows of an earlier
+/// one.
 class CrashWatch {
   public:
     CrashWatch() = default;
@@ -27,6 +30,7 @@ class CrashWatch {
     void Watch(std::wstring commandLine, std::wstring folder);
     void Note(const EXCEPTION_RECORD& fault);
 
+    KernelHandle family_;  ///< a job: the process and all that it starts
     std::thread thread_;
     std::atomic<bool> started_{false};
     HANDLE process_ = nullptr;  ///< written before `started_`
