@@ -1,5 +1,7 @@
 target_sources(quillo_core PRIVATE
   controls/button_state.cpp
+  controls/divider_geometry.cpp
+  controls/slider_track.cpp
   controls/swatch_palette.cpp
   controls/tray_record.cpp
   controls/tray_rules.cpp

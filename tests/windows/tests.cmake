@@ -1,5 +1,8 @@
 target_sources(quillo_shell_tests PRIVATE
+  windows/control_fixture.cpp
+  windows/divider_test.cpp
   windows/main.cpp
+  windows/mini_slider_test.cpp
   windows/note_button_test.cpp
   windows/note_drop_target_test.cpp
   windows/note_fixture.cpp

@@ -1,5 +1,7 @@
 target_sources(quillo_core_tests PRIVATE
   unit/controls/button_state_test.cpp
+  unit/controls/divider_geometry_test.cpp
+  unit/controls/slider_track_test.cpp
   unit/controls/swatch_palette_test.cpp
   unit/controls/tray_record_test.cpp
   unit/controls/tray_rules_test.cpp

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "util/geometry.h"
+#include "util/units.h"
+
+namespace quillo {
+
+class Canvas;
+
+/// Where the parts of an etched separator stand, in pixels inside the control.
+struct DividerGeometry {
+    Rect shadow;
+    Rect highlight;
+    Point caption;  ///< top left corner of a horizontal divider's caption
+    bool vertical = false;
+};
+
+/// A control that is taller than wide is vertical. `caption` is the room that its text takes; no width, no caption.
+[[nodiscard]] DividerGeometry LayOutDivider(Size control, Size caption, const Scale& scale);
+
+/// Draws the groove in the system's colours.
+void PaintDivider(Canvas& canvas, const DividerGeometry& geometry);
+
+}  // namespace quillo

@@ -1,0 +1,147 @@
+#include "controls/tessel_mini_slider.h"
+
+#include <optional>
+
+#include "platform/dpi.h"
+#include "platform/gdi_canvas.h"
+#include "platform/gdi_scope.h"
+
+namespace quillo {
+namespace {
+
+constexpr WPARAM kAnyButton = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON | MK_XBUTTON1 | MK_XBUTTON2;
+constexpr int kFocusInset = 2;  // pixels at 96 dpi from the edge to the mark of the keyboard's focus
+
+std::optional<SliderKey> SliderKeyOf(WPARAM key) {
+    switch (key) {
+        case VK_LEFT:
+        case VK_DOWN:
+            return SliderKey::Less;
+        case VK_RIGHT:
+        case VK_UP:
+            return SliderKey::More;
+        case VK_NEXT:
+            return SliderKey::PageLess;
+        case VK_PRIOR:
+            return SliderKey::PageMore;
+        case VK_HOME:
+            return SliderKey::ToMin;
+        case VK_END:
+            return SliderKey::ToMax;
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace
+
+TesselMiniSlider::TesselMiniSlider() {
+    track_.onRepaint = [this] { Invalidate(); };
+    // Copies outlive a slider that the handler ends.
+    track_.onClick = [this](std::int32_t value) {
+        if (const auto handler = onClick) handler(value);
+    };
+    track_.onChange = [this](std::int32_t value) {
+        if (const auto handler = onChange) handler(value);
+    };
+}
+
+bool TesselMiniSlider::Create(HWND parent, int id, const wchar_t* name, const SliderProperties& properties,
+                              const Rect& place) {
+    track_.Apply(properties);
+    scale_ = WindowScale(parent);
+    WNDCLASSEXW windowClass{};
+    windowClass.lpszClassName = L"QuilloMiniSlider";
+    windowClass.hCursor = ArrowCursor();
+    WindowPlan plan;
+    plan.title = name;
+    plan.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | (properties.enabled ? 0 : DWORD{WS_DISABLED});
+    plan.place = place;
+    plan.parent = parent;
+    plan.childId = id;
+    return Window::Create(windowClass, plan);
+}
+
+void TesselMiniSlider::SetEnabled(bool enabled) {
+    EnableWindow(Handle(), enabled ? TRUE : FALSE);
+}
+
+void TesselMiniSlider::SetScale(const Scale& scale) {
+    scale_ = scale;
+    const Rect client = ClientRect();
+    track_.Resize(Size{client.width, client.height}, scale_);
+}
+
+LRESULT TesselMiniSlider::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_LBUTTONDOWN:
+        case WM_RBUTTONDOWN:
+        case WM_MBUTTONDOWN:
+        case WM_XBUTTONDOWN:
+            return OnPress(PointFromLParam(lParam)), 0;
+        case WM_MOUSEMOVE:
+            return OnMouseMove(PointFromLParam(lParam), wParam), 0;
+        case WM_LBUTTONUP:
+        case WM_RBUTTONUP:
+        case WM_MBUTTONUP:
+        case WM_XBUTTONUP:
+            return OnRelease(wParam), 0;
+        case WM_KEYDOWN:
+            return OnKey(wParam), 0;
+        case WM_GETDLGCODE:
+            return DLGC_WANTARROWS;
+        case WM_ENABLE:
+            return track_.SetEnabled(wParam != FALSE), 0;
+        case WM_SIZE:
+            return track_.Resize(Size{LOWORD(lParam), HIWORD(lParam)}, scale_), 0;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+        case WM_SYSCOLORCHANGE:
+            return Invalidate(), 0;
+        case WM_ERASEBKGND:
+            return 1;  // the whole bar is painted
+        case WM_PAINT:
+            return OnPaint(), 0;
+        default:
+            return Default(message, wParam, lParam);
+    }
+}
+
+void TesselMiniSlider::OnPress(Point at) {
+    SetFocus(Handle());
+    SetCapture(Handle());
+    track_.MouseAt(at.x);
+}
+
+void TesselMiniSlider::OnMouseMove(Point at, WPARAM keys) {
+    if ((keys & kAnyButton) != 0) track_.MouseAt(at.x);
+}
+
+void TesselMiniSlider::OnRelease(WPARAM keys) {
+    if ((keys & kAnyButton) == 0 && GetCapture() == Handle()) ReleaseCapture();
+}
+
+void TesselMiniSlider::OnKey(WPARAM key) {
+    if (const std::optional<SliderKey> move = SliderKeyOf(key)) track_.Press(*move);
+}
+
+void TesselMiniSlider::OnPaint() {
+    const PaintScope paint(Handle());
+    const Rect bar = ClientRect();
+    const BufferedPaint buffer(paint.Dc(), ToWin32(bar));
+    GdiCanvas canvas(buffer.Dc(), scale_);
+    track_.Paint(canvas);
+    if (GetFocus() != Handle()) return;
+    RECT mark = ToWin32(bar);
+    InflateRect(&mark, -scale_.Px(kFocusInset), -scale_.Px(kFocusInset));
+    SetTextColor(buffer.Dc(), RGB(0, 0, 0));  // the mark inverts what lies under it
+    SetBkColor(buffer.Dc(), RGB(255, 255, 255));
+    DrawFocusRect(buffer.Dc(), &mark);
+}
+
+void TesselMiniSlider::Invalidate() const {
+    // Without a window the call would mean every window on the desktop.
+    if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+}  // namespace quillo
