@@ -33,6 +33,20 @@ INPUT CharacterInput(wchar_t character, bool up) {
     return input;
 }
 
+/// Waits until the program that owns the window at `at` has taken the mouse: what is moved and let go before that goes
+/// to whatever the pointer has reached by then. False when it does not take it, as after a press that drags nothing.
+bool MouseIsTaken(POINT at) {
+    const DWORD thread = GetWindowThreadProcessId(WindowFromPoint(at), nullptr);
+    return Eventually(
+        [thread] {
+            GUITHREADINFO info{};
+            info.cbSize = sizeof info;
+            if (GetGUIThreadInfo(thread, &info) == 0) return false;
+            return info.hwndCapture != nullptr || (info.flags & GUI_INMOVESIZE) != 0;
+        },
+        std::chrono::seconds(2));
+}
+
 }  // namespace
 
 void MoveMouse(POINT to) {
@@ -60,6 +74,7 @@ void DragMouse(POINT from, POINT to) {
     constexpr int kSteps = 8;
     MoveMouse(from);
     PressMouse();
+    (void)MouseIsTaken(from);
     for (int i = 1; i <= kSteps; ++i) {
         MoveMouse(POINT{from.x + (to.x - from.x) * i / kSteps, from.y + (to.y - from.y) * i / kSteps});
     }
