@@ -29,6 +29,11 @@ void PlayReminderSound(std::u16string_view path, SoundDevice& device) {
     }
 }
 
+void StopReminderSound(SoundDevice& device) {
+    StopSound(device);
+    device.PlayWave({}, kStop);
+}
+
 void PlayThroughMediaControl(std::u16string_view path, SoundDevice& device) {
     StopSound(device);
     std::u16string open = u"open \"";

@@ -10,6 +10,9 @@ class SoundDevice;
 /// through the media control interface. A blank path is silence; so is a file that cannot be played.
 void PlayReminderSound(std::u16string_view path, SoundDevice& device);
 
+/// Ends the sound of a reminder, whichever way it is played.
+void StopReminderSound(SoundDevice& device);
+
 /// Plays a file through the media control interface in the place of the one that plays; at most one plays at a time.
 void PlayThroughMediaControl(std::u16string_view path, SoundDevice& device);
 /// Ends what the media control interface plays.

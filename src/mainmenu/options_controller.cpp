@@ -1,0 +1,230 @@
+#include "mainmenu/options_controller.h"
+
+#include <algorithm>
+#include <variant>
+
+#include "app/open_notes.h"
+#include "app/registry_keys.h"
+#include "app/settings_table.h"
+#include "app/shared_texts.h"
+#include "app/sound_choice.h"
+#include "app/startup.h"
+#include "mainmenu/hotkey_choice.h"
+#include "ports/locale_text.h"
+#include "ports/shell.h"
+#include "registry/tessel_registry.h"
+#include "util/ignore.h"
+#include "util/numbers.h"
+#include "util/text.h"
+
+namespace quillo {
+namespace {
+
+using C = OptionControl;
+
+/// The row of a setting that is a flag; null for any other.
+const FlagSetting* FindFlag(std::u16string_view name) {
+    for (const SettingRow& row : SettingsTable()) {
+        if (EqualsIgnoringAsciiCase(row.name, name)) return std::get_if<FlagSetting>(&row.kind);
+    }
+    return nullptr;
+}
+
+/// From 0 for the first program shortcut.
+std::size_t ShortcutIndex(C box) {
+    constexpr auto kStep = static_cast<std::size_t>(C::ShortcutBox2) - static_cast<std::size_t>(C::ShortcutBox1);
+    return (static_cast<std::size_t>(box) - static_cast<std::size_t>(C::ShortcutBox1)) / kStep;
+}
+
+std::u16string StyleWords(const FontSetting& font) {
+    std::u16string words;
+    if (font.bold) words += u" bold";
+    if (font.italic) words += u" italic";
+    if (font.underline) words += u" underlined";
+    if (font.strikeThrough) words += u" struck through";
+    return words;
+}
+
+}  // namespace
+
+void OptionsController::FinishLoading() {
+    SetStartupMode(world_.settings.startupMode);
+    loading_ = false;
+}
+
+bool OptionsController::IsChecked(OptionControl check) const {
+    if (check == C::SpecialStartupCheck) return world_.settings.startupMode >= 1;
+    const OptionRow& row = RowOf(check);
+    const FlagSetting* flag = FindFlag(row.settings.front());
+    if (flag == nullptr) return false;
+    const bool stored = flag->member(world_.settings) != flag->inverted;
+    return stored != row.inverted;
+}
+
+void OptionsController::SetChecked(OptionControl check, bool checked) {
+    if (loading_) return;
+    if (check == C::SpecialStartupCheck) return SetStartupMode(checked ? 1 : 0);
+    const OptionRow& row = RowOf(check);
+    const FlagSetting* flag = FindFlag(row.settings.front());
+    if (flag == nullptr) return;
+    const bool stored = checked != row.inverted;
+    flag->member(world_.settings) = stored != flag->inverted;
+    Save(row);
+    Apply(row.effect);
+}
+
+bool OptionsController::NeedsWarning(OptionControl check, bool checked) const {
+    return check == C::SpecialStartupCheck && checked && !loading_;
+}
+
+void OptionsController::SetStartupMode(int mode) {
+    // Only notes it down: the value that starts the program with Windows is the quit procedure's.
+    world_.settings.startupMode = mode;
+    TesselRegistry registry(world_.registry, kUserKey);
+    registry.SetValueLong(RowOf(C::SpecialStartupCheck).settings.front(), mode);
+}
+
+void OptionsController::PickColors(ColorWord note, ColorWord border, ColorWord text) {
+    if (loading_) return;
+    world_.settings.noteColor = note;
+    world_.settings.noteBorderColor = border;
+    world_.settings.noteTextColor = text;
+    Save(RowOf(C::ColorSelector));
+    Apply(RowOf(C::ColorSelector).effect);
+}
+
+std::u16string OptionsController::FontText() const {
+    const FontSetting& font = world_.settings.noteFont;
+    const std::u16string size = FormatSingle(static_cast<float>(font.size), world_.locale.DecimalSeparator());
+    return font.name + u", " + size + u" pt." + StyleWords(font);
+}
+
+void OptionsController::ChooseFont(const FontSetting& font) {
+    if (loading_) return;
+    world_.settings.noteFont = font;
+    Save(RowOf(C::BrowseFontButton));
+    Apply(RowOf(C::BrowseFontButton).effect);
+}
+
+int OptionsController::SliderValue() const {
+    return std::clamp(kOpaque - world_.settings.noteOpacity, 0, kSliderEnd);
+}
+
+void OptionsController::MoveSlider(int value) {
+    if (loading_) return;
+    world_.settings.noteOpacity = kOpaque - std::clamp(value, 0, kSliderEnd);
+    world_.settings.noteTransparency = true;
+    Save(RowOf(C::OpacitySlider));
+    Apply(RowOf(C::OpacitySlider).effect);
+}
+
+std::u16string OptionsController::TextOf(OptionControl control) const {
+    const Settings& settings = world_.settings;
+    switch (control) {
+        case C::ShortcutBox1:
+        case C::ShortcutBox2:
+        case C::ShortcutBox3:
+        case C::ShortcutBox4:
+            return settings.shortcuts.at(ShortcutIndex(control));
+        case C::NewNoteKeyBox:
+        case C::SurfaceKeyBox:
+            return KeyName(HotkeyOf(control));
+        case C::NoteFolderBox:
+            return settings.noteFolder;
+        case C::ReminderSoundBox:
+            return settings.reminder;
+        case C::FontLabel:
+            return FontText();
+        case C::NotesFolderPath:
+            return world_.notesFolder;
+        default:
+            return std::u16string(RowOf(control).caption);
+    }
+}
+
+int OptionsController::HotkeyOf(OptionControl keyBox) const {
+    return keyBox == C::NewNoteKeyBox ? world_.settings.newNoteHotkey : world_.settings.showNotesHotkey;
+}
+
+bool OptionsController::PressKey(OptionControl keyBox, int virtualKey) {
+    if (loading_) return false;
+    const bool isNewNote = keyBox == C::NewNoteKeyBox;
+    const int other = HotkeyOf(isNewNote ? C::SurfaceKeyBox : C::NewNoteKeyBox);
+    if (!IsHotkeyAllowed(virtualKey, other)) return false;
+    (isNewNote ? world_.settings.newNoteHotkey : world_.settings.showNotesHotkey) = virtualKey;
+    return true;
+}
+
+std::u16string OptionsController::HelpKeys(const OptionsHelpKey& line) const {
+    std::u16string keys;
+    for (const char16_t character : line.keys) {
+        if (character == kNewNoteKeyMark) {
+            keys += KeyName(world_.settings.newNoteHotkey);
+        } else if (character == kSurfaceKeyMark) {
+            keys += KeyName(world_.settings.showNotesHotkey);
+        } else {
+            keys += character;
+        }
+    }
+    return keys;
+}
+
+void OptionsController::PlaySound(std::u16string_view path) {
+    soundTried_ = true;
+    PlayReminderSound(path, world_.sound);
+}
+
+void OptionsController::StopSound() {
+    if (!soundTried_) return;
+    soundTried_ = false;
+    StopReminderSound(world_.sound);
+}
+
+void OptionsController::OpenNotesFolder() {
+    Ignore(world_.shell.Open(world_.notesFolder), "the folder's path stands beside the button");
+}
+
+void OptionsController::OpenHelp() {
+    quillo::OpenHelp(world_.shell);
+}
+
+void OptionsController::Close(const OptionsTexts& texts) {
+    for (std::size_t i = 0; i < texts.shortcuts.size(); ++i) {
+        world_.owner.SetShortcut(static_cast<int>(i) + 1, texts.shortcuts[i]);
+    }
+    Save(RowOf(C::NewNoteKeyBox));
+    Save(RowOf(C::SurfaceKeyBox));
+    world_.owner.RegisterHotKeys();
+
+    // An emptied box is silence until the next start, which puts the default sound back.
+    world_.settings.reminder = texts.reminder;
+    Save(RowOf(C::ReminderSoundBox));
+    world_.settings.noteFolder = std::u16string(Trim(texts.noteFolder));
+    Save(RowOf(C::NoteFolderBox));
+    if (world_.settings.noteFolder.empty()) {
+        // The next start would do the same; until then notes must not be saved to the root of a drive.
+        world_.settings.noteFolder = world_.shell.FolderPath(SpecialFolder::DesktopDirectory);
+    }
+    StopSound();
+    world_.owner.RedrawResources();
+}
+
+void OptionsController::Save(const OptionRow& row) {
+    TesselRegistry registry(world_.registry);
+    for (const std::u16string_view setting : row.settings) {
+        if (!setting.empty()) SaveSetting(registry, world_.settings, setting);
+    }
+}
+
+void OptionsController::Apply(OptionEffect effect) {
+    switch (effect) {
+        case OptionEffect::None:
+            return;
+        case OptionEffect::Translucency:
+            return ApplyTranslucencyToAllNotes(world_.notes);
+        case OptionEffect::Appearance:
+            return ApplySettingsToAllNotes(world_.notes);
+    }
+}
+
+}  // namespace quillo

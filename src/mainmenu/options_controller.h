@@ -1,0 +1,105 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "app/settings.h"
+#include "mainmenu/options_table.h"
+#include "util/color_word.h"
+
+namespace quillo {
+
+class LocaleText;
+class OpenNotes;
+class RegistryApi;
+class Shell;
+class SoundDevice;
+
+/// What the options dialog asks of the main form.
+class OptionsOwner {
+  public:
+    virtual ~OptionsOwner() = default;
+    /// Stores a program shortcut; `index` is 1 to 4.
+    virtual void SetShortcut(int index, std::u16string_view path) = 0;
+    virtual void RegisterHotKeys() = 0;
+    virtual void RedrawResources() = 0;
+};
+
+/// What the options dialog works with. One object serves every opening and outlives it.
+struct OptionsWorld {
+    Settings& settings;
+    const std::u16string& notesFolder;
+    OpenNotes& notes;
+    RegistryApi& registry;
+    Shell& shell;
+    SoundDevice& sound;
+    LocaleText& locale;
+    OptionsOwner& owner;
+};
+
+/// The text boxes as the dialog closes.
+struct OptionsTexts {
+    std::array<std::u16string, 4> shortcuts;
+    std::u16string reminder;
+    std::u16string noteFolder;
+};
+
+/// What the controls of the options dialog show, and what a change of one does: the setting, its registry value, the
+/// open notes. While the dialog fills its controls (from the start to FinishLoading) changes do nothing.
+class OptionsController {
+  public:
+    /// The opacity at the slider's right end: faint, but there.
+    static constexpr int kFaintest = 32;
+    static constexpr int kOpaque = 255;
+    /// The slider runs from 0, which is opaque, to this.
+    static constexpr int kSliderEnd = kOpaque - kFaintest;
+
+    explicit OptionsController(const OptionsWorld& world) : world_(world) {}
+
+    /// Writes "Startup mode" as it was read, and nothing else; changes count from now on.
+    void FinishLoading();
+
+    [[nodiscard]] bool IsChecked(OptionControl check) const;
+    void SetChecked(OptionControl check, bool checked);
+    /// True when the user is to be warned before SetChecked.
+    [[nodiscard]] bool NeedsWarning(OptionControl check, bool checked) const;
+
+    void PickColors(ColorWord note, ColorWord border, ColorWord text);
+
+    /// The font's name, size and style: "Tahoma, 8 pt."
+    [[nodiscard]] std::u16string FontText() const;
+    void ChooseFont(const FontSetting& font);
+
+    [[nodiscard]] int SliderValue() const;
+    /// Also makes the notes translucent.
+    void MoveSlider(int value);
+
+    /// What a text box, a key box or the label of a folder shows.
+    [[nodiscard]] std::u16string TextOf(OptionControl control) const;
+    /// A key going down in a key box; true when it is that hotkey's key from now on.
+    bool PressKey(OptionControl keyBox, int virtualKey);
+    /// The keys of a line on the Help page, with the hotkeys as they are now.
+    [[nodiscard]] std::u16string HelpKeys(const OptionsHelpKey& line) const;
+
+    void PlaySound(std::u16string_view path);
+    void OpenNotesFolder();
+    void OpenHelp();
+
+    /// The close button: shortcuts, hotkeys, texts, the menu's artwork.
+    void Close(const OptionsTexts& texts);
+    /// Ends the sound that was tried out; also for a dialog that goes with the program.
+    void StopSound();
+
+  private:
+    void Save(const OptionRow& row);
+    void SetStartupMode(int mode);
+    void Apply(OptionEffect effect);
+    [[nodiscard]] int HotkeyOf(OptionControl keyBox) const;
+
+    OptionsWorld world_;
+    bool loading_ = true;
+    bool soundTried_ = false;
+};
+
+}  // namespace quillo

@@ -1,0 +1,198 @@
+#include "mainmenu/options_table.h"
+
+namespace quillo {
+namespace {
+
+using C = OptionControl;
+using E = OptionEffect;
+using K = OptionKind;
+
+constexpr OptionsPage kAppearance = OptionsPage::Appearance;
+constexpr OptionsPage kShortcuts = OptionsPage::Shortcuts;
+constexpr OptionsPage kBehavior = OptionsPage::Behavior;
+constexpr OptionsPage kHelp = OptionsPage::Help;
+constexpr OptionSaving kAtOnce = OptionSaving::AtOnce;
+constexpr OptionSaving kOnClose = OptionSaving::OnClose;
+
+constexpr std::u16string_view kShortcutTip = u"Click the [...] button to browse for programs.";
+
+/// A check box that holds one flag.
+constexpr OptionRow Check(C control, OptionsPage page, std::u16string_view caption, std::u16string_view setting,
+                          E effect = E::None) {
+    return {control, page, K::Check, caption, u"", kAtOnce, {setting}, effect, false};
+}
+/// The same where the registry holds the opposite.
+constexpr OptionRow InvertedCheck(C control, OptionsPage page, std::u16string_view caption, std::u16string_view setting,
+                                  E effect = E::None) {
+    return {control, page, K::Check, caption, u"", kAtOnce, {setting}, effect, true};
+}
+constexpr OptionRow TextBox(C control, OptionsPage page, std::u16string_view toolTip, std::u16string_view setting) {
+    return {control, page, K::TextBox, u"", toolTip, kOnClose, {setting}};
+}
+constexpr OptionRow KeyBox(C control, std::u16string_view setting) {
+    return {control, kShortcuts, K::KeyBox, u"", u"", kOnClose, {setting}};
+}
+
+constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
+    {C::AppearanceHeading, kAppearance, K::Heading, u"Sticky note appearance options"},
+    {C::ColorsLabel, kAppearance, K::Text, u"Choose the default colors for new sticky notes."},
+    {C::ColorSelector,
+     kAppearance,
+     K::Colors,
+     u"Default colors",
+     u"",
+     kAtOnce,
+     {u"Note color", u"Note border color", u"Note text color"},
+     E::Appearance},
+    {C::FontTextLabel, kAppearance, K::Text, u"You can choose a font for the text on your sticky notes."},
+    {C::FontLabel, kAppearance, K::Text, u""},
+    {C::BrowseFontButton,
+     kAppearance,
+     K::Button,
+     u"&Browse...",
+     u"Click here to browse for a new font.",
+     kAtOnce,
+     {u"Note font", u"Note font size", u"Note font style", u"Note font charset"},
+     E::Appearance},
+    Check(C::RandomNoteColorCheck, kAppearance, u"Make every note a different color.", u"Random note color"),
+    Check(C::AutoAddTimestampCheck, kAppearance, u"Add the time and date to newly created notes.",
+          u"Timestamp new notes"),
+    Check(C::NoHighContrastCheck, kAppearance, u"Display the notes with more subtle title bars.", u"High contrast off",
+          E::Appearance),
+    {C::EyeCandyDivider, kAppearance, K::Divider, u"Eye candy"},
+    {C::EyeCandyLabel, kAppearance, K::Text,
+     u"These options may improve the appearance of Quillo, but will cause it to run more slowly."},
+    InvertedCheck(C::AnimationCheck, kAppearance, u"Animate the Quillo menu.", u"Disable animation"),
+    Check(C::TranslucentCheck, kAppearance, u"Make my notes translucent (see-through).", u"Note transparency",
+          E::Translucency),
+    {C::OpaqueLabel, kAppearance, K::Text, u"Opaque"},
+    {C::OpacitySlider,
+     kAppearance,
+     K::Slider,
+     u"Opacity",
+     u"",
+     kAtOnce,
+     {u"Note opacity", u"Note transparency"},
+     E::Translucency},
+    {C::FaintLabel, kAppearance, K::Text, u"Faint"},
+
+    {C::KeyboardHeading, kShortcuts, K::Heading, u"Keyboard shortcuts"},
+    {C::KeyboardLabel, kShortcuts, K::Text,
+     u"You can create new notes and surface all of your notes from any program using these keyboard shortcuts.  You "
+     u"can change them if they conflict with another program."},
+    {C::NewNoteWindowsKeyLabel, kShortcuts, K::Text, u"Windows key +"},
+    {C::NewNoteKeyLabel, kShortcuts, K::Text, u"New note:"},
+    KeyBox(C::NewNoteKeyBox, u"New note hotkey"),
+    {C::SurfaceWindowsKeyLabel, kShortcuts, K::Text, u"Windows key +"},
+    {C::SurfaceKeyLabel, kShortcuts, K::Text, u"Surface all notes:"},
+    KeyBox(C::SurfaceKeyBox, u"Show notes hotkey"),
+    {C::MoreShortcutsLabel, kShortcuts, K::Text, u"See Quillo help for a listing of more handy shortcuts."},
+    {C::MenuShortcutsDivider, kShortcuts, K::Divider, u"Quillo menu shortcuts"},
+    {C::MenuShortcutsLabel, kShortcuts, K::Text,
+     u"You can keep shortcuts to four frequently-used programs right on the Quillo menu.  You can search for the "
+     u"programs here, or you can drag-and-drop programs to the Quillo menu."},
+    {C::ShortcutLabel1, kShortcuts, K::Text, u"Program &1:"},
+    TextBox(C::ShortcutBox1, kShortcuts, kShortcutTip, u"Shortcut 1"),
+    {C::BrowseButton1, kShortcuts, K::GlyphButton, u"Browse for program 1", kShortcutTip},
+    {C::ShortcutLabel2, kShortcuts, K::Text, u"Program &2:"},
+    TextBox(C::ShortcutBox2, kShortcuts, kShortcutTip, u"Shortcut 2"),
+    {C::BrowseButton2, kShortcuts, K::GlyphButton, u"Browse for program 2", kShortcutTip},
+    {C::ShortcutLabel3, kShortcuts, K::Text, u"Program &3:"},
+    TextBox(C::ShortcutBox3, kShortcuts, kShortcutTip, u"Shortcut 3"),
+    {C::BrowseButton3, kShortcuts, K::GlyphButton, u"Browse for program 3", kShortcutTip},
+    {C::ShortcutLabel4, kShortcuts, K::Text, u"Program &4:"},
+    TextBox(C::ShortcutBox4, kShortcuts, kShortcutTip, u"Shortcut 4"),
+    {C::BrowseButton4, kShortcuts, K::GlyphButton, u"Browse for program 4", kShortcutTip},
+
+    {C::BehaviorHeading, kBehavior, K::Heading, u"Sticky note behavior"},
+    {C::BehaviorLabel, kBehavior, K::Text,
+     u"What your notes do when you make, move, close and delete them, and when they remind you."},
+    Check(C::ShowScrollBarsCheck, kBehavior, u"Show scroll bars on my notes.", u"Show scroll bars", E::Appearance),
+    Check(C::AutoPinCheck, kBehavior, u"Automatically pin new sticky notes.", u"Auto-pin new notes"),
+    Check(C::DontRecycleCheck, kBehavior, u"Don't put deleted notes in the Recycle Bin.", u"Don't recycle notes"),
+    Check(C::MinimizeToTrayCheck, kBehavior, u"Clicking the (X) puts the note next to the clock.", u"Minimize to tray"),
+    InvertedCheck(C::DragDropCheck, kBehavior, u"Allow me to drag-and-drop text on my notes.", u"No drag and drop",
+                  E::Appearance),
+    Check(C::DontAdjustNotesCheck, kBehavior, u"Don't adjust notes to fit on my screen (for multiple monitors)",
+          u"Do not adjust notes"),
+    {C::BalloonDivider, kBehavior, K::Divider, u"Balloon help"},
+    Check(C::DisableBalloonHelpCheck, kBehavior, u"Do not show help balloons.", u"Disable balloon help"),
+    {C::ColumnDivider, kBehavior, K::Divider, u""},
+    {C::NoteFilesDivider, kBehavior, K::Divider, u"Note files"},
+    {C::NoteFolderLabel, kBehavior, K::Text, u"When I close notes, save their files here instead of the desktop:"},
+    TextBox(C::NoteFolderBox, kBehavior, u"Click [...] to search for a folder.", u"Note folder"),
+    {C::BrowseNoteFolderButton, kBehavior, K::GlyphButton, u"Browse for a folder",
+     u"Click here to search for a folder."},
+    Check(C::DoNotRememberFilenamesCheck, kBehavior, u"...even if I previously renamed or moved the file.",
+          u"Do not remember filenames"),
+    {C::RemindersDivider, kBehavior, K::Divider, u"Sticky reminders"},
+    {C::ReminderSoundLabel, kBehavior, K::Text, u"Choose which sound file will be played for note reminders. "},
+    TextBox(C::ReminderSoundBox, kBehavior, u"Click [...] to search for a sound.", u"Reminder"),
+    {C::BrowseSoundButton, kBehavior, K::GlyphButton, u"Browse for a sound", u"Click here to search for a sound."},
+    {C::PlaySoundButton, kBehavior, K::GlyphButton, u"Play this sound", u"Click here to play this sound."},
+    {C::StartupDivider, kBehavior, K::Divider, u"Quillo startup behavior"},
+    {C::SpecialStartupCheck,
+     kBehavior,
+     K::Check,
+     u"Do not automatically start Quillo when I log in.",
+     u"",
+     kAtOnce,
+     {u"Startup mode"}},
+
+    {C::HelpHeading, kHelp, K::Heading, u"Quillo at a glance"},
+    {C::HelpLabel, kHelp, K::Text, u"The keys that save the most time:"},
+    {C::HelpKeys, kHelp, K::KeyList, u"Keys"},
+    {C::NotesFolderDivider, kHelp, K::Divider, u"Where your notes live"},
+    {C::NotesFolderLabel, kHelp, K::Text,
+     u"Each note is a file of its own, saved for you while you type, in this folder:"},
+    {C::NotesFolderPath, kHelp, K::TextBox, u""},
+    {C::OpenNotesFolderButton, kHelp, K::Button, u"Open &folder", u"Click here to open the folder of your notes."},
+    {C::DeletedNotesDivider, kHelp, K::Divider, u"Bringing back a deleted note"},
+    {C::DeletedNotesLabel, kHelp, K::Text,
+     u"A deleted note waits in the Recycle Bin: look there for a file that ends in .qln and is named after the first "
+     u"words of the note, choose Restore, and open the file.  With \"Don't put deleted notes in the Recycle Bin.\" "
+     u"checked it is gone for good."},
+    {C::HelpDivider, kHelp, K::Divider, u"Quillo help"},
+    {C::HelpFileLabel, kHelp, K::Text,
+     u"Everything else, from reminders in plain words to all the keys, is in the help."},
+    {C::OpenHelpButton, kHelp, K::Button, u"Open &help", u"Click here to open the help."},
+}};
+
+constexpr bool StandsInOrder() {
+    for (std::size_t i = 0; i < kTable.size(); ++i) {
+        if (static_cast<std::size_t>(kTable[i].control) != i) return false;
+    }
+    return true;
+}
+static_assert(StandsInOrder(), "a row is found by the number of its control");
+
+constexpr std::array<OptionsHelpKey, 12> kHelpKeys = {{
+    {u"Windows+\1", u"New note"},
+    {u"Windows+\2", u"Surface all notes"},
+    {u"Ctrl+R", u"Set a reminder"},
+    {u"Ctrl+T", u"Add the time and date"},
+    {u"Ctrl+B", u"Large text"},
+    {u"Ctrl+P", u"Pin on top"},
+    {u"Ctrl+A", u"Select the whole text"},
+    {u"Ctrl+Z", u"Take back the last change"},
+    {u"Ctrl+M", u"Put next to the clock"},
+    {u"Ctrl+W", u"Close the note"},
+    {u"Ctrl+Shift+W", u"Delete the note"},
+    {u"Menu key", u"Open the note's menu"},
+}};
+
+}  // namespace
+
+const std::array<OptionRow, kOptionControlCount>& OptionsTable() {
+    return kTable;
+}
+
+const OptionRow& RowOf(OptionControl control) {
+    return kTable[static_cast<std::size_t>(control)];
+}
+
+const std::array<OptionsHelpKey, 12>& OptionsHelpKeys() {
+    return kHelpKeys;
+}
+
+}  // namespace quillo

@@ -1,0 +1,147 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace quillo {
+
+/// The pages of the options dialog, in the order of its tabs.
+enum class OptionsPage { Appearance, Shortcuts, Behavior, Help };
+
+inline constexpr std::size_t kOptionsPageCount = 4;
+inline constexpr std::u16string_view kOptionsCaption = u"Quillo options";
+inline constexpr std::u16string_view kOptionsTabs = u"Appearance|Shortcuts|Behavior|Help";
+inline constexpr std::u16string_view kOptionsFont = u"Tahoma";
+inline constexpr std::u16string_view kCloseButtonCaption = u"&Close";
+
+/// What is asked before Quillo no longer starts with Windows.
+inline constexpr std::u16string_view kStartupWarning =
+    u"Please note that this is an option intended mainly for advanced users.  While this is checked, Quillo will "
+    u"always be unavailable unless you run it explicitly.  Be sure that this is what you want before you continue.";
+
+/// Everything that stands on the pages, in reading order, which is the order of the Tab key.
+enum class OptionControl {
+    // Appearance
+    AppearanceHeading,
+    ColorsLabel,
+    ColorSelector,
+    FontTextLabel,
+    FontLabel,  ///< completed with FontText
+    BrowseFontButton,
+    RandomNoteColorCheck,
+    AutoAddTimestampCheck,
+    NoHighContrastCheck,
+    EyeCandyDivider,
+    EyeCandyLabel,
+    AnimationCheck,
+    TranslucentCheck,
+    OpaqueLabel,
+    OpacitySlider,
+    FaintLabel,
+    // Shortcuts
+    KeyboardHeading,
+    KeyboardLabel,
+    NewNoteWindowsKeyLabel,
+    NewNoteKeyLabel,
+    NewNoteKeyBox,  ///< KeyboardShortcutBox 0
+    SurfaceWindowsKeyLabel,
+    SurfaceKeyLabel,
+    SurfaceKeyBox,  ///< KeyboardShortcutBox 1
+    MoreShortcutsLabel,
+    MenuShortcutsDivider,
+    MenuShortcutsLabel,
+    ShortcutLabel1,
+    ShortcutBox1,
+    BrowseButton1,
+    ShortcutLabel2,
+    ShortcutBox2,
+    BrowseButton2,
+    ShortcutLabel3,
+    ShortcutBox3,
+    BrowseButton3,
+    ShortcutLabel4,
+    ShortcutBox4,
+    BrowseButton4,
+    // Behavior
+    BehaviorHeading,
+    BehaviorLabel,
+    ShowScrollBarsCheck,
+    AutoPinCheck,
+    DontRecycleCheck,
+    MinimizeToTrayCheck,
+    DragDropCheck,
+    DontAdjustNotesCheck,
+    BalloonDivider,
+    DisableBalloonHelpCheck,
+    ColumnDivider,
+    NoteFilesDivider,
+    NoteFolderLabel,
+    NoteFolderBox,
+    BrowseNoteFolderButton,
+    DoNotRememberFilenamesCheck,
+    RemindersDivider,
+    ReminderSoundLabel,
+    ReminderSoundBox,
+    BrowseSoundButton,
+    PlaySoundButton,
+    StartupDivider,
+    SpecialStartupCheck,
+    // Help
+    HelpHeading,
+    HelpLabel,
+    HelpKeys,  ///< the list of kOptionsHelpKeys
+    NotesFolderDivider,
+    NotesFolderLabel,
+    NotesFolderPath,  ///< completed with the folder of notes
+    OpenNotesFolderButton,
+    DeletedNotesDivider,
+    DeletedNotesLabel,
+    HelpDivider,
+    HelpFileLabel,
+    OpenHelpButton,
+};
+
+enum class OptionKind { Heading, Text, Divider, Check, TextBox, KeyBox, Button, GlyphButton, Colors, Slider, KeyList };
+
+/// What a change asks of the open notes.
+enum class OptionEffect {
+    None,
+    Translucency,  ///< their translucency anew
+    Appearance,    ///< their colours, font, scroll bars and drop targets anew
+};
+
+/// When what a control holds is written.
+enum class OptionSaving { Never, AtOnce, OnClose };
+
+/// One control: what it says, and the settings that it writes.
+struct OptionRow {
+    OptionControl control;
+    OptionsPage page;
+    OptionKind kind;
+    std::u16string_view caption;
+    std::u16string_view toolTip{};
+    OptionSaving saving = OptionSaving::Never;
+    /// The registry values, from the first on; the rest is empty.
+    std::array<std::u16string_view, 4> settings{};
+    OptionEffect effect = OptionEffect::None;
+    bool inverted = false;  ///< a check box: the registry holds the opposite of what is checked
+};
+
+[[nodiscard]] const OptionRow& RowOf(OptionControl control);
+
+/// The rows of every page, in the order of OptionControl.
+inline constexpr std::size_t kOptionControlCount = static_cast<std::size_t>(OptionControl::OpenHelpButton) + 1;
+[[nodiscard]] const std::array<OptionRow, kOptionControlCount>& OptionsTable();
+
+/// A line of the list of keys on the Help page. A key of '\1' or '\2' in place of a letter is the hotkey chosen for a
+/// new note or for all notes.
+struct OptionsHelpKey {
+    std::u16string_view keys;
+    std::u16string_view meaning;
+};
+inline constexpr char16_t kNewNoteKeyMark = u'\1';
+inline constexpr char16_t kSurfaceKeyMark = u'\2';
+[[nodiscard]] const std::array<OptionsHelpKey, 12>& OptionsHelpKeys();
+
+}  // namespace quillo

@@ -1,0 +1,4 @@
+target_sources(quillo_core_tests PRIVATE
+  unit/mainmenu/options_controller_test.cpp
+  unit/mainmenu/options_table_test.cpp
+)
