@@ -428,26 +428,10 @@ bool NoteForm::OnTextBoxKey(int virtualKey, bool repeated) {
 }
 
 void NoteForm::Perform(NoteAction action) {
-    switch (action) {
-        case NoteAction::None:
-            return;
-        case NoteAction::SelectAll:
-            SendMessageW(messageBox_, EM_SETSEL, 0, -1);
-            return;
-        case NoteAction::ToggleLargeText:
-            return note_.ToggleLargeText();
-        case NoteAction::Minimize:
-            return note_.MinimizeByUser();
-        case NoteAction::TogglePin:
-            return note_.TogglePin();
-        case NoteAction::AskReminder:
-            return note_.AskReminder();
-        case NoteAction::AddTimestamp:
-            return note_.AddTimestamp();
-        case NoteAction::ClickClose:
-            return note_.CloseButtonClick();
-        case NoteAction::QuickDelete:
-            return note_.QuickDelete();
+    if (action == NoteAction::SelectAll) {
+        SendMessageW(messageBox_, EM_SETSEL, 0, -1);
+    } else {
+        quillo::Perform(action, note_);
     }
 }
 

@@ -7,7 +7,7 @@
 #include "notes/note_drop_target.h"
 #include "notes/note_face.h"
 #include "notes/note_fonts.h"
-#include "notes/note_keys.h"
+#include "notes/note_commands.h"
 #include "notes/note_view.h"
 #include "notes/open_note.h"
 #include "platform/ui_timer.h"

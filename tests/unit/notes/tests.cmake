@@ -4,7 +4,7 @@ target_sources(quillo_core_tests PRIVATE
   unit/notes/open_note_test.cpp
   unit/notes/screen_fit_test.cpp
   unit/notes/note_file_test.cpp
-  unit/notes/note_keys_test.cpp
+  unit/notes/note_commands_test.cpp
   unit/notes/note_store_test.cpp
   unit/notes/open_note_reminder_test.cpp
   unit/notes/note_tags_test.cpp
