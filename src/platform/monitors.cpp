@@ -23,6 +23,14 @@ std::vector<Rect> WorkAreas() {
     return areas;
 }
 
+Rect WorkAreaOf(HWND window) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(window, window != nullptr ? MONITOR_DEFAULTTONEAREST : MONITOR_DEFAULTTOPRIMARY),
+                    &monitor);
+    return FromWin32(monitor.rcWork);
+}
+
 Size ScreenSize() {
     return Size{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
 }

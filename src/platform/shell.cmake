@@ -1,4 +1,6 @@
 target_sources(quillo_shell PRIVATE
+  platform/dialog_parts.cpp
+  platform/dialog_window.cpp
   platform/dpi.cpp
   platform/gdi_canvas.cpp
   platform/message_loop.cpp

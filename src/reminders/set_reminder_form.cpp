@@ -1,15 +1,11 @@
 #include "reminders/set_reminder_form.h"
 
-// After windows.h.
-#include <commctrl.h>
-
 #include <algorithm>
 #include <array>
 
-#include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
-#include "platform/message_loop.h"
+#include "platform/monitors.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
 #include "platform/window_effects.h"
@@ -19,6 +15,7 @@
 #include "reminders/reminder_phrase.h"
 #include "reminders/reminder_text.h"
 #include "reminders/reminder_tools.h"
+#include "util/placement.h"
 
 namespace quillo {
 namespace {
@@ -26,29 +23,16 @@ namespace {
 using Control = ReminderControl;
 
 // Pixels at 96 dpi.
-constexpr int kMargin = 11;
-constexpr int kGap = 8;
-constexpr int kSmallGap = 4;
 constexpr int kLeastWidth = 360;
-constexpr int kBoxPadding = 7;  // what a text box is higher than its line
-constexpr int kButtonHeight = 25;
-constexpr int kLeastButtonWidth = 92;
-constexpr int kButtonPadding = 24;  // left and right of the caption together
-constexpr int kCheckHeight = 18;
-constexpr int kCheckBoxRoom = 22;
 constexpr int kMessageBar = 3;
 
-constexpr int kTextPoints = 9;
-constexpr int kHeadingPoints = 12;
 constexpr UINT kPreviewMilliseconds = 1000;
-constexpr int kToolTipWidth = 280;
 
 constexpr ColorWord kAccent = ColorWord::FromRgb(0xD9, 0x8E, 0x04);
 constexpr int kMessageTintPercent = 14;
 constexpr int kQuietPercent = 66;  // of the text's colour; the rest is the ground
 
-/// From the first to the last in reading order, which is the order of the Tab key; a label stands before its control,
-/// so that a screen reader finds it.
+/// From the first to the last in reading order, which is the order of the Tab key.
 constexpr std::array kInOrder = {
     Control::HeadingLabel,
     Control::InstructionLabel,
@@ -83,73 +67,44 @@ int IdOf(Control control) {
     return control == Control::OKButton ? IDOK : kFirstId + static_cast<int>(control);
 }
 
-struct ControlKind {
-    const wchar_t* windowClass;
-    DWORD style;
-    DWORD exStyle = 0;
-};
-
-ControlKind KindOf(Control control) {
+const ControlKind& KindOf(Control control) {
     switch (control) {
         case Control::ReminderBox:
-            return {L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE};
+            return kTextBox;
         case Control::HideNoteCheck:
-            return {L"BUTTON", WS_TABSTOP | BS_AUTOCHECKBOX};
+            return kCheckBox;
         case Control::OKButton:
-            return {L"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON};
+            return kDefaultButton;
         case Control::CancelButton:
-            return {L"BUTTON", WS_TABSTOP | BS_PUSHBUTTON};
+            return kButton;
         case Control::DividerBar:
-            return {L"STATIC", SS_ETCHEDHORZ};
+            return kRule;
         default:
-            return {L"STATIC", SS_LEFT | SS_NOPREFIX};
+            return kLabel;
     }
-}
-
-/// Over the middle of the note, inside the work area of its monitor.
-Rect PlaceOver(HWND noteWindow, Size size) {
-    RECT note{};
-    GetWindowRect(noteWindow, &note);
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(noteWindow, MONITOR_DEFAULTTONEAREST), &monitor);
-    const Rect area = FromWin32(monitor.rcWork);
-    const int left = (note.left + note.right - size.width) / 2;
-    const int top = (note.top + note.bottom - size.height) / 2;
-    return Rect{std::max(area.left, std::min(left, area.Right() - size.width)),
-                std::max(area.top, std::min(top, area.Bottom() - size.height)), size.width, size.height};
 }
 
 }  // namespace
 
 SetReminderForm::SetReminderForm(ReminderOwner* owner, ReminderTools& tools)
-    : owner_(owner), tools_(tools), previewTimer_([this] { UpdatePreview(); }) {}
+    : DialogWindow(tools.loop), owner_(owner), tools_(tools), previewTimer_([this] { UpdatePreview(); }) {}
 
 HWND SetReminderForm::ControlWindow(ReminderControl control) const {
-    return GetDlgItem(Handle(), IdOf(control));
+    return Item(IdOf(control));
 }
 
 bool SetReminderForm::Initialize(HWND noteWindow, DaySerial existing) {
     existing_ = existing;
     opened_ = tools_.clock.Now();
     dialog_ = std::make_unique<ReminderDialog>(existing, owner_ != nullptr, tools_.locale);
+    if (!CreateHidden(DialogPlan{L"QuilloSetReminder", kReminderDialogCaption, noteWindow})) return false;
+    UpdatePreview();
+    previewTimer_.Start(kPreviewMilliseconds);
 
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloSetReminder";
-    windowClass.hCursor = ArrowCursor();
-    windowClass.cbWndExtra = DLGWINDOWEXTRA;  // the system's dialog procedure keeps focus and default button there
-    const std::u16string title(kReminderDialogCaption);
-    WindowPlan plan;
-    plan.title = Wide(title);
-    plan.style = WS_POPUP | WS_CAPTION | WS_SYSMENU;
-    plan.exStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
-    plan.parent = noteWindow;
-    scale_ = noteWindow != nullptr ? WindowScale(noteWindow) : SystemScale();
-    if (!Window::Create(windowClass, plan)) return false;
-
-    RECT window{};
-    GetWindowRect(Handle(), &window);
-    const Rect place = PlaceOver(noteWindow, Size{window.right - window.left, window.bottom - window.top});
+    RECT note{};
+    GetWindowRect(noteWindow, &note);
+    const Rect window = WindowRect();
+    const Rect place = PlaceOver(FromWin32(note), Size{window.width, window.height}, WorkAreaOf(noteWindow));
     SetWindowPos(Handle(), nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     ShowWindow(Handle(), SW_SHOW);
     SetTopmost(Handle(), true);
@@ -164,48 +119,12 @@ void SetReminderForm::BringForward() {
     if (!dialog_->CancelPanelShown()) SetFocus(ControlWindow(Control::ReminderBox));
 }
 
-LRESULT SetReminderForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_CREATE:
-            return OnCreate();
-        case WM_DESTROY:
-            return OnDestroy(), 0;
-        case WM_CLOSE:
-            return Destroy(), 0;
-        case WM_COMMAND:
-            return OnCommand(LOWORD(wParam), HIWORD(wParam)), 0;
-        case WM_ERASEBKGND:
-            return OnErase(reinterpret_cast<HDC>(wParam)), 1;
-        case WM_CTLCOLORSTATIC:
-        case WM_CTLCOLORBTN:
-            return reinterpret_cast<LRESULT>(
-                OnColorControl(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
-        case WM_DPICHANGED:
-            return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
-        default:
-            return DefDlgProcW(Handle(), message, wParam, lParam);
-    }
-}
-
-LRESULT SetReminderForm::OnCreate() {
-    CreateControls();
-    MakeFonts();
-    MeasureAndLayOut();
-    SendMessageW(Handle(), DM_SETDEFID, IDOK, 0);
-    tools_.loop.AddDialog(Handle());
-    UpdatePreview();
-    previewTimer_.Start(kPreviewMilliseconds);
-    return 0;
-}
-
-void SetReminderForm::OnDestroy() {
+void SetReminderForm::OnGone() {
     previewTimer_.Stop();
-    tools_.loop.RemoveDialog(Handle());
     if (owner_ != nullptr) owner_->SetReminderClosing();
 }
 
 void SetReminderForm::OnCommand(int id, int notification) {
-    if (id == IDCANCEL) return Destroy();  // Esc: nothing changes
     if (id == IDOK && notification == BN_CLICKED) return Press(true);
     if (id == IdOf(Control::CancelButton) && notification == BN_CLICKED) return Press(false);
     if (id != IdOf(Control::ReminderBox)) return;
@@ -213,25 +132,13 @@ void SetReminderForm::OnCommand(int id, int notification) {
     if (notification == EN_CHANGE) UpdatePreview();
 }
 
-void SetReminderForm::OnDpiChanged(int dpi, const RECT& suggested) {
-    scale_ = Scale(dpi);
-    MakeFonts();
-    SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    MeasureAndLayOut();
-    InvalidateRect(Handle(), nullptr, TRUE);
-}
-
 // What stands in it.
 
 void SetReminderForm::CreateControls() {
     for (const ReminderControl control : kInOrder) {
-        const ControlKind kind = KindOf(control);
         const bool hidden = control == Control::MessageLabel ||
                             std::find(kCancelPanel.begin(), kCancelPanel.end(), control) != kCancelPanel.end();
-        const DWORD visible = hidden ? 0 : WS_VISIBLE;
-        const auto id = static_cast<UINT_PTR>(IdOf(control));
-        CreateWindowExW(kind.exStyle, kind.windowClass, Wide(CaptionOf(control)), WS_CHILD | visible | kind.style, 0, 0,
-                        0, 0, Handle(), reinterpret_cast<HMENU>(id), ThisModule(), nullptr);
+        CreateControl(Handle(), IdOf(control), KindOf(control), CaptionOf(control), !hidden);
     }
 }
 
@@ -249,45 +156,23 @@ std::u16string SetReminderForm::CaptionOf(ReminderControl control) const {
 }
 
 void SetReminderForm::CreateToolTips() {
-    toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
-                                0, 0, Handle(), nullptr, ThisModule(), nullptr);
     for (const ReminderControlText& text : kReminderControls) {
-        if (text.toolTip.empty()) continue;
-        std::u16string words(text.toolTip);
-        TTTOOLINFOW tool{};
-        tool.cbSize = TTTOOLINFOW_V2_SIZE;
-        tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-        tool.hwnd = Handle();
-        tool.uId = reinterpret_cast<UINT_PTR>(ControlWindow(text.control));
-        tool.lpszText = WideBuffer(words);
-        SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+        if (!text.toolTip.empty()) AddToolTip(ControlWindow(text.control), text.toolTip);
     }
-    WrapToolTips();
 }
 
-void SetReminderForm::WrapToolTips() const {
-    if (toolTips_ != nullptr) SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, scale_.Px(kToolTipWidth));
+void SetReminderForm::OnFontsChanged() {
+    SetTextMargins(ControlWindow(Control::ReminderBox), Px(kReminderBoxMargin));
 }
 
-void SetReminderForm::MakeFonts() {
-    FontHandle font = MakeFont(kReminderDialogFont, kTextPoints, FW_NORMAL, scale_);
-    FontHandle heading = MakeFont(kReminderDialogFont, kHeadingPoints, FW_NORMAL, scale_);
-    FontHandle strong = MakeFont(kReminderDialogFont, kTextPoints, FW_BOLD, scale_);
-    std::swap(font_, font);
-    std::swap(headingFont_, heading);
-    std::swap(strongFont_, strong);
-    // The old fonts go at the end of this scope, after every control has let go of them.
-    for (const ReminderControl control : kInOrder) {
-        SendMessageW(ControlWindow(control), WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(control)), FALSE);
-    }
-    SetTextMargins(ControlWindow(Control::ReminderBox), scale_.Px(kReminderBoxMargin));
-    WrapToolTips();
+HFONT SetReminderForm::FontOfControl(ReminderControl control) const {
+    return FontOf(IdOf(control));
 }
 
-HFONT SetReminderForm::FontOf(ReminderControl control) const {
-    if (control == Control::ActiveReminderLabel) return strongFont_.Get();
-    const bool heading = control == Control::HeadingLabel || control == Control::CancelHeadingLabel;
-    return heading ? headingFont_.Get() : font_.Get();
+HFONT SetReminderForm::FontOf(int id) const {
+    if (id == IdOf(Control::ActiveReminderLabel)) return Fonts().strong.Get();
+    const bool heading = id == IdOf(Control::HeadingLabel) || id == IdOf(Control::CancelHeadingLabel);
+    return heading ? Fonts().heading.Get() : Fonts().body.Get();
 }
 
 // Where it stands. Every text is measured: dates are long in some locales, and nothing is ever cut.
@@ -301,95 +186,74 @@ int SetReminderForm::PreviewWidth(HDC dc) const {
     for (int month = 1; month <= kMonths; ++month) {
         for (int day = kFirstDay; day <= kLastDay; ++day) {
             const DaySerial when = ToDaySerial({2028, month, day, 22, 58, 58});
-            widest = std::max(widest, MeasureText(dc, font_.Get(), PreviewText(when, tools_.locale)).width);
+            widest = std::max(widest, MeasureText(dc, Fonts().body.Get(), PreviewText(when, tools_.locale)).width);
         }
     }
     return widest;
 }
 
 int SetReminderForm::ContentWidth(HDC dc) const {
-    int width = scale_.Px(kLeastWidth);
+    int width = Px(kLeastWidth);
     for (const ReminderControl control : {Control::FirstExampleLabel, Control::TwentyMinutesLabel,
                                           Control::TomorrowLabel, Control::HeadingLabel, Control::CancelHeadingLabel}) {
-        width = std::max(width, MeasureText(dc, FontOf(control), CaptionOf(control)).width + scale_.Px(kGap));
+        width = std::max(width, MeasureText(dc, FontOfControl(control), CaptionOf(control)).width + Px(kDialogGap));
     }
-    const int check = MeasureText(dc, font_.Get(), CaptionOf(Control::HideNoteCheck)).width + scale_.Px(kCheckBoxRoom);
-    return std::max(width, check);
+    return std::max(width, CheckWidth(dc, Fonts().body.Get(), CaptionOf(Control::HideNoteCheck), DialogScale()));
 }
 
-int SetReminderForm::ButtonWidth(HDC dc, ReminderControl button) const {
-    const int caption = MeasureText(dc, font_.Get(), TextOf(button).caption).width;
-    const int later = button == Control::OKButton ? MeasureText(dc, font_.Get(), kKeepReminderCaption).width : 0;
-    return std::max(scale_.Px(kLeastButtonWidth), std::max(caption, later) + scale_.Px(kButtonPadding));
+int SetReminderForm::WidthOfButton(HDC dc, int id) const {
+    const int now = DialogWindow::WidthOfButton(dc, id);
+    return id != IDOK ? now : std::max(now, ButtonWidth(dc, FontOf(id), kKeepReminderCaption, DialogScale()));
 }
 
-void SetReminderForm::MeasureAndLayOut() {
-    const WindowDcScope screen(nullptr);
-    HDC dc = screen.Dc();
-    const int buttons = ButtonWidth(dc, Control::OKButton) + scale_.Px(kGap) + ButtonWidth(dc, Control::CancelButton);
-    const int foot = PreviewWidth(dc) + 2 * scale_.Px(kGap) + buttons;
+void SetReminderForm::LayOut(HDC dc) {
+    const std::initializer_list<int> buttons = {IDOK, IdOf(Control::CancelButton)};
+    const int foot = PreviewWidth(dc) + 2 * Px(kDialogGap) + FootWidth(dc, buttons);
     const int width = std::max(ContentWidth(dc), foot);
-    clientWidth_ = width + 2 * scale_.Px(kMargin);
-    footTop_ = LayOutMainPanel(dc, width);
+    const int bottom = LayOutMainPanel(dc, width);
     LayOutCancelPanel(dc, width);
-    LayOutFoot(dc, width, footTop_);
+    LayOutPreview(dc, LayOutFoot(dc, width, bottom, IdOf(Control::DividerBar), buttons));
     LayOutMessage(dc, width);
     FitWindow();
 }
 
-int SetReminderForm::LayOutMainPanel(HDC dc, int width) {
-    const int left = scale_.Px(kMargin);
-    int y = left;
-    const auto put = [&](ReminderControl control, int indent, int height, int gapAfter) {
-        MoveWindow(ControlWindow(control), left + indent, y, width - indent, height, FALSE);
-        y += height + scale_.Px(gapAfter);
+int SetReminderForm::LayOutMainPanel(HDC dc, int width) const {
+    const int gap = Px(kDialogGap);
+    const int smallGap = Px(kDialogSmallGap);
+    const int margin = Px(kDialogMargin);
+    ControlColumn column(dc, margin, margin, width);
+    const auto text = [&](ReminderControl control, int indent, int gapAfter) {
+        column.PutText(ControlWindow(control), FontOfControl(control), CaptionOf(control), indent, gapAfter);
     };
-    const auto textHeight = [&](ReminderControl control, int indent) {
-        return MeasureText(dc, FontOf(control), CaptionOf(control), width - indent).height;
-    };
-    const auto putText = [&](ReminderControl control, int indent, int gapAfter) {
-        put(control, indent, textHeight(control, indent), gapAfter);
-    };
-    putText(Control::HeadingLabel, 0, kGap);
-    putText(Control::InstructionLabel, 0, kGap);
-    put(Control::ReminderBox, 0, MeasureText(dc, font_.Get(), u"Xg").height + scale_.Px(kBoxPadding), kMargin);
-    putText(Control::ExamplesLabel, 0, kSmallGap);
-    const int indent = scale_.Px(kGap);
-    putText(Control::FirstExampleLabel, indent, kSmallGap);
-    putText(Control::TwentyMinutesLabel, indent, kSmallGap);
-    putText(Control::TomorrowLabel, indent, kMargin);
-    put(Control::HideNoteCheck, 0, scale_.Px(kCheckHeight), kMargin);
-    return y;
+    text(Control::HeadingLabel, 0, gap);
+    text(Control::InstructionLabel, 0, gap);
+    const int line = MeasureText(dc, Fonts().body.Get(), u"Xg").height;
+    column.Put(ControlWindow(Control::ReminderBox), 0, line + Px(kDialogBoxPadding), margin);
+    text(Control::ExamplesLabel, 0, smallGap);
+    text(Control::FirstExampleLabel, gap, smallGap);
+    text(Control::TwentyMinutesLabel, gap, smallGap);
+    text(Control::TomorrowLabel, gap, margin);
+    column.Put(ControlWindow(Control::HideNoteCheck), 0, Px(kDialogCheckHeight), margin);
+    return column.Bottom();
 }
 
 void SetReminderForm::LayOutCancelPanel(HDC dc, int width) const {
-    const int left = scale_.Px(kMargin);
-    int y = left;
-    const auto put = [&](ReminderControl control, std::u16string_view text, int gapAfter) {
-        const int height = MeasureText(dc, FontOf(control), text, width).height;
-        MoveWindow(ControlWindow(control), left, y, width, height, FALSE);
-        y += height + scale_.Px(gapAfter);
+    const int margin = Px(kDialogMargin);
+    ControlColumn column(dc, margin, margin, width);
+    const auto text = [&](ReminderControl control, std::u16string_view words, int gapAfter) {
+        column.PutText(ControlWindow(control), FontOfControl(control), words, 0, gapAfter);
     };
-    put(Control::CancelHeadingLabel, CaptionOf(Control::CancelHeadingLabel), kGap);
-    put(Control::ActiveReminderLabel, tools_.locale.GeneralDate(existing_), kMargin);
-    put(Control::CancelExplanationLabel, CaptionOf(Control::CancelExplanationLabel), 0);
+    text(Control::CancelHeadingLabel, CaptionOf(Control::CancelHeadingLabel), Px(kDialogGap));
+    text(Control::ActiveReminderLabel, tools_.locale.GeneralDate(existing_), margin);
+    text(Control::CancelExplanationLabel, CaptionOf(Control::CancelExplanationLabel), 0);
 }
 
-void SetReminderForm::LayOutFoot(HDC dc, int width, int top) {
-    const int margin = scale_.Px(kMargin);
-    MoveWindow(ControlWindow(Control::DividerBar), 0, top, clientWidth_, 2, FALSE);
-    const int buttonTop = top + margin;
-    const int height = scale_.Px(kButtonHeight);
-    const int okWidth = ButtonWidth(dc, Control::OKButton);
-    const int cancelWidth = ButtonWidth(dc, Control::CancelButton);
-    const int cancelLeft = margin + width - cancelWidth;
-    const int okLeft = cancelLeft - scale_.Px(kGap) - okWidth;
-    MoveWindow(ControlWindow(Control::OKButton), okLeft, buttonTop, okWidth, height, FALSE);
-    MoveWindow(ControlWindow(Control::CancelButton), cancelLeft, buttonTop, cancelWidth, height, FALSE);
-    const int lineHeight = MeasureText(dc, font_.Get(), u"Xg").height;
-    MoveWindow(ControlWindow(Control::PreviewLabel), margin, buttonTop + (height - lineHeight) / 2,
-               okLeft - 2 * scale_.Px(kGap) - margin, lineHeight, FALSE);
-    footBottom_ = buttonTop + height + margin;
+void SetReminderForm::LayOutPreview(HDC dc, int buttonsLeft) const {
+    const int margin = Px(kDialogMargin);
+    const int height = MeasureText(dc, Fonts().body.Get(), u"Xg").height;
+    const int top = FootTop() + margin + (Px(kDialogButtonHeight) - height) / 2;
+    MoveWindow(ControlWindow(Control::PreviewLabel), margin, top, buttonsLeft - 2 * Px(kDialogGap) - margin, height,
+               FALSE);
 }
 
 void SetReminderForm::LayOutMessage(HDC dc, int width) {
@@ -397,56 +261,40 @@ void SetReminderForm::LayOutMessage(HDC dc, int width) {
     int highest = 0;
     for (const std::u16string_view message : {kNoPhraseMessage, kPhraseFormatMessage, kPhraseAmountMessage,
                                               kPhrasePeriodMessage, kPhraseUnknownMessage, kKeepOrCancelHint}) {
-        highest = std::max(highest, MeasureText(dc, font_.Get(), message, width).height);
+        highest = std::max(highest, MeasureText(dc, Fonts().body.Get(), message, width).height);
     }
-    messageHeight_ = highest + 2 * scale_.Px(kGap);
-    MoveWindow(ControlWindow(Control::MessageLabel), scale_.Px(kMargin), footBottom_ + scale_.Px(kGap), width, highest,
+    messageHeight_ = highest + 2 * Px(kDialogGap);
+    MoveWindow(ControlWindow(Control::MessageLabel), Px(kDialogMargin), FootBottom() + Px(kDialogGap), width, highest,
                FALSE);
 }
 
-void SetReminderForm::FitWindow() {
-    const int height = footBottom_ + (dialog_->MessageShown() ? messageHeight_ : 0);
-    RECT frame{0, 0, clientWidth_, height};
-    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)));
-    RECT window{};
-    GetWindowRect(Handle(), &window);
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
-    const Size size{frame.right - frame.left, frame.bottom - frame.top};
-    const LONG lowest = std::max(monitor.rcWork.top, monitor.rcWork.bottom - size.height);
-    SetWindowPos(Handle(), nullptr, window.left, std::min(window.top, lowest), size.width, size.height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+void SetReminderForm::FitWindow() const {
+    FitClient(FootBottom() + (dialog_->MessageShown() ? messageHeight_ : 0));
 }
 
-// How it looks: the face of a window above, that of a dialog behind the buttons, a warm band for the message.
+// How it looks: a warm band for the message below the foot.
 
-void SetReminderForm::OnErase(HDC dc) const {
+void SetReminderForm::PaintGround(HDC dc) const {
+    DialogWindow::PaintGround(dc);
+    if (!messageBrush_) return;
     const Rect client = ClientRect();
-    const auto fill = [&](int top, int bottom, HBRUSH brush) {
-        const RECT area{0, top, client.width, bottom};
-        FillRect(dc, &area, brush);
-    };
-    fill(0, footTop_, GetSysColorBrush(COLOR_WINDOW));
-    fill(footTop_, footBottom_, GetSysColorBrush(COLOR_3DFACE));
-    if (!messageBrush_) return fill(footBottom_, client.height, GetSysColorBrush(COLOR_3DFACE));
-    fill(footBottom_, client.height, messageBrush_.Get());
-    GdiCanvas(dc, scale_).Fill(Rect{0, footBottom_, scale_.Px(kMessageBar), client.height - footBottom_}, kAccent);
+    const Rect band{0, FootBottom(), client.width, client.height - FootBottom()};
+    const RECT area = ToWin32(band);
+    FillRect(dc, &area, messageBrush_.Get());
+    GdiCanvas(dc, DialogScale()).Fill(Rect{0, band.top, Px(kMessageBar), band.height}, kAccent);
 }
 
-HBRUSH SetReminderForm::OnColorControl(HDC dc, HWND control) const {
-    const int id = GetDlgCtrlID(control);
-    SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
-    if (id == IdOf(Control::MessageLabel)) return messageBrush_.Get();
-    const bool inFoot = id == IdOf(Control::PreviewLabel) || id == IDOK || id == IdOf(Control::CancelButton);
-    if (!inFoot) return GetSysColorBrush(COLOR_WINDOW);
-    const ColorWord face{GetSysColor(COLOR_3DFACE)};
-    const ColorWord text{GetSysColor(COLOR_BTNTEXT)};
-    const bool quiet = id == IdOf(Control::PreviewLabel) && !HighContrastIsOn();
-    SetTextColor(dc, ToColorRef(quiet ? Mix(text, face, kQuietPercent) : text));
-    return GetSysColorBrush(COLOR_3DFACE);
+HBRUSH SetReminderForm::ColorControl(HDC dc, HWND control) const {
+    HBRUSH ground = DialogWindow::ColorControl(dc, control);
+    if (control == ControlWindow(Control::MessageLabel)) {
+        SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+        return messageBrush_.Get();
+    }
+    if (control == ControlWindow(Control::PreviewLabel) && !HighContrastIsOn()) {
+        const ColorWord face{GetSysColor(COLOR_3DFACE)};
+        SetTextColor(dc, ToColorRef(Mix(ColorWord{GetSysColor(COLOR_BTNTEXT)}, face, kQuietPercent)));
+    }
+    return ground;
 }
 
 // What it does.

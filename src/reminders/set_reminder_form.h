@@ -2,22 +2,19 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
-#include <vector>
 
+#include "platform/dialog_window.h"
 #include "platform/ui_timer.h"
 #include "platform/unique_handle.h"
-#include "platform/window.h"
 #include "reminders/reminder_controls.h"
 #include "reminders/reminder_dialog.h"
-#include "util/units.h"
 
 namespace quillo {
 
 struct ReminderTools;
 
 /// The dialog in which the user types when a note is to remind them. What it decides is in ReminderDialog.
-class SetReminderForm : public Window {
+class SetReminderForm : public DialogWindow {
   public:
     /// `owner` is the note, or null; both are borrowed.
     SetReminderForm(ReminderOwner* owner, ReminderTools& tools);
@@ -32,29 +29,25 @@ class SetReminderForm : public Window {
     [[nodiscard]] HWND ControlWindow(ReminderControl control) const;
 
   protected:
-    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void CreateControls() override;
+    void LayOut(HDC dc) override;
+    void OnCommand(int id, int notification) override;
+    void OnGone() override;
+    void OnFontsChanged() override;
+    [[nodiscard]] HFONT FontOf(int id) const override;
+    [[nodiscard]] int WidthOfButton(HDC dc, int id) const override;
+    void PaintGround(HDC dc) const override;
+    [[nodiscard]] HBRUSH ColorControl(HDC dc, HWND control) const override;
 
   private:
-    LRESULT OnCreate();
-    void OnDestroy();
-    void OnCommand(int id, int notification);
-    void OnDpiChanged(int dpi, const RECT& suggested);
-    void OnErase(HDC dc) const;
-    HBRUSH OnColorControl(HDC dc, HWND control) const;
-
-    void CreateControls();
     void CreateToolTips();
-    void WrapToolTips() const;
-    void MakeFonts();
-    void MeasureAndLayOut();
     [[nodiscard]] int ContentWidth(HDC dc) const;
     [[nodiscard]] int PreviewWidth(HDC dc) const;
-    [[nodiscard]] int ButtonWidth(HDC dc, ReminderControl button) const;
-    int LayOutMainPanel(HDC dc, int width);
+    [[nodiscard]] int LayOutMainPanel(HDC dc, int width) const;
     void LayOutCancelPanel(HDC dc, int width) const;
-    void LayOutFoot(HDC dc, int width, int top);
+    void LayOutPreview(HDC dc, int buttonsLeft) const;
     void LayOutMessage(HDC dc, int width);
-    void FitWindow();
+    void FitWindow() const;
 
     void Press(bool ok);
     /// Shows what the dialog's members say.
@@ -63,24 +56,16 @@ class SetReminderForm : public Window {
     void SelectBox() const;
     [[nodiscard]] std::u16string TextOfBox() const;
     [[nodiscard]] std::u16string CaptionOf(ReminderControl control) const;
-    [[nodiscard]] HFONT FontOf(ReminderControl control) const;
+    [[nodiscard]] HFONT FontOfControl(ReminderControl control) const;
 
     ReminderOwner* owner_;
     ReminderTools& tools_;
     std::unique_ptr<ReminderDialog> dialog_;
     DaySerial existing_ = kNoReminder;
     DaySerial opened_;  ///< the moment that the examples are made from
-    Scale scale_;
-    FontHandle font_;
-    FontHandle headingFont_;
-    FontHandle strongFont_;  ///< of the reminder that is set
     BrushHandle messageBrush_;
-    HWND toolTips_ = nullptr;
-    UiTimer previewTimer_;  ///< a phrase such as "in 15 minutes" means another time every second
-    int clientWidth_ = 0;
-    int footTop_ = 0;
-    int footBottom_ = 0;     ///< where the message's container starts
-    int messageHeight_ = 0;  ///< of the container
+    UiTimer previewTimer_;   ///< a phrase such as "in 15 minutes" means another time every second
+    int messageHeight_ = 0;  ///< of the message's container, below the foot
 };
 
 }  // namespace quillo

@@ -2,6 +2,7 @@ target_sources(quillo_core PRIVATE
   util/byte_search.cpp
   util/day_serial.cpp
   util/numbers.cpp
+  util/placement.cpp
   util/string_builder.cpp
   util/text.cpp
 )

@@ -1,0 +1,200 @@
+#include "platform/dialog_window.h"
+
+// After windows.h.
+#include <commctrl.h>
+
+#include <utility>
+
+#include "platform/dpi.h"
+#include "platform/gdi_scope.h"
+#include "platform/message_loop.h"
+#include "platform/monitors.h"
+#include "platform/text_tools.h"
+#include "platform/wide.h"
+#include "util/placement.h"
+
+namespace quillo {
+namespace {
+
+// Pixels at 96 dpi.
+constexpr int kToolTipWidth = 280;
+constexpr int kRuleHeight = 2;
+
+Rect PlaceOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return FromWin32(place);
+}
+
+}  // namespace
+
+bool DialogWindow::CreateHidden(const DialogPlan& dialog) {
+    WNDCLASSEXW windowClass{};
+    windowClass.lpszClassName = dialog.className;
+    windowClass.hCursor = ArrowCursor();
+    windowClass.cbWndExtra = DLGWINDOWEXTRA;  // the system's dialog procedure keeps focus and default button there
+    const std::u16string caption(dialog.caption);
+    WindowPlan plan;
+    plan.title = Wide(caption);
+    plan.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+    plan.exStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
+    plan.parent = dialog.owner;
+    scale_ = dialog.owner != nullptr ? WindowScale(dialog.owner) : SystemScale();
+    toolTips_ = nullptr;
+    return Window::Create(windowClass, plan);
+}
+
+LRESULT DialogWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_CREATE:
+            return OnCreate(), 0;
+        case WM_DESTROY:
+            return OnDestroy(), 0;
+        case WM_CLOSE:
+            return OnClose(), 0;
+        case WM_COMMAND:
+            if (LOWORD(wParam) == IDCANCEL) return OnClose(), 0;
+            return OnCommand(LOWORD(wParam), HIWORD(wParam)), 0;
+        case WM_ERASEBKGND:
+            return PaintGround(reinterpret_cast<HDC>(wParam)), 1;
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLORBTN:
+            return reinterpret_cast<LRESULT>(
+                ColorControl(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
+        case WM_DPICHANGED:
+            return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
+        default:
+            return DefDlgProcW(Handle(), message, wParam, lParam);
+    }
+}
+
+void DialogWindow::OnCreate() {
+    CreateControls();
+    ApplyFonts();
+    MeasureAndLayOut();
+    SendMessageW(Handle(), DM_SETDEFID, IDOK, 0);
+    loop_.AddDialog(Handle());
+}
+
+void DialogWindow::OnDestroy() {
+    loop_.RemoveDialog(Handle());
+    OnGone();
+}
+
+void DialogWindow::OnDpiChanged(int dpi, const RECT& suggested) {
+    scale_ = Scale(dpi);
+    ApplyFonts();
+    SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    MeasureAndLayOut();
+    InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+void DialogWindow::ApplyFonts() {
+    DialogFonts fonts = MakeDialogFonts(scale_);
+    std::swap(fonts_, fonts);
+    // The old fonts go at the end of this scope, after every control has let go of them.
+    for (HWND child = GetWindow(Handle(), GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(GetDlgCtrlID(child))), FALSE);
+    }
+    WrapToolTips();
+    OnFontsChanged();
+}
+
+void DialogWindow::MeasureAndLayOut() {
+    const WindowDcScope screen(nullptr);
+    LayOut(screen.Dc());
+}
+
+void DialogWindow::AddToolTip(HWND control, std::u16string_view text) {
+    if (toolTips_ == nullptr) {
+        toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0,
+                                    0, 0, 0, Handle(), nullptr, ThisModule(), nullptr);
+        WrapToolTips();
+    }
+    std::u16string words(text);
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = Handle();
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = WideBuffer(words);
+    SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void DialogWindow::WrapToolTips() const {
+    if (toolTips_ != nullptr) SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, Px(kToolTipWidth));
+}
+
+// Where everything stands.
+
+Rect DialogWindow::WindowRect() const {
+    return PlaceOf(Handle());
+}
+
+int DialogWindow::WidthOfButton(HDC dc, int id) const {
+    return ButtonWidth(dc, FontOf(id), WindowText(Item(id)), scale_);
+}
+
+int DialogWindow::FootWidth(HDC dc, std::initializer_list<int> buttons) const {
+    int width = -Px(kDialogGap);
+    for (const int id : buttons) width += Px(kDialogGap) + WidthOfButton(dc, id);
+    return width;
+}
+
+int DialogWindow::LayOutFoot(HDC dc, int width, int top, int ruleId, std::initializer_list<int> buttons) {
+    const int margin = Px(kDialogMargin);
+    const int height = Px(kDialogButtonHeight);
+    clientWidth_ = width + 2 * margin;
+    footTop_ = top;
+    footBottom_ = top + margin + height + margin;
+    MoveWindow(Item(ruleId), 0, top, clientWidth_, kRuleHeight, FALSE);
+    const int first = margin + width - FootWidth(dc, buttons);
+    int left = first;
+    for (const int id : buttons) {
+        const int buttonWidth = WidthOfButton(dc, id);
+        MoveWindow(Item(id), left, top + margin, buttonWidth, height, FALSE);
+        left += buttonWidth + Px(kDialogGap);
+    }
+    return first;
+}
+
+void DialogWindow::FitClient(int height) const {
+    RECT frame{0, 0, clientWidth_, height};
+    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)));
+    Rect window = WindowRect();
+    window.width = frame.right - frame.left;
+    window.height = frame.bottom - frame.top;
+    const Rect place = KeepInside(window, WorkAreaOf(Handle()));
+    SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void ControlColumn::Put(HWND control, int indent, int height, int gapAfter) {
+    MoveWindow(control, left_ + indent, bottom_, width_ - indent, height, FALSE);
+    bottom_ += height + gapAfter;
+}
+
+void ControlColumn::PutText(HWND label, HFONT font, std::u16string_view text, int indent, int gapAfter) {
+    Put(label, indent, MeasureText(dc_, font, text, width_ - indent).height, gapAfter);
+}
+
+// How it looks.
+
+void DialogWindow::PaintGround(HDC dc) const {
+    const Rect client = ClientRect();
+    const RECT contents{0, 0, client.width, footTop_};
+    const RECT foot{0, footTop_, client.width, client.height};
+    FillRect(dc, &contents, GetSysColorBrush(COLOR_WINDOW));
+    FillRect(dc, &foot, GetSysColorBrush(COLOR_3DFACE));
+}
+
+HBRUSH DialogWindow::ColorControl(HDC dc, HWND control) const {
+    POINT place{PlaceOf(control).left, PlaceOf(control).top};
+    ScreenToClient(Handle(), &place);
+    const bool inFoot = place.y >= footTop_;
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, GetSysColor(inFoot ? COLOR_BTNTEXT : COLOR_WINDOWTEXT));
+    return GetSysColorBrush(inFoot ? COLOR_3DFACE : COLOR_WINDOW);
+}
+
+}  // namespace quillo
