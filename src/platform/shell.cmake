@@ -2,6 +2,7 @@ target_sources(quillo_shell PRIVATE
   platform/dialog_parts.cpp
   platform/dialog_window.cpp
   platform/dpi.cpp
+  platform/file_dialogs.cpp
   platform/gdi_canvas.cpp
   platform/message_loop.cpp
   platform/monitors.cpp

@@ -1,0 +1,82 @@
+#include "platform/file_dialogs.h"
+
+#include "platform/late_library.h"
+#include "platform/wide.h"
+
+// After windows.h.
+#include <commdlg.h>
+
+#include <algorithm>
+#include <cwchar>
+
+namespace quillo {
+namespace {
+
+/// The current folder as it was: a file dialog leaves it at the folder the user was in, which nobody could then remove.
+class CurrentFolderScope {
+  public:
+    CurrentFolderScope() {
+        before_.resize(GetCurrentDirectoryW(0, nullptr));
+        before_.resize(GetCurrentDirectoryW(static_cast<DWORD>(before_.size()), WideBuffer(before_)));
+    }
+    CurrentFolderScope(const CurrentFolderScope&) = delete;
+    CurrentFolderScope& operator=(const CurrentFolderScope&) = delete;
+    ~CurrentFolderScope() { SetCurrentDirectoryW(Wide(before_)); }
+
+  private:
+    std::u16string before_;
+};
+
+bool IsDialog(HWND window) {
+    constexpr wchar_t kDialogClass[] = L"#32770";
+    wchar_t name[16] = {};
+    GetClassNameW(window, name, 16);
+    return std::wcscmp(name, kDialogClass) == 0;
+}
+
+BOOL CALLBACK CancelDialogOf(HWND window, LPARAM owner) {
+    if (GetWindow(window, GW_OWNER) != reinterpret_cast<HWND>(owner) || !IsDialog(window)) return TRUE;
+    CancelDialogsOf(window);  // its own question, such as whether to replace a file
+    SendMessageW(window, WM_COMMAND, IDCANCEL, 0);
+    // A question without a Cancel button does not hear that.
+    if (IsWindowVisible(window) != 0) EndDialog(window, IDCANCEL);
+    return TRUE;
+}
+
+}  // namespace
+
+std::u16string SystemFilter(std::u16string_view filter) {
+    std::u16string text(filter);
+    std::replace(text.begin(), text.end(), u'|', u'\0');
+    text.append(2, u'\0');
+    return text;
+}
+
+std::u16string BrowseForFileToSave(HWND owner, const FileDialogPlan& plan) {
+    static LateFunction<BOOL WINAPI(OPENFILENAMEW*)> getSaveFileName(L"comdlg32.dll", "GetSaveFileNameW");
+    if (getSaveFileName.Get() == nullptr) return {};
+    constexpr std::size_t kLongestPath = 32'768;
+    std::u16string path(kLongestPath, u'\0');
+    const std::u16string title(plan.title);
+    const std::u16string filter = SystemFilter(plan.filter);
+    const std::u16string extension(plan.defaultExtension);
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = Wide(filter);
+    dialog.lpstrFile = WideBuffer(path);
+    dialog.nMaxFile = static_cast<DWORD>(path.size());
+    dialog.lpstrTitle = Wide(title);
+    dialog.lpstrDefExt = Wide(extension);
+    dialog.Flags = plan.flags;
+    const CurrentFolderScope folder;
+    if (getSaveFileName.Get()(&dialog) == 0) return {};
+    path.resize(std::min(path.find(u'\0'), path.size()));
+    return path;
+}
+
+void CancelDialogsOf(HWND owner) {
+    EnumThreadWindows(GetCurrentThreadId(), &CancelDialogOf, reinterpret_cast<LPARAM>(owner));
+}
+
+}  // namespace quillo
