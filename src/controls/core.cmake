@@ -3,6 +3,7 @@ target_sources(quillo_core PRIVATE
   controls/divider_geometry.cpp
   controls/slider_track.cpp
   controls/swatch_palette.cpp
+  controls/swatch_strip.cpp
   controls/tray_record.cpp
   controls/tray_rules.cpp
 )

@@ -1,6 +1,7 @@
 target_sources(quillo_shell PRIVATE
   controls/note_button.cpp
   controls/note_button_images.cpp
+  controls/note_color_selector.cpp
   controls/tessel_divider.cpp
   controls/tessel_mini_slider.cpp
   controls/tessel_tray_lite.cpp

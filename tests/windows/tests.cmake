@@ -4,6 +4,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/main.cpp
   windows/mini_slider_test.cpp
   windows/note_button_test.cpp
+  windows/note_color_selector_test.cpp
   windows/note_drop_target_test.cpp
   windows/note_fixture.cpp
   windows/note_form_test.cpp

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+
+#include "controls/swatch_palette.h"
+#include "controls/swatch_strip.h"
+#include "platform/window.h"
+
+namespace quillo {
+
+/// A strip of colour schemes to pick one from, with the mouse or with the arrow keys and Space or Enter. It always has
+/// the size of its strip, and keeps no picked scheme: whoever holds it remembers what was delivered.
+class NoteColorSelector : public Window {
+  public:
+    /// `name` is what a screen reader speaks. False on failure.
+    bool Create(HWND parent, int id, const wchar_t* name, Point at = {});
+
+    /// Delivers the first scheme, as if it had been picked.
+    void SetDefault() { Pick(0); }
+    /// One of the pale schemes, for a new note; raises nothing.
+    [[nodiscard]] static const ColorScheme& GetRandomColors(Random& random) { return RandomScheme(random); }
+    /// The keys start from the first swatch again.
+    void ResetChoice() { MoveMark(0); }
+    /// The resolution of the form that it stands on; it takes the size of its strip.
+    void SetScale(const Scale& scale);
+    [[nodiscard]] Size StripSize() const { return strip_.StripSize(); }
+
+    /// A scheme is picked. A handler may end the selector.
+    std::function<void(const ColorScheme&)> onColorPicked;
+
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void OnSizing(WINDOWPOS& place) const;
+    void OnPress();
+    void OnRelease(Point at, WPARAM keys);
+    void OnKey(WPARAM key, bool repeated);
+    void OnFocusChanged(bool focused);
+    void OnPaint();
+    void MoveMark(std::size_t index);
+    void Pick(std::size_t index);
+    void Invalidate() const;
+
+    SwatchStrip strip_;
+    Scale scale_;
+};
+
+}  // namespace quillo

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "controls/swatch_palette.h"
+#include "util/geometry.h"
+#include "util/units.h"
+
+namespace quillo {
+
+class Canvas;
+
+// The strip's figures in twips.
+inline constexpr int kStripWidth = 4020;
+inline constexpr int kStripHeight = 415;
+inline constexpr int kSwatchSide = 360;
+/// Where the label "Aa" of a swatch starts, inside the swatch; 255 wide, it reaches into the next one.
+inline constexpr int kSwatchLabelInset = 120;
+
+/// The swatch at a point of the strip, in twips. None outside the strip, nor in the margin right of the last swatch,
+/// into which the last label reaches: the swatch under the pointer decides, never the label of another.
+[[nodiscard]] std::optional<std::size_t> HitStrip(int x, int y);
+
+/// What a screen reader calls a swatch.
+[[nodiscard]] std::u16string_view SwatchName(std::size_t index);
+
+/// Where a key takes the keyboard's mark.
+enum class StripKey { Back, Forward, First, Last };
+
+/// The strip of swatches, free of any window. It has no picked swatch; the keyboard's mark only says which one the
+/// keys would pick. Coordinates are device pixels inside the strip.
+class SwatchStrip {
+  public:
+    void SetScale(const Scale& scale) { scale_ = scale; }
+    [[nodiscard]] Size StripSize() const;
+    [[nodiscard]] Rect PlaceOf(std::size_t index) const;
+    [[nodiscard]] std::optional<std::size_t> SwatchAt(Point at) const;
+
+    [[nodiscard]] std::size_t Mark() const { return mark_; }
+    void SetMark(std::size_t index) { mark_ = index; }
+    /// The mark stops at both ends.
+    void Press(StripKey key);
+
+    /// Draws the swatches, and the mark when `focused`; the ground is the caller's.
+    void Paint(Canvas& canvas, bool focused) const;
+
+  private:
+    [[nodiscard]] int ToPixels(int twips) const;
+
+    Scale scale_;
+    std::size_t mark_ = 0;
+};
+
+}  // namespace quillo
