@@ -21,9 +21,11 @@ QuilloProcs::QuilloProcs()
     : program_(*this),
       names_(files_, shell_, program_.settings),
       store_(files_, locale_, shell_, names_),
+      mail_(locale_),
       reminders_{program_.settings, program_.os, registry_, clock_, locale_, notice_, sound_, loop_},
-      noteWorld_{program_.settings, program_.os,       program_.notesFolder, store_, locale_, clock_,
-                 notice_,           program_.openNotes},
+      noteWorld_{
+          program_.settings, program_.os, program_.notesFolder, store_, locale_, clock_, notice_, program_.openNotes,
+          printer_,          mail_},
       legacy_(registry_, program_.openNotes, random_),
       opening_(program_, noteWorld_, files_, shell_, random_, legacy_),
       resForm_([this] { BroadcastTimer(program_.openNotes); }) {

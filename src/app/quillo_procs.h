@@ -11,6 +11,7 @@
 #include "app/startup.h"
 #include "controls/note_button_images.h"
 #include "mainmenu/notify_window.h"
+#include "notes/mail_form.h"
 #include "notes/note_drop_target.h"
 #include "notes/note_fonts.h"
 #include "notes/note_store.h"
@@ -20,6 +21,7 @@
 #include "platform/win_clock.h"
 #include "platform/win_file_store.h"
 #include "platform/win_locale_text.h"
+#include "platform/win_printer.h"
 #include "platform/win_registry_api.h"
 #include "platform/win_shell.h"
 #include "platform/win_sound_device.h"
@@ -66,6 +68,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     WinRandom random_;
     WinUserNotice notice_;
     WinSoundDevice sound_;
+    WinPrinter printer_;
     MessageLoop loop_;
     OleSession ole_;
     SingleInstance instance_;
@@ -76,6 +79,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     Program program_;
     NoteNames names_;
     NoteStore store_;
+    MapiMail mail_;
     ReminderTools reminders_;
     NoteWorld noteWorld_;
     LegacyNotes legacy_;

@@ -3,8 +3,11 @@ target_sources(quillo_core PRIVATE
   notes/note_drop.cpp
   notes/note_face.cpp
   notes/note_file.cpp
+  notes/note_mail.cpp
+  notes/note_print.cpp
   notes/note_store.cpp
   notes/note_tags.cpp
   notes/open_note.cpp
+  notes/print_lines.cpp
   notes/screen_fit.cpp
 )

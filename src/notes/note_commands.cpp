@@ -54,10 +54,12 @@ void Perform(NoteAction action, OpenNote& note) {
         case NoteAction::ToggleLargeText:
             return note.ToggleLargeText();
         case NoteAction::ChangeColor:
-        case NoteAction::Mail:
         case NoteAction::SaveCopy:
-        case NoteAction::Print:
             return;
+        case NoteAction::Mail:
+            return note.MailNote();
+        case NoteAction::Print:
+            return note.PrintNote();
         case NoteAction::Hide:
             return note.HideByUser();
         case NoteAction::QueryDelete:

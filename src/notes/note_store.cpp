@@ -32,6 +32,23 @@ void NoteStore::DeleteStorageCopy(std::u16string_view path) {
     if (!path.empty()) Ignore(files_.Delete(path), "the note is closed all the same");
 }
 
+std::u16string NoteStore::SaveTemporaryFile(const NoteFileContent& content) {
+    const std::u16string path = names_.MakeTemporaryFileName();
+    if (path.empty()) return {};
+    SaveTarget target;
+    target.fileName = path;
+    target.isTempName = true;
+    target.noDelete = true;
+    target.overwrite = true;
+    std::u16string saved = SaveNote(content, target);
+    if (saved.empty()) DeleteTemporaryFile(path);  // what was written of it
+    return saved;
+}
+
+void NoteStore::DeleteTemporaryFile(std::u16string_view path) {
+    Ignore(files_.Delete(path), "the system empties its temporary folder in time");
+}
+
 void NoteStore::Recycle(std::u16string_view path) {
     if (!path.empty()) Ignore(shell_.Recycle(path), "the file then stays where it is");
 }

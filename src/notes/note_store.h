@@ -34,6 +34,11 @@ class NoteStore {
     [[nodiscard]] std::u16string NewStoragePath(std::u16string_view notesFolder);
     /// Deletes a storage copy; a failure is passed over.
     void DeleteStorageCopy(std::u16string_view path);
+    /// Writes the note to a free file of the temporary folder, as one that survives being opened. Its full path, or ""
+    /// when it could not be written.
+    [[nodiscard]] std::u16string SaveTemporaryFile(const NoteFileContent& content);
+    /// A failure is passed over.
+    void DeleteTemporaryFile(std::u16string_view path);
     /// Moves a file to the Recycle Bin.
     void Recycle(std::u16string_view path);
 

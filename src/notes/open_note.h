@@ -13,6 +13,8 @@ namespace quillo {
 
 class Clock;
 class LocaleText;
+class MailSystem;
+class Printer;
 class UserNotice;
 struct OsFacts;
 
@@ -36,6 +38,8 @@ struct NoteWorld {
     Clock& clock;
     UserNotice& notice;
     NoteOwner& owner;
+    Printer& printer;
+    MailSystem& mail;
 };
 
 /// One open note: its data and every operation on it. The window is reached through NoteView.
@@ -120,6 +124,12 @@ class OpenNote : public ReminderOwner {
     void QueryDeleteNote();
     void QuickDelete();
     void DestroyNote();
+
+    // Leaving on paper or by mail; the note itself is not changed. Messages run meanwhile: it may be gone afterwards.
+    /// Prints the note on the default printer.
+    void PrintNote();
+    /// Hands the note to the user's mail program, as the attachment of a new message.
+    void MailNote();
 
     // Reminders.
     /// Opens the dialog in which a reminder is set, or brings forward the one that is open.

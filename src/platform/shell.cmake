@@ -12,6 +12,7 @@ target_sources(quillo_shell PRIVATE
   platform/win_clock.cpp
   platform/win_file_store.cpp
   platform/win_locale_text.cpp
+  platform/win_printer.cpp
   platform/win_registry_api.cpp
   platform/win_shell.cpp
   platform/win_sound_device.cpp

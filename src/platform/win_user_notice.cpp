@@ -44,6 +44,10 @@ void WinUserNotice::Inform(std::u16string_view text) {
     Box(text, MB_OK | MB_ICONINFORMATION);
 }
 
+void WinUserNotice::Warn(std::u16string_view text) {
+    Box(text, MB_OK | MB_ICONEXCLAMATION);
+}
+
 bool WinUserNotice::Ask(std::u16string_view text, Question question) {
     const UINT buttons = question == Question::YesNoDefaultNo ? MB_YESNO : MB_OKCANCEL;
     const int answer = Box(text, buttons | MB_DEFBUTTON2 | MB_ICONEXCLAMATION);

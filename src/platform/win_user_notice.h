@@ -12,6 +12,7 @@ class WinUserNotice : public UserNotice {
   public:
     void Fail(std::u16string_view text) override;
     void Inform(std::u16string_view text) override;
+    void Warn(std::u16string_view text) override;
     [[nodiscard]] bool Ask(std::u16string_view text, Question question) override;
     void Balloon(std::u16string_view title, std::u16string_view text, BalloonIcon icon) override;
     void Play(SystemSound sound) override;

@@ -23,6 +23,8 @@ class UserNotice {
     virtual void Fail(std::u16string_view text) = 0;
     /// A message box with the information icon.
     virtual void Inform(std::u16string_view text) = 0;
+    /// A message box with the exclamation icon.
+    virtual void Warn(std::u16string_view text) = 0;
     /// A message box with the exclamation icon; true for Yes or OK.
     [[nodiscard]] virtual bool Ask(std::u16string_view text, Question question) = 0;
     /// A balloon from the program's icon in the notification area.

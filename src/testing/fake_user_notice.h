@@ -24,6 +24,7 @@ class FakeUserNotice : public UserNotice {
 
     void Fail(std::u16string_view text) override { fails.emplace_back(text); }
     void Inform(std::u16string_view text) override { informs.emplace_back(text); }
+    void Warn(std::u16string_view text) override { warnings.emplace_back(text); }
     [[nodiscard]] bool Ask(std::u16string_view text, Question question) override {
         questions.push_back({std::u16string(text), question});
         if (onAsk) onAsk();
@@ -38,6 +39,7 @@ class FakeUserNotice : public UserNotice {
     void Clear() {
         fails.clear();
         informs.clear();
+        warnings.clear();
         questions.clear();
         balloons.clear();
         sounds.clear();
@@ -45,6 +47,7 @@ class FakeUserNotice : public UserNotice {
 
     std::vector<std::u16string> fails;
     std::vector<std::u16string> informs;
+    std::vector<std::u16string> warnings;
     std::vector<AskedQuestion> questions;
     std::vector<ShownBalloon> balloons;
     std::vector<SystemSound> sounds;

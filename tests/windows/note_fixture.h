@@ -21,6 +21,8 @@
 #include "testing/fake_shell.h"
 #include "testing/fake_sound_device.h"
 #include "testing/fake_user_notice.h"
+#include "testing/recording_mail.h"
+#include "testing/recording_printer.h"
 
 namespace quillo::windows_tests {
 
@@ -35,7 +37,7 @@ class NoteWorldForTests : public NoteOwner {
     [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return removed != noteKey; }
 
     [[nodiscard]] NoteWorld World() {
-        return NoteWorld{settings, os, folder.Path(), store, locale, clock, notice, *this};
+        return NoteWorld{settings, os, folder.Path(), store, locale, clock, notice, *this, printer, mail};
     }
     [[nodiscard]] NoteFormTools Tools() {
         return NoteFormTools{settings, clock, locale, random, shell, images, fonts, ole, reminders};
@@ -50,6 +52,8 @@ class NoteWorldForTests : public NoteOwner {
     FakeClock clock;
     FakeRandom random;
     FakeUserNotice notice;
+    RecordingPrinter printer;
+    RecordingMail mail;
     NoteNames names{files, shell, settings};
     NoteStore store{files, locale, shell, names};
     NoteButtonImages images;

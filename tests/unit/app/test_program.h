@@ -19,6 +19,8 @@
 #include "testing/fake_registry_api.h"
 #include "testing/fake_shell.h"
 #include "testing/fake_user_notice.h"
+#include "testing/recording_mail.h"
+#include "testing/recording_printer.h"
 #include "util/numbers.h"
 
 namespace quillo {
@@ -70,11 +72,14 @@ class TestProgram {
     FakeUserNotice notice;
     FakeClock clock;
     FakeRandom random;
+    RecordingPrinter printer;
+    RecordingMail mail;
     FakeViewFactory views;
     Program program{views};
     NoteNames names{files, shell, program.settings};
     NoteStore store{files, locale, shell, names};
-    NoteWorld world{program.settings, program.os, program.notesFolder, store, locale, clock, notice, program.openNotes};
+    NoteWorld world{program.settings, program.os, program.notesFolder, store, locale, clock, notice, program.openNotes,
+                    printer,          mail};
     LegacyNotes legacy{registry, program.openNotes, random};
     NoteOpening opening{program, world, files, shell, random, legacy};
 

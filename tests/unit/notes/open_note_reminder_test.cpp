@@ -16,6 +16,8 @@
 #include "testing/fake_note_view.h"
 #include "testing/fake_shell.h"
 #include "testing/fake_user_notice.h"
+#include "testing/recording_mail.h"
+#include "testing/recording_printer.h"
 
 namespace quillo {
 namespace {
@@ -67,10 +69,12 @@ class OpenNoteReminderTest : public ::testing::Test {
     FakeClock clock_;
     FakeUserNotice notice_;
     OneNote owner_;
+    RecordingPrinter printer_;
+    RecordingMail mail_;
     NoteNames names_{files_, shell_, settings_};
     NoteStore store_{files_, locale_, shell_, names_};
     FakeNoteView view_;
-    OpenNote note_{NoteWorld{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_}, kKey};
+    OpenNote note_{NoteWorld{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_, printer_, mail_}, kKey};
     int saves_ = 0;
 };
 

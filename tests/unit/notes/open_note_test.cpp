@@ -14,6 +14,8 @@
 #include "testing/fake_note_view.h"
 #include "testing/fake_shell.h"
 #include "testing/fake_user_notice.h"
+#include "testing/recording_mail.h"
+#include "testing/recording_printer.h"
 
 namespace quillo {
 namespace {
@@ -92,10 +94,12 @@ class OpenNoteTest : public ::testing::Test {
     FakeClock clock_;
     FakeUserNotice notice_;
     FakeNoteOwner owner_;
+    RecordingPrinter printer_;
+    RecordingMail mail_;
     NoteNames names_{files_, shell_, settings_};
     NoteStore store_{files_, locale_, shell_, names_};
     FakeNoteView view_;
-    OpenNote note_{{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_}, kKey};
+    OpenNote note_{{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_, printer_, mail_}, kKey};
 };
 
 // A note just made.

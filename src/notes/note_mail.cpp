@@ -1,0 +1,58 @@
+#include "notes/note_mail.h"
+
+#include "app/app_identity.h"
+#include "notes/note_file.h"
+#include "notes/note_store.h"
+#include "ports/locale_text.h"
+
+namespace quillo {
+
+namespace {
+
+// Intended that they differ: a text that is only a little too long is not cut for the sake of three dots.
+constexpr std::size_t kCutFrom = 65;
+constexpr std::size_t kCutTo = 61;
+
+constexpr std::size_t kDashes = 60;
+constexpr std::u16string_view kInvitation =
+    u"This message has a sticky note attached to it.  To view the sticky note, you will need Quillo.  You can get it "
+    u"at ";
+constexpr std::u16string_view kPrice = u" -- it's free!";
+constexpr std::u16string_view kAttachmentName = u"Sticky note.qln";
+
+}  // namespace
+
+std::u16string MailSubject(std::u16string_view text) {
+    if (text.size() < kCutFrom) return std::u16string(text);
+    std::u16string subject(text.substr(0, kCutTo));
+    if ((subject.back() & 0xFC00) == 0xD800) subject.pop_back();  // half of a character
+    return subject + u"...";
+}
+
+std::u16string MailBody(std::u16string_view text) {
+    std::u16string body(text);
+    body.append(u"\r\n\r\n\r\n").append(kDashes, u'-').append(u"\r\n");
+    return body.append(kInvitation).append(kMakerHost).append(kPrice).append(u"\r\n");
+}
+
+MailMessage ComposeMail(std::u16string_view text, std::u16string_view notePath, LocaleText& locale) {
+    MailMessage message;
+    message.subject = locale.ToNarrow(MailSubject(text));
+    message.body = locale.ToNarrow(MailBody(text));
+    message.attachmentPosition = message.body.size() - 1;
+    message.attachmentName = locale.ToNarrow(kAttachmentName);
+    message.attachmentPath = notePath;
+    return message;
+}
+
+MailResult SendMail(MailSession& session, NoteStore& store, const NoteFileContent& note, LocaleText& locale) {
+    const std::u16string path = store.SaveTemporaryFile(note);
+    if (path.empty()) return MailResult::NotSaved;
+    const MailSignOn signOn = session.SignOn();
+    if (signOn == MailSignOn::Done) session.Send(ComposeMail(note.text, path, locale));
+    store.DeleteTemporaryFile(path);
+    if (signOn == MailSignOn::Done) session.SignOff();
+    return signOn == MailSignOn::Failed ? MailResult::NoAnswer : MailResult::Done;
+}
+
+}  // namespace quillo

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "ports/mail_session.h"
+
+namespace quillo {
+
+class LocaleText;
+class NoteStore;
+struct NoteFileContent;
+
+/// The text, cut to its beginning and an ellipsis when it is long. Line breaks stay in it.
+[[nodiscard]] std::u16string MailSubject(std::u16string_view text);
+/// The text, and below it what the receiver can do with the attached note.
+[[nodiscard]] std::u16string MailBody(std::u16string_view text);
+/// A message with the note's file attached at the body's last character.
+[[nodiscard]] MailMessage ComposeMail(std::u16string_view text, std::u16string_view notePath, LocaleText& locale);
+
+enum class MailResult {
+    Done,      ///< sent, or discarded by the user
+    NotSaved,  ///< the note's file could not be written
+    NoAnswer,  ///< no mail program has let us sign on
+};
+
+/// Writes the note to a temporary file, hands it to the user in the mail program's window, and deletes the file again.
+/// Messages run meanwhile: whose note it is may be gone afterwards.
+[[nodiscard]] MailResult SendMail(MailSession& session, NoteStore& store, const NoteFileContent& note,
+                                  LocaleText& locale);
+
+}  // namespace quillo
