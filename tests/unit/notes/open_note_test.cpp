@@ -346,7 +346,7 @@ TEST_F(OpenNoteTest, ChangesOfTheNoteMarkIt) {
     };
     for (const auto& c : cases) {
         FakeNoteView view;
-        OpenNote note{{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_}, kKey};
+        OpenNote note{{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_, printer_, mail_}, kKey};
         note.AttachView(view);
         c.act(note);
         EXPECT_EQ(note.Data().Changed, c.changed) << c.name;
@@ -644,7 +644,7 @@ TEST_F(OpenNoteTest, ANoteGoneDuringThatMessageBoxIsLeftAlone) {
     os_.windows2000OrLater = false;
     InformingNotice notice(owner_);
     FakeNoteView view;
-    OpenNote note{{settings_, os_, kFolder, store_, locale_, clock_, notice, owner_}, kKey};
+    OpenNote note{{settings_, os_, kFolder, store_, locale_, clock_, notice, owner_, printer_, mail_}, kKey};
     note.AttachView(view);
     note.SetReminder(DaySerial{45123.75});
     static_cast<void>(view.TakeCalls());
@@ -733,7 +733,7 @@ TEST_F(OpenNoteTest, ANoteGoneWhileItsFileIsRecycledIsLeftAlone) {
     PumpingShell shell(files_, owner_);
     NoteStore store{files_, locale_, shell, names_};
     FakeNoteView view;
-    OpenNote note{{settings_, os_, kFolder, store, locale_, clock_, notice_, owner_}, kKey};
+    OpenNote note{{settings_, os_, kFolder, store, locale_, clock_, notice_, owner_, printer_, mail_}, kKey};
     note.AttachView(view);
     note.SetText(u"Milk");
     note.MarkChanged();
@@ -755,7 +755,7 @@ TEST_F(OpenNoteTest, QuickDeleteNeverAsks) {
         settings_.dontRecycleNotes = c.keepNothing;
         FakeNoteView view;
         FakeNoteOwner owner;
-        OpenNote note{{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner}, kKey};
+        OpenNote note{{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner, printer_, mail_}, kKey};
         note.AttachView(view);
         note.SetText(c.text);
         note.MarkChanged();

@@ -5,7 +5,11 @@ target_sources(quillo_core_tests PRIVATE
   unit/notes/screen_fit_test.cpp
   unit/notes/note_file_test.cpp
   unit/notes/note_commands_test.cpp
+  unit/notes/note_mail_test.cpp
+  unit/notes/note_print_test.cpp
   unit/notes/note_store_test.cpp
+  unit/notes/open_note_sharing_test.cpp
+  unit/notes/print_lines_test.cpp
   unit/notes/open_note_reminder_test.cpp
   unit/notes/note_tags_test.cpp
 )

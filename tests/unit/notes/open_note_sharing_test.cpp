@@ -1,0 +1,144 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "app/note_names.h"
+#include "app/os_facts.h"
+#include "notes/open_note.h"
+#include "testing/fake_clock.h"
+#include "testing/fake_file_store.h"
+#include "testing/fake_locale_text.h"
+#include "testing/fake_note_view.h"
+#include "testing/fake_shell.h"
+#include "testing/fake_user_notice.h"
+#include "testing/recording_mail.h"
+#include "testing/recording_printer.h"
+
+namespace quillo {
+namespace {
+
+const std::u16string kFolder = u"C:\\Data\\Notes";
+
+class EveryNoteIsOpen : public NoteOwner {
+  public:
+    void RemoveNote(const std::u16string& /*noteKey*/) override {}
+    [[nodiscard]] bool IsOpen(const std::u16string& /*noteKey*/) const override { return true; }
+};
+
+/// A note on its way to the printer or to the mail program.
+class OpenNoteSharingTest : public ::testing::Test {
+  protected:
+    OpenNoteSharingTest() {
+        files_.PutFolder(kFolder);
+        note_.AttachView(view_);
+        note_.SetText(u"Buy milk");
+        note_.Popup();
+        before_ = note_.Data();
+    }
+    /// Neither its data nor its text, and nothing of it was written.
+    void ExpectUnchanged() {
+        EXPECT_FALSE(note_.Data().Changed);
+        EXPECT_EQ(note_.Data().StoragePath, before_.StoragePath);
+        EXPECT_EQ(note_.Data().FileName, before_.FileName);
+        EXPECT_EQ(view_.SavesAsked(), 0);
+        EXPECT_EQ(files_.FileCount(), 0U);
+    }
+
+    Settings settings_;
+    OsFacts os_;
+    FakeFileStore files_;
+    FakeLocaleText locale_;
+    FakeShell shell_{files_};
+    FakeClock clock_;
+    FakeUserNotice notice_;
+    EveryNoteIsOpen owner_;
+    RecordingPrinter printer_;
+    RecordingMail mail_;
+    NoteNames names_{files_, shell_, settings_};
+    NoteStore store_{files_, locale_, shell_, names_};
+    FakeNoteView view_;
+    OpenNote note_{NoteWorld{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_, printer_, mail_},
+                   u"1A2B"};
+    Note before_;
+};
+
+TEST_F(OpenNoteSharingTest, PrintsUnderItsFirstWords) {
+    note_.PrintNote();
+    ASSERT_EQ(printer_.documents.size(), 1U);
+    EXPECT_EQ(printer_.documents[0].name, u"Buy milk");
+    EXPECT_TRUE(printer_.documents[0].printed);
+    EXPECT_TRUE(notice_.warnings.empty());
+    ExpectUnchanged();
+}
+
+TEST_F(OpenNoteSharingTest, AnyFailureOfThePrinterIsToldOnce) {
+    printer_.opens = PrintOutcome::Failed;
+    note_.PrintNote();
+    printer_.opens = PrintOutcome::Printed;
+    printer_.failingPage = 1;
+    note_.PrintNote();
+    const std::u16string text = u"There was a problem printing this sticky note on the default printer.";
+    EXPECT_EQ(notice_.warnings, (std::vector<std::u16string>{text, text}));
+    ExpectUnchanged();
+}
+
+TEST_F(OpenNoteSharingTest, PrintingThatTheUserCancelsIsNoError) {
+    printer_.opens = PrintOutcome::Cancelled;
+    note_.PrintNote();
+    EXPECT_TRUE(notice_.warnings.empty());
+}
+
+TEST_F(OpenNoteSharingTest, MailsItselfInAMessage) {
+    note_.MailNote();
+    ASSERT_EQ(mail_.sent.size(), 1U);
+    EXPECT_EQ(mail_.sent[0].subject, "Buy milk");
+    EXPECT_TRUE(notice_.warnings.empty());
+    ExpectUnchanged();
+}
+
+TEST_F(OpenNoteSharingTest, OnlyAnEmptyTextIsNotMailed) {
+    note_.SetText(u"");
+    note_.MailNote();
+    EXPECT_TRUE(mail_.calls.empty()) << "the mail system is not even asked";
+    note_.SetText(u" ");
+    note_.MailNote();
+    EXPECT_EQ(mail_.sent.size(), 1U);
+}
+
+TEST_F(OpenNoteSharingTest, MissingMailIsTold) {
+    mail_.isMissing = true;
+    note_.MailNote();
+    EXPECT_EQ(notice_.warnings, (std::vector<std::u16string>{
+                                    u"Quillo is missing one of the files that it needs in order to send mail.  Please "
+                                    u"reinstall Quillo.  In the meantime, you will not be able to send mail from "
+                                    u"Quillo."}));
+    ExpectUnchanged();
+}
+
+TEST_F(OpenNoteSharingTest, NoMailProgramIsToldOnce) {
+    mail_.signsOn = MailSignOn::Failed;
+    note_.MailNote();
+    EXPECT_EQ(notice_.warnings,
+              (std::vector<std::u16string>{
+                  u"Quillo could not send this note because no mail program answered.  Please make sure that you have "
+                  u"a default mail program.  The note itself was not changed."}));
+    ExpectUnchanged();
+}
+
+TEST_F(OpenNoteSharingTest, ANoteThatCannotBeAttachedIsTold) {
+    files_.FailWrites(true);
+    note_.MailNote();
+    EXPECT_EQ(notice_.warnings,
+              (std::vector<std::u16string>{u"Quillo was unable to save this note to a file, so it was not sent.  The "
+                                           u"note itself was not changed."}));
+}
+
+TEST_F(OpenNoteSharingTest, ClosedWhileTheMessageIsOpenTheNoteStaysClosed) {
+    mail_.whileSending = [this](const MailMessage& /*message*/) { note_.DestroyNote(); };
+    note_.MailNote();
+    EXPECT_TRUE(view_.IsClosed());
+    EXPECT_EQ(files_.FileCount(), 0U) << "the attachment goes all the same";
+}
+
+}  // namespace
+}  // namespace quillo
