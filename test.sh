@@ -36,6 +36,6 @@ fi
 all=$quillo_root/build/all
 mkdir -p "$all"
 printf 'subdirs("%s")\n' "${trees[@]}" >"$all/CTestTestfile.cmake"
-"${environment[@]}" ctest --test-dir "$all" --output-on-failure --no-tests=error --timeout 300 -j 2 \
+"${environment[@]}" ctest --test-dir "$all" --output-on-failure --no-tests=error --timeout 300 -j 4 \
     --repeat until-pass:3 "${selection[@]}" \
     --output-junit "$all/results.xml" </dev/null

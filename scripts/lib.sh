@@ -3,7 +3,7 @@
 
 quillo_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 win_build=${QUILLO_BUILD_DIR:-$quillo_root/build/windows-x64}
-cache_dir=${XDG_CACHE_HOME:-$HOME/.cache}/quillo
+cache_dir=${QUILLO_CACHE_DIR:-${XDG_CACHE_HOME:-$HOME/.cache}/quillo}
 
 # What the steps need, as Debian 12 packages.
 build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin python3 ffmpeg fp-utils)

@@ -24,6 +24,8 @@ clean_up() {
 trap clean_up EXIT
 trap 'exit 130' INT TERM
 
+# What runs inside may need a desktop of its own, made from the same template.
+export QUILLO_CACHE_DIR=$cache_dir
 mkdir -p "$work/home/.local/share"
 clone_prefix "$WINEPREFIX"
 unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_CACHE_HOME WAYLAND_DISPLAY
