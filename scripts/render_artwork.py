@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Renders the SVG sources of src/resources/artwork into the icon and the note button strips.
+"""Renders the SVG sources of src/resources/artwork into the icons, the note button strips, the menu and the tab icons.
 
 The same sources give the same bytes. Needs rsvg-convert; everything else is Python's standard library.
 """
@@ -9,6 +9,7 @@ import pathlib
 import struct
 import subprocess
 import sys
+import xml.etree.ElementTree
 import zlib
 
 # Size in pixels: source. The small ones are drawn for their grid, the others are the mark at any size.
@@ -35,6 +36,36 @@ PLATE_STRENGTHS = (0.0, 0.14, 0.26)  # the columns: normal, hot, pressed
 ALERT_GLYPHS = {"bell": "alert-bell.svg", "close": "note-close.svg"}
 ALERT_COLORS = {"ink": (0x2B, 0x2A, 0x27), "light": (0xF4, 0xF1, 0xE6)}
 ALERT_SIZES = (20, 25, 30, 35, 40)  # at 100 to 200 percent
+
+# The main menu: planes of coverage, which the program colours.
+MENU = "menu.svg"
+MENU_SIZE = (300, 180)  # pixels at 96 dpi
+MENU_SCALES = (100, 125, 150, 175, 200)
+# Groups of the drawing in the order in which they are laid over each other, with their colours in the normal face.
+MENU_PLANES = {
+    "panel": (0xFF, 0xFD, 0xD0),
+    "tile": None,  # only in the highlighted face
+    "shade": (0x2B, 0x2A, 0x27),
+    "line": (0x8C, 0x87, 0x75),
+    "well": (0x8C, 0x87, 0x75),
+    "paper": (0xFF, 0xFD, 0xD0),
+    "edge": (0xFE, 0xCF, 0x38),
+    "accent": (0xD9, 0x8E, 0x04),
+    "glyph": (0x2B, 0x2A, 0x27),
+    "ink": (0x2B, 0x2A, 0x27),
+}
+MENU_SURFACE = (0xFB, 0xF9, 0xF1)
+SVG_NAMESPACE = "http://www.w3.org/2000/svg"
+
+# The icons of the options dialog's tabs, on a colour that means "nothing here": the tab strip knows no half coverage.
+TAB_ICONS = ("tab-appearance.svg", "tab-shortcuts.svg", "tab-behavior.svg", "tab-help.svg")
+TAB_ICON_SIZES = (16, 24, 32)
+TAB_MASK = (0xFF, 0x00, 0xFF)
+TAB_GROUND = (0xF0, 0xF0, 0xF0)  # what half-covered pixels are mixed with
+TAB_LEAST_COVERAGE = 96
+
+ABOUT_PICTURE = "about.svg"
+ABOUT_SIZES = (96, 120, 144, 168, 192)  # at 100 to 200 percent
 
 # The contact sheet, in pixels.
 GAP = 20
@@ -144,6 +175,49 @@ def bitmap_header(width, height, size):
     return struct.pack("<IiiHHIIiiII", 40, width, height, 1, 32, 0, size, 0, 0, 0, 0)
 
 
+def pack_bits(data):
+    """Runs of equal bytes: a count byte of 0 to 127 stands before that many bytes and one more as they are, one of 129
+    to 255 before a byte that is meant 257 minus the count times."""
+    out = bytearray()
+    at = 0
+    while at < len(data):
+        run = 1
+        while run < 128 and at + run < len(data) and data[at + run] == data[at]:
+            run += 1
+        if run > 1:
+            out += bytes((257 - run, data[at]))
+            at += run
+            continue
+        end = at + 1
+        while end < len(data) and end - at < 128 and data[end : end + 1] * 3 != data[end : end + 3]:
+            end += 1
+        out += bytes((end - at - 1,)) + data[at:end]
+        at = end
+    return bytes(out)
+
+
+def encode_planes(planes):
+    """Width, height and number of planes, then each plane with the length of its packed bytes before it."""
+    first = planes[0]
+    out = bytearray(struct.pack("<HHH", first.width, first.height, len(planes)))
+    for plane in planes:
+        packed = pack_bits(bytes(plane.pixels[3::4]))
+        out += struct.pack("<I", len(packed)) + packed
+    return bytes(out)
+
+
+def encode_bmp24(image):
+    """Without alpha; a row ends on a multiple of four bytes."""
+    bits = bytearray()
+    for row in reversed(image.rows()):
+        line = bytearray()
+        for x in range(0, len(row), 4):
+            line += bytes((row[x + 2], row[x + 1], row[x]))
+        bits += line + bytes(-len(line) % 4)
+    body = struct.pack("<IiiHHIIiiII", 40, image.width, image.height, 1, 24, 0, len(bits), 0, 0, 0, 0) + bits
+    return struct.pack("<2sIHHI", b"BM", 14 + len(body), 0, 0, 14 + 40) + body
+
+
 def encode_bmp(image):
     bits = bgra_bottom_up(image)
     body = bitmap_header(image.width, image.height, len(bits)) + bits
@@ -164,8 +238,8 @@ def icon_bitmap(image):
     return bitmap_header(image.width, 2 * image.height, len(bits) + len(mask)) + bits + bytes(mask)
 
 
-def encode_ico(images):
-    entries = [encode_png(i) if i.width > LARGEST_ICON_BITMAP else icon_bitmap(i) for i in images]
+def encode_ico(images, largest_bitmap=LARGEST_ICON_BITMAP):
+    entries = [encode_png(i) if i.width > largest_bitmap else icon_bitmap(i) for i in images]
     at = 6 + 16 * len(images)
     directory = struct.pack("<HHH", 0, 1, len(images))
     for image, entry in zip(images, entries):
@@ -181,11 +255,43 @@ class Artwork:
         self.source = pathlib.Path(source)
 
     def render(self, name, size):
-        command = [self.converter, "--format=png", f"--width={size}", f"--height={size}", str(self.source / name)]
-        image = decode_png(subprocess.run(command, check=True, stdout=subprocess.PIPE).stdout)
-        if (image.width, image.height) != (size, size):
-            raise ValueError(f"{name} came out at {image.width} x {image.height}, not {size} x {size}")
+        return self.convert(name, (self.source / name).read_bytes(), size, size)
+
+    def convert(self, name, drawing, width, height):
+        command = [self.converter, "--format=png", f"--width={width}", f"--height={height}"]
+        image = decode_png(subprocess.run(command, check=True, input=drawing, stdout=subprocess.PIPE).stdout)
+        if (image.width, image.height) != (width, height):
+            raise ValueError(f"{name} came out at {image.width} x {image.height}, not {width} x {height}")
         return image
+
+    def menu_planes(self, scale):
+        width, height = (edge * scale // 100 for edge in MENU_SIZE)
+        return [self.convert(plane, self.plane_drawing(plane), width, height) for plane in MENU_PLANES]
+
+    def plane_drawing(self, plane):
+        """The menu's drawing with one of its groups alone, and that one visible."""
+        root = xml.etree.ElementTree.parse(self.source / MENU).getroot()
+        groups = {group.get("id"): group for group in root if group.get("id")}
+        if set(groups) != set(MENU_PLANES):
+            raise ValueError(f"the groups of {MENU} are {', '.join(groups)}")
+        for child in list(root):
+            if child is not groups[plane]:
+                root.remove(child)
+        groups[plane].attrib.pop("visibility", None)
+        xml.etree.ElementTree.register_namespace("", SVG_NAMESPACE)
+        return xml.etree.ElementTree.tostring(root)
+
+    def tab_strip(self, size):
+        strip = Image(size * len(TAB_ICONS), size)
+        for index, name in enumerate(TAB_ICONS):
+            icon = self.render(name, size)
+            for y in range(size):
+                for x in range(size):
+                    at = 4 * (y * size + x)
+                    *color, coverage = icon.pixels[at : at + 4]
+                    shown = mix(TAB_GROUND, color, coverage) if coverage >= TAB_LEAST_COVERAGE else TAB_MASK
+                    strip.put(index * size + x, y, (*shown, 255))
+        return strip
 
     def icons(self):
         return [self.render(name, size) for size, name in ICON_SOURCES.items()]
@@ -280,12 +386,40 @@ def contact_sheet(icons, strips):
     return sheet
 
 
+def menu_face(planes):
+    """The normal face, as the program composes it."""
+    face = Image(planes[0].width, planes[0].height)
+    fill(face, 0, 0, face.width, face.height, MENU_SURFACE)
+    for plane, color in zip(planes, MENU_PLANES.values()):
+        for at in range(0, len(face.pixels), 4):
+            if color and plane.pixels[at + 3]:
+                face.pixels[at : at + 3] = bytes(mix(face.pixels[at : at + 3], color, plane.pixels[at + 3]))
+    return face
+
+
+def menu_sheet(menus):
+    """The menu at every scale, one below the other on a desktop's colour; the smallest once more, magnified."""
+    faces = [menu_face(planes) for planes in menus.values()]
+    zoom = 3
+    height = sum(face.height + GAP for face in faces) + faces[0].height * zoom + 2 * GAP
+    sheet = Image(faces[0].width * zoom + 2 * GAP, height)
+    fill(sheet, 0, 0, sheet.width, sheet.height, ICON_GROUNDS[-1])
+    top = GAP
+    enlarge(sheet, GAP, top, faces[0], zoom, lambda pixel: pixel[:3])
+    top += faces[0].height * zoom + GAP
+    for face in faces:
+        enlarge(sheet, GAP, top, face, 1, lambda pixel: pixel[:3])
+        top += face.height + GAP
+    return sheet
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--rsvg-convert", default="rsvg-convert", metavar="PROGRAM")
     parser.add_argument("--source", required=True, metavar="FOLDER", help="where the SVG files are")
-    parser.add_argument("--output", required=True, metavar="FOLDER", help="gets quillo.ico, alert_*.ico and note_buttons_*.bmp")
+    parser.add_argument("--output", required=True, metavar="FOLDER", help="gets the files that quillo.rc names")
     parser.add_argument("--contact-sheet", metavar="PNG", help="also writes everything magnified, to look at")
+    parser.add_argument("--menu-sheet", metavar="PNG", help="also writes the menu at every scale")
     options = parser.parse_args()
 
     artwork = Artwork(options.rsvg_convert, options.source)
@@ -299,6 +433,15 @@ def main():
     for glyph, source in ALERT_GLYPHS.items():
         for color, rgb in ALERT_COLORS.items():
             (output / f"alert_{glyph}_{color}.ico").write_bytes(encode_ico(artwork.glyphs(source, rgb)))
+    menus = {scale: artwork.menu_planes(scale) for scale in MENU_SCALES}
+    for scale, planes in menus.items():
+        (output / f"menu_{scale}.planes").write_bytes(encode_planes(planes))
+    for size in TAB_ICON_SIZES:
+        (output / f"tab_icons_{size}.bmp").write_bytes(encode_bmp24(artwork.tab_strip(size)))
+    about = [artwork.render(ABOUT_PICTURE, size) for size in ABOUT_SIZES]
+    (output / "about.ico").write_bytes(encode_ico(about, largest_bitmap=0))
+    if options.menu_sheet:
+        pathlib.Path(options.menu_sheet).write_bytes(encode_png(menu_sheet(menus)))
     if options.contact_sheet:
         pathlib.Path(options.contact_sheet).write_bytes(encode_png(contact_sheet(icons, strips)))
 

@@ -10,7 +10,22 @@
 #define IDI_ALERT_CLOSE_INK 113
 #define IDI_ALERT_CLOSE_LIGHT 114
 
+// The about box's picture.
+#define IDI_ABOUT_PICTURE 121
+
 // The note button strips; the one for 200 percent serves every larger scale.
 #define IDB_NOTE_BUTTONS_100 201
 #define IDB_NOTE_BUTTONS_150 202
 #define IDB_NOTE_BUTTONS_200 203
+
+// The options dialog's tab icons: four in a row on magenta, by their size in pixels.
+#define IDB_TAB_ICONS_16 211
+#define IDB_TAB_ICONS_24 212
+#define IDB_TAB_ICONS_32 213
+
+// The main menu by percent, as planes of coverage; the last serves every larger scale.
+#define IDR_MENU_100 301
+#define IDR_MENU_125 302
+#define IDR_MENU_150 303
+#define IDR_MENU_175 304
+#define IDR_MENU_200 305

@@ -1,0 +1,99 @@
+#include "mainmenu/menu_artwork.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/window.h"
+#include "platform/window_effects.h"
+#include "resources/resource_ids.h"
+
+namespace quillo {
+namespace {
+
+struct RenderedScale {
+    int percent;
+    int resource;
+};
+constexpr std::array<RenderedScale, 5> kRendered{
+    {{100, IDR_MENU_100}, {125, IDR_MENU_125}, {150, IDR_MENU_150}, {175, IDR_MENU_175}, {200, IDR_MENU_200}}};
+
+std::span<const std::uint8_t> ResourceBytes(int id) {
+    constexpr WORD kRawData = 10;  // RT_RCDATA is narrow text while UNICODE is off
+    HRSRC found = FindResourceW(ThisModule(), MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(kRawData));
+    if (found == nullptr) return {};
+    HGLOBAL loaded = LoadResource(ThisModule(), found);
+    const void* bytes = loaded != nullptr ? LockResource(loaded) : nullptr;
+    if (bytes == nullptr) return {};
+    return {static_cast<const std::uint8_t*>(bytes), SizeofResource(ThisModule(), found)};
+}
+
+ColorWord SystemColor(int index) {
+    return ColorWord{GetSysColor(index)};
+}
+
+MenuColors ColorsForUser(MenuFace face) {
+    if (!HighContrastIsOn()) return ColorsOf(face);
+    return ColorsOf(
+        face, ContrastColors{SystemColor(COLOR_WINDOW), SystemColor(COLOR_WINDOWTEXT), SystemColor(COLOR_GRAYTEXT),
+                             SystemColor(COLOR_HIGHLIGHT), SystemColor(COLOR_HIGHLIGHTTEXT)});
+}
+
+struct DibSection {
+    BitmapHandle bitmap;
+    std::uint32_t* pixels = nullptr;  ///< from the top row; null on failure
+};
+
+DibSection MakeDib(Size size) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = size.width;
+    info.bmiHeader.biHeight = -size.height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    void* bits = nullptr;
+    BitmapHandle bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    return {std::move(bitmap), static_cast<std::uint32_t*>(bits)};
+}
+
+}  // namespace
+
+BitmapHandle MenuArtwork::MainPic(const Scale& scale, const FilledSlots& filled) {
+    const MenuPlanes& planes = PlanesFor(scale);
+    DibSection dib = MakeDib(Size{planes.size.width, 2 * planes.size.height});
+    if (dib.pixels == nullptr) return {};
+    const auto normal = ComposeMenu(planes, ColorsForUser(MenuFace::Normal), filled);
+    const auto highlighted =
+        ComposeMenu(planes, ColorsForUser(MenuFace::Highlighted), FilledSlots{true, true, true, true});
+    std::copy(highlighted.begin(), highlighted.end(), std::copy(normal.begin(), normal.end(), dib.pixels));
+    return std::move(dib.bitmap);
+}
+
+BitmapHandle MenuArtwork::ShowAllDisabledPic(const Scale& scale) {
+    const MenuPlanes& planes = PlanesFor(scale);
+    const Rect place{scale.Px(kShowAllPlace.left), scale.Px(kShowAllPlace.top),
+                     scale.Px(kShowAllPlace.Right()) - scale.Px(kShowAllPlace.left),
+                     scale.Px(kShowAllPlace.Bottom()) - scale.Px(kShowAllPlace.top)};
+    DibSection dib = MakeDib(Size{place.width, place.height});
+    if (dib.pixels == nullptr || planes.size.width == 0) return {};
+    const auto whole = ComposeMenu(planes, ColorsForUser(MenuFace::Disabled), FilledSlots{});
+    for (int y = 0; y < place.height; ++y) {
+        const auto row = whole.begin() + static_cast<std::ptrdiff_t>(place.top + y) * planes.size.width + place.left;
+        std::copy(row, row + place.width, dib.pixels + static_cast<std::ptrdiff_t>(y) * place.width);
+    }
+    return std::move(dib.bitmap);
+}
+
+const MenuPlanes& MenuArtwork::PlanesFor(const Scale& scale) {
+    const Size size{scale.Px(kMenuSize.width), scale.Px(kMenuSize.height)};
+    if (planes_.size == size) return planes_;
+    const auto fits = std::find_if(kRendered.begin(), kRendered.end(), [&](const RenderedScale& rendered) {
+        return kMenuSize.width * rendered.percent / 100 >= size.width;
+    });
+    const RenderedScale& rendered = fits != kRendered.end() ? *fits : kRendered.back();
+    planes_ = ReadMenuPlanes(ResourceBytes(rendered.resource));
+    if (planes_.size != size) planes_ = Resize(planes_, size);
+    return planes_;
+}
+
+}  // namespace quillo

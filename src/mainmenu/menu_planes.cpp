@@ -1,0 +1,205 @@
+#include "mainmenu/menu_planes.h"
+
+#include <algorithm>
+
+namespace quillo {
+namespace {
+
+constexpr int kOpaque = 255;
+constexpr std::size_t kPlaneCount = static_cast<std::size_t>(MenuPlane::Count);
+/// Far beyond any screen; keeps the sizes of a damaged drawing from being believed.
+constexpr int kLargestEdge = 8192;
+/// The first slot's left edge, a slot's width, and the top of the row, at 96 dpi.
+constexpr int kSlotsLeft = 100;
+constexpr int kSlotWidth = 50;
+
+constexpr ColorWord kInk = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
+constexpr ColorWord kSurface = ColorWord::FromRgb(0xFB, 0xF9, 0xF1);
+constexpr ColorWord kPaper = ColorWord::FromRgb(0xFF, 0xFD, 0xD0);
+constexpr ColorWord kEdge = ColorWord::FromRgb(0xFE, 0xCF, 0x38);
+constexpr ColorWord kAccent = ColorWord::FromRgb(0xD9, 0x8E, 0x04);
+constexpr ColorWord kLine = ColorWord::FromRgb(0x8C, 0x87, 0x75);
+constexpr int kHoverPercent = 14;
+constexpr int kDisabledPercent = 38;
+
+/// Little-endian numbers and byte strings from the front of a span; `good` turns false where it is too short.
+class Reader {
+  public:
+    explicit Reader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
+
+    [[nodiscard]] std::span<const std::uint8_t> Bytes(std::size_t count) {
+        if (count > bytes_.size()) {
+            good_ = false;
+            return {};
+        }
+        const auto taken = bytes_.first(count);
+        bytes_ = bytes_.subspan(count);
+        return taken;
+    }
+    [[nodiscard]] std::uint32_t Number(std::size_t size) {
+        std::uint32_t number = 0;
+        const auto taken = Bytes(size);
+        for (std::size_t i = taken.size(); i > 0; --i) number = number << 8 | taken[i - 1];
+        return number;
+    }
+    [[nodiscard]] bool Good() const { return good_; }
+    [[nodiscard]] bool AtEnd() const { return bytes_.empty(); }
+
+  private:
+    std::span<const std::uint8_t> bytes_;
+    bool good_ = true;
+};
+
+/// Undoes the packing of runs; false unless it gives exactly `size` bytes.
+bool Unpack(std::span<const std::uint8_t> packed, std::size_t size, std::vector<std::uint8_t>& plain) {
+    constexpr std::size_t kLongestCopy = 128;
+    plain.clear();
+    plain.reserve(size);
+    Reader reader(packed);
+    while (reader.Good() && !reader.AtEnd()) {
+        const std::size_t count = reader.Number(1);
+        if (count == kLongestCopy) return false;
+        if (count > kLongestCopy) {
+            plain.insert(plain.end(), 2 * kLongestCopy + 1 - count, static_cast<std::uint8_t>(reader.Number(1)));
+        } else {
+            const auto copied = reader.Bytes(count + 1);
+            plain.insert(plain.end(), copied.begin(), copied.end());
+        }
+        if (plain.size() > size) return false;
+    }
+    return reader.Good() && plain.size() == size;
+}
+
+std::size_t PixelCount(Size size) {
+    return static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
+}
+
+/// The mean of one pixel's area, in `kFine` samples a side.
+std::uint8_t Sample(std::span<const std::uint8_t> plane, Size from, Size to, int x, int y) {
+    constexpr int kFine = 4;
+    int sum = 0;
+    for (int sample = 0; sample < kFine * kFine; ++sample) {
+        const int fromX = (2 * (x * kFine + sample % kFine) + 1) * from.width / (2 * to.width * kFine);
+        const int fromY = (2 * (y * kFine + sample / kFine) + 1) * from.height / (2 * to.height * kFine);
+        sum += plane[static_cast<std::size_t>(fromY * from.width + fromX)];
+    }
+    return static_cast<std::uint8_t>((sum + kFine * kFine / 2) / (kFine * kFine));
+}
+
+std::uint32_t Over(std::uint32_t under, ColorWord color, int coverage) {
+    const auto channel = [coverage](int below, int above) {
+        return static_cast<std::uint32_t>((below * (kOpaque - coverage) + above * coverage + kOpaque / 2) / kOpaque);
+    };
+    return channel(static_cast<int>(under >> 16 & 0xFFU), color.Red()) << 16 |
+           channel(static_cast<int>(under >> 8 & 0xFFU), color.Green()) << 8 |
+           channel(static_cast<int>(under & 0xFFU), color.Blue());
+}
+
+MenuColors::Tint& TintOf(MenuColors& colors, MenuPlane plane) {
+    return colors.tints[static_cast<std::size_t>(plane)];
+}
+
+/// Takes the wells of filled slots out of a plane of wells.
+std::vector<std::uint8_t> EmptyWells(const MenuPlanes& planes, const FilledSlots& filled) {
+    const auto wells = planes[MenuPlane::Well];
+    std::vector<std::uint8_t> shown(wells.begin(), wells.end());
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const int x = static_cast<int>(i % static_cast<std::size_t>(planes.size.width));
+        const int slot = (x * kMenuSize.width / planes.size.width - kSlotsLeft) / kSlotWidth;
+        if (slot >= 0 && slot < kMenuSlots && filled[static_cast<std::size_t>(slot)]) shown[i] = 0;
+    }
+    return shown;
+}
+
+}  // namespace
+
+MenuPlanes ReadMenuPlanes(std::span<const std::uint8_t> bytes) {
+    Reader reader(bytes);
+    MenuPlanes read;
+    read.size.width = static_cast<int>(reader.Number(2));
+    read.size.height = static_cast<int>(reader.Number(2));
+    const bool sized = read.size.width > 0 && read.size.width <= kLargestEdge && read.size.height > 0 &&
+                       read.size.height <= kLargestEdge;
+    if (reader.Number(2) != kPlaneCount || !sized) return {};
+    for (auto& plane : read.planes) {
+        const std::size_t length = reader.Number(4);
+        if (!Unpack(reader.Bytes(length), PixelCount(read.size), plane)) return {};
+    }
+    return reader.Good() && reader.AtEnd() ? read : MenuPlanes{};
+}
+
+MenuPlanes Resize(const MenuPlanes& source, Size size) {
+    MenuPlanes target;
+    if (PixelCount(source.size) == 0 || size.width <= 0 || size.height <= 0) return target;
+    target.size = size;
+    for (std::size_t i = 0; i < kPlaneCount; ++i) {
+        target.planes[i].reserve(PixelCount(size));
+        for (int y = 0; y < size.height; ++y) {
+            for (int x = 0; x < size.width; ++x) {
+                target.planes[i].push_back(Sample(source.planes[i], source.size, size, x, y));
+            }
+        }
+    }
+    return target;
+}
+
+MenuColors ColorsOf(MenuFace face) {
+    MenuColors colors;
+    colors.surface = kSurface;
+    TintOf(colors, MenuPlane::Panel) = {kPaper};
+    TintOf(colors, MenuPlane::Tile) = {kAccent, 0};
+    TintOf(colors, MenuPlane::Shade) = {kInk};
+    TintOf(colors, MenuPlane::Line) = {kLine};
+    TintOf(colors, MenuPlane::Well) = {kLine};
+    TintOf(colors, MenuPlane::Paper) = {kPaper};
+    TintOf(colors, MenuPlane::Edge) = {kEdge};
+    TintOf(colors, MenuPlane::Accent) = {kAccent};
+    TintOf(colors, MenuPlane::Glyph) = {kInk};
+    TintOf(colors, MenuPlane::Ink) = {kInk};
+    if (face == MenuFace::Highlighted) {
+        TintOf(colors, MenuPlane::Tile).percent = kHoverPercent;
+        TintOf(colors, MenuPlane::Glyph).color = kAccent;
+    }
+    if (face == MenuFace::Disabled) {
+        for (const MenuPlane plane : {MenuPlane::Paper, MenuPlane::Edge, MenuPlane::Glyph, MenuPlane::Ink}) {
+            TintOf(colors, plane).percent = kDisabledPercent;
+        }
+    }
+    return colors;
+}
+
+MenuColors ColorsOf(MenuFace face, const ContrastColors& contrast) {
+    // Only what carries meaning, whole, in the user's colours.
+    MenuColors colors;
+    colors.surface = contrast.window;
+    for (MenuColors::Tint& tint : colors.tints) tint = {contrast.window, 0};
+    const bool highlighted = face == MenuFace::Highlighted;
+    const ColorWord words = highlighted                  ? contrast.highlightText
+                            : face == MenuFace::Disabled ? contrast.grayText
+                                                         : contrast.text;
+    if (highlighted) TintOf(colors, MenuPlane::Tile) = {contrast.highlight};
+    TintOf(colors, MenuPlane::Line) = {contrast.text};
+    TintOf(colors, MenuPlane::Well) = {contrast.grayText};
+    TintOf(colors, MenuPlane::Accent) = {contrast.text};
+    TintOf(colors, MenuPlane::Glyph) = {words};
+    TintOf(colors, MenuPlane::Ink) = {words};
+    return colors;
+}
+
+std::vector<std::uint32_t> ComposeMenu(const MenuPlanes& planes, const MenuColors& colors, const FilledSlots& filled) {
+    const std::vector<std::uint8_t> wells = EmptyWells(planes, filled);
+    std::vector<std::uint32_t> pixels(PixelCount(planes.size), Over(0, colors.surface, kOpaque));
+    for (std::size_t plane = 0; plane < kPlaneCount; ++plane) {
+        const MenuColors::Tint tint = colors.tints[plane];
+        const std::vector<std::uint8_t>& coverage =
+            plane == static_cast<std::size_t>(MenuPlane::Well) ? wells : planes.planes[plane];
+        if (tint.percent == 0) continue;
+        for (std::size_t i = 0; i < pixels.size(); ++i) {
+            if (coverage[i] == 0) continue;
+            pixels[i] = Over(pixels[i], tint.color, (coverage[i] * tint.percent + 50) / 100);
+        }
+    }
+    return pixels;
+}
+
+}  // namespace quillo

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "util/color_word.h"
+#include "util/geometry.h"
+
+namespace quillo {
+
+/// The main menu at 96 dpi.
+inline constexpr Size kMenuSize{300, 180};
+/// What the picture of the disabled "show all notes" covers, at 96 dpi.
+inline constexpr Rect kShowAllPlace{100, 40, 100, 80};
+inline constexpr int kMenuSlots = 4;
+
+/// The parts of the menu's drawing, in the order in which they are laid over each other.
+enum class MenuPlane : int {
+    Panel,   ///< the ground of "new note"
+    Tile,    ///< under the item that the mouse is over
+    Shade,   ///< along the border, and the ground of the slots
+    Line,    ///< the border, and what parts the areas
+    Well,    ///< the frames of empty slots
+    Paper,   ///< the sheets of the glyphs
+    Edge,    ///< their bars and corners
+    Accent,  ///< the outline of the mark
+    Glyph,   ///< the strokes of the glyphs
+    Ink,     ///< the words
+    Count
+};
+
+/// The drawing at one scale: how much each part covers of each pixel, 0 to 255, row by row from the top.
+struct MenuPlanes {
+    Size size;  ///< device pixels; width and height are 0 when there is no drawing
+    std::array<std::vector<std::uint8_t>, static_cast<std::size_t>(MenuPlane::Count)> planes;
+
+    [[nodiscard]] std::span<const std::uint8_t> operator[](MenuPlane plane) const {
+        return planes[static_cast<std::size_t>(plane)];
+    }
+};
+
+/// Reads the rendered drawing. An empty answer for bytes that are damaged, too short or of another number of planes.
+[[nodiscard]] MenuPlanes ReadMenuPlanes(std::span<const std::uint8_t> bytes);
+
+/// The drawing at another size; each pixel takes the mean of what it covers.
+[[nodiscard]] MenuPlanes Resize(const MenuPlanes& source, Size size);
+
+/// The colours of one face. Plain RGB.
+struct MenuColors {
+    ColorWord surface;
+    /// By plane. What a face does not show has a strength of 0.
+    struct Tint {
+        ColorWord color;
+        int percent = 100;
+    };
+    std::array<Tint, static_cast<std::size_t>(MenuPlane::Count)> tints;
+};
+
+enum class MenuFace { Normal, Highlighted, Disabled };
+
+/// The colours that the user has chosen for all programs, for high contrast. Plain RGB.
+struct ContrastColors {
+    ColorWord window;
+    ColorWord text;
+    ColorWord grayText;
+    ColorWord highlight;
+    ColorWord highlightText;
+};
+
+/// The menu's own colours.
+[[nodiscard]] MenuColors ColorsOf(MenuFace face);
+[[nodiscard]] MenuColors ColorsOf(MenuFace face, const ContrastColors& contrast);
+
+/// Which of the slots hold a program; these show no well.
+using FilledSlots = std::array<bool, kMenuSlots>;
+
+/// The face as rows of 0x00RRGGBB from the top, as a device-independent bitmap holds them.
+[[nodiscard]] std::vector<std::uint32_t> ComposeMenu(const MenuPlanes& planes, const MenuColors& colors,
+                                                     const FilledSlots& filled);
+
+}  // namespace quillo
