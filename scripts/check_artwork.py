@@ -11,6 +11,23 @@ FRAME = 20  # pixels at 96 dpi
 ROWS = ("close", "pushpin", "pushpin in", "menu")
 PLATE_PERCENT = (0, 14, 26)  # by column: normal, hot, pressed
 
+ABOUT_SIZES = [96, 120, 144, 168, 192]
+TAB_ICONS = 4
+MASK = b"\xff\x00\xff"
+
+MENU_PLANES = ("panel", "tile", "shade", "line", "well", "paper", "edge", "accent", "glyph", "ink")
+# The menu's items: left, top, right, bottom at 96 dpi, and the planes that must show something there.
+MENU_ITEMS = {
+    "close": (265, 0, 300, 40, ("tile", "glyph")),
+    "about": (231, 0, 265, 40, ("tile", "glyph")),
+    "new note": (0, 41, 100, 180, ("panel", "tile", "paper", "edge", "glyph", "ink")),
+    "show all notes": (101, 41, 200, 120, ("tile", "paper", "edge", "glyph", "ink")),
+    "options": (201, 41, 300, 120, ("tile", "paper", "glyph", "ink")),
+    "word mark": (0, 0, 231, 40, ("paper", "edge", "accent", "ink")),
+}
+MENU_ITEMS |= {f"slot {n + 1}": (100 + 50 * n, 121, 150 + 50 * n, 180, ("tile", "well")) for n in range(4)}
+MENU_MARGIN = 1  # what an item keeps clear of its area's edges, but for grounds and lines
+
 
 def expect(condition, message):
     if not condition:
@@ -101,6 +118,98 @@ def check_strip(data, scale):
         expect(glyphs[0] == glyphs[1] == glyphs[2], f"{name}: the glyph moves between its states")
 
 
+def check_about(data):
+    reserved, kind, count = struct.unpack_from("<HHH", data)
+    expect((reserved, kind) == (0, 1), "not an icon")
+    sizes = []
+    for entry in range(count):
+        width, height, _, _, _, bits, _, at = struct.unpack_from("<BBBBHHII", data, 6 + 16 * entry)
+        expect((width, bits) == (height, 32), f"entry {width} has a wrong directory row")
+        expect(data[at : at + 8] == b"\x89PNG\r\n\x1a\n", f"entry {width} is not a PNG")
+        expect(struct.unpack_from(">II", data, at + 16) == (width, width), f"entry {width} holds another size")
+        sizes.append(width)
+    expect(sizes == ABOUT_SIZES, f"the sizes are {sizes}")
+
+
+def check_tab_icons(data, size):
+    magic, length, _, _, at = struct.unpack_from("<2sIHHI", data)
+    expect((magic, length, at) == (b"BM", len(data), 54), "not a bitmap file")
+    width, height, planes, bits = struct.unpack_from("<iiHH", data, 18)
+    expect((width, height, planes, bits) == (TAB_ICONS * size, size, 1, 24), f"{width} x {height}, {bits} bits")
+    stride = (3 * width + 3) // 4 * 4
+    for icon in range(TAB_ICONS):
+        pixels = [data[at + y * stride + 3 * (icon * size + x) :][:3] for y in range(size) for x in range(size)]
+        shown = sum(1 for pixel in pixels if pixel != MASK) / len(pixels)
+        expect(0.4 < shown < 0.9, f"icon {icon + 1} covers {shown:.0%} of its square")
+        expect(len(set(pixels)) > 3, f"icon {icon + 1} is blotted")
+        pink = [p for p in pixels if p != MASK and p[0] > p[1] + 40 and p[2] > p[1] + 40]
+        expect(not pink, f"icon {icon + 1} has a fringe of the mask's colour")
+
+
+def unpack_bits(packed):
+    plain = bytearray()
+    at = 0
+    while at < len(packed):
+        count = packed[at]
+        expect(count != 128, "a count that means nothing")
+        if count > 128:
+            plain += packed[at + 1 : at + 2] * (257 - count)
+            at += 2
+        else:
+            plain += packed[at + 1 : at + 2 + count]
+            at += 2 + count
+    return bytes(plain)
+
+
+def read_planes(data, scale):
+    width, height, count = struct.unpack_from("<HHH", data)
+    expect((width, height) == (300 * scale // 100, 180 * scale // 100), f"{width} x {height} pixels")
+    expect(count == len(MENU_PLANES), f"{count} planes")
+    planes = {}
+    at = 6
+    for name in MENU_PLANES:
+        (length,) = struct.unpack_from("<I", data, at)
+        planes[name] = unpack_bits(data[at + 4 : at + 4 + length])
+        expect(len(planes[name]) == width * height, f"the plane {name} has a wrong length")
+        at += 4 + length
+    expect(at == len(data), "bytes are left over")
+    return planes
+
+
+def check_menu(data, scale):
+    planes = read_planes(data, scale)
+    width = 300 * scale // 100
+
+    def covered(plane, left, top, right, bottom):
+        """How many pixels of the area show more than a trace, and the strongest."""
+        rows = [planes[plane][y * width + left : y * width + right] for y in range(top, bottom)]
+        return sum(1 for row in rows for value in row if value > 8), max(max(row) for row in rows)
+
+    for item, (*area, shown) in MENU_ITEMS.items():
+        pixels = [edge * scale // 100 for edge in area]
+        clear = [a + MENU_MARGIN * sign * scale // 100 for a, sign in zip(pixels, (1, 1, -1, -1))]
+        for plane in MENU_PLANES:
+            if plane in ("shade", "line"):
+                continue
+            count, strongest = covered(plane, *pixels)
+            expect(bool(count) == (plane in shown), f"{item}: the plane {plane} shows in {count} pixels")
+            if not count:
+                continue
+            expect(strongest > (100 if plane in ("panel", "well") else 240), f"{item}: the plane {plane} is faint")
+            if plane != "panel":
+                expect(covered(plane, *clear)[0] == count, f"{item}: the plane {plane} comes too near to the edge")
+        tile = planes["tile"]
+        if "tile" not in shown:
+            continue
+        for plane in ("glyph", "ink"):
+            stray = [i for i, value in enumerate(planes[plane]) if value > 8 and tile[i] < 255 and
+                     clear[0] <= i % width < clear[2] and clear[1] <= i // width < clear[3]]
+            expect(not stray, f"{item}: the plane {plane} leaves its tile")
+    rim = planes["line"]
+    expect(all(value == 255 for value in rim[:width] + rim[-width:] + rim[::width] + rim[width - 1 :: width]),
+           "the border has a gap")
+
+
 def main():
     if len(sys.argv) != 2:
         sys.exit(f"usage: {sys.argv[0]} FOLDER-OF-RENDERED-ARTWORK")
@@ -110,6 +219,9 @@ def main():
     for glyph in ("bell", "close"):
         checks.append((f"alert_{glyph}_ink.ico", check_glyph, ((0x27, 0x2A, 0x2B),)))  # blue, green, red
         checks.append((f"alert_{glyph}_light.ico", check_glyph, ((0xE6, 0xF1, 0xF4),)))
+    checks += [(f"menu_{scale}.planes", check_menu, (scale,)) for scale in (100, 125, 150, 175, 200)]
+    checks += [(f"tab_icons_{size}.bmp", check_tab_icons, (size,)) for size in (16, 24, 32)]
+    checks.append(("about.ico", check_about, ()))
     failed = False
     for name, check, arguments in checks:
         try:

@@ -3,6 +3,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/divider_test.cpp
   windows/main.cpp
   windows/mini_slider_test.cpp
+  windows/menu_artwork_test.cpp
   windows/note_button_test.cpp
   windows/note_color_selector_test.cpp
   windows/note_drop_target_test.cpp
