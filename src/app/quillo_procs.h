@@ -12,6 +12,7 @@
 #include "controls/note_button_images.h"
 #include "mainmenu/notify_window.h"
 #include "notes/mail_form.h"
+#include "notes/note_color_form.h"
 #include "notes/note_drop_target.h"
 #include "notes/note_fonts.h"
 #include "notes/note_store.h"
@@ -76,6 +77,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     // The program.
     NoteButtonImages buttonImages_;
     NoteFonts noteFonts_;
+    NoteColorForm colorDialog_{loop_};  // before the notes, which tell it that they go
     Program program_;
     NoteNames names_;
     NoteStore store_;

@@ -45,7 +45,7 @@ bool NoteColorSelector::Create(HWND parent, int id, const wchar_t* name, Point a
     const Size size = strip_.StripSize();
     WindowPlan plan;
     plan.title = name;
-    plan.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+    plan.style = WS_CHILD | WS_VISIBLE | WS_GROUP | WS_TABSTOP;  // the arrows of a form's options end before it
     plan.place = Rect{at.x, at.y, size.width, size.height};
     plan.parent = parent;
     plan.childId = id;

@@ -1,4 +1,5 @@
 target_sources(quillo_core PRIVATE
+  notes/note_color_dialog.cpp
   notes/note_commands.cpp
   notes/note_drop.cpp
   notes/note_face.cpp

@@ -54,6 +54,7 @@ void Perform(NoteAction action, OpenNote& note) {
         case NoteAction::ToggleLargeText:
             return note.ToggleLargeText();
         case NoteAction::ChangeColor:
+            return note.AskNoteColor();
         case NoteAction::SaveCopy:
             return;
         case NoteAction::Mail:

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "notes/note_color_form.h"
 #include "notes/screen_fit.h"
 #include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
@@ -152,6 +153,7 @@ void NoteForm::OnDestroy() {
     settleTimer_.Stop();
     trayIcon_.SetVisible(false);
     if (reminderAlert_) reminderAlert_->Unload();
+    tools_.colorDialog.Forget(note_);
     ReleaseDropTarget();
     // The object lives on: what is asked of it now must not reach a window that the system gave the same number.
     messageBox_ = nullptr;
@@ -334,6 +336,10 @@ void NoteForm::BringReminderDialogForward() {
 bool NoteForm::OpenReminderAlert(std::u16string_view text) {
     reminderAlert_ = std::make_unique<ReminderForm>(&note_, tools_.reminders);
     return reminderAlert_->Initialize(text, AlertColors{noteColor_, borderColor_, textColor_});
+}
+
+bool NoteForm::OpenColorDialog(bool own, const ColorScheme& colors) {
+    return tools_.colorDialog.ShowFor(Handle(), note_, own, colors);
 }
 
 void NoteForm::ApplyAppearance(const Note& note, const Settings& settings) {

@@ -4,10 +4,10 @@
 
 #include "controls/note_button.h"
 #include "controls/tessel_tray_lite.h"
+#include "notes/note_commands.h"
 #include "notes/note_drop_target.h"
 #include "notes/note_face.h"
 #include "notes/note_fonts.h"
-#include "notes/note_commands.h"
 #include "notes/note_view.h"
 #include "notes/open_note.h"
 #include "platform/ui_timer.h"
@@ -18,6 +18,7 @@
 
 namespace quillo {
 
+class NoteColorForm;
 class Random;
 
 /// What every note's window works with.
@@ -31,6 +32,7 @@ struct NoteFormTools {
     NoteFonts& fonts;
     OleSession& ole;
     ReminderTools& reminders;
+    NoteColorForm& colorDialog;
 };
 
 /// A note's window: a bordered, coloured face with a strip to drag it by, three buttons and a text box.
@@ -62,6 +64,7 @@ class NoteForm : public Window, public NoteView {
     [[nodiscard]] bool OpenReminderDialog(DaySerial existing) override;
     void BringReminderDialogForward() override;
     [[nodiscard]] bool OpenReminderAlert(std::u16string_view text) override;
+    [[nodiscard]] bool OpenColorDialog(bool own, const ColorScheme& colors) override;
     void ApplyAppearance(const Note& note, const Settings& settings) override;
     void Repaint() override;
     void SaveSoon() override;

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "app/settings.h"
+#include "controls/swatch_palette.h"
 #include "notes/note.h"
 #include "ports/user_notice.h"
 #include "util/day_serial.h"
@@ -52,6 +53,9 @@ class NoteView {
     /// Opens the alert of a reminder and lets waiting messages run: the note may be gone afterwards, the alert
     /// dismissed. False on failure.
     [[nodiscard]] virtual bool OpenReminderAlert(std::u16string_view text) = 0;
+
+    /// Fills and shows the program's one colour dialog for this note. False on failure.
+    [[nodiscard]] virtual bool OpenColorDialog(bool own, const ColorScheme& colors) = 0;
 
     /// Applies colours, drop target, font (with LargeText) and scroll bar, and repaints.
     virtual void ApplyAppearance(const Note& note, const Settings& settings) = 0;

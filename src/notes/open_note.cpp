@@ -164,7 +164,7 @@ void OpenNote::SetOwnColors(ColorWord noteColor, ColorWord borderColor, ColorWor
     UpdateColors();
 }
 
-void OpenNote::ChangeColors(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) {
+void OpenNote::SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) {
     if (own) {
         SetOwnColors(noteColor, borderColor, textColor);
     } else {
@@ -172,6 +172,14 @@ void OpenNote::ChangeColors(bool own, ColorWord noteColor, ColorWord borderColor
         UpdateColors();
     }
     MarkChanged();
+}
+
+void OpenNote::AskNoteColor() {
+    // Intended also while the dialog shows another note: only its closing lets this one open it again.
+    if (colorDialogOpen_) return;
+    colorDialogOpen_ = true;
+    const ColorScheme colors{note_.NoteColor, note_.BorderColor, note_.TextColor};
+    if (!view_->OpenColorDialog(note_.OwnColors, colors)) colorDialogOpen_ = false;
 }
 
 void OpenNote::SetPinned(bool pinned) {

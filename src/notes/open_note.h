@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "notes/note.h"
+#include "notes/note_color_dialog.h"
 #include "notes/note_store.h"
 #include "notes/note_view.h"
 #include "reminders/reminder_owner.h"
@@ -47,7 +48,7 @@ struct NoteWorld {
 /// Who marks the note changed: an edit, a new size, a reminder, colours and large text always do. Where the note stands
 /// and whether it is on the screen is kept only when the user decided it, so these operations come in pairs: the plain
 /// one is silent, the one "ByUser" marks the note, and the window marks it when the user has moved it.
-class OpenNote : public ReminderOwner {
+class OpenNote : public ReminderOwner, public NoteColorTarget {
   public:
     OpenNote(NoteWorld world, std::u16string noteKey);
     OpenNote(const OpenNote&) = delete;
@@ -89,8 +90,10 @@ class OpenNote : public ReminderOwner {
     // Appearance.
     /// Gives a new note its colours; silent.
     void SetOwnColors(ColorWord noteColor, ColorWord borderColor, ColorWord textColor);
-    /// The user's choice of colours; without `own` the note goes back to those of the settings. Marks the note changed.
-    void ChangeColors(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor);
+    void SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) override;
+    /// Opens the program's colour dialog for this note; nothing when the note has it already.
+    void AskNoteColor();
+    void ColorClosing() override { colorDialogOpen_ = false; }
     void SetPinned(bool pinned);
     void TogglePin() { SetPinned(!note_.Pinned); }
     /// Marks the note changed.
@@ -155,6 +158,8 @@ class OpenNote : public ReminderOwner {
     bool writeFailed_ = false;  ///< the last change is on no disk yet: the next pass tries again
     bool dialogOpen_ = false;
     bool alertOpen_ = false;
+    bool colorDialogOpen_ =
+        false;  ///< from the note's asking until the dialog, whichever note it shows by then, closes
     NoteView* view_ = nullptr;
 };
 

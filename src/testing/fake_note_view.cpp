@@ -92,6 +92,13 @@ bool FakeNoteView::OpenReminderAlert(std::u16string_view text) {
     return true;
 }
 
+bool FakeNoteView::OpenColorDialog(bool own, const ColorScheme& colors) {
+    Record("OpenColorDialog");
+    dialogOwnColors_ = own;
+    dialogColors_ = colors;
+    return !refuseColorDialog;
+}
+
 void FakeNoteView::ApplyAppearance(const Note& note, const Settings& /*settings*/) {
     Record("ApplyAppearance");
     applied_ = note;

@@ -32,6 +32,7 @@ class FakeNoteView : public NoteView {
     [[nodiscard]] bool OpenReminderDialog(DaySerial existing) override;
     void BringReminderDialogForward() override;
     [[nodiscard]] bool OpenReminderAlert(std::u16string_view text) override;
+    [[nodiscard]] bool OpenColorDialog(bool own, const ColorScheme& colors) override;
     void ApplyAppearance(const Note& note, const Settings& settings) override;
     void Repaint() override;
     void SaveSoon() override { ++savesAsked_; }
@@ -52,7 +53,12 @@ class FakeNoteView : public NoteView {
     /// How often the note has asked to be saved soon.
     [[nodiscard]] int SavesAsked() const { return savesAsked_; }
 
-    bool refuseReminderWindows = false;     ///< the system has no room for another window
+    /// What the colour dialog was opened with.
+    [[nodiscard]] bool DialogOwnColors() const { return dialogOwnColors_; }
+    [[nodiscard]] const ColorScheme& DialogColors() const { return dialogColors_; }
+
+    bool refuseReminderWindows = false;  ///< the system has no room for another window
+    bool refuseColorDialog = false;
     std::function<void()> whileAlertOpens;  ///< the messages that run then
     /// The note as its appearance was last applied.
     [[nodiscard]] const Note& Applied() const { return applied_; }
@@ -66,6 +72,8 @@ class FakeNoteView : public NoteView {
     std::u16string balloonTitle_;
     std::u16string alertText_;
     DaySerial dialogReminder_;
+    ColorScheme dialogColors_{};
+    bool dialogOwnColors_ = false;
     int savesAsked_ = 0;
     TwipsRect rectangle_{7200, 3600, 2820, 2445};
     Note applied_;

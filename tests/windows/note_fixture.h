@@ -7,6 +7,7 @@
 #include "app/os_facts.h"
 #include "app/settings.h"
 #include "controls/note_button_images.h"
+#include "notes/note_color_form.h"
 #include "notes/note_form.h"
 #include "notes/note_store.h"
 #include "notes/open_note.h"
@@ -40,7 +41,7 @@ class NoteWorldForTests : public NoteOwner {
         return NoteWorld{settings, os, folder.Path(), store, locale, clock, notice, *this, printer, mail};
     }
     [[nodiscard]] NoteFormTools Tools() {
-        return NoteFormTools{settings, clock, locale, random, shell, images, fonts, ole, reminders};
+        return NoteFormTools{settings, clock, locale, random, shell, images, fonts, ole, reminders, colorDialog};
     }
 
     TempFolder folder;
@@ -63,6 +64,7 @@ class NoteWorldForTests : public NoteOwner {
     FakeSoundDevice sound;
     MessageLoop loop;
     ReminderTools reminders{settings, os, registry, clock, locale, notice, sound, loop};
+    NoteColorForm colorDialog{loop};
     std::u16string removed;
 };
 

@@ -165,7 +165,7 @@ TEST_F(NoteFormTest, TheReminderIsWrittenIntoTheFoot) {
 
 TEST_F(NoteFormTest, NewColoursReachTheScreen) {
     Show();
-    note_.ChangeColors(true, ColorWord::FromRgb(10, 200, 30), ColorWord::FromRgb(200, 0, 0),
+    note_.SetColor(true, ColorWord::FromRgb(10, 200, 30), ColorWord::FromRgb(200, 0, 0),
                        ColorWord::FromRgb(0, 0, 9));
     PaintNow(one_.Window());
     const Size size = ClientSize();
@@ -178,7 +178,7 @@ TEST_F(NoteFormTest, SystemColoursAreResolved) {
     Show();
     const ColorWord window{0x80000000U | COLOR_WINDOW};
     const ColorWord edge{0x80000000U | COLOR_HIGHLIGHT};
-    note_.ChangeColors(true, window, edge, ColorWord{});
+    note_.SetColor(true, window, edge, ColorWord{});
     PaintNow(one_.Window());
     EXPECT_EQ(Pixel(Point{0, 0}), GetSysColor(COLOR_HIGHLIGHT));
     EXPECT_EQ(Pixel(Point{3, ClientSize().height - 3}), GetSysColor(COLOR_WINDOW));

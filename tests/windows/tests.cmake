@@ -5,6 +5,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/mini_slider_test.cpp
   windows/menu_artwork_test.cpp
   windows/note_button_test.cpp
+  windows/note_color_form_test.cpp
   windows/note_color_selector_test.cpp
   windows/note_drop_target_test.cpp
   windows/note_fixture.cpp

@@ -222,7 +222,7 @@ TEST_F(OpenNoteReminderTest, EveryChangeIsSavedSoon) {
         {"CancelReminderByUser", [this] { note_.CancelReminderByUser(); }},
         {"SetLargeText", [this] { note_.SetLargeText(true); }},
         {"AddTimestamp", [this] { note_.AddTimestamp(); }},
-        {"ChangeColors", [this] { note_.ChangeColors(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }},
+        {"SetColor", [this] { note_.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }},
         {"HideByUser", [this] { note_.HideByUser(); }},
         {"PopupByUser", [this] { note_.PopupByUser(); }},
         {"MinimizeByUser", [this] { note_.MinimizeByUser(); }},

@@ -330,8 +330,8 @@ TEST_F(OpenNoteTest, ChangesOfTheNoteMarkIt) {
     } cases[] = {
         {"reminder", [](OpenNote& n) { n.SetReminder(DaySerial{45123.75}); }, true},
         {"large text", [](OpenNote& n) { n.SetLargeText(true); }, true},
-        {"colours", [](OpenNote& n) { n.ChangeColors(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }, true},
-        {"default colours", [](OpenNote& n) { n.ChangeColors(false, {}, {}, {}); }, true},
+        {"colours", [](OpenNote& n) { n.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }, true},
+        {"default colours", [](OpenNote& n) { n.SetColor(false, {}, {}, {}); }, true},
         {"hiding by the user", [](OpenNote& n) { n.HideByUser(); }, true},
         {"minimising by the user", [](OpenNote& n) { n.MinimizeByUser(); }, true},
         {"cancelling by the user", [](OpenNote& n) { n.CancelReminderByUser(); }, true},
@@ -394,9 +394,44 @@ TEST_F(OpenNoteTest, DefaultColoursFollowTheSettings) {
     EXPECT_EQ(view_.Applied().BorderColor, ColorWord{2});
     EXPECT_EQ(view_.Applied().TextColor, ColorWord{3});
 
-    note_.ChangeColors(false, ColorWord{4}, ColorWord{5}, ColorWord{6});
+    note_.SetColor(false, ColorWord{4}, ColorWord{5}, ColorWord{6});
     EXPECT_FALSE(note_.Data().OwnColors);
     EXPECT_EQ(view_.Applied().NoteColor, settings_.noteColor);
+}
+
+TEST_F(OpenNoteTest, TheColourDialogOpensOnceUntilItHasClosed) {
+    note_.SetOwnColors(ColorWord{1}, ColorWord{2}, ColorWord{3});
+    static_cast<void>(view_.TakeCalls());
+    note_.AskNoteColor();
+    EXPECT_EQ(view_.TakeCalls(), std::vector<std::string>{"OpenColorDialog"});
+    EXPECT_TRUE(view_.DialogOwnColors());
+    EXPECT_EQ(view_.DialogColors(), (ColorScheme{ColorWord{1}, ColorWord{2}, ColorWord{3}}));
+    note_.AskNoteColor();
+    EXPECT_TRUE(view_.TakeCalls().empty());
+    note_.ColorClosing();
+    note_.AskNoteColor();
+    EXPECT_EQ(view_.TakeCalls(), std::vector<std::string>{"OpenColorDialog"});
+}
+
+TEST_F(OpenNoteTest, AColourDialogThatCouldNotOpenCanBeAskedForAgain) {
+    view_.refuseColorDialog = true;
+    note_.AskNoteColor();
+    view_.refuseColorDialog = false;
+    static_cast<void>(view_.TakeCalls());
+    note_.AskNoteColor();
+    EXPECT_EQ(view_.TakeCalls(), std::vector<std::string>{"OpenColorDialog"});
+}
+
+TEST_F(OpenNoteTest, TheFileSaysWhetherTheColoursAreItsOwn) {
+    const auto second = [this] {
+        const std::u16string appearance = note_.AppearanceString();
+        const std::size_t start = appearance.find(u',') + 1;
+        return appearance.substr(start, appearance.find(u',', start) - start);
+    };
+    note_.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3});
+    EXPECT_EQ(second(), u"True");
+    note_.SetColor(false, ColorWord{1}, ColorWord{2}, ColorWord{3});
+    EXPECT_EQ(second(), u"False");
 }
 
 TEST_F(OpenNoteTest, LargeTextReachesTheWindow) {

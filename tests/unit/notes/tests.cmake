@@ -1,4 +1,5 @@
 target_sources(quillo_core_tests PRIVATE
+  unit/notes/note_color_dialog_test.cpp
   unit/notes/note_drop_test.cpp
   unit/notes/note_face_test.cpp
   unit/notes/open_note_test.cpp

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "controls/note_color_selector.h"
+#include "notes/note_color_dialog.h"
+#include "platform/dialog_window.h"
+
+namespace quillo {
+
+/// The program's one dialog in which a note is given colours. What it decides is in NoteColorDialog. Without a window
+/// until it is first opened, and again once it was closed.
+class NoteColorForm : public DialogWindow, private NoteColorView {
+  public:
+    enum ControlId : int {
+        kDefaultOption = 100,
+        kCustomOption,
+        kColorSelector,
+        kHeadingLabel,
+        kInstructionLabel,
+        kRuleBar
+    };
+
+    explicit NoteColorForm(MessageLoop& loop);
+    ~NoteColorForm() override { Destroy(); }
+
+    /// Fills and shows the dialog for a note, owned by its window and beside it; one that is open turns to that note.
+    /// False on failure.
+    bool ShowFor(HWND noteWindow, NoteColorTarget& note, bool own, const ColorScheme& colors);
+    /// The note's window goes; a dialog that is open for it closes.
+    void Forget(NoteColorTarget& note) { dialog_.Forget(note); }
+
+  protected:
+    void CreateControls() override;
+    void LayOut(HDC dc) override;
+    void OnCommand(int id, int notification) override;
+    void OnGone() override { dialog_.OnGone(); }
+    void OnFontsChanged() override { selector_.SetScale(DialogScale()); }
+    [[nodiscard]] HFONT FontOf(int id) const override;
+
+  private:
+    // NoteColorView
+    void ResetChoice() override { selector_.ResetChoice(); }
+    void SelectOption(bool own) override;
+    void Close() override { Destroy(); }
+
+    void PlaceBesideNote(HWND noteWindow) const;
+
+    NoteColorSelector selector_;
+    NoteColorDialog dialog_{*this};
+};
+
+}  // namespace quillo
