@@ -9,6 +9,9 @@ namespace quillo {
 /// that no stranger is ever called; whoever publishes the program puts their own here, and nowhere else.
 inline constexpr std::u16string_view kMakerHost = u"www.marrowind.example";
 
+/// Whose the program is.
+inline constexpr std::u16string_view kMakerNotice = u"\u00A9 2026 Marrowind";
+
 /// The address of the maker's site, as a browser opens it.
 [[nodiscard]] inline std::u16string MakerAddress() {
     std::u16string address = u"http://";

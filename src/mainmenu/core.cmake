@@ -2,4 +2,5 @@ target_sources(quillo_core PRIVATE
   mainmenu/menu_planes.cpp
   mainmenu/options_controller.cpp
   mainmenu/options_table.cpp
+  mainmenu/update_link.cpp
 )

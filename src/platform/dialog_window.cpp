@@ -86,7 +86,7 @@ void DialogWindow::OnDpiChanged(int dpi, const RECT& suggested) {
     ApplyFonts();
     SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     MeasureAndLayOut();
-    InvalidateRect(Handle(), nullptr, TRUE);
+    RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void DialogWindow::ApplyFonts() {

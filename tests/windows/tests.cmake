@@ -1,4 +1,5 @@
 target_sources(quillo_shell_tests PRIVATE
+  windows/about_form_test.cpp
   windows/control_fixture.cpp
   windows/divider_test.cpp
   windows/main.cpp

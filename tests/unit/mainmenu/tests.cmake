@@ -2,4 +2,5 @@ target_sources(quillo_core_tests PRIVATE
   unit/mainmenu/menu_planes_test.cpp
   unit/mainmenu/options_controller_test.cpp
   unit/mainmenu/options_table_test.cpp
+  unit/mainmenu/update_link_test.cpp
 )
