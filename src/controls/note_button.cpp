@@ -131,11 +131,6 @@ void NoteButton::Answer(const ButtonResponse& response) {
     }
 }
 
-void NoteButton::Invalidate() {
-    // Without a window the call would mean every window on the desktop.
-    if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
-}
-
 void NoteButton::OnPaint() {
     const PaintScope paint(Handle());
     const Rect face = ClientRect();

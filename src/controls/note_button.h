@@ -46,7 +46,6 @@ class NoteButton : public Window {
     void OnCaptureChanged(HWND receiver);
     void OnPaint();
     void PaintFace(HDC dc, const Rect& place, ButtonFace face);
-    void Invalidate();
     void Answer(const ButtonResponse& response);
 
     NoteButtonImages& images_;

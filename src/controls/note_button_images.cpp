@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "platform/dib.h"
 #include "platform/window.h"
 #include "resources/resource_ids.h"
 
@@ -28,17 +29,6 @@ ColorWord Cover(ColorWord under, ColorWord over, int coverage) {
     };
     return ColorWord::FromRgb(channel(under.Red(), over.Red()), channel(under.Green(), over.Green()),
                               channel(under.Blue(), over.Blue()));
-}
-
-BITMAPINFO TopDown32Bit(int width, int height) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-    return info;
 }
 
 }  // namespace
@@ -131,11 +121,9 @@ NoteButtonImages::Coverage NoteButtonImages::Resample(const Coverage& source, in
 BitmapHandle NoteButtonImages::Compose(const Coverage& coverage, const ButtonTint& tint) {
     const int width = coverage.frame * kColumns;
     const int height = coverage.frame * kRows;
-    const BITMAPINFO info = TopDown32Bit(width, height);
-    void* bits = nullptr;
-    BitmapHandle bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    std::uint32_t* pixels = nullptr;
+    BitmapHandle bitmap = MakeDib(Size{width, height}, &pixels);
     if (!bitmap) return bitmap;
-    auto* pixels = static_cast<std::uint32_t*>(bits);
     for (int y = 0; y < height; ++y) {
         const int row = y % coverage.frame;
         const int percent = coverage.frame > 1 ? row * 100 / (coverage.frame - 1) : 0;

@@ -46,6 +46,8 @@ LRESULT TesselDivider::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
             return reinterpret_cast<LRESULT>(font_);
         case WM_GETDLGCODE:
             return DLGC_STATIC;
+        case WM_GETOBJECT:
+            return accessible_.Answer(Handle(), wParam, lParam);
         case WM_NCHITTEST:
             return HTTRANSPARENT;  // the mouse has nothing to do here
         case WM_SIZE:
@@ -96,8 +98,10 @@ void TesselDivider::PaintGround(HDC dc, const RECT& area) const {
     FillRect(dc, &area, brush != 0 ? reinterpret_cast<HBRUSH>(brush) : GetSysColorBrush(COLOR_BTNFACE));
 }
 
-void TesselDivider::Invalidate() const {
-    if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
+AccessiblePart TesselDivider::Describe(int /*part*/) const {
+    AccessiblePart self;
+    self.role = Caption().empty() ? ROLE_SYSTEM_SEPARATOR : ROLE_SYSTEM_STATICTEXT;
+    return self;
 }
 
 }  // namespace quillo

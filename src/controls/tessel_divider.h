@@ -4,13 +4,14 @@
 #include <string_view>
 
 #include "controls/divider_geometry.h"
+#include "platform/accessible.h"
 #include "platform/window.h"
 
 namespace quillo {
 
 /// An etched line that parts the groups of a page, with a caption or without. Its font is set as for every control, by
 /// WM_SETFONT.
-class TesselDivider : public Window {
+class TesselDivider : public Window, private AccessibleSource {
   public:
     /// False on failure.
     bool Create(HWND parent, int id, std::u16string_view caption = {}, const Rect& place = {});
@@ -28,10 +29,11 @@ class TesselDivider : public Window {
     void OnSetFont(HFONT font);
     void OnPaint();
     void PaintGround(HDC dc, const RECT& area) const;
-    void Invalidate() const;
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
 
     Scale scale_;
     HFONT font_ = nullptr;  // the form's
+    AccessibleLink accessible_{*this};
 };
 
 }  // namespace quillo

@@ -5,6 +5,7 @@
 #include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
+#include "util/numbers.h"
 
 namespace quillo {
 namespace {
@@ -36,7 +37,7 @@ std::optional<SliderKey> SliderKeyOf(WPARAM key) {
 }  // namespace
 
 TesselMiniSlider::TesselMiniSlider() {
-    track_.onRepaint = [this] { Invalidate(); };
+    track_.onRepaint = [this] { OnTrackChanged(); };
     // Copies outlive a slider that the handler ends.
     track_.onClick = [this](std::int32_t value) {
         if (const auto handler = onClick) handler(value);
@@ -49,6 +50,7 @@ TesselMiniSlider::TesselMiniSlider() {
 bool TesselMiniSlider::Create(HWND parent, int id, const wchar_t* name, const SliderProperties& properties,
                               const Rect& place) {
     track_.Apply(properties);
+    announced_ = Value();
     scale_ = WindowScale(parent);
     WNDCLASSEXW windowClass{};
     windowClass.lpszClassName = L"QuilloMiniSlider";
@@ -90,6 +92,8 @@ LRESULT TesselMiniSlider::HandleMessage(UINT message, WPARAM wParam, LPARAM lPar
             return OnKey(wParam), 0;
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS;
+        case WM_GETOBJECT:
+            return accessible_.Answer(Handle(), wParam, lParam);
         case WM_ENABLE:
             return track_.SetEnabled(wParam != FALSE), 0;
         case WM_SIZE:
@@ -139,9 +143,18 @@ void TesselMiniSlider::OnPaint() {
     DrawFocusRect(buffer.Dc(), &mark);
 }
 
-void TesselMiniSlider::Invalidate() const {
-    // Without a window the call would mean every window on the desktop.
-    if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
+AccessiblePart TesselMiniSlider::Describe(int /*part*/) const {
+    AccessiblePart self;
+    self.role = ROLE_SYSTEM_SLIDER;
+    self.value = describeValue ? describeValue(Value()) : FormatInteger(Value());
+    return self;
+}
+
+void TesselMiniSlider::OnTrackChanged() {
+    Invalidate();
+    if (announced_ == Value() || Handle() == nullptr) return;
+    announced_ = Value();
+    NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 }  // namespace quillo

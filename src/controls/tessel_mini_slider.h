@@ -2,15 +2,17 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "controls/slider_track.h"
+#include "platform/accessible.h"
 #include "platform/window.h"
 
 namespace quillo {
 
 /// A flat level bar whose value the user sets by pressing, by dragging, or with the arrow keys, Page Up and Down, Home
 /// and End.
-class TesselMiniSlider : public Window {
+class TesselMiniSlider : public Window, private AccessibleSource {
   public:
     TesselMiniSlider();
 
@@ -39,6 +41,8 @@ class TesselMiniSlider : public Window {
     // argument. onChange also follows each SetValue. A handler may end the slider.
     std::function<void(std::int32_t)> onClick;
     std::function<void(std::int32_t)> onChange;
+    /// What a screen reader speaks for a value; without it the number itself.
+    std::function<std::u16string(std::int32_t)> describeValue;
 
   protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -49,10 +53,13 @@ class TesselMiniSlider : public Window {
     void OnRelease(WPARAM keys);
     void OnKey(WPARAM key);
     void OnPaint();
-    void Invalidate() const;
+    void OnTrackChanged();
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
 
     SliderTrack track_;
     Scale scale_;
+    std::int32_t announced_ = 0;  // the value that screen readers were told of
+    AccessibleLink accessible_{*this};
 };
 
 }  // namespace quillo

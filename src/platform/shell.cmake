@@ -1,6 +1,8 @@
 target_sources(quillo_shell PRIVATE
+  platform/accessible.cpp
   platform/dialog_parts.cpp
   platform/dialog_window.cpp
+  platform/dib.cpp
   platform/dpi.cpp
   platform/file_dialogs.cpp
   platform/gdi_canvas.cpp

@@ -45,6 +45,11 @@ Rect Window::ClientRect() const {
     return FromWin32(client);
 }
 
+void Window::Invalidate() const {
+    // Without a window the call would mean every window on the desktop.
+    if (handle_ != nullptr) InvalidateRect(handle_, nullptr, FALSE);
+}
+
 LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     if (message == WM_NCCREATE) {
         auto* created = static_cast<Window*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);

@@ -41,6 +41,8 @@ class Window {
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
 
     [[nodiscard]] Rect ClientRect() const;
+    /// Everything in the window is painted anew.
+    void Invalidate() const;
 
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;

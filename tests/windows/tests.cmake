@@ -1,10 +1,11 @@
 target_sources(quillo_shell_tests PRIVATE
   windows/about_form_test.cpp
+  windows/accessible_test.cpp
   windows/control_fixture.cpp
   windows/divider_test.cpp
   windows/main.cpp
-  windows/mini_slider_test.cpp
   windows/menu_artwork_test.cpp
+  windows/mini_slider_test.cpp
   windows/note_button_test.cpp
   windows/note_color_form_test.cpp
   windows/note_color_selector_test.cpp
@@ -21,6 +22,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/session_test.cpp
   windows/set_reminder_form_test.cpp
   windows/support.cpp
+  windows/tab_test.cpp
   windows/tray_test.cpp
   windows/win_file_store_test.cpp
   windows/win_locale_text_test.cpp

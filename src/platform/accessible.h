@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+#include "platform/win32.h"
+#include "util/geometry.h"
+
+// After windows.h.
+#include <oleacc.h>
+
+namespace quillo {
+
+/// What a screen reader is told of a drawn control, or of one part of it.
+struct AccessiblePart {
+    std::u16string name;
+    LONG role = ROLE_SYSTEM_CLIENT;
+    LONG state = 0;  ///< of the control itself focus, visibility and being disabled are added
+    std::u16string value;
+    std::u16string action;  ///< the verb for what activating it does; empty when it cannot be activated
+    Rect place;             ///< of a part, in pixels of the client area
+};
+
+/// A control that the program draws itself. It is numbered 0, its parts from 1.
+class AccessibleSource {
+  public:
+    virtual ~AccessibleSource() = default;
+    /// The name is the window's text when it is left empty.
+    [[nodiscard]] virtual AccessiblePart Describe(int part) const = 0;
+    [[nodiscard]] virtual int PartCount() const { return 0; }
+    /// The part that has the keyboard while the control has it; 0 for the control itself.
+    [[nodiscard]] virtual int FocusedPart() const { return 0; }
+    virtual void Activate(int /*part*/) {}
+};
+
+class AccessibleObject;
+
+/// Stands in the control, answers WM_GETOBJECT for it, and cuts the readers off when the control goes.
+class AccessibleLink {
+  public:
+    explicit AccessibleLink(AccessibleSource& source) : source_(source) {}
+    AccessibleLink(const AccessibleLink&) = delete;
+    AccessibleLink& operator=(const AccessibleLink&) = delete;
+    ~AccessibleLink();
+
+    /// The result for a WM_GETOBJECT.
+    [[nodiscard]] LRESULT Answer(HWND window, WPARAM wParam, LPARAM lParam);
+
+  private:
+    AccessibleSource& source_;
+    AccessibleObject* object_ = nullptr;  // a reference
+};
+
+}  // namespace quillo

@@ -1,0 +1,191 @@
+#include "platform/accessible.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "control_fixture.h"
+#include "controls/tessel_divider.h"
+#include "controls/tessel_mini_slider.h"
+#include "controls/tessel_tab.h"
+#include "platform/com_ptr.h"
+#include "platform/late_library.h"
+#include "platform/text_tools.h"
+#include "platform/wide.h"
+#include "util/numbers.h"
+
+namespace quillo {
+namespace {
+
+using windows_tests::ControlParent;
+
+/// What a screen reader gets to hold of a window.
+class Reader {
+  public:
+    explicit Reader(HWND window) {
+        LateFunction<decltype(AccessibleObjectFromWindow)> find(L"oleacc.dll", "AccessibleObjectFromWindow");
+        EXPECT_EQ(find.Get()(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, object_.PutVoid()), S_OK);
+    }
+    IAccessible* operator->() const { return object_.Get(); }
+
+    [[nodiscard]] std::u16string Name(LONG part = 0) const { return Text(&IAccessible::get_accName, part); }
+    [[nodiscard]] std::u16string Value(LONG part = 0) const { return Text(&IAccessible::get_accValue, part); }
+    [[nodiscard]] std::u16string Action(LONG part = 0) const { return Text(&IAccessible::get_accDefaultAction, part); }
+    [[nodiscard]] LONG Role(LONG part = 0) const { return Number(&IAccessible::get_accRole, part); }
+    [[nodiscard]] LONG State(LONG part = 0) const { return Number(&IAccessible::get_accState, part); }
+    [[nodiscard]] static VARIANT Part(LONG part) {
+        VARIANT variant{};
+        variant.vt = VT_I4;
+        variant.lVal = part;
+        return variant;
+    }
+    [[nodiscard]] LONG Go(LONG direction, LONG from) const {
+        VARIANT to{};
+        return object_->accNavigate(direction, Part(from), &to) == S_OK && to.vt == VT_I4 ? to.lVal : -1;
+    }
+
+  private:
+    using TextGetter = HRESULT STDMETHODCALLTYPE (IAccessible::*)(VARIANT, BSTR*);
+    using NumberGetter = HRESULT STDMETHODCALLTYPE (IAccessible::*)(VARIANT, VARIANT*);
+
+    [[nodiscard]] std::u16string Text(TextGetter getter, LONG part) const {
+        BSTR text = nullptr;
+        if ((object_.Get()->*getter)(Part(part), &text) != S_OK) return u"";
+        const std::u16string copy(FromWide(text));
+        LateFunction<decltype(SysFreeString)> release(L"oleaut32.dll", "SysFreeString");
+        release.Get()(text);
+        return copy;
+    }
+    [[nodiscard]] LONG Number(NumberGetter getter, LONG part) const {
+        VARIANT number{};
+        if ((object_.Get()->*getter)(Part(part), &number) != S_OK || number.vt != VT_I4) return -1;
+        return number.lVal;
+    }
+
+    ComPtr<IAccessible> object_;
+};
+
+class AccessibleTest : public testing::Test {
+  protected:
+    AccessibleTest() { SetForegroundWindow(parent_.Of()); }
+
+    ControlParent parent_;
+};
+
+TEST_F(AccessibleTest, ASliderHasItsNameItsRoleAndItsValue) {
+    TesselMiniSlider slider;
+    SliderProperties properties;
+    properties.value = 40;
+    ASSERT_TRUE(slider.Create(parent_.Of(), 7, L"Opacity", properties, Rect{10, 10, 102, 20}));
+    const Reader reader(slider.Handle());
+    EXPECT_EQ(reader.Name(), u"Opacity");
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_SLIDER);
+    EXPECT_EQ(reader.Value(), u"40");
+    slider.describeValue = [](std::int32_t value) { return FormatInteger(value) + u" percent"; };
+    slider.SetValue(50);
+    EXPECT_EQ(reader.Value(), u"50 percent");
+    EXPECT_EQ(reader.State(), STATE_SYSTEM_FOCUSABLE);
+    SetFocus(slider.Handle());
+    EXPECT_EQ(reader.State(), STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_FOCUSED);
+    slider.SetEnabled(false);
+    EXPECT_NE(reader.State() & STATE_SYSTEM_UNAVAILABLE, 0);
+    EXPECT_EQ(reader.Action(), u"");
+    EXPECT_EQ(reader->accDoDefaultAction(Reader::Part(0)), DISP_E_MEMBERNOTFOUND);
+}
+
+TEST_F(AccessibleTest, ADividerIsASeparatorOrItsCaption) {
+    TesselDivider divider;
+    ASSERT_TRUE(divider.Create(parent_.Of(), 7, u"", Rect{10, 10, 102, 20}));
+    const Reader reader(divider.Handle());
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_SEPARATOR);
+    divider.SetCaption(u"Sounds");
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_STATICTEXT);
+    EXPECT_EQ(reader.Name(), u"Sounds");
+    EXPECT_EQ(reader.State(), 0);
+}
+
+class AccessibleTabTest : public AccessibleTest {
+  protected:
+    AccessibleTabTest() {
+        EXPECT_TRUE(tab_->Create(parent_.Of(), 7, L"Pages of options", FreshTabProperties(), Rect{10, 10, 400, 40}));
+        tab_->SetCurrentTab(2);
+        tab_->onChange = [this](int tab) { changed_ = tab; };
+    }
+
+    std::unique_ptr<TesselTab> tab_ = std::make_unique<TesselTab>();
+    int changed_ = 0;
+};
+
+TEST_F(AccessibleTabTest, AStripIsAListOfItsTabs) {
+    const Reader reader(tab_->Handle());
+    EXPECT_EQ(reader.Name(), u"Pages of options");
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_PAGETABLIST);
+    LONG count = 0;
+    EXPECT_EQ(reader->get_accChildCount(&count), S_OK);
+    ASSERT_EQ(count, 3);
+    EXPECT_EQ(reader.Name(1), u"Tab 1");
+    EXPECT_EQ(reader.Name(3), u"Tab 3");
+    EXPECT_EQ(reader.Role(2), ROLE_SYSTEM_PAGETAB);
+    EXPECT_EQ(reader.State(1), STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_SELECTABLE);
+    EXPECT_EQ(reader.State(2), STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_SELECTABLE | STATE_SYSTEM_SELECTED);
+    EXPECT_EQ(reader.Action(1), u"Switch");
+    EXPECT_EQ(reader.Name(4), u"") << "there is no fourth";
+    EXPECT_EQ(reader.Role(-1), -1);
+    VARIANT selected{};
+    EXPECT_EQ(reader->get_accSelection(&selected), S_OK);
+    EXPECT_EQ(selected.lVal, 2);
+}
+
+TEST_F(AccessibleTabTest, TheFocusIsOnTheCurrentTab) {
+    SetFocus(tab_->Handle());
+    const Reader reader(tab_->Handle());
+    EXPECT_NE(reader.State(2) & STATE_SYSTEM_FOCUSED, 0);
+    EXPECT_EQ(reader.State(1) & STATE_SYSTEM_FOCUSED, 0);
+    VARIANT focused{};
+    EXPECT_EQ(reader->get_accFocus(&focused), S_OK);
+    EXPECT_EQ(focused.lVal, 2);
+}
+
+TEST_F(AccessibleTabTest, AReaderSwitchesTabs) {
+    const Reader reader(tab_->Handle());
+    EXPECT_EQ(reader->accDoDefaultAction(Reader::Part(3)), S_OK);
+    EXPECT_EQ(changed_, 3);
+    EXPECT_EQ(tab_->CurrentTab(), 3);
+    EXPECT_EQ(reader->accSelect(SELFLAG_TAKESELECTION, Reader::Part(1)), S_OK);
+    EXPECT_EQ(changed_, 1);
+}
+
+TEST_F(AccessibleTabTest, TabsAreFoundByPlaceAndByDirection) {
+    const Reader reader(tab_->Handle());
+    LONG left = 0;
+    LONG top = 0;
+    LONG width = 0;
+    LONG height = 0;
+    ASSERT_EQ(reader->accLocation(&left, &top, &width, &height, Reader::Part(2)), S_OK);
+    EXPECT_GT(width, 0);
+    VARIANT hit{};
+    EXPECT_EQ(reader->accHitTest(left + width / 2, top + height / 2, &hit), S_OK);
+    EXPECT_EQ(hit.lVal, 2);
+    EXPECT_EQ(reader->accHitTest(5, 5, &hit), S_FALSE);
+    EXPECT_EQ(reader.Go(NAVDIR_FIRSTCHILD, 0), 1);
+    EXPECT_EQ(reader.Go(NAVDIR_LASTCHILD, 0), 3);
+    EXPECT_EQ(reader.Go(NAVDIR_NEXT, 1), 2);
+    EXPECT_EQ(reader.Go(NAVDIR_PREVIOUS, 2), 1);
+    EXPECT_EQ(reader.Go(NAVDIR_NEXT, 3), -1);
+}
+
+TEST_F(AccessibleTabTest, AReaderMayOutliveTheStrip) {
+    const Reader reader(tab_->Handle());
+    tab_.reset();
+    EXPECT_EQ(reader.Name(), u"");
+    EXPECT_EQ(reader.Role(), -1);
+    LONG count = -1;
+    EXPECT_EQ(reader->get_accChildCount(&count), S_OK);
+    EXPECT_EQ(count, 0);
+    EXPECT_NE(reader->accDoDefaultAction(Reader::Part(1)), S_OK);
+}
+
+}  // namespace
+}  // namespace quillo
