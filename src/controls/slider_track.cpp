@@ -122,7 +122,7 @@ void SliderTrack::Repaint() const {
     if (onRepaint) onRepaint();
 }
 
-void SliderTrack::Paint(Canvas& canvas) const {
+void SliderTrack::Paint(Canvas& canvas, bool focused) const {
     const int outline = scale_.Px(kOutline);
     const Rect inside{outline, outline, size_.width - 2 * outline, size_.height - 2 * outline};
     const double perUnit = PixelsPerUnit();
@@ -134,6 +134,11 @@ void SliderTrack::Paint(Canvas& canvas) const {
         if (filled > 0) canvas.Fill(Rect{inside.left, inside.top, filled, inside.height}, ForeColor());
     }
     canvas.Box(Rect{0, 0, size_.width, size_.height}, outline, kBlack);
+    if (!focused) return;
+    // One of the two stands out from whatever the bar is filled with.
+    canvas.Box(inside, outline, kSystemWindow);
+    canvas.Box(Rect{2 * outline, 2 * outline, inside.width - 2 * outline, inside.height - 2 * outline}, outline,
+               kSystemWindowText);
 }
 
 }  // namespace quillo

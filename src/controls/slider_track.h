@@ -53,7 +53,8 @@ class SliderTrack {
     void MouseAt(int x);
     void Press(SliderKey key);
 
-    void Paint(Canvas& canvas) const;
+    /// With a ring inside the outline while the slider has the keyboard.
+    void Paint(Canvas& canvas, bool focused = false) const;
 
     /// A new value was picked. intended: Value() is still the old one in the handlers of a pick, so that a handler can
     /// tell from where to where the user went; the new one is the argument. A handler may end the slider.

@@ -11,7 +11,6 @@ namespace quillo {
 namespace {
 
 constexpr WPARAM kAnyButton = MK_LBUTTON | MK_RBUTTON | MK_MBUTTON | MK_XBUTTON1 | MK_XBUTTON2;
-constexpr int kFocusInset = 2;  // pixels at 96 dpi from the edge to the mark of the keyboard's focus
 
 std::optional<SliderKey> SliderKeyOf(WPARAM key) {
     switch (key) {
@@ -134,13 +133,7 @@ void TesselMiniSlider::OnPaint() {
     const Rect bar = ClientRect();
     const BufferedPaint buffer(paint.Dc(), ToWin32(bar));
     GdiCanvas canvas(buffer.Dc(), scale_);
-    track_.Paint(canvas);
-    if (GetFocus() != Handle()) return;
-    RECT mark = ToWin32(bar);
-    InflateRect(&mark, -scale_.Px(kFocusInset), -scale_.Px(kFocusInset));
-    SetTextColor(buffer.Dc(), RGB(0, 0, 0));  // the mark inverts what lies under it
-    SetBkColor(buffer.Dc(), RGB(255, 255, 255));
-    DrawFocusRect(buffer.Dc(), &mark);
+    track_.Paint(canvas, GetFocus() == Handle());
 }
 
 AccessiblePart TesselMiniSlider::Describe(int /*part*/) const {

@@ -250,7 +250,10 @@ void TesselTab::PaintFocus(HDC dc) const {
     InflateRect(&mark, -margin, -margin);
     SetTextColor(dc, RGB(0, 0, 0));  // the mark inverts what lies under it
     SetBkColor(dc, RGB(255, 255, 255));
-    DrawFocusRect(dc, &mark);
+    for (int line = 0; line < scale_.Px(1); ++line) {
+        DrawFocusRect(dc, &mark);
+        InflateRect(&mark, -1, -1);
+    }
 }
 
 }  // namespace quillo

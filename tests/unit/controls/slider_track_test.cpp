@@ -293,6 +293,18 @@ TEST_F(SliderTrackTest, PaintsThePartUpToTheValueAndTheRest) {
               (std::vector{FillOf(Rect{1, 1, 100, 18}, kSystemHighlight), OutlineOf(Rect{0, 0, 102, 20}, 1)}));
 }
 
+TEST_F(SliderTrackTest, TheKeyboardsFocusIsARingInsideTheOutline) {
+    slider_.SetValue(100);
+    RecordingCanvas canvas;
+    slider_.Paint(canvas, true);
+    ASSERT_EQ(canvas.Calls().size(), 4U);
+    EXPECT_EQ(canvas.Calls()[1], OutlineOf(Rect{0, 0, 102, 20}, 1));
+    EXPECT_EQ(canvas.Calls()[2].area, (Rect{1, 1, 100, 18}));
+    EXPECT_EQ(canvas.Calls()[2].color, kSystemWindow);
+    EXPECT_EQ(canvas.Calls()[3].area, (Rect{2, 2, 98, 16}));
+    EXPECT_EQ(canvas.Calls()[3].color, kSystemWindowText);
+}
+
 TEST_F(SliderTrackTest, WithoutARangeTheBarIsFull) {
     slider_.SetMin(150);
     EXPECT_EQ(Painted(),
