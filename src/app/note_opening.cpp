@@ -7,7 +7,6 @@
 #include "app/note_names.h"
 #include "app/notes_folder.h"
 #include "app/program.h"
-#include "app/shared_texts.h"
 #include "controls/swatch_palette.h"
 #include "notes/note_file.h"
 #include "notes/note_tags.h"
@@ -132,9 +131,7 @@ bool NoteOpening::IsNew(const NoteContent& content) {
 }
 
 void NoteOpening::FillNewNote(OpenNote& note) {
-    if (!program_.settings.timestampNewNotes) return;
-    note.SetText(TimeStampText(world_.clock.Now(), world_.locale));
-    note.MarkChanged();
+    if (program_.settings.timestampNewNotes) note.AddTimestamp();
 }
 
 /// A file of the notes folder becomes the note's storage copy, any other its own file. A file that the program named

@@ -18,17 +18,25 @@ constexpr DWORD kPatienceMilliseconds = 5000;
 }  // namespace
 
 QuilloProcs::QuilloProcs()
-    : program_(*this),
+    : resForm_([this] { BroadcastTimer(program_.openNotes); }),
+      program_(*this),
       names_(files_, shell_, program_.settings),
       store_(files_, locale_, shell_, names_),
       mail_(locale_),
       reminders_{program_.settings, program_.os, registry_, clock_, locale_, notice_, sound_, loop_},
-      noteWorld_{
-          program_.settings, program_.os, program_.notesFolder, store_, locale_, clock_, notice_, program_.openNotes,
-          printer_,          mail_},
+      noteWorld_{program_.settings,
+                 program_.os,
+                 program_.notesFolder,
+                 store_,
+                 locale_,
+                 clock_,
+                 notice_,
+                 program_.openNotes,
+                 printer_,
+                 mail_,
+                 registry_},
       legacy_(registry_, program_.openNotes, random_),
-      opening_(program_, noteWorld_, files_, shell_, random_, legacy_),
-      resForm_([this] { BroadcastTimer(program_.openNotes); }) {
+      opening_(program_, noteWorld_, files_, shell_, random_, legacy_) {
     loop_.RunAfterEach([this] { program_.openNotes.ReleaseRemoved(); });
     notifyWindow_.onCommand = [this](std::u16string_view text) { OnCommand(text); };
     notifyWindow_.onSessionEnding = [this] { OnSessionEnding(); };
@@ -82,8 +90,8 @@ void QuilloProcs::LoadNotifyWindow() {
 }
 
 std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note) {
-    const NoteFormTools tools{program_.settings, clock_,     locale_, random_,    shell_,
-                              buttonImages_,     noteFonts_, ole_,    reminders_, colorDialog_};
+    const NoteFormTools tools{program_.settings, clock_, locale_,    random_,      shell_,  buttonImages_,
+                              noteFonts_,        ole_,   reminders_, colorDialog_, resForm_};
     auto form = std::make_unique<NoteForm>(note, tools);
     Ignore(form->Create(), "a note without a window still keeps its file");
     return form;

@@ -78,6 +78,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     NoteButtonImages buttonImages_;
     NoteFonts noteFonts_;
     NoteColorForm colorDialog_{loop_};  // before the notes, which tell it that they go
+    ResForm resForm_;                   // before the notes, which close its menus
     Program program_;
     NoteNames names_;
     NoteStore store_;
@@ -87,7 +88,6 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     LegacyNotes legacy_;
     NoteOpening opening_;
     NotifyWindow notifyWindow_;
-    ResForm resForm_;
     std::vector<std::u16string> waitingCommands_;
 };
 

@@ -47,6 +47,11 @@ void NoteButton::SetEnabled(bool enabled) {
     Invalidate();
 }
 
+void NoteButton::HoldDown(bool down) {
+    heldDown_ = down;
+    Invalidate();
+}
+
 void NoteButton::SetTint(const ButtonTint& tint, const Scale& scale) {
     if (tint == tint_ && scale.Dpi() == scale_.Dpi()) return;
     tint_ = tint;
@@ -135,7 +140,8 @@ void NoteButton::OnPaint() {
     const PaintScope paint(Handle());
     const Rect face = ClientRect();
     const BufferedPaint buffer(paint.Dc(), ToWin32(face));
-    PaintFace(buffer.Dc(), face, enabled_ ? state_.Face() : ButtonFace::Normal);
+    const ButtonFace shown = heldDown_ ? ButtonFace::Pressed : enabled_ ? state_.Face() : ButtonFace::Normal;
+    PaintFace(buffer.Dc(), face, shown);
 }
 
 void NoteButton::EndHover() {

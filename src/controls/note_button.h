@@ -21,6 +21,8 @@ class NoteButton : public Window {
     [[nodiscard]] bool Enabled() const { return enabled_; }
     /// A disabled button does not react and shows its face at rest.
     void SetEnabled(bool enabled);
+    /// Looks pressed whatever the mouse does: while the menu that it opened stands.
+    void HoldDown(bool down);
     [[nodiscard]] bool MenuMode() const { return state_.MenuMode(); }
     void SetMenuMode(bool menuMode) { state_.SetMenuMode(menuMode); }
     /// Lets go of the capture that a button holds while the pointer rests on it; a press goes on.
@@ -54,6 +56,7 @@ class NoteButton : public Window {
     ButtonTint tint_;
     Scale scale_;
     bool enabled_ = true;
+    bool heldDown_ = false;
 };
 
 }  // namespace quillo

@@ -3,9 +3,13 @@
 #include <array>
 
 #include "notes/open_note.h"
+#include "util/text.h"
 
 namespace quillo {
 namespace {
+
+/// The context-menu key between the right Windows and Ctrl keys.
+constexpr int kContextMenuKey = 0x5D;
 
 /// Shift counts for W alone; with the other letters it does not matter.
 enum class ShiftRule { Any, Up, Down };
@@ -34,11 +38,53 @@ bool Matches(ShiftRule rule, bool shift) {
 }  // namespace
 
 NoteAction NoteKeyAction(int virtualKey, NoteKeyState held) {
+    if (virtualKey == kContextMenuKey) return NoteAction::OpenMenu;
     if (!held.control || held.rightAlt) return NoteAction::None;
     for (const Shortcut& shortcut : kShortcuts) {
         if (shortcut.letter == virtualKey && Matches(shortcut.shift, held.shift)) return shortcut.action;
     }
     return NoteAction::None;
+}
+
+std::vector<NoteMenuItem> ArrowMenuItems(const Note& note) {
+    return {
+        {u"Set reminder...", NoteAction::AskReminder},
+        {u"Add time and date", NoteAction::AddTimestamp},
+        {u"Large text", NoteAction::ToggleLargeText, note.LargeText},
+        {u"Change note color...", NoteAction::ChangeColor},
+        {u"Email note...", NoteAction::Mail},
+        {u"Save a copy of this note...", NoteAction::SaveCopy},
+        {u"Print note", NoteAction::Print},
+        {u"Hide note", NoteAction::Hide},
+        {u"Delete note", NoteAction::QueryDelete},
+        {u"Close note", NoteAction::Close},
+    };
+}
+
+std::vector<NoteMenuItem> IconMenuItems() {
+    return {
+        {u"Show this note", NoteAction::Show, false, true},
+        {u"Delete this note", NoteAction::QueryDelete},
+    };
+}
+
+NoteButtonTips DescribeNoteButtons(const Note& note, std::u16string_view text, const Settings& settings) {
+    NoteButtonTips tips;
+    tips.menu = u"Note menu (Shift+F10)";
+    tips.pushpin = note.Pinned ? u"No longer always on top (Ctrl+P)" : u"Always on top (Ctrl+P)";
+    if (!note.ReminderSet && Trim(text).empty()) {
+        tips.close = u"Close (Ctrl+W)";
+    } else if (settings.minimizeToTray) {
+        tips.close = u"Minimize to an icon (Ctrl+W)";
+    } else if (note.ReminderSet) {
+        tips.close = u"Hide until the reminder (Ctrl+W)";
+    } else {
+        tips.close = u"Save as a file and close (Ctrl+W)";
+    }
+    tips.close += settings.dontRecycleNotes || text.empty()
+                      ? u"\r\nRight click: delete for good (Ctrl+Shift+W)"
+                      : u"\r\nRight click: move to the Recycle Bin (Ctrl+Shift+W)";
+    return tips;
 }
 
 void Perform(NoteAction action, OpenNote& note) {
@@ -56,13 +102,13 @@ void Perform(NoteAction action, OpenNote& note) {
         case NoteAction::ChangeColor:
             return note.AskNoteColor();
         case NoteAction::SaveCopy:
-            return;
+            return note.SaveNoteAs();
         case NoteAction::Mail:
             return note.MailNote();
         case NoteAction::Print:
             return note.PrintNote();
         case NoteAction::Hide:
-            return note.HideByUser();
+            return note.HideWithHint();
         case NoteAction::QueryDelete:
             return note.QueryDeleteNote();
         case NoteAction::Close:

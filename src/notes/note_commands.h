@@ -1,8 +1,14 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 namespace quillo {
 
 class OpenNote;
+struct Note;
+struct Settings;
 
 /// Every command that a note takes, whether by a key, from one of its menus or by a button.
 enum class NoteAction {
@@ -35,6 +41,29 @@ struct NoteKeyState {
 
 /// The action of a key going down in a note; the character that would follow it is swallowed too.
 [[nodiscard]] NoteAction NoteKeyAction(int virtualKey, NoteKeyState held);
+
+/// One line of a menu.
+struct NoteMenuItem {
+    std::u16string_view caption;
+    NoteAction action = NoteAction::None;
+    bool checked = false;
+    bool bold = false;  ///< what a double click would do
+
+    friend bool operator==(const NoteMenuItem&, const NoteMenuItem&) = default;
+};
+
+/// The menu of a note's menu button, from top to bottom.
+[[nodiscard]] std::vector<NoteMenuItem> ArrowMenuItems(const Note& note);
+/// The menu of a note's own icon in the notification area.
+[[nodiscard]] std::vector<NoteMenuItem> IconMenuItems();
+
+/// The tool tips of a note's buttons: what each would do now, and the keys that do the same.
+struct NoteButtonTips {
+    std::u16string menu;
+    std::u16string pushpin;
+    std::u16string close;  ///< two lines, CR LF between them: its second action too
+};
+[[nodiscard]] NoteButtonTips DescribeNoteButtons(const Note& note, std::u16string_view text, const Settings& settings);
 
 /// Carries out an action on a note, which may be gone afterwards. What concerns the window alone (SelectAll, OpenMenu)
 /// is the window's.

@@ -3,8 +3,10 @@
 #include <cmath>
 
 #include "notes/note_color_form.h"
+#include "notes/res_form.h"
 #include "notes/screen_fit.h"
 #include "platform/dpi.h"
+#include "platform/file_dialogs.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
 #include "platform/monitors.h"
@@ -14,6 +16,10 @@
 #include "ports/locale_text.h"
 #include "ports/random.h"
 #include "resources/resource_ids.h"
+#include "util/flag_scope.h"
+
+// After windows.h.
+#include <commdlg.h>
 
 namespace quillo {
 namespace {
@@ -25,23 +31,8 @@ constexpr UINT kSaveMilliseconds = 2000;
 constexpr int kBalloonSeconds = 10;
 /// Timers come after painting: whatever this one starts, the note is on the screen before.
 constexpr UINT kSettleMilliseconds = 10;
-/// The text box's inner margins, at 96 dpi.
-constexpr int kTextMargin = 3;
 /// The smallest size that the user can give a note, at 96 dpi: the buttons side by side over one line of text.
 constexpr Size kSmallestNote{80, 56};
-
-/// A flag that stands for the length of a scope.
-class FlagScope {
-  public:
-    explicit FlagScope(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-    FlagScope(const FlagScope&) = delete;
-    FlagScope& operator=(const FlagScope&) = delete;
-    ~FlagScope() { flag_ = before_; }
-
-  private:
-    bool& flag_;
-    bool before_;
-};
 
 void MoveChild(HWND child, const Rect& place) {
     if (child == nullptr) return;
@@ -65,7 +56,7 @@ NoteForm::NoteForm(OpenNote& note, const NoteFormTools& tools)
     TrayProperties hiddenIcon;
     hiddenIcon.visible = false;
     trayIcon_.LoadProperties(hiddenIcon);
-    SetUpButtons();
+    SetUpParts();
 }
 
 NoteForm::~NoteForm() {
@@ -108,7 +99,7 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ACTIVATE:
             return OnActivate(LOWORD(wParam) != WA_INACTIVE), 0;
         case WM_SETFOCUS:
-            return SetFocus(messageBox_), 0;
+            return SetFocus(messageBox_.Handle()), 0;
         case WM_COMMAND:
             return OnCommand(LOWORD(wParam), HIWORD(wParam)), 0;
         case WM_CTLCOLOREDIT:
@@ -124,6 +115,11 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return OnPlaceChanged(*reinterpret_cast<const WINDOWPOS*>(lParam)), 0;
         case WM_DPICHANGED:
             return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
+        case WM_SETCURSOR:
+            OnSetCursor(reinterpret_cast<HWND>(wParam));
+            return Default(message, wParam, lParam);
+        case WM_NOTIFY:
+            return OnNotify(*reinterpret_cast<NMHDR*>(lParam)), 0;
         case WM_ERASEBKGND:
             return 1;  // painted whole, off the screen
         case WM_PAINT:
@@ -141,11 +137,11 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT NoteForm::OnCreate() {
     scale_ = WindowScale(Handle());
     AddDropShadow(Handle());
-    CreateTextBox(tools_.settings.showScrollBars);
+    if (!messageBox_.Create(Handle(), kMessageBoxId, Layout().messageBox, tools_.settings.showScrollBars)) return -1;
     layoutDue_ = false;
     ApplyFont();
     settleTimer_.Start(kSettleMilliseconds);
-    return messageBox_ != nullptr ? 0 : -1;
+    return 0;
 }
 
 void NoteForm::OnDestroy() {
@@ -155,53 +151,26 @@ void NoteForm::OnDestroy() {
     if (reminderAlert_) reminderAlert_->Unload();
     tools_.colorDialog.Forget(note_);
     ReleaseDropTarget();
-    // The object lives on: what is asked of it now must not reach a window that the system gave the same number.
-    messageBox_ = nullptr;
-}
-
-void NoteForm::CreateTextBox(bool scrollBar) {
-    scrollBar_ = scrollBar;
-    const DWORD bar = scrollBar ? WS_VSCROLL : 0;
-    const DWORD style = WS_CHILD | WS_VISIBLE | bar | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
-    const UINT_PTR id = kMessageBoxId;
-    // At its place from the start: a text box wraps its text anew for every new size.
-    const Rect place = Layout().messageBox;
-    messageBox_ = CreateWindowExW(0, L"EDIT", L"", style, place.left, place.top, place.width, place.height, Handle(),
-                                  reinterpret_cast<HMENU>(id), ThisModule(), nullptr);
-    SetWindowLongPtrW(messageBox_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    textBoxProcedure_ = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrW(messageBox_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&NoteForm::TextBoxProcedure)));
-    constexpr WPARAM kMostTheBoxHolds = 0;
-    SendMessageW(messageBox_, EM_SETLIMITTEXT, kMostTheBoxHolds, 0);
+    tools_.resForm.NoteClosing(note_.Data());
+    buttonTips_.Forget();
+    messageBox_.Forget();
 }
 
 void NoteForm::ChangeScrollBar(bool shown) {
-    if (shown == scrollBar_) return;
-    // A text box shows a hidden bar again as soon as its text or its size changes; one made without a bar never does.
-    const HWND old = messageBox_;
-    const std::u16string text = Text();
-    const bool focused = GetFocus() == old;
-    DWORD start = 0;
-    DWORD end = 0;
-    SendMessageW(old, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    if (shown == messageBox_.HasScrollBar()) return;
     ReleaseDropTarget();
-    CreateTextBox(shown);
-    if (messageBox_ == nullptr) {
-        messageBox_ = old;
-        scrollBar_ = !shown;
-        return;
-    }
+    if (!messageBox_.ChangeScrollBar(shown)) return;
     font_ = nullptr;  // the new one has none yet
     ApplyFont();
-    SetText(text);
-    SendMessageW(messageBox_, EM_SETSEL, start, static_cast<LPARAM>(end));
-    if (focused) SetFocus(messageBox_);
-    DestroyWindow(old);
 }
 
-void NoteForm::SetUpButtons() {
+void NoteForm::SetUpParts() {
+    messageBox_.onAction = [this](NoteAction action) { Perform(action); };
+    trayIcon_.onClick = [this] { note_.ShowFromIcon(); };
+    trayIcon_.onRightClick = [this] { OpenIconMenu(); };
     menuButton_.SetPicture(ButtonPicture::Menu);
     menuButton_.SetMenuMode(true);
+    menuButton_.onMouseDown = [this] { OpenMenu(); };
     pushpin_.SetPicture(ButtonPicture::Pushpin);
     pushpin_.onClick = [this] { note_.TogglePin(); };
     closeButton_.SetPicture(ButtonPicture::Close);
@@ -211,6 +180,7 @@ void NoteForm::SetUpButtons() {
 
 void NoteForm::Settle() {
     settleTimer_.Stop();
+    if (menuButton_.Handle() != nullptr) return;
     const NoteLayout layout = Layout();
     menuButton_.Create(Handle(), kMenuButtonId, L"Note menu", layout.menuButton);
     pushpin_.Create(Handle(), kPushpinId, L"Always on top", layout.pushpin);
@@ -219,17 +189,15 @@ void NoteForm::Settle() {
 }
 
 std::u16string NoteForm::Text() const {
-    const int length = GetWindowTextLengthW(messageBox_);
-    if (length <= 0) return {};
-    std::u16string text(static_cast<std::size_t>(length) + 1, u'\0');
-    const int copied = GetWindowTextW(messageBox_, WideBuffer(text), length + 1);
-    text.resize(static_cast<std::size_t>(copied));
-    return text;
+    return messageBox_.Text();
 }
 
 void NoteForm::SetText(std::u16string_view text) {
-    const FlagScope byProgram(settingText_);
-    SetWindowTextW(messageBox_, Wide(std::u16string(text)));
+    messageBox_.SetText(text);
+}
+
+void NoteForm::InsertInFront(std::u16string_view text) {
+    messageBox_.InsertInFront(text);
 }
 
 TwipsRect NoteForm::Rectangle() const {
@@ -291,7 +259,7 @@ void NoteForm::BringToFront(bool pinned) {
 
 void NoteForm::Activate() {
     SetForegroundWindow(Handle());
-    SetFocus(messageBox_);
+    SetFocus(messageBox_.Handle());
 }
 
 void NoteForm::ShowPinned(bool pinned) {
@@ -308,7 +276,6 @@ bool NoteForm::IsIconShowing() const {
 }
 
 void NoteForm::ShowIcon(std::u16string_view caption) {
-    trayIcon_.onClick = [this] { note_.ShowFromIcon(); };
     trayIcon_.SetIcon(
         static_cast<HICON>(LoadImageW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO), IMAGE_ICON,
                                       GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED)));
@@ -359,11 +326,7 @@ void NoteForm::ApplyFont() {
     HFONT font = tools_.fonts.Get(tools_.settings.noteFont, note_.Data().LargeText, scale_);
     if (font == font_) return;
     font_ = font;
-    SendMessageW(messageBox_, WM_SETFONT, reinterpret_cast<WPARAM>(font), IsVisible() ? TRUE : FALSE);
-    SetTextMargins(messageBox_, scale_.Px(kTextMargin));
-    // One tab stop, in units that follow the font. It holds as long as the font does, shown or hidden.
-    const UINT dialogUnits = 8;
-    SendMessageW(messageBox_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
+    messageBox_.SetFont(font, scale_);
 }
 
 void NoteForm::ApplyBarColors() {
@@ -379,6 +342,7 @@ void NoteForm::Repaint() {
 }
 
 void NoteForm::Close() {
+    if (Handle() != nullptr) CancelDialogsOf(Handle());
     Destroy();
 }
 
@@ -404,41 +368,51 @@ void NoteForm::OnActivate(bool active) {
     const Rect bar = Layout().dragBar;
     const RECT area = ToWin32(bar);
     InvalidateRect(Handle(), &area, FALSE);
-    if (active) SetFocus(messageBox_);
+    if (active) SetFocus(messageBox_.Handle());
 }
 
 void NoteForm::OnCommand(int id, int notification) {
-    if (id == kMessageBoxId && notification == EN_CHANGE && !settingText_) note_.MarkChanged();
-}
-
-LRESULT CALLBACK NoteForm::TextBoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    auto& self = *reinterpret_cast<NoteForm*>(GetWindowLongPtrW(box, GWLP_USERDATA));
-    constexpr LPARAM kWasDown = 1 << 30;
-    try {
-        if (message == WM_KEYDOWN && self.OnTextBoxKey(static_cast<int>(wParam), (lParam & kWasDown) != 0)) return 0;
-    } catch (...) {
-        return 0;  // the system could not unwind it; the shortcut is given up
-    }
-    if (message == WM_CHAR && self.keySwallowed_) return 0;
-    return CallWindowProcW(self.textBoxProcedure_, box, message, wParam, lParam);
-}
-
-bool NoteForm::OnTextBoxKey(int virtualKey, bool repeated) {
-    const auto isDown = [](int key) { return GetKeyState(key) < 0; };
-    const NoteKeyState held{isDown(VK_CONTROL), isDown(VK_SHIFT), isDown(VK_RMENU)};
-    const NoteAction action = NoteKeyAction(virtualKey, held);
-    keySwallowed_ = action != NoteAction::None;
-    // A key held down acts once: Ctrl+W would go on to close one note after the other.
-    if (keySwallowed_ && !repeated) Perform(action);
-    return keySwallowed_;
+    if (id == kMessageBoxId && notification == EN_CHANGE && !messageBox_.IsChangingByProgram()) note_.MarkChanged();
 }
 
 void NoteForm::Perform(NoteAction action) {
-    if (action == NoteAction::SelectAll) {
-        SendMessageW(messageBox_, EM_SETSEL, 0, -1);
-    } else {
-        quillo::Perform(action, note_);
+    switch (action) {
+        case NoteAction::SelectAll:
+            return messageBox_.SelectAll();
+        case NoteAction::OpenMenu:
+            return OpenMenu();
+        default:
+            return quillo::Perform(action, note_);
     }
+}
+
+void NoteForm::OpenMenu() {
+    Settle();  // a key may come before the buttons have windows
+    RECT button{};
+    GetWindowRect(menuButton_.Handle(), &button);
+    menuButton_.HoldDown(true);
+    const NoteAction chosen = tools_.resForm.ShowArrowMenu(note_.Data(), Handle(), FromWin32(button));
+    if (Handle() == nullptr) return;  // the note has gone while its menu was open
+    menuButton_.HoldDown(false);
+    // A press on the button closes the menu; it must not open the next one.
+    MSG press{};
+    PeekMessageW(&press, menuButton_.Handle(), WM_LBUTTONDOWN, WM_LBUTTONDOWN, PM_REMOVE);
+    Perform(chosen);
+}
+
+void NoteForm::OpenIconMenu() {
+    const NoteAction chosen = tools_.resForm.ShowIconMenu(note_.Data(), Handle());
+    if (Handle() != nullptr) Perform(chosen);
+}
+
+std::u16string NoteForm::AskCopyPath() {
+    FileDialogPlan plan;
+    plan.title = u"Save sticky note...";
+    plan.filter = u"Sticky notes|*.qln|All files|*.*";
+    plan.defaultExtension = u"qln";
+    // Intended: the last flag says nothing to a dialog that saves, and is kept.
+    plan.flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST;
+    return BrowseForFileToSave(Handle(), plan);
 }
 
 HBRUSH NoteForm::OnColorTextBox(HDC dc) {
@@ -450,6 +424,14 @@ HBRUSH NoteForm::OnColorTextBox(HDC dc) {
 void NoteForm::OnDragBarPressed(Point at) {
     if (!Layout().dragBar.Contains(at)) return;
     POINT screen{at.x, at.y};
+    Settle();
+    const HWND button = ChildWindowFromPoint(Handle(), screen);
+    if (button != nullptr && button != Handle()) {
+        // Pressed when it was only drawn yet.
+        MapWindowPoints(Handle(), button, &screen, 1);
+        SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(screen.x, screen.y));
+        return;
+    }
     ClientToScreen(Handle(), &screen);
     ReleaseCapture();
     SendMessageW(Handle(), WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(screen.x, screen.y));
@@ -466,6 +448,7 @@ void NoteForm::OnPlaceChanged(const WINDOWPOS& place) {
 
 void NoteForm::OnDpiChanged(int dpi, const RECT& suggested) {
     scale_ = Scale(dpi);
+    buttonTips_.Destroy();
     if (!placing_) Place(FromWin32(suggested), 0);
     ApplyFont();
     ApplyBarColors();
@@ -477,6 +460,21 @@ void NoteForm::OnSystemChanged() {
     background_.Reset(CreateSolidBrush(ToColorRef(noteColor_)));
     ApplyBarColors();
     Repaint();
+}
+
+void NoteForm::OnSetCursor(HWND child) {
+    if (buttonTips_.IsCreated() || child == Handle() || child == messageBox_.Handle()) return;
+    if (!buttonTips_.Create(Handle(), scale_)) return;
+    for (const NoteButton* button : {&menuButton_, &pushpin_, &closeButton_}) buttonTips_.Add(button->Handle());
+}
+
+void NoteForm::OnNotify(NMHDR& notification) {
+    if (notification.code != TTN_GETDISPINFOW) return;
+    const NoteButtonTips tips = DescribeNoteButtons(note_.Data(), Text(), tools_.settings);
+    const auto button = reinterpret_cast<HWND>(notification.idFrom);
+    buttonTips_.Answer(reinterpret_cast<NMTTDISPINFOW&>(notification), button == menuButton_.Handle() ? tips.menu
+                                                                       : button == pushpin_.Handle()  ? tips.pushpin
+                                                                                                      : tips.close);
 }
 
 NoteLayout NoteForm::Layout() const {
@@ -495,7 +493,7 @@ void NoteForm::LayOutNow() {
     MoveChild(menuButton_.Handle(), layout.menuButton);
     MoveChild(pushpin_.Handle(), layout.pushpin);
     MoveChild(closeButton_.Handle(), layout.closeButton);
-    MoveChild(messageBox_, layout.messageBox);
+    MoveChild(messageBox_.Handle(), layout.messageBox);
     InvalidateRect(Handle(), nullptr, FALSE);
 }
 
@@ -525,11 +523,7 @@ void NoteForm::SaveSoon() {
 }
 
 void NoteForm::InsertDropped(std::u16string_view text) {
-    // Nothing is replaced: the selection shrinks to its start before the text comes in.
-    DWORD start = 0;
-    SendMessageW(messageBox_, EM_GETSEL, reinterpret_cast<WPARAM>(&start), 0);
-    SendMessageW(messageBox_, EM_SETSEL, start, static_cast<LPARAM>(start));
-    SendMessageW(messageBox_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(std::u16string(text))));
+    messageBox_.InsertAtCaret(text);
     note_.MarkChanged();
 }
 
@@ -538,14 +532,14 @@ void NoteForm::UpdateDropTarget() {
     if (wanted == (dropTarget_ != nullptr) || Handle() == nullptr) return;
     if (!wanted) return ReleaseDropTarget();
     if (!tools_.ole.Start()) return;
-    dropTarget_ = new NoteDropTarget(messageBox_, tools_.locale, tools_.shell,
+    dropTarget_ = new NoteDropTarget(messageBox_.Handle(), tools_.locale, tools_.shell,
                                      [this](std::u16string_view text) { InsertDropped(text); });
-    RegisterDragDrop(messageBox_, dropTarget_);
+    RegisterDragDrop(messageBox_.Handle(), dropTarget_);
 }
 
 void NoteForm::ReleaseDropTarget() {
     if (dropTarget_ == nullptr) return;
-    RevokeDragDrop(messageBox_);
+    RevokeDragDrop(messageBox_.Handle());
     dropTarget_->Disconnect();
     dropTarget_->Release();
     dropTarget_ = nullptr;

@@ -8,8 +8,10 @@
 #include "notes/note_drop_target.h"
 #include "notes/note_face.h"
 #include "notes/note_fonts.h"
+#include "notes/note_text_box.h"
 #include "notes/note_view.h"
 #include "notes/open_note.h"
+#include "platform/tool_tips.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
 #include "reminders/reminder_form.h"
@@ -20,6 +22,7 @@ namespace quillo {
 
 class NoteColorForm;
 class Random;
+class ResForm;
 
 /// What every note's window works with.
 struct NoteFormTools {
@@ -33,6 +36,7 @@ struct NoteFormTools {
     OleSession& ole;
     ReminderTools& reminders;
     NoteColorForm& colorDialog;
+    ResForm& resForm;
 };
 
 /// A note's window: a bordered, coloured face with a strip to drag it by, three buttons and a text box.
@@ -47,6 +51,7 @@ class NoteForm : public Window, public NoteView {
     // NoteView
     [[nodiscard]] std::u16string Text() const override;
     void SetText(std::u16string_view text) override;
+    void InsertInFront(std::u16string_view text) override;
     [[nodiscard]] TwipsRect Rectangle() const override;
     void MoveTo(const TwipsRect& rectangle) override;
     void MoveOntoScreen() override;
@@ -65,6 +70,7 @@ class NoteForm : public Window, public NoteView {
     void BringReminderDialogForward() override;
     [[nodiscard]] bool OpenReminderAlert(std::u16string_view text) override;
     [[nodiscard]] bool OpenColorDialog(bool own, const ColorScheme& colors) override;
+    [[nodiscard]] std::u16string AskCopyPath() override;
     void ApplyAppearance(const Note& note, const Settings& settings) override;
     void Repaint() override;
     void SaveSoon() override;
@@ -79,8 +85,6 @@ class NoteForm : public Window, public NoteView {
     LRESULT OnNcHitTest(UINT message, WPARAM wParam, LPARAM lParam);
     void OnActivate(bool active);
     void OnCommand(int id, int notification);
-    /// A key goes down in the text box; true when it is a shortcut, which the text box never sees.
-    bool OnTextBoxKey(int virtualKey, bool repeated);
     void Perform(NoteAction action);
     HBRUSH OnColorTextBox(HDC dc);
     void OnDpiChanged(int dpi, const RECT& suggested);
@@ -89,13 +93,16 @@ class NoteForm : public Window, public NoteView {
     void OnPaint();
     void OnPlaceChanged(const WINDOWPOS& place);
     void OnSystemChanged();
+    /// The pointer moves over a child, which does not know it yet.
+    void OnSetCursor(HWND child);
+    void OnNotify(NMHDR& notification);
 
-    void SetUpButtons();
+    void OpenMenu();
+    void OpenIconMenu();
+    void SetUpParts();
     /// What the notes of a start must not wait for: the buttons' windows (until then the note draws them at rest) and
     /// the drop target.
     void Settle();
-    void CreateTextBox(bool scrollBar);
-    static LRESULT CALLBACK TextBoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     void ChangeScrollBar(bool shown);
     [[nodiscard]] NoteLayout Layout() const;
     /// Puts the parts in their places; while the note is hidden only notes down that it is to be done.
@@ -111,12 +118,12 @@ class NoteForm : public Window, public NoteView {
     OpenNote& note_;
     NoteFormTools tools_;
     Scale scale_;
-    HWND messageBox_ = nullptr;
-    WNDPROC textBoxProcedure_ = nullptr;  ///< the system's own
+    NoteTextBox messageBox_;
     NoteButton closeButton_;
     NoteButton pushpin_;
     NoteButton menuButton_;
     TesselTrayLite trayIcon_;
+    ToolTips buttonTips_;
     HFONT font_ = nullptr;  ///< borrowed from the shared fonts
     BrushHandle background_;
     DragBarPaint bar_;
@@ -129,11 +136,8 @@ class NoteForm : public Window, public NoteView {
     std::unique_ptr<SetReminderForm> reminderDialog_;  ///< without a window once it was closed
     std::unique_ptr<ReminderForm> reminderAlert_;
     bool active_ = false;
-    bool layoutDue_ = true;      ///< the parts stand where an earlier size had them
-    bool scrollBar_ = false;     ///< the text box was made with one
-    bool settingText_ = false;   ///< the text box changes by the program's hand
-    bool placing_ = false;       ///< the window moves by the program's hand
-    bool keySwallowed_ = false;  ///< the character of the last key is not for the text box
+    bool layoutDue_ = true;  ///< the parts stand where an earlier size had them
+    bool placing_ = false;   ///< the window moves by the program's hand
 };
 
 }  // namespace quillo

@@ -20,6 +20,8 @@ class NoteView {
     [[nodiscard]] virtual std::u16string Text() const = 0;
     /// Replaces the whole text; does not count as the user's edit.
     virtual void SetText(std::u16string_view text) = 0;
+    /// Puts a text before all others, the caret where it was in these; does not count as the user's edit.
+    virtual void InsertInFront(std::u16string_view text) = 0;
 
     /// The window's rectangle in whole twips: the place at the system's dpi, the size at the window's own.
     [[nodiscard]] virtual TwipsRect Rectangle() const = 0;
@@ -56,6 +58,8 @@ class NoteView {
 
     /// Fills and shows the program's one colour dialog for this note. False on failure.
     [[nodiscard]] virtual bool OpenColorDialog(bool own, const ColorScheme& colors) = 0;
+    /// Asks where a copy of the note is to go: a full path, or "" when the user cancelled. The note may be gone then.
+    [[nodiscard]] virtual std::u16string AskCopyPath() = 0;
 
     /// Applies colours, drop target, font (with LargeText) and scroll bar, and repaints.
     virtual void ApplyAppearance(const Note& note, const Settings& settings) = 0;

@@ -5,6 +5,7 @@
 
 #include "app/os_facts.h"
 #include "app/shared_texts.h"
+#include "notes/hide_hint.h"
 #include "notes/note_mail.h"
 #include "notes/note_print.h"
 #include "notes/note_tags.h"
@@ -134,6 +135,13 @@ void OpenNote::SetStoragePath(std::u16string path) {
     note_.StoragePath = std::move(path);
 }
 
+void OpenNote::SaveNoteAs() {
+    SaveTarget target;
+    target.fileName = view_->AskCopyPath();
+    target.overwrite = true;
+    if (!target.fileName.empty() && IsOpen()) SaveNote(target);
+}
+
 void OpenNote::MarkChanged() {
     note_.Changed = true;
     view_->SaveSoon();
@@ -195,7 +203,7 @@ void OpenNote::SetLargeText(bool large) {
 }
 
 void OpenNote::AddTimestamp() {
-    view_->SetText(TimeStampText(world_.clock.Now(), world_.locale) + view_->Text());
+    view_->InsertInFront(TimeStampText(world_.clock.Now(), world_.locale));
     MarkChanged();
 }
 
@@ -242,6 +250,12 @@ void OpenNote::HideNote() {
 void OpenNote::HideByUser() {
     HideNote();
     MarkChanged();
+}
+
+void OpenNote::HideWithHint() {
+    HideByUser();
+    ShowHideHintOnce(world_.registry, world_.settings, world_.os, world_.notice);
+    world_.notice.Play(SystemSound::RestoreDown);
 }
 
 void OpenNote::MinimizeToTray() {

@@ -16,6 +16,7 @@ class Clock;
 class LocaleText;
 class MailSystem;
 class Printer;
+class RegistryApi;
 class UserNotice;
 struct OsFacts;
 
@@ -41,6 +42,7 @@ struct NoteWorld {
     NoteOwner& owner;
     Printer& printer;
     MailSystem& mail;
+    RegistryApi& registry;
 };
 
 /// One open note: its data and every operation on it. The window is reached through NoteView.
@@ -81,6 +83,8 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     /// The note was opened from this file of the notes folder, which becomes its storage copy.
     void SetStoragePath(std::u16string path);
 
+    /// Asks for a file and writes a copy of the note to it; the note's own files stay as they are.
+    void SaveNoteAs();
     /// The note differs from its storage copy, which it writes anew soon.
     void MarkChanged();
     /// Writes the storage copy when the note is changed, or when its last change could not be written. True when the
@@ -115,6 +119,8 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     // Leaving the screen.
     void HideNote();
     void HideByUser() override;
+    /// The menu's command: says, the first time, how to see the note again.
+    void HideWithHint();
     /// Shows the note's own icon; the window stays as it is.
     void MinimizeToTray();
     /// To its own icon and out of sight.

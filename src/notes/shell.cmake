@@ -4,5 +4,6 @@ target_sources(quillo_shell PRIVATE
   notes/note_drop_target.cpp
   notes/note_fonts.cpp
   notes/note_form.cpp
+  notes/note_text_box.cpp
   notes/res_form.cpp
 )

@@ -10,6 +10,7 @@ target_sources(quillo_shell PRIVATE
   platform/monitors.cpp
   platform/single_instance.cpp
   platform/text_tools.cpp
+  platform/tool_tips.cpp
   platform/ui_timer.cpp
   platform/win_clock.cpp
   platform/win_file_store.cpp

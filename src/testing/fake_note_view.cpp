@@ -12,6 +12,11 @@ void FakeNoteView::SetText(std::u16string_view text) {
     text_ = text;
 }
 
+void FakeNoteView::InsertInFront(std::u16string_view text) {
+    Record("InsertInFront");
+    text_.insert(0, text);
+}
+
 void FakeNoteView::MoveTo(const TwipsRect& rectangle) {
     Record("MoveTo");
     rectangle_ = rectangle;
@@ -97,6 +102,12 @@ bool FakeNoteView::OpenColorDialog(bool own, const ColorScheme& colors) {
     dialogOwnColors_ = own;
     dialogColors_ = colors;
     return !refuseColorDialog;
+}
+
+std::u16string FakeNoteView::AskCopyPath() {
+    Record("AskCopyPath");
+    if (whileCopyPathAsked) whileCopyPathAsked();
+    return copyPath;
 }
 
 void FakeNoteView::ApplyAppearance(const Note& note, const Settings& /*settings*/) {

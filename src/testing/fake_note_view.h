@@ -15,6 +15,7 @@ class FakeNoteView : public NoteView {
   public:
     [[nodiscard]] std::u16string Text() const override { return text_; }
     void SetText(std::u16string_view text) override;
+    void InsertInFront(std::u16string_view text) override;
     [[nodiscard]] TwipsRect Rectangle() const override { return rectangle_; }
     void MoveTo(const TwipsRect& rectangle) override;
     void MoveOntoScreen() override;
@@ -33,6 +34,7 @@ class FakeNoteView : public NoteView {
     void BringReminderDialogForward() override;
     [[nodiscard]] bool OpenReminderAlert(std::u16string_view text) override;
     [[nodiscard]] bool OpenColorDialog(bool own, const ColorScheme& colors) override;
+    [[nodiscard]] std::u16string AskCopyPath() override;
     void ApplyAppearance(const Note& note, const Settings& settings) override;
     void Repaint() override;
     void SaveSoon() override { ++savesAsked_; }
@@ -59,7 +61,9 @@ class FakeNoteView : public NoteView {
 
     bool refuseReminderWindows = false;  ///< the system has no room for another window
     bool refuseColorDialog = false;
-    std::function<void()> whileAlertOpens;  ///< the messages that run then
+    std::function<void()> whileAlertOpens;     ///< the messages that run then
+    std::u16string copyPath;                   ///< what the user answers when asked for a file
+    std::function<void()> whileCopyPathAsked;  ///< the messages that run then
     /// The note as its appearance was last applied.
     [[nodiscard]] const Note& Applied() const { return applied_; }
 

@@ -11,6 +11,7 @@
 #include "notes/note_form.h"
 #include "notes/note_store.h"
 #include "notes/open_note.h"
+#include "notes/res_form.h"
 #include "platform/message_loop.h"
 #include "platform/win_file_store.h"
 #include "platform/win_locale_text.h"
@@ -38,10 +39,11 @@ class NoteWorldForTests : public NoteOwner {
     [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return removed != noteKey; }
 
     [[nodiscard]] NoteWorld World() {
-        return NoteWorld{settings, os, folder.Path(), store, locale, clock, notice, *this, printer, mail};
+        return NoteWorld{settings, os, folder.Path(), store, locale, clock, notice, *this, printer, mail, registry};
     }
     [[nodiscard]] NoteFormTools Tools() {
-        return NoteFormTools{settings, clock, locale, random, shell, images, fonts, ole, reminders, colorDialog};
+        return NoteFormTools{settings, clock, locale,    random,      shell,  images,
+                             fonts,    ole,   reminders, colorDialog, resForm};
     }
 
     TempFolder folder;
@@ -65,6 +67,7 @@ class NoteWorldForTests : public NoteOwner {
     MessageLoop loop;
     ReminderTools reminders{settings, os, registry, clock, locale, notice, sound, loop};
     NoteColorForm colorDialog{loop};
+    ResForm resForm{[] {}};
     std::u16string removed;
 };
 

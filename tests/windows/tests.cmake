@@ -13,6 +13,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/note_fixture.cpp
   windows/note_form_test.cpp
   windows/note_handles_test.cpp
+  windows/note_menu_test.cpp
   windows/note_reminder_test.cpp
   windows/notify_window_test.cpp
   windows/registry_test.cpp

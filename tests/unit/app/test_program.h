@@ -78,8 +78,17 @@ class TestProgram {
     Program program{views};
     NoteNames names{files, shell, program.settings};
     NoteStore store{files, locale, shell, names};
-    NoteWorld world{program.settings, program.os, program.notesFolder, store, locale, clock, notice, program.openNotes,
-                    printer,          mail};
+    NoteWorld world{program.settings,
+                    program.os,
+                    program.notesFolder,
+                    store,
+                    locale,
+                    clock,
+                    notice,
+                    program.openNotes,
+                    printer,
+                    mail,
+                    registry};
     LegacyNotes legacy{registry, program.openNotes, random};
     NoteOpening opening{program, world, files, shell, random, legacy};
 

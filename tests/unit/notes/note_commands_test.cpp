@@ -1,12 +1,16 @@
 #include "notes/note_commands.h"
 
-#include <gtest/gtest.h>
+#include <algorithm>
+#include <utility>
+
+#include "open_note_fixture.h"
 
 namespace quillo {
 namespace {
 
 constexpr NoteKeyState kControl{true, false, false};
 constexpr NoteKeyState kControlShift{true, true, false};
+constexpr int kContextMenuKey = 0x5D;
 
 TEST(NoteCommands, EveryShortcutHasItsAction) {
     EXPECT_EQ(NoteKeyAction('A', kControl), NoteAction::SelectAll);
@@ -27,6 +31,7 @@ TEST(NoteCommands, ShiftMattersForWAlone) {
 
 TEST(NoteCommands, WithoutControlEveryKeyIsTyped) {
     for (int key = 0; key < 256; ++key) {
+        if (key == kContextMenuKey) continue;
         EXPECT_EQ(NoteKeyAction(key, {}), NoteAction::None) << key;
         EXPECT_EQ(NoteKeyAction(key, {false, true, false}), NoteAction::None) << key;
     }
@@ -34,6 +39,7 @@ TEST(NoteCommands, WithoutControlEveryKeyIsTyped) {
 
 TEST(NoteCommands, TheRightAltKeyMakesACharacter) {
     for (int key = 0; key < 256; ++key) {
+        if (key == kContextMenuKey) continue;
         EXPECT_EQ(NoteKeyAction(key, {true, false, true}), NoteAction::None) << key;
         EXPECT_EQ(NoteKeyAction(key, {true, true, true}), NoteAction::None) << key;
     }
@@ -45,6 +51,150 @@ TEST(NoteCommands, TheEditingKeysStayWithTheTextBox) {
         EXPECT_EQ(NoteKeyAction(key, kControl), NoteAction::None) << key;
         EXPECT_EQ(NoteKeyAction(key, kControlShift), NoteAction::None) << key;
     }
+}
+
+TEST(NoteCommands, TheContextMenuKeyOpensTheMenuWhateverIsHeld) {
+    for (int bits = 0; bits < 8; ++bits) {
+        const NoteKeyState held{(bits & 1) != 0, (bits & 2) != 0, (bits & 4) != 0};
+        EXPECT_EQ(NoteKeyAction(kContextMenuKey, held), NoteAction::OpenMenu) << bits;
+    }
+}
+
+TEST(NoteCommands, TheNotesMenu) {
+    Note note;
+    const std::vector<NoteMenuItem> expected = {
+        {u"Set reminder...", NoteAction::AskReminder},
+        {u"Add time and date", NoteAction::AddTimestamp},
+        {u"Large text", NoteAction::ToggleLargeText},
+        {u"Change note color...", NoteAction::ChangeColor},
+        {u"Email note...", NoteAction::Mail},
+        {u"Save a copy of this note...", NoteAction::SaveCopy},
+        {u"Print note", NoteAction::Print},
+        {u"Hide note", NoteAction::Hide},
+        {u"Delete note", NoteAction::QueryDelete},
+        {u"Close note", NoteAction::Close},
+    };
+    EXPECT_EQ(ArrowMenuItems(note), expected);
+}
+
+TEST(NoteCommands, LargeTextIsCheckedWhileItIsOn) {
+    Note note;
+    note.LargeText = true;
+    for (const NoteMenuItem& item : ArrowMenuItems(note)) {
+        EXPECT_EQ(item.checked, item.action == NoteAction::ToggleLargeText);
+        EXPECT_FALSE(item.bold);
+    }
+}
+
+TEST(NoteCommands, TheIconsMenuHasItsFirstItemBold) {
+    const std::vector<NoteMenuItem> expected = {
+        {u"Show this note", NoteAction::Show, false, true},
+        {u"Delete this note", NoteAction::QueryDelete},
+    };
+    EXPECT_EQ(IconMenuItems(), expected);
+}
+
+TEST(NoteCommands, TheTipsOfTheMenuButtonAndThePin) {
+    Note note;
+    EXPECT_EQ(DescribeNoteButtons(note, u"Milk", {}).menu, u"Note menu (Shift+F10)");
+    EXPECT_EQ(DescribeNoteButtons(note, u"Milk", {}).pushpin, u"Always on top (Ctrl+P)");
+    note.Pinned = true;
+    EXPECT_EQ(DescribeNoteButtons(note, u"Milk", {}).pushpin, u"No longer always on top (Ctrl+P)");
+}
+
+TEST(NoteCommands, TheTipOfTheCloseButtonTellsWhatItWouldDo) {
+    const std::u16string recycle = u"\r\nRight click: move to the Recycle Bin (Ctrl+Shift+W)";
+    const std::u16string forGood = u"\r\nRight click: delete for good (Ctrl+Shift+W)";
+    const struct {
+        std::u16string text;
+        bool reminder;
+        bool minimize;
+        bool dontRecycle;
+        std::u16string tip;
+    } cases[] = {
+        {u"Milk", false, false, false, u"Save as a file and close (Ctrl+W)" + recycle},
+        {u"Milk", false, false, true, u"Save as a file and close (Ctrl+W)" + forGood},
+        {u"Milk", true, false, false, u"Hide until the reminder (Ctrl+W)" + recycle},
+        {u"Milk", true, true, false, u"Minimize to an icon (Ctrl+W)" + recycle},
+        {u"Milk", false, true, false, u"Minimize to an icon (Ctrl+W)" + recycle},
+        {u"", false, false, false, u"Close (Ctrl+W)" + forGood},
+        {u"", false, true, false, u"Close (Ctrl+W)" + forGood},
+        {u"   ", false, true, false, u"Close (Ctrl+W)" + recycle},
+        {u"", true, false, false, u"Hide until the reminder (Ctrl+W)" + forGood},
+    };
+    for (const auto& c : cases) {
+        Note note;
+        note.ReminderSet = c.reminder;
+        Settings settings;
+        settings.minimizeToTray = c.minimize;
+        settings.dontRecycleNotes = c.dontRecycle;
+        EXPECT_EQ(DescribeNoteButtons(note, c.text, settings).close, c.tip);
+    }
+}
+
+/// Actions carried out on an open note.
+class Performing : public OpenNoteTest {
+  protected:
+    [[nodiscard]] bool Did(const std::string& call) {
+        const Calls calls = view_.TakeCalls();
+        return std::find(calls.begin(), calls.end(), call) != calls.end();
+    }
+};
+
+TEST_F(Performing, EveryActionReachesItsOperation) {
+    const std::vector<std::pair<NoteAction, std::string>> cases = {
+        {NoteAction::AskReminder, "OpenReminderDialog"},
+        {NoteAction::AddTimestamp, "InsertInFront"},
+        {NoteAction::ToggleLargeText, "ApplyAppearance"},
+        {NoteAction::SaveCopy, "AskCopyPath"},
+        {NoteAction::Hide, "Hide"},
+        {NoteAction::Minimize, "ShowIcon"},
+        {NoteAction::TogglePin, "ShowPinned in"},
+        {NoteAction::Show, "BringToFront"},
+        {NoteAction::ClickClose, "Close"},
+    };
+    for (const auto& [action, call] : cases) {
+        ShowStored(u"Milk");
+        Perform(action, note_);
+        EXPECT_TRUE(Did(call)) << call;
+        if (action == NoteAction::TogglePin) note_.TogglePin();
+    }
+}
+
+TEST_F(Performing, WhatIsTheWindowsLeavesTheNoteAlone) {
+    ShowStored(u"Milk");
+    for (const NoteAction action : {NoteAction::None, NoteAction::SelectAll, NoteAction::OpenMenu}) {
+        Perform(action, note_);
+        EXPECT_EQ(view_.TakeCalls(), Calls{});
+    }
+}
+
+TEST_F(Performing, ClosingFromTheMenuClosesAlsoWithAReminderSet) {
+    ShowStored(u"Milk");
+    note_.SetReminder(DaySerial{45123.75});
+    Perform(NoteAction::Close, note_);
+    EXPECT_TRUE(IsDestroyed());
+    EXPECT_EQ(SavedFiles().size(), 1U);
+}
+
+TEST_F(Performing, ClosingFromTheMenuMinimisesWhenThatIsOn) {
+    settings_.minimizeToTray = true;
+    ShowStored(u"Milk");
+    Perform(NoteAction::Close, note_);
+    EXPECT_TRUE(view_.IsIconShowing());
+    EXPECT_FALSE(IsDestroyed());
+}
+
+TEST_F(Performing, TheTwoDeletionsDifferInTheirQuestion) {
+    settings_.dontRecycleNotes = true;
+    notice_.answer = false;
+    ShowStored(u"Milk");
+    Perform(NoteAction::QueryDelete, note_);
+    EXPECT_EQ(notice_.questions.size(), 1U);
+    EXPECT_FALSE(IsDestroyed());
+    Perform(NoteAction::QuickDelete, note_);
+    EXPECT_EQ(notice_.questions.size(), 1U);
+    EXPECT_TRUE(IsDestroyed());
 }
 
 }  // namespace

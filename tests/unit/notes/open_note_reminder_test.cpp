@@ -1,52 +1,22 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <functional>
-#include <set>
-#include <string>
 #include <utility>
-#include <vector>
 
-#include "app/note_names.h"
-#include "app/os_facts.h"
-#include "notes/open_note.h"
-#include "testing/fake_clock.h"
-#include "testing/fake_file_store.h"
-#include "testing/fake_locale_text.h"
-#include "testing/fake_note_view.h"
-#include "testing/fake_shell.h"
-#include "testing/fake_user_notice.h"
-#include "testing/recording_mail.h"
-#include "testing/recording_printer.h"
+#include "open_note_fixture.h"
 
 namespace quillo {
 namespace {
 
-const std::u16string kFolder = u"C:\\Data\\Notes";
-const std::u16string kKey = u"1A2B";
-using Calls = std::vector<std::string>;
-
-class OneNote : public NoteOwner {
-  public:
-    void RemoveNote(const std::u16string& noteKey) override { open_.erase(noteKey); }
-    [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return open_.count(noteKey) != 0; }
-
-  private:
-    std::set<std::u16string> open_{kKey};
-};
-
-class OpenNoteReminderTest : public ::testing::Test {
+class OpenNoteReminderTest : public OpenNoteTest {
   protected:
     OpenNoteReminderTest() {
-        files_.PutFolder(kFolder);
-        note_.AttachView(view_);
         note_.SetText(u"water the ferns");
         note_.Popup();
         Forget();
     }
 
     void Forget() {
-        static_cast<void>(view_.TakeCalls());
+        OpenNoteTest::Forget();
         saves_ = view_.SavesAsked();
     }
     /// A reminder that many days from now, not marked as a change.
@@ -61,20 +31,7 @@ class OpenNoteReminderTest : public ::testing::Test {
         return std::find(calls.begin(), calls.end(), call) != calls.end();
     }
 
-    Settings settings_;
-    OsFacts os_;
-    FakeFileStore files_;
-    FakeLocaleText locale_;
-    FakeShell shell_{files_};
-    FakeClock clock_;
-    FakeUserNotice notice_;
-    OneNote owner_;
-    RecordingPrinter printer_;
-    RecordingMail mail_;
-    NoteNames names_{files_, shell_, settings_};
-    NoteStore store_{files_, locale_, shell_, names_};
-    FakeNoteView view_;
-    OpenNote note_{NoteWorld{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_, printer_, mail_}, kKey};
+  private:
     int saves_ = 0;
 };
 
@@ -249,20 +206,13 @@ TEST_F(OpenNoteReminderTest, WhatIsNotAChangeIsNotSaved) {
     EXPECT_EQ(SavesSince(), 0);
 }
 
-// The time stamp and large text.
-
-TEST_F(OpenNoteReminderTest, TheTimeStampStandsBeforeTheWholeText) {
-    note_.SetText(u"abc");
-    note_.AddTimestamp();
-    EXPECT_EQ(note_.Text(), u"(" + locale_.GeneralDate(clock_.now) + u")\r\n\r\nabc");
-    EXPECT_TRUE(note_.Data().Changed);
-}
-
-TEST_F(OpenNoteReminderTest, LargeTextIsSwitchedBothWays) {
-    note_.ToggleLargeText();
-    EXPECT_TRUE(note_.Data().LargeText);
-    note_.ToggleLargeText();
-    EXPECT_FALSE(note_.Data().LargeText);
+TEST_F(OpenNoteReminderTest, SettingAndCancellingAReminderRepaints) {
+    note_.SetReminder(DaySerial{45123.75});
+    EXPECT_TRUE(note_.Data().ReminderSet);
+    EXPECT_EQ(note_.Data().ReminderTime, DaySerial{45123.75});
+    note_.CancelReminder();
+    EXPECT_FALSE(note_.Data().ReminderSet);
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"Repaint", "Repaint"}));
 }
 
 }  // namespace

@@ -1,36 +1,12 @@
-#include <gtest/gtest.h>
-
-#include <string>
-
-#include "app/note_names.h"
-#include "app/os_facts.h"
-#include "notes/open_note.h"
-#include "testing/fake_clock.h"
-#include "testing/fake_file_store.h"
-#include "testing/fake_locale_text.h"
-#include "testing/fake_note_view.h"
-#include "testing/fake_shell.h"
-#include "testing/fake_user_notice.h"
-#include "testing/recording_mail.h"
-#include "testing/recording_printer.h"
+#include "open_note_fixture.h"
 
 namespace quillo {
 namespace {
 
-const std::u16string kFolder = u"C:\\Data\\Notes";
-
-class EveryNoteIsOpen : public NoteOwner {
-  public:
-    void RemoveNote(const std::u16string& /*noteKey*/) override {}
-    [[nodiscard]] bool IsOpen(const std::u16string& /*noteKey*/) const override { return true; }
-};
-
 /// A note on its way to the printer or to the mail program.
-class OpenNoteSharingTest : public ::testing::Test {
+class OpenNoteSharingTest : public OpenNoteTest {
   protected:
     OpenNoteSharingTest() {
-        files_.PutFolder(kFolder);
-        note_.AttachView(view_);
         note_.SetText(u"Buy milk");
         note_.Popup();
         before_ = note_.Data();
@@ -44,21 +20,7 @@ class OpenNoteSharingTest : public ::testing::Test {
         EXPECT_EQ(files_.FileCount(), 0U);
     }
 
-    Settings settings_;
-    OsFacts os_;
-    FakeFileStore files_;
-    FakeLocaleText locale_;
-    FakeShell shell_{files_};
-    FakeClock clock_;
-    FakeUserNotice notice_;
-    EveryNoteIsOpen owner_;
-    RecordingPrinter printer_;
-    RecordingMail mail_;
-    NoteNames names_{files_, shell_, settings_};
-    NoteStore store_{files_, locale_, shell_, names_};
-    FakeNoteView view_;
-    OpenNote note_{NoteWorld{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_, printer_, mail_},
-                   u"1A2B"};
+  private:
     Note before_;
 };
 

@@ -1,0 +1,147 @@
+#include "notes/note_text_box.h"
+
+#include "platform/text_tools.h"
+#include "platform/wide.h"
+#include "platform/window.h"
+#include "platform/window_effects.h"
+#include "util/flag_scope.h"
+
+namespace quillo {
+namespace {
+
+/// The inner margins, at 96 dpi.
+constexpr int kTextMargin = 3;
+
+struct Selection {
+    DWORD start = 0;
+    DWORD end = 0;
+};
+
+Selection SelectionOf(HWND box) {
+    Selection selection;
+    SendMessageW(box, EM_GETSEL, reinterpret_cast<WPARAM>(&selection.start), reinterpret_cast<LPARAM>(&selection.end));
+    return selection;
+}
+
+void Select(HWND box, Selection selection) {
+    SendMessageW(box, EM_SETSEL, selection.start, static_cast<LPARAM>(selection.end));
+}
+
+}  // namespace
+
+bool NoteTextBox::Create(HWND parent, int id, const Rect& place, bool scrollBar) {
+    const DWORD bar = scrollBar ? WS_VSCROLL : 0;
+    const DWORD style = WS_CHILD | WS_VISIBLE | bar | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
+    const auto childId = static_cast<UINT_PTR>(id);
+    const HWND box = CreateWindowExW(0, L"EDIT", L"", style, place.left, place.top, place.width, place.height, parent,
+                                     reinterpret_cast<HMENU>(childId), ThisModule(), nullptr);
+    if (box == nullptr) return false;
+    box_ = box;
+    scrollBar_ = scrollBar;
+    SetWindowLongPtrW(box_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    procedure_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(box_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&NoteTextBox::Procedure)));
+    constexpr WPARAM kMostTheBoxHolds = 0;
+    SendMessageW(box_, EM_SETLIMITTEXT, kMostTheBoxHolds, 0);
+    return true;
+}
+
+bool NoteTextBox::ChangeScrollBar(bool shown) {
+    if (shown == scrollBar_ || box_ == nullptr) return false;
+    // A text box shows a hidden bar again as soon as its text or its size changes; one made without a bar never does.
+    const HWND old = box_;
+    const HWND parent = GetParent(old);
+    RECT place{};
+    GetWindowRect(old, &place);
+    MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);
+    if (!Create(parent, GetDlgCtrlID(old),
+                Rect{place.left, place.top, place.right - place.left, place.bottom - place.top}, shown)) {
+        return false;
+    }
+    SetText(WindowText(old));
+    Select(box_, SelectionOf(old));
+    if (GetFocus() == old) SetFocus(box_);
+    DestroyWindow(old);
+    return true;
+}
+
+std::u16string NoteTextBox::Text() const {
+    return WindowText(box_);
+}
+
+void NoteTextBox::SetText(std::u16string_view text) {
+    const FlagScope byProgram(byProgram_);
+    SetWindowTextW(box_, Wide(std::u16string(text)));
+}
+
+void NoteTextBox::Replace(DWORD from, DWORD to, std::u16string_view text) {
+    const FlagScope byProgram(byProgram_);
+    Select(box_, Selection{from, to});
+    SendMessageW(box_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(std::u16string(text))));
+}
+
+void NoteTextBox::InsertInFront(std::u16string_view text) {
+    const Selection before = SelectionOf(box_);
+    Replace(0, 0, text);
+    const auto length = static_cast<DWORD>(text.size());
+    Select(box_, Selection{before.start + length, before.end + length});
+}
+
+void NoteTextBox::InsertAtCaret(std::u16string_view text) {
+    const DWORD caret = SelectionOf(box_).start;
+    Replace(caret, caret, text);
+}
+
+void NoteTextBox::SelectAll() {
+    SendMessageW(box_, EM_SETSEL, 0, -1);
+}
+
+void NoteTextBox::SetFont(HFONT font, const Scale& scale) {
+    SendMessageW(box_, WM_SETFONT, reinterpret_cast<WPARAM>(font), IsWindowVisible(box_) != 0 ? TRUE : FALSE);
+    SetTextMargins(box_, scale.Px(kTextMargin));
+    // One tab stop, in units that follow the font. It holds as long as the font does, shown or hidden.
+    const UINT dialogUnits = 8;
+    SendMessageW(box_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
+}
+
+LRESULT CALLBACK NoteTextBox::Procedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    auto& self = *reinterpret_cast<NoteTextBox*>(GetWindowLongPtrW(box, GWLP_USERDATA));
+    try {
+        if (self.Swallow(message, wParam, lParam)) return 0;
+    } catch (...) {
+        return 0;  // the system could not unwind it; the shortcut is given up
+    }
+    return CallWindowProcW(self.procedure_, box, message, wParam, lParam);
+}
+
+bool NoteTextBox::Swallow(UINT message, WPARAM wParam, LPARAM lParam) {
+    constexpr LPARAM kWasDown = 1 << 30;
+    constexpr LPARAM kByKeyboard = -1;
+    switch (message) {
+        case WM_KEYDOWN:
+            return OnKey(static_cast<int>(wParam), (lParam & kWasDown) != 0);
+        case WM_CHAR:
+            return keySwallowed_;
+        case WM_KEYUP:
+            return wParam == VK_APPS;  // it has opened the menu when it went down
+        case WM_CONTEXTMENU:
+            // Shift+F10; a right click in the text opens the edit control's own menu.
+            if (lParam == kByKeyboard) onAction(NoteAction::OpenMenu);
+            return lParam == kByKeyboard;
+        default:
+            return false;
+    }
+}
+
+bool NoteTextBox::OnKey(int virtualKey, bool repeated) {
+    const auto isDown = [](int key) { return GetKeyState(key) < 0; };
+    const NoteKeyState held{isDown(VK_CONTROL), isDown(VK_SHIFT), isDown(VK_RMENU)};
+    const NoteAction action = NoteKeyAction(virtualKey, held);
+    const bool swallowed = action != NoteAction::None;
+    keySwallowed_ = swallowed;
+    // A key held down acts once: Ctrl+W would go on to close one note after the other.
+    if (swallowed && !repeated) onAction(action);
+    return swallowed;
+}
+
+}  // namespace quillo

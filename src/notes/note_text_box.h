@@ -1,0 +1,63 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "notes/note_commands.h"
+#include "platform/win32.h"
+#include "util/geometry.h"
+#include "util/units.h"
+
+namespace quillo {
+
+/// The text box of a note: the system's own edit control, which never sees the note's shortcuts.
+class NoteTextBox {
+  public:
+    NoteTextBox() = default;
+    NoteTextBox(const NoteTextBox&) = delete;
+    NoteTextBox& operator=(const NoteTextBox&) = delete;
+
+    /// A shortcut, or what asks for a menu by the keyboard. It may end the note.
+    std::function<void(NoteAction)> onAction;
+
+    /// False on failure. `place` is where the box is to stay: it wraps its text anew for every new size.
+    bool Create(HWND parent, int id, const Rect& place, bool scrollBar);
+    /// Makes the control anew, with or without a scroll bar; text, selection and keyboard stay. The new one has no font
+    /// yet. False when nothing changed: the bar was as wanted, or there was no room for another window.
+    bool ChangeScrollBar(bool shown);
+    [[nodiscard]] bool HasScrollBar() const { return scrollBar_; }
+    /// The window has gone, or is going: what is asked from now on must not reach one that the system gave the same
+    /// number.
+    void Forget() { box_ = nullptr; }
+    [[nodiscard]] HWND Handle() const { return box_; }
+
+    [[nodiscard]] std::u16string Text() const;
+    /// Replaces the whole text, the caret before it.
+    void SetText(std::u16string_view text);
+    /// Puts a text before all others; the caret stays at what it stood at. The user can undo it.
+    void InsertInFront(std::u16string_view text);
+    /// Puts a text at the caret, replacing nothing: a selection shrinks to its start before. The user can undo it.
+    void InsertAtCaret(std::u16string_view text);
+    void SelectAll();
+    /// The text is being changed by the program's hand.
+    [[nodiscard]] bool IsChangingByProgram() const { return byProgram_; }
+
+    /// Borrowed. Margins and the one tab stop follow the font.
+    void SetFont(HFONT font, const Scale& scale);
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    /// True when the message ends here.
+    bool Swallow(UINT message, WPARAM wParam, LPARAM lParam);
+    bool OnKey(int virtualKey, bool repeated);
+    void Replace(DWORD from, DWORD to, std::u16string_view text);
+
+    HWND box_ = nullptr;
+    WNDPROC procedure_ = nullptr;  ///< the system's own
+    bool scrollBar_ = false;       ///< the control was made with one
+    bool byProgram_ = false;
+    bool keySwallowed_ = false;  ///< the character of the last key is not for the text
+};
+
+}  // namespace quillo

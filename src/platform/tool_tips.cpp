@@ -1,0 +1,62 @@
+#include "platform/tool_tips.h"
+
+#include <utility>
+
+#include "platform/late_library.h"
+#include "platform/wide.h"
+#include "platform/window.h"
+
+namespace quillo {
+namespace {
+
+/// Wide enough for a line of a tip; longer ones wrap. At 96 dpi.
+constexpr int kWidestTip = 360;
+
+/// The user's own font for such texts at that scale; none where the system can tell it for one scale only, which is
+/// then the right one.
+FontHandle TipFont(const Scale& scale) {
+    static LateFunction<BOOL WINAPI(UINT, UINT, void*, UINT, UINT)> parametersForDpi(L"user32.dll",
+                                                                                     "SystemParametersInfoForDpi");
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    if (parametersForDpi.Get() == nullptr || parametersForDpi.Get()(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics,
+                                                                    0, static_cast<UINT>(scale.Dpi())) == 0) {
+        return {};
+    }
+    return FontHandle(CreateFontIndirectW(&metrics.lfStatusFont));
+}
+
+}  // namespace
+
+bool ToolTips::Create(HWND window, const Scale& scale) {
+    window_ = window;
+    // A note that is not the active window has tips too.
+    tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0,
+                            0, window, nullptr, ThisModule(), nullptr);
+    if (tips_ == nullptr) return false;
+    font_ = TipFont(scale);
+    if (font_) SendMessageW(tips_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), FALSE);
+    SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, scale.Px(kWidestTip));
+    return true;
+}
+
+void ToolTips::Add(HWND child) {
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = window_;
+    tool.uId = reinterpret_cast<UINT_PTR>(child);
+    tool.lpszText = LPSTR_TEXTCALLBACKW;
+    SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void ToolTips::Destroy() {
+    if (tips_ != nullptr) DestroyWindow(std::exchange(tips_, nullptr));
+}
+
+void ToolTips::Answer(NMTTDISPINFOW& question, std::u16string text) {
+    text_ = std::move(text);
+    question.lpszText = const_cast<wchar_t*>(Wide(text_));
+}
+
+}  // namespace quillo

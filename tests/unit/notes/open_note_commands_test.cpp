@@ -1,0 +1,127 @@
+#include "app/registry_keys.h"
+#include "notes/hide_hint.h"
+#include "open_note_fixture.h"
+#include "registry/tessel_registry.h"
+
+namespace quillo {
+namespace {
+
+class OpenNoteCommands : public OpenNoteTest {
+  protected:
+    [[nodiscard]] int HasHiddenNotes() { return TesselRegistry(registry_, kUserKey).ValueLong(u"Has hidden notes"); }
+};
+
+// The time stamp and large text.
+
+TEST_F(OpenNoteCommands, TheTimeStampStandsBeforeTheWholeText) {
+    note_.SetText(u"abc");
+    note_.AddTimestamp();
+    EXPECT_EQ(note_.Text(), u"(" + locale_.GeneralDate(clock_.now) + u")\r\n\r\nabc");
+    EXPECT_TRUE(note_.Data().Changed);
+}
+
+TEST_F(OpenNoteCommands, LargeTextIsSwitchedBothWays) {
+    note_.ToggleLargeText();
+    EXPECT_TRUE(note_.Data().LargeText);
+    note_.ToggleLargeText();
+    EXPECT_FALSE(note_.Data().LargeText);
+}
+
+TEST_F(OpenNoteCommands, TheTimeStampGoesIntoTheTextAsAnInsertion) {
+    ShowStored(u"abc");
+    note_.AddTimestamp();
+    EXPECT_EQ(view_.TakeCalls(), Calls{"InsertInFront"}) << "so that caret and undo stay the user's";
+}
+
+// Hide with its hint.
+
+TEST_F(OpenNoteCommands, TheFirstHiddenNoteGivesAHint) {
+    ShowStored(u"Milk");
+    note_.HideWithHint();
+    EXPECT_FALSE(view_.IsVisible());
+    EXPECT_TRUE(note_.Data().Changed);
+    ASSERT_EQ(notice_.balloons.size(), 1U);
+    EXPECT_EQ(notice_.balloons[0].title, u"Note hidden");
+    EXPECT_EQ(notice_.balloons[0].text,
+              u"To show this note again, click the Quillo icon to show the menu, and then click \"show all notes.\"  "
+              u"This message will not be shown again.");
+    EXPECT_EQ(notice_.balloons[0].icon, BalloonIcon::Information);
+    EXPECT_TRUE(notice_.informs.empty());
+    EXPECT_EQ(notice_.sounds, std::vector<SystemSound>{SystemSound::RestoreDown});
+    EXPECT_EQ(HasHiddenNotes(), -1);
+}
+
+TEST_F(OpenNoteCommands, TheHintComesOnceInALifetime) {
+    ShowStored(u"Milk");
+    TesselRegistry(registry_, kUserKey).SetValueLong(u"Has hidden notes", 1);
+    note_.HideWithHint();
+    EXPECT_TRUE(notice_.balloons.empty());
+    EXPECT_EQ(notice_.sounds, std::vector<SystemSound>{SystemSound::RestoreDown}) << "the sound comes every time";
+    EXPECT_EQ(HasHiddenNotes(), 1) << "what any other number says is left alone";
+}
+
+TEST_F(OpenNoteCommands, WithBalloonsOffTheHintIsOnlyNotedDown) {
+    settings_.disableBalloonHelp = true;
+    ShowStored(u"Milk");
+    note_.HideWithHint();
+    EXPECT_TRUE(notice_.balloons.empty());
+    EXPECT_TRUE(notice_.informs.empty());
+    EXPECT_EQ(HasHiddenNotes(), -1);
+}
+
+TEST_F(OpenNoteCommands, AnOldSystemGivesTheHintInAMessageBox) {
+    os_.windows2000OrLater = false;
+    settings_.disableBalloonHelp = true;
+    ShowStored(u"Milk");
+    note_.HideWithHint();
+    EXPECT_TRUE(notice_.balloons.empty());
+    EXPECT_EQ(notice_.informs,
+              std::vector<std::u16string>{u"When a note is hidden, it can only be shown by clicking \"show all notes\" "
+                                          u"on the main Quillo menu.  This message will not be shown again."});
+    note_.Popup();
+    note_.HideWithHint();
+    EXPECT_EQ(notice_.informs.size(), 1U);
+}
+
+// Saving a copy.
+
+TEST_F(OpenNoteCommands, ACopyNamesItselfAndLeavesTheNoteAsItIs) {
+    ShowStored(u"Milk");
+    const Note before = note_.Data();
+    view_.copyPath = kDocuments + u"\\shopping.qln";
+    note_.SaveNoteAs();
+    const std::string copy = Content(view_.copyPath);
+    EXPECT_NE(copy.find("<filename>C:\\Documents\\shopping.qln</filename>"), std::string::npos) << copy;
+    EXPECT_EQ(copy.find("nodelete"), std::string::npos);
+    EXPECT_EQ(note_.Data().FileName, before.FileName);
+    EXPECT_EQ(note_.Data().StoragePath, before.StoragePath);
+    EXPECT_FALSE(note_.Data().Changed);
+    EXPECT_TRUE(StorageExists());
+}
+
+TEST_F(OpenNoteCommands, ACopyTakesThePlaceOfAnExistingFile) {
+    ShowStored(u"Milk");
+    view_.copyPath = kDocuments + u"\\old.qln";
+    files_.Put(view_.copyPath, "older");
+    note_.SaveNoteAs();
+    EXPECT_EQ(Content(view_.copyPath).substr(0, 4), "Milk");
+    EXPECT_EQ(SavedFiles().size(), 1U);
+}
+
+TEST_F(OpenNoteCommands, ACancelledCopyWritesNothing) {
+    ShowStored(u"Milk");
+    note_.SaveNoteAs();
+    EXPECT_EQ(view_.TakeCalls(), Calls{"AskCopyPath"});
+    EXPECT_TRUE(SavedFiles().empty());
+}
+
+TEST_F(OpenNoteCommands, ANoteGoneWhileTheUserIsAskedIsNotCopied) {
+    ShowStored(u"Milk");
+    view_.copyPath = kDocuments + u"\\shopping.qln";
+    view_.whileCopyPathAsked = [this] { note_.DestroyNote(); };
+    note_.SaveNoteAs();
+    EXPECT_TRUE(SavedFiles().empty());
+}
+
+}  // namespace
+}  // namespace quillo

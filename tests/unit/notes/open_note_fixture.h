@@ -1,0 +1,84 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/note_names.h"
+#include "app/os_facts.h"
+#include "notes/open_note.h"
+#include "testing/fake_clock.h"
+#include "testing/fake_file_store.h"
+#include "testing/fake_locale_text.h"
+#include "testing/fake_note_view.h"
+#include "testing/fake_registry_api.h"
+#include "testing/fake_shell.h"
+#include "testing/fake_user_notice.h"
+#include "testing/recording_mail.h"
+#include "testing/recording_printer.h"
+
+namespace quillo {
+
+inline const std::u16string kFolder = u"C:\\Data\\Notes";
+inline const std::u16string kDocuments = u"C:\\Documents";
+inline const std::u16string kKey = u"1A2B";
+using Calls = std::vector<std::string>;
+
+/// A collection of the one note with that key.
+class FakeNoteOwner : public NoteOwner {
+  public:
+    void RemoveNote(const std::u16string& noteKey) override { open_.erase(noteKey); }
+    [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return open_.count(noteKey) != 0; }
+
+  private:
+    std::set<std::u16string> open_{kKey};
+};
+
+/// One open note on fakes.
+class OpenNoteTest : public ::testing::Test {
+  protected:
+    OpenNoteTest() {
+        settings_.noteFolder = kDocuments;
+        files_.PutFolder(kFolder);
+        files_.PutFolder(kDocuments);
+        note_.AttachView(view_);
+    }
+
+    /// A note on the screen with that text, stored and unchanged.
+    void ShowStored(std::u16string_view text) {
+        note_.SetText(text);
+        note_.Popup();
+        note_.MarkChanged();
+        ASSERT_TRUE(note_.PersistNote());
+        Forget();
+    }
+    void Forget() {
+        static_cast<void>(view_.TakeCalls());
+        notice_.Clear();
+    }
+    [[nodiscard]] bool IsDestroyed() const { return !owner_.IsOpen(kKey) && view_.IsClosed(); }
+    [[nodiscard]] std::string Content(const std::u16string& path) { return files_.Read(path).value_or("(none)"); }
+    [[nodiscard]] std::vector<std::u16string> SavedFiles() { return files_.List(kDocuments, u".qln"); }
+    [[nodiscard]] bool StorageExists() { return !files_.List(kFolder, u".qln").empty(); }
+
+    Settings settings_;
+    OsFacts os_;
+    FakeFileStore files_;
+    FakeLocaleText locale_;
+    FakeShell shell_{files_};
+    FakeClock clock_;
+    FakeUserNotice notice_;
+    FakeNoteOwner owner_;
+    RecordingPrinter printer_;
+    RecordingMail mail_;
+    FakeRegistryApi registry_;
+    NoteNames names_{files_, shell_, settings_};
+    NoteStore store_{files_, locale_, shell_, names_};
+    NoteWorld world_{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_, printer_, mail_, registry_};
+    FakeNoteView view_;
+    OpenNote note_{world_, kKey};
+};
+
+}  // namespace quillo
