@@ -1,6 +1,6 @@
 target_sources(quillo_core PRIVATE
-  notes/note_color_dialog.cpp
   notes/hide_hint.cpp
+  notes/note_color_dialog.cpp
   notes/note_commands.cpp
   notes/note_drop.cpp
   notes/note_face.cpp
