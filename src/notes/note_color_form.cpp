@@ -10,6 +10,12 @@
 #include "util/placement.h"
 
 namespace quillo {
+namespace {
+
+/// The strip of colours stands under the caption of its option. Pixels at 96 dpi.
+constexpr int kStripIndent = 17;
+
+}  // namespace
 
 NoteColorForm::NoteColorForm(MessageLoop& loop) : DialogWindow(loop) {
     selector_.onColorPicked = [this](const ColorScheme& colors) { dialog_.OnColorPicked(colors); };
@@ -48,7 +54,7 @@ HFONT NoteColorForm::FontOf(int id) const {
 
 void NoteColorForm::LayOut(HDC dc) {
     const int margin = Px(kDialogMargin);
-    const int indent = Px(kDialogCheckRoom);
+    const int indent = Px(kStripIndent);
     const Size strip = selector_.StripSize();
     HFONT body = Fonts().body.Get();
     const int width = std::max({MeasureText(dc, Fonts().heading.Get(), kNoteColorHeading).width,

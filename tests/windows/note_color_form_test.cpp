@@ -42,6 +42,10 @@ class NoteColorFormTest : public testing::Test {
     void PickSwatch(int index) {
         SendMessageW(Item(Form::kColorSelector), WM_LBUTTONUP, 0, MAKELPARAM(24 * index + 4, 4));
     }
+    void SetDpi(int dpi) {
+        const RECT place{50, 50, 400, 300};
+        SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+    }
     bool IsSelected(int id) { return SendMessageW(Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
     /// As the message loop brings it to the control that has the focus.
     void Key(int key) {
@@ -234,11 +238,24 @@ TEST_F(NoteColorFormTest, StandsAboveAPinnedNote) {
     EXPECT_NE(GetWindowLongPtrW(Window(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
 }
 
+TEST_F(NoteColorFormTest, EverythingIsPaintedAnewAtAnotherScale) {
+    Ask(*first_);
+    PaintNow(Window());
+    SetDpi(144);
+    for (const int id : {static_cast<int>(Form::kHeadingLabel), static_cast<int>(Form::kDefaultOption),
+                         static_cast<int>(Form::kColorSelector), IDOK}) {
+        RECT client{};
+        RECT due{};
+        GetClientRect(Item(id), &client);
+        EXPECT_NE(GetUpdateRect(Item(id), &due, FALSE), FALSE) << id;
+        EXPECT_NE(EqualRect(&due, &client), FALSE) << id;
+    }
+}
+
 TEST_F(NoteColorFormTest, NothingIsCutAtAnyScale) {
     Ask(*first_);
     for (const int dpi : {96, 120, 144, 192}) {
-        const RECT place{50, 50, 400, 300};
-        SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+        SetDpi(dpi);
         RECT client{};
         GetClientRect(Window(), &client);
         for (const int id : {Form::kHeadingLabel, Form::kInstructionLabel, Form::kDefaultOption, Form::kCustomOption}) {
