@@ -78,6 +78,8 @@ LRESULT NoteColorSelector::HandleMessage(UINT message, WPARAM wParam, LPARAM lPa
             return OnKey(wParam, (HIWORD(lParam) & KF_REPEAT) != 0), 0;
         case WM_GETDLGCODE:
             return WantedKeys(reinterpret_cast<const MSG*>(lParam));
+        case WM_GETOBJECT:
+            return accessible_.Answer(Handle(), wParam, lParam);
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
             return OnFocusChanged(message == WM_SETFOCUS), 0;
@@ -126,6 +128,8 @@ void NoteColorSelector::OnFocusChanged(bool focused) {
 void NoteColorSelector::MoveMark(std::size_t index) {
     strip_.SetMark(index);
     Invalidate();
+    if (GetFocus() != Handle()) return;
+    NotifyWinEvent(EVENT_OBJECT_FOCUS, Handle(), OBJID_CLIENT, PartOf(index));
 }
 
 void NoteColorSelector::Pick(std::size_t index) {
@@ -136,6 +140,27 @@ void NoteColorSelector::Pick(std::size_t index) {
 void NoteColorSelector::Invalidate() const {
     // Without a window the call would mean every window on the desktop.
     if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+AccessiblePart NoteColorSelector::Describe(int part) const {
+    AccessiblePart described;
+    if (part == CHILDID_SELF) {
+        described.role = ROLE_SYSTEM_GROUPING;
+        return described;
+    }
+    const auto swatch = static_cast<std::size_t>(part - 1);
+    described.name = SwatchName(swatch);
+    described.role = ROLE_SYSTEM_PUSHBUTTON;  // it does something, and never stays chosen
+    described.action = u"Press";
+    described.place = strip_.PlaceOf(swatch);
+    return described;
+}
+
+void NoteColorSelector::Activate(int part) {
+    const auto swatch = static_cast<std::size_t>(part - 1);
+    if (part == CHILDID_SELF || swatch >= kSwatches.size()) return;
+    MoveMark(swatch);
+    Pick(swatch);
 }
 
 void NoteColorSelector::OnPaint() {

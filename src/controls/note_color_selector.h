@@ -4,13 +4,14 @@
 
 #include "controls/swatch_palette.h"
 #include "controls/swatch_strip.h"
+#include "platform/accessible.h"
 #include "platform/window.h"
 
 namespace quillo {
 
 /// A strip of colour schemes to pick one from, with the mouse or with the arrow keys and Space or Enter. It always has
 /// the size of its strip, and keeps no picked scheme: whoever holds it remembers what was delivered.
-class NoteColorSelector : public Window {
+class NoteColorSelector : public Window, private AccessibleSource {
   public:
     /// `name` is what a screen reader speaks. False on failure.
     bool Create(HWND parent, int id, const wchar_t* name, Point at = {});
@@ -42,8 +43,16 @@ class NoteColorSelector : public Window {
     void Pick(std::size_t index);
     void Invalidate() const;
 
+    // AccessibleSource; the parts are the swatches.
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
+    [[nodiscard]] int PartCount() const override { return static_cast<int>(kSwatches.size()); }
+    [[nodiscard]] int FocusedPart() const override { return PartOf(strip_.Mark()); }
+    void Activate(int part) override;
+    [[nodiscard]] static int PartOf(std::size_t swatch) { return static_cast<int>(swatch) + 1; }
+
     SwatchStrip strip_;
     Scale scale_;
+    AccessibleLink accessible_{*this};
 };
 
 }  // namespace quillo

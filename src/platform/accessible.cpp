@@ -53,6 +53,7 @@ class AccessibleObject : public IAccessible {
     AccessibleObject& operator=(const AccessibleObject&) = delete;
 
     void Disconnect() { source_ = nullptr; }
+    [[nodiscard]] HWND Window() const { return window_; }
     /// False when the system's own object, which knows the way to the neighbours, could not be had.
     [[nodiscard]] bool IsComplete() const { return static_cast<bool>(standard_); }
 
@@ -193,14 +194,20 @@ class AccessibleObject : public IAccessible {
 };
 
 AccessibleLink::~AccessibleLink() {
+    Cut();
+}
+
+void AccessibleLink::Cut() {
     if (object_ == nullptr) return;
     object_->Disconnect();
     object_->Release();
+    object_ = nullptr;
 }
 
 LRESULT AccessibleLink::Answer(HWND window, WPARAM wParam, LPARAM lParam) {
     // The number is negative, and only 32 bits of it arrive from a program of the other size.
     if (static_cast<LONG>(lParam) == OBJID_CLIENT && ToLresult().Get() != nullptr) {
+        if (object_ != nullptr && object_->Window() != window) Cut();  // the control was made anew
         if (object_ == nullptr) object_ = new AccessibleObject(window, source_);
         if (object_->IsComplete()) return ToLresult().Get()(IID_IAccessible, wParam, object_);
     }

@@ -46,6 +46,8 @@ class AccessibleLink {
     [[nodiscard]] LRESULT Answer(HWND window, WPARAM wParam, LPARAM lParam);
 
   private:
+    void Cut();
+
     AccessibleSource& source_;
     AccessibleObject* object_ = nullptr;  // a reference
 };

@@ -5,8 +5,10 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "control_fixture.h"
+#include "controls/note_color_selector.h"
 #include "controls/tessel_divider.h"
 #include "controls/tessel_mini_slider.h"
 #include "controls/tessel_tab.h"
@@ -185,6 +187,41 @@ TEST_F(AccessibleTabTest, AReaderMayOutliveTheStrip) {
     EXPECT_EQ(reader->get_accChildCount(&count), S_OK);
     EXPECT_EQ(count, 0);
     EXPECT_NE(reader->accDoDefaultAction(Reader::Part(1)), S_OK);
+}
+
+TEST_F(AccessibleTest, EverySwatchHasItsNameAndCanBePressed) {
+    NoteColorSelector selector;
+    std::vector<ColorScheme> picked;
+    selector.onColorPicked = [&](const ColorScheme& scheme) { picked.push_back(scheme); };
+    ASSERT_TRUE(selector.Create(parent_.Of(), 7, L"Colors", Point{10, 10}));
+    const Reader reader(selector.Handle());
+    EXPECT_EQ(reader.Name(), u"Colors");
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_GROUPING);
+    LONG count = 0;
+    EXPECT_EQ(reader->get_accChildCount(&count), S_OK);
+    ASSERT_EQ(count, 11);
+    EXPECT_EQ(reader.Name(1), u"Yellow");
+    EXPECT_EQ(reader.Name(11), u"Black and blue");
+    EXPECT_EQ(reader.Role(9), ROLE_SYSTEM_PUSHBUTTON);
+    EXPECT_EQ(reader->accDoDefaultAction(Reader::Part(9)), S_OK);
+    EXPECT_EQ(picked, std::vector<ColorScheme>{kSwatches[8]});
+    SetFocus(selector.Handle());
+    EXPECT_NE(reader.State(9) & STATE_SYSTEM_FOCUSED, 0) << "where the keys go on";
+    SendMessageW(selector.Handle(), WM_KEYDOWN, VK_LEFT, 1);
+    EXPECT_NE(reader.State(8) & STATE_SYSTEM_FOCUSED, 0);
+    EXPECT_EQ(reader.State(9) & STATE_SYSTEM_FOCUSED, 0);
+}
+
+TEST_F(AccessibleTest, AControlThatIsMadeAnewIsReadAnew) {
+    NoteColorSelector selector;
+    ASSERT_TRUE(selector.Create(parent_.Of(), 7, L"First"));
+    const Reader old(selector.Handle());
+    EXPECT_EQ(old.Name(), u"First");
+    DestroyWindow(selector.Handle());
+    ASSERT_TRUE(selector.Create(parent_.Of(), 7, L"Second"));
+    const Reader reader(selector.Handle());
+    EXPECT_EQ(reader.Name(), u"Second");
+    EXPECT_EQ(old.Name(), u"") << "what it read has gone";
 }
 
 }  // namespace
