@@ -62,6 +62,14 @@ void BroadcastTimer(OpenNotes& notes) {
     });
 }
 
+void SurfaceAllNotes(OpenNotes& notes) {
+    notes.ForEach([](OpenNote& note) { note.PopupByUser(); });
+}
+
+void RecreateNoteIcons(OpenNotes& notes) {
+    notes.ForEach([](OpenNote& note) { note.RecreateIcon(); });
+}
+
 void PersistAllNotes(OpenNotes& notes) {
     notes.ForEach(
         [](OpenNote& note) { Ignore(note.PersistNote(), "a full disk is not tried again until the next change"); });

@@ -56,6 +56,10 @@ class OpenNotes : public NoteOwner {
 void ApplySettingsToAllNotes(OpenNotes& notes);
 /// A tick of the main timer for every open note; what goes wrong with one does not keep the others from theirs.
 void BroadcastTimer(OpenNotes& notes);
+/// Brings every open note into view; the last of the collection ends in front.
+void SurfaceAllNotes(OpenNotes& notes);
+/// For a task bar that was made anew: the icons of minimised notes come back.
+void RecreateNoteIcons(OpenNotes& notes);
 /// Every open note that has changed writes its storage copy.
 void PersistAllNotes(OpenNotes& notes);
 /// Gives every open note its translucency anew.

@@ -36,12 +36,24 @@ QuilloProcs::QuilloProcs()
                  mail_,
                  registry_},
       legacy_(registry_, program_.openNotes, random_),
-      opening_(program_, noteWorld_, files_, shell_, random_, legacy_) {
+      opening_(program_, noteWorld_, files_, shell_, random_, legacy_),
+      mainForm_(MainFormTools{program_, registry_, shell_, notice_, locale_, ole_, dialogs_}) {
     loop_.RunAfterEach([this] { program_.openNotes.ReleaseRemoved(); });
     notifyWindow_.onCommand = [this](std::u16string_view text) { OnCommand(text); };
-    notifyWindow_.onSessionEnding = [this] { OnSessionEnding(); };
-    notifyWindow_.onGoingAway = [this] { PersistAllNotes(program_.openNotes); };
-    notifyWindow_.onSessionEnded = [this] { Quit(); };
+    BindMainForm();
+}
+
+void QuilloProcs::BindMainForm() {
+    notice_.onBalloon = [this](std::u16string_view title, std::u16string_view text, BalloonIcon icon) {
+        mainForm_.ShowBalloon(title, text, icon);
+    };
+    const auto saveAll = [this] { legacy_.SaveAllNotesAndClear(); };
+    mainForm_.onNewNote = [this] { opening_.CreateNewNote(); };
+    mainForm_.onQuit = [this] { Quit(); };
+    mainForm_.onBackup = saveAll;
+    mainForm_.onSessionEnding = saveAll;
+    mainForm_.onGoingAway = [this] { PersistAllNotes(program_.openNotes); };
+    mainForm_.onPresence = [this](bool present) { present ? resForm_.Resume() : resForm_.Pause(); };
 }
 
 int QuilloProcs::Main(std::u16string_view commandLine) {
@@ -49,8 +61,9 @@ int QuilloProcs::Main(std::u16string_view commandLine) {
     if (startup.Run(commandLine) == StartupOutcome::EndProcess) return 0;
     for (const std::u16string& command : std::exchange(waitingCommands_, {})) OnCommand(command);
     resForm_.Load();
-    loop_.RunWhenIdle([this] { notifyWindow_.WatchSession(); });
+    loop_.RunWhenIdle([this] { mainForm_.WatchSession(); });
     const int exitCode = loop_.Run();
+    mainForm_.Unload();
     notifyWindow_.Unload();
     return exitCode;
 }
@@ -89,6 +102,11 @@ void QuilloProcs::LoadNotifyWindow() {
     Ignore(notifyWindow_.Load(), "without its channel the program still serves the notes of this start");
 }
 
+void QuilloProcs::LoadMainForm() {
+    Ignore(mainForm_.Load(), "without its menu the program still serves the notes and later starts");
+    mainForm_.RedrawShortcuts();
+}
+
 std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note) {
     const NoteFormTools tools{program_.settings, clock_, locale_,    random_,      shell_,  buttonImages_,
                               noteFonts_,        ole_,   reminders_, colorDialog_, resForm_};
@@ -114,10 +132,6 @@ void QuilloProcs::OnCommand(std::u16string_view text) {
         case Command::Kind::Unknown:
             return;
     }
-}
-
-void QuilloProcs::OnSessionEnding() {
-    legacy_.SaveAllNotesAndClear();
 }
 
 void QuilloProcs::Quit() {

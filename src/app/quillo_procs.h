@@ -10,6 +10,7 @@
 #include "app/program.h"
 #include "app/startup.h"
 #include "controls/note_button_images.h"
+#include "mainmenu/main_form.h"
 #include "mainmenu/notify_window.h"
 #include "notes/mail_form.h"
 #include "notes/note_color_form.h"
@@ -28,6 +29,7 @@
 #include "platform/win_sound_device.h"
 #include "platform/win_user_notice.h"
 #include "reminders/reminder_tools.h"
+#include "util/busy_flag.h"
 
 namespace quillo {
 
@@ -51,14 +53,17 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     [[nodiscard]] std::int16_t RegisterLinkFormat() override;
     [[nodiscard]] OsFacts ReadOsFacts() override;
     void LoadNotifyWindow() override;
+    void LoadMainForm() override;
 
     // NoteViewFactory
     [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note) override;
 
     /// A command line that a later start has sent. What comes during start-up waits for its end.
     void OnCommand(std::u16string_view text);
-    void OnSessionEnding();
+    void BindMainForm();
     void Quit();
+
+    BusyFlag dialogs_;  ///< set while a modal dialog of the program stands
 
     // The system behind the ports.
     WinFileStore files_;
@@ -67,7 +72,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     WinShell shell_;
     WinClock clock_;
     WinRandom random_;
-    WinUserNotice notice_;
+    WinUserNotice notice_{dialogs_};
     WinSoundDevice sound_;
     WinPrinter printer_;
     MessageLoop loop_;
@@ -87,6 +92,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     NoteWorld noteWorld_;
     LegacyNotes legacy_;
     NoteOpening opening_;
+    MainForm mainForm_;
     NotifyWindow notifyWindow_;
     std::vector<std::u16string> waitingCommands_;
 };

@@ -42,6 +42,7 @@ StartupOutcome Startup::Run(std::u16string_view commandLine) {
     RegisterToStartWithWindows();
     LoadSettings(registry, world_.shell, world_.files, program.settings);
     if (!FindNotesFolder()) return StartupOutcome::EndProcess;
+    stage_.LoadMainForm();
     ApplySettingsToAllNotes(program.openNotes);
     GreetFirstRun();
     if (OpenSavedNotes()) TellOfHiddenNotes();

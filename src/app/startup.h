@@ -32,6 +32,8 @@ class StartupStage {
     [[nodiscard]] virtual OsFacts ReadOsFacts() = 0;
     /// From now on later instances find this one.
     virtual void LoadNotifyWindow() = 0;
+    /// The main form draws its shortcuts, registers the hotkeys and shows its icon beside the clock.
+    virtual void LoadMainForm() = 0;
 };
 
 /// What start-up works with besides its stage.

@@ -1,5 +1,7 @@
 #include "controls/tessel_tray_lite.h"
 
+#include "platform/wide.h"
+
 // After windows.h.
 #include <shellapi.h>
 
@@ -29,6 +31,12 @@ static_assert(kTrayFlags == (NIF_MESSAGE | NIF_ICON | NIF_TIP) && kTrayBalloonFl
 static_assert(kTrayCallbackMessage == WM_MOUSEMOVE);
 
 }  // namespace
+
+void TesselTrayLite::ShowBalloon(std::u16string_view text, std::u16string_view title, DWORD iconType,
+                                 int timeoutSeconds) {
+    if (Handle() != nullptr) SetWindowTextW(Handle(), Wide(std::u16string(text)));
+    rules_.ShowBalloon(text, title, iconType, timeoutSeconds);
+}
 
 LRESULT TesselTrayLite::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {

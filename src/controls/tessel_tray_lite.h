@@ -52,12 +52,11 @@ class TesselTrayLite : private Window, private TrayShell {
     void RecreateIcon() { rules_.Recreate(); }
     /// `iconType` is the shell's code for the balloon's icon. Hidden after `timeoutSeconds`, at most a minute; with 0
     /// it stays until the shell removes it.
-    void ShowBalloon(std::u16string_view text, std::u16string_view title, DWORD iconType, int timeoutSeconds) {
-        rules_.ShowBalloon(text, title, iconType, timeoutSeconds);
-    }
+    void ShowBalloon(std::u16string_view text, std::u16string_view title, DWORD iconType, int timeoutSeconds);
     void HideBalloon() { rules_.HideBalloon(); }
 
-    /// The hidden window that the shell's messages go to; null until the icon is shown for the first time.
+    /// The hidden window that the shell's messages go to; null until the icon is shown for the first time. Its text is
+    /// that of the last balloon: what the shell has made of a balloon cannot be seen from outside.
     using Window::Handle;
 
   protected:

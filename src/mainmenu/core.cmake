@@ -3,4 +3,7 @@ target_sources(quillo_core PRIVATE
   mainmenu/options_controller.cpp
   mainmenu/options_table.cpp
   mainmenu/update_link.cpp
+  mainmenu/menu_map.cpp
+  mainmenu/menu_shortcuts.cpp
+  mainmenu/menu_slide.cpp
 )

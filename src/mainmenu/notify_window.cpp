@@ -1,8 +1,6 @@
 #include "mainmenu/notify_window.h"
 
-#include "platform/late_library.h"
 #include "platform/wide.h"
-#include "util/ignore.h"
 
 namespace quillo {
 namespace {
@@ -37,14 +35,6 @@ HWND FindChannel() {
 
 }  // namespace
 
-void NotifyWindow::WatchSession() {
-    // The watch ends with the window.
-    static LateFunction<BOOL WINAPI(HWND, DWORD)> watch(L"wtsapi32.dll", "WTSRegisterSessionNotification");
-    constexpr DWORD kThisSession = 0;
-    if (watch.Get() == nullptr || Handle() == nullptr) return;
-    Ignore(watch.Get()(Handle(), kThisSession), "unwatched, notes are saved two seconds after their last change");
-}
-
 bool NotifyWindow::Load() {
     WNDCLASSEXW windowClass{};
     windowClass.lpszClassName = kFormClass;
@@ -65,25 +55,9 @@ LRESULT NotifyWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_COMMAND:
             if (LOWORD(wParam) == kMessageBoxId && HIWORD(wParam) == EN_CHANGE) OnTextChanged();
             return 0;
-        case WM_QUERYENDSESSION:
-            if (onSessionEnding) onSessionEnding();
-            return TRUE;
-        case WM_WTSSESSION_CHANGE:
-            if (wParam == WTS_SESSION_LOCK) OnGoingAway();
-            return 0;
-        case WM_POWERBROADCAST:
-            if (wParam == PBT_APMSUSPEND) OnGoingAway();
-            return TRUE;
-        case WM_ENDSESSION:
-            if (wParam != FALSE && onSessionEnded) onSessionEnded();
-            return 0;
         default:
             return Default(message, wParam, lParam);
     }
-}
-
-void NotifyWindow::OnGoingAway() const {
-    if (onGoingAway) onGoingAway();
 }
 
 void NotifyWindow::OnTextChanged() {

@@ -17,24 +17,15 @@ class NotifyWindow : public Window {
     /// False on failure.
     bool Load();
     void Unload() { Destroy(); }
-    /// Asks the system for word of the session's locking.
-    void WatchSession();
 
     /// A command line has come. It must not unload this window before it returns.
     std::function<void(std::u16string_view)> onCommand;
-    /// The session asks whether it may end: everything is to be on the disk before the answer.
-    std::function<void()> onSessionEnding;
-    /// The session is locked or the machine goes to sleep: what has changed is to be on the disk.
-    std::function<void()> onGoingAway;
-    /// The session ends: the process lives no longer than this call.
-    std::function<void()> onSessionEnded;
 
   protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
     void OnTextChanged();
-    void OnGoingAway() const;
 
     HWND messageBox_ = nullptr;
 };

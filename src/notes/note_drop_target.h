@@ -1,50 +1,26 @@
 #pragma once
 
-#include "platform/win32.h"
-
-// After windows.h.
-#include <ole2.h>
-
 #include <functional>
 #include <string>
 #include <string_view>
 
 #include "notes/note_drop.h"
+#include "platform/drop_target.h"
 
 namespace quillo {
 
 class LocaleText;
 class Shell;
 
-/// OLE for the user-interface thread. It starts at the first use and ends with the program.
-class OleSession {
-  public:
-    OleSession() = default;
-    OleSession(const OleSession&) = delete;
-    OleSession& operator=(const OleSession&) = delete;
-    ~OleSession();
-
-    /// False when the system refuses; what needs OLE is then done without.
-    [[nodiscard]] bool Start();
-
-  private:
-    bool started_ = false;
-};
-
 /// The clipboard format in which web browsers offer a link.
 [[nodiscard]] CLIPFORMAT LinkFormat();
 
-/// Takes links, text and lists of files dropped onto a text box. OLE counts its references; the note holds one.
-class NoteDropTarget : public IDropTarget {
+/// Takes links, text and lists of files dropped onto a text box. The note holds one reference.
+class NoteDropTarget : public DropTarget {
   public:
     /// `insert` gets the text that stands for what was dropped. `textBox` is borrowed.
     NoteDropTarget(HWND textBox, LocaleText& locale, Shell& shell, std::function<void(std::u16string_view)> insert);
-    NoteDropTarget(const NoteDropTarget&) = delete;
-    NoteDropTarget& operator=(const NoteDropTarget&) = delete;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
     HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) override;
     HRESULT STDMETHODCALLTYPE DragOver(DWORD keys, POINTL at, DWORD* effect) override;
     HRESULT STDMETHODCALLTYPE DragLeave() override;
@@ -54,7 +30,7 @@ class NoteDropTarget : public IDropTarget {
     void Disconnect() { insert_ = nullptr; }
 
   private:
-    virtual ~NoteDropTarget() = default;
+    ~NoteDropTarget() override = default;
 
     [[nodiscard]] DropFormat FormatOf(IDataObject* data) const;
     [[nodiscard]] std::u16string TextOf(IDataObject* data, DropFormat format) const;
@@ -64,7 +40,6 @@ class NoteDropTarget : public IDropTarget {
     Shell& shell_;
     std::function<void(std::u16string_view)> insert_;
     bool welcome_ = false;
-    ULONG references_ = 1;
 };
 
 }  // namespace quillo

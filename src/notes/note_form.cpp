@@ -287,6 +287,10 @@ void NoteForm::HideIcon() {
     trayIcon_.SetVisible(false);
 }
 
+void NoteForm::RecreateIcon() {
+    if (trayIcon_.Visible()) trayIcon_.RecreateIcon();
+}
+
 void NoteForm::ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) {
     trayIcon_.ShowBalloon(text, title, static_cast<DWORD>(icon), kBalloonSeconds);
 }

@@ -65,6 +65,7 @@ class NoteForm : public Window, public NoteView {
     [[nodiscard]] bool IsIconShowing() const override;
     void ShowIcon(std::u16string_view caption) override;
     void HideIcon() override;
+    void RecreateIcon() override;
     void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
     [[nodiscard]] bool OpenReminderDialog(DaySerial existing) override;
     void BringReminderDialogForward() override;

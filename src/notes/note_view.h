@@ -45,6 +45,8 @@ class NoteView {
     [[nodiscard]] virtual bool IsIconShowing() const = 0;
     virtual void ShowIcon(std::u16string_view caption) = 0;
     virtual void HideIcon() = 0;
+    /// Adds an icon that shows once more, for the task bar was made anew.
+    virtual void RecreateIcon() = 0;
     /// A balloon on that icon.
     virtual void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) = 0;
 

@@ -125,6 +125,8 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void MinimizeToTray();
     /// To its own icon and out of sight.
     void MinimizeByUser() override;
+    /// For a task bar that was made anew.
+    void RecreateIcon() { view_->RecreateIcon(); }
     void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
     /// Any of these may leave the note destroyed: its object lives on until its owner lets go of it.
     void CloseNote();

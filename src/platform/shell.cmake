@@ -4,6 +4,7 @@ target_sources(quillo_shell PRIVATE
   platform/dialog_window.cpp
   platform/dib.cpp
   platform/dpi.cpp
+  platform/drop_target.cpp
   platform/file_dialogs.cpp
   platform/gdi_canvas.cpp
   platform/message_loop.cpp

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/com_ptr.h"
+#include "platform/unique_handle.h"
 #include "platform/wide.h"
 
 // After windows.h.
@@ -73,14 +74,34 @@ std::u16string WinShell::FullPath(std::u16string_view path) {
     return full.empty() ? given : full;
 }
 
-bool WinShell::Open(std::u16string_view path) {
+bool WinShell::Open(std::u16string_view path, std::u16string_view arguments) {
     const std::u16string file(path);
+    const std::u16string parameters(arguments);
     SHELLEXECUTEINFOW info{};
     info.cbSize = sizeof info;
     info.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_ASYNCOK;
     info.lpFile = Wide(file);
+    info.lpParameters = parameters.empty() ? nullptr : Wide(parameters);
     info.nShow = SW_SHOWNORMAL;
     return ShellExecuteExW(&info) != 0;
+}
+
+bool WinShell::Start(std::u16string_view program, std::u16string_view arguments) {
+    // In quotes: without them "C:\Program Files\x.exe" could start "C:\Program.exe".
+    std::u16string commandLine = u'"' + std::u16string(program) + u'"';
+    if (!arguments.empty()) commandLine += u' ' + std::u16string(arguments);
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = SW_SHOWNORMAL;
+    PROCESS_INFORMATION process{};
+    if (CreateProcessW(nullptr, WideBuffer(commandLine), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                       &process) == 0) {
+        return false;
+    }
+    const KernelHandle thread(process.hThread);
+    const KernelHandle owned(process.hProcess);
+    return true;
 }
 
 std::u16string WinShell::LinkTarget(std::u16string_view path) {

@@ -12,7 +12,9 @@ class WinShell : public Shell {
     [[nodiscard]] std::u16string SystemFolder() override;
     [[nodiscard]] std::u16string ProgramPath() override;
     [[nodiscard]] std::u16string FullPath(std::u16string_view path) override;
-    bool Open(std::u16string_view path) override;
+    using Shell::Open;
+    bool Open(std::u16string_view path, std::u16string_view arguments) override;
+    bool Start(std::u16string_view program, std::u16string_view arguments) override;
     [[nodiscard]] std::u16string LinkTarget(std::u16string_view path) override;
     [[nodiscard]] bool Recycle(std::u16string_view path) override;
     [[nodiscard]] std::u16string NewUniqueIdentifier() override;

@@ -1,15 +1,20 @@
 #pragma once
 
-#include "platform/ui_timer.h"
+#include <functional>
+
 #include "platform/win32.h"
-#include "platform/window.h"
 #include "ports/user_notice.h"
 
 namespace quillo {
 
+class BusyFlag;
+
 /// Message boxes, balloons and the system's sounds.
 class WinUserNotice : public UserNotice {
   public:
+    /// `dialogs` is set while a message box stands.
+    explicit WinUserNotice(BusyFlag& dialogs) : dialogs_(dialogs) {}
+
     void Fail(std::u16string_view text) override;
     void Inform(std::u16string_view text) override;
     void Warn(std::u16string_view text) override;
@@ -17,24 +22,13 @@ class WinUserNotice : public UserNotice {
     void Balloon(std::u16string_view title, std::u16string_view text, BalloonIcon icon) override;
     void Play(SystemSound sound) override;
 
+    /// Shows a balloon: title, text and icon.
+    std::function<void(std::u16string_view, std::u16string_view, BalloonIcon)> onBalloon;
+
   private:
-    /// An icon in the notification area that stands only as long as its balloon.
-    class BalloonWindow : public Window {
-      public:
-        ~BalloonWindow() override { Destroy(); }
-        void Show(std::u16string_view title, std::u16string_view text, BalloonIcon icon);
+    int Box(std::u16string_view text, UINT flags);
 
-      protected:
-        LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-
-      private:
-        void Remove();
-
-        UiTimer timer_{[this] { Remove(); }};
-        bool shown_ = false;
-    };
-
-    BalloonWindow balloon_;
+    BusyFlag& dialogs_;
 };
 
 }  // namespace quillo

@@ -29,7 +29,10 @@ class Shell {
     /// An absolute path for one that may be relative to the current folder; the path itself when that fails.
     [[nodiscard]] virtual std::u16string FullPath(std::u16string_view path) = 0;
     /// Opens a file with its default action; false when nothing opens it. Shows no message.
-    virtual bool Open(std::u16string_view path) = 0;
+    virtual bool Open(std::u16string_view path, std::u16string_view arguments) = 0;
+    bool Open(std::u16string_view path) { return Open(path, {}); }
+    /// Starts a program in a normal window; false for what is no program, and where the user's rights do not reach.
+    virtual bool Start(std::u16string_view program, std::u16string_view arguments) = 0;
     /// The target of a shell link, as the shell-link service reports it; "" when it has none.
     [[nodiscard]] virtual std::u16string LinkTarget(std::u16string_view path) = 0;
     /// Moves a file to the Recycle Bin without questions; false when it is still where it was.

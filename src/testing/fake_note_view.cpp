@@ -73,6 +73,10 @@ void FakeNoteView::HideIcon() {
     iconShowing_ = false;
 }
 
+void FakeNoteView::RecreateIcon() {
+    if (iconShowing_) Record("RecreateIcon");
+}
+
 void FakeNoteView::ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) {
     Record("ShowIconBalloon " + std::to_string(static_cast<int>(icon)));
     balloonText_ = text;

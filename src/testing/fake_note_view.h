@@ -29,6 +29,7 @@ class FakeNoteView : public NoteView {
     [[nodiscard]] bool IsIconShowing() const override { return iconShowing_; }
     void ShowIcon(std::u16string_view caption) override;
     void HideIcon() override;
+    void RecreateIcon() override;
     void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
     [[nodiscard]] bool OpenReminderDialog(DaySerial existing) override;
     void BringReminderDialogForward() override;

@@ -5,6 +5,15 @@
 #include "util/text.h"
 
 namespace quillo {
+namespace {
+
+std::u16string WithArguments(std::u16string_view path, std::u16string_view arguments) {
+    std::u16string text(path);
+    if (!arguments.empty()) text.append(u" ").append(arguments);
+    return text;
+}
+
+}  // namespace
 
 bool FakeShell::IgnoreCase::operator()(const std::u16string& a, const std::u16string& b) const {
     return FoldAscii(a) < FoldAscii(b);
@@ -34,9 +43,14 @@ std::u16string FakeShell::FullPath(std::u16string_view path) {
     return absolute ? std::u16string(path) : currentFolder + u"\\" + std::u16string(path);
 }
 
-bool FakeShell::Open(std::u16string_view path) {
-    opened.emplace_back(path);
+bool FakeShell::Open(std::u16string_view path, std::u16string_view arguments) {
+    opened.push_back(WithArguments(path, arguments));
     return openWorks;
+}
+
+bool FakeShell::Start(std::u16string_view program, std::u16string_view arguments) {
+    started.push_back(WithArguments(program, arguments));
+    return startWorks;
 }
 
 std::u16string FakeShell::LinkTarget(std::u16string_view path) {

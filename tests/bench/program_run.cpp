@@ -86,7 +86,7 @@ std::vector<HWND> ProgramRun::TextBoxes() const {
 
 bool ProgramRun::SaveAll() const {
     // What the system sends before a session ends: everything is on the disk when the answer comes.
-    HWND form = FindWindowW(L"ThunderRT6FormDC", L"Quillo Notify");
+    HWND form = FindWindowW(L"QuilloMenu", nullptr);
     constexpr UINT kPatienceMilliseconds = 60'000;
     DWORD_PTR agreed = 0;
     return SendMessageTimeoutW(form, WM_QUERYENDSESSION, 0, 0, SMTO_NORMAL, kPatienceMilliseconds, &agreed) != 0 &&

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "harness/e2e_test.h"
+#include "harness/main_menu.h"
 
 namespace quillo::e2e {
 namespace {
@@ -86,7 +87,7 @@ TEST_F(Robustness, TheEndOfTheSessionSavesTheNotes) {
     AddNotes(2);
     Start();
     PutBefore(FindNote(Quillo(), L"note 0"), L"changed ");
-    HWND form = GetParent(Quillo().Channel());
+    HWND form = MainMenu(Quillo().Pid()).Handle();
     DWORD_PTR agreed = 0;
     ASSERT_NE(SendMessageTimeoutW(form, WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, 20'000, &agreed), 0);
     EXPECT_EQ(agreed, 1U);
@@ -102,7 +103,7 @@ TEST_F(Robustness, TheEndOfTheSessionSavesTheNotes) {
 TEST_F(Robustness, ASessionThatGoesOnAfterAllKeepsTheProgram) {
     AddNotes(1);
     Start();
-    HWND form = GetParent(Quillo().Channel());
+    HWND form = MainMenu(Quillo().Pid()).Handle();
     DWORD_PTR agreed = 0;
     SendMessageTimeoutW(form, WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, 20'000, &agreed);
     SendMessageTimeoutW(form, WM_ENDSESSION, FALSE, 0, SMTO_ABORTIFHUNG, 20'000, &agreed);
@@ -130,7 +131,7 @@ TEST_F(Robustness, APowerFailureDuringASaveLeavesEveryFileWhole) {
         const auto latest = std::chrono::steady_clock::now() + std::chrono::seconds(1);
         // The power goes somewhere in the saving.
         const auto before = FolderState();
-        PostMessageW(GetParent(Quillo().Channel()), WM_QUERYENDSESSION, 0, 0);
+        PostMessageW(MainMenu(Quillo().Pid()).Handle(), WM_QUERYENDSESSION, 0, 0);
         while (FolderState() == before && std::chrono::steady_clock::now() < latest) {
         }
         const auto moment = std::chrono::steady_clock::now() + std::chrono::microseconds(microseconds(random));
@@ -163,7 +164,7 @@ TEST_F(Robustness, AReaderOfTheFileDoesNotCostTheText) {
     std::atomic<bool> saved{false};
     std::thread saving([this, &saved] {
         DWORD_PTR ignored = 0;
-        SendMessageTimeoutW(GetParent(Quillo().Channel()), WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, 20'000,
+        SendMessageTimeoutW(MainMenu(Quillo().Pid()).Handle(), WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, 20'000,
                             &ignored);
         saved = true;
     });

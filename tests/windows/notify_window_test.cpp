@@ -76,17 +76,5 @@ TEST_F(NotifyWindowTest, NobodyThereIsToldAtOnce) {
     EXPECT_FALSE(SendToRunningInstance(u"/new", 0));
 }
 
-TEST_F(NotifyWindowTest, TheEndOfTheSessionIsHeardInItsTwoSteps) {
-    ASSERT_TRUE(window_.Load());
-    std::string heard;
-    window_.onSessionEnding = [&] { heard += 'a'; };
-    window_.onSessionEnded = [&] { heard += 'b'; };
-    EXPECT_EQ(SendMessageW(window_.Handle(), WM_QUERYENDSESSION, 0, 0), TRUE);
-    SendMessageW(window_.Handle(), WM_ENDSESSION, FALSE, 0);
-    EXPECT_EQ(heard, "a") << "another program has refused";
-    SendMessageW(window_.Handle(), WM_ENDSESSION, TRUE, 0);
-    EXPECT_EQ(heard, "ab");
-}
-
 }  // namespace
 }  // namespace quillo

@@ -1,43 +1,52 @@
-#include <gtest/gtest.h>
+#include "main_form_fixture.h"
 
-#include "mainmenu/notify_window.h"
-#include "support.h"
-
-namespace quillo {
+namespace quillo::windows_tests {
 namespace {
 
-class SessionTest : public testing::Test {
+class SessionTest : public MainFormTest {
   protected:
-    SessionTest() {
-        EXPECT_TRUE(window_.Load());
-        window_.onGoingAway = [this] { ++savings_; };
-    }
-
-    NotifyWindow window_;
-    int savings_ = 0;
+    SessionTest() { EXPECT_TRUE(form_.Load()); }
 };
 
 TEST_F(SessionTest, LockingSavesOnce) {
-    window_.WatchSession();
-    SendMessageW(window_.Handle(), WM_WTSSESSION_CHANGE, WTS_SESSION_LOCK, 1);
-    EXPECT_EQ(savings_, 1);
-    for (const WPARAM other : {WTS_SESSION_UNLOCK, WTS_SESSION_LOGON, WTS_CONSOLE_CONNECT}) {
-        SendMessageW(window_.Handle(), WM_WTSSESSION_CHANGE, other, 1);
-    }
-    EXPECT_EQ(savings_, 1);
+    form_.WatchSession();
+    Send(WM_WTSSESSION_CHANGE, WTS_SESSION_LOCK, 1);
+    EXPECT_EQ(Heard(), "away ");
+    for (const WPARAM other : {WTS_SESSION_UNLOCK, WTS_SESSION_LOGON}) Send(WM_WTSSESSION_CHANGE, other, 1);
+    EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(SessionTest, RemindersWaitWhileTheConsoleIsAwayAndGoOnAtARemoteOne) {
+    Send(WM_WTSSESSION_CHANGE, WTS_CONSOLE_DISCONNECT, 1);
+    EXPECT_EQ(Heard(), "gone ");
+    Send(WM_WTSSESSION_CHANGE, WTS_REMOTE_CONNECT, 1);
+    EXPECT_EQ(Heard(), "back ");
+    Send(WM_WTSSESSION_CHANGE, WTS_CONSOLE_CONNECT, 1);
+    EXPECT_EQ(Heard(), "back ");
 }
 
 TEST_F(SessionTest, SuspendingSavesAndIsAllowed) {
-    EXPECT_EQ(SendMessageW(window_.Handle(), WM_POWERBROADCAST, PBT_APMSUSPEND, 0), TRUE);
-    EXPECT_EQ(savings_, 1);
-    SendMessageW(window_.Handle(), WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC, 0);
-    EXPECT_EQ(savings_, 1);
+    EXPECT_EQ(Send(WM_POWERBROADCAST, PBT_APMSUSPEND), TRUE);
+    EXPECT_EQ(Heard(), "away ");
+    Send(WM_POWERBROADCAST, PBT_APMRESUMEAUTOMATIC);
+    EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(SessionTest, ItsEndIsHeardInItsTwoSteps) {
+    EXPECT_EQ(Send(WM_QUERYENDSESSION), TRUE);
+    Send(WM_ENDSESSION, FALSE);
+    EXPECT_EQ(Heard(), "ending ") << "another program has refused";
+    Send(WM_ENDSESSION, TRUE);
+    EXPECT_EQ(Heard(), "quit ");
 }
 
 TEST_F(SessionTest, WithNobodyListeningNothingHappens) {
-    window_.onGoingAway = nullptr;
-    EXPECT_EQ(SendMessageW(window_.Handle(), WM_POWERBROADCAST, PBT_APMSUSPEND, 0), TRUE);
+    form_.onGoingAway = nullptr;
+    form_.onPresence = nullptr;
+    EXPECT_EQ(Send(WM_POWERBROADCAST, PBT_APMSUSPEND), TRUE);
+    Send(WM_WTSSESSION_CHANGE, WTS_CONSOLE_CONNECT, 1);
+    EXPECT_EQ(Heard(), "");
 }
 
 }  // namespace
-}  // namespace quillo
+}  // namespace quillo::windows_tests

@@ -5,6 +5,7 @@
 #include <array>
 #include <filesystem>
 
+#include "harness/tray.h"
 #include "platform/win32.h"
 
 namespace quillo::e2e {
@@ -137,11 +138,7 @@ std::vector<HWND> QuilloProcess::Notes() const {
 }
 
 bool QuilloProcess::HasShownBalloon() const {
-    HWND window = nullptr;
-    while ((window = FindWindowExW(HWND_MESSAGE, window, L"QuilloBalloon", nullptr)) != nullptr) {
-        if (ProcessOf(window) == pid_) return true;
-    }
-    return false;
+    return !LastBalloon(pid_).empty();
 }
 
 std::optional<DWORD> RunToEnd(const std::wstring& arguments, const std::wstring& folder) {

@@ -72,6 +72,13 @@ std::vector<HWND> TrayIconWindows(DWORD process) {
     return windows;
 }
 
+std::wstring LastBalloon(DWORD process) {
+    for (HWND window : TrayIconWindows(process)) {
+        if (std::wstring text = WindowText(window); !text.empty()) return text;
+    }
+    return {};
+}
+
 bool IsToolTipStanding(const std::wstring& text) {
     const std::wstring* wanted = &text;
     EnumWindows(&FindToolTip, reinterpret_cast<LPARAM>(&wanted));

@@ -10,6 +10,8 @@ namespace quillo::e2e {
 
 /// The hidden windows that the program's icons beside the clock report to, one for each icon that was ever shown.
 [[nodiscard]] std::vector<HWND> TrayIconWindows(DWORD process);
+/// The text of the balloon that the program has asked for last, from whichever of its icons; "" when there was none.
+[[nodiscard]] std::wstring LastBalloon(DWORD process);
 /// Whether the task bar is the plain one of a desktop without Windows' own shell, where a balloon is a tool tip.
 [[nodiscard]] bool HasBareTaskBar();
 /// Whether a tool tip with exactly that text stands on the screen, of whatever program.

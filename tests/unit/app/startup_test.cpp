@@ -18,6 +18,8 @@ class RecordingStage : public StartupStage {
     explicit RecordingStage(TestProgram& test) : test_(test) {}
 
     [[nodiscard]] bool AnotherInstanceRuns() override {
+        viewsBefore = test_.views.Count();
+        openedBefore = test_.shell.opened.size();
         Note(u"AnotherInstanceRuns");
         return anotherRuns;
     }
@@ -35,11 +37,20 @@ class RecordingStage : public StartupStage {
         return os;
     }
     void LoadNotifyWindow() override { Note(u"LoadNotifyWindow"); }
+    void LoadMainForm() override {
+        EXPECT_FALSE(test_.program.settings.shortcuts[0].empty()) << "the settings are loaded before";
+        EXPECT_FALSE(test_.program.notesFolder.empty());
+        EXPECT_EQ(test_.views.Count(), viewsBefore) << "no note comes before";
+        EXPECT_EQ(test_.shell.opened.size(), openedBefore) << "nor the help";
+        steps.emplace_back(u"LoadMainForm");
+    }
 
     bool anotherRuns = false;
     OsFacts os = MakeOsFacts(2, 10, 0);
     Steps steps;
     std::vector<std::u16string> sent;
+    std::size_t viewsBefore = 0;
+    std::size_t openedBefore = 0;
 
   private:
     void Note(std::u16string_view step) {
@@ -118,7 +129,7 @@ TEST_F(StartupTest, AFirstStartWithCloseLeavesNothingBehind) {
 TEST_F(StartupTest, StepsComeInOrder) {
     EXPECT_EQ(Start(), StartupOutcome::Running);
     EXPECT_EQ(stage_.steps, (Steps{u"AnotherInstanceRuns", u"InitializeShell", u"RegisterLinkFormat", u"ReadOsFacts",
-                                   u"LoadNotifyWindow"}));
+                                   u"LoadNotifyWindow", u"LoadMainForm"}));
     const Steps registry{u"open HKEY_LOCAL_MACHINE\\Software\\Marrowind\\Quillo",
                          u"open HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run", u"set Quillo",
                          u"open HKEY_CURRENT_USER\\Software\\Marrowind\\Quillo",

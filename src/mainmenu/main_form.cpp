@@ -1,0 +1,453 @@
+#include "mainmenu/main_form.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "app/open_notes.h"
+#include "app/program.h"
+#include "app/registry_keys.h"
+#include "app/settings_table.h"
+#include "mainmenu/main_form_rules.h"
+#include "mainmenu/menu_drop_target.h"
+#include "mainmenu/menu_shortcuts.h"
+#include "mainmenu/menu_slide.h"
+#include "platform/dpi.h"
+#include "platform/gdi_scope.h"
+#include "platform/late_library.h"
+#include "platform/monitors.h"
+#include "platform/window_effects.h"
+#include "registry/tessel_registry.h"
+#include "resources/resource_ids.h"
+#include "util/busy_flag.h"
+#include "util/ignore.h"
+#include "util/numbers.h"
+
+namespace quillo {
+namespace {
+
+constexpr std::u16string_view kDesktopMetrics = u"HKEY_CURRENT_USER\\Control Panel\\Desktop\\WindowMetrics";
+constexpr int kBalloonSeconds = 15;
+constexpr BYTE kOpaque = 255;
+
+enum HotKeyId : int { kNewNoteHotKey = 1, kShowNotesHotKey = 2 };
+constexpr UINT kWindowsKey = 8;
+
+bool SystemAnimates() {
+    BOOL animates = TRUE;
+    SystemParametersInfoW(SPI_GETCLIENTAREAANIMATION, 0, &animates, 0);
+    return animates != FALSE;
+}
+
+bool IsRemoteSession() {
+    return GetSystemMetrics(SM_REMOTESESSION) != 0;
+}
+
+/// The system's clock ticks as often as a frame needs it, for a scope; it would wait twice as long otherwise.
+class FineClockScope {
+  public:
+    FineClockScope() : begun_(Begin().Get() != nullptr && Begin().Get()(kMillisecond) == 0) {}
+    FineClockScope(const FineClockScope&) = delete;
+    FineClockScope& operator=(const FineClockScope&) = delete;
+    ~FineClockScope() {
+        if (begun_ && End().Get() != nullptr) End().Get()(kMillisecond);
+    }
+
+  private:
+    using PeriodFunction = LateFunction<UINT WINAPI(UINT)>;
+    static constexpr UINT kMillisecond = 1;
+    static PeriodFunction& Begin() {
+        static PeriodFunction begin(L"winmm.dll", "timeBeginPeriod");
+        return begin;
+    }
+    static PeriodFunction& End() {
+        static PeriodFunction end(L"winmm.dll", "timeEndPeriod");
+        return end;
+    }
+
+    bool begun_;
+};
+
+}  // namespace
+
+MainForm::MainForm(const MainFormTools& tools, UINT backupInterval)
+    : tools_(tools),
+      backupInterval_(backupInterval),
+      trayIcon_(tools.locale),
+      backupTimer_([this] { OnBackupTimer(); }) {}
+
+bool MainForm::Load() {
+    WNDCLASSEXW windowClass{};
+    windowClass.lpszClassName = L"QuilloMenu";
+    windowClass.hCursor = ArrowCursor();
+    windowClass.hIcon = LoadIconW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO));
+    layered_ = tools_.program.os.windows2000OrLater;
+    WindowPlan plan;
+    plan.title = L"Quillo menu";  // what a screen reader speaks
+    plan.style = WS_POPUP;
+    plan.exStyle = WS_EX_TOOLWINDOW | WS_EX_TOPMOST | (layered_ ? DWORD{WS_EX_LAYERED} : 0);
+    if (!Create(windowClass, plan)) return false;
+    AddDropShadow(Handle());
+    RegisterHotKeys();
+    taskbarCreated_ = RegisterWindowMessageW(L"TaskbarCreated");
+    const TesselRegistry metrics(tools_.registry, kDesktopMetrics);
+    shellIconSize_ = ShellIconSize(metrics.Value(u"Shell Icon Size"));
+    LoadTrayIcon();
+    backupTimer_.Start(backupInterval_);
+    return true;
+}
+
+void MainForm::LoadTrayIcon() {
+    trayIcon_.onClick = [this] { OnTrayClick(); };
+    trayIcon_.onRightClick = [this] { OnTrayRightClick(); };
+    TrayProperties properties;
+    properties.toolTipText = u"Quillo";
+    properties.icon = ToTrayHandle(LoadImageW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO), IMAGE_ICON,
+                                              GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED));
+    trayIcon_.LoadProperties(properties);
+}
+
+void MainForm::WatchSession() {
+    // The watch ends with the window.
+    static LateFunction<BOOL WINAPI(HWND, DWORD)> watch(L"wtsapi32.dll", "WTSRegisterSessionNotification");
+    constexpr DWORD kThisSession = 0;
+    if (watch.Get() == nullptr || Handle() == nullptr || !tools_.program.os.windowsXpOrLater) return;
+    Ignore(watch.Get()(Handle(), kThisSession), "unwatched, notes are saved two seconds after their last change");
+}
+
+void MainForm::Unload() {
+    Destroy();
+}
+
+LRESULT MainForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == taskbarCreated_ && message != 0) return OnTaskbarCreated(), 0;
+    switch (message) {
+        case WM_DESTROY:
+            return OnDestroy(), 0;
+        case WM_CLOSE:
+            if (onQuit) onQuit();
+            return 0;
+        case WM_HOTKEY:
+            return OnHotKey(static_cast<int>(wParam)), 0;
+        case WM_QUERYENDSESSION:
+            if (onSessionEnding) onSessionEnding();
+            return TRUE;
+        case WM_ENDSESSION:
+            if (wParam != FALSE && onQuit) onQuit();
+            return 0;
+        case WM_WTSSESSION_CHANGE:
+            return OnSessionChange(wParam), 0;
+        case WM_POWERBROADCAST:
+            if (wParam == PBT_APMSUSPEND && onGoingAway) onGoingAway();
+            return TRUE;
+        case WM_MOUSEMOVE:
+            return OnMouseMove(PointFromLParam(lParam)), 0;
+        case WM_MOUSELEAVE:
+            return OnMouseLeave(), 0;
+        case WM_LBUTTONDOWN:
+        case WM_RBUTTONDOWN:
+        case WM_MBUTTONDOWN:
+            return OnButtonDown(PointFromLParam(lParam)), 0;
+        case WM_LBUTTONUP:
+        case WM_MBUTTONUP:
+            return OnButtonUp(PointFromLParam(lParam), false), 0;
+        case WM_RBUTTONUP:
+            return OnButtonUp(PointFromLParam(lParam), true), 0;
+        case WM_KEYDOWN:
+            return OnKeyDown(static_cast<int>(wParam)), 0;
+        case WM_DPICHANGED:
+            if (IsShowing()) Place();
+            return 0;
+        case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE:
+        case WM_THEMECHANGED:
+            return RedrawResources(), 0;
+        case WM_ERASEBKGND:
+            return 1;  // painted whole, off the screen
+        case WM_PAINT:
+            return OnPaint(), 0;
+        default:
+            return Default(message, wParam, lParam);
+    }
+}
+
+void MainForm::OnDestroy() {
+    backupTimer_.Stop();
+    UnregisterHotKeys();
+    ReleaseDropTarget();
+    trayIcon_.SetVisible(false);
+}
+
+// Hotkeys.
+
+void MainForm::RegisterHotKeys() {
+    UnregisterHotKeys();
+    const Settings& settings = tools_.program.settings;
+    RegisterHotKey(Handle(), kNewNoteHotKey, kWindowsKey, static_cast<UINT>(settings.newNoteHotkey));
+    RegisterHotKey(Handle(), kShowNotesHotKey, kWindowsKey, static_cast<UINT>(settings.showNotesHotkey));
+}
+
+void MainForm::UnregisterHotKeys() {
+    UnregisterHotKey(Handle(), kNewNoteHotKey);
+    UnregisterHotKey(Handle(), kShowNotesHotKey);
+}
+
+void MainForm::OnHotKey(int id) const {
+    if (tools_.program.quitting) return;  // pressed just before the end
+    if (id == kNewNoteHotKey && onNewNote) onNewNote();
+    if (id == kShowNotesHotKey) SurfaceAllNotes(tools_.program.openNotes);
+}
+
+// The system's word.
+
+void MainForm::OnSessionChange(WPARAM code) const {
+    if (code == WTS_SESSION_LOCK && onGoingAway) onGoingAway();
+    const SessionChange change = SessionChangeOf(static_cast<unsigned>(code));
+    if (change != SessionChange::Nothing && onPresence) onPresence(change == SessionChange::Back);
+}
+
+void MainForm::OnTaskbarCreated() {
+    trayIcon_.RecreateIcon();
+    RecreateNoteIcons(tools_.program.openNotes);
+}
+
+void MainForm::OnBackupTimer() {
+    if (IsBackupTick(++backupTicks_) && onBackup) onBackup();
+}
+
+// The icon beside the clock.
+
+bool MainForm::IsBusy() const {
+    return tools_.program.startingUp || tools_.program.quitting || tools_.dialogs.IsSet();
+}
+
+void MainForm::OnTrayClick() {
+    if (IsBusy()) return;
+    const bool showing = IsShowing();
+    if (showing && onNewNote) onNewNote();
+    SlideForm(!showing);
+}
+
+void MainForm::OnTrayRightClick() {
+    if (!IsBusy()) SurfaceAllNotes(tools_.program.openNotes);
+}
+
+void MainForm::ShowBalloon(std::u16string_view title, std::u16string_view text, BalloonIcon icon) {
+    trayIcon_.ShowBalloon(text, title, static_cast<DWORD>(icon), kBalloonSeconds);
+}
+
+// Shortcuts.
+
+void MainForm::RedrawResources() {
+    picture_.Forget();
+    if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void MainForm::SetShortcut(int index, std::u16string_view path) {
+    if (index < 1 || index > kMenuSlots) return;
+    tools_.program.settings.shortcuts.at(static_cast<std::size_t>(index) - 1) = path;
+    RedrawShortcuts();
+    TesselRegistry registry(tools_.registry, kUserKey);
+    Ignore(SaveSetting(registry, tools_.program.settings, u"Shortcut " + FormatInteger(index)),
+           "every slot has its row in the table");
+}
+
+void MainForm::TakeDrops() {
+    if (dropTarget_ != nullptr || !tools_.ole.Start()) return;
+    dropTarget_ = new MenuDropTarget(
+        [this](Point at, int files) { return OffersDrop(ScreenToDesign(at), files); },
+        [this](Point at, const std::vector<std::u16string>& files) { return TakeDropped(at, files); });
+    RegisterDragDrop(Handle(), dropTarget_);
+}
+
+void MainForm::ReleaseDropTarget() {
+    if (dropTarget_ == nullptr) return;
+    RevokeDragDrop(Handle());
+    dropTarget_->Disconnect();
+    dropTarget_->Release();
+    dropTarget_ = nullptr;
+}
+
+bool MainForm::TakeDropped(Point at, const std::vector<std::u16string>& files) {
+    const auto slot = SlotOfDrop(ScreenToDesign(at), static_cast<int>(files.size()));
+    if (!slot) return false;
+    SetShortcut(*slot, files.front());
+    return true;
+}
+
+// Hovering and choosing.
+
+MenuState MainForm::State() const {
+    return MenuState{tools_.program.openNotes.Count() > 0, FilledSlotsOf(tools_.program.settings)};
+}
+
+MenuPoint MainForm::ToDesign(Point at) const {
+    const double factor = static_cast<double>(kDesignDpi) / scale_.Dpi();
+    return MenuPoint{at.x * factor, at.y * factor};
+}
+
+MenuPoint MainForm::ScreenToDesign(Point at) const {
+    return ToDesign(Point{at.x - place_.left, at.y - place_.top});
+}
+
+void MainForm::Hover(MenuItem item) {
+    if (shown_ != State()) InvalidateRect(Handle(), nullptr, FALSE);
+    if (item == hovered_) return;
+    RepaintItem(hovered_);
+    hovered_ = item;
+    RepaintItem(hovered_);
+}
+
+void MainForm::RepaintItem(MenuItem item) {
+    const Rect area = HighlightRect(item);
+    const RECT place{scale_.Px(area.left), scale_.Px(area.top), scale_.Px(area.Right()), scale_.Px(area.Bottom())};
+    InvalidateRect(Handle(), &place, FALSE);
+}
+
+void MainForm::OnMouseMove(Point at) {
+    // The system repeats the last move when a window comes or goes; it must not undo what the keyboard has reached.
+    if (at == pointer_) return;
+    pointer_ = at;
+    byKeyboard_ = false;
+    Hover(MenuItemAt(ToDesign(at), State()));
+    TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
+    TrackMouseEvent(&track);
+}
+
+void MainForm::OnMouseLeave() {
+    pointer_ = Point{-1, -1};
+    if (!byKeyboard_) Hover(MenuItem::None);
+}
+
+void MainForm::OnButtonDown(Point at) {
+    SetCapture(Handle());
+    Hover(MenuItemAt(ToDesign(at), State()));
+}
+
+void MainForm::OnButtonUp(Point at, bool right) {
+    ReleaseCapture();
+    Hover(MenuItemAt(ToDesign(at), State()));
+    Choose(hovered_, right);
+}
+
+void MainForm::OnKeyDown(int virtualKey) {
+    const auto go = [this](MenuMove move) {
+        byKeyboard_ = true;
+        Hover(MoveInMenu(hovered_, move, State()));
+    };
+    switch (virtualKey) {
+        case VK_ESCAPE:
+            return SlideForm(false);
+        case VK_RETURN:
+        case VK_SPACE:
+            if (hovered_ != MenuItem::None) Choose(hovered_, false);
+            return;
+        case VK_LEFT:
+            return go(MenuMove::Left);
+        case VK_RIGHT:
+            return go(MenuMove::Right);
+        case VK_UP:
+            return go(MenuMove::Up);
+        case VK_DOWN:
+            return go(MenuMove::Down);
+        case VK_TAB:
+            return go(GetKeyState(VK_SHIFT) < 0 ? MenuMove::Previous : MenuMove::Next);
+        default:
+            return;
+    }
+}
+
+void MainForm::Choose(MenuItem item, bool rightButton) {
+    if (rightButton && (item == MenuItem::None || item == MenuItem::Close)) {
+        if (onQuit) onQuit();
+        return;
+    }
+    // These stay until the user closes them: the menu must not wait beside them.
+    if (item == MenuItem::Options || item == MenuItem::About) SlideForm(false);
+    Perform(item);
+    SlideForm(false);
+}
+
+void MainForm::Perform(MenuItem item) {
+    const auto raise = [](const std::function<void()>& handler) {
+        if (handler) handler();
+    };
+    switch (item) {
+        case MenuItem::None:
+        case MenuItem::Close:
+            return;
+        case MenuItem::NewNote:
+            return raise(onNewNote);
+        case MenuItem::ShowAllNotes:
+            return SurfaceAllNotes(tools_.program.openNotes);
+        case MenuItem::Options:
+            return raise(onOptions);
+        case MenuItem::About:
+            return raise(onAbout);
+        default:
+            RunShortcut(tools_.program.settings.shortcuts.at(static_cast<std::size_t>(ShortcutNumber(item)) - 1),
+                        tools_.shell);
+    }
+}
+
+// Coming and going.
+
+void MainForm::SlideForm(bool show) {
+    if (Handle() == nullptr || show == IsShowing()) return;
+    tools_.notice.Play(show ? SystemSound::RestoreUp : SystemSound::RestoreDown);
+    if (show) {
+        hovered_ = MenuItem::None;
+        TakeDrops();
+    }
+    Place();
+    if (IsSlideAnimated(tools_.program.settings.disableAnimation, SystemAnimates(), IsRemoteSession())) Animate(show);
+    if (show) {
+        ShowFrame(SlideFrame{kOpaque, place_.height});
+        SetForegroundWindow(Handle());
+        SetFocus(Handle());
+    } else {
+        ShowWindow(Handle(), SW_HIDE);
+    }
+}
+
+void MainForm::Place() {
+    const std::vector<Rect> areas = WorkAreas();
+    if (areas.empty()) return;
+    const Rect& area = areas.front();
+    scale_ = PointScale(POINT{area.Right() - 1, area.Bottom() - 1});
+    const Size size{scale_.Px(kMenuSize.width), scale_.Px(kMenuSize.height)};
+    place_ = Rect{area.Right() - size.width, area.Bottom() - size.height, size.width, size.height};
+    SetWindowPos(Handle(), HWND_TOPMOST, place_.left, place_.top, place_.width, place_.height, SWP_NOACTIVATE);
+}
+
+void MainForm::Animate(bool show) {
+    using Ticks = std::chrono::steady_clock;
+    const FineClockScope fine;
+    for (const SlideFrame& frame : SlideFrames(show, place_.height)) {
+        const Ticks::time_point begun = Ticks::now();
+        ShowFrame(frame);
+        const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Ticks::now() - begun);
+        const int pause = FramePause(static_cast<int>(std::min<long long>(elapsed.count(), kFrameMilliseconds)));
+        if (pause > 0) Sleep(static_cast<DWORD>(pause));
+    }
+}
+
+void MainForm::ShowFrame(const SlideFrame& frame) {
+    if (layered_) {
+        SetLayeredWindowAttributes(Handle(), 0, static_cast<BYTE>(frame.opacity), LWA_ALPHA);
+    } else {
+        SetWindowPos(Handle(), nullptr, place_.left, place_.Bottom() - frame.rise, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+    UpdateWindow(Handle());
+}
+
+void MainForm::OnPaint() {
+    if (!picture_.IsDrawn(scale_)) picture_.Draw(scale_, tools_.program.settings, shellIconSize_);
+    const PaintScope paint(Handle());
+    const BufferedPaint buffer(paint.Dc(), paint.Area());
+    shown_ = State();
+    picture_.Paint(buffer.Dc(), hovered_, shown_);
+}
+
+}  // namespace quillo

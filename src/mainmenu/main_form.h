@@ -1,0 +1,137 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include "controls/tessel_tray_lite.h"
+#include "mainmenu/menu_map.h"
+#include "mainmenu/menu_picture.h"
+#include "mainmenu/options_controller.h"
+#include "platform/ui_timer.h"
+#include "platform/window.h"
+#include "ports/user_notice.h"
+#include "util/units.h"
+
+namespace quillo {
+
+class BusyFlag;
+class LocaleText;
+class MenuDropTarget;
+class OleSession;
+class RegistryApi;
+class Shell;
+struct Program;
+struct SlideFrame;
+
+inline constexpr UINT kBackupInterval = 60'000;
+
+/// What the main form works with. `dialogs` is set while a modal dialog of the program stands.
+struct MainFormTools {
+    Program& program;
+    RegistryApi& registry;
+    Shell& shell;
+    UserNotice& notice;
+    LocaleText& locale;
+    OleSession& ole;
+    const BusyFlag& dialogs;
+};
+
+/// The program's hidden main window: its icon beside the clock, the menu that slides up from there, the hotkeys, the
+/// backup timer, and the system's word of the session and the task bar.
+class MainForm : public Window, public OptionsOwner {
+  public:
+    explicit MainForm(const MainFormTools& tools, UINT backupInterval = kBackupInterval);
+    ~MainForm() override { Unload(); }
+
+    /// Registers the hotkeys and shows the icon. False on failure.
+    bool Load();
+    /// Asks the system for word of the session: of no use before the notes are on the screen.
+    void WatchSession();
+    void Unload();
+
+    /// Shows or hides the menu, with its sound and animation.
+    void SlideForm(bool show);
+    [[nodiscard]] bool IsShowing() const { return Handle() != nullptr && IsWindowVisible(Handle()) != FALSE; }
+    /// The shortcuts have changed: their icons are drawn anew when the menu is seen next.
+    void RedrawShortcuts() { RedrawResources(); }
+    /// The artwork is drawn anew.
+    void RedrawResources() override;
+    /// Stores a program shortcut in the slot `index`, 1 to 4, and in the registry.
+    void SetShortcut(int index, std::u16string_view path) override;
+    /// Takes the two hotkeys of the settings in the place of those that were registered before. A key that another
+    /// program has does not work, and nothing is said.
+    void RegisterHotKeys() override;
+    void ShowBalloon(std::u16string_view title, std::u16string_view text, BalloonIcon icon);
+
+    std::function<void()> onNewNote;
+    std::function<void()> onOptions;
+    std::function<void()> onAbout;
+    /// Ends the program as the end of the session would.
+    std::function<void()> onQuit;
+    /// Every five minutes: all notes are to be saved.
+    std::function<void()> onBackup;
+    /// The session asks whether it may end: everything is to be on the disk before the answer.
+    std::function<void()> onSessionEnding;
+    /// The session is locked or the machine goes to sleep: what has changed is to be on the disk.
+    std::function<void()> onGoingAway;
+    /// True when the user is back at the session, false when the console has been taken from it.
+    std::function<void(bool)> onPresence;
+
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void OnDestroy();
+    void OnHotKey(int id) const;
+    void OnSessionChange(WPARAM code) const;
+    void OnTaskbarCreated();
+    void OnTrayClick();
+    void OnTrayRightClick();
+    void OnBackupTimer();
+    void OnPaint();
+    void OnMouseMove(Point at);
+    void OnMouseLeave();
+    void OnButtonDown(Point at);
+    void OnButtonUp(Point at, bool right);
+    void OnKeyDown(int virtualKey);
+
+    void LoadTrayIcon();
+    void UnregisterHotKeys();
+    /// The program must not be interrupted: it starts, quits, or shows a modal dialog.
+    [[nodiscard]] bool IsBusy() const;
+    [[nodiscard]] MenuState State() const;
+    /// A point of the window in pixels at 96 dpi.
+    [[nodiscard]] MenuPoint ToDesign(Point at) const;
+    [[nodiscard]] MenuPoint ScreenToDesign(Point at) const;
+    void Hover(MenuItem item);
+    void RepaintItem(MenuItem item);
+    void Choose(MenuItem item, bool rightButton);
+    void Perform(MenuItem item);
+    /// To the bottom right corner of the work area, above all windows.
+    void Place();
+    void Animate(bool show);
+    void ShowFrame(const SlideFrame& frame);
+    void TakeDrops();
+    void ReleaseDropTarget();
+    [[nodiscard]] bool TakeDropped(Point at, const std::vector<std::u16string>& files);
+
+    MainFormTools tools_;
+    UINT backupInterval_;
+    TesselTrayLite trayIcon_;
+    UiTimer backupTimer_;
+    MenuPicture picture_;
+    Scale scale_;
+    Rect place_;  ///< where the menu stands when it is all there, in screen pixels
+    MenuItem hovered_ = MenuItem::None;
+    MenuState shown_;  ///< what the screen shows of it
+    Point pointer_{-1, -1};
+    MenuDropTarget* dropTarget_ = nullptr;  ///< one reference is the menu's
+    UINT taskbarCreated_ = 0;
+    int shellIconSize_ = 32;
+    int backupTicks_ = 0;
+    bool layered_ = false;     ///< the menu fades instead of sliding
+    bool byKeyboard_ = false;  ///< the hovered item was reached by keyboard
+};
+
+}  // namespace quillo

@@ -1,0 +1,23 @@
+#pragma once
+
+namespace quillo {
+
+/// The backup timer ticks once a minute; every fifth tick saves.
+[[nodiscard]] constexpr bool IsBackupTick(int tick) {
+    constexpr int kTicksBetweenBackups = 5;
+    return tick % kTicksBetweenBackups == 0;
+}
+
+/// What a change of the Windows session means for reminders.
+enum class SessionChange { Nothing, Away, Back };
+
+/// `code` is the system's number of the change.
+[[nodiscard]] constexpr SessionChange SessionChangeOf(unsigned code) {
+    constexpr unsigned kConsoleConnect = 1;
+    constexpr unsigned kConsoleDisconnect = 2;
+    constexpr unsigned kRemoteConnect = 3;  // the user sits before another machine
+    if (code == kConsoleDisconnect) return SessionChange::Away;
+    return code == kConsoleConnect || code == kRemoteConnect ? SessionChange::Back : SessionChange::Nothing;
+}
+
+}  // namespace quillo

@@ -1,0 +1,123 @@
+#include "mainmenu/menu_map.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace quillo {
+namespace {
+
+constexpr int kHead = 40;        // the strip with about and close
+constexpr int kFoot = 120;       // where the slots begin
+constexpr int kAboutLeft = 230;  // this column belongs to nobody
+constexpr int kCloseLeft = 265;
+constexpr int kPillar = 100;       // right end of "new note", left end of the slots
+constexpr int kMiddleRight = 200;  // this column belongs to "show all notes"
+constexpr int kSlot = 50;
+
+/// Item 5 to 8 of a column. Halves round to the even number, so that the middle between two pixels at a higher
+/// resolution falls to the right of a slot's edge and to the left of the menu's.
+MenuItem SlotAt(double x) {
+    const int column = static_cast<int>(std::nearbyint(x));
+    const int item = column / kSlot + 3;
+    return static_cast<MenuItem>(std::min(item, static_cast<int>(MenuItem::Shortcut4)));
+}
+
+Point MiddleOf(MenuItem item) {
+    const Rect area = HighlightRect(item);
+    return Point{area.left + area.width / 2, area.top + area.height / 2};
+}
+
+/// How far `to` lies in the direction of the move, as a walker sees it: ahead counts once, aside twice. Below 1 when
+/// it is not ahead.
+int Distance(MenuItem from, MenuItem to, MenuMove move) {
+    const Point a = MiddleOf(from);
+    const Point b = MiddleOf(to);
+    const int dx = b.x - a.x;
+    const int dy = b.y - a.y;
+    const bool sideways = move == MenuMove::Left || move == MenuMove::Right;
+    const int ahead = move == MenuMove::Left ? -dx : move == MenuMove::Right ? dx : move == MenuMove::Up ? -dy : dy;
+    if (ahead <= 0) return 0;
+    return ahead + 2 * std::abs(sideways ? dy : dx);
+}
+
+MenuItem Step(MenuItem from, int step, const MenuState& state) {
+    const auto& order = MenuOrder();
+    const int count = static_cast<int>(order.size());
+    const auto found = std::find(order.begin(), order.end(), from);
+    int at = found != order.end() ? static_cast<int>(found - order.begin()) : step > 0 ? -1 : count;
+    do {
+        at = (at + step + count) % count;
+    } while (!IsEnabled(order[static_cast<std::size_t>(at)], state));
+    return order[static_cast<std::size_t>(at)];
+}
+
+}  // namespace
+
+MenuItem MenuAreaAt(MenuPoint at) {
+    const auto [x, y] = at;
+    const bool inside = x >= 0 && x < kMenuSize.width && y >= 0 && y < kMenuSize.height;
+    if (!inside) return MenuItem::None;
+    if (y < kHead) {
+        if (x >= kCloseLeft) return MenuItem::Close;
+        // Intended: exactly 230 is nobody's.
+        return x > kAboutLeft ? MenuItem::About : MenuItem::None;
+    }
+    if (x < kPillar) return MenuItem::NewNote;
+    if (y >= kFoot) return SlotAt(x);
+    return x <= kMiddleRight ? MenuItem::ShowAllNotes : MenuItem::Options;
+}
+
+MenuItem MenuItemAt(MenuPoint at, const MenuState& state) {
+    const MenuItem item = MenuAreaAt(at);
+    return IsEnabled(item, state) ? item : MenuItem::None;
+}
+
+bool IsEnabled(MenuItem item, const MenuState& state) {
+    if (item == MenuItem::None) return false;
+    if (item == MenuItem::ShowAllNotes) return state.hasNotes;
+    if (!IsShortcut(item)) return true;
+    return state.hasShortcut.at(static_cast<std::size_t>(ShortcutNumber(item)) - 1);
+}
+
+Rect HighlightRect(MenuItem item) {
+    switch (item) {
+        case MenuItem::None:
+            return {};
+        case MenuItem::Close:
+            return {kCloseLeft, 0, kMenuSize.width - kCloseLeft, kHead};
+        case MenuItem::About:
+            return {kAboutLeft, 0, kCloseLeft - kAboutLeft, kHead};
+        case MenuItem::NewNote:
+            return {0, kHead, kPillar, kMenuSize.height - kHead};
+        case MenuItem::ShowAllNotes:
+            return {kPillar, kHead, kMiddleRight - kPillar, kFoot - kHead};
+        case MenuItem::Options:
+            return {kMiddleRight, kHead, kMenuSize.width - kMiddleRight, kFoot - kHead};
+        default:
+            return {kPillar + (ShortcutNumber(item) - 1) * kSlot, kFoot, kSlot, kMenuSize.height - kFoot};
+    }
+}
+
+const std::vector<MenuItem>& MenuOrder() {
+    static const std::vector<MenuItem> order{MenuItem::NewNote,   MenuItem::ShowAllNotes, MenuItem::Options,
+                                             MenuItem::Shortcut1, MenuItem::Shortcut2,    MenuItem::Shortcut3,
+                                             MenuItem::Shortcut4, MenuItem::About,        MenuItem::Close};
+    return order;
+}
+
+MenuItem MoveInMenu(MenuItem from, MenuMove move, const MenuState& state) {
+    if (move == MenuMove::Previous) return Step(from, -1, state);
+    if (move == MenuMove::Next || from == MenuItem::None) return Step(from, 1, state);
+    MenuItem nearest = from;
+    int least = 0;
+    for (const MenuItem item : MenuOrder()) {
+        const int distance = IsEnabled(item, state) ? Distance(from, item, move) : 0;
+        if (distance <= 0 || (least > 0 && distance >= least)) continue;
+        least = distance;
+        nearest = item;
+    }
+    return nearest;
+}
+
+}  // namespace quillo

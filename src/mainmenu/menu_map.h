@@ -1,0 +1,67 @@
+#pragma once
+
+#include <vector>
+
+#include "mainmenu/menu_planes.h"
+#include "util/geometry.h"
+
+namespace quillo {
+
+/// What can be chosen in the main menu; the numbers are those of the table of hit areas.
+enum class MenuItem : int {
+    None = -1,
+    Close = 0,
+    NewNote = 1,
+    ShowAllNotes = 2,
+    Options = 3,
+    About = 4,
+    Shortcut1 = 5,
+    Shortcut2 = 6,
+    Shortcut3 = 7,
+    Shortcut4 = 8,
+};
+
+/// A point of the menu in pixels at 96 dpi, from its top left corner; at other resolutions it falls between them.
+struct MenuPoint {
+    double x = 0;
+    double y = 0;
+};
+
+/// What decides whether an item can be chosen now.
+struct MenuState {
+    bool hasNotes = false;
+    FilledSlots hasShortcut{};
+
+    friend bool operator==(const MenuState&, const MenuState&) = default;
+};
+
+/// The item whose area holds the point, enabled or not.
+[[nodiscard]] MenuItem MenuAreaAt(MenuPoint at);
+/// The item at the point; None for one that cannot be chosen now.
+[[nodiscard]] MenuItem MenuItemAt(MenuPoint at, const MenuState& state);
+/// False for None, for "show all notes" while there is no note, and for an empty slot.
+[[nodiscard]] bool IsEnabled(MenuItem item, const MenuState& state);
+
+[[nodiscard]] constexpr bool IsShortcut(MenuItem item) {
+    return item >= MenuItem::Shortcut1 && item <= MenuItem::Shortcut4;
+}
+/// The number of a slot, 1 to 4.
+[[nodiscard]] constexpr int ShortcutNumber(MenuItem item) {
+    return static_cast<int>(item) - 4;
+}
+[[nodiscard]] constexpr MenuItem ShortcutItem(int number) {
+    return static_cast<MenuItem>(number + 4);
+}
+
+/// The rectangle that shows an item's highlighted face while it is hovered. Empty for None.
+[[nodiscard]] Rect HighlightRect(MenuItem item);
+
+/// All items, in the order in which Tab visits them and a screen reader reads them.
+[[nodiscard]] const std::vector<MenuItem>& MenuOrder();
+
+enum class MenuMove { Left, Right, Up, Down, Next, Previous };
+/// Where the keyboard goes from an item; only to items that can be chosen. From None it goes to the first (or, with
+/// Previous, to the last) of the order. An arrow with nothing in its direction stays.
+[[nodiscard]] MenuItem MoveInMenu(MenuItem from, MenuMove move, const MenuState& state);
+
+}  // namespace quillo

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "mainmenu/menu_artwork.h"
+#include "mainmenu/menu_map.h"
+#include "platform/unique_handle.h"
+#include "util/units.h"
+
+namespace quillo {
+
+struct Settings;
+
+/// The menu as it is painted, at one resolution: the artwork with the icons of the program shortcuts in it.
+class MenuPicture {
+  public:
+    /// Whether there is a picture for that resolution; false after Forget.
+    [[nodiscard]] bool IsDrawn(const Scale& scale) const { return mainPic_ && scale_.Dpi() == scale.Dpi(); }
+    /// A shortcut has changed, or the colours of the system.
+    void Forget() { mainPic_.Reset(); }
+    /// Draws everything anew. Looks at the files behind the shortcuts, which may take its time.
+    void Draw(const Scale& scale, const Settings& settings, int shellIconSize);
+
+    /// Paints the whole menu with its top left corner at the origin. `hovered` shows its highlighted face.
+    void Paint(HDC target, MenuItem hovered, const MenuState& state) const;
+
+  private:
+    void DrawIcons(const Settings& settings, int shellIconSize) const;
+
+    MenuArtwork artwork_;
+    BitmapHandle mainPic_;  ///< the normal face over the highlighted one
+    BitmapHandle showAllDisabledPic_;
+    Scale scale_;
+};
+
+/// Which slots hold a program.
+[[nodiscard]] FilledSlots FilledSlotsOf(const Settings& settings);
+
+}  // namespace quillo

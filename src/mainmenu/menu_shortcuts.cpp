@@ -1,0 +1,71 @@
+#include "mainmenu/menu_shortcuts.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "app/note_names.h"
+#include "ports/shell.h"
+#include "util/ignore.h"
+#include "util/numbers.h"
+#include "util/text.h"
+
+namespace quillo {
+namespace {
+
+constexpr int kSlotsLeft = 100;
+constexpr int kSlotWidth = 50;
+constexpr double kDragTop = 120;
+constexpr double kDropTop = 110;
+constexpr Point kFirstIcon{109, 132};
+constexpr int kLargestOffset = 8;
+
+}  // namespace
+
+std::optional<int> SlotOfDrop(MenuPoint at, int fileCount) {
+    if (fileCount != 1 || at.y < kDropTop || at.x < kSlotsLeft) return std::nullopt;
+    const int slot = static_cast<int>(std::nearbyint(at.x)) / kSlotWidth - 1;
+    return std::min(slot, kMenuSlots);
+}
+
+bool OffersDrop(MenuPoint at, int fileCount) {
+    return at.y >= kDragTop && SlotOfDrop(at, fileCount).has_value();
+}
+
+int ShellIconSize(std::u16string_view stored) {
+    const double size = ParseLeadingNumber(stored);
+    constexpr double kSmallest = 1;
+    constexpr double kLargest = 256;  // no icon has more
+    return size >= kSmallest && size <= kLargest ? static_cast<int>(size) : kUsualShellIcon;
+}
+
+int IconOffset(int shellIconSize) {
+    return std::min((shellIconSize - kUsualShellIcon) / 2, kLargestOffset);
+}
+
+Point IconPlace(int slot, int shellIconSize) {
+    const int offset = IconOffset(shellIconSize);
+    return Point{kFirstIcon.x + (slot - 1) * kSlotWidth - offset, kFirstIcon.y - offset};
+}
+
+ShortcutParts SplitShortcut(std::u16string_view shortcut) {
+    const std::u16string_view text = Trim(shortcut);
+    constexpr char16_t kQuote = u'"';
+    if (text.empty() || text.front() != kQuote) return {std::u16string(text), {}};
+    const std::size_t end = text.find(kQuote, 1);
+    if (end == std::u16string_view::npos) return {std::u16string(text.substr(1)), {}};
+    return {std::u16string(text.substr(1, end - 1)), std::u16string(Trim(text.substr(end + 1)))};
+}
+
+std::u16string ShortcutName(std::u16string_view shortcut) {
+    std::u16string file = SplitShortcut(shortcut).file;
+    while (!file.empty() && file.back() == u'\\') file.pop_back();  // a folder
+    return std::u16string(NameWithoutExtension(FileNameOfPath(file)));
+}
+
+void RunShortcut(std::u16string_view shortcut, Shell& shell) {
+    const ShortcutParts parts = SplitShortcut(shortcut);
+    if (parts.file.empty() || shell.Start(parts.file, parts.arguments)) return;
+    Ignore(shell.Open(parts.file, parts.arguments), "what nothing can open does nothing");
+}
+
+}  // namespace quillo

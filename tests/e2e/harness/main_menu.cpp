@@ -1,0 +1,98 @@
+#include "harness/main_menu.h"
+
+#include "harness/eventually.h"
+#include "harness/input.h"
+#include "harness/note_text.h"
+#include "harness/quillo_process.h"
+#include "harness/tray.h"
+#include "harness/window_text.h"
+
+namespace quillo::e2e {
+namespace {
+
+constexpr UINT kIconMessage = 512;
+
+}  // namespace
+
+Rect AreaOf(MenuItem item) {
+    switch (item) {
+        case MenuItem::None:
+            return Rect{20, 5, 200, 30};
+        case MenuItem::Close:
+            return Rect{265, 0, 35, 40};
+        case MenuItem::NewNote:
+            return Rect{0, 40, 100, 140};
+        case MenuItem::ShowAllNotes:
+            return Rect{100, 40, 100, 80};
+        case MenuItem::Options:
+            return Rect{201, 40, 99, 80};
+        case MenuItem::About:
+            return Rect{231, 0, 34, 40};
+        default:
+            return Rect{100 + (ShortcutNumber(item) - 1) * 50, 120, 50, 60};
+    }
+}
+
+HWND MainMenu::Handle() const {
+    for (HWND window : WindowsOf(process_)) {
+        if (ClassOf(window) == L"QuilloMenu") return window;
+    }
+    return nullptr;
+}
+
+bool MainMenu::IsShowing() const {
+    return IsWindowVisible(Handle()) != 0;
+}
+
+bool MainMenu::Open() const {
+    const auto icon = FindTrayIcon(process_, L"Quillo");
+    if (!icon) return false;
+    const bool open = Until([this] { return IsShowing(); }, [icon] { ClickMouse(*icon); });
+    MoveMouse(POINT{0, 0});
+    return open && Eventually([this] { return HasKeyboard(); });
+}
+
+bool MainMenu::WaitUntilGone() const {
+    return Eventually([this] { return !IsShowing(); });
+}
+
+void MainMenu::SendToIcon(UINT message) const {
+    const std::vector<HWND> icons = TrayIconWindows(process_);
+    if (icons.size() == 1) PostMessageW(icons.front(), kIconMessage, 1, static_cast<LPARAM>(message));
+}
+
+POINT MainMenu::OnScreen(int x, int y) const {
+    RECT window{};
+    GetWindowRect(Handle(), &window);
+    return POINT{window.left + Px(x), window.top + Px(y)};
+}
+
+POINT MainMenu::MiddleOf(MenuItem item) const {
+    const Rect area = AreaOf(item);
+    return OnScreen(area.left + area.width / 2, area.top + area.height / 2);
+}
+
+bool MainMenu::Choose(MenuItem item) const {
+    return Until([this] { return !IsShowing(); }, [&] { ClickMouse(MiddleOf(item)); });
+}
+
+std::vector<COLORREF> MainMenu::Look(const Rect& area) const {
+    const POINT from = OnScreen(area.left, area.top);
+    const POINT to = OnScreen(area.Right(), area.Bottom());
+    const ScreenCopy copy(RECT{from.x, from.y, to.x, to.y});
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < copy.Height(); ++y) {
+        for (int x = 0; x < copy.Width(); ++x) pixels.push_back(copy.At(x, y));
+    }
+    return pixels;
+}
+
+std::vector<COLORREF> MainMenu::Look(MenuItem item) const {
+    return Look(AreaOf(item));
+}
+
+bool MainMenu::HasKeyboard() const {
+    return KeyboardWindow() == Handle();
+}
+
+}  // namespace quillo::e2e

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <vector>
+
+#include "harness/screen.h"
+#include "mainmenu/menu_map.h"
+#include "platform/win32.h"
+
+namespace quillo::e2e {
+
+/// The main menu of a running program, seen from outside.
+class MainMenu {
+  public:
+    explicit MainMenu(DWORD process) : process_(process) {}
+
+    /// The main window, which becomes the menu; null while there is none.
+    [[nodiscard]] HWND Handle() const;
+    [[nodiscard]] bool IsShowing() const;
+    /// Clicks the program's icon beside the clock until the menu stands; the pointer is not over it then.
+    [[nodiscard]] bool Open() const;
+    [[nodiscard]] bool WaitUntilGone() const;
+    /// One message of the shell about the icon, without the mouse: an open menu may cover the icon. Not while a note
+    /// has, or had, an icon of its own.
+    void SendToIcon(UINT message) const;
+
+    /// A point of the menu, given at 96 dpi, on the screen.
+    [[nodiscard]] POINT OnScreen(int x, int y) const;
+    [[nodiscard]] POINT MiddleOf(MenuItem item) const;
+    /// Clicks an item until the menu has gone: every choice ends with that.
+    [[nodiscard]] bool Choose(MenuItem item) const;
+    /// What the screen shows of an area given at 96 dpi.
+    [[nodiscard]] std::vector<COLORREF> Look(const Rect& area) const;
+    [[nodiscard]] std::vector<COLORREF> Look(MenuItem item) const;
+    /// Whether the keys go to the menu.
+    [[nodiscard]] bool HasKeyboard() const;
+
+  private:
+    DWORD process_;
+};
+
+/// Where an item is, at 96 dpi.
+[[nodiscard]] Rect AreaOf(MenuItem item);
+
+}  // namespace quillo::e2e

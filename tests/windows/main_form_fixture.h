@@ -1,0 +1,53 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "../unit/app/test_program.h"
+#include "mainmenu/main_form.h"
+#include "platform/drop_target.h"
+#include "support.h"
+#include "util/busy_flag.h"
+
+namespace quillo::windows_tests {
+
+/// A real main form over a program on fakes: no animation, hotkeys that nobody presses, four empty slots.
+class MainFormTest : public testing::Test {
+  protected:
+    /// A backup timer that ticks so often.
+    static constexpr UINT kTick = 10;
+
+    MainFormTest() {
+        test_.program.settings.disableAnimation = true;
+        test_.program.settings.newNoteHotkey = VK_F23;
+        test_.program.settings.showNotesHotkey = VK_F24;
+        form_.onNewNote = [this] { heard_ += "new "; };
+        form_.onOptions = [this] { heard_ += "options "; };
+        form_.onAbout = [this] { heard_ += "about "; };
+        form_.onQuit = [this] { heard_ += "quit "; };
+        form_.onBackup = [this] { ++backups_; };
+        form_.onSessionEnding = [this] { heard_ += "ending "; };
+        form_.onGoingAway = [this] { heard_ += "away "; };
+        form_.onPresence = [this](bool present) { heard_ += present ? "back " : "gone "; };
+    }
+
+    /// What has been asked of the program since the last call.
+    [[nodiscard]] std::string Heard() { return std::exchange(heard_, {}); }
+    void AddNote(std::u16string key) { test_.program.openNotes.Add(test_.world, std::move(key)); }
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return SendMessageW(form_.Handle(), message, wParam, lParam);
+    }
+
+    TestProgram test_;
+    OleSession ole_;
+    BusyFlag dialogs_;
+    MainForm form_{MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_, dialogs_},
+                   kTick};
+    int backups_ = 0;
+
+  private:
+    std::string heard_;
+};
+
+}  // namespace quillo::windows_tests
