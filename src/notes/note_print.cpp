@@ -6,6 +6,7 @@
 #include "app/app_identity.h"
 #include "app/settings.h"
 #include "notes/note.h"
+#include "notes/note_face.h"
 #include "notes/print_lines.h"
 #include "ports/locale_text.h"
 #include "util/numbers.h"
@@ -34,6 +35,16 @@ constexpr double kRuleBottom = 0.12;  ///< below the date line
 constexpr double kGap = 0.06;         ///< between the rule and the body, and between the body and the footer
 
 constexpr std::size_t kLongestDocumentName = 40;
+
+/// The border's colour, or another of the note's where that one cannot be seen on paper.
+ColorWord RuleColor(const Note& note) {
+    constexpr ColorWord kPaper = ColorWord::FromRgb(255, 255, 255);
+    constexpr double kVisible = 1.2;  // contrast; the palest border of the palette has 1.4
+    for (const ColorWord color : {note.BorderColor, note.NoteColor}) {
+        if (color.IsSystemColor() || ContrastRatio(color, kPaper) >= kVisible) return color;
+    }
+    return note.TextColor;
+}
 
 /// The part of the paper inside the margins, as far as ink reaches.
 Rect UsableArea(const PrintSheet& sheet, int marginAcross, int marginDown) {
@@ -133,7 +144,7 @@ PrintedNote MakePrintedNote(std::u16string_view text, const Note& note, const Fo
                                         : std::u16string(kPrintedLabel) + locale.GeneralDate(now);
     printed.font =
         PrintFont{font.name, kBodyPoints, font.bold, font.italic, font.underline, font.strikeThrough, font.charset};
-    printed.rule = note.BorderColor;
+    printed.rule = RuleColor(note);
     return printed;
 }
 

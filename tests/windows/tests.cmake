@@ -4,6 +4,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/control_fixture.cpp
   windows/divider_test.cpp
   windows/main.cpp
+  windows/mail_form_test.cpp
   windows/menu_artwork_test.cpp
   windows/mini_slider_test.cpp
   windows/note_button_test.cpp
@@ -27,6 +28,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/tray_test.cpp
   windows/win_file_store_test.cpp
   windows/win_locale_text_test.cpp
+  windows/win_printer_test.cpp
   windows/win_shell_test.cpp
   windows/window_test.cpp
 )

@@ -118,6 +118,26 @@ TEST_F(NotePrintTest, TheBodyIsInTheNotesFont) {
     EXPECT_FALSE(Pages()[0].lines[1].font.bold) << "the date line is never bold";
 }
 
+TEST_F(NotePrintTest, TheRuleIsInAColourOfTheNoteThatPaperShows) {
+    const ColorWord white = ColorWord::FromRgb(255, 255, 255);
+    const ColorWord wine = ColorWord::FromRgb(0xA7, 0x1D, 0x23);
+    const ColorWord black = ColorWord::FromRgb(0, 0, 0);
+    const ColorWord system{0x80000005U};
+    const struct {
+        ColorWord border, note, text, rule;
+    } cases[] = {{wine, white, black, wine},
+                 {white, wine, black, wine},
+                 {white, white, black, black},
+                 {system, wine, black, system}};
+    for (const auto& c : cases) {
+        note_.BorderColor = c.border;
+        note_.NoteColor = c.note;
+        note_.TextColor = c.text;
+        ASSERT_EQ(Print(u"Buy milk"), PrintOutcome::Printed);
+        EXPECT_EQ(Pages()[0].bars[0].color, c.rule);
+    }
+}
+
 TEST_F(NotePrintTest, AReminderStandsInPlaceOfTheDateOfPrinting) {
     note_.ReminderSet = true;
     note_.ReminderTime = DaySerial{45123.75};
