@@ -1,7 +1,10 @@
 #include "app/legacy_import.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <utility>
@@ -26,7 +29,11 @@ constexpr std::u16string_view kSize = u"Note size ";
 constexpr std::u16string_view kReminder = u"Note reminder ";
 constexpr std::u16string_view kAppearance = u"Note appearance ";
 constexpr std::u16string_view kFileName = u"Note filename ";
+constexpr std::array kOfEachNote = {kText, kSize, kReminder, kAppearance, kFileName};
 constexpr std::u16string_view kUnknownSize = u"0,0,2000,2000,0";
+/// Up to here a note without any value is an empty note; so many in a row behind it, and the count was damaged.
+constexpr std::int64_t kSurelyMeant = 50;
+constexpr int kLongestGap = 50;
 
 std::u16string Numbered(std::u16string_view name, std::int64_t number) {
     return std::u16string(name) + FormatInteger(number);
@@ -49,7 +56,7 @@ std::optional<TwipsRect> ReadRectangle(const std::vector<std::u16string_view>& f
     if (fields.size() < edges.size()) return std::nullopt;
     for (std::size_t i = 0; i < edges.size(); ++i) {
         const std::optional<double> number = locale.ParseNumber(fields[i]);
-        if (!number) return std::nullopt;
+        if (!number || std::fabs(*number) > std::numeric_limits<float>::max()) return std::nullopt;
         edges[i] = static_cast<float>(*number);
     }
     return TwipsRect{edges[0], edges[1], edges[2], edges[3]};
@@ -69,25 +76,41 @@ void ApplySize(OpenNote& note, std::u16string_view size, LocaleText& locale) {
     if (ReadPinned(fields, locale)) note.SetPinned(true);
 }
 
+bool HasAnyValue(const TesselRegistry& store, std::int64_t number) {
+    return std::any_of(kOfEachNote.begin(), kOfEachNote.end(),
+                       [&](std::u16string_view name) { return !store.Value(Numbered(name, number)).empty(); });
+}
+
 }  // namespace
 
 bool LegacyNotes::Import(NoteWorld world) {
     const TesselRegistry store(registry_, kUserKey);
     bool anyHidden = false;
     const std::int32_t count = store.ValueLong(kCount);
-    for (std::int64_t number = 1; number <= count; ++number) {
-        OpenNote& note = notes_.Add(world, NewNoteIdentifier(notes_, random_));
-        note.SetText(store.Value(Numbered(kText, number)));
-        ApplySize(note, store.Value(Numbered(kSize, number)), world.locale);
-        note.SetReminderString(store.Value(Numbered(kReminder, number)));
-        note.SetAppearanceString(store.Value(Numbered(kAppearance, number)));
-        note.SetFileName(store.Value(Numbered(kFileName, number)));
-        note.MarkChanged();
-        unsaved_.insert(note.NoteKey());
-        if (!note.IsVisible()) anyHidden = true;
+    int gap = 0;
+    for (std::int64_t number = 1; number <= count && gap < kLongestGap; ++number) {
+        lastNumber_ = number;
+        // A count that is damaged must not fill the desktop with empty notes.
+        const bool isMissing = number > kSurelyMeant && !HasAnyValue(store, number);
+        gap = isMissing ? gap + 1 : 0;
+        if (isMissing) continue;
+        if (!ImportNote(world, store, number)) anyHidden = true;
     }
     imported_ = true;
     return anyHidden;
+}
+
+bool LegacyNotes::ImportNote(NoteWorld world, const TesselRegistry& store, std::int64_t number) {
+    OpenNote& note = notes_.Add(world, NewNoteIdentifier(notes_, random_));
+    note.SetText(store.Value(Numbered(kText, number)));
+    ApplySize(note, store.Value(Numbered(kSize, number)), world.locale);
+    note.SetReminderString(store.Value(Numbered(kReminder, number)));
+    // One that does not say whether it is hidden is to be seen.
+    if (!note.SetAppearanceString(store.Value(Numbered(kAppearance, number)))) note.Popup();
+    note.SetFileName(store.Value(Numbered(kFileName, number)));
+    note.MarkChanged();
+    unsaved_.insert(note.NoteKey());
+    return note.IsVisible();
 }
 
 void LegacyNotes::SaveAllNotesAndClear() {
@@ -106,9 +129,9 @@ void LegacyNotes::SaveAllNotesAndClear() {
 
 void LegacyNotes::Clear() {
     TesselRegistry store(registry_, kUserKey);
-    const std::int32_t count = store.ValueLong(kCount);
+    const std::int64_t count = std::min<std::int64_t>(store.ValueLong(kCount), lastNumber_);
     for (std::int64_t number = 1; number <= count; ++number) {
-        for (const std::u16string_view name : {kText, kSize, kReminder, kAppearance, kFileName}) {
+        for (const std::u16string_view name : kOfEachNote) {
             store.DeleteValue(Numbered(name, number));
         }
     }

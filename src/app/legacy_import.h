@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <set>
 #include <string>
 
@@ -10,6 +11,7 @@ namespace quillo {
 class OpenNotes;
 class Random;
 class RegistryApi;
+class TesselRegistry;
 
 /// The old store, which kept notes as registry values. Its notes are turned into open notes once, at start-up; its
 /// values go only when every one of them is in a file.
@@ -25,12 +27,15 @@ class LegacyNotes {
     void SaveAllNotesAndClear();
 
   private:
+    /// True when the note is visible afterwards.
+    bool ImportNote(NoteWorld world, const TesselRegistry& store, std::int64_t number);
     void Clear();
 
     RegistryApi& registry_;
     OpenNotes& notes_;
     Random& random_;
     bool imported_ = false;
+    std::int64_t lastNumber_ = 0;       // that was looked for; no value of a later one is touched
     std::set<std::u16string> unsaved_;  // keys of imported notes that are not yet in a file
 };
 

@@ -119,6 +119,7 @@ bool FakeRegistryApi::DeleteValue(Key key, std::u16string_view name) {
     const auto found = std::find_if(node->values.begin(), node->values.end(),
                                     [name](const auto& value) { return SameName(value.first, name); });
     if (found == node->values.end()) return false;
+    if (onDelete_) onDelete_();
     node->values.erase(found);
     log_.push_back(u"delete " + std::u16string(name));
     return true;

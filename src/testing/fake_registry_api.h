@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -44,6 +45,8 @@ class FakeRegistryApi : public RegistryApi {
     void PutKey(std::u16string_view path) { Ensure(path); }
     /// From now on no key of this root can be opened.
     void Refuse(Key root) { refused_.insert(root); }
+    /// Called before each value that is deleted.
+    void OnDelete(std::function<void()> handler) { onDelete_ = std::move(handler); }
 
     // What a test looks at.
     [[nodiscard]] bool HasKey(std::u16string_view path) const;
@@ -82,6 +85,7 @@ class FakeRegistryApi : public RegistryApi {
     std::map<Key, std::pair<std::u16string, std::unique_ptr<Node>>> roots_;
     std::map<Key, Node*> open_;
     std::set<Key> refused_;
+    std::function<void()> onDelete_;
     Key nextKey_ = 1;
     std::vector<std::u16string> log_;
 };

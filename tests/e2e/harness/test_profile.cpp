@@ -154,6 +154,10 @@ bool TestProfile::HasSettings() const {
     return KeyExists(kSettingsKey);
 }
 
+bool TestProfile::HasValue(const wchar_t* name) const {
+    return RegGetValueW(HKEY_CURRENT_USER, kSettingsKey, name, RRF_RT_ANY, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+}
+
 std::optional<std::uint32_t> TestProfile::Number(const wchar_t* name) const {
     std::uint32_t value = 0;
     DWORD size = sizeof value;

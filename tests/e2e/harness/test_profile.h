@@ -30,6 +30,8 @@ class TestProfile {
     void SetNumber(const wchar_t* name, std::uint32_t value) const;
     void SetText(const wchar_t* name, const std::wstring& value) const;
     [[nodiscard]] bool HasSettings() const;
+    /// Whether there is such a value, of whatever type.
+    [[nodiscard]] bool HasValue(const wchar_t* name) const;
     /// Nothing when there is no such value, or it is no number.
     [[nodiscard]] std::optional<std::uint32_t> Number(const wchar_t* name) const;
     /// What Windows starts with the session; nothing when there is no such value.

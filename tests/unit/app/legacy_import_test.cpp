@@ -68,12 +68,21 @@ TEST_F(LegacyNotesTest, ADamagedSizeLeavesTheFailingPartUnapplied) {
         bool pinned;
     };
     const Case cases[] = {
-        {u"15,30,1500,1500", true, false},     {u"15,30,1500", false, false},
-        {u"15,30,1500,1500,-1", true, true},   {u"15,30,1500,1500,1,9", true, true},
-        {u"15,30,1500,1500,x", true, false},   {u"15,30,1500,1500,", true, false},
-        {u"x,30,1500,1500,1", false, true},    {u"15,30,,1500,1", false, true},
-        {u"15,30,1500,1500,True", true, true}, {u"15,30,1500,1500,False", true, false},
+        {u"15,30,1500,1500", true, false},
+        {u"15,30,1500", false, false},
+        {u"15,30,1500,1500,-1", true, true},
+        {u"15,30,1500,1500,1,9", true, true},
+        {u"15,30,1500,1500,x", true, false},
+        {u"15,30,1500,1500,", true, false},
+        {u"x,30,1500,1500,1", false, true},
+        {u"15,30,,1500,1", false, true},
+        {u"15,30,1500,1500,True", true, true},
+        {u"15,30,1500,1500,False", true, false},
         {u"nonsense", false, false},
+        {u"15,30,1500,1e300,1", false, true},
+        {u",,,,", false, false},
+        {u",", false, false},
+        {u" 15 , 30 , 1500 , 1500 , 1 ", true, true},
     };
     for (const Case& c : cases) {
         TestProgram fresh;
@@ -85,6 +94,50 @@ TEST_F(LegacyNotesTest, ADamagedSizeLeavesTheFailingPartUnapplied) {
         EXPECT_EQ(fresh.views.View(0).Rectangle(), expected) << testing::PrintToString(std::u16string(c.size));
         EXPECT_EQ(fresh.views.Note(0).Data().Pinned, c.pinned) << testing::PrintToString(std::u16string(c.size));
     }
+}
+
+TEST_F(LegacyNotesTest, SizesAreReadWhereTheCommaIsTheDecimalSign) {
+    test_.locale.decimalSeparator = u",";
+    PutCount(2);
+    PutNote(1, u"text", u"15,30,1500,1500,-1");
+    PutNote(2, u"text", u"");
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.views.View(0).Rectangle(), (TwipsRect{15, 30, 1500, 1500}));
+    EXPECT_TRUE(test_.views.Note(0).Data().Pinned);
+    EXPECT_EQ(test_.views.View(1).Rectangle(), (TwipsRect{0, 0, 2000, 2000}));
+}
+
+TEST_F(LegacyNotesTest, ANoteThatDoesNotSayWhetherItIsHiddenIsShown) {
+    PutCount(3);
+    PutNote(1, u"nonsense", u"", u"nonsense", u"a,b,c,d,e,f");
+    PutNote(2, u"unknown state", u"", u"", u"False,False,0,0,0,7");
+    PutNote(3, u"short", u"", u"", u"True");
+    EXPECT_FALSE(Import());
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_TRUE(test_.views.Note(i).IsVisible()) << i;
+        EXPECT_FALSE(test_.views.Note(i).Data().ReminderSet) << i;
+    }
+    EXPECT_TRUE(test_.views.Note(2).Data().LargeText);
+}
+
+TEST_F(LegacyNotesTest, ADamagedCountDoesNotFillTheDesktop) {
+    PutCount(0x7FFFFFFF);
+    PutNote(1, u"first", u"");
+    PutNote(70, u"behind a gap", u"");
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.program.openNotes.Count(), kMaxOpenNotes + 1);
+    EXPECT_EQ(test_.views.Note(kMaxOpenNotes).Text(), u"behind a gap");
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
+}
+
+TEST_F(LegacyNotesTest, ANoteWithoutValuesIsAnEmptyNote) {
+    PutCount(2);
+    PutNote(2, u"second", u"");
+    EXPECT_FALSE(Import());
+    ASSERT_EQ(test_.program.openNotes.Count(), 2U);
+    EXPECT_EQ(test_.views.Note(0).Text(), u"");
+    EXPECT_EQ(test_.views.View(0).Rectangle(), (TwipsRect{0, 0, 2000, 2000}));
 }
 
 TEST_F(LegacyNotesTest, AHiddenNoteIsReported) {
@@ -154,6 +207,32 @@ TEST_F(LegacyNotesTest, NoValueGoesBeforeEveryNoteIsInAFile) {
     test_.legacy.SaveAllNotesAndClear();
     EXPECT_EQ(test_.StoredFiles().size(), 2U) << "a note that could not be saved is tried again";
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
+}
+
+TEST_F(LegacyNotesTest, OneNoteThatCannotBeWrittenKeepsTheWholeStore) {
+    PutCount(2);
+    PutNote(1, u"first", u"");
+    PutNote(2, u"second", u"");
+    EXPECT_FALSE(Import());
+    test_.views.Note(1).SetStoragePath(TestProgram::Stored(u"second.qln"));
+    test_.files.FailPath(TestProgram::Stored(u"second.qln"));
+    test_.registry.ClearLog();
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.StoredFiles().size(), 1U) << "the other one is safe";
+    EXPECT_TRUE(test_.registry.Log().empty()) << "the store was not even opened";
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U);
+}
+
+TEST_F(LegacyNotesTest, EveryFileIsThereBeforeTheFirstValueGoes) {
+    PutCount(3);
+    for (int number = 1; number <= 3; ++number) PutNote(number, u"note " + FormatInteger(number), u"");
+    EXPECT_FALSE(Import());
+    std::size_t filesAtFirstDeletion = 0;
+    test_.registry.OnDelete([&] {
+        if (filesAtFirstDeletion == 0) filesAtFirstDeletion = test_.StoredFiles().size();
+    });
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(filesAtFirstDeletion, 3U);
 }
 
 TEST_F(LegacyNotesTest, ANoteThatWasClosedNoLongerKeepsTheStore) {

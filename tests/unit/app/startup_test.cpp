@@ -248,6 +248,23 @@ TEST_F(StartupTest, FiftyOneFilesMakeFiftyNotesAndOneBalloon) {
     EXPECT_EQ(test_.StoredFiles().size(), 53U);
 }
 
+TEST_F(StartupTest, AllNotesOfTheOldStoreOpenAndFilesWithoutRoomStayUntouched) {
+    constexpr int kStored = 60;
+    test_.registry.Put(kUserKey, u"Notes", kStored);
+    for (int i = 1; i <= kStored; ++i) test_.registry.Put(kUserKey, u"Note " + FormatInteger(i), u"old");
+    PutStored(u"a.qln", "first");
+    PutStored(u"b.qln", "second");
+    EXPECT_EQ(Start(), StartupOutcome::Running);
+    ASSERT_EQ(program_.openNotes.Count(), 60U);
+    for (std::size_t i = 0; i < 60; ++i) EXPECT_TRUE(test_.views.Note(i).IsVisible()) << i;
+    EXPECT_EQ(test_.notice.balloons.size(), 1U) << "there was no room for the files";
+
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.StoredFiles().size(), 62U);
+    EXPECT_EQ(test_.files.Read(TestProgram::Stored(u"a.qln")), "first");
+    EXPECT_EQ(test_.files.Read(TestProgram::Stored(u"b.qln")), "second");
+}
+
 TEST_F(StartupTest, FiftyFilesMakeNoBalloon) {
     for (int i = 10; i < 60; ++i) PutStored(FormatInteger(i) + u".qln", "text");
     EXPECT_EQ(Start(), StartupOutcome::Running);
