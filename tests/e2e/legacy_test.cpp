@@ -72,15 +72,15 @@ TEST_F(OldStore, TwoNotesMoveIntoFiles) {
     PutTwo();
     ASSERT_EQ(ValuesLeft(2), 11);
     Start();
-    EXPECT_EQ(VisibleNotes(Quillo()), 2U);
-    const NoteWindow milk = FindNote(Quillo(), L"Buy milk");
+    EXPECT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 2; }));
+    const NoteWindow milk = WaitForNote(Quillo(), L"Buy milk");
     EXPECT_EQ(milk.Rectangle().left, PixelsOfTwips(3000));
     EXPECT_EQ(milk.Rectangle().top, PixelsOfTwips(1500));
     EXPECT_EQ(milk.Width(), PixelsOfTwips(4500));
     EXPECT_EQ(milk.Height(), PixelsOfTwips(3000));
     EXPECT_TRUE(milk.IsTopmost());
     EXPECT_TRUE(Eventually([&] { return milk.TextBackground() == RGB(255, 0, 0); }));
-    const NoteWindow bob = FindNote(Quillo(), L"Call Bob");
+    const NoteWindow bob = WaitForNote(Quillo(), L"Call Bob");
     EXPECT_EQ(bob.Rectangle().left, 0);
     EXPECT_EQ(bob.Rectangle().top, 0);
     EXPECT_EQ(bob.Width(), PixelsOfTwips(2000));
@@ -92,8 +92,9 @@ TEST_F(OldStore, TwoNotesMoveIntoFiles) {
     EXPECT_THAT(StorageCopyOf("Buy milk\r\n"), HasSubstr("<reminder>#2958465.5</reminder>"));
 
     Start();
-    EXPECT_EQ(VisibleNotes(Quillo()), 2U) << "a second start imports nothing";
-    EXPECT_EQ(FindNote(Quillo(), L"Buy milk").Rectangle().left, PixelsOfTwips(3000));
+    EXPECT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 2; }));
+    EXPECT_EQ(WaitForNote(Quillo(), L"Buy milk").Rectangle().left, PixelsOfTwips(3000));
+    EXPECT_EQ(NotesOf(Quillo()).size(), 2U) << "a second start imports nothing";
 }
 
 TEST_F(OldStore, ANoteIsClosedIntoTheFileThatItWasSavedAs) {
@@ -101,7 +102,7 @@ TEST_F(OldStore, ANoteIsClosedIntoTheFileThatItWasSavedAs) {
     PutCount(1);
     Put(1, {L"Buy milk", L"3000,1500,4500,3000,0", L"", L"", file});
     Start();
-    FindNote(Quillo(), L"Buy milk").ClickButton(NoteButtonId::Close);
+    WaitForNote(Quillo(), L"Buy milk").ClickButton(NoteButtonId::Close);
     EXPECT_TRUE(Eventually([&] { return NotesOf(Quillo()).empty(); }));
     EXPECT_THAT(ReadBytes(file), HasSubstr("Buy milk\r\n"));
     Quit();
@@ -117,8 +118,8 @@ TEST_F(OldStore, SixtyNotesAllComeAndFilesWithoutRoomStayUntouched) {
     const std::wstring file = Profile().AddNote(L"waiting.qln", NoteFile{"waiting"}.Bytes());
     const FileMark before = MarkOf(file);
     Start();
-    EXPECT_EQ(VisibleNotes(Quillo()), 60U);
-    EXPECT_TRUE(FindNote(Quillo(), L"note 60").Exists());
+    EXPECT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 60; }));
+    EXPECT_TRUE(WaitForNote(Quillo(), L"note 60").Exists());
     Quit();
     EXPECT_EQ(ValuesLeft(kNotes), 0);
     EXPECT_EQ(StorageCopies().size(), 61U);
@@ -132,7 +133,7 @@ TEST_F(OldStore, DamagedNotesComeAsWholeAsTheyAre) {
     Put(3, {L"far away", L"900000,-900000,1,1e300,1", L"", L"", L""});
     Start();
     for (const wchar_t* text : {L"too few fields", L"no numbers", L"far away"}) {
-        const NoteWindow note = FindNote(Quillo(), text);
+        const NoteWindow note = WaitForNote(Quillo(), text);
         EXPECT_TRUE(note.IsVisible());
         EXPECT_GT(note.Width(), 20);
         EXPECT_NE(MonitorFromWindow(note.Handle(), MONITOR_DEFAULTTONULL), nullptr) << "can be reached";
@@ -146,7 +147,7 @@ TEST_F(OldStore, DamagedNotesComeAsWholeAsTheyAre) {
 TEST_F(OldStore, StaysWholeWhileANoteCannotBeWritten) {
     PutTwo();
     Start();
-    ASSERT_EQ(VisibleNotes(Quillo()), 2U);
+    ASSERT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 2; }));
     // A file in the place of the folder: nothing can be written there.
     ASSERT_TRUE(Eventually([&] {
         std::error_code ignored;
@@ -159,7 +160,7 @@ TEST_F(OldStore, StaysWholeWhileANoteCannotBeWritten) {
 
     ASSERT_TRUE(std::filesystem::remove(Profile().NotesFolder()));
     Start();
-    EXPECT_EQ(VisibleNotes(Quillo()), 2U) << "nothing was lost";
+    EXPECT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 2; })) << "nothing was lost";
     Quit();
     EXPECT_EQ(ValuesLeft(2), 0);
     EXPECT_EQ(StorageCopies().size(), 2U);
