@@ -66,7 +66,7 @@ TEST_F(ReminderAlert, AReminderInThePastBringsItsAlertAndEscTheNote) {
     ASSERT_TRUE(HasKeyboard(alert));
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(Goes(alert));
-    EXPECT_TRUE(note.IsVisible());
+    EXPECT_TRUE(Eventually([&] { return note.IsVisible(); }));
     EXPECT_TRUE(Eventually([&] { return note.HasKeyboard(); }));
     Quit();
     EXPECT_TRUE(MarkOf(path) == before) << "a reminder that has come is no change of the note: " << ReadBytes(path);
@@ -93,7 +93,7 @@ TEST_F(ReminderAlert, CtrlWDismissesAndWAloneDoesNot) {
     EXPECT_FALSE(note.IsVisible());
     PressKey('W', {VK_CONTROL});
     EXPECT_TRUE(Goes(alert));
-    EXPECT_TRUE(note.IsVisible()) << "also a note that was hidden";
+    EXPECT_TRUE(Eventually([&] { return note.IsVisible(); })) << "also a note that was hidden";
     EXPECT_TRUE(Quillo().WaitUntilReady());
     EXPECT_TRUE(note.Exists()) << "the key does not go on to the note";
     EXPECT_EQ(note.Text(), L"Call Bob");
@@ -108,7 +108,7 @@ TEST_F(ReminderAlert, AMinimizedNoteComesBackWithoutItsIcon) {
     EXPECT_TRUE(IsTrayIconShowing(icons.front()));
     ASSERT_TRUE(WaitForAlerts(Quillo().Pid(), 1));
     EXPECT_TRUE(ClickAway(Alerts(Quillo().Pid()).front(), POINT{Px(100), Px(100)}));
-    EXPECT_TRUE(note.IsVisible());
+    EXPECT_TRUE(Eventually([&] { return note.IsVisible(); }));
     EXPECT_FALSE(IsTrayIconShowing(icons.front()));
 }
 
@@ -131,7 +131,7 @@ TEST_F(ReminderAlert, TwoNotesDueInTheSameTickHaveTwoAlerts) {
     ASSERT_TRUE(HasKeyboard(alerts[0])) << "the last one has the keyboard";
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(Goes(alerts[0]));
-    EXPECT_TRUE(FindNote(Quillo(), first).IsVisible());
+    EXPECT_TRUE(Eventually([&] { return FindNote(Quillo(), first).IsVisible(); }));
     EXPECT_EQ(VisibleNotes(Quillo()), 2U) << "the other one waits for its own answer";
     EXPECT_TRUE(ClickAway(alerts[1], POINT{Px(5), Px(5) + Px(100)}));
     EXPECT_EQ(VisibleNotes(Quillo()), 3U);
@@ -155,9 +155,9 @@ TEST_F(ReminderAlert, ItIsDraggedByItsStripAndAClickBesideTheStripDismisses) {
     ASSERT_TRUE(IsWindow(alert)) << "dragging does not dismiss it";
     const RECT after = PlaceOf(alert);
     EXPECT_EQ(after.right - after.left, before.right - before.left);
-    EXPECT_FALSE(FindNote(Quillo(), L"Call Bob").IsVisible());
+    EXPECT_TRUE(Eventually([&] { return !FindNote(Quillo(), L"Call Bob").IsVisible(); }));
     EXPECT_TRUE(ClickAway(alert, POINT{after.right - after.left - Px(20), Px(20)})) << "the strip's right end";
-    EXPECT_TRUE(FindNote(Quillo(), L"Call Bob").IsVisible());
+    EXPECT_TRUE(Eventually([&] { return FindNote(Quillo(), L"Call Bob").IsVisible(); }));
 }
 
 TEST_F(ReminderAlert, AFaceThatIsPressedAndLeftIsNotDismissed) {
