@@ -22,7 +22,7 @@ QuilloProcs::QuilloProcs()
       program_(*this),
       names_(files_, shell_, program_.settings),
       store_(files_, locale_, shell_, names_),
-      mail_(locale_),
+      mail_(locale_, dialogs_),
       reminders_{program_.settings, program_.os, registry_, clock_, locale_, notice_, sound_, loop_},
       noteWorld_{program_.settings,
                  program_.os,

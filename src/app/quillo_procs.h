@@ -74,7 +74,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     WinRandom random_;
     WinUserNotice notice_{dialogs_};
     WinSoundDevice sound_;
-    WinPrinter printer_;
+    WinPrinter printer_{dialogs_};
     MessageLoop loop_;
     OleSession ole_;
     SingleInstance instance_;

@@ -19,7 +19,7 @@ struct MailForm::Interface {
     LateFunction<MAPILOGOFF> logoff;
 };
 
-MailForm::MailForm(LocaleText& locale) : locale_(locale) {}
+MailForm::MailForm(LocaleText& locale, BusyFlag& dialogs) : locale_(locale), busy_(dialogs) {}
 
 MailForm::~MailForm() {
     Destroy();
@@ -81,7 +81,7 @@ std::string MailForm::NarrowPath(const std::u16string& path) const {
 }
 
 std::unique_ptr<MailSession> MapiMail::NewSession() {
-    auto form = std::make_unique<MailForm>(locale_);
+    auto form = std::make_unique<MailForm>(locale_, dialogs_);
     if (!form->Load(library_)) return nullptr;
     return form;
 }

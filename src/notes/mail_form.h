@@ -2,6 +2,7 @@
 
 #include "platform/window.h"
 #include "ports/mail_session.h"
+#include "util/busy_flag.h"
 
 namespace quillo {
 
@@ -11,7 +12,8 @@ class LocaleText;
 /// program shows. Its messages run meanwhile.
 class MailForm : public Window, public MailSession {
   public:
-    explicit MailForm(LocaleText& locale);
+    /// `dialogs` is set as long as the form lasts: the mail program's windows are modal.
+    MailForm(LocaleText& locale, BusyFlag& dialogs);
     MailForm(const MailForm&) = delete;
     MailForm& operator=(const MailForm&) = delete;
     ~MailForm() override;
@@ -37,6 +39,7 @@ class MailForm : public Window, public MailSession {
     [[nodiscard]] ULONG_PTR Owner() const { return reinterpret_cast<ULONG_PTR>(Handle()); }
 
     LocaleText& locale_;
+    BusyFlag::Scope busy_;
     std::unique_ptr<Interface> mapi_;
     ULONG_PTR session_ = 0;
 };
@@ -44,12 +47,13 @@ class MailForm : public Window, public MailSession {
 /// The mail interface of the system, loaded at the first sending.
 class MapiMail : public MailSystem {
   public:
-    explicit MapiMail(LocaleText& locale, const wchar_t* library = L"mapi32.dll")
-        : locale_(locale), library_(library) {}
+    MapiMail(LocaleText& locale, BusyFlag& dialogs, const wchar_t* library = L"mapi32.dll")
+        : locale_(locale), dialogs_(dialogs), library_(library) {}
     [[nodiscard]] std::unique_ptr<MailSession> NewSession() override;
 
   private:
     LocaleText& locale_;
+    BusyFlag& dialogs_;
     const wchar_t* library_;
 };
 

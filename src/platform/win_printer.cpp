@@ -4,6 +4,7 @@
 #include "platform/gdi_scope.h"
 #include "platform/late_library.h"
 #include "platform/wide.h"
+#include "util/busy_flag.h"
 
 namespace quillo {
 namespace {
@@ -38,7 +39,7 @@ class WaitPointer {
 
 class WinPrintJob : public PrintJob {
   public:
-    explicit WinPrintJob(std::u16string_view documentName);
+    WinPrintJob(std::u16string_view documentName, BusyFlag& dialogs);
     WinPrintJob(const WinPrintJob&) = delete;
     WinPrintJob& operator=(const WinPrintJob&) = delete;
     ~WinPrintJob() override;
@@ -59,6 +60,7 @@ class WinPrintJob : public PrintJob {
     void Check(bool done);
     void ReadSheet();
 
+    BusyFlag::Scope busy_;
     WaitPointer waiting_;
     FontHandle font_;
     MemoryDc dc_;  // after the font, which it must let go of before
@@ -67,7 +69,7 @@ class WinPrintJob : public PrintJob {
     bool open_ = false;  ///< the document was started and is neither ended nor withdrawn
 };
 
-WinPrintJob::WinPrintJob(std::u16string_view documentName) {
+WinPrintJob::WinPrintJob(std::u16string_view documentName, BusyFlag& dialogs) : busy_(dialogs) {
     const std::u16string printer = DefaultPrinter();
     if (!printer.empty()) dc_.Reset(CreateDCW(L"WINSPOOL", Wide(printer), nullptr, nullptr));
     Check(static_cast<bool>(dc_));
@@ -166,7 +168,7 @@ void WinPrintJob::Fill(const Rect& area, ColorWord color) {
 }  // namespace
 
 std::unique_ptr<PrintJob> WinPrinter::Open(std::u16string_view documentName) {
-    return std::make_unique<WinPrintJob>(documentName);
+    return std::make_unique<WinPrintJob>(documentName, dialogs_);
 }
 
 }  // namespace quillo

@@ -10,15 +10,17 @@ namespace {
 
 TEST(MailForm, StandsOnlyWhereTheSystemHasAMailInterface) {
     WinLocaleText locale;
-    MapiMail missing(locale, L"there is no such library.dll");
+    BusyFlag dialogs;
+    MapiMail missing(locale, dialogs, L"there is no such library.dll");
     EXPECT_EQ(missing.NewSession(), nullptr);
-    MapiMail incomplete(locale, L"version.dll");
+    MapiMail incomplete(locale, dialogs, L"version.dll");
     EXPECT_EQ(incomplete.NewSession(), nullptr) << "a library without the functions of a mail interface";
 }
 
 TEST(MailForm, IsAHiddenWindowForOneSending) {
     WinLocaleText locale;
-    MapiMail mail(locale);
+    BusyFlag dialogs;
+    MapiMail mail(locale, dialogs);
     {
         const std::unique_ptr<MailSession> session = mail.NewSession();
         ASSERT_NE(session, nullptr);
@@ -26,7 +28,9 @@ TEST(MailForm, IsAHiddenWindowForOneSending) {
         ASSERT_NE(form, nullptr);
         EXPECT_FALSE(IsWindowVisible(form));
         EXPECT_NE(mail.NewSession(), nullptr) << "two notes may be on their way at once";
+        EXPECT_TRUE(dialogs.IsSet());
     }
+    EXPECT_FALSE(dialogs.IsSet());
     EXPECT_EQ(FindWindowW(nullptr, L"QuilloMail"), nullptr);
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/win32.h"
+#include "util/busy_flag.h"
 
 namespace quillo::windows_tests {
 namespace {
@@ -19,11 +20,15 @@ bool HasDefaultPrinter() {
 // What a printer prints is read back in ring 3, where there is one.
 TEST(WinPrinter, WithoutADefaultPrinterTheJobHasFailedFromTheStart) {
     if (HasDefaultPrinter()) GTEST_SKIP() << "there is a default printer";
-    WinPrinter printer;
-    const std::unique_ptr<PrintJob> job = printer.Open(u"Buy milk");
+    BusyFlag dialogs;
+    WinPrinter printer(dialogs);
+    std::unique_ptr<PrintJob> job = printer.Open(u"Buy milk");
     ASSERT_NE(job, nullptr);
     EXPECT_FALSE(job->StartPage());
     EXPECT_EQ(job->Finish(), PrintOutcome::Failed);
+    EXPECT_TRUE(dialogs.IsSet());
+    job.reset();
+    EXPECT_FALSE(dialogs.IsSet());
 }
 
 }  // namespace
