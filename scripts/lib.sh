@@ -13,7 +13,7 @@ run_packages=("${build_packages[@]}" "${wine_packages[@]}" "${desktop_packages[@
 # shellcheck disable=SC2034  # used by test.sh
 test_packages=("${run_packages[@]}" g++ clang libclang-rt-14-dev llvm clang-format clang-tidy g++-mingw-w64-i686-posix
     shellcheck xdotool ffmpeg gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly
-    gstreamer1.0-libav)
+    gstreamer1.0-libav ghostscript poppler-utils)
 
 # One clear line on stderr, then exit 1.
 die() {

@@ -55,20 +55,20 @@ std::wstring MessageBoxWindow::Text() const {
     return TextOf(GetDlgItem(window_, kTextId));
 }
 
-bool MessageBoxWindow::ShowsStopIcon() const {
+bool MessageBoxWindow::ShowsIcon(std::size_t number) const {
     HWND icon = nullptr;
     EnumChildWindows(window_, &FindIcon, reinterpret_cast<LPARAM>(&icon));
     if (icon == nullptr) return false;
     // The names of the system's icons are numbers in disguise, narrow or wide.
-    const auto load = [](WORD number) { return LoadIconW(nullptr, MAKEINTRESOURCEW(number)); };
-    constexpr WORD kApplication = 32512;
-    constexpr WORD kHand = 32513;
-    const std::vector<HICON> icons{load(kHand), load(kApplication), load(32514), load(32515), load(32516)};
+    std::vector<HICON> icons;
+    constexpr WORD kFirst = 32512;
+    constexpr WORD kLast = 32516;
+    for (WORD name = kFirst; name <= kLast; ++name) icons.push_back(LoadIconW(nullptr, MAKEINTRESOURCEW(name)));
     return Eventually([&] {
         RECT area{};
         GetWindowRect(icon, &area);
         const COLORREF background = ScreenPixel(POINT{area.left - 1, area.top - 1});
-        return NearestIcon(area, background, icons) == 0;
+        return NearestIcon(area, background, icons) == number;
     });
 }
 

@@ -18,12 +18,17 @@ class MessageBoxWindow {
     [[nodiscard]] std::wstring Title() const;
     [[nodiscard]] std::wstring Text() const;
     /// True when the icon is nearer to the critical-stop icon than to any other of the system's.
-    [[nodiscard]] bool ShowsStopIcon() const;
+    [[nodiscard]] bool ShowsStopIcon() const { return ShowsIcon(1); }
+    /// The same of the exclamation icon.
+    [[nodiscard]] bool ShowsWarningIcon() const { return ShowsIcon(3); }
     /// Presses the button with that id (IDOK, IDYES ...) and waits until the box is gone.
     [[nodiscard]] bool Answer(int button) const;
 
   private:
     explicit MessageBoxWindow(HWND window) : window_(window) {}
+    /// `number` counts the system's icons: application, hand, question mark, exclamation mark, asterisk.
+    [[nodiscard]] bool ShowsIcon(std::size_t number) const;
+
     HWND window_;
 };
 

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+
+#include "harness/quillo_process.h"
+
+namespace quillo::e2e {
+
+/// The lines of a note's menu, from top to bottom.
+enum class NoteMenuLine : int {
+    SetReminder,
+    AddTimestamp,
+    LargeText,
+    ChangeColor,
+    Email,
+    SaveCopy,
+    Print,
+    Hide,
+    Delete,
+    Close
+};
+inline constexpr int kNoteMenuLines = 10;
+
+/// The lines of the menu of a note's own icon.
+enum class IconMenuLine : int { Show, Delete };
+inline constexpr int kIconMenuLines = 2;
+
+/// A menu that stands open, seen from outside. Its lines are of one height.
+class PopupMenu {
+  public:
+    /// The menu that the process shows now, if any.
+    [[nodiscard]] static std::optional<PopupMenu> Find(DWORD process);
+    /// Waits for one; nothing when none comes.
+    [[nodiscard]] static std::optional<PopupMenu> WaitFor(DWORD process);
+
+    [[nodiscard]] bool IsOpen() const { return IsWindowVisible(window_) != 0; }
+    [[nodiscard]] RECT Rectangle() const;
+    /// Clicks a line, counted from 0, until the menu closes. False when it stays.
+    [[nodiscard]] bool Click(int line, int lines) const;
+    /// Goes down to a line with the arrow key and presses Enter. False when the menu stays.
+    [[nodiscard]] bool ChooseByKeys(int line) const;
+
+  private:
+    explicit PopupMenu(HWND window) : window_(window) {}
+    HWND window_;
+};
+
+}  // namespace quillo::e2e
