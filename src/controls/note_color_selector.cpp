@@ -132,7 +132,7 @@ void NoteColorSelector::MoveMark(std::size_t index) {
     NotifyWinEvent(EVENT_OBJECT_FOCUS, Handle(), OBJID_CLIENT, PartOf(index));
 }
 
-void NoteColorSelector::Pick(std::size_t index) {
+void NoteColorSelector::Pick(std::size_t index) const {
     // Last, and a copy: the handler may end the selector.
     if (const auto handler = onColorPicked) handler(kSwatches[index]);
 }

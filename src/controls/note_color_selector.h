@@ -17,7 +17,7 @@ class NoteColorSelector : public Window, private AccessibleSource {
     bool Create(HWND parent, int id, const wchar_t* name, Point at = {});
 
     /// Delivers the first scheme, as if it had been picked.
-    void SetDefault() { Pick(0); }
+    void SetDefault() const { Pick(0); }
     /// One of the pale schemes, for a new note; raises nothing.
     [[nodiscard]] static const ColorScheme& GetRandomColors(Random& random) { return RandomScheme(random); }
     /// The keys start from the first swatch again.
@@ -40,7 +40,7 @@ class NoteColorSelector : public Window, private AccessibleSource {
     void OnFocusChanged(bool focused);
     void OnPaint();
     void MoveMark(std::size_t index);
-    void Pick(std::size_t index);
+    void Pick(std::size_t index) const;
     void Invalidate() const;
 
     // AccessibleSource; the parts are the swatches.

@@ -29,7 +29,7 @@ class DialogWindow : public Window {
     explicit DialogWindow(MessageLoop& loop) : loop_(loop) {}
 
     /// Makes the dialog with its controls, at its size, hidden. False on failure.
-    bool CreateHidden(const DialogPlan& plan);
+    bool CreateHidden(const DialogPlan& dialog);
 
     // What a dialog fills in.
     /// Makes the controls, in the order of the Tab key; a label stands before its control, so that a screen reader

@@ -218,21 +218,20 @@ void SetReminderForm::LayOut(HDC dc) {
 }
 
 int SetReminderForm::LayOutMainPanel(HDC dc, int width) const {
-    const int gap = Px(kDialogGap);
-    const int smallGap = Px(kDialogSmallGap);
     const int margin = Px(kDialogMargin);
     ControlColumn column(dc, margin, margin, width);
+    // Pixels at 96 dpi.
     const auto text = [&](ReminderControl control, int indent, int gapAfter) {
-        column.PutText(ControlWindow(control), FontOfControl(control), CaptionOf(control), indent, gapAfter);
+        column.PutText(ControlWindow(control), FontOfControl(control), CaptionOf(control), Px(indent), Px(gapAfter));
     };
-    text(Control::HeadingLabel, 0, gap);
-    text(Control::InstructionLabel, 0, gap);
+    text(Control::HeadingLabel, 0, kDialogGap);
+    text(Control::InstructionLabel, 0, kDialogGap);
     const int line = MeasureText(dc, Fonts().body.Get(), u"Xg").height;
     column.Put(ControlWindow(Control::ReminderBox), 0, line + Px(kDialogBoxPadding), margin);
-    text(Control::ExamplesLabel, 0, smallGap);
-    text(Control::FirstExampleLabel, gap, smallGap);
-    text(Control::TwentyMinutesLabel, gap, smallGap);
-    text(Control::TomorrowLabel, gap, margin);
+    text(Control::ExamplesLabel, 0, kDialogSmallGap);
+    text(Control::FirstExampleLabel, kDialogGap, kDialogSmallGap);
+    text(Control::TwentyMinutesLabel, kDialogGap, kDialogSmallGap);
+    text(Control::TomorrowLabel, kDialogGap, kDialogMargin);
     column.Put(ControlWindow(Control::HideNoteCheck), 0, Px(kDialogCheckHeight), margin);
     return column.Bottom();
 }
