@@ -216,9 +216,9 @@ def main():
     folder = pathlib.Path(sys.argv[1])
     checks = [("quillo.ico", check_icon, ())]
     checks += [(f"note_buttons_{scale}.bmp", check_strip, (scale,)) for scale in (100, 150, 200)]
-    for glyph in ("bell", "close"):
-        checks.append((f"alert_{glyph}_ink.ico", check_glyph, ((0x27, 0x2A, 0x2B),)))  # blue, green, red
-        checks.append((f"alert_{glyph}_light.ico", check_glyph, ((0xE6, 0xF1, 0xF4),)))
+    for glyph in ("alert_bell", "alert_close", "option_browse", "option_play"):
+        checks.append((f"{glyph}_ink.ico", check_glyph, ((0x27, 0x2A, 0x2B),)))  # blue, green, red
+        checks.append((f"{glyph}_light.ico", check_glyph, ((0xE6, 0xF1, 0xF4),)))
     checks += [(f"menu_{scale}.planes", check_menu, (scale,)) for scale in (100, 125, 150, 175, 200)]
     checks += [(f"tab_icons_{size}.bmp", check_tab_icons, (size,)) for size in (16, 24, 32)]
     checks.append(("about.ico", check_about, ()))

@@ -32,10 +32,11 @@ BUTTON_ROWS = ("note-close.svg", "note-pushpin.svg", "note-pushpin-in.svg", "not
 PLATE = "note-plate.svg"
 PLATE_STRENGTHS = (0.0, 0.14, 0.26)  # the columns: normal, hot, pressed
 
-# The alert's glyphs: icons in either of the two colours in which a note draws its glyphs.
-ALERT_GLYPHS = {"bell": "alert-bell.svg", "close": "note-close.svg"}
-ALERT_COLORS = {"ink": (0x2B, 0x2A, 0x27), "light": (0xF4, 0xF1, 0xE6)}
-ALERT_SIZES = (20, 25, 30, 35, 40)  # at 100 to 200 percent
+# The glyphs of the alert and of the options dialog's small buttons: icons in either of two colours.
+GLYPHS = {"alert_bell": "alert-bell.svg", "alert_close": "note-close.svg",
+          "option_browse": "option-browse.svg", "option_play": "option-play.svg"}
+GLYPH_COLORS = {"ink": (0x2B, 0x2A, 0x27), "light": (0xF4, 0xF1, 0xE6)}
+GLYPH_SIZES = (20, 25, 30, 35, 40)  # at 100 to 200 percent
 
 # The main menu: planes of coverage, which the program colours.
 MENU = "menu.svg"
@@ -297,8 +298,8 @@ class Artwork:
         return [self.render(name, size) for size, name in ICON_SOURCES.items()]
 
     def glyphs(self, name, color):
-        """One drawing at every size of an alert's glyph, in one colour."""
-        images = [self.render(name, size) for size in ALERT_SIZES]
+        """One drawing at every size of a glyph, in one colour."""
+        images = [self.render(name, size) for size in GLYPH_SIZES]
         for image in images:
             for y in range(image.height):
                 for x in range(image.width):
@@ -430,9 +431,9 @@ def main():
     (output / "quillo.ico").write_bytes(encode_ico(icons))
     for scale, strip in strips.items():
         (output / f"note_buttons_{scale}.bmp").write_bytes(encode_bmp(strip))
-    for glyph, source in ALERT_GLYPHS.items():
-        for color, rgb in ALERT_COLORS.items():
-            (output / f"alert_{glyph}_{color}.ico").write_bytes(encode_ico(artwork.glyphs(source, rgb)))
+    for glyph, source in GLYPHS.items():
+        for color, rgb in GLYPH_COLORS.items():
+            (output / f"{glyph}_{color}.ico").write_bytes(encode_ico(artwork.glyphs(source, rgb)))
     menus = {scale: artwork.menu_planes(scale) for scale in MENU_SCALES}
     for scale, planes in menus.items():
         (output / f"menu_{scale}.planes").write_bytes(encode_planes(planes))

@@ -49,11 +49,22 @@ void QuilloProcs::BindMainForm() {
     };
     const auto saveAll = [this] { legacy_.SaveAllNotesAndClear(); };
     mainForm_.onNewNote = [this] { opening_.CreateNewNote(); };
+    mainForm_.onOptions = [this] { OpenOptions(); };
     mainForm_.onQuit = [this] { Quit(); };
     mainForm_.onBackup = saveAll;
     mainForm_.onSessionEnding = saveAll;
     mainForm_.onGoingAway = [this] { PersistAllNotes(program_.openNotes); };
     mainForm_.onPresence = [this](bool present) { present ? resForm_.Resume() : resForm_.Pause(); };
+}
+
+void QuilloProcs::OpenOptions() {
+    if (!options_) {
+        options_ =
+            std::make_unique<OptionsForm>(OptionsWorld{program_.settings, program_.notesFolder, program_.openNotes,
+                                                       registry_, shell_, sound_, locale_, mainForm_},
+                                          notice_, loop_, dialogs_);
+    }
+    Ignore(options_->Open(), "the next request tries again");
 }
 
 int QuilloProcs::Main(std::u16string_view commandLine) {
@@ -136,6 +147,7 @@ void QuilloProcs::OnCommand(std::u16string_view text) {
 
 void QuilloProcs::Quit() {
     if (!SaveAndUnloadNotes(program_, legacy_, registry_)) return;
+    if (options_) options_->Unload();
     MessageLoop::Quit(0);
 }
 

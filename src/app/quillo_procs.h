@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "controls/note_button_images.h"
 #include "mainmenu/main_form.h"
 #include "mainmenu/notify_window.h"
+#include "mainmenu/options_form.h"
 #include "notes/mail_form.h"
 #include "notes/note_color_form.h"
 #include "notes/note_drop_target.h"
@@ -61,6 +63,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     /// A command line that a later start has sent. What comes during start-up waits for its end.
     void OnCommand(std::u16string_view text);
     void BindMainForm();
+    void OpenOptions();
     void Quit();
 
     BusyFlag dialogs_;  ///< set while a modal dialog of the program stands
@@ -93,6 +96,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     LegacyNotes legacy_;
     NoteOpening opening_;
     MainForm mainForm_;
+    std::unique_ptr<OptionsForm> options_;  ///< from its first opening on
     NotifyWindow notifyWindow_;
     std::vector<std::u16string> waitingCommands_;
 };

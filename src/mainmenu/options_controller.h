@@ -46,7 +46,7 @@ struct OptionsTexts {
 };
 
 /// What the controls of the options dialog show, and what a change of one does: the setting, its registry value, the
-/// open notes. While the dialog fills its controls (from the start to FinishLoading) changes do nothing.
+/// open notes. While the dialog fills its controls, until FinishLoading, changes do nothing.
 class OptionsController {
   public:
     /// The opacity at the slider's right end: faint, but there.
@@ -57,6 +57,8 @@ class OptionsController {
 
     explicit OptionsController(const OptionsWorld& world) : world_(world) {}
 
+    /// The dialog opens again.
+    void StartLoading() { loading_ = true; }
     /// Writes "Startup mode" as it was read, and nothing else; changes count from now on.
     void FinishLoading();
 
@@ -69,6 +71,7 @@ class OptionsController {
 
     /// The font's name, size and style: "Tahoma, 8 pt."
     [[nodiscard]] std::u16string FontText() const;
+    [[nodiscard]] const FontSetting& Font() const { return world_.settings.noteFont; }
     void ChooseFont(const FontSetting& font);
 
     [[nodiscard]] int SliderValue() const;

@@ -102,6 +102,17 @@ enum class OptionControl {
     OpenHelpButton,
 };
 
+/// The numbers of the windows: of a page's panel, and of a control on it.
+inline constexpr int kFirstPanelId = 100;
+inline constexpr int kFirstOptionId = 200;
+[[nodiscard]] constexpr int PanelIdOf(OptionsPage page) {
+    return kFirstPanelId + static_cast<int>(page);
+}
+[[nodiscard]] constexpr int IdOf(OptionControl control) {
+    return kFirstOptionId + static_cast<int>(control);
+}
+inline constexpr int kTabStripId = 90;
+
 enum class OptionKind { Heading, Text, Divider, Check, TextBox, KeyBox, Button, GlyphButton, Colors, Slider, KeyList };
 
 /// What a change asks of the open notes.

@@ -40,7 +40,6 @@ bool DialogWindow::CreateHidden(const DialogPlan& dialog) {
     plan.exStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
     plan.parent = dialog.owner;
     scale_ = dialog.owner != nullptr ? WindowScale(dialog.owner) : SystemScale();
-    toolTips_ = nullptr;
     return Window::Create(windowClass, plan);
 }
 
@@ -78,6 +77,7 @@ void DialogWindow::OnCreate() {
 
 void DialogWindow::OnDestroy() {
     loop_.RemoveDialog(Handle());
+    toolTips_.Reset();
     OnGone();
 }
 
@@ -106,9 +106,10 @@ void DialogWindow::MeasureAndLayOut() {
 }
 
 void DialogWindow::AddToolTip(HWND control, std::u16string_view text) {
-    if (toolTips_ == nullptr) {
-        toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0,
-                                    0, 0, 0, Handle(), nullptr, ThisModule(), nullptr);
+    if (!toolTips_) {
+        toolTips_.Reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                                        WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, nullptr, nullptr,
+                                        ThisModule(), nullptr));
         WrapToolTips();
     }
     std::u16string words(text);
@@ -118,11 +119,11 @@ void DialogWindow::AddToolTip(HWND control, std::u16string_view text) {
     tool.hwnd = Handle();
     tool.uId = reinterpret_cast<UINT_PTR>(control);
     tool.lpszText = WideBuffer(words);
-    SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    SendMessageW(toolTips_.Get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void DialogWindow::WrapToolTips() const {
-    if (toolTips_ != nullptr) SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, Px(kToolTipWidth));
+    if (toolTips_) SendMessageW(toolTips_.Get(), TTM_SETMAXTIPWIDTH, 0, Px(kToolTipWidth));
 }
 
 // Where everything stands.

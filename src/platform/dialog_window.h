@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/dialog_parts.h"
+#include "platform/unique_handle.h"
 #include "platform/window.h"
 
 namespace quillo {
@@ -81,7 +82,7 @@ class DialogWindow : public Window {
     MessageLoop& loop_;
     Scale scale_;
     DialogFonts fonts_;
-    HWND toolTips_ = nullptr;
+    WindowHandle toolTips_;  ///< owned by no window: one that owns a topmost window cannot always become one itself
     int clientWidth_ = 0;
     int footTop_ = 0;
     int footBottom_ = 0;

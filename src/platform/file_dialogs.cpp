@@ -43,6 +43,32 @@ BOOL CALLBACK CancelDialogOf(HWND window, LPARAM owner) {
     return TRUE;
 }
 
+using FileDialogFunction = LateFunction<BOOL WINAPI(OPENFILENAMEW*)>;
+
+std::u16string Browse(FileDialogFunction& show, HWND owner, const FileDialogPlan& plan) {
+    if (show.Get() == nullptr) return {};
+    constexpr std::size_t kLongestPath = 32'768;
+    std::u16string path(kLongestPath, u'\0');
+    const std::u16string title(plan.title);
+    const std::u16string filter = SystemFilter(plan.filter);
+    const std::u16string extension(plan.defaultExtension);
+    const std::u16string start(plan.folder);
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.lpstrFilter = Wide(filter);
+    dialog.lpstrFile = WideBuffer(path);
+    dialog.nMaxFile = static_cast<DWORD>(path.size());
+    dialog.lpstrTitle = Wide(title);
+    dialog.lpstrDefExt = Wide(extension);
+    dialog.lpstrInitialDir = start.empty() ? nullptr : Wide(start);
+    dialog.Flags = plan.flags;
+    const CurrentFolderScope folder;
+    if (show.Get()(&dialog) == 0) return {};
+    path.resize(std::min(path.find(u'\0'), path.size()));
+    return path;
+}
+
 }  // namespace
 
 std::u16string SystemFilter(std::u16string_view filter) {
@@ -53,26 +79,13 @@ std::u16string SystemFilter(std::u16string_view filter) {
 }
 
 std::u16string BrowseForFileToSave(HWND owner, const FileDialogPlan& plan) {
-    static LateFunction<BOOL WINAPI(OPENFILENAMEW*)> getSaveFileName(L"comdlg32.dll", "GetSaveFileNameW");
-    if (getSaveFileName.Get() == nullptr) return {};
-    constexpr std::size_t kLongestPath = 32'768;
-    std::u16string path(kLongestPath, u'\0');
-    const std::u16string title(plan.title);
-    const std::u16string filter = SystemFilter(plan.filter);
-    const std::u16string extension(plan.defaultExtension);
-    OPENFILENAMEW dialog{};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = owner;
-    dialog.lpstrFilter = Wide(filter);
-    dialog.lpstrFile = WideBuffer(path);
-    dialog.nMaxFile = static_cast<DWORD>(path.size());
-    dialog.lpstrTitle = Wide(title);
-    dialog.lpstrDefExt = Wide(extension);
-    dialog.Flags = plan.flags;
-    const CurrentFolderScope folder;
-    if (getSaveFileName.Get()(&dialog) == 0) return {};
-    path.resize(std::min(path.find(u'\0'), path.size()));
-    return path;
+    static FileDialogFunction getSaveFileName(L"comdlg32.dll", "GetSaveFileNameW");
+    return Browse(getSaveFileName, owner, plan);
+}
+
+std::u16string BrowseForFileToOpen(HWND owner, const FileDialogPlan& plan) {
+    static FileDialogFunction getOpenFileName(L"comdlg32.dll", "GetOpenFileNameW");
+    return Browse(getOpenFileName, owner, plan);
 }
 
 void CancelDialogsOf(HWND owner) {

@@ -49,6 +49,7 @@ using PenHandle = UniqueHandle<HPEN, &DeleteObject>;
 using BitmapHandle = UniqueHandle<HBITMAP, &DeleteObject>;
 using MemoryDc = UniqueHandle<HDC, &DeleteDC>;
 using RegistryKeyHandle = UniqueHandle<HKEY, &RegCloseKey>;
+using WindowHandle = UniqueHandle<HWND, &DestroyWindow>;
 using LibraryHandle = UniqueHandle<HMODULE, &FreeLibrary>;
 
 }  // namespace quillo

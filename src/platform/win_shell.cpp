@@ -3,11 +3,11 @@
 #include <array>
 
 #include "platform/com_ptr.h"
+#include "platform/com_scope.h"
 #include "platform/unique_handle.h"
 #include "platform/wide.h"
 
 // After windows.h.
-#include <objbase.h>
 #include <shellapi.h>
 #include <shlobj.h>
 
@@ -27,20 +27,6 @@ std::u16string GrowingText(Call call) {
         text.resize(text.size() * 2);
     }
 }
-
-/// COM for the length of one call; harmless where the thread has it already.
-class ComScope {
-  public:
-    ComScope() : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
-    ComScope(const ComScope&) = delete;
-    ComScope& operator=(const ComScope&) = delete;
-    ~ComScope() {
-        if (entered_) CoUninitialize();
-    }
-
-  private:
-    bool entered_;
-};
 
 }  // namespace
 

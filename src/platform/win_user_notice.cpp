@@ -8,9 +8,9 @@
 
 namespace quillo {
 
-int WinUserNotice::Box(std::u16string_view text, UINT flags) {
+int WinUserNotice::Box(std::u16string_view text, UINT flags, const wchar_t* title) {
     const BusyFlag::Scope busy(dialogs_);
-    return MessageBoxW(nullptr, Wide(std::u16string(text)), L"Quillo", flags | MB_SETFOREGROUND | MB_TASKMODAL);
+    return MessageBoxW(nullptr, Wide(std::u16string(text)), title, flags | MB_SETFOREGROUND | MB_TASKMODAL);
 }
 
 void WinUserNotice::Fail(std::u16string_view text) {
@@ -23,6 +23,10 @@ void WinUserNotice::Inform(std::u16string_view text) {
 
 void WinUserNotice::Warn(std::u16string_view text) {
     Box(text, MB_OK | MB_ICONEXCLAMATION);
+}
+
+void WinUserNotice::WarnOfChoice(std::u16string_view text) {
+    Box(text, MB_OK | MB_ICONEXCLAMATION, L"Warning");
 }
 
 bool WinUserNotice::Ask(std::u16string_view text, Question question) {

@@ -18,6 +18,7 @@ class WinUserNotice : public UserNotice {
     void Fail(std::u16string_view text) override;
     void Inform(std::u16string_view text) override;
     void Warn(std::u16string_view text) override;
+    void WarnOfChoice(std::u16string_view text) override;
     [[nodiscard]] bool Ask(std::u16string_view text, Question question) override;
     void Balloon(std::u16string_view title, std::u16string_view text, BalloonIcon icon) override;
     void Play(SystemSound sound) override;
@@ -26,7 +27,7 @@ class WinUserNotice : public UserNotice {
     std::function<void(std::u16string_view, std::u16string_view, BalloonIcon)> onBalloon;
 
   private:
-    int Box(std::u16string_view text, UINT flags);
+    int Box(std::u16string_view text, UINT flags, const wchar_t* title = L"Quillo");
 
     BusyFlag& dialogs_;
 };

@@ -14,7 +14,7 @@ enum class Question { YesNoDefaultNo, OkCancelDefaultCancel };
 enum class SystemSound { RestoreUp, RestoreDown, Asterisk };
 
 /// Everything by which the program speaks to its user outside its own windows. Message boxes bear the title "Quillo"
-/// and pump messages: after one, a note may be gone.
+/// where nothing else is said, and pump messages: after one, a note may be gone.
 class UserNotice {
   public:
     virtual ~UserNotice() = default;
@@ -25,6 +25,8 @@ class UserNotice {
     virtual void Inform(std::u16string_view text) = 0;
     /// A message box with the exclamation icon.
     virtual void Warn(std::u16string_view text) = 0;
+    /// The same, titled "Warning": of what the user has just chosen.
+    virtual void WarnOfChoice(std::u16string_view text) = 0;
     /// A message box with the exclamation icon; true for Yes or OK.
     [[nodiscard]] virtual bool Ask(std::u16string_view text, Question question) = 0;
     /// A balloon from the program's icon in the notification area.

@@ -108,7 +108,7 @@ bool SetReminderForm::Initialize(HWND noteWindow, DaySerial existing) {
     SetWindowPos(Handle(), nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     ShowWindow(Handle(), SW_SHOW);
     SetTopmost(Handle(), true);
-    CreateToolTips();  // a window that owns a topmost one already would not always become one itself
+    CreateToolTips();
     BringForward();
     SelectBox();
     return true;

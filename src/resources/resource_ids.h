@@ -10,6 +10,12 @@
 #define IDI_ALERT_CLOSE_INK 113
 #define IDI_ALERT_CLOSE_LIGHT 114
 
+// The glyphs of the options dialog's small buttons, for light and for dark faces.
+#define IDI_OPTION_BROWSE_INK 115
+#define IDI_OPTION_BROWSE_LIGHT 116
+#define IDI_OPTION_PLAY_INK 117
+#define IDI_OPTION_PLAY_LIGHT 118
+
 // The about box's picture.
 #define IDI_ABOUT_PICTURE 121
 

@@ -25,6 +25,10 @@ class FakeUserNotice : public UserNotice {
     void Fail(std::u16string_view text) override { fails.emplace_back(text); }
     void Inform(std::u16string_view text) override { informs.emplace_back(text); }
     void Warn(std::u16string_view text) override { warnings.emplace_back(text); }
+    void WarnOfChoice(std::u16string_view text) override {
+        choiceWarnings.emplace_back(text);
+        if (onWarnOfChoice) onWarnOfChoice();
+    }
     [[nodiscard]] bool Ask(std::u16string_view text, Question question) override {
         questions.push_back({std::u16string(text), question});
         if (onAsk) onAsk();
@@ -40,6 +44,7 @@ class FakeUserNotice : public UserNotice {
         fails.clear();
         informs.clear();
         warnings.clear();
+        choiceWarnings.clear();
         questions.clear();
         balloons.clear();
         sounds.clear();
@@ -48,11 +53,14 @@ class FakeUserNotice : public UserNotice {
     std::vector<std::u16string> fails;
     std::vector<std::u16string> informs;
     std::vector<std::u16string> warnings;
+    std::vector<std::u16string> choiceWarnings;
     std::vector<AskedQuestion> questions;
     std::vector<ShownBalloon> balloons;
     std::vector<SystemSound> sounds;
     bool answer = true;
-    std::function<void()> onAsk;  ///< what happens while the box is open
+    // What happens while the box is open.
+    std::function<void()> onAsk;
+    std::function<void()> onWarnOfChoice;
 };
 
 }  // namespace quillo

@@ -113,10 +113,11 @@ TEST_F(SetReminderFormTest, StandsAboveAllAndBelongsToTheNote) {
 
 TEST_F(SetReminderFormTest, FourControlsHaveToolTips) {
     Open();
+    // They belong to no window: the first one of this thread is the dialog's.
     HWND tips = nullptr;
     do {
         tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr);
-    } while (tips != nullptr && GetWindow(tips, GW_OWNER) != form_.Handle());
+    } while (tips != nullptr && GetWindowThreadProcessId(tips, nullptr) != GetCurrentThreadId());
     ASSERT_NE(tips, nullptr);
     EXPECT_EQ(SendMessageW(tips, TTM_GETTOOLCOUNT, 0, 0), 4);
 }

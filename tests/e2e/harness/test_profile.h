@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -34,6 +35,10 @@ class TestProfile {
     [[nodiscard]] bool HasValue(const wchar_t* name) const;
     /// Nothing when there is no such value, or it is no number.
     [[nodiscard]] std::optional<std::uint32_t> Number(const wchar_t* name) const;
+    /// The same for a text.
+    [[nodiscard]] std::optional<std::wstring> Text(const wchar_t* name) const;
+    /// Every setting there is, by its name as written, its data as bytes.
+    [[nodiscard]] std::map<std::wstring, std::string> AllSettings() const;
     /// What Windows starts with the session; nothing when there is no such value.
     [[nodiscard]] std::optional<std::wstring> RunValue() const;
     void SetRunValue(const std::wstring& value) const;

@@ -13,24 +13,13 @@
 #include "app/registry_keys.h"
 #include "app/settings_table.h"
 #include "registry/tessel_registry.h"
+#include "testing/fake_options_owner.h"
 #include "testing/fake_sound_device.h"
 
 namespace quillo {
 namespace {
 
 using C = OptionControl;
-
-/// A main form that remembers what it was asked, in order, with the settings as they were then.
-class RecordingOwner : public OptionsOwner {
-  public:
-    void SetShortcut(int index, std::u16string_view path) override {
-        calls.push_back(u"shortcut " + FormatInteger(index) + u" " + std::u16string(path));
-    }
-    void RegisterHotKeys() override { calls.emplace_back(u"hotkeys"); }
-    void RedrawResources() override { calls.emplace_back(u"redraw"); }
-
-    std::vector<std::u16string> calls;
-};
 
 class OptionsControllerTest : public testing::Test {
   protected:
@@ -76,7 +65,7 @@ class OptionsControllerTest : public testing::Test {
 
     TestProgram program_;
     FakeSoundDevice sound_;
-    RecordingOwner owner_;
+    FakeOptionsOwner owner_{program_.program.settings};
     OptionsWorld world_{program_.program.settings,
                         program_.program.notesFolder,
                         program_.program.openNotes,

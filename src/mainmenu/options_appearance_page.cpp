@@ -1,0 +1,126 @@
+#include "mainmenu/options_appearance_page.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "mainmenu/options_controller.h"
+#include "mainmenu/page_column.h"
+#include "platform/dialog_parts.h"
+#include "platform/font_dialog.h"
+#include "platform/wide.h"
+#include "util/busy_flag.h"
+
+namespace quillo {
+namespace {
+
+using C = OptionControl;
+
+// Pixels at 96 dpi.
+constexpr int kSliderWidth = 200;
+constexpr int kSliderHeight = 18;
+constexpr int kSliderGap = 10;
+
+constexpr double kLargestShown = 13;  // points; a larger font is shown smaller
+
+}  // namespace
+
+OptionsAppearancePage::OptionsAppearancePage(OptionsController& controller, BusyFlag& dialogs)
+    : ContentPanel(OptionsPage::Appearance, controller, dialogs) {
+    colorSelector_.onColorPicked = [this](const ColorScheme& scheme) {
+        Controller().PickColors(scheme.note, scheme.border, scheme.text);
+    };
+    opacitySlider_.onChange = [this](std::int32_t value) {
+        Controller().MoveSlider(value);
+        ShowChecked(C::TranslucentCheck);
+    };
+}
+
+bool OptionsAppearancePage::CreateSpecial(const OptionRow& row) {
+    const std::u16string name(row.caption);
+    if (row.kind == OptionKind::Colors) {
+        colorSelector_.Create(Handle(), IdOf(row.control), Wide(name));
+        return true;
+    }
+    if (row.kind == OptionKind::Slider) {
+        SliderProperties properties;
+        properties.max = OptionsController::kSliderEnd;
+        properties.value = Controller().SliderValue();
+        opacitySlider_.Create(Handle(), IdOf(row.control), Wide(name), properties);
+        return true;
+    }
+    return false;
+}
+
+void OptionsAppearancePage::OnScaleChanged() {
+    colorSelector_.SetScale(PageScale());
+    opacitySlider_.SetScale(PageScale());
+    ShowFont();
+}
+
+void OptionsAppearancePage::Load() {
+    ContentPanel::Load();
+    opacitySlider_.SetValue(Controller().SliderValue());
+    ShowFont();
+}
+
+void OptionsAppearancePage::ShowFont() {
+    FontSetting font = Controller().Font();
+    font.size = std::min(font.size, kLargestShown);
+    HWND label = Item(C::FontLabel);
+    SetText(C::FontLabel, Controller().FontText());
+    SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Get(font, false, PageScale())), TRUE);
+}
+
+void OptionsAppearancePage::Place(PageColumn& column) {
+    column.PutHeading(C::AppearanceHeading);
+    column.PutText(C::ColorsLabel, kDialogSmallGap);
+    const Size strip = colorSelector_.StripSize();
+    column.PlaceAt(C::ColorSelector, column.Left(), column.Bottom(), strip.width, strip.height);
+    column.Advance(strip.height, kDialogGap);
+
+    const int buttonHeight = column.Px(kDialogButtonHeight);
+    column.PutText(C::FontTextLabel, kDialogSmallGap);
+    const int buttonWidth = column.ButtonWidth(C::BrowseFontButton);
+    const int labelLeft = column.Left() + buttonWidth + column.Px(kDialogMargin);
+    column.PlaceAt(C::BrowseFontButton, column.Left(), column.Bottom(), buttonWidth, buttonHeight);
+    column.PlaceAt(C::FontLabel, labelLeft, column.Bottom(), column.Left() + column.Width() - labelLeft, buttonHeight);
+    column.Advance(buttonHeight, kDialogMargin);
+
+    for (const C check : {C::RandomNoteColorCheck, C::AutoAddTimestampCheck, C::NoHighContrastCheck}) {
+        column.PutCheck(check);
+    }
+    column.PutDivider(C::EyeCandyDivider);
+    column.PutText(C::EyeCandyLabel, kDialogGap);
+    column.PutCheck(C::AnimationCheck);
+    column.PutCheck(C::TranslucentCheck);
+
+    const int gap = column.Px(kSliderGap);
+    const int line = column.LineHeight();
+    const int height = std::max(line, column.Px(kSliderHeight));
+    const int labelTop = column.Bottom() + (height - line) / 2;
+    int left = column.Left() + column.Px(kDialogCheckRoom);
+    const auto put = [&](C control, int top, int width, int controlHeight) {
+        column.PlaceAt(control, left, top, width, controlHeight);
+        left += width + gap;
+    };
+    put(C::OpaqueLabel, labelTop, column.TextWidth(C::OpaqueLabel), line);
+    put(C::OpacitySlider, column.Bottom() + (height - column.Px(kSliderHeight)) / 2, column.Px(kSliderWidth),
+        column.Px(kSliderHeight));
+    put(C::FaintLabel, labelTop, column.TextWidth(C::FaintLabel), line);
+    column.Advance(height, 0);
+}
+
+void OptionsAppearancePage::OnCommand(OptionControl control, int notification) {
+    if (control == C::BrowseFontButton && notification == BN_CLICKED) return BrowseForFont();
+    ContentPanel::OnCommand(control, notification);
+}
+
+void OptionsAppearancePage::BrowseForFont() {
+    const BusyFlag::Scope busy(Dialogs());
+    const std::optional<FontSetting> chosen = AskForFont(Dialog(), Controller().Font());
+    if (!chosen) return;
+    Controller().ChooseFont(*chosen);
+    if (Handle() != nullptr) ShowFont();
+}
+
+}  // namespace quillo

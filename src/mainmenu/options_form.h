@@ -1,0 +1,63 @@
+#pragma once
+
+#include <array>
+
+#include "controls/tessel_tab.h"
+#include "mainmenu/options_appearance_page.h"
+#include "mainmenu/options_behavior_page.h"
+#include "mainmenu/options_controller.h"
+#include "mainmenu/options_help_page.h"
+#include "mainmenu/options_shortcuts_page.h"
+#include "platform/dialog_window.h"
+
+namespace quillo {
+
+class UserNotice;
+
+/// The options dialog: a strip of tabs, the page of the current tab, and a button that closes. Not modal: notes show
+/// each change at once. It can be opened again after it has closed.
+class OptionsForm : public DialogWindow {
+  public:
+    OptionsForm(const OptionsWorld& world, UserNotice& notice, MessageLoop& loop, BusyFlag& dialogs);
+    ~OptionsForm() override { Unload(); }
+
+    /// Opens the dialog, or brings the open one forward. False on failure.
+    bool Open();
+    /// Takes the dialog away with the program: what is typed in its boxes is not saved.
+    void Unload();
+
+    [[nodiscard]] OptionsPage CurrentPage() const { return current_; }
+    void ShowPage(OptionsPage page);
+    /// The window of one of its controls, on whatever page; null while the dialog is not open.
+    [[nodiscard]] HWND ControlWindow(OptionControl control) const;
+    [[nodiscard]] HWND TabStripWindow() const { return tabStrip_.Handle(); }
+    [[nodiscard]] HWND CloseButton() const { return Item(IDOK); }
+
+  protected:
+    void CreateControls() override;
+    void LayOut(HDC dc) override;
+    void OnCommand(int id, int notification) override;
+    /// Esc, the window's own close box and the button all save alike.
+    void OnClose() override;
+    void OnGone() override;
+    void OnFontsChanged() override;
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    [[nodiscard]] ContentPanel& Panel(OptionsPage page) const { return *panels_[static_cast<std::size_t>(page)]; }
+    void CreateToolTips();
+    void SetTabIcons();
+    void MoveToMiddle() const;
+    void OnActivated();
+
+    OptionsController controller_;
+    OptionsAppearancePage appearance_;
+    OptionsShortcutsPage shortcuts_;
+    OptionsBehaviorPage behavior_;
+    OptionsHelpPage help_;
+    std::array<ContentPanel*, kOptionsPageCount> panels_;  ///< the pages in the order of their tabs
+    TesselTab tabStrip_;
+    OptionsPage current_ = OptionsPage::Appearance;
+};
+
+}  // namespace quillo

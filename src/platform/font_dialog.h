@@ -1,0 +1,14 @@
+#pragma once
+
+#include <optional>
+
+#include "app/settings.h"
+#include "platform/win32.h"
+
+namespace quillo {
+
+/// Lets the user choose a note font in the system's font dialog, which starts with `font`. Nothing when the user
+/// cancels. Pumps messages.
+[[nodiscard]] std::optional<FontSetting> AskForFont(HWND owner, const FontSetting& font);
+
+}  // namespace quillo

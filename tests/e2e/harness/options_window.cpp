@@ -1,0 +1,107 @@
+#include "harness/options_window.h"
+
+#include "harness/eventually.h"
+#include "harness/input.h"
+#include "harness/quillo_process.h"
+#include "harness/window_text.h"
+
+namespace quillo::e2e {
+namespace {
+
+constexpr UINT kAnswerMilliseconds = 20'000;
+constexpr int kMostTabs = 40;  // more than any page has controls
+
+DWORD_PTR Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    DWORD_PTR answer = 0;
+    SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, kAnswerMilliseconds, &answer);
+    return answer;
+}
+
+}  // namespace
+
+std::optional<OptionsWindow> OptionsWindow::Find(DWORD process) {
+    for (HWND window : WindowsOf(process)) {
+        if (ClassOf(window) == L"QuilloOptions" && IsWindowVisible(window) != 0) return OptionsWindow(window);
+    }
+    return std::nullopt;
+}
+
+std::optional<OptionsWindow> OptionsWindow::WaitFor(DWORD process) {
+    std::optional<OptionsWindow> found;
+    const bool came = Eventually([&] {
+        found = Find(process);
+        return found && IsChild(found->Handle(), KeyboardWindow()) != 0;
+    });
+    return came ? found : std::nullopt;
+}
+
+bool OptionsWindow::IsTopmost() const {
+    return (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+}
+
+HWND OptionsWindow::Control(OptionControl control) const {
+    return GetDlgItem(GetDlgItem(window_, PanelIdOf(RowOf(control).page)), IdOf(control));
+}
+
+bool OptionsWindow::Shows(OptionsPage page) const {
+    return IsWindowVisible(GetDlgItem(window_, PanelIdOf(page))) != 0;
+}
+
+bool OptionsWindow::IsChecked(OptionControl check) const {
+    return Ask(Control(check), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+std::wstring OptionsWindow::Text(OptionControl control) const {
+    return WindowText(Control(control));
+}
+
+RECT OptionsWindow::AreaOf(OptionControl control) const {
+    RECT area{};
+    GetWindowRect(Control(control), &area);
+    return area;
+}
+
+POINT OptionsWindow::MiddleOf(OptionControl control) const {
+    const RECT area = AreaOf(control);
+    return POINT{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
+}
+
+bool OptionsWindow::ClickTab(OptionsPage page) const {
+    RECT strip{};
+    GetWindowRect(TabStrip(), &strip);
+    constexpr int kStep = 20;
+    for (LONG x = strip.left + kStep; x < strip.right; x += kStep) {
+        if (Shows(page)) return true;
+        ClickMouse(POINT{x, (strip.top + strip.bottom) / 2});
+        (void)Ask(window_, WM_NULL, 0, 0);  // the click is done with
+        if (Eventually([&] { return Shows(page); }, std::chrono::milliseconds(100))) return true;
+    }
+    return false;
+}
+
+void OptionsWindow::Click(OptionControl control) const {
+    const RECT area = AreaOf(control);
+    constexpr LONG kInCaption = 40;  // a check box is wider than its caption
+    ClickMouse(POINT{std::min((area.left + area.right) / 2, area.left + kInCaption), (area.top + area.bottom) / 2});
+}
+
+bool OptionsWindow::TabTo(HWND control) const {
+    for (int i = 0; i < kMostTabs; ++i) {
+        HWND before = KeyboardWindow();
+        if (before == control) return true;
+        PressKey(VK_TAB);
+        if (!Eventually([&] { return KeyboardWindow() != before; })) return false;
+    }
+    return false;
+}
+
+bool OptionsWindow::Type(OptionControl box, const std::wstring& text) const {
+    if (!TabTo(box)) return false;
+    PressKey(VK_HOME);
+    PressKey(VK_END, {VK_SHIFT});
+    PressKey(VK_DELETE);
+    TypeText(text);
+    return Eventually([&] { return Text(box) == text; });
+}
+
+}  // namespace quillo::e2e

@@ -1,0 +1,277 @@
+#include <set>
+
+#include "harness/e2e_test.h"
+#include "harness/main_menu.h"
+#include "harness/options_window.h"
+#include "harness/system_dialogs.h"
+#include "harness/window_text.h"
+
+namespace quillo::e2e {
+namespace {
+
+using C = OptionControl;
+
+constexpr std::uint32_t kTrue = 0xFFFFFFFF;
+
+std::wstring Wide(std::u16string_view text) {
+    return {text.begin(), text.end()};
+}
+
+/// The options dialog, opened from the main menu over one ordinary note.
+class OptionsTest : public OrdinaryTest {
+  protected:
+    void SetUp() override {
+        OrdinaryTest::SetUp();
+        Profile().AddNote(L"note.qln", NoteFile{"Call Bob"}.Bytes());
+    }
+    OptionsWindow Open() {
+        Start();
+        EXPECT_TRUE(OpenFromMenu());
+        return Wait();
+    }
+    /// As a user does, whether or not the dialog stands already.
+    bool OpenFromMenu() {
+        const MainMenu menu(Quillo().Pid());
+        return menu.Open() && menu.Choose(MenuItem::Options);
+    }
+    OptionsWindow Wait() {
+        const auto options = OptionsWindow::WaitFor(Quillo().Pid());
+        EXPECT_TRUE(options);
+        return options.value_or(OptionsWindow(nullptr));
+    }
+    static bool Goes(const OptionsWindow& options) {
+        return Eventually([&] { return !options.Exists(); });
+    }
+    bool Holds(const wchar_t* name, std::uint32_t value) {
+        return Eventually([&] { return Profile().Number(name) == value; });
+    }
+    /// What a check box that is checked or not has in the registry.
+    static std::uint32_t StoredFor(const OptionRow& row, bool checked) {
+        if (row.control == C::SpecialStartupCheck) return checked ? 1 : 0;
+        return checked != row.inverted ? kTrue : 0;
+    }
+    /// Presses a check box twice, and looks for both values; the warning is answered.
+    void ExpectSwitches(const OptionsWindow& options, const OptionRow& row, const std::function<void()>& press) {
+        const std::wstring name = Wide(row.settings.front());
+        for (int i = 0; i < 2; ++i) {
+            const bool wanted = !options.IsChecked(row.control);
+            press();
+            if (row.control == C::SpecialStartupCheck && wanted) {
+                const auto warning = MessageBoxWindow::WaitFor(Quillo().Pid());
+                ASSERT_TRUE(warning);
+                ASSERT_TRUE(warning->Answer(IDOK));
+            }
+            EXPECT_TRUE(Eventually([&] { return options.IsChecked(row.control) == wanted; }))
+                << "control " << static_cast<int>(row.control);
+            EXPECT_TRUE(Holds(name.c_str(), StoredFor(row, wanted))) << "control " << static_cast<int>(row.control);
+        }
+    }
+};
+
+TEST_F(OptionsTest, OpeningAndClosingChangesNothingButWhatItMustSave) {
+    const OptionsWindow options = Open();
+    EXPECT_EQ(WindowText(options.Handle()), L"Quillo options");
+    EXPECT_TRUE(Eventually([&] { return options.IsTopmost(); }));
+    const auto before = Profile().AllSettings();
+    EXPECT_EQ(Profile().Number(L"Startup mode"), 0U);
+    EXPECT_TRUE(OpenFromMenu()) << "a second request";
+    EXPECT_EQ(Wait().Handle(), options.Handle());
+    EXPECT_EQ(Profile().AllSettings(), before);
+    PressKey(VK_ESCAPE);
+    ASSERT_TRUE(Goes(options));
+    std::set<std::wstring> added;
+    for (const auto& [name, data] : Profile().AllSettings()) {
+        const auto old = before.find(name);
+        if (old == before.end()) {
+            added.insert(name);
+        } else {
+            EXPECT_EQ(data, old->second) << Narrow(name);
+        }
+    }
+    EXPECT_EQ(added, (std::set<std::wstring>{L"Shortcut 1", L"Shortcut 2", L"Shortcut 3", L"Shortcut 4",
+                                             L"New note hotkey", L"Show notes hotkey", L"Reminder", L"Note folder"}));
+    EXPECT_EQ(Profile().Number(L"New note hotkey"), 78U);
+    EXPECT_EQ(Profile().Number(L"Show notes hotkey"), 83U);
+    Quit();
+}
+
+TEST_F(OptionsTest, EveryCheckBoxByMouse) {
+    const OptionsWindow options = Open();
+    for (const OptionsPage page : {OptionsPage::Appearance, OptionsPage::Behavior}) {
+        ASSERT_TRUE(options.ClickTab(page));
+        for (const OptionRow& row : OptionsTable()) {
+            if (row.page != page || row.kind != OptionKind::Check) continue;
+            ExpectSwitches(options, row, [&] { options.Click(row.control); });
+        }
+    }
+    Quit();
+}
+
+TEST_F(OptionsTest, EveryCheckBoxByKeyboard) {
+    const OptionsWindow options = Open();
+    for (const OptionsPage page : {OptionsPage::Appearance, OptionsPage::Behavior}) {
+        while (!options.Shows(page)) {
+            ASSERT_TRUE(options.TabTo(options.TabStrip()));
+            PressKey(VK_RIGHT);
+            ASSERT_TRUE(Eventually([&] { return !options.Shows(OptionsPage::Appearance); }));
+            if (options.Shows(OptionsPage::Help)) break;
+        }
+        for (const OptionRow& row : OptionsTable()) {
+            if (row.page != page || row.kind != OptionKind::Check) continue;
+            ASSERT_TRUE(options.TabTo(row.control)) << "control " << static_cast<int>(row.control);
+            ExpectSwitches(options, row, [] { PressKey(VK_SPACE); });
+        }
+    }
+    Quit();
+}
+
+TEST_F(OptionsTest, AppearanceReachesTheOpenNoteAtOnce) {
+    const OptionsWindow options = Open();
+    const NoteWindow note = FindNote(Quillo(), L"Call Bob");
+    // The third swatch of 24 by 24 pixels; see the palette.
+    const RECT strip = options.AreaOf(C::ColorSelector);
+    const LONG swatch = (strip.bottom - strip.top) * 24 / 28;
+    ClickMouse(POINT{strip.left + 2 * swatch + swatch / 2, strip.top + swatch / 2});
+    EXPECT_TRUE(Holds(L"Note color", RGB(0xE9, 0xFD, 0xEC)));
+    EXPECT_TRUE(Holds(L"Note border color", RGB(0x72, 0xAE, 0x7F)));
+    EXPECT_TRUE(Holds(L"Note text color", RGB(0, 0, 0)));
+    EXPECT_TRUE(Eventually([&] { return note.TextBackground() == RGB(0xE9, 0xFD, 0xEC); }));
+
+    options.Click(C::TranslucentCheck);
+    EXPECT_TRUE(Eventually([&] { return note.Alpha() == 192; }));
+    options.Click(C::TranslucentCheck);
+    EXPECT_TRUE(Eventually([&] { return !note.Alpha(); }));
+
+    const RECT slider = options.AreaOf(C::OpacitySlider);
+    const LONG y = (slider.top + slider.bottom) / 2;
+    ClickMouse(POINT{slider.right - 1, y});
+    EXPECT_TRUE(Eventually([&] { return note.Alpha() == 32; })) << "faint at the right end, and translucent at once";
+    EXPECT_TRUE(Holds(L"Note opacity", 32));
+    EXPECT_TRUE(Holds(L"Note transparency", kTrue));
+    EXPECT_TRUE(Eventually([&] { return options.IsChecked(C::TranslucentCheck); }));
+    DragMouse(POINT{slider.right - 1, y}, POINT{slider.left, y});
+    EXPECT_TRUE(Holds(L"Note opacity", 255));
+    ASSERT_TRUE(options.TabTo(C::OpacitySlider));
+    PressKey(VK_RIGHT);
+    EXPECT_TRUE(Eventually([&] { return note.Alpha().value_or(255) < 255; })) << "by keyboard too";
+
+    ASSERT_TRUE(options.ClickTab(OptionsPage::Behavior));
+    options.Click(C::ShowScrollBarsCheck);
+    EXPECT_TRUE(Eventually([&] { return note.HasScrollBar(); }));
+    Quit();
+}
+
+TEST_F(OptionsTest, HotkeysAreChosenByPressingThem) {
+    const OptionsWindow options = Open();
+    ASSERT_TRUE(options.ClickTab(OptionsPage::Shortcuts));
+    ASSERT_TRUE(options.TabTo(C::NewNoteKeyBox));
+    EXPECT_EQ(options.Text(C::NewNoteKeyBox), L"N");
+    EXPECT_EQ(options.Text(C::SurfaceKeyBox), L"S");
+    PressKey('S');
+    PressKey(VK_F5);
+    PressKey('J');
+    EXPECT_TRUE(Eventually([&] { return options.Text(C::NewNoteKeyBox) == L"J"; }));
+    ASSERT_TRUE(options.TabTo(C::SurfaceKeyBox));
+    PressKey('J');
+    PressKey('Y');
+    EXPECT_TRUE(Eventually([&] { return options.Text(C::SurfaceKeyBox) == L"Y"; }));
+    EXPECT_FALSE(Profile().Number(L"New note hotkey")) << "written when the dialog closes";
+    PressKey(VK_RETURN);
+    ASSERT_TRUE(Goes(options));
+    EXPECT_EQ(Profile().Number(L"New note hotkey"), std::uint32_t{'J'});
+    EXPECT_EQ(Profile().Number(L"Show notes hotkey"), std::uint32_t{'Y'});
+    PressKey('J', {VK_LWIN});
+    EXPECT_TRUE(Eventually([&] { return NotesOf(Quillo()).size() == 2; })) << "the new key works at once";
+    Quit();
+}
+
+TEST_F(OptionsTest, FilesAndFoldersAreBrowsedFor) {
+    const std::wstring program = Outside() / L"tool.exe";
+    const std::wstring sound = Outside() / L"ding.wav";
+    WriteBytes(program, "MZ");
+    WriteBytes(sound, "RIFF");
+    Profile().SetText(L"Note folder", Outside().Path());
+    const OptionsWindow options = Open();
+
+    ASSERT_TRUE(options.ClickTab(OptionsPage::Shortcuts));
+    const std::wstring before = options.Text(C::ShortcutBox2);
+    options.Click(C::BrowseButton2);
+    auto dialog = SystemDialog::WaitFor(Quillo().Pid());
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(dialog->Title(), L"Browse for program");
+    ASSERT_TRUE(dialog->Cancel());
+    EXPECT_EQ(options.Text(C::ShortcutBox2), before);
+    ASSERT_TRUE(options.TabTo(C::BrowseButton2));
+    PressKey(VK_SPACE);
+    dialog = SystemDialog::WaitFor(Quillo().Pid());
+    ASSERT_TRUE(dialog);
+    ASSERT_TRUE(dialog->ChooseFile(program));
+    EXPECT_TRUE(Eventually([&] { return options.Text(C::ShortcutBox2) == program; }));
+
+    ASSERT_TRUE(options.ClickTab(OptionsPage::Behavior));
+    options.Click(C::BrowseSoundButton);
+    dialog = SystemDialog::WaitFor(Quillo().Pid());
+    ASSERT_TRUE(dialog);
+    EXPECT_EQ(dialog->Title(), L"Browse for sound");
+    ASSERT_TRUE(dialog->ChooseFile(sound));
+    EXPECT_TRUE(Eventually([&] { return options.Text(C::ReminderSoundBox) == sound; }));
+
+    ASSERT_TRUE(options.Type(C::NoteFolderBox, L"  "));
+    options.Click(C::BrowseNoteFolderButton);
+    dialog = SystemDialog::WaitFor(Quillo().Pid());
+    ASSERT_TRUE(dialog);
+    EXPECT_TRUE(
+        dialog->HasText(L"Choose a folder to save closed notes to.  Normally, this is the Desktop."));
+    ASSERT_TRUE(dialog->Cancel());
+    ASSERT_TRUE(options.Type(C::NoteFolderBox, L"  " + Outside().Path() + L"  "));
+
+    // The window's own close box, as the mouse would press it.
+    PostMessageW(options.Handle(), WM_SYSCOMMAND, SC_CLOSE, 0);
+    ASSERT_TRUE(Goes(options));
+    EXPECT_EQ(Profile().Text(L"Shortcut 2"), program);
+    EXPECT_EQ(Profile().Text(L"Reminder"), sound);
+    EXPECT_EQ(Profile().Text(L"Note folder"), Outside().Path());
+    Quit();
+}
+
+TEST_F(OptionsTest, AFontIsChosenInTheSystemsDialog) {
+    const OptionsWindow options = Open();
+    EXPECT_EQ(options.Text(C::FontLabel), L"Tahoma, 8 pt.");
+    ASSERT_TRUE(options.TabTo(C::BrowseFontButton));
+    PressKey('B', {VK_MENU});
+    auto dialog = SystemDialog::WaitFor(Quillo().Pid());
+    ASSERT_TRUE(dialog);
+    ASSERT_TRUE(dialog->Cancel());
+    EXPECT_FALSE(Profile().Text(L"Note font"));
+    options.Click(C::BrowseFontButton);
+    dialog = SystemDialog::WaitFor(Quillo().Pid());
+    ASSERT_TRUE(dialog);
+    ASSERT_TRUE(dialog->ChooseFontSize(L"14"));
+    EXPECT_TRUE(Eventually([&] { return options.Text(C::FontLabel) == L"Tahoma, 14 pt."; }));
+    EXPECT_EQ(Profile().Text(L"Note font"), L"Tahoma");
+    EXPECT_EQ(Profile().Text(L"Note font size"), L"14");
+    EXPECT_EQ(Profile().Number(L"Note font style"), 0U);
+    Quit();
+}
+
+TEST_F(OptionsTest, TheStartupWarningStandsAboveTheDialog) {
+    const OptionsWindow options = Open();
+    ASSERT_TRUE(options.ClickTab(OptionsPage::Behavior));
+    ASSERT_TRUE(Eventually([&] { return options.IsTopmost(); }));
+    options.Click(C::SpecialStartupCheck);
+    const auto warning = MessageBoxWindow::WaitFor(Quillo().Pid());
+    ASSERT_TRUE(warning);
+    EXPECT_EQ(warning->Title(), L"Warning");
+    EXPECT_EQ(warning->Text(), Wide(kStartupWarning));
+    EXPECT_FALSE(options.IsTopmost());
+    EXPECT_EQ(Profile().Number(L"Startup mode"), 0U);
+    ASSERT_TRUE(warning->Answer(IDOK));
+    EXPECT_TRUE(Eventually([&] { return options.IsTopmost(); }));
+    EXPECT_TRUE(Holds(L"Startup mode", 1));
+    EXPECT_TRUE(Profile().RunValue()) << "the Run value goes when the program ends with no note open";
+    Quit();
+    EXPECT_TRUE(Profile().RunValue()) << "a note was open";
+}
+
+}  // namespace
+}  // namespace quillo::e2e
