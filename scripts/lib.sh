@@ -216,8 +216,9 @@ ensure_desktop() {
     is_running "$(value_of "$state" picom)" picom ||
         start_detached "$state" picom picom --config "$quillo_root/scripts/picom.conf"
     is_running "$(value_of "$state" trayer)" trayer ||
-        start_detached "$state" trayer trayer --edge bottom --align right --widthtype request --height 26 \
-            --SetDockType true --transparent true --alpha 140 --tint 0x20303a
+        # As wide as the screen: a tray that grows with its icons never paints the first of them.
+        start_detached "$state" trayer trayer --edge bottom --align right --widthtype percent --width 100 \
+            --height $((26 * ${QUILLO_DEMO_DPI:-96} / 96)) --SetDockType true --transparent true --alpha 140 --tint 0x20303a
     local deadline=$((SECONDS + 20))
     # The window manager announces itself on the root window.
     until DISPLAY=$DISPLAY timeout 5 xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
