@@ -1,30 +1,157 @@
 #!/usr/bin/env bash
-# Renews docs/screenshots: the demo's notes on a desktop at 96 and at 144 dpi.
+# Renews docs/screenshots: the demo's notes, the program's menus and its dialogs, on a desktop at 96 and at 144 dpi.
+#   scripts/screenshots.sh            all of them
+#   scripts/screenshots.sh SCENE...   only these: notes, reminder, alert, icon, menus, colors, mainmenu, about, options,
+#                                     contrast
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
+
+scenes=(notes reminder icon menus colors mainmenu about options alert contrast)
+(($#)) && scenes=("$@")
+target=$quillo_root/docs/screenshots
+probe=$win_build/tests/window_probe.exe
 
 # The demo of this script has a data folder of its own and leaves the user's alone.
 work=$(mktemp -d "${TMPDIR:-/tmp}/quillo-shots.XXXXXX")
 # shellcheck disable=SC2317  # called by the trap
 clean_up() {
-    in_demo_folder 96 1280x800 /close >/dev/null 2>&1 || true
+    demo /close >/dev/null 2>&1 || true
     rm -rf "$work"
-}
-in_demo_folder() {
-    local dpi=$1 size=$2
-    shift 2
-    env -u DISPLAY XDG_DATA_HOME="$work" XDG_CACHE_HOME="${XDG_CACHE_HOME:-$HOME/.cache}" QUILLO_DEMO_DPI="$dpi" \
-        QUILLO_DESKTOP_SIZE="$size" "$quillo_root/run.sh" --demo "$@"
 }
 trap clean_up EXIT
 
-target=$quillo_root/docs/screenshots
+# Everything below is in pixels at 96 dpi on a desktop of 1280 by 800.
+dpi=96
+px() { printf '%d' $(($1 * dpi / 96)); }
+
+# demo ARGUMENT...: run.sh on a throwaway profile.
+demo() {
+    env -u DISPLAY XDG_DATA_HOME="$work" XDG_CACHE_HOME="${XDG_CACHE_HOME:-$HOME/.cache}" QUILLO_DEMO_DPI="$dpi" \
+        QUILLO_DESKTOP_SIZE="$(px 1280)x$(px 800)" "$quillo_root/run.sh" --demo "$@"
+}
+
+# ---- The user's hands
+
+point_at() { xdotool mousemove "$(px "$1")" "$(px "$2")"; }
+# click X Y [BUTTON]
+click() {
+    point_at "$1" "$2"
+    xdotool click "${3:-1}"
+}
+# Where the pointer shows no tool tip.
+rest() { point_at 640 760; }
+
+# ---- Pictures
+
+# part NAME X Y WIDTH HEIGHT: that part of the desktop, in device pixels, once it has come to rest.
+part() {
+    local file=$target/$1-${dpi}dpi.png
+    screenshot "$work/desktop.png"
+    convert "$work/desktop.png" -crop "$4x$5+$2+$3" +repage -strip "$work/part.png"
+    # A palette keeps the files small, and nobody sees the difference.
+    pngquant --force --quality 80-100 --speed 1 --output "$file" "$work/part.png" || cp "$work/part.png" "$file"
+    say "docs/screenshots/${file##*/}"
+}
+
+# box_of CLASS: left, top, width and height of the visible window of that class, once it is there.
+box_of() {
+    wine "$probe" box 20 "$1" 2>/dev/null </dev/null | tr -d '\r' | cut -f 2-
+}
+await() { [[ -n $(box_of "$1") ]] || die "no window of the class $1 came within 20 seconds"; }
+
+# around NAME CLASS [LEFT TOP RIGHT BOTTOM]: the window of that class with a margin, 24 pixels or what is given.
+around() {
+    local name=$1 class=$2 box left top right bottom margins=("${@:3}")
+    ((${#margins[@]})) || margins=(24 24 24 24)
+    box=$(box_of "$class")
+    [[ -n $box ]] || die "no window of the class $class came within 20 seconds"
+    read -r left top right bottom <<<"$box"
+    right=$((left + right + $(px "${margins[2]}")))
+    bottom=$((top + bottom + $(px "${margins[3]}")))
+    left=$((left - $(px "${margins[0]}")))
+    top=$((top - $(px "${margins[1]}")))
+    ((left > 0)) || left=0
+    ((top > 0)) || top=0
+    part "$name" $left $top $((right - left)) $((bottom - top))
+}
+
+# ---- Scenes. Each leaves the desktop as it found it.
+
+scene_notes() {
+    rest
+    part notes 0 0 "$(px 1280)" "$(px 800)"
+}
+
+# ask_reminder X Y: Ctrl+R in the note there.
+ask_reminder() {
+    click "$1" "$2"
+    xdotool key ctrl+r
+    await QuilloSetReminder
+    rest
+}
+
+scene_reminder() {
+    ask_reminder 150 240
+    around reminder QuilloSetReminder
+    xdotool type soon
+    xdotool key Return
+    around reminder-message QuilloSetReminder
+    xdotool key Escape
+    ask_reminder 670 145 # a note that has a reminder already
+    xdotool key Tab Tab Tab space
+    around reminder-set QuilloSetReminder
+    xdotool key Escape
+}
+
+scene_alert() {
+    ask_reminder 380 260
+    xdotool type 'in 1 second'
+    xdotool key Return
+    rest
+    await QuilloReminder
+    around alert QuilloReminder
+    xdotool key Escape
+}
+
+# The first icon beside the clock, from the right.
+point_at_icon() { point_at 1262 787; }
+
+scene_icon() {
+    click 380 260
+    xdotool key ctrl+m
+    rest
+    point_at_icon
+    around note-icon tooltips_class32 40 60 8 24
+}
+
+scene_menus() {
+    click 60 51 # the note's own button
+    await '#32768'
+    rest
+    around note-menu '#32768' 60 60 24 24
+    xdotool key Escape
+}
+
+scene_colors() {
+    click 60 51
+    await '#32768'
+    xdotool key Down Down Down Down Return
+    await QuilloNoteColor
+    rest
+    around note-colors QuilloNoteColor 260 40 24 40
+    xdotool key Escape
+}
+
+# ----
+
 mkdir -p "$target"
-for shot in '96 1280x800' '144 1920x1200'; do
-    read -r dpi size <<<"$shot"
-    in_demo_folder "$dpi" "$size" >"$work/log" || die "the demo did not start; see the line above"
-    cp "$work/quillo/demo.png" "$target/notes-${dpi}dpi.png"
-    in_demo_folder "$dpi" "$size" /close >/dev/null
-    say "docs/screenshots/notes-${dpi}dpi.png"
+for dpi in 96 144; do
+    demo >"$work/log" || die "the demo did not start; see the line above"
+    DISPLAY=$(value_of "$work/quillo/demo-desktop.state" display)
+    WINEPREFIX=$(value_of "$work/quillo/demo.state" profile)/wine
+    export DISPLAY WINEPREFIX
+    wine_environment
+    for scene in "${scenes[@]}"; do "scene_$scene"; done
+    demo /close >/dev/null
 done

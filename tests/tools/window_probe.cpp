@@ -2,6 +2,7 @@
 //   window_probe wait SECONDS   waits until it is up; prints the notes folder and the visible notes
 //   window_probe gone SECONDS   waits until it has ended
 //   window_probe alert SECONDS  waits until a reminder's alert is on the screen
+//   window_probe box SECONDS CLASS  waits until a window of that class is on the screen; prints its box in pixels
 //   window_probe stay           stays until it is ended: keeps the desktop's services warm
 // Exit codes: 0 done, 1 not within the time, 2 wrong arguments.
 #include "platform/win32.h"
@@ -96,14 +97,19 @@ BOOL CALLBACK CollectNote(HWND window, LPARAM parameter) {
     return TRUE;
 }
 
+/// A name, left, top, width and height in pixels, parted by tabs.
+std::wstring BoxLine(const std::wstring& name, HWND window) {
+    RECT box{};
+    GetWindowRect(window, &box);
+    return name + L"\t" + std::to_wstring(box.left) + L"\t" + std::to_wstring(box.top) + L"\t" +
+           std::to_wstring(box.right - box.left) + L"\t" + std::to_wstring(box.bottom - box.top);
+}
+
 void PrintNotes(DWORD process) {
     NoteSearch search{process, {}};
     EnumWindows(CollectNote, reinterpret_cast<LPARAM>(&search));
     for (const HWND note : search.found) {
-        RECT box{};
-        GetWindowRect(note, &box);
-        PrintLine(L"note\t" + std::to_wstring(box.left) + L"\t" + std::to_wstring(box.top) + L"\t" +
-                  std::to_wstring(box.right - box.left) + L"\t" + std::to_wstring(box.bottom - box.top));
+        PrintLine(BoxLine(L"note", note));
     }
 }
 
@@ -140,13 +146,23 @@ int WaitUntilGone(DWORD seconds) {
     return result == WAIT_OBJECT_0 ? 0 : 1;
 }
 
-int WaitForAlert(DWORD seconds) {
+/// The first visible window of a class, once there is one; null when there is none in time.
+HWND WaitForWindow(const wchar_t* className, DWORD seconds) {
     const Deadline deadline(seconds);
     for (;; Sleep(kPollMilliseconds)) {
-        const HWND alert = FindWindowW(L"QuilloReminder", nullptr);
-        if (alert != nullptr && IsWindowVisible(alert)) return 0;
-        if (deadline.Passed()) return 1;
+        HWND window = nullptr;
+        while ((window = FindWindowExW(nullptr, window, className, nullptr)) != nullptr) {
+            if (IsWindowVisible(window)) return window;
+        }
+        if (deadline.Passed()) return nullptr;
     }
+}
+
+int PrintBox(const std::wstring& className, DWORD seconds) {
+    const HWND window = WaitForWindow(className.c_str(), seconds);
+    if (window == nullptr) return 1;
+    PrintLine(BoxLine(L"box", window));
+    return 0;
 }
 
 int Stay() {
@@ -166,7 +182,11 @@ int main(int count, char** arguments) {
     const DWORD seconds = count > 2 ? static_cast<DWORD>(std::strtoul(arguments[2], nullptr, 10)) : 30;
     if (verb == "wait") return WaitUntilUp(seconds);
     if (verb == "gone") return WaitUntilGone(seconds);
-    if (verb == "alert") return WaitForAlert(seconds);
+    if (verb == "alert") return WaitForWindow(L"QuilloReminder", seconds) != nullptr ? 0 : 1;
+    if (verb == "box" && count > 3) {
+        const std::string className = arguments[3];
+        return PrintBox(std::wstring(className.begin(), className.end()), seconds);
+    }
     if (verb == "stay") return Stay();
     return 2;
 }
