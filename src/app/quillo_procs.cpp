@@ -5,6 +5,7 @@
 #include "notes/note_form.h"
 #include "platform/late_library.h"
 #include "util/ignore.h"
+#include "version.h"
 
 // After windows.h.
 #include <commctrl.h>
@@ -37,7 +38,8 @@ QuilloProcs::QuilloProcs()
                  registry_},
       legacy_(registry_, program_.openNotes, random_),
       opening_(program_, noteWorld_, files_, shell_, random_, legacy_),
-      mainForm_(MainFormTools{program_, registry_, shell_, notice_, locale_, ole_, dialogs_}) {
+      mainForm_(MainFormTools{program_, registry_, shell_, notice_, locale_, ole_, dialogs_}),
+      aboutForm_(shell_, loop_, ProgramVersion{QUILLO_VERSION_MAJOR, QUILLO_VERSION_MINOR, QUILLO_VERSION_PATCH}) {
     loop_.RunAfterEach([this] { program_.openNotes.ReleaseRemoved(); });
     notifyWindow_.onCommand = [this](std::u16string_view text) { OnCommand(text); };
     BindMainForm();
@@ -50,6 +52,9 @@ void QuilloProcs::BindMainForm() {
     const auto saveAll = [this] { legacy_.SaveAllNotesAndClear(); };
     mainForm_.onNewNote = [this] { opening_.CreateNewNote(); };
     mainForm_.onOptions = [this] { OpenOptions(); };
+    mainForm_.onAbout = [this] {
+        Ignore(aboutForm_.Open(mainForm_.Handle()), "a dialog that cannot open has nothing to lose");
+    };
     mainForm_.onQuit = [this] { Quit(); };
     mainForm_.onBackup = saveAll;
     mainForm_.onSessionEnding = saveAll;

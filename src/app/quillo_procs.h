@@ -11,6 +11,7 @@
 #include "app/program.h"
 #include "app/startup.h"
 #include "controls/note_button_images.h"
+#include "mainmenu/about_form.h"
 #include "mainmenu/main_form.h"
 #include "mainmenu/notify_window.h"
 #include "mainmenu/options_form.h"
@@ -97,6 +98,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     NoteOpening opening_;
     MainForm mainForm_;
     std::unique_ptr<OptionsForm> options_;  ///< from its first opening on
+    AboutForm aboutForm_;
     NotifyWindow notifyWindow_;
     std::vector<std::u16string> waitingCommands_;
 };

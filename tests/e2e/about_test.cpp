@@ -1,0 +1,94 @@
+#include "harness/e2e_test.h"
+#include "harness/main_menu.h"
+#include "harness/screen.h"
+#include "harness/shell_recorder.h"
+#include "harness/window_text.h"
+#include "mainmenu/about_controls.h"
+#include "version.h"
+
+namespace quillo::e2e {
+namespace {
+
+constexpr char kSite[] = "http://www.marrowind.example";
+
+/// The about box, opened from the menu.
+class AboutTest : public OrdinaryTest {
+  protected:
+    using Control = AboutControl;
+
+    [[nodiscard]] HWND Box() {
+        for (HWND window : WindowsOf(Quillo().Pid())) {
+            if (ClassOf(window) == L"QuilloAbout" && IsWindowVisible(window) != FALSE) return window;
+        }
+        return nullptr;
+    }
+    [[nodiscard]] HWND Of(AboutControl control) {
+        constexpr int kFirstId = 100;
+        return GetDlgItem(Box(), control == Control::CloseButton ? IDOK : kFirstId + static_cast<int>(control));
+    }
+    /// Until the close button has the keyboard.
+    void Open() {
+        const MainMenu menu(Quillo().Pid());
+        ASSERT_TRUE(menu.Open());
+        ASSERT_TRUE(menu.Choose(MenuItem::About));
+        ASSERT_TRUE(Eventually([this] { return Box() != nullptr && KeyboardWindow() == Of(Control::CloseButton); }));
+    }
+    /// Tab until the keyboard is there.
+    [[nodiscard]] bool TabTo(AboutControl control) {
+        return Until([&] { return KeyboardWindow() == Of(control); }, [] { PressKey(VK_TAB); });
+    }
+    [[nodiscard]] bool Goes() {
+        return Eventually([this] { return Box() == nullptr; });
+    }
+};
+
+TEST_F(AboutTest, TellsTheVersionAndClosesByKeyboard) {
+    Start();
+    Open();
+    EXPECT_EQ(WindowText(Box()), L"About Quillo");
+    EXPECT_EQ(WindowText(Of(Control::VersionLabel)), L"Version " + std::to_wstring(QUILLO_VERSION_MAJOR) + L"." +
+                                                         std::to_wstring(QUILLO_VERSION_MINOR) + L"." +
+                                                         std::to_wstring(QUILLO_VERSION_PATCH));
+    PressKey(VK_ESCAPE);
+    EXPECT_TRUE(Goes());
+    Open();
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(Goes());
+}
+
+TEST_F(AboutTest, HandsTheMakersAddressesToTheShell) {
+    const ShellRecorder browser(L"http", Outside().Path());
+    if (!browser.IsInCharge()) GTEST_SKIP() << "this user's choice of a browser cannot be replaced for a test";
+    Start();
+    Open();
+    ASSERT_TRUE(TabTo(Control::UpdateButton));
+    PressKey(VK_SPACE);
+    const std::string version = QUILLO_VERSION_TEXT;
+    EXPECT_TRUE(Eventually([&] { return browser.Opened() == kSite + ("/quillo/?Version=" + version); }))
+        << browser.Opened();
+    EXPECT_NE(Box(), nullptr);
+    browser.Forget();
+
+    RECT link{};
+    GetWindowRect(Of(Control::WebLink), &link);
+    const POINT onIt{(link.left + link.right) / 2, (link.top + link.bottom) / 2};
+    EXPECT_TRUE(Until([&] { return browser.Opened() == kSite; }, [&] { ClickMouse(onIt); })) << browser.Opened();
+}
+
+TEST_F(AboutTest, HelpOpensTheHelpAndClosesTheBox) {
+    const ShellRecorder reader(L".chm", Outside().Path());
+    if (!reader.IsInCharge()) GTEST_SKIP() << "this user's choice of a reader cannot be replaced for a test";
+    Start();
+    Open();
+    ASSERT_TRUE(TabTo(Control::HelpButton));
+    PressKey(VK_SPACE);
+    EXPECT_TRUE(Goes());
+    const std::string file = "Quillo.chm";
+    EXPECT_TRUE(Eventually([&] {
+        const std::string opened = reader.Opened();
+        return opened.size() > file.size() && opened.substr(opened.size() - file.size()) == file;
+    })) << reader.Opened();
+}
+
+}  // namespace
+}  // namespace quillo::e2e
