@@ -37,6 +37,7 @@ void NoteButton::SetPicture(ButtonPicture picture) {
     if (picture == picture_) return;
     picture_ = picture;
     Invalidate();
+    if (Handle() != nullptr) NotifyWinEvent(EVENT_OBJECT_STATECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
 }
 
 void NoteButton::SetEnabled(bool enabled) {
@@ -78,6 +79,10 @@ LRESULT NoteButton::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return OnCaptureChanged(reinterpret_cast<HWND>(lParam)), 0;
         case WM_SIZE:
             return state_.Resize(Size{LOWORD(lParam), HIWORD(lParam)}), 0;
+        case BM_CLICK:
+            return OnClickMessage(), 0;
+        case WM_GETOBJECT:
+            return accessible_.Answer(Handle(), wParam, lParam);
         case WM_ERASEBKGND:
             return 1;  // the whole face is painted
         case WM_PAINT:
@@ -111,6 +116,29 @@ void NoteButton::OnMouseUp(Point at, MouseButton button, WPARAM keys) {
 
 void NoteButton::OnCaptureChanged(HWND receiver) {
     if (receiver != Handle() && state_.HasCapture()) Answer(state_.CaptureLost());
+}
+
+void NoteButton::OnClickMessage() {
+    if (!enabled_) return;
+    ButtonResponse click;
+    click.event = MenuMode() ? ButtonResponse::Event::MouseDown : ButtonResponse::Event::Click;
+    Answer(click);
+}
+
+AccessiblePart NoteButton::Describe(int /*part*/) const {
+    AccessiblePart button;
+    const bool pin = picture_ == ButtonPicture::Pushpin || picture_ == ButtonPicture::PushpinPressed;
+    button.role = pin ? ROLE_SYSTEM_CHECKBUTTON : ROLE_SYSTEM_PUSHBUTTON;
+    if (MenuMode()) button.role = ROLE_SYSTEM_BUTTONMENU;
+    if (MenuMode()) button.state = STATE_SYSTEM_HASPOPUP;
+    if (picture_ == ButtonPicture::PushpinPressed) button.state = STATE_SYSTEM_CHECKED;
+    button.action = MenuMode() ? u"Open" : u"Press";
+    return button;
+}
+
+void NoteButton::Activate(int /*part*/) {
+    // Later: the reader must not wait for a menu or a question to end.
+    PostMessageW(Handle(), BM_CLICK, 0, 0);
 }
 
 void NoteButton::Answer(const ButtonResponse& response) {

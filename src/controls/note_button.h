@@ -4,12 +4,13 @@
 
 #include "controls/button_state.h"
 #include "controls/note_button_images.h"
+#include "platform/accessible.h"
 #include "platform/window.h"
 
 namespace quillo {
 
 /// A small flat picture button of a note.
-class NoteButton : public Window {
+class NoteButton : public Window, private AccessibleSource {
   public:
     explicit NoteButton(NoteButtonImages& images) : images_(images) {}
 
@@ -49,6 +50,10 @@ class NoteButton : public Window {
     void OnPaint();
     void PaintFace(HDC dc, const Rect& place, ButtonFace face);
     void Answer(const ButtonResponse& response);
+    /// A click that no mouse has made (BM_CLICK, as for the system's buttons).
+    void OnClickMessage();
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
+    void Activate(int part) override;
 
     NoteButtonImages& images_;
     ButtonState state_;
@@ -57,6 +62,7 @@ class NoteButton : public Window {
     Scale scale_;
     bool enabled_ = true;
     bool heldDown_ = false;
+    AccessibleLink accessible_{*this};
 };
 
 }  // namespace quillo

@@ -137,11 +137,6 @@ void NoteColorSelector::Pick(std::size_t index) const {
     if (const auto handler = onColorPicked) handler(kSwatches[index]);
 }
 
-void NoteColorSelector::Invalidate() const {
-    // Without a window the call would mean every window on the desktop.
-    if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
-}
-
 AccessiblePart NoteColorSelector::Describe(int part) const {
     AccessiblePart described;
     if (part == CHILDID_SELF) {

@@ -41,7 +41,6 @@ class NoteColorSelector : public Window, private AccessibleSource {
     void OnPaint();
     void MoveMark(std::size_t index);
     void Pick(std::size_t index) const;
-    void Invalidate() const;
 
     // AccessibleSource; the parts are the swatches.
     [[nodiscard]] AccessiblePart Describe(int part) const override;

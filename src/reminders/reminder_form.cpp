@@ -90,6 +90,7 @@ bool ReminderForm::Initialize(std::u16string_view text, const AlertColors& color
     SetTopmost(Handle(), true);
     SetForegroundWindow(Handle());
     SetFocus(Handle());
+    NotifyWinEvent(EVENT_SYSTEM_ALERT, Handle(), OBJID_CLIENT, CHILDID_SELF);  // screen readers speak it
     PlaySound();
     soundTimer_.Start(kAlertSoundMilliseconds);
     tools_.loop.RunPending();
@@ -118,6 +119,8 @@ LRESULT ReminderForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
             return OnKeyDown(static_cast<int>(wParam)), 0;
         case WM_DPICHANGED:
             return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
+        case WM_GETOBJECT:
+            return accessible_.Answer(Handle(), wParam, lParam);
         case WM_ERASEBKGND:
             return 1;  // painted whole, off the screen
         case WM_PAINT:
@@ -167,6 +170,17 @@ void ReminderForm::OnDpiChanged(int dpi, const RECT& suggested) {
     const Rect place = FromWin32(suggested);
     SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
     InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+AccessiblePart ReminderForm::Describe(int /*part*/) const {
+    AccessiblePart alert;
+    alert.role = ROLE_SYSTEM_ALERT;
+    alert.action = u"Return to the note";
+    return alert;
+}
+
+void ReminderForm::Activate(int /*part*/) {
+    PostMessageW(Handle(), WM_CLOSE, 0, 0);  // later: the reader is still talking to this alert
 }
 
 void ReminderForm::Dismiss() {

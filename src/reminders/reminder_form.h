@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/accessible.h"
 #include "platform/ui_timer.h"
 #include "platform/unique_handle.h"
 #include "platform/window.h"
@@ -24,7 +25,7 @@ struct AlertColors {
 
 /// The alert of a reminder that has fallen due: shows the note's text above all windows and repeats the reminder's
 /// sound until the user dismisses it, which brings the note back.
-class ReminderForm : public Window {
+class ReminderForm : public Window, private AccessibleSource {
   public:
     /// `owner` is the note, or null; both are borrowed.
     ReminderForm(ReminderOwner* owner, ReminderTools& tools);
@@ -47,6 +48,10 @@ class ReminderForm : public Window {
     void OnKeyDown(int virtualKey);
     void OnDpiChanged(int dpi, const RECT& suggested);
     void OnPaint();
+
+    // AccessibleSource; the name is the note's text.
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
+    void Activate(int part) override;
 
     void Dismiss();
     void PlaySound();
@@ -71,6 +76,7 @@ class ReminderForm : public Window {
     std::optional<std::size_t> place_;  ///< in the cascade of alerts
     UiTimer soundTimer_;
     bool pressed_ = false;  ///< the button went down where a click dismisses
+    AccessibleLink accessible_{*this};
 };
 
 }  // namespace quillo

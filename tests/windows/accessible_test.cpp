@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "control_fixture.h"
+#include "controls/note_button.h"
 #include "controls/note_color_selector.h"
 #include "controls/tessel_divider.h"
 #include "controls/tessel_mini_slider.h"
@@ -16,6 +17,8 @@
 #include "platform/late_library.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
+#include "reminder_fixture.h"
+#include "reminders/reminder_form.h"
 #include "util/numbers.h"
 
 namespace quillo {
@@ -106,6 +109,60 @@ TEST_F(AccessibleTest, ADividerIsASeparatorOrItsCaption) {
     EXPECT_EQ(reader.Role(), ROLE_SYSTEM_STATICTEXT);
     EXPECT_EQ(reader.Name(), u"Sounds");
     EXPECT_EQ(reader.State(), 0);
+}
+
+TEST_F(AccessibleTest, ThePushpinSaysWhetherItIsIn) {
+    NoteButtonImages images;
+    NoteButton pushpin(images);
+    int clicks = 0;
+    pushpin.onClick = [&] { ++clicks; };
+    pushpin.SetPicture(ButtonPicture::Pushpin);
+    ASSERT_TRUE(pushpin.Create(parent_.Of(), 3, L"Always on top", Rect{10, 10, 20, 20}));
+    const Reader reader(pushpin.Handle());
+    EXPECT_EQ(reader.Name(), u"Always on top");
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_CHECKBUTTON);
+    EXPECT_EQ(reader.State() & STATE_SYSTEM_CHECKED, 0);
+    pushpin.SetPicture(ButtonPicture::PushpinPressed);
+    EXPECT_NE(reader.State() & STATE_SYSTEM_CHECKED, 0);
+    EXPECT_EQ(reader.Action(), u"Press");
+    EXPECT_EQ(reader->accDoDefaultAction(Reader::Part(0)), S_OK);
+    EXPECT_EQ(clicks, 0) << "not while the reader waits";
+    windows_tests::PumpWaiting();
+    EXPECT_EQ(clicks, 1);
+    pushpin.SetEnabled(false);
+    SendMessageW(pushpin.Handle(), BM_CLICK, 0, 0);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(AccessibleTest, TheMenuButtonOpensWhatAPressWould) {
+    NoteButtonImages images;
+    NoteButton menu(images);
+    int opened = 0;
+    menu.SetPicture(ButtonPicture::Menu);
+    menu.SetMenuMode(true);
+    menu.onMouseDown = [&] { ++opened; };
+    ASSERT_TRUE(menu.Create(parent_.Of(), 4, L"Note menu", Rect{10, 10, 20, 20}));
+    const Reader reader(menu.Handle());
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_BUTTONMENU);
+    EXPECT_NE(reader.State() & STATE_SYSTEM_HASPOPUP, 0);
+    EXPECT_EQ(reader.Action(), u"Open");
+    EXPECT_EQ(reader->accDoDefaultAction(Reader::Part(0)), S_OK);
+    windows_tests::PumpWaiting();
+    EXPECT_EQ(opened, 1);
+}
+
+TEST(AccessibleAlertTest, AnAlertIsReadWithItsTextAndCanBeDismissed) {
+    windows_tests::ReminderWorld world;
+    ReminderForm form(&world.owner, world.tools);
+    ASSERT_TRUE(form.Initialize(u"water the ferns", AlertColors{ColorWord{0xFFFFFF}, ColorWord{0}, ColorWord{0}}));
+    const Reader reader(form.Handle());
+    EXPECT_EQ(reader.Name(), u"water the ferns");
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_ALERT);
+    EXPECT_EQ(reader->accDoDefaultAction(Reader::Part(0)), S_OK);
+    EXPECT_NE(form.Handle(), nullptr) << "not while the reader waits";
+    windows_tests::PumpWaiting();
+    EXPECT_EQ(form.Handle(), nullptr);
+    EXPECT_EQ(world.owner.calls, (std::vector<std::string>{"popup", "activate", "alert closing"}));
 }
 
 class AccessibleTabTest : public AccessibleTest {
