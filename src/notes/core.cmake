@@ -10,6 +10,7 @@ target_sources(quillo_core PRIVATE
   notes/note_store.cpp
   notes/note_tags.cpp
   notes/open_note.cpp
+  notes/open_note_sharing.cpp
   notes/print_lines.cpp
   notes/screen_fit.cpp
 )

@@ -1,13 +1,10 @@
 #include "notes/open_note.h"
 
 #include <cstddef>
-#include <memory>
 
 #include "app/os_facts.h"
 #include "app/shared_texts.h"
 #include "notes/hide_hint.h"
-#include "notes/note_mail.h"
-#include "notes/note_print.h"
 #include "notes/note_tags.h"
 #include "ports/clock.h"
 #include "ports/locale_text.h"
@@ -29,16 +26,6 @@ constexpr std::u16string_view kHiddenText =
 constexpr std::u16string_view kDeleteQuestion =
     u"This action will permanently delete this note, and you will not be able to get it back.  Only click OK if you "
     u"are sure that you do not want this note anymore; otherwise, click Cancel.";
-
-constexpr std::u16string_view kPrintProblem = u"There was a problem printing this sticky note on the default printer.";
-constexpr std::u16string_view kMailIsMissing =
-    u"Quillo is missing one of the files that it needs in order to send mail.  Please reinstall Quillo.  In the "
-    u"meantime, you will not be able to send mail from Quillo.";
-constexpr std::u16string_view kNoMailProgram =
-    u"Quillo could not send this note because no mail program answered.  Please make sure that you have a default mail "
-    u"program.  The note itself was not changed.";
-constexpr std::u16string_view kMailNotSaved =
-    u"Quillo was unable to save this note to a file, so it was not sent.  The note itself was not changed.";
 
 /// A caption of more characters is cut to this many and an ellipsis.
 constexpr std::size_t kLongestCaption = 60;
@@ -333,31 +320,6 @@ void OpenNote::DestroyNote() {
     world_.owner.RemoveNote(note_.NoteKey);
     if (!note_.StoragePath.empty()) world_.store.DeleteStorageCopy(note_.StoragePath);
     view_->Close();
-}
-
-// Leaving on paper or by mail.
-
-void OpenNote::PrintNote() {
-    const std::u16string text = view_->Text();
-    const PrintedNote printed =
-        MakePrintedNote(text, note_, world_.settings.noteFont, world_.clock.Now(), world_.locale);
-    const std::unique_ptr<PrintJob> job = world_.printer.Open(PrintDocumentName(text));
-    if (PrintPages(*job, printed) == PrintOutcome::Failed) world_.notice.Warn(kPrintProblem);
-}
-
-void OpenNote::MailNote() {
-    const NoteFileContent content = Content();
-    if (content.text.empty()) return;
-    const std::unique_ptr<MailSession> session = world_.mail.NewSession();
-    if (!session) return world_.notice.Warn(kMailIsMissing);
-    switch (SendMail(*session, world_.store, content, world_.locale)) {
-        case MailResult::NotSaved:
-            return world_.notice.Warn(kMailNotSaved);
-        case MailResult::NoAnswer:
-            return world_.notice.Warn(kNoMailProgram);
-        case MailResult::Done:
-            return;
-    }
 }
 
 // Reminders.

@@ -56,8 +56,12 @@ class WinPrintJob : public PrintJob {
     void Fill(const Rect& area, ColorWord color) override;
 
   private:
-    /// Remembers the first failure. To be called right after the system's call.
-    void Check(bool done);
+    /// Remembers the first failure.
+    void Check(bool done, PrintOutcome otherwise = PrintOutcome::Failed);
+    /// Makes a call at which the printer may show windows of its own; the user can cancel there. Such a call answers
+    /// with a number above 0.
+    template <typename Call>
+    bool Ask(Call call);
     void ReadSheet();
 
     BusyFlag::Scope busy_;
@@ -73,15 +77,13 @@ WinPrintJob::WinPrintJob(std::u16string_view documentName, BusyFlag& dialogs) : 
     const std::u16string printer = DefaultPrinter();
     if (!printer.empty()) dc_.Reset(CreateDCW(L"WINSPOOL", Wide(printer), nullptr, nullptr));
     Check(static_cast<bool>(dc_));
-    if (!dc_) return;
-    ReadSheet();
+    if (dc_) ReadSheet();
+    if (outcome_ != PrintOutcome::Printed) return;
     const std::u16string name(documentName);
     DOCINFOW document{};
     document.cbSize = sizeof document;
     document.lpszDocName = Wide(name);
-    SetLastError(ERROR_SUCCESS);
-    open_ = StartDocW(dc_.Get(), &document) > 0;
-    Check(open_);
+    open_ = Ask([&] { return StartDocW(dc_.Get(), &document); });
     // The surface begins where ink reaches; the job counts from the corner of the paper.
     SetViewportOrgEx(dc_.Get(), -sheet_.printable.left, -sheet_.printable.top, nullptr);
     SetBkMode(dc_.Get(), TRANSPARENT);
@@ -102,27 +104,30 @@ void WinPrintJob::ReadSheet() {
           sheet_.dotsPerInchDown > 0);
 }
 
-void WinPrintJob::Check(bool done) {
-    if (done || outcome_ != PrintOutcome::Printed) return;
+void WinPrintJob::Check(bool done, PrintOutcome otherwise) {
+    if (!done && outcome_ == PrintOutcome::Printed) outcome_ = otherwise;
+}
+
+template <typename Call>
+bool WinPrintJob::Ask(Call call) {
+    SetLastError(ERROR_SUCCESS);
+    const bool done = call() > 0;
     const DWORD error = GetLastError();
     const bool cancelled = error == ERROR_CANCELLED || error == ERROR_PRINT_CANCELLED;
-    outcome_ = cancelled ? PrintOutcome::Cancelled : PrintOutcome::Failed;
+    Check(done, cancelled ? PrintOutcome::Cancelled : PrintOutcome::Failed);
+    return done;
 }
 
 bool WinPrintJob::StartPage() {
-    if (outcome_ == PrintOutcome::Printed) Check(::StartPage(dc_.Get()) > 0);
-    return outcome_ == PrintOutcome::Printed;
+    return outcome_ == PrintOutcome::Printed && Ask([this] { return ::StartPage(dc_.Get()); });
 }
 
 void WinPrintJob::EndPage() {
-    Check(::EndPage(dc_.Get()) > 0);
+    Ask([this] { return ::EndPage(dc_.Get()); });
 }
 
 PrintOutcome WinPrintJob::Finish() {
-    if (open_ && outcome_ == PrintOutcome::Printed) {
-        open_ = false;
-        Check(EndDoc(dc_.Get()) > 0);
-    }
+    if (open_ && outcome_ == PrintOutcome::Printed) open_ = !Ask([this] { return EndDoc(dc_.Get()); });
     return outcome_;
 }
 

@@ -24,7 +24,10 @@ class FakeUserNotice : public UserNotice {
 
     void Fail(std::u16string_view text) override { fails.emplace_back(text); }
     void Inform(std::u16string_view text) override { informs.emplace_back(text); }
-    void Warn(std::u16string_view text) override { warnings.emplace_back(text); }
+    void Warn(std::u16string_view text) override {
+        warnings.emplace_back(text);
+        if (onWarn) onWarn();
+    }
     void WarnOfChoice(std::u16string_view text) override {
         choiceWarnings.emplace_back(text);
         if (onWarnOfChoice) onWarnOfChoice();
@@ -60,6 +63,7 @@ class FakeUserNotice : public UserNotice {
     bool answer = true;
     // What happens while the box is open.
     std::function<void()> onAsk;
+    std::function<void()> onWarn;
     std::function<void()> onWarnOfChoice;
 };
 

@@ -44,6 +44,19 @@ TEST_F(OpenNoteSharingTest, AnyFailureOfThePrinterIsToldOnce) {
     ExpectUnchanged();
 }
 
+TEST_F(OpenNoteSharingTest, WhatHasFailedIsWithdrawnBeforeTheUserIsTold) {
+    bool withdrawn = false;
+    notice_.onWarn = [&] { withdrawn = printer_.documents.back().withdrawn; };
+    printer_.failingPage = 1;
+    note_.PrintNote();
+    EXPECT_TRUE(withdrawn);
+    bool closed = false;
+    notice_.onWarn = [&] { closed = mail_.calls.back() == "close"; };
+    mail_.signsOn = MailSignOn::Failed;
+    note_.MailNote();
+    EXPECT_TRUE(closed);
+}
+
 TEST_F(OpenNoteSharingTest, PrintingThatTheUserCancelsIsNoError) {
     printer_.opens = PrintOutcome::Cancelled;
     note_.PrintNote();
