@@ -11,6 +11,7 @@
 #include "platform/monitors.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
+#include "resources/resource_ids.h"
 #include "util/placement.h"
 
 namespace quillo {
@@ -32,6 +33,7 @@ bool DialogWindow::CreateHidden(const DialogPlan& dialog) {
     WNDCLASSEXW windowClass{};
     windowClass.lpszClassName = dialog.className;
     windowClass.hCursor = ArrowCursor();
+    windowClass.hIcon = LoadIconW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO));  // for the task bar and its switcher
     windowClass.cbWndExtra = DLGWINDOWEXTRA;  // the system's dialog procedure keeps focus and default button there
     const std::u16string caption(dialog.caption);
     WindowPlan plan;
