@@ -6,27 +6,6 @@ namespace quillo {
 
 TabDropTarget::TabDropTarget(HWND window, std::function<void(Point)> over) : window_(window), over_(std::move(over)) {}
 
-HRESULT STDMETHODCALLTYPE TabDropTarget::QueryInterface(REFIID id, void** object) {
-    if (object == nullptr) return E_POINTER;
-    if (!IsEqualIID(id, IID_IUnknown) && !IsEqualIID(id, IID_IDropTarget)) {
-        *object = nullptr;
-        return E_NOINTERFACE;
-    }
-    *object = static_cast<IDropTarget*>(this);
-    AddRef();
-    return S_OK;
-}
-
-ULONG STDMETHODCALLTYPE TabDropTarget::AddRef() {
-    return ++references_;
-}
-
-ULONG STDMETHODCALLTYPE TabDropTarget::Release() {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-}
-
 HRESULT STDMETHODCALLTYPE TabDropTarget::DragEnter(IDataObject* /*data*/, DWORD keys, POINTL at, DWORD* effect) {
     return DragOver(keys, at, effect);
 }
