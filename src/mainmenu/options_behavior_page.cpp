@@ -79,7 +79,10 @@ void OptionsBehaviorPage::OnStartupChecked() {
     if (Controller().NeedsWarning(C::SpecialStartupCheck, checked)) {
         SetTopmost(Dialog(), false);  // it would cover the box
         notice_.WarnOfChoice(kStartupWarning);
-        if (Handle() != nullptr) SetTopmost(Dialog(), true);
+        if (Handle() != nullptr) {
+            SetTopmost(Dialog(), true);
+            SetForegroundWindow(Dialog());  // the box belonged to no window: any other could have got the keyboard
+        }
     }
     // Written also when the dialog went while the box was open: the user has read the warning.
     Controller().SetChecked(C::SpecialStartupCheck, checked);

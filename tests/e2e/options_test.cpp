@@ -1,9 +1,9 @@
 #include <set>
 
+#include "harness/choice_dialog.h"
 #include "harness/e2e_test.h"
 #include "harness/main_menu.h"
 #include "harness/options_window.h"
-#include "harness/system_dialogs.h"
 #include "harness/window_text.h"
 
 namespace quillo::e2e {
@@ -11,6 +11,7 @@ namespace {
 
 using C = OptionControl;
 
+constexpr int kFontSizeList = 0x472;  // of the system's font dialog
 constexpr std::uint32_t kTrue = 0xFFFFFFFF;
 
 std::wstring Wide(std::u16string_view text) {
@@ -55,16 +56,21 @@ class OptionsTest : public OrdinaryTest {
         const std::wstring name = Wide(row.settings.front());
         for (int i = 0; i < 2; ++i) {
             const bool wanted = !options.IsChecked(row.control);
-            press();
+            EXPECT_TRUE(Until([&] { return options.IsChecked(row.control) == wanted; }, press));
             if (row.control == C::SpecialStartupCheck && wanted) {
                 const auto warning = MessageBoxWindow::WaitFor(Quillo().Pid());
                 ASSERT_TRUE(warning);
                 ASSERT_TRUE(warning->Answer(IDOK));
             }
-            EXPECT_TRUE(Eventually([&] { return options.IsChecked(row.control) == wanted; }))
-                << "control " << static_cast<int>(row.control);
             EXPECT_TRUE(Holds(name.c_str(), StoredFor(row, wanted))) << "control " << static_cast<int>(row.control);
         }
+    }
+    /// Clicks a button until the dialog that it opens has the keyboard.
+    static ChoiceDialog ClickFor(const OptionsWindow& options, OptionControl button) {
+        std::optional<ChoiceDialog> dialog;
+        EXPECT_TRUE(Until([&] { return (dialog = ChoiceDialog::Find(options.Handle())).has_value(); },
+                          [&] { options.Click(button); }));
+        return dialog.value_or(ChoiceDialog(nullptr));
     }
 };
 
@@ -110,12 +116,7 @@ TEST_F(OptionsTest, EveryCheckBoxByMouse) {
 TEST_F(OptionsTest, EveryCheckBoxByKeyboard) {
     const OptionsWindow options = Open();
     for (const OptionsPage page : {OptionsPage::Appearance, OptionsPage::Behavior}) {
-        while (!options.Shows(page)) {
-            ASSERT_TRUE(options.TabTo(options.TabStrip()));
-            PressKey(VK_RIGHT);
-            ASSERT_TRUE(Eventually([&] { return !options.Shows(OptionsPage::Appearance); }));
-            if (options.Shows(OptionsPage::Help)) break;
-        }
+        ASSERT_TRUE(options.KeyToTab(page));
         for (const OptionRow& row : OptionsTable()) {
             if (row.page != page || row.kind != OptionKind::Check) continue;
             ASSERT_TRUE(options.TabTo(row.control)) << "control " << static_cast<int>(row.control);
@@ -128,36 +129,40 @@ TEST_F(OptionsTest, EveryCheckBoxByKeyboard) {
 TEST_F(OptionsTest, AppearanceReachesTheOpenNoteAtOnce) {
     const OptionsWindow options = Open();
     const NoteWindow note = FindNote(Quillo(), L"Call Bob");
-    // The third swatch of 24 by 24 pixels; see the palette.
+    // The third swatch of 24 by 24 pixels on a strip of 28; see the palette.
     const RECT strip = options.AreaOf(C::ColorSelector);
     const LONG swatch = (strip.bottom - strip.top) * 24 / 28;
-    ClickMouse(POINT{strip.left + 2 * swatch + swatch / 2, strip.top + swatch / 2});
-    EXPECT_TRUE(Holds(L"Note color", RGB(0xE9, 0xFD, 0xEC)));
+    const POINT third{strip.left + 2 * swatch + swatch / 2, strip.top + swatch / 2};
+    EXPECT_TRUE(
+        Until([&] { return Profile().Number(L"Note color") == RGB(0xE9, 0xFD, 0xEC); }, [&] { ClickMouse(third); }));
     EXPECT_TRUE(Holds(L"Note border color", RGB(0x72, 0xAE, 0x7F)));
     EXPECT_TRUE(Holds(L"Note text color", RGB(0, 0, 0)));
     EXPECT_TRUE(Eventually([&] { return note.TextBackground() == RGB(0xE9, 0xFD, 0xEC); }));
 
-    options.Click(C::TranslucentCheck);
-    EXPECT_TRUE(Eventually([&] { return note.Alpha() == 192; }));
-    options.Click(C::TranslucentCheck);
-    EXPECT_TRUE(Eventually([&] { return !note.Alpha(); }));
+    const auto click = [&] { options.Click(C::TranslucentCheck); };
+    EXPECT_TRUE(Until([&] { return note.Alpha() == 192; }, click));
+    EXPECT_TRUE(Until([&] { return !note.Alpha(); }, click));
 
     const RECT slider = options.AreaOf(C::OpacitySlider);
     const LONG y = (slider.top + slider.bottom) / 2;
-    ClickMouse(POINT{slider.right - 1, y});
-    EXPECT_TRUE(Eventually([&] { return note.Alpha() == 32; })) << "faint at the right end, and translucent at once";
+    EXPECT_TRUE(Until([&] { return note.Alpha() == 32; },
+                      [&] {
+                          ClickMouse(POINT{slider.right - 1, y});
+                      }))
+        << "faint at the right end, and translucent at once";
     EXPECT_TRUE(Holds(L"Note opacity", 32));
     EXPECT_TRUE(Holds(L"Note transparency", kTrue));
     EXPECT_TRUE(Eventually([&] { return options.IsChecked(C::TranslucentCheck); }));
-    DragMouse(POINT{slider.right - 1, y}, POINT{slider.left, y});
-    EXPECT_TRUE(Holds(L"Note opacity", 255));
+    EXPECT_TRUE(Until([&] { return Profile().Number(L"Note opacity") == 255U; },
+                      [&] {
+                          DragMouse(POINT{slider.right - 1, y}, POINT{slider.left, y});
+                      }));
     ASSERT_TRUE(options.TabTo(C::OpacitySlider));
     PressKey(VK_RIGHT);
     EXPECT_TRUE(Eventually([&] { return note.Alpha().value_or(255) < 255; })) << "by keyboard too";
 
     ASSERT_TRUE(options.ClickTab(OptionsPage::Behavior));
-    options.Click(C::ShowScrollBarsCheck);
-    EXPECT_TRUE(Eventually([&] { return note.HasScrollBar(); }));
+    EXPECT_TRUE(Until([&] { return note.HasScrollBar(); }, [&] { options.Click(C::ShowScrollBarsCheck); }));
     Quit();
 }
 
@@ -195,35 +200,36 @@ TEST_F(OptionsTest, FilesAndFoldersAreBrowsedFor) {
 
     ASSERT_TRUE(options.ClickTab(OptionsPage::Shortcuts));
     const std::wstring before = options.Text(C::ShortcutBox2);
-    options.Click(C::BrowseButton2);
-    auto dialog = SystemDialog::WaitFor(Quillo().Pid());
-    ASSERT_TRUE(dialog);
-    EXPECT_EQ(dialog->Title(), L"Browse for program");
-    ASSERT_TRUE(dialog->Cancel());
+    const ChoiceDialog cancelled = ClickFor(options, C::BrowseButton2);
+    EXPECT_EQ(cancelled.Title(), L"Browse for program");
+    ASSERT_TRUE(cancelled.Cancel());
     EXPECT_EQ(options.Text(C::ShortcutBox2), before);
     ASSERT_TRUE(options.TabTo(C::BrowseButton2));
     PressKey(VK_SPACE);
-    dialog = SystemDialog::WaitFor(Quillo().Pid());
-    ASSERT_TRUE(dialog);
-    ASSERT_TRUE(dialog->ChooseFile(program));
+    const auto programs = ChoiceDialog::WaitFor(options.Handle());
+    ASSERT_TRUE(programs);
+    ASSERT_TRUE(programs->Type(program));
+    ASSERT_TRUE(programs->Accept());
     EXPECT_TRUE(Eventually([&] { return options.Text(C::ShortcutBox2) == program; }));
 
     ASSERT_TRUE(options.ClickTab(OptionsPage::Behavior));
-    options.Click(C::BrowseSoundButton);
-    dialog = SystemDialog::WaitFor(Quillo().Pid());
-    ASSERT_TRUE(dialog);
-    EXPECT_EQ(dialog->Title(), L"Browse for sound");
-    ASSERT_TRUE(dialog->ChooseFile(sound));
+    const ChoiceDialog sounds = ClickFor(options, C::BrowseSoundButton);
+    EXPECT_EQ(sounds.Title(), L"Browse for sound");
+    ASSERT_TRUE(sounds.Type(sound));
+    ASSERT_TRUE(sounds.Accept());
     EXPECT_TRUE(Eventually([&] { return options.Text(C::ReminderSoundBox) == sound; }));
 
-    ASSERT_TRUE(options.Type(C::NoteFolderBox, L"  "));
-    options.Click(C::BrowseNoteFolderButton);
-    dialog = SystemDialog::WaitFor(Quillo().Pid());
-    ASSERT_TRUE(dialog);
-    EXPECT_TRUE(
-        dialog->HasText(L"Choose a folder to save closed notes to.  Normally, this is the Desktop."));
-    ASSERT_TRUE(dialog->Cancel());
-    ASSERT_TRUE(options.Type(C::NoteFolderBox, L"  " + Outside().Path() + L"  "));
+    ASSERT_TRUE(options.Type(C::NoteFolderBox, L"nowhere"));
+    const ChoiceDialog folders = ClickFor(options, C::BrowseNoteFolderButton);
+    EXPECT_TRUE(folders.Says(L"Choose a folder to save closed notes to.  Normally, this is the Desktop."));
+    ASSERT_TRUE(folders.Cancel());
+    EXPECT_EQ(options.Text(C::NoteFolderBox), L"nowhere");
+    ASSERT_TRUE(options.Type(C::NoteFolderBox, Outside().Path()));
+    const ChoiceDialog again = ClickFor(options, C::BrowseNoteFolderButton);
+    ASSERT_TRUE(options.SetText(C::NoteFolderBox, L"changed meanwhile"));
+    ASSERT_TRUE(again.Accept());
+    EXPECT_TRUE(Eventually([&] { return options.Text(C::NoteFolderBox) == Outside().Path(); }))
+        << "the browser starts at the folder in the box";
 
     // The window's own close box, as the mouse would press it.
     PostMessageW(options.Handle(), WM_SYSCOMMAND, SC_CLOSE, 0);
@@ -239,14 +245,13 @@ TEST_F(OptionsTest, AFontIsChosenInTheSystemsDialog) {
     EXPECT_EQ(options.Text(C::FontLabel), L"Tahoma, 8 pt.");
     ASSERT_TRUE(options.TabTo(C::BrowseFontButton));
     PressKey('B', {VK_MENU});
-    auto dialog = SystemDialog::WaitFor(Quillo().Pid());
+    const auto dialog = ChoiceDialog::WaitFor(options.Handle());
     ASSERT_TRUE(dialog);
     ASSERT_TRUE(dialog->Cancel());
     EXPECT_FALSE(Profile().Text(L"Note font"));
-    options.Click(C::BrowseFontButton);
-    dialog = SystemDialog::WaitFor(Quillo().Pid());
-    ASSERT_TRUE(dialog);
-    ASSERT_TRUE(dialog->ChooseFontSize(L"14"));
+    const ChoiceDialog fonts = ClickFor(options, C::BrowseFontButton);
+    ASSERT_TRUE(fonts.TypeInto(kFontSizeList, L"14"));
+    ASSERT_TRUE(fonts.Accept());
     EXPECT_TRUE(Eventually([&] { return options.Text(C::FontLabel) == L"Tahoma, 14 pt."; }));
     EXPECT_EQ(Profile().Text(L"Note font"), L"Tahoma");
     EXPECT_EQ(Profile().Text(L"Note font size"), L"14");
@@ -258,9 +263,9 @@ TEST_F(OptionsTest, TheStartupWarningStandsAboveTheDialog) {
     const OptionsWindow options = Open();
     ASSERT_TRUE(options.ClickTab(OptionsPage::Behavior));
     ASSERT_TRUE(Eventually([&] { return options.IsTopmost(); }));
-    options.Click(C::SpecialStartupCheck);
-    const auto warning = MessageBoxWindow::WaitFor(Quillo().Pid());
-    ASSERT_TRUE(warning);
+    std::optional<MessageBoxWindow> warning;
+    ASSERT_TRUE(Until([&] { return (warning = MessageBoxWindow::Find(Quillo().Pid())).has_value(); },
+                      [&] { options.Click(C::SpecialStartupCheck); }));
     EXPECT_EQ(warning->Title(), L"Warning");
     EXPECT_EQ(warning->Text(), Wide(kStartupWarning));
     EXPECT_FALSE(options.IsTopmost());

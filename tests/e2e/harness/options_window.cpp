@@ -1,5 +1,7 @@
 #include "harness/options_window.h"
 
+#include <algorithm>
+
 #include "harness/eventually.h"
 #include "harness/input.h"
 #include "harness/quillo_process.h"
@@ -79,6 +81,17 @@ bool OptionsWindow::ClickTab(OptionsPage page) const {
     return false;
 }
 
+bool OptionsWindow::KeyToTab(OptionsPage page) const {
+    if (!TabTo(TabStrip())) return false;
+    PressKey(VK_HOME);
+    if (!Eventually([&] { return Shows(OptionsPage::Appearance); })) return false;
+    for (int i = 1; i <= static_cast<int>(page); ++i) {
+        PressKey(VK_RIGHT);
+        if (!Eventually([&] { return Shows(static_cast<OptionsPage>(i)); })) return false;
+    }
+    return true;
+}
+
 void OptionsWindow::Click(OptionControl control) const {
     const RECT area = AreaOf(control);
     constexpr LONG kInCaption = 40;  // a check box is wider than its caption
@@ -93,6 +106,10 @@ bool OptionsWindow::TabTo(HWND control) const {
         if (!Eventually([&] { return KeyboardWindow() != before; })) return false;
     }
     return false;
+}
+
+bool OptionsWindow::SetText(OptionControl box, const std::wstring& text) const {
+    return Ask(Control(box), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str())) != 0;
 }
 
 bool OptionsWindow::Type(OptionControl box, const std::wstring& text) const {

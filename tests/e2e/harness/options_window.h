@@ -32,11 +32,15 @@ class OptionsWindow {
 
     /// Clicks tabs from left to right until that page shows.
     [[nodiscard]] bool ClickTab(OptionsPage page) const;
+    /// Goes to that page with the Tab key and the arrows.
+    [[nodiscard]] bool KeyToTab(OptionsPage page) const;
     /// Presses a check box or a button with the mouse, where its caption or picture stands.
     void Click(OptionControl control) const;
     /// Presses the Tab key until the control has the keyboard.
     [[nodiscard]] bool TabTo(HWND control) const;
     [[nodiscard]] bool TabTo(OptionControl control) const { return TabTo(Control(control)); }
+    /// Puts a text into a text box behind the user's back.
+    [[nodiscard]] bool SetText(OptionControl box, const std::wstring& text) const;
     /// Types in the place of what a text box holds.
     [[nodiscard]] bool Type(OptionControl box, const std::wstring& text) const;
 

@@ -165,6 +165,26 @@ std::optional<std::uint32_t> TestProfile::Number(const wchar_t* name) const {
     return got == ERROR_SUCCESS ? std::optional(value) : std::nullopt;
 }
 
+std::optional<std::wstring> TestProfile::Text(const wchar_t* name) const {
+    return ReadText(kSettingsKey, name);
+}
+
+std::map<std::wstring, std::string> TestProfile::AllSettings() const {
+    std::map<std::wstring, std::string> settings;
+    const RegistryKeyHandle key = MakeKey(kSettingsKey);
+    for (DWORD index = 0;; ++index) {
+        std::array<wchar_t, 256> name{};
+        std::array<char, 4096> data{};
+        auto nameLength = static_cast<DWORD>(name.size());
+        auto size = static_cast<DWORD>(data.size());
+        if (RegEnumValueW(key.Get(), index, name.data(), &nameLength, nullptr, nullptr,
+                          reinterpret_cast<BYTE*>(data.data()), &size) != ERROR_SUCCESS) {
+            return settings;
+        }
+        settings[name.data()] = std::string(data.data(), size);
+    }
+}
+
 std::optional<std::wstring> TestProfile::RunValue() const {
     return ReadText(kRunKey, kRunValue);
 }

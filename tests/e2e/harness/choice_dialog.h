@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/win32.h"
+
+namespace quillo::e2e {
+
+/// The system's dialog for a file, a font or a folder, owned by a window of the program.
+class ChoiceDialog {
+  public:
+    /// The one that has the keyboard now, if any.
+    [[nodiscard]] static std::optional<ChoiceDialog> Find(HWND owner);
+    /// Waits for that; nothing when none comes.
+    [[nodiscard]] static std::optional<ChoiceDialog> WaitFor(HWND owner);
+
+    /// Whether one of its controls has exactly that text.
+    [[nodiscard]] bool Says(const std::wstring& text) const;
+    explicit ChoiceDialog(HWND window) : window_(window) {}
+
+    [[nodiscard]] std::wstring Title() const;
+    /// Types into the control that has the keyboard.
+    [[nodiscard]] bool Type(const std::wstring& text) const;
+    /// Types into the box of a list with a box, found with the Tab key, in the place of what it holds.
+    [[nodiscard]] bool TypeInto(int list, const std::wstring& text) const;
+    /// Presses OK, and waits until the dialog has gone.
+    [[nodiscard]] bool Accept() const;
+    /// Presses Esc, and waits until the dialog has gone.
+    [[nodiscard]] bool Cancel() const;
+
+  private:
+    [[nodiscard]] bool Goes() const;
+
+    HWND window_;
+};
+
+}  // namespace quillo::e2e
