@@ -165,8 +165,7 @@ TEST_F(NoteFormTest, TheReminderIsWrittenIntoTheFoot) {
 
 TEST_F(NoteFormTest, NewColoursReachTheScreen) {
     Show();
-    note_.SetColor(true, ColorWord::FromRgb(10, 200, 30), ColorWord::FromRgb(200, 0, 0),
-                       ColorWord::FromRgb(0, 0, 9));
+    note_.SetColor(true, ColorWord::FromRgb(10, 200, 30), ColorWord::FromRgb(200, 0, 0), ColorWord::FromRgb(0, 0, 9));
     PaintNow(one_.Window());
     const Size size = ClientSize();
     EXPECT_EQ(Pixel(Point{0, 0}), RGB(200, 0, 0));
