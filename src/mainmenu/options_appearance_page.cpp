@@ -8,6 +8,7 @@
 #include "platform/dialog_parts.h"
 #include "platform/font_dialog.h"
 #include "platform/wide.h"
+#include "platform/window_effects.h"
 #include "util/busy_flag.h"
 
 namespace quillo {
@@ -19,6 +20,8 @@ using C = OptionControl;
 constexpr int kSliderWidth = 200;
 constexpr int kSliderHeight = 18;
 constexpr int kSliderGap = 10;
+constexpr int kPreviewWidth = 160;
+constexpr int kPreviewHeight = 132;
 
 constexpr double kLargestShown = 13;  // points; a larger font is shown smaller
 
@@ -28,6 +31,7 @@ OptionsAppearancePage::OptionsAppearancePage(OptionsController& controller, Busy
     : ContentPanel(OptionsPage::Appearance, controller, dialogs) {
     colorSelector_.onColorPicked = [this](const ColorScheme& scheme) {
         Controller().PickColors(scheme.note, scheme.border, scheme.text);
+        ShowLook();
     };
     opacitySlider_.onChange = [this](std::int32_t value) {
         Controller().MoveSlider(value);
@@ -39,6 +43,10 @@ bool OptionsAppearancePage::CreateSpecial(const OptionRow& row) {
     const std::u16string name(row.caption);
     if (row.kind == OptionKind::Colors) {
         colorSelector_.Create(Handle(), IdOf(row.control), Wide(name));
+        return true;
+    }
+    if (row.kind == OptionKind::Preview) {
+        preview_.Create(Handle(), IdOf(row.control), Wide(name));
         return true;
     }
     if (row.kind == OptionKind::Slider) {
@@ -54,24 +62,46 @@ bool OptionsAppearancePage::CreateSpecial(const OptionRow& row) {
 void OptionsAppearancePage::OnScaleChanged() {
     colorSelector_.SetScale(PageScale());
     opacitySlider_.SetScale(PageScale());
-    ShowFont();
+    ShowLook();
 }
 
 void OptionsAppearancePage::Load() {
     ContentPanel::Load();
     opacitySlider_.SetValue(Controller().SliderValue());
-    ShowFont();
+    ShowLook();
 }
 
-void OptionsAppearancePage::ShowFont() {
-    FontSetting font = Controller().Font();
+void OptionsAppearancePage::ShowLook() {
+    FontSetting font = Controller().Now().noteFont;
     font.size = std::min(font.size, kLargestShown);
     HWND label = Item(C::FontLabel);
     SetText(C::FontLabel, Controller().FontText());
     SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Get(font, false, PageScale())), TRUE);
+    const Settings& now = Controller().Now();
+    preview_.Show({now.noteColor, now.noteBorderColor, now.noteTextColor, HighContrastIsOn() && !now.highContrastOff,
+                   now.randomNoteColor, fonts_.Get(now.noteFont, false, PageScale()), PageScale()});
 }
 
 void OptionsAppearancePage::Place(PageColumn& column) {
+    const int previewWidth = column.Px(kPreviewWidth);
+    column.PlaceAt(C::NotePreview, column.Left() + column.Width() - previewWidth, column.Bottom(), previewWidth,
+                   column.Px(kPreviewHeight));
+    PageColumn beside(*this, column.Dc(), column.Left(), column.Bottom(),
+                      column.Width() - previewWidth - column.Px(kDialogMargin));
+    PlaceLook(beside);
+    column.Advance(std::max(beside.Bottom() - column.Bottom(), column.Px(kPreviewHeight)), kDialogMargin);
+
+    for (const C check : {C::RandomNoteColorCheck, C::AutoAddTimestampCheck, C::NoHighContrastCheck}) {
+        column.PutCheck(check);
+    }
+    column.PutDivider(C::EyeCandyDivider);
+    column.PutText(C::EyeCandyLabel, kDialogGap);
+    column.PutCheck(C::AnimationCheck);
+    column.PutCheck(C::TranslucentCheck);
+    PlaceSlider(column);
+}
+
+void OptionsAppearancePage::PlaceLook(PageColumn& column) const {
     column.PutHeading(C::AppearanceHeading);
     column.PutText(C::ColorsLabel, kDialogSmallGap);
     const Size strip = colorSelector_.StripSize();
@@ -84,16 +114,10 @@ void OptionsAppearancePage::Place(PageColumn& column) {
     const int labelLeft = column.Left() + buttonWidth + column.Px(kDialogMargin);
     column.PlaceAt(C::BrowseFontButton, column.Left(), column.Bottom(), buttonWidth, buttonHeight);
     column.PlaceAt(C::FontLabel, labelLeft, column.Bottom(), column.Left() + column.Width() - labelLeft, buttonHeight);
-    column.Advance(buttonHeight, kDialogMargin);
+    column.Advance(buttonHeight, 0);
+}
 
-    for (const C check : {C::RandomNoteColorCheck, C::AutoAddTimestampCheck, C::NoHighContrastCheck}) {
-        column.PutCheck(check);
-    }
-    column.PutDivider(C::EyeCandyDivider);
-    column.PutText(C::EyeCandyLabel, kDialogGap);
-    column.PutCheck(C::AnimationCheck);
-    column.PutCheck(C::TranslucentCheck);
-
+void OptionsAppearancePage::PlaceSlider(PageColumn& column) const {
     const int gap = column.Px(kSliderGap);
     const int line = column.LineHeight();
     const int height = std::max(line, column.Px(kSliderHeight));
@@ -113,14 +137,15 @@ void OptionsAppearancePage::Place(PageColumn& column) {
 void OptionsAppearancePage::OnCommand(OptionControl control, int notification) {
     if (control == C::BrowseFontButton && notification == BN_CLICKED) return BrowseForFont();
     ContentPanel::OnCommand(control, notification);
+    if (notification == BN_CLICKED) ShowLook();
 }
 
 void OptionsAppearancePage::BrowseForFont() {
     const BusyFlag::Scope busy(Dialogs());
-    const std::optional<FontSetting> chosen = AskForFont(Dialog(), Controller().Font());
+    const std::optional<FontSetting> chosen = AskForFont(Dialog(), Controller().Now().noteFont);
     if (!chosen) return;
     Controller().ChooseFont(*chosen);
-    if (Handle() != nullptr) ShowFont();
+    if (Handle() != nullptr) ShowLook();
 }
 
 }  // namespace quillo

@@ -3,6 +3,7 @@
 #include "controls/note_color_selector.h"
 #include "controls/tessel_mini_slider.h"
 #include "mainmenu/content_panel.h"
+#include "mainmenu/note_preview.h"
 #include "notes/note_fonts.h"
 
 namespace quillo {
@@ -21,10 +22,13 @@ class OptionsAppearancePage : public ContentPanel {
     void OnScaleChanged() override;
 
   private:
+    void PlaceLook(PageColumn& column) const;
+    void PlaceSlider(PageColumn& column) const;
     void BrowseForFont();
-    /// The font's description, set in that font.
-    void ShowFont();
+    /// The font's description, set in that font, and a note that looks as new ones will.
+    void ShowLook();
 
+    NotePreview preview_;
     NoteColorSelector colorSelector_;
     TesselMiniSlider opacitySlider_;
     NoteFonts fonts_;

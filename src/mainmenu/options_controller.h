@@ -71,7 +71,7 @@ class OptionsController {
 
     /// The font's name, size and style: "Tahoma, 8 pt."
     [[nodiscard]] std::u16string FontText() const;
-    [[nodiscard]] const FontSetting& Font() const { return world_.settings.noteFont; }
+    [[nodiscard]] const Settings& Now() const { return world_.settings; }
     void ChooseFont(const FontSetting& font);
 
     [[nodiscard]] int SliderValue() const;

@@ -35,6 +35,7 @@ constexpr OptionRow KeyBox(C control, std::u16string_view setting) {
 
 constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
     {C::AppearanceHeading, kAppearance, K::Heading, u"Sticky note appearance options"},
+    {C::NotePreview, kAppearance, K::Preview, u"Preview of a new note"},
     {C::ColorsLabel, kAppearance, K::Text, u"Choose the default colors for new sticky notes."},
     {C::ColorSelector,
      kAppearance,

@@ -24,6 +24,7 @@ inline constexpr std::u16string_view kStartupWarning =
 enum class OptionControl {
     // Appearance
     AppearanceHeading,
+    NotePreview,
     ColorsLabel,
     ColorSelector,
     FontTextLabel,
@@ -113,7 +114,20 @@ inline constexpr int kFirstOptionId = 200;
 }
 inline constexpr int kTabStripId = 90;
 
-enum class OptionKind { Heading, Text, Divider, Check, TextBox, KeyBox, Button, GlyphButton, Colors, Slider, KeyList };
+enum class OptionKind {
+    Heading,
+    Text,
+    Divider,
+    Check,
+    TextBox,
+    KeyBox,
+    Button,
+    GlyphButton,
+    Colors,
+    Preview,
+    Slider,
+    KeyList
+};
 
 /// What a change asks of the open notes.
 enum class OptionEffect {

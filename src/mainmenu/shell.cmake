@@ -6,6 +6,7 @@ target_sources(quillo_shell PRIVATE
   mainmenu/menu_artwork.cpp
   mainmenu/menu_drop_target.cpp
   mainmenu/menu_picture.cpp
+  mainmenu/note_preview.cpp
   mainmenu/notify_window.cpp
   mainmenu/options_appearance_page.cpp
   mainmenu/options_behavior_page.cpp

@@ -221,6 +221,11 @@ TEST_F(OptionsFormTest, AColorSchemeIsWrittenWhole) {
     EXPECT_EQ(Number(u"Note color"), kSwatches[1].note.Number());
     EXPECT_EQ(Number(u"Note border color"), kSwatches[1].border.Number());
     EXPECT_EQ(Number(u"Note text color"), kSwatches[1].text.Number());
+    windows_tests::PaintNow(Of(C::NotePreview));
+    RECT preview{};
+    GetClientRect(Of(C::NotePreview), &preview);
+    const Point belowTheText{preview.right / 2, preview.bottom - 20};
+    EXPECT_EQ(windows_tests::PixelOf(Of(C::NotePreview), belowTheText), RGB(0xE0, 0xEE, 0xF4));
 }
 
 TEST_F(OptionsFormTest, AKeyBoxTakesKeysAndNoText) {
@@ -326,7 +331,8 @@ TEST_F(OptionsFormTest, TheTabKeyReachesEveryControlOfAPage) {
         std::vector<HWND> expected;
         for (const OptionRow& row : OptionsTable()) {
             const bool takesKeys = row.kind != OptionKind::Heading && row.kind != OptionKind::Text &&
-                                   row.kind != OptionKind::Divider && row.kind != OptionKind::KeyList;
+                                   row.kind != OptionKind::Divider && row.kind != OptionKind::KeyList &&
+                                   row.kind != OptionKind::Preview;
             if (row.page == page && takesKeys && IsWindowEnabled(Of(row.control)) != 0) {
                 expected.push_back(Of(row.control));
             }

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/unique_handle.h"
+#include "platform/window.h"
+#include "util/color_word.h"
+#include "util/units.h"
+
+namespace quillo {
+
+/// What a new note will look like.
+struct NotePreviewLook {
+    ColorWord note;
+    ColorWord border;
+    ColorWord text;
+    bool flatBar = false;
+    bool manyColors = false;  ///< each new note gets colours of its own
+    HFONT font = nullptr;  ///< borrowed until the next look
+    Scale scale;
+};
+
+/// A small note that shows how new notes will look. It only shows: neither the mouse nor the keys do anything in it.
+class NotePreview : public Window {
+  public:
+    /// `name` is what a screen reader speaks. False on failure.
+    bool Create(HWND parent, int id, const wchar_t* name);
+    void Show(const NotePreviewLook& look);
+
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void OnPaint() const;
+
+    NotePreviewLook look_;
+};
+
+}  // namespace quillo
