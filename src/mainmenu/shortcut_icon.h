@@ -18,8 +18,8 @@ class ShortcutIcon {
     void Draw(HDC dc, Point at) const;
 
   private:
+    int index_ = 0;              // before the list, with which it is found
     HIMAGELIST list_ = nullptr;  ///< the system's own
-    int index_ = 0;
     int size_;
     IconHandle resized_;  ///< where the system's list has another size
 };

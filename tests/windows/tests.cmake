@@ -24,6 +24,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/res_form_test.cpp
   windows/session_test.cpp
   windows/set_reminder_form_test.cpp
+  windows/shortcut_icon_test.cpp
   windows/support.cpp
   windows/tab_test.cpp
   windows/tray_test.cpp
