@@ -55,8 +55,16 @@ prepare_demo() {
 
 # The settings of the demo, written once its desktop stands.
 set_up_demo() {
-    wine_set 'HKCU\Software\Marrowind\Quillo' 'Shown Help' 0xffffffff REG_DWORD
-    wine_set 'HKCU\Control Panel\Desktop' LogPixels "${QUILLO_DEMO_DPI:-96}" REG_DWORD
+    local settings=$profile/settings.reg
+    {
+        printf 'REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\Marrowind\\Quillo]\n"Shown Help"=dword:ffffffff\n'
+        printf '"Shortcut %s"="C:\\\\windows\\\\%s.exe"\n' 1 notepad 2 'system32\\winemine' 3 regedit 4 'system32\\taskmgr'
+        # Windows has this, Wine does not: without it every program has the same icon.
+        printf '\n[HKEY_LOCAL_MACHINE\\Software\\Classes\\.exe]\n@="exefile"\n'
+        printf '\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n"LogPixels"=dword:%08x\n' "${QUILLO_DEMO_DPI:-96}"
+    } >"$settings"
+    timeout 60 wine regedit /S "$(windows_path "$settings")" >/dev/null 2>&1 </dev/null ||
+        die "Wine cannot write its registry in $WINEPREFIX; remove that folder and try again"
     timeout 60 wineserver -w || true # the resolution is read when the server starts
     printf 'ready=yes\n' >>"$demo_state"
 }

@@ -212,13 +212,17 @@ ensure_desktop() {
         start_xserver "$state" "$size"
         hsetroot -add '#7f99a8' -add '#b8c4c0' -gradient 160 >/dev/null 2>&1 || true
     fi
-    is_running "$(value_of "$state" openbox)" openbox || start_detached "$state" openbox openbox --sm-disable
+    # The tray's room is kept free from the start: the system asks for the work area only once.
+    local bar=$((26 * ${QUILLO_DEMO_DPI:-96} / 96)) settings=$state.openbox.xml
+    sed "s|<bottom>0</bottom>|<bottom>$bar</bottom>|" /etc/xdg/openbox/rc.xml >"$settings"
+    is_running "$(value_of "$state" openbox)" openbox ||
+        start_detached "$state" openbox openbox --sm-disable --config-file "$settings"
     is_running "$(value_of "$state" picom)" picom ||
         start_detached "$state" picom picom --config "$quillo_root/scripts/picom.conf"
     is_running "$(value_of "$state" trayer)" trayer ||
         # As wide as the screen: a tray that grows with its icons never paints the first of them.
         start_detached "$state" trayer trayer --edge bottom --align right --widthtype percent --width 100 \
-            --height $((26 * ${QUILLO_DEMO_DPI:-96} / 96)) --SetDockType true --transparent true --alpha 140 --tint 0x20303a
+            --height "$bar" --SetDockType true --transparent true --alpha 140 --tint 0x20303a
     local deadline=$((SECONDS + 20))
     # The window manager announces itself on the root window.
     until DISPLAY=$DISPLAY timeout 5 xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; do
@@ -235,7 +239,7 @@ stop_desktop() {
         pid=$(value_of "$state" "$name")
         if is_running "$pid" "$name"; then kill "$pid" 2>/dev/null || true; fi
     done
-    rm -f "$state"
+    rm -f "$state" "$state.openbox.xml"
 }
 
 # screenshot FILE: takes pictures of $DISPLAY until two in a row are the same (or for a few seconds: a caret blinks).

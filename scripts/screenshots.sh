@@ -9,6 +9,7 @@ source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
 
 scenes=(notes reminder icon menus colors mainmenu about options alert contrast)
 (($#)) && scenes=("$@")
+ensure_packages "${run_packages[@]}" xdotool pngquant
 target=$quillo_root/docs/screenshots
 probe=$win_build/tests/window_probe.exe
 
@@ -60,12 +61,16 @@ box_of() {
 }
 await() { [[ -n $(box_of "$1") ]] || die "no window of the class $1 came within 20 seconds"; }
 
+# Between the coming of a window and its first picture on the desktop.
+settle() { sleep 1; }
+
 # around NAME CLASS [LEFT TOP RIGHT BOTTOM]: the window of that class with a margin, 24 pixels or what is given.
 around() {
     local name=$1 class=$2 box left top right bottom margins=("${@:3}")
     ((${#margins[@]})) || margins=(24 24 24 24)
     box=$(box_of "$class")
     [[ -n $box ]] || die "no window of the class $class came within 20 seconds"
+    settle
     read -r left top right bottom <<<"$box"
     right=$((left + right + $(px "${margins[2]}")))
     bottom=$((top + bottom + $(px "${margins[3]}")))
@@ -140,6 +145,56 @@ scene_colors() {
     await QuilloNoteColor
     rest
     around note-colors QuilloNoteColor 260 40 24 40
+    xdotool key Escape
+}
+
+# The menu stands in the corner above the tray.
+readonly menu_left=980 menu_top=594
+open_menu() {
+    point_at_icon
+    xdotool click 1
+    await QuilloMenu
+    rest
+}
+leave_menu() {
+    xdotool key Escape
+    rest
+}
+point_at_item() { point_at $((menu_left + $1)) $((menu_top + $2)); }
+choose_item() {
+    point_at_item "$1" "$2"
+    xdotool click 1
+}
+
+scene_mainmenu() {
+    open_menu
+    around menu QuilloMenu 24 24 0 32
+    point_at_item 50 110
+    around menu-new-note QuilloMenu 24 24 0 32
+    point_at_item 250 90
+    around menu-options QuilloMenu 24 24 0 32
+    leave_menu
+}
+
+scene_about() {
+    open_menu
+    choose_item 248 20
+    await QuilloAbout
+    rest
+    around about QuilloAbout
+    xdotool key Escape
+}
+
+scene_options() {
+    local page
+    open_menu
+    choose_item 250 90
+    await QuilloOptions
+    rest
+    for page in appearance shortcuts behavior help; do
+        around "options-$page" QuilloOptions
+        xdotool key Right
+    done
     xdotool key Escape
 }
 

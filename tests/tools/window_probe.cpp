@@ -113,20 +113,28 @@ void PrintNotes(DWORD process) {
     }
 }
 
-/// Up means: the hidden window is there, the program waits for input (start-up is over) and answers.
-int WaitUntilUp(DWORD seconds) {
-    const Deadline deadline(seconds);
+/// Posts a message to the hidden window's text box and waits until it has come out of the queue: the message loop runs.
+bool QueueRuns(HWND notify, const Deadline& deadline) {
+    const HWND box = GetWindow(notify, GW_CHILD);
+    DWORD_PTR marked = 0;
+    SendMessageTimeoutW(box, EM_SETMODIFY, FALSE, 0, SMTO_ABORTIFHUNG, 1000, &marked);
+    PostMessageW(box, EM_SETMODIFY, TRUE, 0);
     for (; !deadline.Passed(); Sleep(kPollMilliseconds)) {
+        marked = 0;
+        if (SendMessageTimeoutW(box, EM_GETMODIFY, 0, 0, SMTO_ABORTIFHUNG, 1000, &marked) != 0 && marked != 0)
+            return true;
+        if (IsWindow(box) == 0) return false;
+    }
+    return false;
+}
+
+/// Up means: the hidden window is there, and start-up is over.
+int WaitUntilUp(DWORD seconds) {
+    for (const Deadline deadline(seconds); !deadline.Passed(); Sleep(kPollMilliseconds)) {
         const HWND notify = FindNotifyWindow();
-        if (notify == nullptr) continue;
+        if (notify == nullptr || !QueueRuns(notify, deadline)) continue;
         DWORD process = 0;
         GetWindowThreadProcessId(notify, &process);
-        const HANDLE handle = OpenProcess(PROCESS_QUERY_INFORMATION | SYNCHRONIZE, FALSE, process);
-        if (handle == nullptr) continue;
-        const DWORD idle = WaitForInputIdle(handle, deadline.LeftMilliseconds());
-        CloseHandle(handle);
-        DWORD_PTR answer = 0;
-        if (idle != 0 || SendMessageTimeoutW(notify, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 1000, &answer) == 0) continue;
         PrintNotesFolder();
         PrintNotes(process);
         return 0;
