@@ -153,7 +153,7 @@ void QuilloProcs::OnCommand(std::u16string_view text) {
 void QuilloProcs::Quit() {
     if (!SaveAndUnloadNotes(program_, legacy_, registry_)) return;
     if (options_) options_->Unload();
-    MessageLoop::Quit(0);
+    loop_.Quit(0);
 }
 
 }  // namespace quillo

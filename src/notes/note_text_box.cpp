@@ -122,15 +122,25 @@ bool NoteTextBox::Swallow(UINT message, WPARAM wParam, LPARAM lParam) {
             return OnKey(static_cast<int>(wParam), (lParam & kWasDown) != 0);
         case WM_CHAR:
             return keySwallowed_;
+        case WM_SYSKEYDOWN:
+            return wParam == VK_F10 && OnMenuKeys((lParam & kWasDown) != 0);
         case WM_KEYUP:
-            return wParam == VK_APPS;  // it has opened the menu when it went down
+        case WM_SYSKEYUP:
+            // These have opened the menu when they went down; F10 alone would now go to the window's system menu.
+            return wParam == VK_APPS || (wParam == VK_F10 && menuKeysHeld_);
         case WM_CONTEXTMENU:
-            // Shift+F10; a right click in the text opens the edit control's own menu.
+            // By other ways of the keyboard; a right click in the text opens the edit control's own menu.
             if (lParam == kByKeyboard) onAction(NoteAction::OpenMenu);
             return lParam == kByKeyboard;
         default:
             return false;
     }
+}
+
+bool NoteTextBox::OnMenuKeys(bool repeated) {
+    menuKeysHeld_ = GetKeyState(VK_SHIFT) < 0;
+    if (menuKeysHeld_ && !repeated) onAction(NoteAction::OpenMenu);
+    return menuKeysHeld_;
 }
 
 bool NoteTextBox::OnKey(int virtualKey, bool repeated) {

@@ -51,12 +51,14 @@ class NoteTextBox {
     /// True when the message ends here.
     bool Swallow(UINT message, WPARAM wParam, LPARAM lParam);
     bool OnKey(int virtualKey, bool repeated);
+    bool OnMenuKeys(bool repeated);
     void Replace(DWORD from, DWORD to, std::u16string_view text);
 
     HWND box_ = nullptr;
     WNDPROC procedure_ = nullptr;  ///< the system's own
     bool scrollBar_ = false;       ///< the control was made with one
     bool byProgram_ = false;
+    bool menuKeysHeld_ = false;  ///< F10 went down with Shift last
     bool keySwallowed_ = false;  ///< the character of the last key is not for the text
 };
 

@@ -16,10 +16,16 @@ int MessageLoop::Run() {
         if (got < 0) return 1;
         Dispatch(message);
         if (afterEach_) afterEach_();
+        if (exitCode_) {
+            // The loop of a menu may have taken the system's notice of the end for itself.
+            PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+            return *exitCode_;
+        }
     }
 }
 
 void MessageLoop::Quit(int exitCode) {
+    exitCode_ = exitCode;
     PostQuitMessage(exitCode);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -13,8 +14,8 @@ class MessageLoop {
   public:
     /// Runs until Quit; the answer is the exit code.
     int Run();
-    /// Ends Run after the message in hand.
-    static void Quit(int exitCode);
+    /// Ends Run after the message in hand, and the modal loops in between with theirs.
+    void Quit(int exitCode);
     /// Dispatches what waits now, in the middle of a handler: whatever the caller works with may be gone afterwards.
     void RunPending();
 
@@ -32,6 +33,7 @@ class MessageLoop {
     [[nodiscard]] bool IsDialogKey(MSG& message) const;
     void RunIdleActions();
 
+    std::optional<int> exitCode_;
     std::vector<HWND> dialogs_;
     std::vector<std::function<void()>> idle_;
     std::function<void()> afterEach_;

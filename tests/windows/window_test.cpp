@@ -234,7 +234,7 @@ TEST(MessageLoopTest, RunsIdleActionsOnceWhenNothingWaits) {
         countedBefore = window.counted;
         PostMessageW(window.Handle(), kCount, 0, 0);
         // An action that an action asks for needs no message to wake the loop.
-        loop.RunWhenIdle([] { MessageLoop::Quit(7); });
+        loop.RunWhenIdle([&] { loop.Quit(7); });
     });
     for (int i = 0; i < 3; ++i) PostMessageW(window.Handle(), kCount, 0, 0);
     EXPECT_EQ(loop.Run(), 7);
@@ -247,9 +247,9 @@ TEST(MessageLoopTest, AnIdleActionThatAnIdleActionAsksForNeedsNoMessage) {
     PumpWaiting();
     MessageLoop loop;
     // Ends the loop of a broken program: a good one is done long before.
-    UiTimer deadline([] { MessageLoop::Quit(1); });
+    UiTimer deadline([&] { loop.Quit(1); });
     deadline.Start(10'000);
-    loop.RunWhenIdle([&] { loop.RunWhenIdle([] { MessageLoop::Quit(0); }); });
+    loop.RunWhenIdle([&] { loop.RunWhenIdle([&] { loop.Quit(0); }); });
     EXPECT_EQ(loop.Run(), 0);
 }
 
@@ -262,11 +262,28 @@ TEST(MessageLoopTest, RunsAfterEveryMessageOutsideItsHandler) {
     loop.RunAfterEach([&] {
         EXPECT_LE(window.counted - lastSeen, 1) << "one message at a time";
         lastSeen = window.counted;
-        if (lastSeen == 3) MessageLoop::Quit(0);
+        if (lastSeen == 3) loop.Quit(0);
     });
     for (int i = 0; i < 3; ++i) PostMessageW(window.Handle(), kCount, 0, 0);
     EXPECT_EQ(loop.Run(), 0);
     EXPECT_EQ(lastSeen, 3);
+}
+
+TEST(MessageLoopTest, EndsAlsoWhenAnInnerLoopTookTheNoticeOfTheEnd) {
+    TestWindow window;
+    ASSERT_TRUE(window.Make());
+    PumpWaiting();
+    MessageLoop loop;
+    loop.RunAfterEach([&] {
+        if (window.counted == 0) return;
+        loop.Quit(5);
+        MSG taken{};
+        EXPECT_NE(PeekMessageW(&taken, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE), 0);
+    });
+    PostMessageW(window.Handle(), kCount, 0, 0);
+    EXPECT_EQ(loop.Run(), 5);
+    MSG left{};
+    EXPECT_EQ(PeekMessageW(&left, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE), 0);
 }
 
 }  // namespace

@@ -87,6 +87,20 @@ void ClickMouse(POINT at) {
     ReleaseMouse();
 }
 
+void RightClickMouse(POINT at) {
+    MoveMouse(at);
+    Send({MouseInput(MOUSEEVENTF_RIGHTDOWN)});
+    Send({MouseInput(MOUSEEVENTF_RIGHTUP)});
+}
+
+void ClickMouseHolding(WORD key, POINT at) {
+    MoveMouse(at);
+    Send({KeyInput(key, false)});
+    PressMouse();
+    ReleaseMouse();
+    Send({KeyInput(key, true)});
+}
+
 void PressKey(WORD key, const std::vector<WORD>& held) {
     std::vector<INPUT> inputs;
     for (const WORD modifier : held) inputs.push_back(KeyInput(modifier, false));

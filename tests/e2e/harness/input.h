@@ -15,6 +15,9 @@ void ReleaseMouse();
 /// Presses at `from`, moves to `to` in steps, and releases there.
 void DragMouse(POINT from, POINT to);
 void ClickMouse(POINT at);
+void RightClickMouse(POINT at);
+/// A click while a key is down.
+void ClickMouseHolding(WORD key, POINT at);
 
 /// The keys go to whatever has the keyboard.
 void PressKey(WORD key, const std::vector<WORD>& held = {});

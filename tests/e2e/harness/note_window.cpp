@@ -149,7 +149,11 @@ bool NoteWindow::TakeKeyboard() const {
 }
 
 void NoteWindow::ClickButton(NoteButtonId id) const {
-    ClickMouse(MiddleOf(WindowRect(Button(id))));
+    ClickMouse(MiddleOfButton(id));
+}
+
+POINT NoteWindow::MiddleOfButton(NoteButtonId id) const {
+    return MiddleOf(WindowRect(Button(id)));
 }
 
 POINT NoteWindow::DragBarPoint() const {

@@ -49,6 +49,7 @@ class NoteWindow {
     /// Clicks into the text box until the note has the keyboard, the caret at the end of the text.
     [[nodiscard]] bool TakeKeyboard() const;
     void ClickButton(NoteButtonId id) const;
+    [[nodiscard]] POINT MiddleOfButton(NoteButtonId id) const;
     /// Where the note can be dragged.
     [[nodiscard]] POINT DragBarPoint() const;
     /// In the corner that resizes the note.
