@@ -35,3 +35,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/window_test.cpp
 )
 target_include_directories(quillo_shell_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/windows)
+# What has been printed is read back as in ring 3.
+target_sources(quillo_shell_tests PRIVATE e2e/harness/files.cpp e2e/harness/test_printer.cpp)
+target_include_directories(quillo_shell_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/e2e)
+target_link_libraries(quillo_shell_tests PRIVATE winspool)

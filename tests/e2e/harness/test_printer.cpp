@@ -78,6 +78,7 @@ std::wstring DefaultPrinter() {
 TestPrinter::TestPrinter(std::wstring port)
     : printed_(Environment(L"QUILLO_PRINTED")), defaultBefore_(DefaultPrinter()) {
     DeleteFileW(printed_.c_str());
+    DeleteFileW((printed_ + L".count").c_str());
     AddDriver(Environment(L"QUILLO_TEST_PPD"));
     AddPrinter(port.empty() ? Environment(L"QUILLO_TEST_PORT") : port);
     EXPECT_TRUE(SetDefaultPrinterW(kPrinter));
@@ -113,6 +114,11 @@ std::vector<std::vector<std::string>> TestPrinter::TakePages() const {
 
 bool TestPrinter::HasPrinted() const {
     return FileExists(printed_);
+}
+
+std::size_t TestPrinter::Documents() const {
+    const std::wstring path = printed_ + L".count";
+    return FileExists(path) ? ReadBytes(path).size() : 0;
 }
 
 std::string TestPrinter::DocumentTitle() const {

@@ -15,7 +15,8 @@ namespace quillo::e2e {
 /// the environment what it is made of:
 ///   QUILLO_TEST_PPD   the description of the printer
 ///   QUILLO_TEST_PORT  where it prints to: something that puts the printed text into the file QUILLO_PRINTED, in UTF-8,
-///                     a form feed after each page, once the whole document is there
+///                     a form feed after each page, once the whole document is there; the document itself beside it,
+///                     under the ending ".ps", and a line for each document under the ending ".count"
 class TestPrinter {
   public:
     /// `port` is another one than that of the environment.
@@ -29,6 +30,8 @@ class TestPrinter {
     [[nodiscard]] std::vector<std::vector<std::string>> TakePages() const;
     /// Whether a document has come out that was not taken.
     [[nodiscard]] bool HasPrinted() const;
+    /// How many documents have come out since the object was made.
+    [[nodiscard]] std::size_t Documents() const;
     /// What the printer was told of the last document.
     [[nodiscard]] std::string DocumentTitle() const;
 
