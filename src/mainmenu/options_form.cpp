@@ -135,6 +135,14 @@ void OptionsForm::ShowPage(OptionsPage page) {
     }
 }
 
+bool OptionsForm::OnKeyDown(WPARAM key) {
+    if (key != VK_TAB || GetKeyState(VK_CONTROL) >= 0) return false;
+    const std::size_t step = GetKeyState(VK_SHIFT) < 0 ? kOptionsPageCount - 1 : 1;
+    SetFocus(tabStrip_.Handle());  // not in a control of a page that hides
+    ShowPage(static_cast<OptionsPage>((static_cast<std::size_t>(current_) + step) % kOptionsPageCount));
+    return true;
+}
+
 HWND OptionsForm::ControlWindow(OptionControl control) const {
     return Panel(RowOf(control).page).Item(control);
 }

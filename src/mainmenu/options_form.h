@@ -40,6 +40,8 @@ class OptionsForm : public DialogWindow {
     /// Esc, the window's own close box and the button all save alike.
     void OnClose() override;
     void OnGone() override;
+    /// Ctrl+Tab goes to the next page, with Shift to the one before.
+    bool OnKeyDown(WPARAM key) override;
     void OnFontsChanged() override;
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 

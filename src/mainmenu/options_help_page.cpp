@@ -1,6 +1,7 @@
 #include "mainmenu/options_help_page.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "mainmenu/options_controller.h"
 #include "mainmenu/page_column.h"
@@ -48,22 +49,22 @@ void OptionsHelpPage::Load() {
 
 int OptionsHelpPage::PlaceKeys(PageColumn& column) const {
     // Two columns of the same build, the first half of the lines in the left one.
-    const std::size_t half = (lines_.size() + 1) / 2;
+    constexpr std::size_t kHalf = (std::tuple_size_v<decltype(lines_)> + 1) / 2;
     const int height = column.LineHeight();
     const int step = height + column.Px(kLineGap);
-    int keysWidth = column.Px(0);
+    int keysWidth = 0;
     for (const KeyLine& line : lines_) {
         keysWidth = std::max(keysWidth, MeasureText(column.Dc(), Fonts().strong.Get(), WindowText(line.keys)).width);
     }
     const int halfWidth = column.Width() / 2;
     const int meaningLeft = keysWidth + column.Px(kKeysGap);
     for (std::size_t i = 0; i < lines_.size(); ++i) {
-        const int left = column.Left() + (i < half ? 0 : halfWidth);
-        const int top = column.Bottom() + step * static_cast<int>(i % half);
+        const int left = column.Left() + (i < kHalf ? 0 : halfWidth);
+        const int top = column.Bottom() + step * static_cast<int>(i % kHalf);
         MoveWindow(lines_[i].keys, left, top, keysWidth, height, FALSE);
         MoveWindow(lines_[i].meaning, left + meaningLeft, top, halfWidth - meaningLeft, height, FALSE);
     }
-    return step * static_cast<int>(half);
+    return step * static_cast<int>(kHalf);
 }
 
 void OptionsHelpPage::Place(PageColumn& column) {

@@ -74,7 +74,7 @@ void DialogWindow::OnCreate() {
     ApplyFonts();
     MeasureAndLayOut();
     SendMessageW(Handle(), DM_SETDEFID, IDOK, 0);
-    loop_.AddDialog(Handle());
+    loop_.AddDialog(Handle(), [this](WPARAM key) { return OnKeyDown(key); });
 }
 
 void DialogWindow::OnDestroy() {

@@ -43,6 +43,8 @@ class DialogWindow : public Window {
     virtual void OnClose() { Destroy(); }
     /// The window goes, for whatever reason.
     virtual void OnGone() {}
+    /// A key going down, before the keys of dialogs are looked for; true when it is done with.
+    virtual bool OnKeyDown(WPARAM /*key*/) { return false; }
     /// The fonts are new: what follows them besides the controls.
     virtual void OnFontsChanged() {}
     [[nodiscard]] virtual HFONT FontOf(int /*id*/) const { return fonts_.body.Get(); }

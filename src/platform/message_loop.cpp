@@ -44,11 +44,18 @@ void MessageLoop::Dispatch(MSG& message) {
 }
 
 bool MessageLoop::IsDialogKey(MSG& message) const {
-    for (HWND dialog : dialogs_) {
-        if (message.hwnd != dialog && IsChild(dialog, message.hwnd) == 0) continue;
-        return IsDialogMessageW(dialog, &message) != 0;
+    for (const Dialog& dialog : dialogs_) {
+        HWND window = dialog.window;
+        if (message.hwnd != window && IsChild(window, message.hwnd) == 0) continue;
+        const auto ownKeys = dialog.ownKeys;  // a key may end the dialog
+        if (ownKeys && message.message == WM_KEYDOWN && ownKeys(message.wParam)) return true;
+        return IsDialogMessageW(window, &message) != 0;
     }
     return false;
+}
+
+void MessageLoop::RemoveDialog(HWND dialog) {
+    std::erase_if(dialogs_, [dialog](const Dialog& each) { return each.window == dialog; });
 }
 
 void MessageLoop::RunIdleActions() {

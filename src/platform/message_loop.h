@@ -20,8 +20,11 @@ class MessageLoop {
     void RunPending();
 
     /// While a window stands here, the keys of dialogs (Tab, Enter, Esc, the arrows) work among its controls.
-    void AddDialog(HWND dialog) { dialogs_.push_back(dialog); }
-    void RemoveDialog(HWND dialog) { std::erase(dialogs_, dialog); }
+    /// `ownKeys`, when given, sees each key that goes down there first: true for one that is done with.
+    void AddDialog(HWND dialog, std::function<bool(WPARAM)> ownKeys = {}) {
+        dialogs_.push_back({dialog, std::move(ownKeys)});
+    }
+    void RemoveDialog(HWND dialog);
 
     /// `action` runs once, when no message is waiting: for what start-up must not wait for.
     void RunWhenIdle(std::function<void()> action) { idle_.push_back(std::move(action)); }
@@ -34,7 +37,11 @@ class MessageLoop {
     void RunIdleActions();
 
     std::optional<int> exitCode_;
-    std::vector<HWND> dialogs_;
+    struct Dialog {
+        HWND window;
+        std::function<bool(WPARAM)> ownKeys;
+    };
+    std::vector<Dialog> dialogs_;
     std::vector<std::function<void()>> idle_;
     std::function<void()> afterEach_;
 };

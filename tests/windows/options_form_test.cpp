@@ -13,6 +13,7 @@
 #include "platform/message_loop.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
+#include "reminder_fixture.h"
 #include "support.h"
 #include "testing/fake_options_owner.h"
 #include "testing/fake_sound_device.h"
@@ -123,6 +124,19 @@ TEST_F(OptionsFormTest, ShowsExactlyThePageOfTheCurrentTab) {
             }
         }
     }
+}
+
+TEST_F(OptionsFormTest, ControlTabGoesRoundThePages) {
+    Open();
+    SetFocus(Of(C::BrowseFontButton));
+    const windows_tests::KeysDown control({VK_CONTROL});
+    Key(Of(C::BrowseFontButton), VK_TAB);
+    EXPECT_EQ(form_.CurrentPage(), OptionsPage::Shortcuts);
+    EXPECT_EQ(GetFocus(), form_.TabStripWindow());
+    const windows_tests::KeysDown shift({VK_SHIFT});
+    Key(form_.TabStripWindow(), VK_TAB);
+    Key(form_.TabStripWindow(), VK_TAB);
+    EXPECT_EQ(form_.CurrentPage(), OptionsPage::Help);
 }
 
 TEST_F(OptionsFormTest, ASecondRequestFindsTheSameDialog) {
