@@ -71,8 +71,6 @@ NoteAction ResForm::ShowIconMenu(const Note& note, HWND window) {
     currentNote_ = note.NoteKey;
     POINT pointer{};
     GetCursorPos(&pointer);
-    // Without the keyboard the menu would stay when the user clicks elsewhere.
-    SetForegroundWindow(window);
     return Track(IconMenuItems(), SideFlag() | TPM_BOTTOMALIGN | TPM_RIGHTBUTTON, Point{pointer.x, pointer.y}, window,
                  nullptr);
 }
@@ -84,6 +82,8 @@ void ResForm::NoteClosing(const Note& note) {
 NoteAction ResForm::Track(const std::vector<NoteMenuItem>& items, UINT flags, Point at, HWND window,
                           TPMPARAMS* keepFree) {
     const MenuHandle menu = MakeMenu(items);
+    // Without the keyboard the menu would stay when the user clicks elsewhere.
+    SetForegroundWindow(window);
     const BOOL chosen =
         TrackPopupMenuEx(menu.Get(), flags | TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, window, keepFree);
     currentNote_.clear();
