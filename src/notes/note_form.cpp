@@ -395,9 +395,11 @@ void NoteForm::OpenMenu() {
     RECT button{};
     GetWindowRect(menuButton_.Handle(), &button);
     menuButton_.HoldDown(true);
+    buttonTips_.SetActive(false);
     const NoteAction chosen = tools_.resForm.ShowArrowMenu(note_.Data(), Handle(), FromWin32(button));
     if (Handle() == nullptr) return;  // the note has gone while its menu was open
     menuButton_.HoldDown(false);
+    buttonTips_.SetActive(true);
     // A press on the button closes the menu; it must not open the next one.
     MSG press{};
     PeekMessageW(&press, menuButton_.Handle(), WM_LBUTTONDOWN, WM_LBUTTONDOWN, PM_REMOVE);

@@ -50,6 +50,10 @@ void ToolTips::Add(HWND child) {
     SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
+void ToolTips::SetActive(bool active) {
+    if (tips_ != nullptr) SendMessageW(tips_, TTM_ACTIVATE, active ? TRUE : FALSE, 0);
+}
+
 void ToolTips::Destroy() {
     if (tips_ != nullptr) DestroyWindow(std::exchange(tips_, nullptr));
 }

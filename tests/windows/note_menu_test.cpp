@@ -262,6 +262,34 @@ TEST_F(NoteMenuTest, TheButtonsHaveToolTipsOnceThePointerComes) {
     EXPECT_EQ(IsWindow(tips), FALSE);
 }
 
+TEST_F(NoteMenuTest, NoToolTipCoversAnOpenMenu) {
+    ASSERT_TRUE(one_.Settle());
+    Show();
+    const HWND button = one_.Child(ChildId::kMenuButton);
+    SendMessageW(button, WM_SETCURSOR, reinterpret_cast<WPARAM>(button), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    const HWND tips = TipsOf(one_.Window());
+    ASSERT_NE(tips, nullptr);
+    SendMessageW(tips, TTM_SETDELAYTIME, TTDT_INITIAL, 0);
+    SendMessageW(tips, TTM_SETDELAYTIME, TTDT_RESHOW, 0);
+    RECT place{};
+    GetWindowRect(button, &place);
+    SetCursorPos(place.left + 6, place.top + 6);
+    bool stood = false;
+    int looks = 0;
+    const Meanwhile user([&] {
+        if (OpenMenuWindow() == nullptr) return false;
+        SendMessageW(button, WM_MOUSEMOVE, 0, MAKELPARAM(looks % 2 + 5, 5));
+        stood = stood || IsWindowVisible(tips) != 0;
+        constexpr int kEnough = 10;
+        if (++looks < kEnough) return false;
+        EndMenu();
+        return true;
+    });
+    PressMenuButton();
+    EXPECT_TRUE(user.IsDone());
+    EXPECT_FALSE(stood);
+}
+
 TEST_F(NoteMenuTest, TheToolTipsAreMadeAnewForAnotherResolution) {
     ASSERT_TRUE(one_.Settle());
     Show();
