@@ -96,8 +96,10 @@ bool WinFileStore::Write(std::u16string_view path, std::string_view bytes) {
     const std::u16string name(path);
     const FileHandle file(
         CreateFileW(Wide(name), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    // Many a system takes "nul.qln" in any folder for the device that swallows everything.
+    if (!file || GetFileType(file.Get()) != FILE_TYPE_DISK) return false;
     // Flushed: what backs these bytes so far, an older file or the note on the screen, goes right afterwards.
-    return file && WriteAll(file.Get(), bytes) && FlushFileBuffers(file.Get()) != 0;
+    return WriteAll(file.Get(), bytes) && FlushFileBuffers(file.Get()) != 0;
 }
 
 bool WinFileStore::Replace(std::u16string_view path, std::string_view bytes) {

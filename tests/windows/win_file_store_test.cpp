@@ -28,6 +28,14 @@ class WinFileStoreTest : public testing::Test {
     WinFileStore store_;
 };
 
+TEST_F(WinFileStoreTest, WhatADeviceSwallowsIsNotWritten) {
+    for (const std::u16string& path : {folder_.Of(u"nul.qln"), std::u16string(u"NUL")}) {
+        const bool written = store_.Write(path, "precious");
+        EXPECT_EQ(written, store_.Read(path) == "precious") << "newer systems make a file of the first one";
+    }
+    EXPECT_FALSE(store_.Write(u"NUL", "precious"));
+}
+
 TEST_F(WinFileStoreTest, ReadsBackWhatWasWritten) {
     std::string large(3'000'000, '\0');
     for (std::size_t i = 0; i < large.size(); ++i) large[i] = static_cast<char>(i * 7 % 251);

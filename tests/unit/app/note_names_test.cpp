@@ -51,6 +51,28 @@ TEST_F(NoteNamesTest, MadeFromTheText) {
     }
 }
 
+TEST_F(NoteNamesTest, MadeFromWhatPeopleWrite) {
+    const struct {
+        std::u16string_view text;
+        std::u16string_view name;
+    } cases[] = {
+        {u"Dentist\r\nTuesday 9:30, Bridge Street 12", u"Dentist Tuesday"},
+        {u"- oat milk\r\n- sourdough\r\n- lemons (4)", u"- oat milk -"},
+        {u"http://quillo.example/?Version=1", u"http.--quillo.exampl"},
+        {u"+49 30 / 901820", u"+49 30 -"},
+        {u"C:\\Users\\ann\\todo.txt", u"C.-Users-ann-todo.tx"},
+        {u"11/21/2026: rent is due!", u"11-21-2026. rent is"},
+        {u"(11/21/2026 9:30:05 AM)\r\n\r\nCalled Jonas", u"(11-21-2026 9.30.05"},
+        {u"\"To be, or not to be\"", u"'To be, or not to"},
+        {u"R\u00E9sum\u00E9 f\u00FCr \u00D6zg\u00FCr", u"R\u00E9sum\u00E9 f\u00FCr"},
+        {u"Who? What? Where?", u"Who What"},
+        {u"\u65E5\u672C\u8A9E\u306E\u30E1\u30E2", u"\u65E5\u672C\u8A9E\u306E\u30E1\u30E2"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(names_.SuggestNoteFileName(c.text), u"D:\\Closed\\" + std::u16string(c.name) + u".qln");
+    }
+}
+
 TEST_F(NoteNamesTest, ATakenNameIsNumberedFromTwo) {
     files_.Put(u"D:\\Closed\\Call. Bob -.qln", "x");
     EXPECT_EQ(names_.SuggestNoteFileName(u"Call: Bob / Sue?"), u"D:\\Closed\\Call. Bob - 2.qln");
