@@ -1,17 +1,20 @@
 #!/usr/bin/env bash
 # Renews docs/screenshots: the demo's notes, the program's menus and its dialogs, on a desktop at 96 and at 144 dpi.
 #   scripts/screenshots.sh            all of them
-#   scripts/screenshots.sh SCENE...   only these: notes, reminder, alert, icon, menus, colors, mainmenu, about, options,
-#                                     contrast
+#   scripts/screenshots.sh SCENE...   only these, in an order in which none needs what an earlier one took away:
+#                                     notes, reminder, menus, icon, colors, mainmenu, about, options, alert, empty,
+#                                     balloon, faces
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
 
-scenes=(notes reminder icon menus colors mainmenu about options alert contrast)
+scenes=(notes reminder menus icon colors mainmenu about options alert empty balloon faces)
 (($#)) && scenes=("$@")
 ensure_packages "${run_packages[@]}" xdotool pngquant
 target=$quillo_root/docs/screenshots
+exe=$win_build/quillo.exe
 probe=$win_build/tests/window_probe.exe
+faces=$win_build/tests/menu_faces.exe
 
 # The demo of this script has a data folder of its own and leaves the user's alone.
 work=$(mktemp -d "${TMPDIR:-/tmp}/quillo-shots.XXXXXX")
@@ -57,7 +60,7 @@ part() {
 
 # box_of CLASS: left, top, width and height of the visible window of that class, once it is there.
 box_of() {
-    wine "$probe" box 20 "$1" 2>/dev/null </dev/null | tr -d '\r' | cut -f 2-
+    { wine "$probe" box 20 "$1" 2>/dev/null </dev/null || true; } | tr -d '\r' | cut -f 2-
 }
 await() { [[ -n $(box_of "$1") ]] || die "no window of the class $1 came within 20 seconds"; }
 
@@ -119,15 +122,16 @@ scene_alert() {
     xdotool key Escape
 }
 
-# The first icon beside the clock, from the right.
-point_at_icon() { point_at 1262 787; }
+# The program's own icon beside the clock, and left of it that of a note.
+point_at_icon() { point_at 1269 787; }
+point_at_note_icon() { point_at 1249 787; }
 
-scene_icon() {
+# Puts a note next to the clock.
+minimize_note() {
     click 380 260
     xdotool key ctrl+m
     rest
-    point_at_icon
-    around note-icon tooltips_class32 40 60 8 24
+    settle
 }
 
 scene_menus() {
@@ -136,6 +140,32 @@ scene_menus() {
     rest
     around note-menu '#32768' 60 60 24 24
     xdotool key Escape
+    minimize_note
+    point_at_note_icon
+    xdotool click 3
+    await '#32768'
+    rest
+    around icon-menu '#32768' 24 24 24 32
+    xdotool key Return # shows the note again
+    settle
+}
+
+scene_icon() {
+    minimize_note
+    point_at_note_icon
+    around note-icon tooltips_class32 40 60 8 24
+    xdotool click 1
+    settle
+}
+
+scene_balloon() {
+    local left top
+    read -r left top _ <<<"$(box_of QuilloNote)"
+    xdotool mousemove $((left + $(px 12))) $((top + $(px 11))) click 1
+    await '#32768'
+    xdotool key Down Down Down Down Down Down Down Down Return # hides the note
+    rest
+    around balloon tooltips_class32 24 40 8 32
 }
 
 scene_colors() {
@@ -198,9 +228,44 @@ scene_options() {
     xdotool key Escape
 }
 
+# The third and the fourth program taken out, and no note left.
+scene_empty() {
+    open_menu
+    choose_item 250 90
+    await QuilloOptions
+    settle
+    xdotool key --delay 200 Right alt+3 ctrl+a Delete alt+4 ctrl+a Delete Escape
+    open_menu
+    around menu-empty-slots QuilloMenu 24 24 0 32
+    leave_menu
+    wine "$exe" /close >/dev/null 2>&1 </dev/null
+    wine "$probe" gone 30 >/dev/null 2>&1 </dev/null || die "the program did not end"
+    find "$WINEPREFIX/drive_c/users" -name '*.qln' -delete
+    setsid wine "$exe" >/dev/null 2>&1 </dev/null &
+    wine "$probe" wait 30 >/dev/null 2>&1 </dev/null || die "the program did not come up again"
+    settle
+    open_menu
+    point_at_item 150 90
+    around menu-no-notes QuilloMenu 24 24 0 32
+    leave_menu
+    wine "$exe" /new >/dev/null 2>&1 </dev/null
+    await QuilloNote
+}
+
+# High contrast is a mode of the system that Wine does not have: the menu's faces as the program composes them.
+scene_faces() {
+    local planes=$win_build/src/resources/artwork/menu_$((dpi * 100 / 96)).planes
+    wine "$faces" "$(windows_path "$planes")" "$(windows_path "$work/faces.ppm")" >/dev/null 2>&1 </dev/null ||
+        die "$faces could not compose the menu"
+    convert "$work/faces.ppm" "$target/menu-faces-${dpi}dpi.png"
+    pngquant --force --quality 80-100 --speed 1 --ext .png "$target/menu-faces-${dpi}dpi.png"
+    say "docs/screenshots/menu-faces-${dpi}dpi.png"
+}
+
 # ----
 
 mkdir -p "$target"
+build_preset windows-x64 quillo window_probe menu_faces
 for dpi in 96 144; do
     demo >"$work/log" || die "the demo did not start; see the line above"
     DISPLAY=$(value_of "$work/quillo/demo-desktop.state" display)

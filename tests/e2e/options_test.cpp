@@ -259,23 +259,6 @@ TEST_F(OptionsTest, AFontIsChosenInTheSystemsDialog) {
     Quit();
 }
 
-TEST_F(OptionsTest, TheProgramEndsOutOfWhateverTheDialogAsks) {
-    struct Question {
-        OptionsPage page;
-        OptionControl button;
-    };
-    for (const Question& question :
-         {Question{OptionsPage::Appearance, C::BrowseFontButton}, Question{OptionsPage::Behavior, C::BrowseSoundButton},
-          Question{OptionsPage::Behavior, C::BrowseNoteFolderButton}}) {
-        const OptionsWindow options = Open();
-        ASSERT_TRUE(options.ClickTab(question.page));
-        (void)ClickFor(options, question.button);
-        EXPECT_EQ(RunToEnd(L"/close"), 0U);
-        EXPECT_EQ(Quillo().WaitForExit(), 0U) << "control " << static_cast<int>(question.button);
-        EXPECT_EQ(Quillo().Crash(), "");
-    }
-}
-
 TEST_F(OptionsTest, TheStartupWarningStandsAboveTheDialog) {
     const OptionsWindow options = Open();
     ASSERT_TRUE(options.ClickTab(OptionsPage::Behavior));
