@@ -52,7 +52,7 @@ class MailingTest : public OrdinaryTest {
         PressKey(VK_APPS);
         const auto menu = PopupMenu::WaitFor(Quillo().Pid());
         ASSERT_TRUE(menu);
-        ASSERT_TRUE(menu->ChooseByKeys(static_cast<int>(NoteMenuLine::Email)));
+        ASSERT_TRUE(menu->ChooseByKeys(static_cast<int>(NoteMenuLine::Email), kNoteMenuLines));
     }
     /// The message window of the mail program, which the user sends or discards.
     void Answer(int button) {

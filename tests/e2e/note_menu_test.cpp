@@ -52,7 +52,7 @@ class NoteMenu : public OrdinaryTest {
         const std::optional<PopupMenu> menu = byKeys ? OpenMenuByKeys(note) : OpenMenuByMouse(note);
         if (!menu) return false;
         const int index = static_cast<int>(line);
-        return byKeys ? menu->ChooseByKeys(index) : menu->Click(index, kNoteMenuLines);
+        return byKeys ? menu->ChooseByKeys(index, kNoteMenuLines) : menu->Click(index, kNoteMenuLines);
     }
     /// Chooses until it has taken effect: a click can get lost between the desktop and the system.
     template <typename Effect>
@@ -316,7 +316,7 @@ TEST_F(NoteIconMenu, ShowsTheNoteAndDeletesIt) {
     ASSERT_TRUE(MinimizeByKeys(note));
     menu = OpenIconMenu(L"Small");
     ASSERT_TRUE(menu);
-    EXPECT_TRUE(menu->ChooseByKeys(static_cast<int>(IconMenuLine::Delete)));
+    EXPECT_TRUE(menu->ChooseByKeys(static_cast<int>(IconMenuLine::Delete), kIconMenuLines));
     EXPECT_TRUE(Eventually([&] { return !note.Exists(); }));
     EXPECT_TRUE(Eventually([&] { return IsInRecycleBin(Outside() / L"Small.qln"); }));
     EXPECT_TRUE(RestoreFromRecycleBin(Outside() / L"Small.qln"));

@@ -28,7 +28,7 @@ class PrintingBase : public OrdinaryTest {
         PressKey(VK_APPS);
         const auto menu = PopupMenu::WaitFor(Quillo().Pid());
         ASSERT_TRUE(menu);
-        ASSERT_TRUE(menu->ChooseByKeys(static_cast<int>(NoteMenuLine::Print)));
+        ASSERT_TRUE(menu->ChooseByKeys(static_cast<int>(NoteMenuLine::Print), kNoteMenuLines));
     }
     void ExpectTheProblemTold() {
         const auto box = MessageBoxWindow::WaitFor(Quillo().Pid());

@@ -1,7 +1,12 @@
 #include "harness/popup_menu.h"
 
+#include <algorithm>
+#include <map>
+#include <vector>
+
 #include "harness/input.h"
 #include "harness/note_text.h"
+#include "harness/screen.h"
 
 namespace quillo::e2e {
 namespace {
@@ -38,16 +43,38 @@ RECT PopupMenu::Rectangle() const {
     return area;
 }
 
-bool PopupMenu::Click(int line, int lines) const {
+POINT PopupMenu::LinePoint(int line, int lines) const {
     const RECT area = Rectangle();
     const int top = area.top + Px(kFrame);
     const int height = area.bottom - Px(kFrame) - top;
-    const POINT at{area.left + Px(30), top + height * (2 * line + 1) / (2 * lines)};
+    return POINT{area.left + Px(30), top + height * (2 * line + 1) / (2 * lines)};
+}
+
+bool PopupMenu::IsMarked(int line, int lines) const {
+    // At the right end, where no caption reaches.
+    const LONG right = Rectangle().right - Px(8);
+    std::map<COLORREF, std::vector<int>> linesByColor;
+    for (int i = 0; i < lines; ++i) linesByColor[ScreenPixel(POINT{right, LinePoint(i, lines).y})].push_back(i);
+    const auto isThis = [line](const auto& entry) { return entry.second == std::vector<int>{line}; };
+    return linesByColor.size() == 2 && std::any_of(linesByColor.begin(), linesByColor.end(), isThis);
+}
+
+bool PopupMenu::Click(int line, int lines) const {
+    const POINT at = LinePoint(line, lines);
     return Until([this] { return !IsOpen(); }, [at] { ClickMouse(at); });
 }
 
-bool PopupMenu::ChooseByKeys(int line) const {
-    for (int i = 0; i <= line; ++i) PressKey(VK_DOWN);
+bool PopupMenu::ChooseByKeys(int line, int lines) const {
+    // A pointer that comes to rest over the menu marks a line, too: Enter waits until the right one is.
+    constexpr std::chrono::milliseconds kForOneStep{100};
+    constexpr int kFewestToCompare = 3;  // of two lines none stands out from the others
+    if (lines < kFewestToCompare) {
+        for (int i = 0; i <= line; ++i) PressKey(VK_DOWN);
+    } else {
+        const auto isMarked = [&] { return IsMarked(line, lines); };
+        for (int step = 0; step < 4 * lines && !Eventually(isMarked, kForOneStep); ++step) PressKey(VK_DOWN);
+        if (!isMarked()) return false;
+    }
     PressKey(VK_RETURN);
     return Eventually([this] { return !IsOpen(); });
 }

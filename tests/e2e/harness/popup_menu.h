@@ -37,11 +37,16 @@ class PopupMenu {
     [[nodiscard]] RECT Rectangle() const;
     /// Clicks a line, counted from 0, until the menu closes. False when it stays.
     [[nodiscard]] bool Click(int line, int lines) const;
-    /// Goes down to a line with the arrow key and presses Enter. False when the menu stays.
-    [[nodiscard]] bool ChooseByKeys(int line) const;
+    /// Goes down to a line, counted from 0, with the arrow key and presses Enter. False when the menu stays.
+    [[nodiscard]] bool ChooseByKeys(int line, int lines) const;
 
   private:
     explicit PopupMenu(HWND window) : window_(window) {}
+    /// The middle of a line.
+    [[nodiscard]] POINT LinePoint(int line, int lines) const;
+    /// Whether that line, and no other, is marked as the one that Enter would choose.
+    [[nodiscard]] bool IsMarked(int line, int lines) const;
+
     HWND window_;
 };
 
