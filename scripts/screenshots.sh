@@ -2,13 +2,13 @@
 # Renews docs/screenshots: the demo's notes, the program's menus and its dialogs, on a desktop at 96 and at 144 dpi.
 #   scripts/screenshots.sh            all of them
 #   scripts/screenshots.sh SCENE...   only these, in an order in which none needs what an earlier one took away:
-#                                     notes, reminder, menus, icon, colors, mainmenu, about, options, alert, empty,
-#                                     balloon, faces
+#                                     notes, reminder, menus, icon, colors, mainmenu, about, options, alert, dates,
+#                                     empty, balloon, faces
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
 
-scenes=(notes reminder menus icon colors mainmenu about options alert empty balloon faces)
+scenes=(notes reminder menus icon colors mainmenu about options alert dates empty balloon faces)
 (($#)) && scenes=("$@")
 ensure_packages "${run_packages[@]}" xdotool pngquant
 target=$quillo_root/docs/screenshots
@@ -228,6 +228,26 @@ scene_options() {
     xdotool key Escape
 }
 
+end_program() {
+    wine "$exe" /close >/dev/null 2>&1 </dev/null
+    wine "$probe" gone 30 >/dev/null 2>&1 </dev/null || die "the program did not end"
+}
+start_program() {
+    setsid wine "$exe" >/dev/null 2>&1 </dev/null &
+    wine "$probe" wait 30 >/dev/null 2>&1 </dev/null || die "the program did not come up again"
+    settle
+}
+
+# Dates as long as any user may have set them.
+scene_dates() {
+    end_program
+    wine_set 'HKCU\Control Panel\International' sShortDate 'dddd, d. MMMM yyyy'
+    start_program
+    ask_reminder 670 145
+    around reminder-long-dates QuilloSetReminder
+    xdotool key Escape
+}
+
 # The third and the fourth program taken out, and no note left.
 scene_empty() {
     open_menu
@@ -238,12 +258,9 @@ scene_empty() {
     open_menu
     around menu-empty-slots QuilloMenu 24 24 0 32
     leave_menu
-    wine "$exe" /close >/dev/null 2>&1 </dev/null
-    wine "$probe" gone 30 >/dev/null 2>&1 </dev/null || die "the program did not end"
+    end_program
     find "$WINEPREFIX/drive_c/users" -name '*.qln' -delete
-    setsid wine "$exe" >/dev/null 2>&1 </dev/null &
-    wine "$probe" wait 30 >/dev/null 2>&1 </dev/null || die "the program did not come up again"
-    settle
+    start_program
     open_menu
     point_at_item 150 90
     around menu-no-notes QuilloMenu 24 24 0 32
