@@ -12,7 +12,6 @@ enum class OptionsPage { Appearance, Shortcuts, Behavior, Help };
 inline constexpr std::size_t kOptionsPageCount = 4;
 inline constexpr std::u16string_view kOptionsCaption = u"Quillo options";
 inline constexpr std::u16string_view kOptionsTabs = u"Appearance|Shortcuts|Behavior|Help";
-inline constexpr std::u16string_view kOptionsFont = u"Tahoma";
 inline constexpr std::u16string_view kCloseButtonCaption = u"&Close";
 
 /// What is asked before Quillo no longer starts with Windows.

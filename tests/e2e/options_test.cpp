@@ -4,6 +4,7 @@
 #include "harness/e2e_test.h"
 #include "harness/main_menu.h"
 #include "harness/options_window.h"
+#include "harness/shell_recorder.h"
 #include "harness/window_text.h"
 
 namespace quillo::e2e {
@@ -257,6 +258,37 @@ TEST_F(OptionsTest, AFontIsChosenInTheSystemsDialog) {
     EXPECT_EQ(Profile().Text(L"Note font size"), L"14");
     EXPECT_EQ(Profile().Number(L"Note font style"), 0U);
     Quit();
+}
+
+TEST_F(OptionsTest, TheHelpPageNamesTheFolderOfNotesAndOpensTheHelp) {
+    const ShellRecorder reader(L".chm", Outside().Path());
+    if (!reader.IsInCharge()) GTEST_SKIP() << "another program is chosen for help files";
+    const OptionsWindow options = Open();
+    ASSERT_TRUE(options.ClickTab(OptionsPage::Help));
+    EXPECT_EQ(options.Text(C::NotesFolderPath), Profile().NotesFolder());
+    const auto isOpened = [&] { return reader.Opened().ends_with("Quillo.chm"); };
+    PressKey('H', {VK_MENU});
+    EXPECT_TRUE(Eventually(isOpened)) << "by its access key";
+    reader.Forget();
+    EXPECT_TRUE(Until(isOpened, [&] { options.Click(C::OpenHelpButton); }));
+    Quit();
+}
+
+TEST_F(OptionsTest, TheProgramEndsOutOfWhateverTheDialogAsks) {
+    struct Question {
+        OptionsPage page;
+        OptionControl button;
+    };
+    for (const Question& question :
+         {Question{OptionsPage::Appearance, C::BrowseFontButton}, Question{OptionsPage::Behavior, C::BrowseSoundButton},
+          Question{OptionsPage::Behavior, C::BrowseNoteFolderButton}}) {
+        const OptionsWindow options = Open();
+        ASSERT_TRUE(options.ClickTab(question.page));
+        (void)ClickFor(options, question.button);
+        EXPECT_EQ(RunToEnd(L"/close"), 0U);
+        EXPECT_EQ(Quillo().WaitForExit(), 0U) << "control " << static_cast<int>(question.button);
+        EXPECT_EQ(Quillo().Crash(), "");
+    }
 }
 
 TEST_F(OptionsTest, TheStartupWarningStandsAboveTheDialog) {
