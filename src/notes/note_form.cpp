@@ -24,8 +24,6 @@
 namespace quillo {
 namespace {
 
-enum ChildId : int { kMessageBoxId = 1, kCloseButtonId, kPushpinId, kMenuButtonId };
-
 /// How long after its last change a note is saved: long enough not to write at every key.
 constexpr UINT kSaveMilliseconds = 2000;
 constexpr int kBalloonSeconds = 10;
@@ -34,19 +32,12 @@ constexpr UINT kSettleMilliseconds = 10;
 /// The smallest size that the user can give a note, at 96 dpi: the buttons side by side over one line of text.
 constexpr Size kSmallestNote{80, 56};
 
-void MoveChild(HWND child, const Rect& place) {
-    if (child == nullptr) return;
-    SetWindowPos(child, nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 }  // namespace
 
 NoteForm::NoteForm(OpenNote& note, const NoteFormTools& tools)
     : note_(note),
       tools_(tools),
-      closeButton_(tools.images),
-      pushpin_(tools.images),
-      menuButton_(tools.images),
+      buttons_(tools.images),
       trayIcon_(tools.locale),
       settleTimer_([this] { Settle(); }),
       saveTimer_([this] {
@@ -116,10 +107,10 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_DPICHANGED:
             return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
         case WM_SETCURSOR:
-            OnSetCursor(reinterpret_cast<HWND>(wParam));
+            buttons_.PointerIsOver(reinterpret_cast<HWND>(wParam));
             return Default(message, wParam, lParam);
         case WM_NOTIFY:
-            return OnNotify(*reinterpret_cast<NMHDR*>(lParam)), 0;
+            return buttons_.Notify(*reinterpret_cast<NMHDR*>(lParam)), 0;
         case WM_ERASEBKGND:
             return 1;  // painted whole, off the screen
         case WM_PAINT:
@@ -152,7 +143,7 @@ void NoteForm::OnDestroy() {
     tools_.colorDialog.Forget(note_);
     ReleaseDropTarget();
     tools_.resForm.NoteClosing(note_.Data());
-    buttonTips_.Forget();
+    buttons_.Forget();
     messageBox_.Forget();
 }
 
@@ -168,23 +159,14 @@ void NoteForm::SetUpParts() {
     messageBox_.onAction = [this](NoteAction action) { Perform(action); };
     trayIcon_.onClick = [this] { note_.ShowFromIcon(); };
     trayIcon_.onRightClick = [this] { OpenIconMenu(); };
-    menuButton_.SetPicture(ButtonPicture::Menu);
-    menuButton_.SetMenuMode(true);
-    menuButton_.onMouseDown = [this] { OpenMenu(); };
-    pushpin_.SetPicture(ButtonPicture::Pushpin);
-    pushpin_.onClick = [this] { note_.TogglePin(); };
-    closeButton_.SetPicture(ButtonPicture::Close);
-    closeButton_.onClick = [this] { note_.CloseButtonClick(); };
-    closeButton_.onShiftClick = [this] { note_.QuickDelete(); };
+    buttons_.onAction = [this](NoteAction action) { Perform(action); };
+    buttons_.describe = [this] { return DescribeNoteButtons(note_.Data(), Text(), tools_.settings); };
 }
 
 void NoteForm::Settle() {
     settleTimer_.Stop();
-    if (menuButton_.Handle() != nullptr) return;
-    const NoteLayout layout = Layout();
-    menuButton_.Create(Handle(), kMenuButtonId, L"Note menu", layout.menuButton);
-    pushpin_.Create(Handle(), kPushpinId, L"Always on top", layout.pushpin);
-    closeButton_.Create(Handle(), kCloseButtonId, L"Close note", layout.closeButton);
+    if (buttons_.IsCreated()) return;
+    buttons_.Create(Handle(), Layout());
     UpdateDropTarget();
 }
 
@@ -264,7 +246,7 @@ void NoteForm::Activate() {
 
 void NoteForm::ShowPinned(bool pinned) {
     SetTopmost(Handle(), pinned);
-    pushpin_.SetPicture(pinned ? ButtonPicture::PushpinPressed : ButtonPicture::Pushpin);
+    buttons_.ShowPinned(pinned);
 }
 
 void NoteForm::SetOpacity(int alpha) {
@@ -337,7 +319,7 @@ void NoteForm::ApplyBarColors() {
     const bool flat = HighContrastIsOn() && !tools_.settings.highContrastOff;
     bar_ = DragBarColors(Resolve(noteColor_), Resolve(borderColor_), flat, active_);
     const ButtonTint tint{bar_.top, bar_.bottom, bar_.glyph, !active_};
-    for (NoteButton* button : {&menuButton_, &pushpin_, &closeButton_}) button->SetTint(tint, scale_);
+    buttons_.SetTint(tint, scale_);
 }
 
 void NoteForm::Repaint() {
@@ -392,17 +374,10 @@ void NoteForm::Perform(NoteAction action) {
 
 void NoteForm::OpenMenu() {
     Settle();  // a key may come before the buttons have windows
-    RECT button{};
-    GetWindowRect(menuButton_.Handle(), &button);
-    menuButton_.HoldDown(true);
-    buttonTips_.SetActive(false);
-    const NoteAction chosen = tools_.resForm.ShowArrowMenu(note_.Data(), Handle(), FromWin32(button));
+    buttons_.MenuOpens();
+    const NoteAction chosen = tools_.resForm.ShowArrowMenu(note_.Data(), Handle(), buttons_.MenuButtonPlace());
     if (Handle() == nullptr) return;  // the note has gone while its menu was open
-    menuButton_.HoldDown(false);
-    buttonTips_.SetActive(true);
-    // A press on the button closes the menu; it must not open the next one.
-    MSG press{};
-    PeekMessageW(&press, menuButton_.Handle(), WM_LBUTTONDOWN, WM_LBUTTONDOWN, PM_REMOVE);
+    buttons_.MenuHasClosed();
     Perform(chosen);
 }
 
@@ -454,7 +429,6 @@ void NoteForm::OnPlaceChanged(const WINDOWPOS& place) {
 
 void NoteForm::OnDpiChanged(int dpi, const RECT& suggested) {
     scale_ = Scale(dpi);
-    buttonTips_.Destroy();
     if (!placing_) Place(FromWin32(suggested), 0);
     ApplyFont();
     ApplyBarColors();
@@ -466,21 +440,6 @@ void NoteForm::OnSystemChanged() {
     background_.Reset(CreateSolidBrush(ToColorRef(noteColor_)));
     ApplyBarColors();
     Repaint();
-}
-
-void NoteForm::OnSetCursor(HWND child) {
-    if (buttonTips_.IsCreated() || child == Handle() || child == messageBox_.Handle()) return;
-    if (!buttonTips_.Create(Handle(), scale_)) return;
-    for (const NoteButton* button : {&menuButton_, &pushpin_, &closeButton_}) buttonTips_.Add(button->Handle());
-}
-
-void NoteForm::OnNotify(NMHDR& notification) {
-    if (notification.code != TTN_GETDISPINFOW) return;
-    const NoteButtonTips tips = DescribeNoteButtons(note_.Data(), Text(), tools_.settings);
-    const auto button = reinterpret_cast<HWND>(notification.idFrom);
-    buttonTips_.Answer(reinterpret_cast<NMTTDISPINFOW&>(notification), button == menuButton_.Handle() ? tips.menu
-                                                                       : button == pushpin_.Handle()  ? tips.pushpin
-                                                                                                      : tips.close);
 }
 
 NoteLayout NoteForm::Layout() const {
@@ -496,9 +455,7 @@ void NoteForm::LayOut() {
 void NoteForm::LayOutNow() {
     layoutDue_ = false;
     const NoteLayout layout = Layout();
-    MoveChild(menuButton_.Handle(), layout.menuButton);
-    MoveChild(pushpin_.Handle(), layout.pushpin);
-    MoveChild(closeButton_.Handle(), layout.closeButton);
+    buttons_.MoveTo(layout);
     MoveChild(messageBox_.Handle(), layout.messageBox);
     InvalidateRect(Handle(), nullptr, FALSE);
 }
@@ -516,11 +473,7 @@ void NoteForm::OnPaint() {
     PaintNote(canvas, size, scale_, NotePaint{Resolve(noteColor_), Resolve(borderColor_)}, label);
     const NoteLayout layout = Layout();
     canvas.Gradient(layout.dragBar, bar_.top, bar_.bottom);
-    if (menuButton_.Handle() == nullptr) {
-        menuButton_.PaintAtRest(buffer.Dc(), layout.menuButton);
-        pushpin_.PaintAtRest(buffer.Dc(), layout.pushpin);
-        closeButton_.PaintAtRest(buffer.Dc(), layout.closeButton);
-    }
+    if (!buttons_.IsCreated()) buttons_.PaintAtRest(buffer.Dc(), layout);
 }
 
 void NoteForm::SaveSoon() {

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "controls/note_button.h"
 #include "controls/tessel_tray_lite.h"
+#include "notes/note_button_bar.h"
 #include "notes/note_commands.h"
 #include "notes/note_drop_target.h"
 #include "notes/note_face.h"
@@ -11,7 +11,6 @@
 #include "notes/note_text_box.h"
 #include "notes/note_view.h"
 #include "notes/open_note.h"
-#include "platform/tool_tips.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
 #include "reminders/reminder_form.h"
@@ -94,9 +93,6 @@ class NoteForm : public Window, public NoteView {
     void OnPaint();
     void OnPlaceChanged(const WINDOWPOS& place);
     void OnSystemChanged();
-    /// The pointer moves over a child, which does not know it yet.
-    void OnSetCursor(HWND child);
-    void OnNotify(NMHDR& notification);
 
     void OpenMenu();
     void OpenIconMenu();
@@ -120,11 +116,8 @@ class NoteForm : public Window, public NoteView {
     NoteFormTools tools_;
     Scale scale_;
     NoteTextBox messageBox_;
-    NoteButton closeButton_;
-    NoteButton pushpin_;
-    NoteButton menuButton_;
+    NoteButtonBar buttons_;
     TesselTrayLite trayIcon_;
-    ToolTips buttonTips_;
     HFONT font_ = nullptr;  ///< borrowed from the shared fonts
     BrushHandle background_;
     DragBarPaint bar_;

@@ -1,5 +1,6 @@
 target_sources(quillo_shell PRIVATE
   notes/mail_form.cpp
+  notes/note_button_bar.cpp
   notes/note_color_form.cpp
   notes/note_drop_target.cpp
   notes/note_fonts.cpp

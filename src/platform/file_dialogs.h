@@ -12,7 +12,7 @@ struct FileDialogPlan {
     std::u16string_view title;
     std::u16string_view filter;  ///< captions and patterns in turn, with "|" between them
     std::u16string_view defaultExtension;
-    DWORD flags = 0;                ///< OFN_...
+    DWORD flags = 0;               ///< OFN_...
     std::u16string_view folder{};  ///< where the dialog starts; "" leaves that to the system
 };
 

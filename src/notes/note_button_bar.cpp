@@ -1,0 +1,90 @@
+#include "notes/note_button_bar.h"
+
+#include "platform/gdi_scope.h"
+
+namespace quillo {
+
+NoteButtonBar::NoteButtonBar(NoteButtonImages& images) : close_(images), pushpin_(images), menu_(images) {
+    menu_.SetPicture(ButtonPicture::Menu);
+    menu_.SetMenuMode(true);
+    menu_.onMouseDown = [this] { onAction(NoteAction::OpenMenu); };
+    pushpin_.SetPicture(ButtonPicture::Pushpin);
+    pushpin_.onClick = [this] { onAction(NoteAction::TogglePin); };
+    close_.SetPicture(ButtonPicture::Close);
+    close_.onClick = [this] { onAction(NoteAction::ClickClose); };
+    close_.onShiftClick = [this] { onAction(NoteAction::QuickDelete); };
+}
+
+void NoteButtonBar::Create(HWND note, const NoteLayout& layout) {
+    if (IsCreated()) return;
+    menu_.Create(note, kMenuButtonId, L"Note menu", layout.menuButton);
+    pushpin_.Create(note, kPushpinId, L"Always on top", layout.pushpin);
+    close_.Create(note, kCloseButtonId, L"Close note", layout.closeButton);
+}
+
+void NoteButtonBar::PaintAtRest(HDC dc, const NoteLayout& layout) {
+    menu_.PaintAtRest(dc, layout.menuButton);
+    pushpin_.PaintAtRest(dc, layout.pushpin);
+    close_.PaintAtRest(dc, layout.closeButton);
+}
+
+void NoteButtonBar::MoveTo(const NoteLayout& layout) {
+    MoveChild(menu_.Handle(), layout.menuButton);
+    MoveChild(pushpin_.Handle(), layout.pushpin);
+    MoveChild(close_.Handle(), layout.closeButton);
+}
+
+void NoteButtonBar::SetTint(const ButtonTint& tint, const Scale& scale) {
+    if (scale.Dpi() != scale_.Dpi()) tips_.Destroy();
+    scale_ = scale;
+    for (NoteButton* button : {&menu_, &pushpin_, &close_}) button->SetTint(tint, scale);
+}
+
+void NoteButtonBar::ShowPinned(bool pinned) {
+    pushpin_.SetPicture(pinned ? ButtonPicture::PushpinPressed : ButtonPicture::Pushpin);
+}
+
+Rect NoteButtonBar::MenuButtonPlace() const {
+    RECT place{};
+    GetWindowRect(menu_.Handle(), &place);
+    return FromWin32(place);
+}
+
+void NoteButtonBar::MenuOpens() {
+    menu_.HoldDown(true);
+    tips_.SetActive(false);
+}
+
+void NoteButtonBar::MenuHasClosed() {
+    menu_.HoldDown(false);
+    tips_.SetActive(true);
+    // A press on the button closes the menu; it must not open the next one.
+    MSG press{};
+    PeekMessageW(&press, menu_.Handle(), WM_LBUTTONDOWN, WM_LBUTTONDOWN, PM_REMOVE);
+}
+
+void NoteButtonBar::PointerIsOver(HWND child) {
+    if (tips_.IsCreated()) return;
+    for (const NoteButton* button : {&menu_, &pushpin_, &close_}) {
+        if (child != button->Handle()) continue;
+        if (!tips_.Create(GetParent(child), scale_)) return;
+        for (const NoteButton* tool : {&menu_, &pushpin_, &close_}) tips_.Add(tool->Handle());
+        return;
+    }
+}
+
+void NoteButtonBar::Notify(NMHDR& notification) {
+    if (notification.code != TTN_GETDISPINFOW) return;
+    const NoteButtonTips texts = describe();
+    const auto button = reinterpret_cast<HWND>(notification.idFrom);
+    tips_.Answer(reinterpret_cast<NMTTDISPINFOW&>(notification), button == menu_.Handle()      ? texts.menu
+                                                                 : button == pushpin_.Handle() ? texts.pushpin
+                                                                                               : texts.close);
+}
+
+void MoveChild(HWND child, const Rect& place) {
+    if (child == nullptr) return;
+    SetWindowPos(child, nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace quillo
