@@ -20,7 +20,14 @@ faces=$win_build/tests/menu_faces.exe
 work=$(mktemp -d "${TMPDIR:-/tmp}/quillo-shots.XXXXXX")
 # shellcheck disable=SC2317  # called by the trap
 clean_up() {
-    demo /close >/dev/null 2>&1 || true
+    local profile
+    profile=$(value_of "$work/quillo/demo.state" profile)
+    if ! demo /close >/dev/null 2>&1 && [[ -n $profile ]]; then
+        # A menu may stand open: nothing is lost with this profile.
+        WINEPREFIX=$profile/wine timeout 60 wineserver -k >/dev/null 2>&1 || true
+        stop_desktop "$work/quillo/demo-desktop.state"
+        rm -rf "$profile"
+    fi
     rm -rf "$work"
 }
 trap clean_up EXIT
