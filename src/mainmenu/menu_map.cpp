@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 
 namespace quillo {
 namespace {
@@ -28,17 +29,29 @@ Point MiddleOf(MenuItem item) {
     return Point{area.left + area.width / 2, area.top + area.height / 2};
 }
 
-/// How far `to` lies in the direction of the move, as a walker sees it: ahead counts once, aside twice. Below 1 when
-/// it is not ahead.
-int Distance(MenuItem from, MenuItem to, MenuMove move) {
+/// Whether two areas stand in one row, or in one column.
+bool ShareALine(const Rect& a, const Rect& b, bool row) {
+    return row ? a.top < b.Bottom() && b.top < a.Bottom() : a.left < b.Right() && b.left < a.Right();
+}
+
+/// How far `to` lies in the direction of the move: the gap between the two areas and how far the middles are off the
+/// straight way; nothing when it is not ahead. Items in each other's row (or column) come before those that lie aslant.
+std::optional<int> Distance(MenuItem from, MenuItem to, MenuMove move) {
     const Point a = MiddleOf(from);
     const Point b = MiddleOf(to);
-    const int dx = b.x - a.x;
-    const int dy = b.y - a.y;
     const bool sideways = move == MenuMove::Left || move == MenuMove::Right;
-    const int ahead = move == MenuMove::Left ? -dx : move == MenuMove::Right ? dx : move == MenuMove::Up ? -dy : dy;
-    if (ahead <= 0) return 0;
-    return ahead + 2 * std::abs(sideways ? dy : dx);
+    const bool backwards = move == MenuMove::Left || move == MenuMove::Up;
+    const int along = sideways ? b.x - a.x : b.y - a.y;
+    const int ahead = backwards ? -along : along;
+    const int aside = std::abs(sideways ? b.y - a.y : b.x - a.x);
+    if (ahead <= 0) return std::nullopt;
+    const Rect start = HighlightRect(from);
+    const Rect end = HighlightRect(to);
+    const int reach = sideways ? (start.width + end.width) / 2 : (start.height + end.height) / 2;
+    const int distance = std::max(ahead - reach, 0) + aside;
+    constexpr int kAslant = 10'000;
+    if (ShareALine(start, end, sideways)) return distance;
+    return aside <= ahead ? std::optional<int>(kAslant + distance) : std::nullopt;
 }
 
 MenuItem Step(MenuItem from, int step, const MenuState& state) {
@@ -110,10 +123,10 @@ MenuItem MoveInMenu(MenuItem from, MenuMove move, const MenuState& state) {
     if (move == MenuMove::Previous) return Step(from, -1, state);
     if (move == MenuMove::Next || from == MenuItem::None) return Step(from, 1, state);
     MenuItem nearest = from;
-    int least = 0;
+    std::optional<int> least;
     for (const MenuItem item : MenuOrder()) {
-        const int distance = IsEnabled(item, state) ? Distance(from, item, move) : 0;
-        if (distance <= 0 || (least > 0 && distance >= least)) continue;
+        const std::optional<int> distance = IsEnabled(item, state) ? Distance(from, item, move) : std::nullopt;
+        if (!distance || (least && *distance >= *least)) continue;
         least = distance;
         nearest = item;
     }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <new>
 
 #include "app/note_identifier.h"
@@ -47,6 +48,34 @@ TEST_F(OpenNotesTest, ANoteThatLeavesDuringAWalkIsSkippedAndLivesOn) {
     EXPECT_FALSE(notes_.IsOpen(u"B"));
     notes_.ReleaseRemoved();
     EXPECT_EQ(Visited(), u"C");
+}
+
+TEST_F(OpenNotesTest, SurfacingPopsUpEveryNoteInOrderAndTheLastEndsInFront) {
+    for (const char16_t key : {u'A', u'B', u'C'}) {
+        Add(std::u16string(1, key)).Popup();
+    }
+    notes_.Find(u"B")->MinimizeByUser();
+    notes_.Find(u"C")->HideByUser();
+    for (std::size_t i = 0; i < 3; ++i) (void)test_.views.View(i).TakeCalls();
+    SurfaceAllNotes(notes_);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_TRUE(test_.views.View(i).IsVisible());
+        EXPECT_FALSE(test_.views.View(i).IsIconShowing());
+        const auto calls = test_.views.View(i).TakeCalls();
+        EXPECT_NE(std::find(calls.begin(), calls.end(), "BringToFront"), calls.end());
+    }
+    EXPECT_TRUE(notes_.Find(u"C")->Data().Changed) << "that it shows is saved";
+    EXPECT_FALSE(notes_.Find(u"A")->Data().Changed);
+}
+
+TEST_F(OpenNotesTest, ATaskBarMadeAnewGetsTheIconsOfMinimisedNotesBack) {
+    Add(u"A").Popup();
+    Add(u"B").Popup();
+    notes_.Find(u"B")->MinimizeByUser();
+    for (std::size_t i = 0; i < 2; ++i) (void)test_.views.View(i).TakeCalls();
+    RecreateNoteIcons(notes_);
+    EXPECT_TRUE(test_.views.View(0).TakeCalls().empty());
+    EXPECT_EQ(test_.views.View(1).TakeCalls(), std::vector<std::string>{"RecreateIcon"});
 }
 
 TEST_F(OpenNotesTest, ANoteThatComesDuringAWalkIsNotVisited) {

@@ -1,0 +1,141 @@
+#include "mainmenu/menu_shortcuts.h"
+
+#include <gtest/gtest.h>
+
+#include "testing/fake_shell.h"
+
+namespace quillo {
+namespace {
+
+using Texts = std::vector<std::u16string>;
+
+TEST(MenuShortcuts, ADropGoesIntoTheSlotOfItsColumn) {
+    struct Case {
+        double x;
+        std::optional<int> slot;
+    };
+    const Case cases[] = {
+        {0, std::nullopt},
+        {49, std::nullopt},
+        {50, std::nullopt},
+        {99, std::nullopt},
+        {99.75, std::nullopt},  // a drop left of the slots does nothing
+        {100, 1},
+        {149, 1},
+        {150, 2},
+        {175, 2},
+        {199, 2},
+        {200, 3},
+        {249, 3},
+        {250, 4},
+        {299, 4},
+        {299.5, 4},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(SlotOfDrop({c.x, 150}, 1), c.slot) << c.x;
+        EXPECT_EQ(OffersDrop({c.x, 150}, 1), c.slot.has_value()) << c.x;
+    }
+}
+
+// Intended: where a drag is offered a copy and where a drop is taken differ by ten pixels.
+TEST(MenuShortcuts, ADragIsOfferedACopyFrom120OnADropIsTakenFrom110On) {
+    struct Case {
+        double y;
+        bool offered;
+        bool taken;
+    };
+    const Case cases[] = {{109, false, false},   {109.75, false, false}, {110, false, true}, {119, false, true},
+                          {119.75, false, true}, {120, true, true},      {179, true, true}};
+    for (const Case& c : cases) {
+        EXPECT_EQ(OffersDrop({175, c.y}, 1), c.offered) << c.y;
+        EXPECT_EQ(SlotOfDrop({175, c.y}, 1).has_value(), c.taken) << c.y;
+    }
+}
+
+TEST(MenuShortcuts, OnlyASingleFileIsTaken) {
+    for (const int count : {0, 2, 50}) {
+        EXPECT_FALSE(OffersDrop({175, 150}, count));
+        EXPECT_FALSE(SlotOfDrop({175, 150}, count));
+    }
+}
+
+TEST(MenuShortcuts, LargerShellIconsMoveUpAndLeftByHalfOfTheirSurplus) {
+    struct Case {
+        int size;
+        int offset;
+    };
+    const Case cases[] = {{16, -8}, {24, -4}, {31, 0}, {32, 0}, {33, 0}, {34, 1}, {40, 4}, {48, 8}, {64, 8}, {256, 8}};
+    for (const Case& c : cases) EXPECT_EQ(IconOffset(c.size), c.offset) << c.size;
+}
+
+TEST(MenuShortcuts, IconsStandInTheirColumns) {
+    EXPECT_EQ(IconPlace(1, 32), (Point{109, 132}));
+    EXPECT_EQ(IconPlace(2, 32), (Point{159, 132}));
+    EXPECT_EQ(IconPlace(3, 32), (Point{209, 132}));
+    EXPECT_EQ(IconPlace(4, 32), (Point{259, 132}));
+    EXPECT_EQ(IconPlace(2, 48), (Point{151, 124}));
+    EXPECT_EQ(IconPlace(1, 16), (Point{117, 140}));
+}
+
+TEST(MenuShortcuts, TheShellsIconSizeIs32WhenNothingOfUseIsStored) {
+    for (const auto* stored : {u"", u"large", u"0", u"-16", u"100000"}) EXPECT_EQ(ShellIconSize(stored), 32);
+    EXPECT_EQ(ShellIconSize(u"48"), 48);
+    EXPECT_EQ(ShellIconSize(u"40"), 40);
+}
+
+TEST(MenuShortcuts, AShortcutIsAPathOrAQuotedPathWithArguments) {
+    struct Case {
+        std::u16string_view shortcut;
+        ShortcutParts parts;
+    };
+    const Case cases[] = {
+        {u"", {u"", u""}},
+        {u"C:\\Program Files\\a b.exe", {u"C:\\Program Files\\a b.exe", u""}},
+        {u" C:\\a.exe ", {u"C:\\a.exe", u""}},
+        {u"\"C:\\a b.exe\"", {u"C:\\a b.exe", u""}},
+        {u"\"C:\\a b.exe\" /x \"c d\" ", {u"C:\\a b.exe", u"/x \"c d\""}},
+        {u"\"C:\\a b.exe\"/x", {u"C:\\a b.exe", u"/x"}},
+        {u"\"C:\\a b.exe", {u"C:\\a b.exe", u""}},
+        {u"\"", {u"", u""}},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(SplitShortcut(c.shortcut), c.parts) << testing::PrintToString(std::u16string(c.shortcut));
+    }
+}
+
+TEST(MenuShortcuts, AProgramIsCalledByItsFileName) {
+    EXPECT_EQ(ShortcutName(u"C:\\Windows\\Notepad.exe"), u"Notepad");
+    EXPECT_EQ(ShortcutName(u"\"C:\\a b\\c d.exe\" /x"), u"c d");
+    EXPECT_EQ(ShortcutName(u"C:\\Users\\ann\\"), u"ann");
+    EXPECT_EQ(ShortcutName(u""), u"");
+}
+
+TEST(MenuShortcuts, AProgramIsStarted) {
+    FakeShell shell;
+    RunShortcut(u"\"C:\\a b.exe\" /x", shell);
+    RunShortcut(u"C:\\c.exe", shell);
+    EXPECT_EQ(shell.started, (Texts{u"C:\\a b.exe /x", u"C:\\c.exe"}));
+    EXPECT_TRUE(shell.opened.empty());
+}
+
+TEST(MenuShortcuts, WhatDoesNotStartIsOpenedByTheShell) {
+    FakeShell shell;
+    shell.startWorks = false;
+    RunShortcut(u"C:\\Users\\ann\\List.doc", shell);
+    RunShortcut(u"\"C:\\Admin.exe\" /x", shell);
+    EXPECT_EQ(shell.opened, (Texts{u"C:\\Users\\ann\\List.doc", u"C:\\Admin.exe /x"}));
+    shell.openWorks = false;
+    RunShortcut(u"C:\\gone.exe", shell);
+    EXPECT_EQ(shell.opened.back(), u"C:\\gone.exe") << "and nothing is said";
+}
+
+TEST(MenuShortcuts, AnEmptySlotRunsNothing) {
+    FakeShell shell;
+    RunShortcut(u"", shell);
+    RunShortcut(u"  ", shell);
+    EXPECT_TRUE(shell.started.empty());
+    EXPECT_TRUE(shell.opened.empty());
+}
+
+}  // namespace
+}  // namespace quillo
