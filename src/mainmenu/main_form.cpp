@@ -11,6 +11,7 @@
 #include "mainmenu/menu_drop_target.h"
 #include "mainmenu/menu_shortcuts.h"
 #include "mainmenu/menu_slide.h"
+#include "platform/animation.h"
 #include "platform/dpi.h"
 #include "platform/gdi_scope.h"
 #include "platform/late_library.h"
@@ -32,40 +33,13 @@ constexpr BYTE kOpaque = 255;
 enum HotKeyId : int { kNewNoteHotKey = 1, kShowNotesHotKey = 2 };
 constexpr UINT kWindowsKey = 8;
 
-bool SystemAnimates() {
-    BOOL animates = TRUE;
-    SystemParametersInfoW(SPI_GETCLIENTAREAANIMATION, 0, &animates, 0);
-    return animates != FALSE;
+/// From a screen reader, with the item: choosing it inside its call could keep it waiting for a dialog.
+constexpr UINT kChooseMessage = WM_APP;
+
+/// The parts that a screen reader knows are the items in their order, from 1.
+MenuItem ItemOfPart(int part) {
+    return MenuOrder().at(static_cast<std::size_t>(part) - 1);
 }
-
-bool IsRemoteSession() {
-    return GetSystemMetrics(SM_REMOTESESSION) != 0;
-}
-
-/// The system's clock ticks as often as a frame needs it, for a scope; it would wait twice as long otherwise.
-class FineClockScope {
-  public:
-    FineClockScope() : begun_(Begin().Get() != nullptr && Begin().Get()(kMillisecond) == 0) {}
-    FineClockScope(const FineClockScope&) = delete;
-    FineClockScope& operator=(const FineClockScope&) = delete;
-    ~FineClockScope() {
-        if (begun_ && End().Get() != nullptr) End().Get()(kMillisecond);
-    }
-
-  private:
-    using PeriodFunction = LateFunction<UINT WINAPI(UINT)>;
-    static constexpr UINT kMillisecond = 1;
-    static PeriodFunction& Begin() {
-        static PeriodFunction begin(L"winmm.dll", "timeBeginPeriod");
-        return begin;
-    }
-    static PeriodFunction& End() {
-        static PeriodFunction end(L"winmm.dll", "timeEndPeriod");
-        return end;
-    }
-
-    bool begun_;
-};
 
 }  // namespace
 
@@ -152,6 +126,10 @@ LRESULT MainForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return OnButtonUp(PointFromLParam(lParam), false), 0;
         case WM_RBUTTONUP:
             return OnButtonUp(PointFromLParam(lParam), true), 0;
+        case kChooseMessage:
+            return Choose(static_cast<MenuItem>(wParam), false), 0;
+        case WM_GETOBJECT:
+            return accessible_.Answer(Handle(), wParam, lParam);
         case WM_KEYDOWN:
             return OnKeyDown(static_cast<int>(wParam)), 0;
         case WM_DPICHANGED:
@@ -295,11 +273,16 @@ void MainForm::Hover(MenuItem item) {
     RepaintItem(hovered_);
     hovered_ = item;
     RepaintItem(hovered_);
+    if (item != MenuItem::None) NotifyWinEvent(EVENT_OBJECT_FOCUS, Handle(), OBJID_CLIENT, FocusedPart());
+}
+
+RECT MainForm::DevicePlace(MenuItem item) const {
+    const Rect area = HighlightRect(item);
+    return RECT{scale_.Px(area.left), scale_.Px(area.top), scale_.Px(area.Right()), scale_.Px(area.Bottom())};
 }
 
 void MainForm::RepaintItem(MenuItem item) {
-    const Rect area = HighlightRect(item);
-    const RECT place{scale_.Px(area.left), scale_.Px(area.top), scale_.Px(area.Right()), scale_.Px(area.Bottom())};
+    const RECT place = DevicePlace(item);
     InvalidateRect(Handle(), &place, FALSE);
 }
 
@@ -324,6 +307,8 @@ void MainForm::OnButtonDown(Point at) {
 }
 
 void MainForm::OnButtonUp(Point at, bool right) {
+    // A button that went down elsewhere, on the icon or to drag something here, chooses nothing.
+    if (GetCapture() != Handle()) return;
     ReleaseCapture();
     Hover(MenuItemAt(ToDesign(at), State()));
     Choose(hovered_, right);
@@ -387,6 +372,39 @@ void MainForm::Perform(MenuItem item) {
             RunShortcut(tools_.program.settings.shortcuts.at(static_cast<std::size_t>(ShortcutNumber(item)) - 1),
                         tools_.shell);
     }
+}
+
+// For screen readers.
+
+AccessiblePart MainForm::Describe(int part) const {
+    AccessiblePart described;
+    described.role = part == CHILDID_SELF ? ROLE_SYSTEM_MENUPOPUP : ROLE_SYSTEM_MENUITEM;
+    if (part == CHILDID_SELF) return described;
+    const MenuItem item = ItemOfPart(part);
+    described.name = MenuItemName(item, tools_.program.settings.shortcuts);
+    if (IsEnabled(item, State())) {
+        described.state = STATE_SYSTEM_FOCUSABLE | (item == hovered_ ? STATE_SYSTEM_HOTTRACKED : 0);
+        described.action = u"Execute";
+    } else {
+        described.state = STATE_SYSTEM_UNAVAILABLE;
+    }
+    described.place = FromWin32(DevicePlace(item));
+    return described;
+}
+
+int MainForm::PartCount() const {
+    return static_cast<int>(MenuOrder().size());
+}
+
+int MainForm::FocusedPart() const {
+    const auto& order = MenuOrder();
+    const auto found = std::find(order.begin(), order.end(), hovered_);
+    return found != order.end() ? static_cast<int>(found - order.begin()) + 1 : CHILDID_SELF;
+}
+
+void MainForm::Activate(int part) {
+    const MenuItem item = ItemOfPart(part);
+    if (IsEnabled(item, State())) PostMessageW(Handle(), kChooseMessage, static_cast<WPARAM>(item), 0);
 }
 
 // Coming and going.

@@ -8,6 +8,7 @@
 #include "mainmenu/menu_map.h"
 #include "mainmenu/menu_picture.h"
 #include "mainmenu/options_controller.h"
+#include "platform/accessible.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
 #include "ports/user_notice.h"
@@ -39,7 +40,7 @@ struct MainFormTools {
 
 /// The program's hidden main window: its icon beside the clock, the menu that slides up from there, the hotkeys, the
 /// backup timer, and the system's word of the session and the task bar.
-class MainForm : public Window, public OptionsOwner {
+class MainForm : public Window, public OptionsOwner, private AccessibleSource {
   public:
     explicit MainForm(const MainFormTools& tools, UINT backupInterval = kBackupInterval);
     ~MainForm() override { Unload(); }
@@ -82,6 +83,12 @@ class MainForm : public Window, public OptionsOwner {
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    // AccessibleSource; the parts are the items.
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
+    [[nodiscard]] int PartCount() const override;
+    [[nodiscard]] int FocusedPart() const override;
+    void Activate(int part) override;
+
     void OnDestroy();
     void OnHotKey(int id) const;
     void OnSessionChange(WPARAM code) const;
@@ -105,6 +112,8 @@ class MainForm : public Window, public OptionsOwner {
     [[nodiscard]] MenuPoint ToDesign(Point at) const;
     [[nodiscard]] MenuPoint ScreenToDesign(Point at) const;
     void Hover(MenuItem item);
+    /// Where an item is in the window, in its own pixels.
+    [[nodiscard]] RECT DevicePlace(MenuItem item) const;
     void RepaintItem(MenuItem item);
     void Choose(MenuItem item, bool rightButton);
     void Perform(MenuItem item);
@@ -121,6 +130,7 @@ class MainForm : public Window, public OptionsOwner {
     TesselTrayLite trayIcon_;
     UiTimer backupTimer_;
     MenuPicture picture_;
+    AccessibleLink accessible_{*this};
     Scale scale_;
     Rect place_;  ///< where the menu stands when it is all there, in screen pixels
     MenuItem hovered_ = MenuItem::None;

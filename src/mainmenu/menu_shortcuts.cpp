@@ -62,6 +62,29 @@ std::u16string ShortcutName(std::u16string_view shortcut) {
     return std::u16string(NameWithoutExtension(FileNameOfPath(file)));
 }
 
+std::u16string MenuItemName(MenuItem item, const std::array<std::u16string, kMenuSlots>& shortcuts) {
+    switch (item) {
+        case MenuItem::None:
+            return {};
+        case MenuItem::Close:
+            return u"Close menu";
+        case MenuItem::NewNote:
+            return u"New note";
+        case MenuItem::ShowAllNotes:
+            return u"Show all notes";
+        case MenuItem::Options:
+            return u"Options";
+        case MenuItem::About:
+            return u"About Quillo";
+        default:
+            break;
+    }
+    const int number = ShortcutNumber(item);
+    const std::u16string& shortcut = shortcuts.at(static_cast<std::size_t>(number) - 1);
+    if (shortcut.empty()) return u"Program shortcut " + FormatInteger(number) + u", empty";
+    return ShortcutName(shortcut);
+}
+
 void RunShortcut(std::u16string_view shortcut, Shell& shell) {
     const ShortcutParts parts = SplitShortcut(shortcut);
     if (parts.file.empty() || shell.Start(parts.file, parts.arguments)) return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,6 +39,9 @@ struct ShortcutParts {
 [[nodiscard]] ShortcutParts SplitShortcut(std::u16string_view shortcut);
 /// What a person calls the program: the file's name without its folder and extension; "" for an empty slot.
 [[nodiscard]] std::u16string ShortcutName(std::u16string_view shortcut);
+
+/// What a screen reader says of an item, the slots' after their programs.
+[[nodiscard]] std::u16string MenuItemName(MenuItem item, const std::array<std::u16string, kMenuSlots>& shortcuts);
 
 /// Starts the program; what is none (a document, a folder, a link) or cannot be started is given to the shell to open.
 /// When that fails too, nothing happens.

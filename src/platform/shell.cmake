@@ -1,5 +1,6 @@
 target_sources(quillo_shell PRIVATE
   platform/accessible.cpp
+  platform/animation.cpp
   platform/dialog_parts.cpp
   platform/dialog_window.cpp
   platform/dib.cpp

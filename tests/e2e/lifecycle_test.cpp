@@ -1,4 +1,5 @@
 #include "harness/e2e_test.h"
+#include "harness/tray.h"
 
 // After windows.h.
 #include <shellapi.h>
@@ -104,6 +105,9 @@ TEST_F(Lifecycle, ANoteWithAReminderIsHiddenInsteadOfClosed) {
     EXPECT_TRUE(Until([&] { return !note.IsVisible(); }, [&] { note.ClickButton(NoteButtonId::Close); }));
     EXPECT_TRUE(note.Exists());
     EXPECT_TRUE(Eventually([&] { return Quillo().HasShownBalloon(); }));
+    if (HasBareTaskBar()) {
+        EXPECT_TRUE(Eventually([&] { return IsToolTipStanding(LastBalloon(Quillo().Pid())); }));
+    }
     EXPECT_TRUE(FilesIn(Outside().Path()).empty());
     Quit();
     file.appearance = "False,False,14155262,3723262,0,1";

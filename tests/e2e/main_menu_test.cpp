@@ -1,17 +1,31 @@
+#include <algorithm>
+
+#include "harness/drag_source.h"
 #include "harness/e2e_test.h"
 #include "harness/main_menu.h"
 #include "harness/screen.h"
 #include "harness/tray.h"
 
+// After windows.h.
+#include <shellapi.h>
+
 namespace quillo::e2e {
 namespace {
 
+constexpr UINT kLeftUp = 514;
+
+/// The icon beside the clock and the menu behind it. What only the forms behind "options" and "about" can show is
+/// tested with them; the backup timer's five minutes are not waited for here.
 class MainMenuTest : public OrdinaryTest {
   protected:
     [[nodiscard]] MainMenu Menu() { return MainMenu(Quillo().Pid()); }
+    [[nodiscard]] bool NotesBecome(std::size_t count) {
+        return Eventually([&] { return VisibleNotes(Quillo()) == count; });
+    }
 };
 
-TEST_F(MainMenuTest, AClickOnTheIconOpensTheMenuInTheCornerAndEscClosesIt) {
+TEST_F(MainMenuTest, AClickOnTheIconOpensItInTheCornerHoveringHighlightsAndEscClosesIt) {
+    Profile().AddNote(L"note.qln", NoteFile{"Milk"}.Bytes());
     Start();
     EXPECT_FALSE(Menu().IsShowing());
     ASSERT_TRUE(Menu().Open());
@@ -20,9 +34,185 @@ TEST_F(MainMenuTest, AClickOnTheIconOpensTheMenuInTheCornerAndEscClosesIt) {
     const POINT corner = Menu().OnScreen(300, 180);
     EXPECT_EQ(corner.x, area.right);
     EXPECT_EQ(corner.y, area.bottom);
+
+    for (const MenuItem item : {MenuItem::NewNote, MenuItem::ShowAllNotes, MenuItem::Options, MenuItem::About,
+                                MenuItem::Close, MenuItem::Shortcut1}) {
+        MoveMouse(Menu().MiddleOf(MenuItem::None));
+        const auto itemAtRest = Menu().Look(item);
+        EXPECT_TRUE(Until([&] { return Menu().Look(item) != itemAtRest; }, [&] { MoveMouse(Menu().MiddleOf(item)); }))
+            << static_cast<int>(item);
+        EXPECT_TRUE(
+            Until([&] { return Menu().Look(item) == itemAtRest; }, [&] { MoveMouse(Menu().MiddleOf(MenuItem::None)); }))
+            << static_cast<int>(item);
+    }
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(Menu().WaitUntilGone());
-    EXPECT_TRUE(Quillo().WaitUntilReady());
+}
+
+TEST_F(MainMenuTest, NewNoteAndShowAllNotesDoWhatTheySayAndTheCrossOnlyCloses) {
+    NoteFile hidden{"Hidden"};
+    hidden.appearance = "False,False,14155262,3723262,0,1";
+    Profile().AddNote(L"hidden.qln", hidden.Bytes());
+    Start();
+    EXPECT_EQ(VisibleNotes(Quillo()), 0U);
+    ASSERT_TRUE(Menu().Open());
+    EXPECT_TRUE(Menu().Choose(MenuItem::Close));
+    EXPECT_EQ(VisibleNotes(Quillo()), 0U);
+
+    ASSERT_TRUE(Menu().Open());
+    EXPECT_TRUE(Menu().Choose(MenuItem::ShowAllNotes));
+    EXPECT_TRUE(NotesBecome(1));
+    EXPECT_TRUE(FindNote(Quillo(), L"Hidden").IsVisible());
+
+    ASSERT_TRUE(Menu().Open());
+    EXPECT_TRUE(Menu().Choose(MenuItem::NewNote));
+    EXPECT_TRUE(NotesBecome(2));
+    const NoteWindow fresh = FindNote(Quillo(), L"");
+    EXPECT_TRUE(Eventually([&] { return fresh.HasKeyboard(); }));
+    TypeText(L"Bread");
+    EXPECT_TRUE(Eventually([&] { return fresh.Text() == L"Bread"; }));
+}
+
+TEST_F(MainMenuTest, WithoutNotesShowAllNotesLooksDisabledAndOnlyCloses) {
+    Start();
+    ASSERT_TRUE(Menu().Open());
+    const auto disabled = Menu().Look(MenuItem::ShowAllNotes);
+    MoveMouse(Menu().MiddleOf(MenuItem::ShowAllNotes));
+    MoveMouse(Menu().MiddleOf(MenuItem::Options));  // which shows that the move before it has been dealt with
+    const auto options = Menu().Look(MenuItem::Options);
+    EXPECT_EQ(Menu().Look(MenuItem::ShowAllNotes), disabled);
+    EXPECT_TRUE(Menu().Choose(MenuItem::ShowAllNotes));
+    EXPECT_EQ(RunToEnd(L"/new"), 0U);
+    ASSERT_TRUE(NotesBecome(1));
+    ASSERT_TRUE(Menu().Open());
+    EXPECT_TRUE(Eventually([&] { return Menu().Look(MenuItem::ShowAllNotes) != disabled; }));
+}
+
+TEST_F(MainMenuTest, ASecondClickOnTheIconMakesANoteAndTheKeyboardServesTheMenu) {
+    Start();
+    ASSERT_TRUE(Menu().Open());
+    Menu().SendToIcon(kLeftUp);  // the menu may stand above the icon
+    EXPECT_TRUE(NotesBecome(1));
+    EXPECT_TRUE(Menu().WaitUntilGone());
+
+    ASSERT_TRUE(Menu().Open());
+    const auto atRest = Menu().Look(MenuItem::NewNote);
+    PressKey(VK_DOWN);
+    EXPECT_TRUE(Eventually([&] { return Menu().Look(MenuItem::NewNote) != atRest; })) << "the focus shows";
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(NotesBecome(2));
+    EXPECT_TRUE(Menu().WaitUntilGone());
+}
+
+TEST_F(MainMenuTest, ARightClickOnTheIconSurfacesTheNotes) {
+    NoteFile hidden{"Hidden"};
+    hidden.appearance = "False,False,14155262,3723262,0,1";
+    Profile().AddNote(L"hidden.qln", hidden.Bytes());
+    Start();
+    const auto icon = FindTrayIcon(Quillo().Pid(), L"Quillo");
+    ASSERT_TRUE(icon);
+    EXPECT_TRUE(Until([&] { return VisibleNotes(Quillo()) == 1; }, [&] { RightClickMouse(*icon); }));
+    EXPECT_FALSE(Menu().IsShowing());
+}
+
+TEST_F(MainMenuTest, TheRightButtonOnTheCrossSavesEverythingAndEndsTheProgram) {
+    Profile().SetNumber(L"Startup mode", 1);
+    const std::wstring path = Profile().AddNote(L"note.qln", NoteFile{"Milk"}.Bytes());
+    Start();
+    const NoteWindow note = FindNote(Quillo(), L"Milk");
+    ASSERT_TRUE(note.TakeKeyboard());
+    TypeText(L"!");
+    ASSERT_TRUE(Eventually([&] { return note.Text() == L"Milk!"; }));
+    ASSERT_TRUE(Menu().Open());
+    EXPECT_TRUE(
+        Until([&] { return !Quillo().IsRunning(); }, [&] { RightClickMouse(Menu().MiddleOf(MenuItem::Close)); }));
+    EXPECT_EQ(Quillo().WaitForExit(), 0U);
+    EXPECT_EQ(ReadBytes(path), NoteFile{"Milk!"}.Bytes());
+    EXPECT_TRUE(Profile().RunValue()) << "a note is open: it comes back with the session";
+}
+
+TEST_F(MainMenuTest, AFileDroppedOnEachSlotIsStoredAndItsIconStandsInThatColumn) {
+    for (const wchar_t* name : {L"Shortcut 1", L"Shortcut 2", L"Shortcut 3", L"Shortcut 4"}) {
+        // The picture of a drive to begin with: a text's is another, on every system.
+        Profile().SetText(name, L"C:\\");
+    }
+    const std::wstring path = Outside() / L"some text.txt";
+    WriteBytes(path, "");
+    Start();
+    ASSERT_TRUE(Menu().Open());
+    for (int slot = 1; slot <= 4; ++slot) {
+        const MenuItem item = ShortcutItem(slot);
+        std::vector<std::vector<COLORREF>> before;
+        for (int other = 1; other <= 4; ++other) before.push_back(Menu().Look(ShortcutItem(other)));
+        const std::wstring value = L"Shortcut " + std::to_wstring(slot);
+        ASSERT_TRUE(Until([&] { return Profile().Text(value.c_str()) == path; },
+                          [&] {
+                              (void)DragTo({{CF_HDROP, FileListBytes({path})}}, Menu().MiddleOf(item));
+                          }))
+            << slot;  // again: the first drag after a cold start can come to nothing
+        const auto looksAsBefore = [&](int any) {
+            return Menu().Look(ShortcutItem(any)) == before.at(static_cast<std::size_t>(any) - 1);
+        };
+        EXPECT_TRUE(Until(
+            [&] {
+                for (int any = 1; any <= 4; ++any) {
+                    if (looksAsBefore(any) == (any == slot)) return false;
+                }
+                return true;
+            },
+            [&] {
+                MoveMouse(Menu().MiddleOf(MenuItem::About));  // which lights no slot
+                MoveMouse(Menu().MiddleOf(MenuItem::None));
+            }))
+            << slot;
+    }
+}
+
+TEST_F(MainMenuTest, WhatIsDroppedElsewhereOrNotAloneIsNotTaken) {
+    const std::wstring one = Outside() / L"one.exe";
+    const std::wstring two = Outside() / L"two.exe";
+    Start();
+    ASSERT_TRUE(Menu().Open());
+    const auto before = Profile().Text(L"Shortcut 2");
+    EXPECT_FALSE(DragTo({{CF_HDROP, FileListBytes({one, two})}}, Menu().MiddleOf(MenuItem::Shortcut2)));
+    EXPECT_FALSE(DragTo({{CF_HDROP, FileListBytes({one})}}, Menu().OnScreen(175, 80)));
+    EXPECT_FALSE(DragTo({{CF_HDROP, FileListBytes({one})}}, Menu().OnScreen(50, 150)));
+    EXPECT_FALSE(DragTo({{CF_UNICODETEXT, WideTextBytes(one)}}, Menu().MiddleOf(MenuItem::Shortcut2)));
+    EXPECT_EQ(Profile().Text(L"Shortcut 2"), before);
+    EXPECT_TRUE(Menu().IsShowing());
+}
+
+TEST_F(MainMenuTest, ASlotStartsItsProgramWithItsArguments) {
+    // The program that tells us so is this one: started once more, it asks the first for a note.
+    Profile().SetText(L"Shortcut 4", L"\"" + QuilloExe() + L"\" /new");
+    Start();
+    ASSERT_TRUE(Menu().Open());
+    EXPECT_TRUE(Menu().Choose(MenuItem::Shortcut4));
+    EXPECT_TRUE(NotesBecome(1));
+}
+
+TEST_F(MainMenuTest, ATaskBarMadeAnewGetsTheIconsBack) {
+    NoteFile small{"Small"};
+    small.appearance = "False,False,14155262,3723262,0,2";
+    Profile().AddNote(L"small.qln", small.Bytes());
+    Start();
+    const auto icons = [this] { return TrayIconWindows(Quillo().Pid()); };
+    const auto showing = [&] {
+        const auto all = icons();
+        return std::count_if(all.begin(), all.end(), &IsTrayIconShowing);
+    };
+    ASSERT_TRUE(Eventually([&] { return showing() == 2; }));
+    for (HWND window : icons()) {
+        NOTIFYICONDATAW icon{};
+        icon.cbSize = sizeof icon;
+        icon.hWnd = window;
+        icon.uID = 1;
+        Shell_NotifyIconW(NIM_DELETE, &icon);
+    }
+    ASSERT_EQ(showing(), 0);
+    PostMessageW(Menu().Handle(), RegisterWindowMessageW(L"TaskbarCreated"), 0, 0);
+    EXPECT_TRUE(Eventually([&] { return showing() == 2; }));
+    EXPECT_TRUE(FindTrayIcon(Quillo().Pid(), L"Quillo"));
 }
 
 }  // namespace

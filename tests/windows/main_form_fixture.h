@@ -42,8 +42,8 @@ class MainFormTest : public testing::Test {
     TestProgram test_;
     OleSession ole_;
     BusyFlag dialogs_;
-    MainForm form_{MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_, dialogs_},
-                   kTick};
+    MainForm form_{
+        MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_, dialogs_}, kTick};
     int backups_ = 0;
 
   private:

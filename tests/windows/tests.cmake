@@ -4,6 +4,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/control_fixture.cpp
   windows/divider_test.cpp
   windows/main.cpp
+  windows/main_form_test.cpp
   windows/mail_form_test.cpp
   windows/menu_artwork_test.cpp
   windows/mini_slider_test.cpp

@@ -11,6 +11,7 @@ namespace quillo::e2e {
 namespace {
 
 constexpr UINT kIconMessage = 512;
+constexpr wchar_t kToolTip[] = L"Quillo";
 
 }  // namespace
 
@@ -45,11 +46,12 @@ bool MainMenu::IsShowing() const {
 }
 
 bool MainMenu::Open() const {
-    const auto icon = FindTrayIcon(process_, L"Quillo");
+    const auto icon = FindTrayIcon(process_, kToolTip);
     if (!icon) return false;
     const bool open = Until([this] { return IsShowing(); }, [icon] { ClickMouse(*icon); });
     MoveMouse(POINT{0, 0});
-    return open && Eventually([this] { return HasKeyboard(); });
+    // The icon's tool tip would hide a part of the menu.
+    return open && Eventually([this] { return HasKeyboard() && !IsToolTipStanding(kToolTip); });
 }
 
 bool MainMenu::WaitUntilGone() const {

@@ -110,6 +110,15 @@ TEST(MenuShortcuts, AProgramIsCalledByItsFileName) {
     EXPECT_EQ(ShortcutName(u""), u"");
 }
 
+TEST(MenuShortcuts, EveryItemHasANameOfItsOwn) {
+    const std::array<std::u16string, kMenuSlots> shortcuts{u"C:\\Notepad.exe", u"", u"\"C:\\a b.exe\" /x", u""};
+    Texts names;
+    for (const MenuItem item : MenuOrder()) names.push_back(MenuItemName(item, shortcuts));
+    EXPECT_EQ(names, (Texts{u"New note", u"Show all notes", u"Options", u"Notepad", u"Program shortcut 2, empty",
+                            u"a b", u"Program shortcut 4, empty", u"About Quillo", u"Close menu"}));
+    EXPECT_EQ(MenuItemName(MenuItem::None, shortcuts), u"");
+}
+
 TEST(MenuShortcuts, AProgramIsStarted) {
     FakeShell shell;
     RunShortcut(u"\"C:\\a b.exe\" /x", shell);

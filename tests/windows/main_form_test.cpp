@@ -1,0 +1,458 @@
+#include <functional>
+
+#include "accessible_reader.h"
+#include "app/registry_keys.h"
+#include "main_form_fixture.h"
+#include "platform/monitors.h"
+#include "platform/wide.h"
+
+// After windows.h.
+#include <shellapi.h>
+
+namespace quillo::windows_tests {
+namespace {
+
+using Sounds = std::vector<SystemSound>;
+
+class MainFormWindow : public MainFormTest {
+  protected:
+    MainFormWindow() { EXPECT_TRUE(form_.Load()); }
+
+    /// A message about a point of the menu, given at 96 dpi.
+    void Mouse(UINT message, int x, int y) {
+        RECT client{};
+        GetClientRect(form_.Handle(), &client);
+        const auto at = [&client](int figure, int whole, LONG extent) { return figure * extent / whole; };
+        Send(message, 0, MAKELPARAM(at(x, 300, client.right), at(y, 180, client.bottom)));
+    }
+    void Click(int x, int y) {
+        Mouse(WM_MOUSEMOVE, x, y);
+        Mouse(WM_LBUTTONDOWN, x, y);
+        Mouse(WM_LBUTTONUP, x, y);
+    }
+    void Key(WPARAM key) { Send(WM_KEYDOWN, key); }
+    /// Shows the menu without what is said meanwhile.
+    void Show() {
+        form_.SlideForm(true);
+        test_.notice.Clear();
+    }
+    [[nodiscard]] COLORREF Pixel(int x, int y) {
+        UpdateWindow(form_.Handle());
+        RECT client{};
+        GetClientRect(form_.Handle(), &client);
+        return PixelOf(form_.Handle(),
+                       Point{static_cast<int>(x * client.right / 300), static_cast<int>(y * client.bottom / 180)});
+    }
+    /// The window that the shell tells about the icon.
+    [[nodiscard]] static HWND IconWindow() {
+        HWND window = nullptr;
+        while ((window = FindWindowExW(HWND_MESSAGE, window, L"QuilloTrayIcon", nullptr)) != nullptr) {
+            DWORD process = 0;
+            GetWindowThreadProcessId(window, &process);
+            if (process == GetCurrentProcessId()) return window;
+        }
+        return nullptr;
+    }
+    static void TellIcon(UINT message) {
+        PostMessageW(IconWindow(), 512, 1, static_cast<LPARAM>(message));
+        PumpWaiting();
+    }
+    /// Whether another program could have that hotkey now.
+    static bool IsFree(int key) {
+        constexpr int kTry = 99;
+        if (RegisterHotKey(nullptr, kTry, MOD_WIN, static_cast<UINT>(key)) == 0) return false;
+        UnregisterHotKey(nullptr, kTry);
+        return true;
+    }
+};
+
+// Coming and going.
+
+TEST_F(MainFormWindow, IsHiddenUntilItSlidesIntoTheCornerOfTheWorkArea) {
+    EXPECT_FALSE(form_.IsShowing());
+    form_.SlideForm(true);
+    EXPECT_TRUE(form_.IsShowing());
+    RECT place{};
+    GetWindowRect(form_.Handle(), &place);
+    const Rect area = WorkAreas().front();
+    EXPECT_EQ(place.right, area.Right());
+    EXPECT_EQ(place.bottom, area.Bottom());
+    EXPECT_EQ((place.right - place.left) * 180, (place.bottom - place.top) * 300);
+    EXPECT_NE(GetWindowLongPtrW(form_.Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+    EXPECT_EQ(test_.notice.sounds, Sounds{SystemSound::RestoreUp});
+    form_.SlideForm(false);
+    EXPECT_FALSE(form_.IsShowing());
+    EXPECT_EQ(test_.notice.sounds, (Sounds{SystemSound::RestoreUp, SystemSound::RestoreDown}));
+}
+
+TEST_F(MainFormWindow, SlidingToWhereItIsDoesNothing) {
+    form_.SlideForm(false);
+    EXPECT_TRUE(test_.notice.sounds.empty());
+    Show();
+    form_.SlideForm(true);
+    EXPECT_TRUE(test_.notice.sounds.empty());
+}
+
+TEST_F(MainFormWindow, AnimatedItEndsWhereItEndsWithoutAnimation) {
+    test_.program.settings.disableAnimation = false;
+    form_.SlideForm(true);
+    EXPECT_TRUE(form_.IsShowing());
+    BYTE alpha = 0;
+    DWORD flags = 0;
+    ASSERT_TRUE(GetLayeredWindowAttributes(form_.Handle(), nullptr, &alpha, &flags));
+    EXPECT_EQ(alpha, 255);
+    form_.SlideForm(false);
+    EXPECT_FALSE(form_.IsShowing());
+}
+
+TEST_F(MainFormWindow, WhereWindowsCannotBeTranslucentItSlides) {
+    form_.Unload();
+    test_.program.os.windows2000OrLater = false;
+    test_.program.settings.disableAnimation = false;
+    ASSERT_TRUE(form_.Load());
+    EXPECT_EQ(GetWindowLongPtrW(form_.Handle(), GWL_EXSTYLE) & WS_EX_LAYERED, 0);
+    form_.SlideForm(true);
+    RECT place{};
+    GetWindowRect(form_.Handle(), &place);
+    EXPECT_EQ(place.bottom, WorkAreas().front().Bottom());
+    form_.SlideForm(false);
+    EXPECT_FALSE(form_.IsShowing());
+}
+
+// The icon.
+
+TEST_F(MainFormWindow, AClickOnTheIconOpensItAndASecondMakesANoteAndClosesIt) {
+    TellIcon(WM_LBUTTONUP);
+    EXPECT_TRUE(form_.IsShowing());
+    EXPECT_EQ(Heard(), "");
+    TellIcon(WM_LBUTTONUP);
+    EXPECT_FALSE(form_.IsShowing());
+    EXPECT_EQ(Heard(), "new ");
+}
+
+TEST_F(MainFormWindow, ARightClickOnTheIconSurfacesTheNotes) {
+    AddNote(u"A");
+    EXPECT_FALSE(test_.views.View(0).IsVisible());
+    TellIcon(WM_RBUTTONUP);
+    EXPECT_TRUE(test_.views.View(0).IsVisible());
+    EXPECT_FALSE(form_.IsShowing());
+}
+
+TEST_F(MainFormWindow, WhileTheProgramIsBusyTheIconIsDeaf) {
+    AddNote(u"A");
+    const auto isDeaf = [this] {
+        TellIcon(WM_LBUTTONUP);
+        TellIcon(WM_RBUTTONUP);
+        return !form_.IsShowing() && !test_.views.View(0).IsVisible();
+    };
+    test_.program.startingUp = true;
+    EXPECT_TRUE(isDeaf());
+    test_.program.startingUp = false;
+    test_.program.quitting = true;
+    EXPECT_TRUE(isDeaf());
+    test_.program.quitting = false;
+    {
+        const BusyFlag::Scope dialog(dialogs_);
+        EXPECT_TRUE(isDeaf());
+    }
+    EXPECT_FALSE(isDeaf());
+}
+
+TEST_F(MainFormWindow, ATaskBarMadeAnewGetsTheIconsBack) {
+    AddNote(u"A");
+    test_.program.openNotes.Find(u"A")->MinimizeToTray();
+    (void)test_.views.View(0).TakeCalls();
+    NOTIFYICONDATAW icon{};
+    icon.cbSize = sizeof icon;
+    icon.hWnd = IconWindow();
+    icon.uID = 1;
+    if (!Shell_NotifyIconW(NIM_DELETE, &icon)) GTEST_SKIP() << "no notification area";
+    Send(RegisterWindowMessageW(L"TaskbarCreated"));
+    EXPECT_TRUE(Shell_NotifyIconW(NIM_MODIFY, &icon));
+    EXPECT_EQ(test_.views.View(0).TakeCalls(), std::vector<std::string>{"RecreateIcon"});
+}
+
+TEST_F(MainFormWindow, UnloadingTakesTheIconAndTheHotkeysAway) {
+    NOTIFYICONDATAW icon{};
+    icon.cbSize = sizeof icon;
+    icon.hWnd = IconWindow();
+    icon.uID = 1;
+    form_.Unload();
+    EXPECT_FALSE(Shell_NotifyIconW(NIM_MODIFY, &icon));
+    EXPECT_TRUE(IsFree(VK_F23));
+    EXPECT_TRUE(IsFree(VK_F24));
+}
+
+// Choosing.
+
+TEST_F(MainFormWindow, EveryItemDoesItsThingAndTheMenuGoes) {
+    AddNote(u"A");
+    test_.program.settings.shortcuts = {u"C:\\one.exe", u"C:\\two.exe", u"", u"\"C:\\four.exe\" /x"};
+    struct Case {
+        Point at;
+        std::string heard;
+        std::vector<std::u16string> started;
+    };
+    const Case cases[] = {
+        {{50, 100}, "new ", {}},
+        {{250, 80}, "options ", {}},
+        {{248, 20}, "about ", {}},
+        {{280, 20}, "", {}},  // closes the menu
+        {{100, 20}, "", {}},
+        {{125, 150}, "", {u"C:\\one.exe"}},
+        {{175, 150}, "", {u"C:\\two.exe"}},
+        {{225, 150}, "", {}},  // an empty slot
+        {{275, 150}, "", {u"C:\\four.exe /x"}},
+    };
+    for (const Case& c : cases) {
+        Show();
+        test_.shell.started.clear();
+        Click(c.at.x, c.at.y);
+        EXPECT_EQ(Heard(), c.heard) << c.at.x << ", " << c.at.y;
+        EXPECT_EQ(test_.shell.started, c.started) << c.at.x << ", " << c.at.y;
+        EXPECT_FALSE(form_.IsShowing());
+        EXPECT_EQ(test_.notice.sounds, Sounds{SystemSound::RestoreDown});
+    }
+    Show();
+    Click(150, 80);
+    EXPECT_TRUE(test_.views.View(0).IsVisible()) << "the notes are surfaced";
+    EXPECT_FALSE(form_.IsShowing());
+}
+
+TEST_F(MainFormWindow, WithNothingBoundAnItemOnlyClosesIt) {
+    form_.onOptions = nullptr;
+    form_.onAbout = nullptr;
+    form_.onNewNote = nullptr;
+    for (const Point at : {Point{50, 100}, Point{250, 80}, Point{248, 20}}) {
+        Show();
+        Click(at.x, at.y);
+        EXPECT_FALSE(form_.IsShowing());
+    }
+}
+
+TEST_F(MainFormWindow, WithoutNotesShowAllNotesOnlyClosesIt) {
+    Show();
+    const COLORREF atRest = Pixel(110, 50);
+    Mouse(WM_MOUSEMOVE, 150, 80);
+    EXPECT_EQ(Pixel(110, 50), atRest) << "it lights up for nobody";
+    Click(150, 80);
+    EXPECT_FALSE(form_.IsShowing());
+    EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(MainFormWindow, TheRightButtonEndsTheProgramWhereNothingIsOrOnTheCross) {
+    for (const Point at : {Point{100, 20}, Point{280, 20}, Point{150, 80}}) {
+        Show();
+        Mouse(WM_MOUSEMOVE, at.x, at.y);
+        Mouse(WM_RBUTTONDOWN, at.x, at.y);
+        Mouse(WM_RBUTTONUP, at.x, at.y);
+        EXPECT_EQ(Heard(), "quit ") << at.x << ", " << at.y;
+        form_.SlideForm(false);
+    }
+    Show();
+    Mouse(WM_RBUTTONDOWN, 50, 100);
+    Mouse(WM_RBUTTONUP, 50, 100);
+    EXPECT_EQ(Heard(), "new ") << "an item takes any button";
+}
+
+TEST_F(MainFormWindow, AReleaseOfAPressElsewhereChoosesNothing) {
+    Show();
+    Mouse(WM_LBUTTONUP, 50, 100);
+    Mouse(WM_RBUTTONUP, 280, 20);
+    EXPECT_EQ(Heard(), "");
+    EXPECT_TRUE(form_.IsShowing());
+    Mouse(WM_LBUTTONDOWN, 50, 100);
+    Mouse(WM_LBUTTONUP, -10, -10);
+    EXPECT_EQ(Heard(), "");
+    EXPECT_FALSE(form_.IsShowing()) << "let go outside, it only closes";
+}
+
+TEST_F(MainFormWindow, ClosingTheWindowEndsTheProgram) {
+    Show();
+    Send(WM_CLOSE);
+    EXPECT_EQ(Heard(), "quit ");
+    EXPECT_TRUE(IsWindow(form_.Handle())) << "the quit procedure unloads it";
+}
+
+// Hovering.
+
+TEST_F(MainFormWindow, WhatThePointerIsOverShowsItsHighlightedFace) {
+    AddNote(u"A");
+    Show();
+    const COLORREF atRest = Pixel(208, 50);
+    Mouse(WM_MOUSEMOVE, 250, 80);
+    const COLORREF lit = Pixel(208, 50);
+    EXPECT_NE(lit, atRest);
+    Mouse(WM_MOUSEMOVE, 150, 80);
+    EXPECT_EQ(Pixel(208, 50), atRest);
+    EXPECT_EQ(Pixel(108, 50), lit);
+    Send(WM_MOUSELEAVE);
+    EXPECT_EQ(Pixel(108, 50), atRest);
+}
+
+TEST_F(MainFormWindow, TheKeyboardGoesWithArrowsAndTabAndChoosesWithEnter) {
+    test_.program.settings.shortcuts[1] = u"C:\\two.exe";
+    Show();
+    Key(VK_RETURN);
+    EXPECT_TRUE(form_.IsShowing()) << "nothing is chosen yet";
+    Key(VK_DOWN);
+    Key(VK_RETURN);
+    EXPECT_EQ(Heard(), "new ");
+    EXPECT_FALSE(form_.IsShowing());
+    Show();
+    for (const WPARAM key : {VK_TAB, VK_TAB, VK_SPACE}) Key(key);
+    EXPECT_EQ(Heard(), "options ") << "there is no note to show";
+    Show();
+    for (const WPARAM key : {VK_RIGHT, VK_RIGHT, VK_UP, VK_RETURN}) Key(key);
+    EXPECT_EQ(Heard(), "about ") << "from the slot to what stands above it, with no note to show";
+    Show();
+    Key(VK_ESCAPE);
+    EXPECT_FALSE(form_.IsShowing());
+    EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(MainFormWindow, ThePointerAtRestLeavesTheKeyboardsItemAlone) {
+    Show();
+    Mouse(WM_MOUSEMOVE, 250, 80);
+    Key(VK_LEFT);
+    Mouse(WM_MOUSEMOVE, 250, 80);  // the system repeats it
+    Send(WM_MOUSELEAVE);
+    Key(VK_RETURN);
+    EXPECT_EQ(Heard(), "new ");
+}
+
+TEST_F(MainFormWindow, AScreenReaderKnowsEveryItem) {
+    test_.program.settings.shortcuts = {u"C:\\Windows\\Notepad.exe", u"", u"", u""};
+    Show();
+    const Reader reader(form_.Handle());
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_MENUPOPUP);
+    EXPECT_EQ(reader.Name(), u"Quillo menu");
+    std::vector<std::u16string> names;
+    for (LONG part = 1; part <= 9; ++part) {
+        names.push_back(reader.Name(part));
+        EXPECT_EQ(reader.Role(part), ROLE_SYSTEM_MENUITEM);
+    }
+    EXPECT_EQ(names, (std::vector<std::u16string>{u"New note", u"Show all notes", u"Options", u"Notepad",
+                                                  u"Program shortcut 2, empty", u"Program shortcut 3, empty",
+                                                  u"Program shortcut 4, empty", u"About Quillo", u"Close menu"}));
+    EXPECT_NE(reader.State(2) & STATE_SYSTEM_UNAVAILABLE, 0) << "there is no note";
+    EXPECT_EQ(reader.State(3) & STATE_SYSTEM_UNAVAILABLE, 0);
+    EXPECT_EQ(reader->accDoDefaultAction(Reader::Part(3)), S_OK);
+    PumpWaiting();
+    EXPECT_EQ(Heard(), "options ");
+    EXPECT_FALSE(form_.IsShowing());
+}
+
+// Shortcuts.
+
+TEST_F(MainFormWindow, AShortcutIsStoredInItsSlotAndInTheRegistry) {
+    form_.SetShortcut(3, u"C:\\three.exe");
+    EXPECT_EQ(test_.program.settings.shortcuts[2], u"C:\\three.exe");
+    EXPECT_EQ(test_.registry.Text(kUserKey, u"Shortcut 3"), u"C:\\three.exe");
+    for (const int none : {-1, 0, 5}) form_.SetShortcut(none, u"C:\\none.exe");
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 1U);
+}
+
+TEST_F(MainFormWindow, AShortcutsIconStandsInItsColumnOfBothFaces) {
+    const auto look = [this] {
+        std::vector<COLORREF> pixels;
+        for (int x = 105; x < 300; x += 5) {
+            for (int y = 135; y < 165; y += 5) pixels.push_back(Pixel(x, y));
+        }
+        return pixels;
+    };
+    const auto columns = [](const std::vector<COLORREF>& before, const std::vector<COLORREF>& after) {
+        std::string changed = "----";
+        constexpr std::size_t kRows = 6;
+        for (std::size_t i = 0; i < before.size(); ++i) {
+            if (before[i] != after[i]) changed.at((i / kRows * 5 + 5) / 50) = 'X';
+        }
+        return changed;
+    };
+    Show();
+    const auto empty = look();
+    form_.SetShortcut(2, u"C:\\windows\\explorer.exe");
+    const auto filled = look();
+    EXPECT_EQ(columns(empty, filled), "-X--");
+    form_.SetShortcut(2, u"C:\\");
+    EXPECT_EQ(columns(filled, look()), "-X--") << "a drive has a picture of its own";
+    form_.SetShortcut(2, u"C:\\windows\\explorer.exe");
+    Mouse(WM_MOUSEMOVE, 175, 150);
+    EXPECT_NE(Pixel(157, 130), Pixel(107, 130)) << "the tile is lit";
+    Mouse(WM_MOUSEMOVE, 100, 20);
+    EXPECT_EQ(look(), filled);
+}
+
+TEST_F(MainFormWindow, ThePictureIsDrawnAnewWithoutLosingHandles) {
+    Show();
+    (void)Pixel(0, 0);
+    const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    for (int i = 0; i < 20; ++i) {
+        form_.SetShortcut(1 + i % 4, u"C:\\windows\\explorer.exe");
+        form_.RedrawResources();
+        (void)Pixel(0, 0);
+    }
+    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before + 8);
+}
+
+// Hotkeys.
+
+TEST_F(MainFormWindow, TheHotkeysAreThoseOfTheSettingsWithTheWindowsKey) {
+    EXPECT_FALSE(IsFree(VK_F23));
+    EXPECT_FALSE(IsFree(VK_F24));
+    test_.program.settings.newNoteHotkey = VK_F22;
+    EXPECT_FALSE(IsFree(VK_F23)) << "the old one stays until it is registered anew";
+    form_.RegisterHotKeys();
+    EXPECT_TRUE(IsFree(VK_F23));
+    EXPECT_FALSE(IsFree(VK_F22));
+    EXPECT_FALSE(IsFree(VK_F24));
+}
+
+TEST_F(MainFormWindow, AHotkeyThatIsTakenIsPassedOverInSilence) {
+    constexpr int kTaken = 98;
+    ASSERT_TRUE(RegisterHotKey(nullptr, kTaken, MOD_WIN, VK_F22));
+    test_.program.settings.newNoteHotkey = VK_F22;
+    form_.RegisterHotKeys();
+    EXPECT_FALSE(IsFree(VK_F24)) << "the other works";
+    EXPECT_TRUE(test_.notice.fails.empty());
+    UnregisterHotKey(nullptr, kTaken);
+}
+
+TEST_F(MainFormWindow, HotkeyOneMakesANoteTwoSurfacesThemAndNoOtherDoesAnything) {
+    AddNote(u"A");
+    Send(WM_HOTKEY, 3);
+    EXPECT_EQ(Heard(), "");
+    EXPECT_FALSE(test_.views.View(0).IsVisible());
+    Send(WM_HOTKEY, 1);
+    EXPECT_EQ(Heard(), "new ");
+    Send(WM_HOTKEY, 2);
+    EXPECT_TRUE(test_.views.View(0).IsVisible());
+    test_.program.quitting = true;
+    Send(WM_HOTKEY, 1);
+    EXPECT_EQ(Heard(), "") << "the end has begun";
+}
+
+// The rest.
+
+TEST_F(MainFormWindow, EveryFifthTickOfTheBackupTimerSaves) {
+    int others = 0;
+    UiTimer timer([&] { ++others; });
+    timer.Start(kTick);
+    EXPECT_TRUE(PumpUntil([&] { return backups_ == 1; }));
+    EXPECT_GE(others, 3) << "not at once";
+    EXPECT_TRUE(PumpUntil([&] { return backups_ == 2; }));
+    form_.Unload();
+    others = 0;
+    EXPECT_TRUE(PumpUntil([&] { return others > 10; }));
+    EXPECT_EQ(backups_, 2);
+    static_assert(kBackupInterval == 60'000, "every five minutes in all");
+}
+
+TEST_F(MainFormWindow, AnotherDisplayChangesNothing) {
+    Send(WM_DISPLAYCHANGE, 32, MAKELPARAM(1024, 768));
+    EXPECT_EQ(Heard(), "");
+    EXPECT_FALSE(form_.IsShowing());
+}
+
+}  // namespace
+}  // namespace quillo::windows_tests
