@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 
 #include "harness/drag_source.h"
 #include "harness/e2e_test.h"
@@ -19,6 +20,11 @@ constexpr UINT kLeftUp = 514;
 class MainMenuTest : public OrdinaryTest {
   protected:
     [[nodiscard]] MainMenu Menu() { return MainMenu(Quillo().Pid()); }
+    /// What the menu shows where the icon of slot 1 to 4 stands.
+    [[nodiscard]] std::vector<COLORREF> IconOf(int slot) { return Menu().Look(Rect{59 + 50 * slot, 132, 32, 32}); }
+    [[nodiscard]] static bool IsEmpty(const std::vector<COLORREF>& pixels) {
+        return std::adjacent_find(pixels.begin(), pixels.end(), std::not_equal_to<>()) == pixels.end();
+    }
     [[nodiscard]] bool NotesBecome(std::size_t count) {
         return Eventually([&] { return VisibleNotes(Quillo()) == count; });
     }
@@ -140,31 +146,27 @@ TEST_F(MainMenuTest, AFileDroppedOnEachSlotIsStoredAndItsIconStandsInThatColumn)
     WriteBytes(path, "");
     Start();
     ASSERT_TRUE(Menu().Open());
+    ASSERT_TRUE(Eventually([&] { return IconOf(2) == IconOf(3) && !IsEmpty(IconOf(2)); })) << "drives";
+    const auto drive = IconOf(2);
     for (int slot = 1; slot <= 4; ++slot) {
-        const MenuItem item = ShortcutItem(slot);
-        std::vector<std::vector<COLORREF>> before;
-        for (int other = 1; other <= 4; ++other) before.push_back(Menu().Look(ShortcutItem(other)));
         const std::wstring value = L"Shortcut " + std::to_wstring(slot);
-        ASSERT_TRUE(Until([&] { return Profile().Text(value.c_str()) == path; },
-                          [&] {
-                              (void)DragTo({{CF_HDROP, FileListBytes({path})}}, Menu().MiddleOf(item));
-                          }))
-            << slot;  // again: the first drag after a cold start can come to nothing
-        const auto looksAsBefore = [&](int any) {
-            return Menu().Look(ShortcutItem(any)) == before.at(static_cast<std::size_t>(any) - 1);
+        const auto drag = [&] {
+            if (Menu().IsShowing() || Menu().Open()) {
+                (void)DragTo({{CF_HDROP, FileListBytes({path})}}, Menu().MiddleOf(ShortcutItem(slot)));
+            }
         };
-        EXPECT_TRUE(Until(
-            [&] {
-                for (int any = 1; any <= 4; ++any) {
-                    if (looksAsBefore(any) == (any == slot)) return false;
-                }
-                return true;
-            },
-            [&] {
-                MoveMouse(Menu().MiddleOf(MenuItem::About));  // which lights no slot
-                MoveMouse(Menu().MiddleOf(MenuItem::None));
-            }))
-            << slot;
+        // Again: the first drag after a cold start can come to nothing.
+        ASSERT_TRUE(Until([&] { return Profile().Text(value.c_str()) == path; }, drag)) << slot;
+        const auto standsWhereDropped = [&] {
+            for (int any = 1; any <= 4; ++any) {
+                if ((IconOf(any) == drive) == (any <= slot) || (any <= slot && IconOf(any) != IconOf(1))) return false;
+            }
+            return true;
+        };
+        EXPECT_TRUE(Until(standsWhereDropped, [&] {
+            MoveMouse(Menu().MiddleOf(MenuItem::About));  // which lights no slot
+            MoveMouse(Menu().MiddleOf(MenuItem::None));
+        })) << slot;
     }
 }
 

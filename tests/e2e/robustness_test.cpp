@@ -34,14 +34,7 @@ class Robustness : public OrdinaryTest {
         for (const std::wstring& path : StorageCopies()) state.push_back(WriteTimeOf(path));
         return state;
     }
-    /// Puts the text in the place of a part of the note's, as typing does; setting it would not count as an edit.
-    static void Replace(const NoteWindow& note, WPARAM from, LPARAM to, const std::wstring& text) {
-        DWORD_PTR ignored = 0;
-        SendMessageTimeoutW(note.TextBox(), EM_SETSEL, from, to, SMTO_ABORTIFHUNG, 20'000, &ignored);
-        SendMessageTimeoutW(note.TextBox(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()),
-                            SMTO_ABORTIFHUNG, 20'000, &ignored);
-    }
-    static void PutBefore(const NoteWindow& note, const std::wstring& text) { Replace(note, 0, 0, text); }
+    static void PutBefore(const NoteWindow& note, const std::wstring& text) { note.Edit(0, 0, text); }
 };
 
 TEST_F(Robustness, OfFiftyOneFilesFiftyAreOpenedAndOneStaysAsItIs) {
@@ -126,7 +119,7 @@ TEST_F(Robustness, APowerFailureDuringASaveLeavesEveryFileWhole) {
         for (const NoteWindow& note : NotesOf(Quillo())) {
             const auto number = static_cast<std::size_t>(note.Text().at(0) - L'0');
             const std::wstring text = Widen(LongText(number, static_cast<char>('b' + round)));
-            Replace(note, 0, -1, text);
+            note.Edit(0, -1, text);
         }
         const auto latest = std::chrono::steady_clock::now() + std::chrono::seconds(1);
         // The power goes somewhere in the saving.

@@ -63,6 +63,11 @@ HWND NoteWindow::Button(NoteButtonId id) const {
     return stands ? button : nullptr;
 }
 
+void NoteWindow::Edit(WPARAM from, LPARAM to, const std::wstring& text) const {
+    Ask(TextBox(), EM_SETSEL, from, to);
+    Ask(TextBox(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
 bool NoteWindow::IsTopmost() const {
     return (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
 }

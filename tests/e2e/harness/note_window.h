@@ -33,6 +33,8 @@ class NoteWindow {
     [[nodiscard]] POINT OnScreen(int x, int y) const;
 
     [[nodiscard]] std::wstring Text() const;
+    /// Puts the text in the place of a part of the note's, as typing does; setting it would not count as an edit.
+    void Edit(WPARAM from, LPARAM to, const std::wstring& text) const;
     [[nodiscard]] int LineCount() const;
     /// From one line of the text to the next, in pixels; the text must have two lines.
     [[nodiscard]] int LineHeight() const;

@@ -1,0 +1,217 @@
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <random>
+#include <set>
+
+#include "harness/e2e_test.h"
+#include "harness/main_menu.h"
+#include "harness/reminder_windows.h"
+#include "harness/tray.h"
+
+namespace quillo::e2e {
+namespace {
+
+constexpr UINT kLeftUp = 514;
+constexpr UINT kRightUp = 517;
+
+unsigned NumberFromEnvironment(const char* name, unsigned usual) {
+    const char* text = std::getenv(name);
+    return text != nullptr ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : usual;
+}
+
+/// Whatever a user may do, one thing after the other. QUILLO_SOAK_ACTIONS says how many things, QUILLO_SOAK_SEED which.
+class Soak : public OrdinaryTest {
+  protected:
+    static constexpr std::size_t kMostNotes = 12;
+
+    void SetUp() override {
+        OrdinaryTest::SetUp();
+        Profile().SetText(L"Note folder", Outside().Path());
+        Profile().SetNumber(L"Disable animation", 1);
+    }
+
+    unsigned Any(unsigned below) { return std::uniform_int_distribution<unsigned>(0, below - 1)(random_); }
+    [[nodiscard]] MainMenu Menu() { return MainMenu(Quillo().Pid()); }
+    /// The shell's message about the program's icon: the menu and notes may cover it.
+    void TellIcon(UINT message) const { PostMessageW(icon_, 512, 1, static_cast<LPARAM>(message)); }
+    [[nodiscard]] std::wstring SomeText() {
+        static constexpr const wchar_t* kWords[] = {L"milk ", L"call Ann ", L"<b> ", L"\u00e9t\u00e9 ", L"1 2 3 "};
+        return kWords[Any(std::size(kWords))] + std::to_wstring(++texts_);
+    }
+
+    void OpenAndLeaveMenu() {
+        TellIcon(kLeftUp);
+        if (!Eventually([this] { return Menu().IsShowing() && Menu().HasKeyboard(); }, kAWhile)) return;
+        const std::vector<WORD> keys = {VK_DOWN, VK_RIGHT, VK_LEFT, VK_UP, VK_TAB};
+        for (unsigned i = Any(4); i > 0; --i) PressKey(keys.at(Any(static_cast<unsigned>(keys.size()))));
+        PressKey(VK_ESCAPE);
+        (void)Eventually([this] { return !Menu().IsShowing(); }, kAWhile);
+    }
+    void ClickIconTwice() {
+        TellIcon(kLeftUp);
+        TellIcon(kLeftUp);
+        (void)Quillo().WaitUntilReady();
+    }
+    void NewNoteFromMenu() {
+        TellIcon(kLeftUp);
+        if (!Eventually([this] { return Menu().IsShowing() && Menu().HasKeyboard(); }, kAWhile)) return;
+        PressKey(VK_DOWN);
+        PressKey(VK_RETURN);
+        if (!Eventually([this] { return KeyboardNote().Handle() != nullptr; }, kAWhile)) return;
+        TypeText(SomeText());
+    }
+    void SecondStart() {
+        if (Any(2) == 0) return (void)RunToEnd(L"/new");
+        const std::wstring path = Outside() / (L"file " + std::to_wstring(++texts_) + L".txt");
+        WriteBytes(path, "from a file " + std::to_string(texts_));
+        (void)RunToEnd(L"\"" + path + L"\"");
+    }
+    void Edit() {
+        const NoteWindow note = AnyNote();
+        if (note.Handle() != nullptr) note.Edit(0, static_cast<LPARAM>(Any(3)), SomeText());
+    }
+    /// A stored note that is opened once more comes to the front with the keyboard; then a shortcut.
+    void KeyInANote() {
+        const std::vector<std::wstring> copies = StorageCopies();
+        if (copies.empty()) return;
+        (void)RunToEnd(L"\"" + copies.at(Any(static_cast<unsigned>(copies.size()))) + L"\"");
+        if (!Eventually([this] { return KeyboardNote().Handle() != nullptr; }, kAWhile)) return;
+        const std::vector<WORD> keys = {'M', 'L', 'P', 'D', 'A'};
+        PressKey(keys.at(Any(static_cast<unsigned>(keys.size()))), {VK_CONTROL});
+    }
+    void Remind() {
+        NewNoteFromMenu();
+        if (KeyboardNote().Handle() == nullptr) return;
+        PressKey('R', {VK_CONTROL});
+        const auto dialog = ReminderDialogWindow::WaitFor(Quillo().Pid());
+        if (!dialog) return;
+        (void)dialog->Type(L"in 1 second");
+        PressKey(VK_RETURN);
+        if (!Eventually([&] { return !dialog->Exists(); }, kAWhile)) PressKey(VK_ESCAPE);
+    }
+    void DismissAlerts() {
+        for (HWND alert : Alerts(Quillo().Pid())) PostMessageW(alert, WM_CLOSE, 0, 0);
+    }
+    void CloseANote() { Close(AnyNote()); }
+
+    void Act() {
+        switch (Any(10)) {
+            case 0:
+                return OpenAndLeaveMenu();
+            case 1:
+                return ClickIconTwice();
+            case 2:
+                return TellIcon(kRightUp);
+            case 3:
+                return SecondStart();
+            case 4:
+                return NewNoteFromMenu();
+            case 5:
+                return KeyInANote();
+            case 6:
+                return CloseANote();
+            case 7:
+                return Any(3) == 0 ? Remind() : DismissAlerts();
+            default:
+                return Edit();
+        }
+    }
+
+    [[nodiscard]] NoteWindow AnyNote() {
+        const std::vector<NoteWindow> notes = NotesOf(Quillo());
+        return notes.empty() ? NoteWindow() : notes.at(Any(static_cast<unsigned>(notes.size())));
+    }
+    [[nodiscard]] NoteWindow KeyboardNote() {
+        for (const NoteWindow& note : NotesOf(Quillo())) {
+            if (note.HasKeyboard()) return note;
+        }
+        return NoteWindow();
+    }
+    static void Close(const NoteWindow& note) {
+        if (note.Handle() != nullptr) PostMessageW(note.Handle(), WM_CLOSE, 0, 0);
+    }
+    /// What was asked by message has been done.
+    void LetItHappen() {
+        ASSERT_TRUE(Quillo().WaitUntilReady());
+        ASSERT_EQ(Quillo().Crash(), "");
+    }
+    /// Closes notes until so many are left; reminders that are still to come keep theirs.
+    void CloseDownTo(std::size_t count) {
+        EXPECT_TRUE(Eventually([&] {
+            DismissAlerts();
+            const std::vector<NoteWindow> notes = NotesOf(Quillo());
+            if (notes.size() > count) Close(notes.front());
+            (void)Quillo().WaitUntilReady();
+            return notes.size() <= count;
+        })) << "notes stay open";
+    }
+
+    [[nodiscard]] std::multiset<std::wstring> TextsOnScreen() {
+        std::multiset<std::wstring> texts;
+        for (const NoteWindow& note : NotesOf(Quillo())) {
+            if (std::wstring text = note.Text(); !text.empty()) texts.insert(std::move(text));
+        }
+        return texts;
+    }
+    [[nodiscard]] std::multiset<std::wstring> TextsOnDisk() const {
+        std::multiset<std::wstring> texts;
+        for (const std::wstring& path : StorageCopies()) {
+            const std::string bytes = ReadBytes(path);
+            const std::string text = bytes.substr(0, bytes.rfind("\r\n<quillo>"));
+            if (!text.empty()) texts.insert(Widen(text));
+        }
+        return texts;
+    }
+    [[nodiscard]] DWORD Handles() {
+        const KernelHandle process(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, Quillo().Pid()));
+        DWORD handles = 0;
+        EXPECT_TRUE(GetProcessHandleCount(process.Get(), &handles));
+        return handles;
+    }
+
+    static constexpr std::chrono::milliseconds kAWhile{3000};
+    std::mt19937 random_;
+    HWND icon_ = nullptr;
+    int texts_ = 0;
+};
+
+TEST_F(Soak, WhateverTheUserDoesNothingIsLost) {
+    const unsigned seed = NumberFromEnvironment("QUILLO_SOAK_SEED", 20261121);
+    const unsigned actions = NumberFromEnvironment("QUILLO_SOAK_ACTIONS", 30);
+    std::cout << "QUILLO_SOAK_SEED=" << seed << " QUILLO_SOAK_ACTIONS=" << actions << std::endl;
+    random_.seed(seed);
+    Start();
+    const std::vector<HWND> icons = TrayIconWindows(Quillo().Pid());
+    ASSERT_EQ(icons.size(), 1U);
+    icon_ = icons.front();
+    // Everything once, so that what is loaded at its first use is there.
+    OpenAndLeaveMenu();
+    Remind();
+    KeyInANote();
+    SecondStart();
+    ASSERT_NO_FATAL_FAILURE(LetItHappen());
+    ASSERT_NO_FATAL_FAILURE(CloseDownTo(0));
+    const DWORD before = Handles();
+
+    for (unsigned i = 0; i < actions; ++i) {
+        SCOPED_TRACE("action " + std::to_string(i));
+        Act();
+        ASSERT_NO_FATAL_FAILURE(LetItHappen());
+        if (NotesOf(Quillo()).size() > kMostNotes) CloseDownTo(kMostNotes / 2);
+    }
+    DismissAlerts();
+    ASSERT_NO_FATAL_FAILURE(LetItHappen());
+
+    DWORD_PTR agreed = 0;
+    SendMessageTimeoutW(Menu().Handle(), WM_QUERYENDSESSION, 0, 0, SMTO_ABORTIFHUNG, 20'000, &agreed);
+    EXPECT_EQ(agreed, 1U);
+    const std::multiset<std::wstring> texts = TextsOnScreen();
+    EXPECT_EQ(TextsOnDisk(), texts);
+    CloseDownTo(0);
+    constexpr DWORD kSystemsOwn = 12;  // the system keeps some for itself: a thread of its pool, a file of fonts
+    EXPECT_LE(Handles(), before + kSystemsOwn);
+}
+
+}  // namespace
+}  // namespace quillo::e2e
