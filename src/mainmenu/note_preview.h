@@ -14,7 +14,7 @@ struct NotePreviewLook {
     ColorWord text;
     bool flatBar = false;
     bool manyColors = false;  ///< each new note gets colours of its own
-    HFONT font = nullptr;  ///< borrowed until the next look
+    HFONT font = nullptr;     ///< borrowed until the next look
     Scale scale;
 };
 
