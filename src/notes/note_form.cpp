@@ -16,6 +16,7 @@
 #include "ports/locale_text.h"
 #include "ports/random.h"
 #include "resources/resource_ids.h"
+#include "util/busy_flag.h"
 #include "util/flag_scope.h"
 
 // After windows.h.
@@ -393,6 +394,7 @@ std::u16string NoteForm::AskCopyPath() {
     plan.defaultExtension = u"qln";
     // Intended: the last flag says nothing to a dialog that saves, and is kept.
     plan.flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST;
+    const BusyFlag::Scope busy(tools_.dialogs);
     return BrowseForFileToSave(Handle(), plan);
 }
 

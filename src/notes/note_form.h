@@ -20,6 +20,7 @@
 namespace quillo {
 
 class NoteColorForm;
+class BusyFlag;
 class Random;
 class ResForm;
 
@@ -36,6 +37,7 @@ struct NoteFormTools {
     ReminderTools& reminders;
     NoteColorForm& colorDialog;
     ResForm& resForm;
+    BusyFlag& dialogs;  ///< set while a modal dialog stands
 };
 
 /// A note's window: a bordered, coloured face with a strip to drag it by, three buttons and a text box.

@@ -25,6 +25,7 @@
 #include "testing/fake_user_notice.h"
 #include "testing/recording_mail.h"
 #include "testing/recording_printer.h"
+#include "util/busy_flag.h"
 
 namespace quillo::windows_tests {
 
@@ -42,13 +43,14 @@ class NoteWorldForTests : public NoteOwner {
         return NoteWorld{settings, os, folder.Path(), store, locale, clock, notice, *this, printer, mail, registry};
     }
     [[nodiscard]] NoteFormTools Tools() {
-        return NoteFormTools{settings, clock, locale,    random,      shell,  images,
-                             fonts,    ole,   reminders, colorDialog, resForm};
+        return NoteFormTools{settings, clock, locale,    random,      shell,   images,
+                             fonts,    ole,   reminders, colorDialog, resForm, dialogs};
     }
 
     TempFolder folder;
     Settings settings;
     OsFacts os;
+    BusyFlag dialogs;
     WinFileStore files;
     WinLocaleText locale;
     FakeShell shell;
