@@ -1,6 +1,20 @@
+#include <cstdlib>
+
 #include "app/quillo_procs.h"
 #include "platform/wide.h"
 #include "platform/win32.h"
+
+#if defined(__MINGW32__)
+namespace __gnu_cxx {
+
+/// Takes the place of the run-time library's own handler, which writes the type of an uncaught exception to a console
+/// that this program does not have, and would bring a tenth of the program's code along for it.
+void __verbose_terminate_handler() {
+    std::abort();
+}
+
+}  // namespace __gnu_cxx
+#endif
 
 namespace {
 
