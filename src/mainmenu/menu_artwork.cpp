@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/dib.h"
 #include "platform/window.h"
 #include "platform/window_effects.h"
 #include "resources/resource_ids.h"
@@ -38,35 +39,18 @@ MenuColors ColorsForUser(MenuFace face) {
                              SystemColor(COLOR_HIGHLIGHT), SystemColor(COLOR_HIGHLIGHTTEXT)});
 }
 
-struct DibSection {
-    BitmapHandle bitmap;
-    std::uint32_t* pixels = nullptr;  ///< from the top row; null on failure
-};
-
-DibSection MakeDib(Size size) {
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = size.width;
-    info.bmiHeader.biHeight = -size.height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-    void* bits = nullptr;
-    BitmapHandle bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    return {std::move(bitmap), static_cast<std::uint32_t*>(bits)};
-}
-
 }  // namespace
 
 BitmapHandle MenuArtwork::MainPic(const Scale& scale, const FilledSlots& filled) {
     const MenuPlanes& planes = PlanesFor(scale);
-    DibSection dib = MakeDib(Size{planes.size.width, 2 * planes.size.height});
-    if (dib.pixels == nullptr) return {};
+    std::uint32_t* pixels = nullptr;
+    BitmapHandle bitmap = MakeDib(Size{planes.size.width, 2 * planes.size.height}, &pixels);
+    if (pixels == nullptr) return {};
     const auto normal = ComposeMenu(planes, ColorsForUser(MenuFace::Normal), filled);
     const auto highlighted =
         ComposeMenu(planes, ColorsForUser(MenuFace::Highlighted), FilledSlots{true, true, true, true});
-    std::copy(highlighted.begin(), highlighted.end(), std::copy(normal.begin(), normal.end(), dib.pixels));
-    return std::move(dib.bitmap);
+    std::copy(highlighted.begin(), highlighted.end(), std::copy(normal.begin(), normal.end(), pixels));
+    return bitmap;
 }
 
 BitmapHandle MenuArtwork::ShowAllDisabledPic(const Scale& scale) {
@@ -74,14 +58,15 @@ BitmapHandle MenuArtwork::ShowAllDisabledPic(const Scale& scale) {
     const Rect place{scale.Px(kShowAllPlace.left), scale.Px(kShowAllPlace.top),
                      scale.Px(kShowAllPlace.Right()) - scale.Px(kShowAllPlace.left),
                      scale.Px(kShowAllPlace.Bottom()) - scale.Px(kShowAllPlace.top)};
-    DibSection dib = MakeDib(Size{place.width, place.height});
-    if (dib.pixels == nullptr || planes.size.width == 0) return {};
+    std::uint32_t* pixels = nullptr;
+    BitmapHandle bitmap = MakeDib(Size{place.width, place.height}, &pixels);
+    if (pixels == nullptr || planes.size.width == 0) return {};
     const auto whole = ComposeMenu(planes, ColorsForUser(MenuFace::Disabled), FilledSlots{});
     for (int y = 0; y < place.height; ++y) {
         const auto row = whole.begin() + static_cast<std::ptrdiff_t>(place.top + y) * planes.size.width + place.left;
-        std::copy(row, row + place.width, dib.pixels + static_cast<std::ptrdiff_t>(y) * place.width);
+        std::copy(row, row + place.width, pixels + static_cast<std::ptrdiff_t>(y) * place.width);
     }
-    return std::move(dib.bitmap);
+    return bitmap;
 }
 
 const MenuPlanes& MenuArtwork::PlanesFor(const Scale& scale) {

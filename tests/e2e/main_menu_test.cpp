@@ -137,6 +137,14 @@ TEST_F(MainMenuTest, TheRightButtonOnTheCrossSavesEverythingAndEndsTheProgram) {
     EXPECT_TRUE(Profile().RunValue()) << "a note is open: it comes back with the session";
 }
 
+TEST_F(MainMenuTest, AltAndF4InTheMenuEndTheProgram) {
+    Start();
+    ASSERT_TRUE(Menu().Open());
+    ASSERT_TRUE(Menu().HasKeyboard());
+    PressKey(VK_F4, {VK_MENU});
+    EXPECT_EQ(Quillo().WaitForExit(), 0U);
+}
+
 TEST_F(MainMenuTest, AFileDroppedOnEachSlotIsStoredAndItsIconStandsInThatColumn) {
     for (const wchar_t* name : {L"Shortcut 1", L"Shortcut 2", L"Shortcut 3", L"Shortcut 4"}) {
         // The picture of a drive to begin with: a text's is another, on every system.
