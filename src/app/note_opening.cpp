@@ -130,7 +130,7 @@ bool NoteOpening::IsNew(const NoteContent& content) {
     return lower == kNewNoteContent || lower == u"/new";
 }
 
-void NoteOpening::FillNewNote(OpenNote& note) {
+void NoteOpening::FillNewNote(OpenNote& note) const {
     if (program_.settings.timestampNewNotes) note.AddTimestamp();
 }
 

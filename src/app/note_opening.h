@@ -52,7 +52,7 @@ class NoteOpening {
   private:
     [[nodiscard]] std::optional<std::string> ReadTextFile(std::u16string_view path);
     [[nodiscard]] OpenNote* FindStoredAt(std::u16string_view path);
-    void FillNewNote(OpenNote& note);
+    void FillNewNote(OpenNote& note) const;
     void TakeIn(OpenNote& note, std::u16string_view path, const NoteContent& content);
     void MoveIntoNotesFolder(OpenNote& note, std::u16string_view path, std::u16string_view text, bool keepSource);
     [[nodiscard]] bool IsNew(const NoteContent& content);
