@@ -55,9 +55,11 @@ rest() { point_at 640 760; }
 
 # ---- Pictures
 
+# Behind the names of the pictures that a scene takes under other settings than the usual.
+variant=
 # part NAME X Y WIDTH HEIGHT: that part of the desktop, in device pixels, once it has come to rest.
 part() {
-    local file=$target/$1-${dpi}dpi.png
+    local file=$target/$1$variant-${dpi}dpi.png
     screenshot "$work/desktop.png"
     convert "$work/desktop.png" -crop "$4x$5+$2+$3" +repage -strip "$work/part.png"
     # A palette keeps the files small, and nobody sees the difference.
@@ -245,14 +247,20 @@ start_program() {
     settle
 }
 
-# Dates as long as any user may have set them.
+# Dates as long as any user may have set them, and numbers with a comma.
 scene_dates() {
     end_program
     wine_set 'HKCU\Control Panel\International' sShortDate 'dddd, d. MMMM yyyy'
+    wine_set 'HKCU\Control Panel\International' sDecimal ','
     start_program
+    variant=-long-dates
     ask_reminder 670 145
-    around reminder-long-dates QuilloSetReminder
+    around reminder QuilloSetReminder
     xdotool key Escape
+    scene_colors
+    scene_about
+    scene_options
+    variant=
 }
 
 # The third and the fourth program taken out, and no note left.
