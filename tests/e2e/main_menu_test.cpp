@@ -163,7 +163,7 @@ TEST_F(MainMenuTest, AFileDroppedOnEachSlotIsStoredAndItsIconStandsInThatColumn)
                 (void)DragTo({{CF_HDROP, FileListBytes({path})}}, Menu().MiddleOf(ShortcutItem(slot)));
             }
         };
-        // Again: the first drag after a cold start can come to nothing.
+        // Again: the press that begins a drag can get lost.
         ASSERT_TRUE(Until([&] { return Profile().Text(value.c_str()) == path; }, drag)) << slot;
         const auto standsWhereDropped = [&] {
             for (int any = 1; any <= 4; ++any) {

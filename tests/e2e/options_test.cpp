@@ -222,7 +222,8 @@ TEST_F(OptionsTest, FilesAndFoldersAreBrowsedFor) {
 
     ASSERT_TRUE(options.Type(C::NoteFolderBox, L"nowhere"));
     const ChoiceDialog folders = ClickFor(options, C::BrowseNoteFolderButton);
-    EXPECT_TRUE(folders.Says(L"Choose a folder to save closed notes to.  Normally, this is the Desktop."));
+    EXPECT_TRUE(Eventually(
+        [&] { return folders.Says(L"Choose a folder to save closed notes to.  Normally, this is the Desktop."); }));
     ASSERT_TRUE(folders.Cancel());
     EXPECT_EQ(options.Text(C::NoteFolderBox), L"nowhere");
     ASSERT_TRUE(options.Type(C::NoteFolderBox, Outside().Path()));

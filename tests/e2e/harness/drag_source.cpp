@@ -81,10 +81,16 @@ class Dragging : public IDropSource {
         if (escape != FALSE || GetTickCount64() - begun_ > kLongestDrag) return DRAGDROP_S_CANCEL;
         return (keys & MK_LBUTTON) == 0 ? DRAGDROP_S_DROP : S_OK;
     }
-    HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD) override { return DRAGDROP_S_USEDEFAULTCURSORS; }
+    HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD) override {
+        ++answers_;
+        return DRAGDROP_S_USEDEFAULTCURSORS;
+    }
+    /// How often what the pointer was over has said whether it would take the drop.
+    [[nodiscard]] int Answers() const { return answers_; }
 
   private:
     ULONGLONG begun_ = GetTickCount64();
+    std::atomic<int> answers_{0};
 };
 
 /// A small window above all others, to drag from.
@@ -151,12 +157,21 @@ bool DragTo(const DragData& data, POINT to) {
         const SourceWindow source;
         if (source.TakePress()) {
             std::atomic<bool> over{false};
-            std::thread hand([&over, to] {
+            OfferedData offered(data);
+            Dragging dragging;
+            std::thread hand([&over, &dragging, to] {
                 constexpr int kSteps = 10;
                 for (int i = 1; i <= kSteps; ++i) {
                     MoveMouse(POINT{20 + (to.x - 20) * i / kSteps, 20 + (to.y - 20) * i / kSteps});
                     std::this_thread::sleep_for(std::chrono::milliseconds(30));  // the pace of a hand
                 }
+                // Not before the window there has been asked: a release decides by the last answer. The first one may
+                // still be that of a place on the way.
+                const int before = dragging.Answers();
+                (void)Eventually([&] {
+                    MoveMouse(to);
+                    return dragging.Answers() >= before + 2 || over.load();
+                });
                 // The release, again and again until it has arrived.
                 (void)Eventually([&over, to] {
                     ReleaseMouse();
@@ -164,8 +179,6 @@ bool DragTo(const DragData& data, POINT to) {
                     return over.load();
                 });
             });
-            OfferedData offered(data);
-            Dragging dragging;
             DoDragDrop(&offered, &dragging, DROPEFFECT_COPY | DROPEFFECT_LINK, &effect);
             over = true;
             hand.join();
