@@ -158,13 +158,15 @@ TEST_F(MainMenuTest, AFileDroppedOnEachSlotIsStoredAndItsIconStandsInThatColumn)
     const auto drive = IconOf(2);
     for (int slot = 1; slot <= 4; ++slot) {
         const std::wstring value = L"Shortcut " + std::to_wstring(slot);
+        bool copied = false;
         const auto drag = [&] {
             if (Menu().IsShowing() || Menu().Open()) {
-                (void)DragTo({{CF_HDROP, FileListBytes({path})}}, Menu().MiddleOf(ShortcutItem(slot)));
+                copied = DragTo({{CF_HDROP, FileListBytes({path})}}, Menu().MiddleOf(ShortcutItem(slot)));
             }
         };
         // Again: the press that begins a drag can get lost.
         ASSERT_TRUE(Until([&] { return Profile().Text(value.c_str()) == path; }, drag)) << slot;
+        EXPECT_TRUE(copied) << "nothing is moved, and no link made";
         const auto standsWhereDropped = [&] {
             for (int any = 1; any <= 4; ++any) {
                 if ((IconOf(any) == drive) == (any <= slot) || (any <= slot && IconOf(any) != IconOf(1))) return false;

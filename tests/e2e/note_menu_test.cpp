@@ -218,6 +218,31 @@ TEST_F(NoteMenu, ASavedCopyIsANoteFileThatOpensAgain) {
     EXPECT_FALSE(FileExists(path + L".qln")) << "an opened note moves in";
 }
 
+TEST_F(NoteMenu, ACopyReplacesNoFileWithoutAQuestion) {
+    const std::wstring path = Outside() / L"taken.qln";
+    WriteBytes(path, "mine");
+    const NoteWindow note = Open("Milk");
+    ASSERT_TRUE(Choose(note, NoteMenuLine::SaveCopy));
+    const std::optional<ChoiceDialog> dialog = ChoiceDialog::WaitFor(note.Handle());
+    ASSERT_TRUE(dialog);
+    ASSERT_TRUE(dialog->Type(path));
+    PressKey(VK_RETURN);
+    std::optional<ChoiceDialog> question;
+    EXPECT_TRUE(Eventually([&] {
+        question = ChoiceDialog::Find(dialog->Handle());
+        return question.has_value() || ReadBytes(path) != "mine";
+    }));
+    EXPECT_EQ(ReadBytes(path), "mine");
+    ASSERT_TRUE(question);
+    // "No", to a message box or to what newer systems ask with.
+    constexpr UINT kClickButton = WM_USER + 102;
+    PostMessageW(question->Handle(), WM_COMMAND, IDNO, 0);
+    PostMessageW(question->Handle(), kClickButton, IDNO, 0);
+    EXPECT_TRUE(Eventually([&] { return !ChoiceDialog::Find(dialog->Handle()) && dialog->HasKeyboard(); }));
+    EXPECT_TRUE(dialog->Cancel());
+    EXPECT_EQ(ReadBytes(path), "mine");
+}
+
 TEST_F(NoteMenu, TheHintOnHidingComesOnce) {
     AddNotes({"one", "two"});
     Start();

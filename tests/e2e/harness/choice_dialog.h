@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "harness/window_text.h"
 #include "platform/win32.h"
 
 namespace quillo::e2e {
@@ -19,6 +20,8 @@ class ChoiceDialog {
     [[nodiscard]] bool Says(const std::wstring& text) const;
     explicit ChoiceDialog(HWND window) : window_(window) {}
 
+    [[nodiscard]] HWND Handle() const { return window_; }
+    [[nodiscard]] bool HasKeyboard() const { return IsChild(window_, KeyboardWindow()) != 0; }
     [[nodiscard]] std::wstring Title() const;
     /// Types into the control that has the keyboard.
     [[nodiscard]] bool Type(const std::wstring& text) const;
