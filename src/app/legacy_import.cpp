@@ -15,6 +15,7 @@
 #include "app/registry_keys.h"
 #include "ports/locale_text.h"
 #include "registry/tessel_registry.h"
+#include "util/ignore.h"
 #include "util/numbers.h"
 #include "util/text.h"
 
@@ -22,7 +23,7 @@ namespace quillo {
 
 namespace {
 
-/// The values of one note besides its text, each followed by the note's number.
+/// How many notes there are, and the values of each, whose names its number follows.
 constexpr std::u16string_view kCount = u"Notes";
 constexpr std::u16string_view kText = u"Note ";
 constexpr std::u16string_view kSize = u"Note size ";
@@ -31,9 +32,9 @@ constexpr std::u16string_view kAppearance = u"Note appearance ";
 constexpr std::u16string_view kFileName = u"Note filename ";
 constexpr std::array kOfEachNote = {kText, kSize, kReminder, kAppearance, kFileName};
 constexpr std::u16string_view kUnknownSize = u"0,0,2000,2000,0";
-/// Up to here a note without any value is an empty note; so many in a row behind it, and the count was damaged.
+/// Up to here a note without any value is an empty note; behind it only numbers that some value bears are notes, so
+/// that a damaged count does not fill the desktop.
 constexpr std::int64_t kSurelyMeant = 50;
-constexpr int kLongestGap = 50;
 
 std::u16string Numbered(std::u16string_view name, std::int64_t number) {
     return std::u16string(name) + FormatInteger(number);
@@ -76,9 +77,31 @@ void ApplySize(OpenNote& note, std::u16string_view size, LocaleText& locale) {
     if (ReadPinned(fields, locale)) note.SetPinned(true);
 }
 
-bool HasAnyValue(const TesselRegistry& store, std::int64_t number) {
-    return std::any_of(kOfEachNote.begin(), kOfEachNote.end(),
-                       [&](std::u16string_view name) { return !store.Value(Numbered(name, number)).empty(); });
+/// A number as the store writes it: decimal, without leading zeros.
+std::optional<std::int64_t> ReadNumber(std::u16string_view text) {
+    constexpr std::size_t kMostDigits = 10;
+    if (text.empty() || text.size() > kMostDigits || text.front() == u'0') return std::nullopt;
+    std::int64_t number = 0;
+    for (const char16_t digit : text) {
+        if (digit < u'0' || digit > u'9') return std::nullopt;
+        number = number * 10 + (digit - u'0');
+    }
+    return number;
+}
+
+std::set<std::int64_t> NumbersOf(const TesselRegistry& store, std::int64_t count) {
+    std::set<std::int64_t> numbers;
+    for (std::int64_t number = 1; number <= std::min(count, kSurelyMeant); ++number) numbers.insert(number);
+    TextTable values;
+    store.GetAllValues(values);
+    for (const std::u16string_view value : values.names) {
+        for (const std::u16string_view name : kOfEachNote) {
+            if (!EqualsIgnoringAsciiCase(value.substr(0, name.size()), name)) continue;
+            const std::optional<std::int64_t> number = ReadNumber(value.substr(name.size()));
+            if (number && *number <= count) numbers.insert(*number);
+        }
+    }
+    return numbers;
 }
 
 }  // namespace
@@ -86,14 +109,8 @@ bool HasAnyValue(const TesselRegistry& store, std::int64_t number) {
 bool LegacyNotes::Import(NoteWorld world) {
     const TesselRegistry store(registry_, kUserKey);
     bool anyHidden = false;
-    const std::int32_t count = store.ValueLong(kCount);
-    int gap = 0;
-    for (std::int64_t number = 1; number <= count && gap < kLongestGap; ++number) {
-        lastNumber_ = number;
-        // A count that is damaged must not fill the desktop with empty notes.
-        const bool isMissing = number > kSurelyMeant && !HasAnyValue(store, number);
-        gap = isMissing ? gap + 1 : 0;
-        if (isMissing) continue;
+    numbers_ = NumbersOf(store, store.ValueLong(kCount));
+    for (const std::int64_t number : numbers_) {
         if (!ImportNote(world, store, number)) anyHidden = true;
     }
     imported_ = true;
@@ -105,8 +122,8 @@ bool LegacyNotes::ImportNote(NoteWorld world, const TesselRegistry& store, std::
     note.SetText(store.Value(Numbered(kText, number)));
     ApplySize(note, store.Value(Numbered(kSize, number)), world.locale);
     note.SetReminderString(store.Value(Numbered(kReminder, number)));
-    // One that does not say whether it is hidden is to be seen.
-    if (!note.SetAppearanceString(store.Value(Numbered(kAppearance, number)))) note.Popup();
+    Ignore(note.SetAppearanceString(store.Value(Numbered(kAppearance, number))),
+           "a state that is not known leaves the note unseen, and that is reported");
     note.SetFileName(store.Value(Numbered(kFileName, number)));
     note.MarkChanged();
     unsaved_.insert(note.NoteKey());
@@ -129,8 +146,9 @@ void LegacyNotes::SaveAllNotesAndClear() {
 
 void LegacyNotes::Clear() {
     TesselRegistry store(registry_, kUserKey);
-    const std::int64_t count = std::min<std::int64_t>(store.ValueLong(kCount), lastNumber_);
-    for (std::int64_t number = 1; number <= count; ++number) {
+    const std::int64_t count = store.ValueLong(kCount);
+    for (const std::int64_t number : numbers_) {
+        if (number > count) break;
         for (const std::u16string_view name : kOfEachNote) {
             store.DeleteValue(Numbered(name, number));
         }

@@ -35,7 +35,7 @@ class LegacyNotes {
     OpenNotes& notes_;
     Random& random_;
     bool imported_ = false;
-    std::int64_t lastNumber_ = 0;       // that was looked for; no value of a later one is touched
+    std::set<std::int64_t> numbers_;    // of the notes imported; no value of another is touched
     std::set<std::u16string> unsaved_;  // keys of imported notes that are not yet in a file
 };
 

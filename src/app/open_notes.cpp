@@ -63,7 +63,12 @@ void BroadcastTimer(OpenNotes& notes) {
 }
 
 void SurfaceAllNotes(OpenNotes& notes) {
-    notes.ForEach([](OpenNote& note) { note.PopupByUser(); });
+    std::u16string last;
+    notes.ForEach([&last](OpenNote& note) {
+        note.PopupByUser();
+        last = note.NoteKey();
+    });
+    if (OpenNote* front = notes.Find(last)) front->Activate();
 }
 
 void RecreateNoteIcons(OpenNotes& notes) {

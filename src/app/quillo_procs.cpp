@@ -132,6 +132,7 @@ std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note) {
 }
 
 void QuilloProcs::OnCommand(std::u16string_view text) {
+    if (program_.quitting) return;  // a note opened now would be lost
     if (program_.startingUp) {
         waitingCommands_.emplace_back(text);
         return;

@@ -73,6 +73,11 @@ void TesselMiniSlider::SetScale(const Scale& scale) {
     track_.Resize(Size{client.width, client.height}, scale_);
 }
 
+void TesselMiniSlider::AboutBox() const {
+    MessageBoxW(GetAncestor(Handle(), GA_ROOT), L"A small slider: press or drag it, or use the arrow keys.", L"Quillo",
+                MB_OK | MB_ICONINFORMATION);
+}
+
 LRESULT TesselMiniSlider::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_LBUTTONDOWN:

@@ -36,6 +36,8 @@ class TesselMiniSlider : public Window, private AccessibleSource {
     void SetEnabled(bool enabled);
     /// The resolution of the form that it stands on.
     void SetScale(const Scale& scale);
+    /// A message box that says what the control is; lets messages run.
+    void AboutBox() const;
 
     // Raised when the user picks a value, in this order; Value() is still the old one then, the new one is the
     // argument. onChange also follows each SetValue. A handler may end the slider.

@@ -104,11 +104,11 @@ LRESULT TesselTab::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_MOUSELEAVE:
             return OnMouseMove(kNowhere), 0;
         case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:
             return SetFocus(Handle()), 0;
         case WM_LBUTTONUP:
         case WM_RBUTTONUP:
         case WM_MBUTTONUP:
+        case WM_XBUTTONUP:
             return Answer(strip_.MouseUp()), 0;
         case WM_CAPTURECHANGED:
             if (reinterpret_cast<HWND>(lParam) != Handle()) Answer(strip_.CaptureLost());
@@ -226,8 +226,8 @@ void TesselTab::OnPaint() {
     GdiCanvas canvas(buffer.Dc(), scale_);
     strip_.PaintGround(canvas, properties_, Size{client.width, client.height}, scale_);
     SetBkMode(buffer.Dc(), TRANSPARENT);
+    for (int tab = 1; tab <= TabCount(); ++tab) PaintCaption(buffer.Dc(), tab);
     for (int tab = 1; tab <= TabCount(); ++tab) {
-        PaintCaption(buffer.Dc(), tab);
         const Point icon = strip_.Layout().IconAt(tab, properties_.alignTop);
         icons_.Draw(buffer.Dc(), tab, icon.x, icon.y, tab == CurrentTab());
     }
@@ -240,7 +240,7 @@ void TesselTab::PaintCaption(HDC dc, int tab) const {
     RECT box = ToWin32(strip_.Layout().CaptionBox(tab, properties_.alignTop));
     const std::u16string& caption = captions_[static_cast<std::size_t>(tab - 1)];
     DrawTextW(dc, WideData(caption), static_cast<int>(caption.size()), &box,
-              DT_CENTER | DT_BOTTOM | DT_SINGLELINE | DT_END_ELLIPSIS | DT_NOPREFIX);
+              DT_CENTER | DT_BOTTOM | DT_SINGLELINE | DT_END_ELLIPSIS);
 }
 
 void TesselTab::PaintFocus(HDC dc) const {

@@ -81,11 +81,10 @@ void MainForm::LoadTrayIcon() {
 }
 
 void MainForm::WatchSession() {
-    // The watch ends with the window.
     static LateFunction<BOOL WINAPI(HWND, DWORD)> watch(L"wtsapi32.dll", "WTSRegisterSessionNotification");
     constexpr DWORD kThisSession = 0;
     if (watch.Get() == nullptr || Handle() == nullptr || !tools_.program.os.windowsXpOrLater) return;
-    Ignore(watch.Get()(Handle(), kThisSession), "unwatched, notes are saved two seconds after their last change");
+    watching_ = watch.Get()(Handle(), kThisSession) != 0;  // unwatched, notes are saved two seconds after a change
 }
 
 void MainForm::Unload() {
@@ -148,7 +147,14 @@ LRESULT MainForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
+void MainForm::StopWatchingSession() {
+    static LateFunction<BOOL WINAPI(HWND)> unwatch(L"wtsapi32.dll", "WTSUnRegisterSessionNotification");
+    if (watching_ && unwatch.Get() != nullptr) Ignore(unwatch.Get()(Handle()), "the window goes either way");
+    watching_ = false;
+}
+
 void MainForm::OnDestroy() {
+    StopWatchingSession();
     backupTimer_.Stop();
     UnregisterHotKeys();
     ReleaseDropTarget();

@@ -104,6 +104,7 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     void OnKeyDown(int virtualKey);
 
     void LoadTrayIcon();
+    void StopWatchingSession();
     void UnregisterHotKeys();
     /// The program must not be interrupted: it starts, quits, or shows a modal dialog.
     [[nodiscard]] bool IsBusy() const;
@@ -140,6 +141,7 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     UINT taskbarCreated_ = 0;
     int shellIconSize_ = 32;
     int backupTicks_ = 0;
+    bool watching_ = false;    ///< the system sends word of the session
     bool layered_ = false;     ///< the menu fades instead of sliding
     bool byKeyboard_ = false;  ///< the hovered item was reached by keyboard
 };

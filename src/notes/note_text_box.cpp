@@ -126,6 +126,9 @@ bool NoteTextBox::Swallow(UINT message, WPARAM wParam, LPARAM lParam) {
             return wParam == VK_F10 && OnMenuKeys((lParam & kWasDown) != 0);
         case WM_KEYUP:
         case WM_SYSKEYUP:
+            // The characters of a key come before its release; the next may come without a key, by Alt and the number
+            // pad.
+            keySwallowed_ = false;
             // These have opened the menu when they went down; F10 alone would now go to the window's system menu.
             return wParam == VK_APPS || (wParam == VK_F10 && menuKeysHeld_);
         case WM_CONTEXTMENU:

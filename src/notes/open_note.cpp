@@ -225,6 +225,7 @@ void OpenNote::PopupByUser() {
 void OpenNote::ShowFromIcon() {
     world_.notice.Play(SystemSound::RestoreUp);
     PopupByUser();
+    view_->Activate();
 }
 
 // Leaving the screen.

@@ -64,7 +64,7 @@ std::u16string_view PrintLines::Next(PrintJob& job, int width) {
     const std::size_t blank = paragraph.find_last_of(u' ', fit);
     if (blank == std::u16string_view::npos) {
         const std::size_t cut = BreakInWord(paragraph, fit);
-        MoveTo(at_ + cut);
+        MoveTo(cut == paragraph.size() ? paragraphEnd_ + 1 : at_ + cut);
         return paragraph.substr(0, cut);
     }
     const std::size_t next = std::min(paragraph.find_first_not_of(u' ', blank), paragraph.size());

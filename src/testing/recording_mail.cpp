@@ -18,7 +18,10 @@ class RecordingSession : public MailSession {
         mail_.sent.push_back(message);
         if (mail_.whileSending) mail_.whileSending(message);
     }
-    void SignOff() override { mail_.calls.emplace_back("sign off"); }
+    void SignOff() override {
+        mail_.calls.emplace_back("sign off");
+        if (mail_.whileSigningOff) mail_.whileSigningOff();
+    }
 
   private:
     RecordingMail& mail_;

@@ -17,6 +17,7 @@ class RecordingMail : public MailSystem {
     bool isMissing = false;
     MailSignOn signsOn = MailSignOn::Done;
     std::function<void(const MailMessage&)> whileSending;  ///< what happens while the message window is open
+    std::function<void()> whileSigningOff;                 ///< what happens while the session ends
     std::vector<MailMessage> sent;
     std::vector<std::string> calls;  ///< "sign on", "send", "sign off", "close"
 };

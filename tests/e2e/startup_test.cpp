@@ -130,6 +130,19 @@ TEST_F(Startup, ClosesWhileItTellsOfAnUnknownCommand) {
     EXPECT_EQ(Quillo().WaitForExit(), 0U) << "the command is not lost";
 }
 
+TEST_F(Startup, WhatComesAfterCloseIsNotCarriedOut) {
+    const std::wstring path = Outside() / L"late.txt";
+    WriteBytes(path, "late");
+    Start(L"/x");
+    ASSERT_TRUE(MessageBoxWindow::WaitFor(Quillo().Pid()));
+    EXPECT_EQ(RunToEnd(L"/close"), 0U);
+    EXPECT_EQ(RunToEnd(path), 0U);
+    const auto box = MessageBoxWindow::Find(Quillo().Pid());
+    EXPECT_TRUE(!box || box->Answer(IDOK));
+    EXPECT_EQ(Quillo().WaitForExit(), 0U);
+    EXPECT_TRUE(FileExists(path)) << "nothing is taken in after the end";
+}
+
 TEST_F(Startup, OpensTheFileOfItsCommandLineAfterTheSavedNotes) {
     Profile().AddNote(L"saved.qln", NoteFile{"saved"}.Bytes());
     const std::wstring path = Outside() / L"given.qln";

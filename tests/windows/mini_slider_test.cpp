@@ -6,6 +6,7 @@
 #include <string>
 
 #include "control_fixture.h"
+#include "platform/ui_timer.h"
 
 namespace quillo {
 namespace {
@@ -55,6 +56,19 @@ TEST_F(MiniSliderTest, APressAndADragPickValuesAndFollowThePointerOutside) {
     EXPECT_FALSE(HasCapture());
     Mouse(WM_MOUSEMOVE, 0, 20);
     EXPECT_EQ(slider_.Value(), 100) << "no button is held";
+}
+
+TEST_F(MiniSliderTest, ItsAboutBoxBearsTheProgramsName) {
+    bool seen = false;
+    UiTimer reader([&] {
+        HWND box = FindWindowW(L"#32770", L"Quillo");
+        if (box == nullptr) return;
+        seen = true;
+        PostMessageW(box, WM_COMMAND, IDOK, 0);
+    });
+    reader.Start(20);
+    slider_.AboutBox();
+    EXPECT_TRUE(seen);
 }
 
 TEST_F(MiniSliderTest, EveryButtonServesAndTheLastOneLetsGo) {

@@ -68,6 +68,18 @@ TEST_F(NoteReminderTest, TheRightAltKeyTypes) {
     EXPECT_EQ(Text(), u"\u20ACwater the ferns");
 }
 
+TEST_F(NoteReminderTest, ACharacterOfAltAndTheNumberPadAfterAShortcutIsTyped) {
+    {
+        const KeysDown control({VK_CONTROL});
+        ControlKey('B');
+        SendMessageW(Box(), WM_KEYUP, 'B', static_cast<LPARAM>(0xC0000001));
+    }
+    SendMessageW(Box(), WM_SYSKEYDOWN, VK_NUMPAD0, 1 << 29 | kFirstPress);
+    SendMessageW(Box(), WM_SYSKEYUP, VK_NUMPAD0, static_cast<LPARAM>(0xE0000001));
+    SendMessageW(Box(), WM_CHAR, u'\u00E9', kFirstPress);
+    EXPECT_EQ(Text(), u"\u00E9water the ferns");
+}
+
 TEST_F(NoteReminderTest, ShortcutsLeaveNoCharacterAndTheNextOneIsTyped) {
     {
         const KeysDown control({VK_CONTROL});

@@ -107,17 +107,27 @@ TEST_F(LegacyNotesTest, SizesAreReadWhereTheCommaIsTheDecimalSign) {
     EXPECT_EQ(test_.views.View(1).Rectangle(), (TwipsRect{0, 0, 2000, 2000}));
 }
 
-TEST_F(LegacyNotesTest, ANoteThatDoesNotSayWhetherItIsHiddenIsShown) {
+TEST_F(LegacyNotesTest, ANoteInAnUnknownStateIsUnseenAndReported) {
     PutCount(3);
     PutNote(1, u"nonsense", u"", u"nonsense", u"a,b,c,d,e,f");
     PutNote(2, u"unknown state", u"", u"", u"False,False,0,0,0,7");
     PutNote(3, u"short", u"", u"", u"True");
-    EXPECT_FALSE(Import());
+    EXPECT_TRUE(Import());
     for (std::size_t i = 0; i < 3; ++i) {
-        EXPECT_TRUE(test_.views.Note(i).IsVisible()) << i;
+        EXPECT_EQ(test_.views.Note(i).IsVisible(), i == 2) << i;
         EXPECT_FALSE(test_.views.Note(i).Data().ReminderSet) << i;
     }
     EXPECT_TRUE(test_.views.Note(2).Data().LargeText);
+}
+
+TEST_F(LegacyNotesTest, ALongGapHidesNoNoteBehindIt) {
+    PutCount(200);
+    PutNote(1, u"first", u"");
+    PutNote(150, u"far", u"");
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.views.Note(test_.program.openNotes.Count() - 1).Text(), u"far");
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
 }
 
 TEST_F(LegacyNotesTest, ADamagedCountDoesNotFillTheDesktop) {

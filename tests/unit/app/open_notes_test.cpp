@@ -63,6 +63,7 @@ TEST_F(OpenNotesTest, SurfacingPopsUpEveryNoteInOrderAndTheLastEndsInFront) {
         EXPECT_FALSE(test_.views.View(i).IsIconShowing());
         const auto calls = test_.views.View(i).TakeCalls();
         EXPECT_NE(std::find(calls.begin(), calls.end(), "BringToFront"), calls.end());
+        EXPECT_EQ(calls.back() == "Activate", i == 2) << "the last one has the keyboard";
     }
     EXPECT_TRUE(notes_.Find(u"C")->Data().Changed) << "that it shows is saved";
     EXPECT_FALSE(notes_.Find(u"A")->Data().Changed);

@@ -63,5 +63,24 @@ TEST(SwatchPalette, RandomSchemeIsEvenAndNeverDark) {
     }
 }
 
+TEST(SwatchPalette, IsThePaletteOfTheDesign) {
+    struct Row {
+        int note;
+        int border;
+        int text;
+    };
+    constexpr Row kDesign[] = {{0xFFFDD0, 0xFECF38, 0}, {0xE0EEF4, 0x7BA9D3, 0},        {0xE9FDEC, 0x72AE7F, 0},
+                               {0xF3E2FF, 0xBBA9DB, 0}, {0xFEE6DC, 0xFE8460, 0},        {0xFCFCFC, 0xB3C4D2, 0},
+                               {0xFFF850, 0xFF8D00, 0}, {0xA71D23, 0xFFFFFF, 0xFFFFFF}, {0, 0xFEFE00, 0xFEFE00},
+                               {0, 0xB4FE2C, 0xB4FE2C}, {0, 0x10EFFE, 0x10EFFE}};
+    const auto rgb = [](ColorWord color) { return color.Red() << 16 | color.Green() << 8 | color.Blue(); };
+    ASSERT_EQ(kSwatches.size(), std::size(kDesign));
+    for (std::size_t i = 0; i < kSwatches.size(); ++i) {
+        EXPECT_EQ(rgb(kSwatches[i].note), kDesign[i].note) << i;
+        EXPECT_EQ(rgb(kSwatches[i].border), kDesign[i].border) << i;
+        EXPECT_EQ(rgb(kSwatches[i].text), kDesign[i].text) << i;
+    }
+}
+
 }  // namespace
 }  // namespace quillo

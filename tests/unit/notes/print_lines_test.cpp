@@ -72,6 +72,7 @@ TEST_F(PrintLinesTest, AWordWiderThanTheLineIsBrokenAtTheWidth) {
 TEST_F(PrintLinesTest, EvenTheNarrowestPaperTakesACharacterALine) {
     EXPECT_EQ(Break(u"abc", 0), (Lines{u"a", u"b", u"c"}));
     EXPECT_EQ(Break(u"\U0001F600\U0001F600", 0), (Lines{u"\U0001F600", u"\U0001F600"}));
+    EXPECT_EQ(Break(u"a\r\nb", 0), (Lines{u"a", u"b"}));
 }
 
 TEST_F(PrintLinesTest, ACharacterOfTwoUnitsIsNotBroken) {
