@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,10 +20,18 @@ class FakeOptionsOwner : public OptionsOwner {
         settings_.shortcuts.at(static_cast<std::size_t>(index) - 1) = path;
         calls.push_back(u"shortcut " + FormatInteger(index) + u" " + std::u16string(path));
     }
-    void RegisterHotKeys() override { calls.emplace_back(u"hotkeys"); }
-    void RedrawResources() override { calls.emplace_back(u"redraw"); }
+    void RegisterHotKeys() override {
+        calls.emplace_back(u"hotkeys");
+        if (onHotKeys) onHotKeys();
+    }
+    void RedrawResources() override {
+        calls.emplace_back(u"redraw");
+        if (onRedraw) onRedraw();
+    }
 
     std::vector<std::u16string> calls;
+    std::function<void()> onHotKeys;  ///< what else happens at that moment
+    std::function<void()> onRedraw;
 
   private:
     Settings& settings_;

@@ -70,5 +70,17 @@ TEST(SoundChoice, ASecondSoundStopsTheFirst) {
     EXPECT_EQ(device.log[1], u"close quillo");
 }
 
+TEST(SoundChoice, ThreeLettersAreEnoughForAWave) {
+    RecordingSoundDevice device;
+    PlayReminderSound(u"WAV", device);
+    EXPECT_EQ(device.log, (Log{u"wave '' 04", u"wave 'WAV' 19"}));
+}
+
+TEST(SoundChoice, StoppingEndsBothWays) {
+    RecordingSoundDevice device;
+    StopReminderSound(device);
+    EXPECT_EQ(device.log, (Log{u"stop quillo", u"close quillo", u"wave '' 04"}));
+}
+
 }  // namespace
 }  // namespace quillo

@@ -256,6 +256,11 @@ TEST_F(OptionsControllerTest, ClosingStoresShortcutsThenHotkeysThenTexts) {
     texts.shortcuts = {u"C:\\a.exe", u"", u"C:\\c.exe", u"C:\\d.exe"};
     texts.reminder = u" C:\\ding.wav";
     texts.noteFolder = u"  C:\\Closed notes ";
+    owner_.onHotKeys = [&] {
+        EXPECT_EQ(owner_.calls.size(), 5U);
+        EXPECT_EQ(Written(), (Names{u"New note hotkey", u"Show notes hotkey"}));
+    };
+    owner_.onRedraw = [&] { EXPECT_EQ(Written().size(), 4U); };
     controller.Close(texts);
     EXPECT_EQ(owner_.calls, (Names{u"shortcut 1 C:\\a.exe", u"shortcut 2 ", u"shortcut 3 C:\\c.exe",
                                    u"shortcut 4 C:\\d.exe", u"hotkeys", u"redraw"}));

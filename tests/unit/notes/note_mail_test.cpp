@@ -80,6 +80,14 @@ TEST_F(SendMailTest, AttachesTheNoteAtTheBodysLastCharacter) {
               "<reminder></reminder><nodelete></nodelete></quillo>");
 }
 
+TEST(NoteMail, TheBodyIsTheWholeTextWhateverTheSubjectLost) {
+    for (const std::size_t length : {61U, 62U, 64U, 65U, 66U}) {
+        const std::u16string text = std::u16string(length - 2, u'x') + u"\r\n";
+        EXPECT_EQ(MailBody(text), text + MailBody(u"")) << length;
+    }
+    EXPECT_EQ(MailSubject(std::u16string(60, u'x') + u"\r\nand more"), std::u16string(60, u'x') + u"\r...");
+}
+
 TEST_F(SendMailTest, DeletesTheFileBeforeItSignsOff) {
     std::size_t left = 99;
     mail_.whileSigningOff = [&] { left = files_.FileCount(); };

@@ -123,5 +123,15 @@ TEST_F(OpenNoteCommands, ANoteGoneWhileTheUserIsAskedIsNotCopied) {
     EXPECT_TRUE(SavedFiles().empty());
 }
 
+TEST_F(OpenNoteCommands, ACopyThatCannotBeWrittenTakesANameFromTheTextWithoutAWord) {
+    ShowStored(u"Milk");
+    view_.copyPath = kDocuments + u"\\locked.qln";
+    files_.FailPath(view_.copyPath);
+    note_.SaveNoteAs();
+    EXPECT_NE(Content(kDocuments + u"\\Milk.qln").find("<tempfilename>"), std::string::npos);
+    EXPECT_TRUE(notice_.warnings.empty() && notice_.informs.empty() && notice_.fails.empty());
+    EXPECT_EQ(note_.Data().FileName, u"");
+}
+
 }  // namespace
 }  // namespace quillo
