@@ -111,14 +111,21 @@ bool LegacyNotes::Import(NoteWorld world) {
     bool anyHidden = false;
     numbers_ = NumbersOf(store, store.ValueLong(kCount));
     for (const std::int64_t number : numbers_) {
-        if (!ImportNote(world, store, number)) anyHidden = true;
+        const OpenNote* note = ImportNote(world, store, number);
+        if (note == nullptr) {
+            TakeBackImport();
+            return false;
+        }
+        if (!note->IsVisible()) anyHidden = true;
     }
     imported_ = true;
     return anyHidden;
 }
 
-bool LegacyNotes::ImportNote(NoteWorld world, const TesselRegistry& store, std::int64_t number) {
-    OpenNote& note = notes_.Add(world, NewNoteIdentifier(notes_, random_));
+OpenNote* LegacyNotes::ImportNote(NoteWorld world, const TesselRegistry& store, std::int64_t number) {
+    OpenNote* added = notes_.Add(world, NewNoteIdentifier(notes_, random_));
+    if (added == nullptr) return nullptr;
+    OpenNote& note = *added;
     note.SetText(store.Value(Numbered(kText, number)));
     ApplySize(note, store.Value(Numbered(kSize, number)), world.locale);
     note.SetReminderString(store.Value(Numbered(kReminder, number)));
@@ -127,7 +134,15 @@ bool LegacyNotes::ImportNote(NoteWorld world, const TesselRegistry& store, std::
     note.SetFileName(store.Value(Numbered(kFileName, number)));
     note.MarkChanged();
     unsaved_.insert(note.NoteKey());
-    return note.IsVisible();
+    return added;
+}
+
+void LegacyNotes::TakeBackImport() {
+    // Kept open, they would be saved to files while the store still has them: the next start would open each twice.
+    for (const std::u16string& key : std::exchange(unsaved_, {})) {
+        if (OpenNote* note = notes_.Find(key)) note->DestroyNote();
+    }
+    numbers_.clear();
 }
 
 void LegacyNotes::SaveAllNotesAndClear() {

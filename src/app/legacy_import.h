@@ -21,14 +21,17 @@ class LegacyNotes {
         : registry_(registry), notes_(notes), random_(random) {}
 
     /// Opens every note of the store, however many notes are open. True when one of them is not visible afterwards.
+    /// When a window cannot be made, nothing is imported in this start and the store keeps all of its notes.
     [[nodiscard]] bool Import(NoteWorld world);
 
     /// Every open note saves itself, then the store is cleared.
     void SaveAllNotesAndClear();
 
   private:
-    /// True when the note is visible afterwards.
-    bool ImportNote(NoteWorld world, const TesselRegistry& store, std::int64_t number);
+    /// Null when the note's window cannot be made.
+    [[nodiscard]] OpenNote* ImportNote(NoteWorld world, const TesselRegistry& store, std::int64_t number);
+    /// Closes the notes imported so far, which are in no file yet.
+    void TakeBackImport();
     void Clear();
 
     RegistryApi& registry_;

@@ -79,7 +79,9 @@ void NoteOpening::OpenNoteFile(std::u16string_view path) {
 
 OpenNote* NoteOpening::CreateNote(const NoteContent& content, std::u16string_view openedPath) {
     if (!CanOpenAnotherNote()) return nullptr;
-    OpenNote& note = program_.openNotes.Add(world_, NewNoteIdentifier(program_.openNotes, random_));
+    OpenNote* added = program_.openNotes.Add(world_, NewNoteIdentifier(program_.openNotes, random_));
+    if (added == nullptr) return nullptr;
+    OpenNote& note = *added;
 
     if (IsNew(content)) {
         FillNewNote(note);

@@ -7,13 +7,14 @@
 
 namespace quillo {
 
-OpenNote& OpenNotes::Add(NoteWorld world, std::u16string noteKey) {
+OpenNote* OpenNotes::Add(NoteWorld world, std::u16string noteKey) {
     Entry entry;
     entry.note = std::make_unique<OpenNote>(world, std::move(noteKey));
     entry.view = factory_.MakeView(*entry.note);
+    if (!entry.view) return nullptr;
     entry.note->AttachView(*entry.view);
     notes_.push_back(std::move(entry));
-    return *notes_.back().note;
+    return notes_.back().note.get();
 }
 
 OpenNote* OpenNotes::Find(std::u16string_view noteKey) const {

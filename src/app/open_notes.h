@@ -18,6 +18,7 @@ inline constexpr std::size_t kMaxOpenNotes = 50;
 class NoteViewFactory {
   public:
     virtual ~NoteViewFactory() = default;
+    /// Null when the system has no room for another window.
     [[nodiscard]] virtual std::unique_ptr<NoteView> MakeView(OpenNote& note) = 0;
 };
 
@@ -26,8 +27,9 @@ class OpenNotes : public NoteOwner {
   public:
     explicit OpenNotes(NoteViewFactory& factory) : factory_(factory) {}
 
-    /// Adds a note with its window. `world.owner` is this collection.
-    OpenNote& Add(NoteWorld world, std::u16string noteKey);
+    /// Adds a note with its window; null, and no note is added, when the window cannot be made. `world.owner` is this
+    /// collection.
+    [[nodiscard]] OpenNote* Add(NoteWorld world, std::u16string noteKey);
     /// The note with that key, or null: after anything that pumps messages a note may be gone.
     [[nodiscard]] OpenNote* Find(std::u16string_view noteKey) const;
     [[nodiscard]] std::size_t Count() const { return notes_.size(); }

@@ -127,7 +127,7 @@ std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note) {
     const NoteFormTools tools{program_.settings, clock_, locale_,    random_,      shell_,   buttonImages_,
                               noteFonts_,        ole_,   reminders_, colorDialog_, resForm_, dialogs_};
     auto form = std::make_unique<NoteForm>(note, tools);
-    Ignore(form->Create(), "a note without a window still keeps its file");
+    if (!form->Create()) return nullptr;
     return form;
 }
 

@@ -47,7 +47,7 @@ class NoteForm : public Window, public NoteView {
     ~NoteForm() override;
 
     /// Makes the hidden window at the place and size of a new note. False on failure.
-    bool Create();
+    [[nodiscard]] bool Create();
 
     // NoteView
     [[nodiscard]] std::u16string Text() const override;

@@ -34,7 +34,7 @@ class MainFormTest : public testing::Test {
 
     /// What has been asked of the program since the last call.
     [[nodiscard]] std::string Heard() { return std::exchange(heard_, {}); }
-    void AddNote(std::u16string key) { test_.program.openNotes.Add(test_.world, std::move(key)); }
+    void AddNote(std::u16string key) { ASSERT_NE(test_.program.openNotes.Add(test_.world, std::move(key)), nullptr); }
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendMessageW(form_.Handle(), message, wParam, lParam);
     }

@@ -53,6 +53,20 @@ TEST_F(LegacyNotesTest, TwoNotesMoveFromTheRegistryIntoFiles) {
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
 }
 
+TEST_F(LegacyNotesTest, AnImportThatHasNoWindowForANoteIsTakenBack) {
+    PutCount(2);
+    PutNote(1, u"Buy milk", u"");
+    PutNote(2, u"Call Bob", u"");
+    test_.views.room = 1;
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.program.openNotes.Count(), 0U);
+    EXPECT_TRUE(test_.views.View(0).IsClosed());
+
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_TRUE(test_.StoredFiles().empty());
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U) << "the next start can import them";
+}
+
 TEST_F(LegacyNotesTest, AnEmptySizeIsTheTopLeftCorner) {
     PutCount(1);
     PutNote(1, u"text", u"");

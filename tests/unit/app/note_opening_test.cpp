@@ -77,6 +77,17 @@ TEST_F(NoteOpeningTest, AFileFromOutsideMovesIntoTheNotesFolder) {
     EXPECT_TRUE(test_.shell.recycled.empty());
 }
 
+TEST_F(NoteOpeningTest, AFileWhoseNoteHasNoWindowStaysAndNothingIsStored) {
+    test_.views.room = 0;
+    EXPECT_EQ(OpenBytes(kOutside, "Buy milk"), nullptr);
+    EXPECT_EQ(test_.program.openNotes.Count(), 0U);
+    EXPECT_EQ(test_.files.Read(kOutside), "Buy milk");
+    EXPECT_TRUE(test_.StoredFiles().empty());
+    EXPECT_EQ(test_.opening.CreateNote({u"text", std::nullopt}), nullptr);
+    test_.opening.CreateNewNote();
+    EXPECT_EQ(test_.program.openNotes.Count(), 0U);
+}
+
 TEST_F(NoteOpeningTest, QuotesAroundThePathAreStripped) {
     test_.files.Put(kOutside, "Buy milk");
     EXPECT_NE(Open(u"\"" + std::u16string(kOutside) + u"\""), nullptr);

@@ -13,7 +13,7 @@ namespace {
 
 class OpenNotesTest : public testing::Test {
   protected:
-    OpenNote& Add(std::u16string key) { return test_.program.openNotes.Add(test_.world, std::move(key)); }
+    OpenNote& Add(std::u16string key) { return *test_.program.openNotes.Add(test_.world, std::move(key)); }
     std::u16string Visited() {
         std::u16string keys;
         notes_.ForEach([&keys](OpenNote& note) { keys += note.NoteKey(); });
@@ -31,6 +31,13 @@ TEST_F(OpenNotesTest, AreFoundByKeyAndWalkedInOrder) {
     EXPECT_EQ(notes_.Find(u"B"), &b);
     EXPECT_EQ(notes_.Find(u"C"), nullptr);
     EXPECT_EQ(Visited(), u"AB");
+}
+
+TEST_F(OpenNotesTest, ANoteWhoseWindowCannotBeMadeIsNotAdded) {
+    Add(u"A");
+    test_.views.room = 1;
+    EXPECT_EQ(notes_.Add(test_.world, u"B"), nullptr);
+    EXPECT_EQ(Visited(), u"A");
 }
 
 TEST_F(OpenNotesTest, ANoteThatLeavesDuringAWalkIsSkippedAndLivesOn) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -29,6 +30,7 @@ namespace quillo {
 class FakeViewFactory : public NoteViewFactory {
   public:
     [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note) override {
+        if (views_.size() >= room) return nullptr;
         auto view = std::make_unique<FakeNoteView>();
         notes_.push_back(&note);
         views_.push_back(view.get());
@@ -38,6 +40,9 @@ class FakeViewFactory : public NoteViewFactory {
     /// Valid while its note has not been released.
     [[nodiscard]] FakeNoteView& View(std::size_t index) const { return *views_.at(index); }
     [[nodiscard]] OpenNote& Note(std::size_t index) const { return *notes_.at(index); }
+
+    /// How many windows the system can make in all.
+    std::size_t room = std::numeric_limits<std::size_t>::max();
 
   private:
     std::vector<OpenNote*> notes_;
@@ -62,7 +67,9 @@ class TestProgram {
     /// The storage copies on the disk.
     [[nodiscard]] std::vector<std::u16string> StoredFiles() { return files.List(kTestNotesFolder, kNoteExtension); }
     void FillUpTo(std::size_t count) {
-        while (program.openNotes.Count() < count) program.openNotes.Add(world, Key(program.openNotes.Count()));
+        while (program.openNotes.Count() < count) {
+            if (program.openNotes.Add(world, Key(program.openNotes.Count())) == nullptr) return;
+        }
     }
 
     FakeRegistryApi registry;
