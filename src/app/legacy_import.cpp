@@ -126,7 +126,10 @@ OpenNote* LegacyNotes::ImportNote(NoteWorld world, const TesselRegistry& store, 
     OpenNote* added = notes_.Add(world, NewNoteIdentifier(notes_, random_));
     if (added == nullptr) return nullptr;
     OpenNote& note = *added;
-    note.SetText(store.Value(Numbered(kText, number)));
+    if (!note.SetText(store.Value(Numbered(kText, number)))) {
+        note.DestroyNote();
+        return nullptr;
+    }
     ApplySize(note, store.Value(Numbered(kSize, number)), world.locale);
     note.SetReminderString(store.Value(Numbered(kReminder, number)));
     Ignore(note.SetAppearanceString(store.Value(Numbered(kAppearance, number))),

@@ -21,14 +21,14 @@ class LegacyNotes {
         : registry_(registry), notes_(notes), random_(random) {}
 
     /// Opens every note of the store, however many notes are open. True when one of them is not visible afterwards.
-    /// When a window cannot be made, nothing is imported in this start and the store keeps all of its notes.
+    /// When one of them cannot be made whole, nothing is imported in this start and the store keeps them all.
     [[nodiscard]] bool Import(NoteWorld world);
 
     /// Every open note saves itself, then the store is cleared.
     void SaveAllNotesAndClear();
 
   private:
-    /// Null when the note's window cannot be made.
+    /// Null when the note's window cannot be made or does not take the whole text.
     [[nodiscard]] OpenNote* ImportNote(NoteWorld world, const TesselRegistry& store, std::int64_t number);
     /// Closes the notes imported so far, which are in no file yet.
     void TakeBackImport();

@@ -85,8 +85,9 @@ OpenNote* NoteOpening::CreateNote(const NoteContent& content, std::u16string_vie
 
     if (IsNew(content)) {
         FillNewNote(note);
-    } else {
-        note.SetText(content.text);
+    } else if (!note.SetText(content.text)) {
+        note.DestroyNote();  // kept, it would be saved without the rest of its text
+        return nullptr;
     }
     // Whether the tags put the note on the screen, in its colours, or said that it stays off it.
     const bool settled = content.tags && note.SetupNoteFromTags(*content.tags, openedPath);

@@ -43,8 +43,8 @@ class NoteOpening {
     /// unless it holds the keep marker; if not every byte of it could be stored, it is recycled instead. A file that
     /// cannot be read as text stays, and nothing happens.
     void OpenNoteFile(std::u16string_view path);
-    /// Makes a note and shows it where its content says nothing else; null when 50 notes are open or its window cannot
-    /// be made. `openedPath` is the file that the content came from, or empty.
+    /// Makes a note and shows it where its content says nothing else; null when 50 notes are open, and when its window
+    /// cannot be made or does not take the whole text. `openedPath` is the file that the content came from, or empty.
     OpenNote* CreateNote(const NoteContent& content, std::u16string_view openedPath = {});
     /// The user's command: a new empty note with the keyboard. Nothing when 50 notes are open.
     void CreateNewNote();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "util/color_word.h"
@@ -9,6 +10,15 @@ namespace quillo {
 
 /// Whether a note is on the desktop; the numbers are those of the note file.
 enum class WindowState : int { Shown = 0, Hidden = 1, Minimized = 2 };
+
+/// The longest text of a note, in UTF-16 units: what is typed, pasted, dropped or read beyond it is refused, so that
+/// every note that can be made can also be opened again.
+inline constexpr std::size_t kMostNoteCharacters = 4'000'000;
+
+/// Whether a note of `present` characters can take `added` more.
+[[nodiscard]] constexpr bool HasRoomFor(std::size_t present, std::size_t added) {
+    return present <= kMostNoteCharacters && added <= kMostNoteCharacters - present;
+}
 
 /// The members of one note. Its text, rectangle and visibility live in its window.
 struct Note {

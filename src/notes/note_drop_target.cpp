@@ -22,7 +22,7 @@ CLIPFORMAT LinkFormat() {
 }
 
 NoteDropTarget::NoteDropTarget(HWND textBox, LocaleText& locale, Shell& shell,
-                               std::function<void(std::u16string_view)> insert)
+                               std::function<bool(std::u16string_view)> insert)
     : textBox_(textBox), locale_(locale), shell_(shell), insert_(std::move(insert)) {}
 
 HRESULT STDMETHODCALLTYPE NoteDropTarget::DragEnter(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) {
@@ -50,7 +50,7 @@ HRESULT STDMETHODCALLTYPE NoteDropTarget::Drop(IDataObject* data, DWORD keys, PO
     welcome_ = false;
     if (format == DropFormat::None || *effect == DROPEFFECT_NONE || !insert_) return S_OK;
     const std::u16string text = TextOf(data, format);
-    if (!text.empty()) insert_(text);
+    if (text.empty() || !insert_(text)) *effect = DROPEFFECT_NONE;
     return S_OK;
 }
 

@@ -18,8 +18,8 @@ class Shell;
 /// Takes links, text and lists of files dropped onto a text box. The note holds one reference.
 class NoteDropTarget : public DropTarget {
   public:
-    /// `insert` gets the text that stands for what was dropped. `textBox` is borrowed.
-    NoteDropTarget(HWND textBox, LocaleText& locale, Shell& shell, std::function<void(std::u16string_view)> insert);
+    /// `insert` gets the text of what was dropped and says whether it took it. `textBox` is borrowed.
+    NoteDropTarget(HWND textBox, LocaleText& locale, Shell& shell, std::function<bool(std::u16string_view)> insert);
 
     HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) override;
     HRESULT STDMETHODCALLTYPE DragOver(DWORD keys, POINTL at, DWORD* effect) override;
@@ -38,7 +38,7 @@ class NoteDropTarget : public DropTarget {
     HWND textBox_;
     LocaleText& locale_;
     Shell& shell_;
-    std::function<void(std::u16string_view)> insert_;
+    std::function<bool(std::u16string_view)> insert_;
     bool welcome_ = false;
 };
 

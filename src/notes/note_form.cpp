@@ -175,12 +175,12 @@ std::u16string NoteForm::Text() const {
     return messageBox_.Text();
 }
 
-void NoteForm::SetText(std::u16string_view text) {
-    messageBox_.SetText(text);
+bool NoteForm::SetText(std::u16string_view text) {
+    return messageBox_.SetText(text);
 }
 
-void NoteForm::InsertInFront(std::u16string_view text) {
-    messageBox_.InsertInFront(text);
+bool NoteForm::InsertInFront(std::u16string_view text) {
+    return messageBox_.InsertInFront(text);
 }
 
 TwipsRect NoteForm::Rectangle() const {
@@ -483,9 +483,10 @@ void NoteForm::SaveSoon() {
     if (Handle() != nullptr) saveTimer_.Start(kSaveMilliseconds);
 }
 
-void NoteForm::InsertDropped(std::u16string_view text) {
-    messageBox_.InsertAtCaret(text);
+bool NoteForm::InsertDropped(std::u16string_view text) {
+    if (!messageBox_.InsertAtCaret(text)) return false;
     note_.MarkChanged();
+    return true;
 }
 
 void NoteForm::UpdateDropTarget() {
@@ -494,7 +495,7 @@ void NoteForm::UpdateDropTarget() {
     if (!wanted) return ReleaseDropTarget();
     if (!tools_.ole.Start()) return;
     dropTarget_ = new NoteDropTarget(messageBox_.Handle(), tools_.locale, tools_.shell,
-                                     [this](std::u16string_view text) { InsertDropped(text); });
+                                     [this](std::u16string_view text) { return InsertDropped(text); });
     RegisterDragDrop(messageBox_.Handle(), dropTarget_);
 }
 

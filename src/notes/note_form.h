@@ -51,8 +51,8 @@ class NoteForm : public Window, public NoteView {
 
     // NoteView
     [[nodiscard]] std::u16string Text() const override;
-    void SetText(std::u16string_view text) override;
-    void InsertInFront(std::u16string_view text) override;
+    [[nodiscard]] bool SetText(std::u16string_view text) override;
+    [[nodiscard]] bool InsertInFront(std::u16string_view text) override;
     [[nodiscard]] TwipsRect Rectangle() const override;
     void MoveTo(const TwipsRect& rectangle) override;
     void MoveOntoScreen() override;
@@ -108,7 +108,7 @@ class NoteForm : public Window, public NoteView {
     void LayOut();
     void LayOutNow();
     void Place(const Rect& place, UINT flags);
-    void InsertDropped(std::u16string_view text);
+    [[nodiscard]] bool InsertDropped(std::u16string_view text);
     void ApplyFont();
     void ApplyBarColors();
     void UpdateDropTarget();

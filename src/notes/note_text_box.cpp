@@ -1,10 +1,12 @@
 #include "notes/note_text_box.h"
 
+#include "notes/note.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
 #include "platform/window.h"
 #include "platform/window_effects.h"
 #include "util/flag_scope.h"
+#include "util/ignore.h"
 
 namespace quillo {
 namespace {
@@ -41,8 +43,7 @@ bool NoteTextBox::Create(HWND parent, int id, const Rect& place, bool scrollBar)
     SetWindowLongPtrW(box_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     procedure_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(box_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&NoteTextBox::Procedure)));
-    constexpr WPARAM kMostTheBoxHolds = 0;
-    SendMessageW(box_, EM_SETLIMITTEXT, kMostTheBoxHolds, 0);
+    SendMessageW(box_, EM_SETLIMITTEXT, kMostNoteCharacters, 0);
     return true;
 }
 
@@ -58,7 +59,7 @@ bool NoteTextBox::ChangeScrollBar(bool shown) {
                 Rect{place.left, place.top, place.right - place.left, place.bottom - place.top}, shown)) {
         return false;
     }
-    SetText(WindowText(old));
+    Ignore(SetText(WindowText(old)), "the old box has held this text too");
     Select(box_, SelectionOf(old));
     if (GetFocus() == old) SetFocus(box_);
     DestroyWindow(old);
@@ -69,27 +70,36 @@ std::u16string NoteTextBox::Text() const {
     return WindowText(box_);
 }
 
-void NoteTextBox::SetText(std::u16string_view text) {
+bool NoteTextBox::SetText(std::u16string_view text) {
+    // The control's own limit holds for what the user enters, not for this.
+    if (!HasRoomFor(0, text.size())) return false;
     const FlagScope byProgram(byProgram_);
     SetWindowTextW(box_, Wide(std::u16string(text)));
+    return TextLength() == text.size();
 }
 
-void NoteTextBox::Replace(DWORD from, DWORD to, std::u16string_view text) {
+std::size_t NoteTextBox::TextLength() const {
+    return static_cast<std::size_t>(GetWindowTextLengthW(box_));
+}
+
+bool NoteTextBox::InsertAt(DWORD position, std::u16string_view text) {
+    if (!HasRoomFor(TextLength(), text.size())) return false;
     const FlagScope byProgram(byProgram_);
-    Select(box_, Selection{from, to});
+    Select(box_, Selection{position, position});
     SendMessageW(box_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(std::u16string(text))));
+    return true;
 }
 
-void NoteTextBox::InsertInFront(std::u16string_view text) {
+bool NoteTextBox::InsertInFront(std::u16string_view text) {
     const Selection before = SelectionOf(box_);
-    Replace(0, 0, text);
+    if (!InsertAt(0, text)) return false;
     const auto length = static_cast<DWORD>(text.size());
     Select(box_, Selection{before.start + length, before.end + length});
+    return true;
 }
 
-void NoteTextBox::InsertAtCaret(std::u16string_view text) {
-    const DWORD caret = SelectionOf(box_).start;
-    Replace(caret, caret, text);
+bool NoteTextBox::InsertAtCaret(std::u16string_view text) {
+    return InsertAt(SelectionOf(box_).start, text);
 }
 
 void NoteTextBox::SelectAll() {

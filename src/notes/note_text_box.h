@@ -33,12 +33,13 @@ class NoteTextBox {
     [[nodiscard]] HWND Handle() const { return box_; }
 
     [[nodiscard]] std::u16string Text() const;
-    /// Replaces the whole text, the caret before it.
-    void SetText(std::u16string_view text);
-    /// Puts a text before all others; the caret stays at what it stood at. The user can undo it.
-    void InsertInFront(std::u16string_view text);
+    /// Replaces the whole text, the caret before it. False when the box does not hold exactly this text afterwards.
+    [[nodiscard]] bool SetText(std::u16string_view text);
+    // Both of these do nothing and answer false when the text would be longer than a note can be.
+    /// Puts a text before all others; the caret keeps its place in the old text. The user can undo it.
+    [[nodiscard]] bool InsertInFront(std::u16string_view text);
     /// Puts a text at the caret, replacing nothing: a selection shrinks to its start before. The user can undo it.
-    void InsertAtCaret(std::u16string_view text);
+    [[nodiscard]] bool InsertAtCaret(std::u16string_view text);
     void SelectAll();
     /// The text is being changed by the program's hand.
     [[nodiscard]] bool IsChangingByProgram() const { return byProgram_; }
@@ -52,7 +53,8 @@ class NoteTextBox {
     bool Swallow(UINT message, WPARAM wParam, LPARAM lParam);
     bool OnKey(int virtualKey, bool repeated);
     bool OnMenuKeys(bool repeated);
-    void Replace(DWORD from, DWORD to, std::u16string_view text);
+    [[nodiscard]] std::size_t TextLength() const;
+    [[nodiscard]] bool InsertAt(DWORD position, std::u16string_view text);
 
     HWND box_ = nullptr;
     WNDPROC procedure_ = nullptr;  ///< the system's own

@@ -18,10 +18,12 @@ class NoteView {
     virtual ~NoteView() = default;
 
     [[nodiscard]] virtual std::u16string Text() const = 0;
-    /// Replaces the whole text; does not count as the user's edit.
-    virtual void SetText(std::u16string_view text) = 0;
-    /// Puts a text before all others, the caret where it was in these; does not count as the user's edit.
-    virtual void InsertInFront(std::u16string_view text) = 0;
+    /// Replaces the whole text; does not count as the user's edit. False when the window does not hold exactly this
+    /// text afterwards: it is longer than a note can be, or has a NUL character in it.
+    [[nodiscard]] virtual bool SetText(std::u16string_view text) = 0;
+    /// Puts a text before all others, the caret where it was in these; does not count as the user's edit. False, and
+    /// nothing is inserted, when there is no room for it.
+    [[nodiscard]] virtual bool InsertInFront(std::u16string_view text) = 0;
 
     /// The window's rectangle in whole twips: the place at the system's dpi, the size at the window's own.
     [[nodiscard]] virtual TwipsRect Rectangle() const = 0;

@@ -190,8 +190,7 @@ void OpenNote::SetLargeText(bool large) {
 }
 
 void OpenNote::AddTimestamp() {
-    view_->InsertInFront(TimeStampText(world_.clock.Now(), world_.locale));
-    MarkChanged();
+    if (view_->InsertInFront(TimeStampText(world_.clock.Now(), world_.locale))) MarkChanged();
 }
 
 void OpenNote::UpdateColors() {

@@ -63,7 +63,8 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     [[nodiscard]] const std::u16string& NoteKey() const { return note_.NoteKey; }
     [[nodiscard]] std::u16string Text() const { return view_->Text(); }
     [[nodiscard]] bool IsVisible() const { return view_->IsVisible(); }
-    void SetText(std::u16string_view text) { view_->SetText(text); }
+    /// False when the window does not take the whole text: such a note must not be kept.
+    [[nodiscard]] bool SetText(std::u16string_view text) { return view_->SetText(text); }
     void MoveTo(const TwipsRect& rectangle) { view_->MoveTo(rectangle); }
     /// Gives the note the keyboard.
     void Activate() override { view_->Activate(); }

@@ -7,14 +7,18 @@
 
 namespace quillo {
 
-void FakeNoteView::SetText(std::u16string_view text) {
+bool FakeNoteView::SetText(std::u16string_view text) {
     Record("SetText");
-    text_ = text;
+    if (!HasRoomFor(0, text.size())) return false;
+    text_ = text.substr(0, text.find(u'\0'));
+    return text_.size() == text.size();
 }
 
-void FakeNoteView::InsertInFront(std::u16string_view text) {
+bool FakeNoteView::InsertInFront(std::u16string_view text) {
     Record("InsertInFront");
+    if (!HasRoomFor(text_.size(), text.size())) return false;
     text_.insert(0, text);
+    return true;
 }
 
 void FakeNoteView::MoveTo(const TwipsRect& rectangle) {

@@ -14,8 +14,8 @@ namespace quillo {
 class FakeNoteView : public NoteView {
   public:
     [[nodiscard]] std::u16string Text() const override { return text_; }
-    void SetText(std::u16string_view text) override;
-    void InsertInFront(std::u16string_view text) override;
+    [[nodiscard]] bool SetText(std::u16string_view text) override;
+    [[nodiscard]] bool InsertInFront(std::u16string_view text) override;
     [[nodiscard]] TwipsRect Rectangle() const override { return rectangle_; }
     void MoveTo(const TwipsRect& rectangle) override;
     void MoveOntoScreen() override;

@@ -78,8 +78,10 @@ class NoteDropTargetTest : public testing::Test {
   protected:
     NoteDropTargetTest() {
         box_ = CreateWindowExW(0, L"EDIT", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
-        target_ = new NoteDropTarget(box_, world_.locale, world_.shell,
-                                     [this](std::u16string_view text) { inserted_ += text; });
+        target_ = new NoteDropTarget(box_, world_.locale, world_.shell, [this](std::u16string_view text) {
+            if (!full_) inserted_ += text;
+            return !full_;
+        });
     }
     ~NoteDropTargetTest() override {
         EXPECT_EQ(target_->Release(), 0U);
@@ -104,7 +106,15 @@ class NoteDropTargetTest : public testing::Test {
     HWND box_ = nullptr;
     NoteDropTarget* target_ = nullptr;
     std::u16string inserted_;
+    bool full_ = false;  ///< the note has no room left
 };
+
+TEST_F(NoteDropTargetTest, ADropThatANoteHasNoRoomForIsToldToItsSource) {
+    data_.OfferText(u"one word too many");
+    full_ = true;
+    EXPECT_EQ(Drop(), DROPEFFECT_NONE);
+    EXPECT_EQ(inserted_, u"");
+}
 
 TEST_F(NoteDropTargetTest, TakesWideText) {
     data_.OfferText(u"\u65E5\u672C \U0001F58B");
@@ -169,7 +179,7 @@ TEST_F(NoteDropTargetTest, AnswersForItsInterfacesOnly) {
 bool TakesDrops(HWND box) {
     // A second registration is refused with this error as long as the first stands.
     NoteWorldForTests world;
-    auto* probe = new NoteDropTarget(box, world.locale, world.shell, [](std::u16string_view) {});
+    auto* probe = new NoteDropTarget(box, world.locale, world.shell, [](std::u16string_view) { return true; });
     const HRESULT result = RegisterDragDrop(box, probe);
     if (result == S_OK) RevokeDragDrop(box);
     probe->Release();

@@ -188,14 +188,24 @@ TEST_F(NoteFormTest, TextIsKeptWhole) {
     while (large.size() < 1'048'576) large += u"A line of a long note.\r\n";
     const std::u16string texts[] = {u"", u"one", u"a\r\nb\tc \u00E9\u20AC", u"\u65E5\u672C \U0001F58B", large};
     for (const std::u16string& text : texts) {
-        form_.SetText(text);
+        ASSERT_TRUE(form_.SetText(text));
         EXPECT_TRUE(form_.Text() == text) << text.size();
     }
     EXPECT_FALSE(note_.Data().Changed) << "the program wrote it";
 }
 
+TEST_F(NoteFormTest, ATextThatTheBoxDoesNotHoldIsReported) {
+    ASSERT_TRUE(form_.SetText(u"before"));
+    EXPECT_FALSE(form_.SetText(std::u16string(kMostNoteCharacters + 1, u'x')));
+    EXPECT_EQ(form_.Text(), u"before") << "a text that is too long is not cut";
+    EXPECT_FALSE(form_.InsertInFront(std::u16string(kMostNoteCharacters, u'x')));
+    EXPECT_EQ(form_.Text(), u"before");
+    EXPECT_FALSE(form_.SetText(std::u16string(u"a\0b", 3))) << "the control ends a text at the first NUL";
+    EXPECT_EQ(SendMessageW(Box(), EM_GETLIMITTEXT, 0, 0), LRESULT{kMostNoteCharacters}) << "for typing and pasting";
+}
+
 TEST_F(NoteFormTest, TypingMarksTheNoteChangedAndSavesItByItself) {
-    form_.SetText(u"text");
+    ASSERT_TRUE(form_.SetText(u"text"));
     EXPECT_FALSE(note_.Data().Changed);
     SendMessageW(Box(), EM_SETSEL, 4, 4);
     SendMessageW(Box(), WM_CHAR, u'\u65E5', 0);
@@ -264,7 +274,7 @@ TEST_F(NoteFormTest, TheScrollBarFollowsItsOption) {
     std::u16string lines;
     for (int i = 0; i < 200; ++i) lines += u"line\r\n";
     EXPECT_FALSE(shown());
-    form_.SetText(lines);
+    ASSERT_TRUE(form_.SetText(lines));
     EXPECT_FALSE(shown()) << "a long text does not bring it back";
     Resize(Size{300, 300});
     EXPECT_FALSE(shown()) << "nor does a new size";
@@ -311,7 +321,7 @@ TEST_F(NoteFormTest, TheTextBoxHasItsMarginsAndOneTabStop) {
         EXPECT_EQ(HIWORD(margins), scale_.Px(3));
     }
     note_.SetLargeText(false);
-    form_.SetText(u"\ta\t\tb");
+    ASSERT_TRUE(form_.SetText(u"\ta\t\tb"));
     const auto x = [&](WPARAM character) { return LOWORD(SendMessageW(Box(), EM_POSFROMCHAR, character, 0)); };
     const int start = x(0);
     const int step = x(1) - start;
@@ -332,7 +342,7 @@ TEST_F(NoteFormTest, AClickOnTheCloseButtonMayEndTheNote) {
     // The object stands until its owner lets go of it, and answers as a note without a window.
     EXPECT_EQ(form_.Text(), u"");
     EXPECT_FALSE(form_.IsVisible());
-    form_.SetText(u"nothing to see");
+    EXPECT_FALSE(form_.SetText(u"nothing to see"));
     form_.Repaint();
     form_.Show();
     form_.Hide();
@@ -344,7 +354,7 @@ TEST_F(NoteFormTest, AClickOnTheCloseButtonMayEndTheNote) {
 }
 
 TEST_F(NoteFormTest, AltF4IsTheCloseButton) {
-    form_.SetText(u"kept");
+    ASSERT_TRUE(form_.SetText(u"kept"));
     note_.SetReminder(ToDaySerial({2026, 11, 22, 9, 0, 0}));
     form_.Show();
     SendMessageW(one_.Window(), WM_CLOSE, 0, 0);

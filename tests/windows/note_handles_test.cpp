@@ -91,7 +91,7 @@ TEST(HandlesTest, AThousandNotesLeaveNothingBehind) {
         for (int i = 0; i < notes; ++i) {
             TestNote one(world, u"one");
             ASSERT_TRUE(one.Create());
-            one.form.SetText(u"text");
+            ASSERT_TRUE(one.form.SetText(u"text"));
             one.form.Show();
             windows_tests::PaintNow(one.Window());
             one.note.SetLargeText(true);

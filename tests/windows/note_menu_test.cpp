@@ -124,7 +124,7 @@ TEST_F(NoteMenuTest, TheButtonDropsTheMenuBelowItself) {
 TEST_F(NoteMenuTest, TheKeyboardOpensTheMenuAndChooses) {
     ASSERT_TRUE(one_.Settle());
     Show();
-    form_.SetText(u"abc");
+    ASSERT_TRUE(form_.SetText(u"abc"));
     const auto menu = WhenAMenuIsOpen([](HWND) {
         Key(GetFocus(), VK_DOWN);
         Key(GetFocus(), VK_DOWN);
@@ -147,7 +147,7 @@ TEST_F(NoteMenuTest, TheContextMenuKeyOpensTheMenuBeforeTheButtonsHaveWindows) {
 TEST_F(NoteMenuTest, ANoteThatGoesTakesItsOpenMenuAlong) {
     ASSERT_TRUE(one_.Settle());
     Show();
-    form_.SetText(u"abc");
+    ASSERT_TRUE(form_.SetText(u"abc"));
     const auto menu = WhenAMenuIsOpen([this](HWND) { note_.DestroyNote(); });
     PressMenuButton();
     EXPECT_TRUE(menu.IsDone());
@@ -187,7 +187,7 @@ TEST_F(NoteMenuTest, APressBeforeTheButtonsHaveWindowsStillCounts) {
 
 TEST_F(NoteMenuTest, ATimeStampKeepsTheCaretAndCanBeUndone) {
     Show();
-    form_.SetText(u"abc");
+    ASSERT_TRUE(form_.SetText(u"abc"));
     SendMessageW(Box(), EM_SETSEL, 1, 2);
     note_.AddTimestamp();
     const auto length = static_cast<DWORD>(form_.Text().size());
@@ -241,7 +241,7 @@ std::u16string TipOf(HWND tips, HWND window, HWND tool) {
 TEST_F(NoteMenuTest, TheButtonsHaveToolTipsOnceThePointerComes) {
     ASSERT_TRUE(one_.Settle());
     Show();
-    form_.SetText(u"Milk");
+    ASSERT_TRUE(form_.SetText(u"Milk"));
     EXPECT_EQ(TipsOf(one_.Window()), nullptr) << "start-up does not pay for them";
     SendMessageW(one_.Window(), WM_SETCURSOR, reinterpret_cast<WPARAM>(Box()), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
     EXPECT_EQ(TipsOf(one_.Window()), nullptr) << "the text has none";
@@ -324,7 +324,7 @@ TEST(FileDialogs, AFilterAsTheSystemWantsIt) {
 TEST_F(NoteMenuTest, ACopyIsAskedForByTheSystemsDialog) {
     ASSERT_TRUE(one_.Settle());
     Show();
-    form_.SetText(u"Milk");
+    ASSERT_TRUE(form_.SetText(u"Milk"));
     const std::u16string path = world_.folder.Of(u"copy");
     std::u16string title;
     const Meanwhile user([&] {
@@ -347,7 +347,7 @@ TEST_F(NoteMenuTest, ACopyIsAskedForByTheSystemsDialog) {
 TEST_F(NoteMenuTest, ANoteThatGoesTakesItsDialogAlong) {
     ASSERT_TRUE(one_.Settle());
     Show();
-    form_.SetText(u"Milk");
+    ASSERT_TRUE(form_.SetText(u"Milk"));
     const Meanwhile user([&] {
         if (DialogOf(one_.Window()) == nullptr) return false;
         note_.DestroyNote();

@@ -24,7 +24,7 @@ class NoteReminderTest : public testing::Test {
   protected:
     NoteReminderTest() {
         EXPECT_TRUE(one_->Create());
-        one_->note.SetText(u"water the ferns");
+        EXPECT_TRUE(one_->note.SetText(u"water the ferns"));
         one_->note.Popup();
         one_->note.Activate();
         PumpWaiting();

@@ -67,6 +67,17 @@ TEST_F(LegacyNotesTest, AnImportThatHasNoWindowForANoteIsTakenBack) {
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U) << "the next start can import them";
 }
 
+TEST_F(LegacyNotesTest, AnImportWithATextThatNoNoteCanHoldIsTakenBack) {
+    PutCount(2);
+    PutNote(1, u"Buy milk", u"");
+    PutNote(2, std::u16string(kMostNoteCharacters + 1, u'x'), u"");
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.program.openNotes.Count(), 0U);
+    test_.legacy.SaveAllNotesAndClear();
+    EXPECT_TRUE(test_.StoredFiles().empty());
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U);
+}
+
 TEST_F(LegacyNotesTest, AnEmptySizeIsTheTopLeftCorner) {
     PutCount(1);
     PutNote(1, u"text", u"");
@@ -291,7 +302,7 @@ TEST_F(LegacyNotesTest, ASecondStartImportsNothing) {
 TEST_F(LegacyNotesTest, SavingWritesChangedNotesOnly) {
     test_.FillUpTo(3);
     EXPECT_FALSE(Import());
-    test_.views.Note(1).SetText(u"changed");
+    ASSERT_TRUE(test_.views.Note(1).SetText(u"changed"));
     test_.views.Note(1).MarkChanged();
     test_.legacy.SaveAllNotesAndClear();
     EXPECT_EQ(test_.StoredFiles().size(), 1U);

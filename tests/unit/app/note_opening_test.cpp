@@ -88,6 +88,18 @@ TEST_F(NoteOpeningTest, AFileWhoseNoteHasNoWindowStaysAndNothingIsStored) {
     EXPECT_EQ(test_.program.openNotes.Count(), 0U);
 }
 
+TEST_F(NoteOpeningTest, AFileLongerThanANoteCanBeStaysAndNothingIsStored) {
+    const std::string tooLong(kMostNoteCharacters + 1, 'x');
+    OpenBytes(kOutside, tooLong);
+    EXPECT_EQ(test_.program.openNotes.Count(), 0U);
+    EXPECT_TRUE(test_.views.View(0).IsClosed());
+    EXPECT_EQ(test_.files.Read(kOutside), tooLong);
+    EXPECT_TRUE(test_.StoredFiles().empty());
+    OpenNote* whole = OpenBytes(kOutside, tooLong.substr(1));
+    ASSERT_NE(whole, nullptr);
+    EXPECT_EQ(whole->Text().size(), kMostNoteCharacters);
+}
+
 TEST_F(NoteOpeningTest, QuotesAroundThePathAreStripped) {
     test_.files.Put(kOutside, "Buy milk");
     EXPECT_NE(Open(u"\"" + std::u16string(kOutside) + u"\""), nullptr);
@@ -351,7 +363,7 @@ TEST_F(NoteOpeningTest, TagsDecideWhereANoteIsAndWhetherItShows) {
 
 TEST_F(NoteOpeningTest, OpeningAFileSavesTheOtherNotesFirstOnceStartUpIsOver) {
     OpenNote* first = OpenBytes(kOutside, "first");
-    first->SetText(u"first, changed");
+    ASSERT_TRUE(first->SetText(u"first, changed"));
     first->MarkChanged();
     test_.program.startingUp = true;
     OpenBytes(kOutside, "second");

@@ -18,7 +18,7 @@ class QuitTest : public testing::Test {
 
 TEST_F(QuitTest, SavesThenUnloadsEveryNote) {
     test_.FillUpTo(2);
-    test_.views.Note(0).SetText(u"typed");
+    ASSERT_TRUE(test_.views.Note(0).SetText(u"typed"));
     test_.views.Note(0).MarkChanged();
     EXPECT_TRUE(Quit());
     EXPECT_EQ(test_.program.openNotes.Count(), 0U);

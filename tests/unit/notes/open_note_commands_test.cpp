@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "app/registry_keys.h"
 #include "notes/hide_hint.h"
 #include "open_note_fixture.h"
@@ -14,7 +16,7 @@ class OpenNoteCommands : public OpenNoteTest {
 // The time stamp and large text.
 
 TEST_F(OpenNoteCommands, TheTimeStampStandsBeforeTheWholeText) {
-    note_.SetText(u"abc");
+    ASSERT_TRUE(note_.SetText(u"abc"));
     note_.AddTimestamp();
     EXPECT_EQ(note_.Text(), u"(" + locale_.GeneralDate(clock_.now) + u")\r\n\r\nabc");
     EXPECT_TRUE(note_.Data().Changed);
@@ -31,6 +33,26 @@ TEST_F(OpenNoteCommands, TheTimeStampGoesIntoTheTextAsAnInsertion) {
     ShowStored(u"abc");
     note_.AddTimestamp();
     EXPECT_EQ(view_.TakeCalls(), Calls{"InsertInFront"}) << "so that caret and undo stay the user's";
+}
+
+TEST_F(OpenNoteCommands, AFullNoteTakesNoTimeStamp) {
+    ShowStored(std::u16string(kMostNoteCharacters, u'x'));
+    note_.AddTimestamp();
+    EXPECT_EQ(view_.Text().size(), kMostNoteCharacters);
+    EXPECT_FALSE(note_.Data().Changed);
+}
+
+TEST(NoteLimit, HoldsForTheSumOfOldAndNew) {
+    constexpr std::size_t kMost = kMostNoteCharacters;
+    constexpr std::size_t kAny = std::numeric_limits<std::size_t>::max();
+    const struct {
+        std::size_t present;
+        std::size_t added;
+        bool fits;
+    } cases[] = {{0, 0, true},         {0, kMost, true},    {0, kMost + 1, false},       {1, kMost - 1, true},
+                 {1, kMost, false},    {kMost, 0, true},    {kMost, 1, false},           {kMost + 1, 0, false},
+                 {kMost, kAny, false}, {kAny, kAny, false}, {kMost / 2, kMost / 2, true}};
+    for (const auto& c : cases) EXPECT_EQ(HasRoomFor(c.present, c.added), c.fits) << c.present << " + " << c.added;
 }
 
 // Hide with its hint.

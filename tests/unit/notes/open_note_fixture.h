@@ -48,7 +48,7 @@ class OpenNoteTest : public ::testing::Test {
 
     /// A note on the screen with that text, stored and unchanged.
     void ShowStored(std::u16string_view text) {
-        note_.SetText(text);
+        ASSERT_TRUE(note_.SetText(text));
         note_.Popup();
         note_.MarkChanged();
         ASSERT_TRUE(note_.PersistNote());

@@ -60,7 +60,7 @@ TEST_F(OpenNoteLeaving, TheIconsCaption) {
         {std::u16string(58, u'x') + u"\U0001F600", std::u16string(58, u'x') + u"\U0001F600"},
     };
     for (const auto& c : cases) {
-        note_.SetText(c.text);
+        ASSERT_TRUE(note_.SetText(c.text));
         note_.MinimizeToTray();
         EXPECT_EQ(view_.IconCaption(), c.caption);
     }
@@ -335,7 +335,7 @@ TEST_F(OpenNoteLeaving, ANoteGoneWhileItsFileIsRecycledIsLeftAlone) {
     FakeNoteView view;
     OpenNote note{{settings_, os_, kFolder, store, locale_, clock_, notice_, owner_, printer_, mail_, registry_}, kKey};
     note.AttachView(view);
-    note.SetText(u"Milk");
+    ASSERT_TRUE(note.SetText(u"Milk"));
     note.MarkChanged();
     ASSERT_TRUE(note.PersistNote());
     note.DeleteNote();
@@ -358,7 +358,7 @@ TEST_F(OpenNoteLeaving, QuickDeleteNeverAsks) {
         OpenNote note{{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner, printer_, mail_, registry_},
                       kKey};
         note.AttachView(view);
-        note.SetText(c.text);
+        ASSERT_TRUE(note.SetText(c.text));
         note.MarkChanged();
         ASSERT_TRUE(note.PersistNote());
         shell_.recycled.clear();

@@ -10,7 +10,7 @@ namespace {
 class OpenNoteReminderTest : public OpenNoteTest {
   protected:
     OpenNoteReminderTest() {
-        note_.SetText(u"water the ferns");
+        EXPECT_TRUE(note_.SetText(u"water the ferns"));
         note_.Popup();
         Forget();
     }

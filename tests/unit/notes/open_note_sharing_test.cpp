@@ -7,7 +7,7 @@ namespace {
 class OpenNoteSharingTest : public OpenNoteTest {
   protected:
     OpenNoteSharingTest() {
-        note_.SetText(u"Buy milk");
+        EXPECT_TRUE(note_.SetText(u"Buy milk"));
         note_.Popup();
         before_ = note_.Data();
     }
@@ -72,10 +72,10 @@ TEST_F(OpenNoteSharingTest, MailsItselfInAMessage) {
 }
 
 TEST_F(OpenNoteSharingTest, OnlyAnEmptyTextIsNotMailed) {
-    note_.SetText(u"");
+    ASSERT_TRUE(note_.SetText(u""));
     note_.MailNote();
     EXPECT_TRUE(mail_.calls.empty()) << "the mail system is not even asked";
-    note_.SetText(u" ");
+    ASSERT_TRUE(note_.SetText(u" "));
     note_.MailNote();
     EXPECT_EQ(mail_.sent.size(), 1U);
 }

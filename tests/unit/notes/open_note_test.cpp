@@ -160,7 +160,7 @@ TEST_F(OpenNoteTest, AnUnchangedNoteIsNotStored) {
 }
 
 TEST_F(OpenNoteTest, AChangedNoteIsStoredUnderANewIdentifier) {
-    note_.SetText(u"Buy milk");
+    ASSERT_TRUE(note_.SetText(u"Buy milk"));
     note_.MarkChanged();
     EXPECT_TRUE(note_.PersistNote());
     EXPECT_FALSE(note_.Data().Changed);
@@ -175,7 +175,7 @@ TEST_F(OpenNoteTest, AChangedNoteIsStoredUnderANewIdentifier) {
               "<nodelete></nodelete></quillo>");
     EXPECT_TRUE(note_.PersistNote()) << "unchanged, and whole on the disk";
 
-    note_.SetText(u"Buy bread");
+    ASSERT_TRUE(note_.SetText(u"Buy bread"));
     note_.MarkChanged();
     EXPECT_TRUE(note_.PersistNote());
     EXPECT_EQ(note_.Data().StoragePath, path);
@@ -185,7 +185,7 @@ TEST_F(OpenNoteTest, AChangedNoteIsStoredUnderANewIdentifier) {
 TEST_F(OpenNoteTest, TheStorageCopySurvivesAPowerCutAtAnyMoment) {
     ShowStored(u"Milk");
     const std::string before = Content(note_.Data().StoragePath);
-    note_.SetText(u"Bread");
+    ASSERT_TRUE(note_.SetText(u"Bread"));
     note_.MarkChanged();
     files_.CutPowerDuringReplace();
     EXPECT_FALSE(note_.PersistNote());
@@ -203,7 +203,7 @@ TEST_F(OpenNoteTest, AFileOfTheNotesFolderIsTheStorageCopy) {
     note_.SetStoragePath(path);
     EXPECT_TRUE(note_.PersistNote());
     EXPECT_EQ(Content(path), "old") << "unchanged: not written";
-    note_.SetText(u"new");
+    ASSERT_TRUE(note_.SetText(u"new"));
     note_.MarkChanged();
     EXPECT_TRUE(note_.PersistNote());
     EXPECT_EQ(Content(path).substr(0, 5), "new\r\n");
