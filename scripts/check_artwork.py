@@ -6,6 +6,10 @@ import struct
 import sys
 
 ICON_SIZES = [16, 20, 24, 32, 40, 48, 64, 128, 256]
+LARGEST_ICON_BITMAP = 128  # above that an entry is a PNG
+LARGEST_FILE_BITMAP = 48
+SMALL_PROGRAM_SIZES = [16, 20, 24, 32, 48]
+LARGEST_SMALL_PROGRAM_BITMAP = 24
 GLYPH_SIZES = [20, 25, 30, 35, 40]
 FRAME = 20  # pixels at 96 dpi
 ROWS = ("close", "pushpin", "pushpin in", "menu")
@@ -41,7 +45,7 @@ def read_header(data, at):
     return width, height
 
 
-def check_icon(data):
+def check_icon(data, sizes_expected=ICON_SIZES, largest_bitmap=LARGEST_ICON_BITMAP):
     reserved, kind, count = struct.unpack_from("<HHH", data)
     expect((reserved, kind) == (0, 1), "not an icon")
     sizes = []
@@ -53,9 +57,9 @@ def check_icon(data):
         expect(at == end, f"entry {size} does not follow its predecessor")
         end = at + length
         sizes.append(size)
-        if size == 256:
-            expect(data[at : at + 8] == b"\x89PNG\r\n\x1a\n", "the entry of 256 is not a PNG")
-            expect(struct.unpack_from(">II", data, at + 16) == (256, 256), "the PNG is not 256 pixels wide and high")
+        if size > largest_bitmap:
+            expect(data[at : at + 8] == b"\x89PNG\r\n\x1a\n", f"the entry of {size} is not a PNG")
+            expect(struct.unpack_from(">II", data, at + 16) == (size, size), f"the PNG is not {size} pixels wide and high")
             continue
         expect(read_header(data, at) == (size, 2 * size), f"entry {size} holds another size")
         mask_stride = (size + 31) // 32 * 4
@@ -68,7 +72,7 @@ def check_icon(data):
         for index, alpha in enumerate(alphas):
             bit = mask[index // size * mask_stride + index % size // 8] >> (7 - index % size % 8) & 1
             expect(bit == (alpha == 0), f"the mask of entry {size} differs from its alpha")
-    expect(sizes == ICON_SIZES, f"the sizes are {sizes}")
+    expect(sizes == sizes_expected, f"the sizes are {sizes}")
     expect(end == len(data), "bytes are left over")
 
 
@@ -214,7 +218,9 @@ def main():
     if len(sys.argv) != 2:
         sys.exit(f"usage: {sys.argv[0]} FOLDER-OF-RENDERED-ARTWORK")
     folder = pathlib.Path(sys.argv[1])
-    checks = [("quillo.ico", check_icon, ())]
+    checks = [("quillo.ico", check_icon, ()),
+              ("note_file.ico", check_icon, (ICON_SIZES, LARGEST_FILE_BITMAP)),
+              ("small_program.ico", check_icon, (SMALL_PROGRAM_SIZES, LARGEST_SMALL_PROGRAM_BITMAP))]
     checks += [(f"note_buttons_{scale}.bmp", check_strip, (scale,)) for scale in (100, 150, 200)]
     for glyph in ("alert_bell", "alert_close", "option_browse", "option_play"):
         checks.append((f"{glyph}_ink.ico", check_glyph, ((0x27, 0x2A, 0x2B),)))  # blue, green, red

@@ -2,7 +2,7 @@
 # Every C++ file is formatted as .clang-format says.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-mapfile -d '' files < <(find src tests -type f \( -name '*.cpp' -o -name '*.h' \) -print0)
+mapfile -d '' files < <(find src tests tools -type f \( -name '*.cpp' -o -name '*.h' \) -print0)
 if ! clang-format --dry-run -Werror "${files[@]}"; then
     echo "to mend: clang-format -i on the files named above"
     exit 1

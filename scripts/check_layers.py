@@ -28,6 +28,8 @@ COMPOSITION_ROOT = {"app/quillo_procs", "app/main"}
 WINDOWS_H_HOME = "platform/win32.h"
 # What the resources offer to window files.
 RESOURCE_HEADERS = {"resources/resource_ids.h", "version.h"}
+# What the build writes for one file of the core, and that file.
+GENERATED_HEADERS = {"identity.h": "app/app_identity.h"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 LISTED = re.compile(r"\b([a-z0-9_]+/[a-z0-9_]+\.cpp)\b")
@@ -118,6 +120,8 @@ def check_include(tree, name, kind, target):
     if kind == "<":
         return None
     is_window = name in tree.windows
+    if target in GENERATED_HEADERS:
+        return None if name == GENERATED_HEADERS[target] else f"only {GENERATED_HEADERS[target]} includes {target}"
     if target in RESOURCE_HEADERS:
         return None if is_window else "the core knows no resources"
     if target not in tree.includes:

@@ -24,6 +24,12 @@ ICON_SOURCES = {
     128: "quillo.svg",
     256: "quillo.svg",
 }
+# The icon of note files, likewise.
+FILE_ICON_SOURCES = {size: name.replace("quillo", "file") for size, name in ICON_SOURCES.items()}
+LARGEST_FILE_BITMAP = 48
+# The icon of the small programs beside Quillo, which are not to be larger than they need be.
+SMALL_PROGRAM_SIZES = (16, 20, 24, 32, 48)
+LARGEST_SMALL_PROGRAM_BITMAP = 24
 LARGEST_ICON_BITMAP = 128  # pixels; above that an entry is a PNG
 
 FRAME = 20  # pixels at 96 dpi
@@ -294,8 +300,8 @@ class Artwork:
                     strip.put(index * size + x, y, (*shown, 255))
         return strip
 
-    def icons(self):
-        return [self.render(name, size) for size, name in ICON_SOURCES.items()]
+    def icons(self, sources=None):
+        return [self.render(name, size) for size, name in (sources or ICON_SOURCES).items()]
 
     def glyphs(self, name, color):
         """One drawing at every size of a glyph, in one colour."""
@@ -429,6 +435,10 @@ def main():
     icons = artwork.icons()
     strips = {scale: artwork.strip(scale) for scale in SCALES}
     (output / "quillo.ico").write_bytes(encode_ico(icons))
+    files = artwork.icons(FILE_ICON_SOURCES)
+    (output / "note_file.ico").write_bytes(encode_ico(files, LARGEST_FILE_BITMAP))
+    small = [image for image in icons if image.width in SMALL_PROGRAM_SIZES]
+    (output / "small_program.ico").write_bytes(encode_ico(small, LARGEST_SMALL_PROGRAM_BITMAP))
     for scale, strip in strips.items():
         (output / f"note_buttons_{scale}.bmp").write_bytes(encode_bmp(strip))
     for glyph, source in GLYPHS.items():
@@ -444,7 +454,7 @@ def main():
     if options.menu_sheet:
         pathlib.Path(options.menu_sheet).write_bytes(encode_png(menu_sheet(menus)))
     if options.contact_sheet:
-        pathlib.Path(options.contact_sheet).write_bytes(encode_png(contact_sheet(icons, strips)))
+        pathlib.Path(options.contact_sheet).write_bytes(encode_png(contact_sheet(icons + files, strips)))
 
 
 if __name__ == "__main__":

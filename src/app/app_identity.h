@@ -3,16 +3,20 @@
 #include <string>
 #include <string_view>
 
+#include "identity.h"
+
 namespace quillo {
 
-/// The maker's site: the host name alone, as mails, printed pages and the about box show it. Under a reserved name, so
-/// that no stranger is ever called; whoever publishes the program puts their own here, and nowhere else.
-inline constexpr std::u16string_view kMakerHost = u"www.marrowind.example";
+/// The publisher's site: the host name alone, as mails, printed pages and the about box show it.
+inline constexpr std::u16string_view kMakerHost = u"" QUILLO_HOST;
 
 /// Whose the program is.
-inline constexpr std::u16string_view kMakerNotice = u"\u00A9 2026 Marrowind";
+inline constexpr std::u16string_view kMakerNotice = u"\u00A9 " QUILLO_COPYRIGHT_YEAR " " QUILLO_PUBLISHER;
 
-/// The address of the maker's site, as a browser opens it.
+/// The name under which an installer registers the program's name and icon for balloons and task bar buttons.
+inline constexpr std::u16string_view kAppId = u"" QUILLO_APP_ID;
+
+/// The address of the publisher's site, as a browser opens it.
 [[nodiscard]] inline std::u16string MakerAddress() {
     std::u16string address = u"http://";
     return address.append(kMakerHost);

@@ -1,8 +1,10 @@
 #include "app/quillo_procs.h"
 
+#include "app/app_identity.h"
 #include "app/command_line.h"
 #include "app/quit.h"
 #include "notes/note_form.h"
+#include "platform/app_id.h"
 #include "platform/late_library.h"
 #include "util/ignore.h"
 #include "version.h"
@@ -94,6 +96,8 @@ void QuilloProcs::SendToRunningInstance(std::u16string_view commandLine) {
 }
 
 void QuilloProcs::InitializeShell() {
+    // Before the first window, as the system demands.
+    Ignore(TakeRegisteredAppId(kAppId), "balloons then carry the name of the file");
     Ignore(shell_.FolderPath(SpecialFolder::Desktop), "only warms the special-folder service up");
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
     InitCommonControlsEx(&controls);

@@ -1,6 +1,7 @@
 target_sources(quillo_shell PRIVATE
   platform/accessible.cpp
   platform/animation.cpp
+  platform/app_id.cpp
   platform/dialog_parts.cpp
   platform/dialog_window.cpp
   platform/dib.cpp
@@ -12,6 +13,7 @@ target_sources(quillo_shell PRIVATE
   platform/gdi_canvas.cpp
   platform/message_loop.cpp
   platform/monitors.cpp
+  platform/notify_channel.cpp
   platform/single_instance.cpp
   platform/text_tools.cpp
   platform/tool_tips.cpp

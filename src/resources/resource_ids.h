@@ -2,7 +2,10 @@
 
 // Read by the resource compiler too: plain definitions only.
 
+// The program's icon: the first by number, which the shell shows for the file.
 #define IDI_QUILLO 101
+// The icon of note files; the installer's registration names it by this number.
+#define IDI_NOTE_FILE 102
 
 // The alert's glyphs, for light and for dark strips.
 #define IDI_ALERT_BELL_INK 111

@@ -1,0 +1,42 @@
+#include "platform/notify_channel.h"
+
+namespace quillo {
+namespace {
+
+// What a sender looks for first.
+constexpr wchar_t kOlderFormClass[] = L"ThunderFormDC";
+constexpr wchar_t kOlderBoxClass[] = L"ThunderTextBox";
+
+HWND FindNotifyBox() {
+    HWND form = FindWindowW(kOlderFormClass, kNotifyTitle);
+    if (form == nullptr) form = FindWindowW(kNotifyFormClass, kNotifyTitle);
+    if (form == nullptr) return nullptr;
+    HWND box = FindWindowExW(form, nullptr, kOlderBoxClass, nullptr);
+    return box != nullptr ? box : FindWindowExW(form, nullptr, kNotifyBoxClass, nullptr);
+}
+
+}  // namespace
+
+HWND AwaitNotifyBox(DWORD patience) {
+    constexpr DWORD kBetweenLooks = 20;
+    const ULONGLONG deadline = GetTickCount64() + patience;
+    HWND box = FindNotifyBox();
+    while (box == nullptr && GetTickCount64() < deadline) {
+        Sleep(kBetweenLooks);
+        box = FindNotifyBox();
+    }
+    return box;
+}
+
+void SendToNotifyBox(HWND box, const wchar_t* commandLine) {
+    // The user has just asked this process for something: the right to come to the front goes to the one that does it.
+    DWORD process = 0;
+    GetWindowThreadProcessId(box, &process);
+    AllowSetForegroundWindow(process);
+    // Waits as long as the other one works, which may be a question to the user; not for one that has hung.
+    constexpr UINT kNoTimeout = 0x7FFFFFFF;
+    SendMessageTimeoutW(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(commandLine), SMTO_ABORTIFHUNG, kNoTimeout,
+                        nullptr);
+}
+
+}  // namespace quillo
