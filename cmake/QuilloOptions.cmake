@@ -32,6 +32,28 @@ if(QUILLO_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
-if(QUILLO_FUZZ)
-  add_compile_options(-fsanitize=fuzzer-no-link)
-endif()
+# The headers that nearly every file of a target reads, parsed once. A file still includes what it uses: the 32-bit tree
+# compiles every source of the program without them, and the presets "headers" every test.
+function(quillo_precompile target)
+  if(QUILLO_PRECOMPILED_HEADERS)
+    if(ARGV1 STREQUAL "REUSE_FROM")
+      target_precompile_headers(${target} REUSE_FROM ${ARGV2})
+    else()
+      target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+      # Lets a compiler cache see what the precompiled header holds.
+      target_compile_options(${target} PRIVATE -fpch-preprocess)
+    elseif(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND NOT MSVC)
+      # The same header gives the same bytes in every tree, so that a compiler cache can share what was built with it.
+      target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
+    endif()
+  endif()
+endfunction()
+
+# For targets that only test: they run briefly and are compiled often. What they test keeps the options of the program.
+function(quillo_test_code target)
+  if(NOT MSVC)
+    target_compile_options(${target} PRIVATE -O0 $<$<CONFIG:Debug>:-gline-tables-only>)
+  endif()
+endfunction()
