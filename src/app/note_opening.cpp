@@ -8,8 +8,7 @@
 #include "app/notes_folder.h"
 #include "app/program.h"
 #include "controls/swatch_palette.h"
-#include "notes/note_file.h"
-#include "notes/note_tags.h"
+#include "notes/note_codec.h"
 #include "ports/clock.h"
 #include "ports/file_store.h"
 #include "ports/locale_text.h"
@@ -21,26 +20,13 @@ namespace quillo {
 
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-
 constexpr std::u16string_view kLimitTitle = u"Can't open any more notes";
 constexpr std::u16string_view kLimitText =
     u"Sorry, you can't open any more notes at this time.  (You can have up to 50.)  Please close one or more notes and "
     u"try again.";
 static_assert(kMaxOpenNotes == 50, "the limit stands in the text");
 
-bool BeginsWithUtf8Mark(std::string_view bytes) {
-    return bytes.substr(0, kUtf8Mark.size()) == kUtf8Mark;
-}
-
 }  // namespace
-
-NoteContent DecodeNoteFile(std::string_view bytes, LocaleText& locale) {
-    const NoteFileParts parts = SplitNoteFile(bytes);
-    if (parts.tags) return {locale.FromNarrow(parts.JoinedText()), locale.FromNarrow(*parts.tags)};
-    if (BeginsWithUtf8Mark(bytes)) return {locale.FromUtf8(bytes.substr(kUtf8Mark.size())), std::nullopt};
-    return {locale.FromNarrow(bytes), std::nullopt};
-}
 
 bool NoteOpening::CanOpenAnotherNote() {
     if (program_.openNotes.Count() < kMaxOpenNotes) return true;
@@ -65,19 +51,19 @@ void NoteOpening::OpenNoteFile(std::u16string_view path) {
     }
     const std::optional<std::string> bytes = ReadTextFile(plainPath);
     if (!bytes) return;
-    NoteContent content = DecodeNoteFile(*bytes, world_.locale);
-    if (bytes->empty() || *bytes == kUtf8Mark) content.text = NameWithoutExtension(FileNameOfPath(plainPath));
+    NoteFile content = ParseNoteFile(*bytes, world_.locale);
+    if (!content.hasTags && content.text.empty()) content.text = NameWithoutExtension(FileNameOfPath(plainPath));
 
     OpenNote* note = CreateNote(content, plainPath);
     if (!note) return;
     TakeIn(*note, plainPath, content);
     if (note->Data().StoragePath.empty()) {
-        const bool keepSource = bytes->find(kKeepMarker) != std::string::npos;
+        const bool keepSource = content.keepsFile;
         MoveIntoNotesFolder(*note, plainPath, content.text, keepSource);
     }
 }
 
-OpenNote* NoteOpening::CreateNote(const NoteContent& content, std::u16string_view openedPath) {
+OpenNote* NoteOpening::CreateNote(const NoteFile& content, std::u16string_view openedPath) {
     if (!CanOpenAnotherNote()) return nullptr;
     OpenNote* added = program_.openNotes.Add(world_, NewNoteIdentifier(program_.openNotes, random_));
     if (added == nullptr) return nullptr;
@@ -90,8 +76,8 @@ OpenNote* NoteOpening::CreateNote(const NoteContent& content, std::u16string_vie
         return nullptr;
     }
     // Whether the tags put the note on the screen, in its colours, or said that it stays off it.
-    const bool settled = content.tags && note.SetupNoteFromTags(*content.tags, openedPath);
-    if (!content.tags && program_.settings.randomNoteColor) {
+    const bool settled = content.hasTags && note.SetupNoteFromTags(content, openedPath);
+    if (!content.hasTags && program_.settings.randomNoteColor) {
         const ColorScheme& scheme = RandomScheme(random_);
         note.SetOwnColors(scheme.note, scheme.border, scheme.text);
     } else if (!settled) {
@@ -104,7 +90,9 @@ OpenNote* NoteOpening::CreateNote(const NoteContent& content, std::u16string_vie
 }
 
 void NoteOpening::CreateNewNote() {
-    if (OpenNote* note = CreateNote({std::u16string(kNewNoteContent), std::nullopt})) note->Activate();
+    NoteFile newNote;
+    newNote.text = kNewNoteContent;
+    if (OpenNote* note = CreateNote(newNote)) note->Activate();
 }
 
 /// Nothing for a missing, locked or unreadable file, a folder, and a file with NUL characters, which is no text.
@@ -127,8 +115,8 @@ OpenNote* NoteOpening::FindStoredAt(std::u16string_view path) {
 }
 
 /// Intended: a file that holds nothing but "(new)" or "/new" also makes an empty note.
-bool NoteOpening::IsNew(const NoteContent& content) {
-    if (content.tags) return false;
+bool NoteOpening::IsNew(const NoteFile& content) {
+    if (content.hasTags) return false;
     const std::u16string lower = world_.locale.ToLower(content.text);
     return lower == kNewNoteContent || lower == u"/new";
 }
@@ -139,16 +127,13 @@ void NoteOpening::FillNewNote(OpenNote& note) const {
 
 /// A file of the notes folder becomes the note's storage copy, any other its own file. A file that the program named
 /// for the note is no file of its own: the note keeps none.
-void NoteOpening::TakeIn(OpenNote& note, std::u16string_view path, const NoteContent& content) {
+void NoteOpening::TakeIn(OpenNote& note, std::u16string_view path, const NoteFile& content) {
     if (IsInNotesFolder(path, program_.notesFolder, world_.locale)) {
         note.SetStoragePath(std::u16string(path));
         return;
     }
-    if (content.tags && note.Data().FileName.empty()) {
-        const TagElements tags = FindTagElements(*content.tags, world_.locale);
-        if (tags.tempfilename && *tags.tempfilename == world_.locale.ToLower(path)) return;
-    }
-    note.SetFileName(std::u16string(path));
+    note.SetFileName(content.kind == FileKind::ProgramNamed ? FileNameOf(content, path, {}, world_.locale)
+                                                            : std::u16string(path));
 }
 
 void NoteOpening::MoveIntoNotesFolder(OpenNote& note, std::u16string_view path, std::u16string_view text,
@@ -157,7 +142,7 @@ void NoteOpening::MoveIntoNotesFolder(OpenNote& note, std::u16string_view path, 
     const bool stored = note.PersistNote();
     if (keepSource) return;
     // A storage copy with "?" for what the code page cannot hold is not the whole text.
-    if (stored && world_.locale.FromNarrow(world_.locale.ToNarrow(text)) == text) {
+    if (stored && note.Text() == text) {
         Ignore(files_.Delete(path), "a source that cannot be deleted stays, and the note is safe all the same");
     } else {
         // The source may be the only whole copy: it goes where the user can take it back from.

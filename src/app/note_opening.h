@@ -15,20 +15,8 @@ class Random;
 class Shell;
 struct Program;
 
-/// What a note is made from: text, and the tag block's inside when the file has one.
-struct NoteContent {
-    std::u16string text;
-    std::optional<std::u16string> tags;
-
-    friend bool operator==(const NoteContent&, const NoteContent&) = default;
-};
-
 /// Content that asks for a new note.
 inline constexpr std::u16string_view kNewNoteContent = u"(new)";
-
-/// Splits a file's bytes at the tag block and turns them into text: from UTF-8 when they begin with its byte-order
-/// mark and hold no tag block, else from the ANSI code page.
-[[nodiscard]] NoteContent DecodeNoteFile(std::string_view bytes, LocaleText& locale);
 
 /// Makes open notes: new ones, and those of files.
 class NoteOpening {
@@ -45,7 +33,7 @@ class NoteOpening {
     void OpenNoteFile(std::u16string_view path);
     /// Makes a note and shows it where its content says nothing else; null when 50 notes are open, and when its window
     /// cannot be made or does not take the whole text. `openedPath` is the file that the content came from, or empty.
-    OpenNote* CreateNote(const NoteContent& content, std::u16string_view openedPath = {});
+    OpenNote* CreateNote(const NoteFile& content, std::u16string_view openedPath = {});
     /// The user's command: a new empty note with the keyboard. Nothing when 50 notes are open.
     void CreateNewNote();
 
@@ -53,9 +41,9 @@ class NoteOpening {
     [[nodiscard]] std::optional<std::string> ReadTextFile(std::u16string_view path);
     [[nodiscard]] OpenNote* FindStoredAt(std::u16string_view path);
     void FillNewNote(OpenNote& note) const;
-    void TakeIn(OpenNote& note, std::u16string_view path, const NoteContent& content);
+    void TakeIn(OpenNote& note, std::u16string_view path, const NoteFile& content);
     void MoveIntoNotesFolder(OpenNote& note, std::u16string_view path, std::u16string_view text, bool keepSource);
-    [[nodiscard]] bool IsNew(const NoteContent& content);
+    [[nodiscard]] bool IsNew(const NoteFile& content);
 
     Program& program_;
     NoteWorld world_;

@@ -58,11 +58,11 @@ std::u16string_view WholeCharacters(std::u16string_view text, std::size_t most) 
 void WriteText(std::span<char> field, std::size_t mostCharacters, std::u16string_view text, LocaleText& locale) {
     const std::size_t mostBytes = field.size() - 1;
     text = WholeCharacters(text, mostCharacters);
-    std::string bytes = locale.ToNarrow(text);
+    std::string bytes = locale.ToNarrow(text).value_or(std::string());
     // Shortened in characters, not in bytes: half a double-byte character would swallow the NUL after it.
     while (bytes.size() > mostBytes) {
         text = WholeCharacters(text, text.size() - 1);
-        bytes = locale.ToNarrow(text);
+        bytes = locale.ToNarrow(text).value_or(std::string());
     }
     std::fill(std::copy(bytes.begin(), bytes.end(), field.begin()), field.end(), '\0');
 }

@@ -71,13 +71,13 @@ void MailForm::SignOff() {
 }
 
 std::string MailForm::NarrowPath(const std::u16string& path) const {
-    std::string narrow = locale_.ToNarrow(path);
+    std::string narrow = locale_.ToNarrow(path).value_or(std::string());
     if (locale_.FromNarrow(narrow) == path) return narrow;
     std::u16string shortPath(MAX_PATH, u'\0');
     const DWORD length = GetShortPathNameW(Wide(path), WideBuffer(shortPath), MAX_PATH);
     if (length == 0 || length >= MAX_PATH) return narrow;
     shortPath.resize(length);
-    return locale_.ToNarrow(shortPath);
+    return locale_.ToNarrow(shortPath).value_or(narrow);
 }
 
 std::unique_ptr<MailSession> MapiMail::NewSession() {

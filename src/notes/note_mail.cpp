@@ -1,7 +1,7 @@
 #include "notes/note_mail.h"
 
 #include "app/app_identity.h"
-#include "notes/note_file.h"
+#include "notes/note_codec.h"
 #include "notes/note_store.h"
 #include "ports/locale_text.h"
 
@@ -37,15 +37,15 @@ std::u16string MailBody(std::u16string_view text) {
 
 MailMessage ComposeMail(std::u16string_view text, std::u16string_view notePath, LocaleText& locale) {
     MailMessage message;
-    message.subject = locale.ToNarrow(MailSubject(text));
-    message.body = locale.ToNarrow(MailBody(text));
+    message.subject = locale.ToNarrow(MailSubject(text)).value_or(std::string());
+    message.body = locale.ToNarrow(MailBody(text)).value_or(" ");
     message.attachmentPosition = message.body.size() - 1;
-    message.attachmentName = locale.ToNarrow(kAttachmentName);
+    message.attachmentName = locale.ToNarrow(kAttachmentName).value_or(std::string());
     message.attachmentPath = notePath;
     return message;
 }
 
-MailResult SendMail(MailSession& session, NoteStore& store, const NoteFileContent& note, LocaleText& locale) {
+MailResult SendMail(MailSession& session, NoteStore& store, const NoteFile& note, LocaleText& locale) {
     const std::u16string path = store.SaveTemporaryFile(note);
     if (path.empty()) return MailResult::NotSaved;
     const MailSignOn signOn = session.SignOn();

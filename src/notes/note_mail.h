@@ -9,7 +9,7 @@ namespace quillo {
 
 class LocaleText;
 class NoteStore;
-struct NoteFileContent;
+struct NoteFile;
 
 /// The text, cut to its beginning and an ellipsis when it is long. Line breaks stay in it.
 [[nodiscard]] std::u16string MailSubject(std::u16string_view text);
@@ -26,7 +26,6 @@ enum class MailResult {
 
 /// Writes the note to a temporary file, hands it to the user in the mail program's window, and deletes the file again.
 /// Messages run meanwhile: whose note it is may be gone afterwards.
-[[nodiscard]] MailResult SendMail(MailSession& session, NoteStore& store, const NoteFileContent& note,
-                                  LocaleText& locale);
+[[nodiscard]] MailResult SendMail(MailSession& session, NoteStore& store, const NoteFile& note, LocaleText& locale);
 
 }  // namespace quillo

@@ -7,7 +7,7 @@
 
 namespace quillo {
 
-std::u16string NoteStore::SaveNote(const NoteFileContent& content, const SaveTarget& target) {
+std::u16string NoteStore::SaveNote(const NoteFile& content, const SaveTarget& target) {
     std::u16string path = target.fileName;
     bool programNamed = target.isTempName;
     if (path.empty() || (!target.overwrite && files_.FileExists(path))) {
@@ -15,9 +15,12 @@ std::u16string NoteStore::SaveNote(const NoteFileContent& content, const SaveTar
         programNamed = true;
     }
     const FileKind named = programNamed ? FileKind::ProgramNamed : FileKind::OwnFile;
-    const FileKind kind = target.noDelete ? FileKind::StorageCopy : named;
-    const std::string bytes = WriteNoteFile(content, kind, path, locale_);
-    if (target.durable ? files_.Replace(path, bytes) : files_.Write(path, bytes)) return path;
+    NoteFile file = content;
+    file.kind = target.noDelete ? FileKind::StorageCopy : named;
+    file.path = path;
+    const std::optional<std::string> bytes = FormatNoteFile(file, locale_);
+    if (!bytes) return {};  // an empty file would take the place of a whole one
+    if (target.durable ? files_.Replace(path, *bytes) : files_.Write(path, *bytes)) return path;
 
     if (target.isTempName) return {};
     // Once more, under a name made from the text.
@@ -32,7 +35,7 @@ void NoteStore::DeleteStorageCopy(std::u16string_view path) {
     if (!path.empty()) Ignore(files_.Delete(path), "the note is closed all the same");
 }
 
-std::u16string NoteStore::SaveTemporaryFile(const NoteFileContent& content) {
+std::u16string NoteStore::SaveTemporaryFile(const NoteFile& content) {
     const std::u16string path = names_.MakeTemporaryFileName();
     if (path.empty()) return {};
     SaveTarget target;

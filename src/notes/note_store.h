@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "notes/note_file.h"
+#include "notes/note_codec.h"
 
 namespace quillo {
 
@@ -29,14 +29,14 @@ class NoteStore {
 
     /// The full path written, or "" when nothing could be written (after one retry under a name made from the text,
     /// when the given name was the user's).
-    std::u16string SaveNote(const NoteFileContent& content, const SaveTarget& target);
+    std::u16string SaveNote(const NoteFile& content, const SaveTarget& target);
     /// A path for a new storage copy in the notes folder.
     [[nodiscard]] std::u16string NewStoragePath(std::u16string_view notesFolder);
     /// Deletes a storage copy; a failure is passed over.
     void DeleteStorageCopy(std::u16string_view path);
     /// Writes the note to a free file of the temporary folder, as one that survives being opened. Its full path, or ""
     /// when it could not be written.
-    [[nodiscard]] std::u16string SaveTemporaryFile(const NoteFileContent& content);
+    [[nodiscard]] std::u16string SaveTemporaryFile(const NoteFile& content);
     /// A failure is passed over.
     void DeleteTemporaryFile(std::u16string_view path);
     /// Moves a file to the Recycle Bin.

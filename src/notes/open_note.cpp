@@ -5,7 +5,7 @@
 #include "app/os_facts.h"
 #include "app/shared_texts.h"
 #include "notes/hide_hint.h"
-#include "notes/note_tags.h"
+#include "notes/note_codec.h"
 #include "ports/clock.h"
 #include "ports/locale_text.h"
 #include "ports/user_notice.h"
@@ -62,8 +62,14 @@ OpenNote::OpenNote(NoteWorld world, std::u16string noteKey) : world_(world) {
 
 // The note file.
 
-NoteFileContent OpenNote::Content() const {
-    return NoteFileContent{view_->Text(), view_->Rectangle(), AppearanceString(), ReminderString()};
+NoteFile OpenNote::Content() const {
+    const TwipsRect place = view_->Rectangle();
+    NoteFile file;
+    file.text = view_->Text();
+    file.position = NotePosition{place.left, place.top, place.width, place.height};
+    file.appearance = Appearance();
+    file.reminder = Reminder();
+    return file;
 }
 
 SaveTarget OpenNote::OwnFileTarget() const {
@@ -77,43 +83,63 @@ std::u16string OpenNote::SaveNote(const SaveTarget& target) {
     return world_.store.SaveNote(Content(), target);
 }
 
-bool OpenNote::SetupNoteFromTags(std::u16string_view tagText, std::u16string_view openedPath) {
-    const TagElements tags = FindTagElements(tagText, world_.locale);
-    if (tags.position) view_->MoveTo(ReadPosition(*tags.position, view_->Rectangle(), world_.locale));
-    if (tags.reminder) SetReminderString(*tags.reminder);
-    const bool placed = tags.appearance && SetAppearanceString(*tags.appearance);
-    note_.FileName = ReadFileName(tags, openedPath, note_.FileName, world_.locale);
+bool OpenNote::SetupNoteFromTags(const NoteFile& file, std::u16string_view openedPath) {
+    if (file.position) {
+        TwipsRect place = view_->Rectangle();
+        place.left = file.position->left.value_or(place.left);
+        place.top = file.position->top.value_or(place.top);
+        place.width = file.position->width.value_or(place.width);
+        place.height = file.position->height.value_or(place.height);
+        view_->MoveTo(place);
+    }
+    if (file.reminder) Apply(*file.reminder);
+    const bool placed = file.appearance && Apply(*file.appearance);
+    note_.FileName = FileNameOf(file, openedPath, note_.FileName, world_.locale);
     return placed;
 }
 
-std::u16string OpenNote::AppearanceString() const {
+NoteAppearance OpenNote::Appearance() const {
     const WindowState hidden = view_->IsIconShowing() ? WindowState::Minimized : WindowState::Hidden;
-    return WriteAppearance(note_, view_->IsVisible() ? WindowState::Shown : hidden);
+    return NoteAppearance{note_.LargeText,   note_.OwnColors, note_.NoteColor,
+                          note_.BorderColor, note_.TextColor, view_->IsVisible() ? WindowState::Shown : hidden};
+}
+
+std::optional<NoteReminder> OpenNote::Reminder() const {
+    return note_.ReminderSet ? std::optional(NoteReminder{note_.ReminderTime}) : std::nullopt;
+}
+
+std::u16string OpenNote::AppearanceString() const {
+    return FormatAppearance(Appearance());
 }
 
 bool OpenNote::SetAppearanceString(std::u16string_view text) {
-    const std::optional<int> state = ReadAppearance(text, note_, world_.locale);
-    bool known = true;
-    if (state == static_cast<int>(WindowState::Shown)) {
-        Popup();
-    } else if (state == static_cast<int>(WindowState::Hidden)) {
-        view_->Hide();
-    } else if (state == static_cast<int>(WindowState::Minimized)) {
-        MinimizeToTray();
-        view_->Hide();
-    } else {
-        known = false;
-    }
+    return Apply(ParseAppearance(text, world_.locale));
+}
+
+bool OpenNote::Apply(const NoteAppearance& appearance) {
+    note_.LargeText = appearance.largeText.value_or(note_.LargeText);
+    note_.OwnColors = appearance.ownColors.value_or(note_.OwnColors);
+    note_.NoteColor = appearance.noteColor.value_or(note_.NoteColor);
+    note_.BorderColor = appearance.borderColor.value_or(note_.BorderColor);
+    note_.TextColor = appearance.textColor.value_or(note_.TextColor);
+    if (appearance.state == WindowState::Shown) Popup();
+    if (appearance.state == WindowState::Minimized) MinimizeToTray();
+    if (appearance.state == WindowState::Hidden || appearance.state == WindowState::Minimized) view_->Hide();
     UpdateColors();
-    return known;
+    return appearance.state.has_value();
 }
 
 std::u16string OpenNote::ReminderString() const {
-    return WriteReminder(note_);
+    return FormatReminder(Reminder());
 }
 
 void OpenNote::SetReminderString(std::u16string_view text) {
-    ReadReminder(text, note_, world_.locale);
+    if (const auto reminder = ParseReminder(text, world_.locale)) Apply(*reminder);
+}
+
+void OpenNote::Apply(const NoteReminder& reminder) {
+    note_.ReminderSet = reminder.when.has_value();
+    note_.ReminderTime = reminder.when.value_or(note_.ReminderTime);
 }
 
 void OpenNote::SetStoragePath(std::u16string path) {

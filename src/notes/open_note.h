@@ -72,9 +72,9 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     // The note file.
     /// The full path written, "" when nothing could be written.
     std::u16string SaveNote(const SaveTarget& target);
-    /// Applies the text between the root tags to a note just made; `openedPath` is the file it came from, or empty.
-    /// True when the tags settled whether the note is on the screen; after false the caller shows it.
-    [[nodiscard]] bool SetupNoteFromTags(std::u16string_view tagText, std::u16string_view openedPath);
+    /// Applies the elements of a file to a note just made; `openedPath` is the file it came from, or empty. True when
+    /// they settled whether the note is on the screen; after false the caller shows it.
+    [[nodiscard]] bool SetupNoteFromTags(const NoteFile& file, std::u16string_view openedPath);
     [[nodiscard]] std::u16string AppearanceString() const;
     /// Applies the fields at once, which may show or hide the note. True when the window state was one of the three.
     bool SetAppearanceString(std::u16string_view text);
@@ -157,8 +157,13 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void ReminderClosing() override { alertOpen_ = false; }
 
   private:
+    /// Applies the fields that are present. True when the window state was one of the three.
+    bool Apply(const NoteAppearance& appearance);
+    void Apply(const NoteReminder& reminder);
+    [[nodiscard]] NoteAppearance Appearance() const;
+    [[nodiscard]] std::optional<NoteReminder> Reminder() const;
     [[nodiscard]] SaveTarget OwnFileTarget() const;
-    [[nodiscard]] NoteFileContent Content() const;
+    [[nodiscard]] NoteFile Content() const;
     [[nodiscard]] bool IsOpen() const { return world_.owner.IsOpen(note_.NoteKey); }
 
     NoteWorld world_;

@@ -34,7 +34,7 @@ void OpenNote::PrintNote() {
 }
 
 void OpenNote::MailNote() {
-    const NoteFileContent content = Content();
+    const NoteFile content = Content();
     if (content.text.empty()) return;
     std::unique_ptr<MailSession> session = world_.mail.NewSession();
     if (!session) return world_.notice.Warn(kMailIsMissing);

@@ -52,25 +52,29 @@ using FormattedText = std::array<wchar_t, 128>;
 
 }  // namespace
 
-std::string WinLocaleText::ToNarrow(std::u16string_view text) {
-    if (text.empty() || text.size() > kLongestConversion) return {};
+std::optional<std::string> WinLocaleText::ToNarrow(std::u16string_view text) {
+    if (text.empty()) return std::string();
+    if (text.size() > kLongestConversion) return std::nullopt;
     const int size = static_cast<int>(text.size());
     // UTF-8 and UTF-7 as the system's code page refuse the flag and the default character; they need neither.
     const bool unicodePage = GetACP() == CP_UTF8 || GetACP() == CP_UTF7;
     const DWORD flags = unicodePage ? 0 : WC_NO_BEST_FIT_CHARS;
     const char* unknown = unicodePage ? nullptr : "?";
     const int length = WideCharToMultiByte(CP_ACP, flags, WideData(text), size, nullptr, 0, unknown, nullptr);
+    if (length <= 0) return std::nullopt;
     std::string bytes(static_cast<std::size_t>(length), '\0');
-    WideCharToMultiByte(CP_ACP, flags, WideData(text), size, bytes.data(), length, unknown, nullptr);
-    return bytes;
+    const int written =
+        WideCharToMultiByte(CP_ACP, flags, WideData(text), size, bytes.data(), length, unknown, nullptr);
+    return written == length ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
 std::u16string WinLocaleText::FromNarrow(std::string_view bytes) {
     return FromCodePage(CP_ACP, bytes);
 }
 
-std::u16string WinLocaleText::FromUtf8(std::string_view bytes) {
-    return FromCodePage(CP_UTF8, bytes);
+bool WinLocaleText::HasSingleByteCodePage() {
+    CPINFO page{};
+    return GetCPInfo(CP_ACP, &page) != 0 && page.MaxCharSize == 1;
 }
 
 std::u16string WinLocaleText::ToLower(std::u16string_view text) {

@@ -7,9 +7,9 @@ namespace quillo {
 /// The user's locale and the system's ANSI code page.
 class WinLocaleText : public LocaleText {
   public:
-    [[nodiscard]] std::string ToNarrow(std::u16string_view text) override;
+    [[nodiscard]] std::optional<std::string> ToNarrow(std::u16string_view text) override;
     [[nodiscard]] std::u16string FromNarrow(std::string_view bytes) override;
-    [[nodiscard]] std::u16string FromUtf8(std::string_view bytes) override;
+    [[nodiscard]] bool HasSingleByteCodePage() override;
     [[nodiscard]] std::u16string ToLower(std::u16string_view text) override;
     [[nodiscard]] std::u16string DecimalSeparator() override;
     [[nodiscard]] std::optional<double> ParseNumber(std::u16string_view text) override;

@@ -13,10 +13,11 @@ class LocaleText {
   public:
     virtual ~LocaleText() = default;
 
-    /// In the ANSI code page; what it cannot hold becomes "?", never a look-alike.
-    [[nodiscard]] virtual std::string ToNarrow(std::u16string_view text) = 0;
+    /// In the ANSI code page; what it cannot hold becomes "?", never a look-alike. Nothing when the system refuses.
+    [[nodiscard]] virtual std::optional<std::string> ToNarrow(std::u16string_view text) = 0;
     [[nodiscard]] virtual std::u16string FromNarrow(std::string_view bytes) = 0;
-    [[nodiscard]] virtual std::u16string FromUtf8(std::string_view bytes) = 0;
+    /// True when each character of the ANSI code page is one byte.
+    [[nodiscard]] virtual bool HasSingleByteCodePage() = 0;
     /// Lower case, character by character: the length stays the same.
     [[nodiscard]] virtual std::u16string ToLower(std::u16string_view text) = 0;
 

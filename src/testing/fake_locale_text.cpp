@@ -42,7 +42,8 @@ std::u16string Padded(int number) {
 
 }  // namespace
 
-std::string FakeLocaleText::ToNarrow(std::u16string_view text) {
+std::optional<std::string> FakeLocaleText::ToNarrow(std::u16string_view text) {
+    if (!narrowWorks) return std::nullopt;
     std::string bytes;
     for (const char16_t c : text) bytes += NarrowOf(c);
     return bytes;
@@ -53,23 +54,6 @@ std::u16string FakeLocaleText::FromNarrow(std::string_view bytes) {
     for (const char byte : bytes) {
         const auto code = static_cast<unsigned char>(byte);
         text += code >= 0x80 && code < 0xA0 ? kUpperControls[code - 0x80U] : static_cast<char16_t>(code);
-    }
-    return text;
-}
-
-std::u16string FakeLocaleText::FromUtf8(std::string_view bytes) {
-    std::u16string text;
-    for (std::size_t i = 0; i < bytes.size();) {
-        const unsigned lead = static_cast<unsigned char>(bytes[i++]);
-        const int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
-        unsigned code = more == 3 ? lead & 7U : more == 2 ? lead & 15U : more == 1 ? lead & 31U : lead;
-        for (int k = 0; k < more && i < bytes.size(); ++k)
-            code = code << 6 | (static_cast<unsigned char>(bytes[i++]) & 63U);
-        if (code > 0xFFFF) {
-            text += static_cast<char16_t>(0xD7C0 + (code >> 10));
-            code = 0xDC00 | (code & 0x3FFU);
-        }
-        text += static_cast<char16_t>(code);
     }
     return text;
 }

@@ -13,9 +13,9 @@ namespace quillo {
 /// that is read can be changed.
 class FakeLocaleText : public LocaleText {
   public:
-    [[nodiscard]] std::string ToNarrow(std::u16string_view text) override;
+    [[nodiscard]] std::optional<std::string> ToNarrow(std::u16string_view text) override;
     [[nodiscard]] std::u16string FromNarrow(std::string_view bytes) override;
-    [[nodiscard]] std::u16string FromUtf8(std::string_view bytes) override;
+    [[nodiscard]] bool HasSingleByteCodePage() override { return singleBytes; }
     /// Latin, Greek and Cyrillic letters.
     [[nodiscard]] std::u16string ToLower(std::u16string_view text) override;
     [[nodiscard]] std::u16string DecimalSeparator() override { return decimalSeparator; }
@@ -27,6 +27,8 @@ class FakeLocaleText : public LocaleText {
     [[nodiscard]] std::u16string LongTime(DaySerial when) override;
     [[nodiscard]] std::u16string GeneralDate(DaySerial when) override;
 
+    bool singleBytes = true;
+    bool narrowWorks = true;  ///< false: the system refuses every conversion to narrow text
     std::u16string decimalSeparator = u".";
     FakeDateOrder dateOrder = FakeDateOrder::MonthDayYear;
     int currentYear = 2026;  ///< of a date that is read and has none

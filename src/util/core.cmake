@@ -1,8 +1,10 @@
 target_sources(quillo_core PRIVATE
+  util/base32.cpp
   util/byte_search.cpp
   util/day_serial.cpp
   util/numbers.cpp
   util/placement.cpp
   util/string_builder.cpp
   util/text.cpp
+  util/unicode.cpp
 )

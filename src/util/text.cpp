@@ -1,6 +1,8 @@
 #include "util/text.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 namespace quillo {
 namespace {
@@ -20,6 +22,18 @@ std::u16string_view Trim(std::u16string_view text) {
     const std::size_t first = text.find_first_not_of(u' ');
     if (first == std::u16string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
+bool IsAscii(std::string_view bytes) {
+    // Eight bytes at a time: a note may have megabytes.
+    std::uint64_t seen = 0;
+    for (; bytes.size() >= sizeof seen; bytes.remove_prefix(sizeof seen)) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, bytes.data(), sizeof eight);
+        seen |= eight;
+    }
+    for (const char byte : bytes) seen |= static_cast<unsigned char>(byte);
+    return (seen & 0x8080808080808080U) == 0;
 }
 
 bool EqualsIgnoringAsciiCase(std::u16string_view a, std::u16string_view b) {

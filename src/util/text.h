@@ -15,6 +15,9 @@ namespace quillo {
     return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
 }
 
+/// True when no byte is beyond 127.
+[[nodiscard]] bool IsAscii(std::string_view bytes);
+
 // These compare A to Z with a to z; every other character stands for itself.
 [[nodiscard]] bool EqualsIgnoringAsciiCase(std::u16string_view a, std::u16string_view b);
 [[nodiscard]] bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view b);

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "bench/stopwatch.h"
-#include "notes/note_file.h"
+#include "notes/note_codec.h"
 
 namespace {
 

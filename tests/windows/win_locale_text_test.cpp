@@ -52,9 +52,10 @@ TEST_F(WinLocaleTextTest, LargeTextsConvertWhole) {
     EXPECT_TRUE(locale_.ToNarrow(locale_.FromNarrow(bytes)) == bytes);
 }
 
-TEST_F(WinLocaleTextTest, Utf8IsRead) {
-    EXPECT_EQ(locale_.FromUtf8("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x96\x8B"), u"\u00E9\u20AC\U0001F58B");
-    EXPECT_EQ(locale_.FromUtf8(""), u"");
+TEST_F(WinLocaleTextTest, TheCodePageOfTheseTestsHasSingleBytes) {
+    CPINFO page{};
+    ASSERT_TRUE(GetCPInfo(CP_ACP, &page));
+    EXPECT_EQ(locale_.HasSingleByteCodePage(), page.MaxCharSize == 1);
 }
 
 TEST_F(WinLocaleTextTest, LowerCaseKeepsTheLength) {

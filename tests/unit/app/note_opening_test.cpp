@@ -32,35 +32,6 @@ class NoteOpeningTest : public testing::Test {
     Settings& settings_ = test_.program.settings;
 };
 
-// What is in a file.
-
-TEST_F(NoteOpeningTest, FilesAreSplitAndDecoded) {
-    struct Case {
-        std::string_view bytes;
-        NoteContent expected;
-    };
-    const Case cases[] = {
-        {"hello", {u"hello", std::nullopt}},
-        {"h\xE9", {u"h\u00E9", std::nullopt}},
-        {"\xEF\xBB\xBFh\xC3\xA9", {u"h\u00E9", std::nullopt}},
-        {"h\xC3\xA9", {u"h\u00C3\u00A9", std::nullopt}},
-        {"text\r\n<quillo>tags</quillo>", {u"text", u"tags"}},
-        {"text\r\n<QUILLO>Tags</Quillo>", {u"text", u"Tags"}},
-        {"a<quillo></quillo>", {u"a<quillo></quillo>", std::nullopt}},
-        {"a<quillo>t</quillo>b", {u"ab", u"t"}},
-        {"\xEF\xBB\xBF"
-         "a<quillo>t</quillo>",
-         {u"\u00EF\u00BB\u00BF"
-          u"a",
-          u"t"}},
-    };
-    for (const Case& c : cases) {
-        const NoteContent content = DecodeNoteFile(c.bytes, test_.locale);
-        EXPECT_EQ(content.text, c.expected.text) << c.bytes;
-        EXPECT_EQ(content.tags, c.expected.tags) << c.bytes;
-    }
-}
-
 // Files from outside move in.
 
 TEST_F(NoteOpeningTest, AFileFromOutsideMovesIntoTheNotesFolder) {
@@ -83,7 +54,7 @@ TEST_F(NoteOpeningTest, AFileWhoseNoteHasNoWindowStaysAndNothingIsStored) {
     EXPECT_EQ(test_.program.openNotes.Count(), 0U);
     EXPECT_EQ(test_.files.Read(kOutside), "Buy milk");
     EXPECT_TRUE(test_.StoredFiles().empty());
-    EXPECT_EQ(test_.opening.CreateNote({u"text", std::nullopt}), nullptr);
+    EXPECT_EQ(test_.opening.CreateNote(NoteFile()), nullptr);
     test_.opening.CreateNewNote();
     EXPECT_EQ(test_.program.openNotes.Count(), 0U);
 }
@@ -148,13 +119,13 @@ TEST_F(NoteOpeningTest, WhatCannotEvenBeRecycledStays) {
     EXPECT_TRUE(test_.files.FileExists(kOutside));
 }
 
-TEST_F(NoteOpeningTest, ATextThatTheStorageCopyCannotHoldIsRecycledNotDeleted) {
+TEST_F(NoteOpeningTest, ATextBeyondTheCodePageMovesInWhole) {
     OpenNote* note = OpenBytes(kOutside, "\xEF\xBB\xBF\xE6\x97\xA5\xE6\x9C\xAC");
     ASSERT_NE(note, nullptr);
     EXPECT_EQ(note->Text(), u"\u65E5\u672C");
     EXPECT_EQ(test_.StoredFiles().size(), 1U);
-    ASSERT_EQ(test_.shell.recycled.size(), 1U);
-    EXPECT_EQ(test_.shell.recycled[0].path, kOutside);
+    EXPECT_FALSE(test_.files.FileExists(kOutside));
+    EXPECT_EQ(ParseNoteFile(*test_.files.Read(note->Data().StoragePath), test_.locale).text, u"\u65E5\u672C");
 }
 
 TEST_F(NoteOpeningTest, AFileNamedForItsNoteLeavesNoFileName) {

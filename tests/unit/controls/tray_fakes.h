@@ -12,7 +12,7 @@ namespace quillo {
 /// the real ones. Only the conversion to narrow text is asked for here.
 class DoubleByteText : public LocaleText {
   public:
-    std::string ToNarrow(std::u16string_view text) override {
+    std::optional<std::string> ToNarrow(std::u16string_view text) override {
         std::string bytes;
         for (std::size_t i = 0; i < text.size(); ++i) {
             if (text[i] < 0x80) {
@@ -27,7 +27,7 @@ class DoubleByteText : public LocaleText {
         return bytes;
     }
     std::u16string FromNarrow(std::string_view bytes) override { return {bytes.begin(), bytes.end()}; }
-    std::u16string FromUtf8(std::string_view bytes) override { return {bytes.begin(), bytes.end()}; }
+    bool HasSingleByteCodePage() override { return true; }
     std::u16string ToLower(std::u16string_view text) override { return std::u16string(text); }
     std::u16string DecimalSeparator() override { return u"."; }
     std::optional<double> ParseNumber(std::u16string_view) override { return std::nullopt; }

@@ -6,7 +6,7 @@
 
 #include "app/note_names.h"
 #include "app/settings.h"
-#include "notes/note_file.h"
+#include "notes/note_codec.h"
 #include "notes/note_store.h"
 #include "testing/fake_file_store.h"
 #include "testing/fake_locale_text.h"
@@ -50,7 +50,9 @@ class SendMailTest : public ::testing::Test {
   protected:
     MailResult Send(std::u16string text) {
         const std::unique_ptr<MailSession> session = mail_.NewSession();
-        return SendMail(*session, store_, NoteFileContent{std::move(text), {}, u"appearance", u""}, locale_);
+        NoteFile note;
+        note.text = std::move(text);
+        return SendMail(*session, store_, note, locale_);
     }
 
     FakeFileStore files_;
@@ -75,9 +77,7 @@ TEST_F(SendMailTest, AttachesTheNoteAtTheBodysLastCharacter) {
     EXPECT_EQ(message.attachmentPosition, message.body.size() - 1);
     EXPECT_EQ(message.body[message.attachmentPosition], '\n');
     EXPECT_EQ(message.attachmentName, "Sticky note.qln");
-    EXPECT_EQ(attached,
-              "caf\xE9\r\n<quillo><position>0,0,0,0</position><appearance>appearance</appearance>"
-              "<reminder></reminder><nodelete></nodelete></quillo>");
+    EXPECT_EQ(attached, "caf\xE9\r\n<quillo><reminder></reminder><nodelete></nodelete></quillo>");
 }
 
 TEST(NoteMail, TheBodyIsTheWholeTextWhateverTheSubjectLost) {

@@ -33,7 +33,11 @@ class NoteStoreTest : public ::testing::Test {
     FakeShell shell_{files_};
     NoteNames names_{files_, shell_, settings_};
     NoteStore store_{files_, locale_, shell_, names_};
-    NoteFileContent content_{u"Milk", {1, 2, 3, 4}, u"", u""};
+    NoteFile content_ = [] {
+        NoteFile file;
+        file.text = u"Milk";
+        return file;
+    }();
 };
 
 TEST_F(NoteStoreTest, TheFiveWaysOfSaving) {

@@ -54,6 +54,12 @@ class OpenNoteTest : public ::testing::Test {
         ASSERT_TRUE(note_.PersistNote());
         Forget();
     }
+    /// A file with that text between its root tags.
+    [[nodiscard]] NoteFile Tags(std::u16string_view tagText) {
+        NoteFile file;
+        ReadTagText(tagText, file, locale_);
+        return file;
+    }
     void Forget() {
         static_cast<void>(view_.TakeCalls());
         notice_.Clear();

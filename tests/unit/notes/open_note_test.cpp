@@ -18,11 +18,10 @@ TEST_F(OpenNoteTest, StartsInTheSettingsColoursAndUnchanged) {
 // Tags.
 
 TEST_F(OpenNoteTest, TagsSetEverythingAndLeaveTheNoteUnchanged) {
-    EXPECT_TRUE(
-        note_.SetupNoteFromTags(u"<position>1500,3000,2400,1800</position>"
-                                u"<appearance>True,True,255,65280,16711680,0</appearance>"
-                                u"<reminder>#45123.75</reminder><nodelete></nodelete>",
-                                u""));
+    EXPECT_TRUE(note_.SetupNoteFromTags(Tags(u"<position>1500,3000,2400,1800</position>"
+                                             u"<appearance>True,True,255,65280,16711680,0</appearance>"
+                                             u"<reminder>#45123.75</reminder><nodelete></nodelete>"),
+                                        u""));
     EXPECT_EQ(view_.Rectangle(), (TwipsRect{1500, 3000, 2400, 1800}));
     const Note& data = note_.Data();
     EXPECT_TRUE(data.LargeText);
@@ -40,46 +39,47 @@ TEST_F(OpenNoteTest, TagsSetEverythingAndLeaveTheNoteUnchanged) {
 
 TEST_F(OpenNoteTest, TheRectangleIsSetBeforeTheNoteIsShown) {
     EXPECT_TRUE(note_.SetupNoteFromTags(
-        u"<position>900000,3000,2400,1800</position><appearance>False,False,0,0,0,0</appearance>", u""));
+        Tags(u"<position>900000,3000,2400,1800</position><appearance>False,False,0,0,0,0</appearance>"), u""));
     EXPECT_EQ(view_.Rectangle(), (TwipsRect{26'400, 3000, 2400, 1800})) << "moved onto the screen";
     EXPECT_EQ(view_.TakeCalls(),
               (Calls{"MoveTo", "MoveOntoScreen", "Show", "BringToFront", "SetOpacity 255", "ApplyAppearance"}));
 }
 
 TEST_F(OpenNoteTest, AShortPositionLeavesNoSize) {
-    static_cast<void>(note_.SetupNoteFromTags(u"<position>100,200</position>", u""));
+    static_cast<void>(note_.SetupNoteFromTags(Tags(u"<position>100,200</position>"), u""));
     EXPECT_EQ(view_.Rectangle(), (TwipsRect{100, 200, 0, 0}));
 }
 
 TEST_F(OpenNoteTest, WithoutAUsableAppearanceTheCallerShowsTheNote) {
-    EXPECT_FALSE(note_.SetupNoteFromTags(u"<position>100,200,300,400</position>", u""));
+    EXPECT_FALSE(note_.SetupNoteFromTags(Tags(u"<position>100,200,300,400</position>"), u""));
     EXPECT_FALSE(view_.IsVisible());
-    EXPECT_FALSE(note_.SetupNoteFromTags(u"<appearance>false,true,1,2,3,7</appearance>", u""));
+    EXPECT_FALSE(note_.SetupNoteFromTags(Tags(u"<appearance>false,true,1,2,3,7</appearance>"), u""));
     EXPECT_FALSE(view_.IsVisible());
     EXPECT_EQ(note_.Data().TextColor.Number(), 3) << "the other fields count all the same";
 }
 
 TEST_F(OpenNoteTest, AnEmptyReminderElementSetsNone) {
     static_cast<void>(
-        note_.SetupNoteFromTags(u"<appearance>false,false,1,2,3,0</appearance><reminder></reminder>", u""));
+        note_.SetupNoteFromTags(Tags(u"<appearance>false,false,1,2,3,0</appearance><reminder></reminder>"), u""));
     EXPECT_FALSE(note_.Data().ReminderSet);
 }
 
 TEST_F(OpenNoteTest, TheOpenedPathBecomesTheFileName) {
-    static_cast<void>(note_.SetupNoteFromTags(u"<filename>d:\\elsewhere.qln</filename>", u"C:\\Documents\\Here.qln"));
+    static_cast<void>(
+        note_.SetupNoteFromTags(Tags(u"<filename>d:\\elsewhere.qln</filename>"), u"C:\\Documents\\Here.qln"));
     EXPECT_EQ(note_.Data().FileName, u"C:\\Documents\\Here.qln");
 }
 
 TEST_F(OpenNoteTest, AStoredFileNameComesBackInLowerCase) {
-    static_cast<void>(note_.SetupNoteFromTags(u"<filename>D:\\Elsewhere.QLN</filename>", u""));
+    static_cast<void>(note_.SetupNoteFromTags(Tags(u"<filename>D:\\Elsewhere.QLN</filename>"), u""));
     EXPECT_EQ(note_.Data().FileName, u"d:\\elsewhere.qln");
 }
 
 TEST_F(OpenNoteTest, AFileOpenedUnderTheNameTheProgramGaveItIsNoOwnFile) {
     const std::u16string tags = u"<position>1,2,3,4</position><tempfilename>c:\\documents\\milk.qln</tempfilename>";
-    static_cast<void>(note_.SetupNoteFromTags(tags, u"C:\\Documents\\Milk.qln"));
+    static_cast<void>(note_.SetupNoteFromTags(Tags(tags), u"C:\\Documents\\Milk.qln"));
     EXPECT_EQ(note_.Data().FileName, u"");
-    static_cast<void>(note_.SetupNoteFromTags(tags, u"D:\\Moved.qln"));
+    static_cast<void>(note_.SetupNoteFromTags(Tags(tags), u"D:\\Moved.qln"));
     EXPECT_EQ(note_.Data().FileName, u"D:\\Moved.qln");
 }
 

@@ -3,11 +3,10 @@ target_sources(quillo_core_tests PRIVATE
   unit/notes/note_commands_test.cpp
   unit/notes/note_drop_test.cpp
   unit/notes/note_face_test.cpp
-  unit/notes/note_file_test.cpp
+  unit/notes/note_codec_test.cpp
   unit/notes/note_mail_test.cpp
   unit/notes/note_print_test.cpp
   unit/notes/note_store_test.cpp
-  unit/notes/note_tags_test.cpp
   unit/notes/open_note_commands_test.cpp
   unit/notes/open_note_leaving_test.cpp
   unit/notes/open_note_reminder_test.cpp
