@@ -31,7 +31,7 @@ class NotifyWindow : public Window {
 };
 
 /// Hands a command line to the running instance; false when none is to be found before `patience` milliseconds have
-/// passed. Returns when the other one has dealt with it.
+/// passed. Returns when the other one has dealt with it, however long that takes.
 bool SendToRunningInstance(std::u16string_view commandLine, DWORD patience);
 
 }  // namespace quillo

@@ -33,10 +33,9 @@ void SendToNotifyBox(HWND box, const wchar_t* commandLine) {
     DWORD process = 0;
     GetWindowThreadProcessId(box, &process);
     AllowSetForegroundWindow(process);
-    // Waits as long as the other one works, which may be a question to the user; not for one that has hung.
-    constexpr UINT kNoTimeout = 0x7FFFFFFF;
-    SendMessageTimeoutW(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(commandLine), SMTO_ABORTIFHUNG, kNoTimeout,
-                        nullptr);
+    // Without a limit: the other one may be busy for longer than the system gives a program before it calls it hung,
+    // and the command would be lost.
+    SendMessageW(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(commandLine));
 }
 
 }  // namespace quillo

@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <thread>
+
 #include "platform/wide.h"
 #include "support.h"
 
 namespace quillo {
 namespace {
+
+using windows_tests::PumpUntil;
 
 class NotifyWindowTest : public testing::Test {
   protected:
@@ -70,6 +75,59 @@ TEST_F(NotifyWindowTest, ACommandDuringACommandIsNotLost) {
     };
     EXPECT_TRUE(SendToRunningInstance(u"/first", 0));
     EXPECT_EQ(commands_, (std::vector<std::u16string>{u"/first", u"/second"}));
+}
+
+/// A running instance on a thread of its own that is busy, its messages unread, until the system calls it hung and
+/// `release` is set; then it reads them until a command has come.
+class BusyInstance {
+  public:
+    BusyInstance() : thread_([this] { Run(); }) {}
+    ~BusyInstance() { thread_.join(); }
+
+    [[nodiscard]] bool IsHung() const { return isHung_; }
+    [[nodiscard]] std::vector<std::u16string> Commands() {
+        thread_.join();
+        thread_ = std::thread([] {});
+        return commands_;
+    }
+    std::atomic<bool> release{false};
+
+  private:
+    void Run() {
+        NotifyWindow window;
+        window.onCommand = [this](std::u16string_view text) { commands_.emplace_back(text); };
+        if (!window.Load()) return;
+        const ULONGLONG deadline = GetTickCount64() + 60'000;
+        while (IsHungAppWindow(window.Handle()) == FALSE && GetTickCount64() < deadline) Sleep(20);
+        isHung_ = IsHungAppWindow(window.Handle()) != FALSE;
+        while (!release && GetTickCount64() < deadline) Sleep(1);
+        while (commands_.empty() && GetTickCount64() < deadline) {
+            MSG message{};
+            PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);
+            Sleep(1);
+        }
+    }
+
+    std::vector<std::u16string> commands_;
+    std::atomic<bool> isHung_{false};
+    std::thread thread_;
+};
+
+TEST_F(NotifyWindowTest, AnInstanceThatTheSystemCallsHungIsWaitedFor) {
+    BusyInstance instance;
+    ASSERT_TRUE(PumpUntil([&] { return instance.IsHung(); }));
+    std::atomic<bool> returned{false};
+    std::thread sender([&] {
+        EXPECT_TRUE(SendToRunningInstance(u"/new", 0));
+        returned = true;
+    });
+    // Time enough for a sender that gives up on a hung window; one that waits is still there.
+    const ULONGLONG grace = GetTickCount64() + 500;
+    while (!returned && GetTickCount64() < grace) Sleep(1);
+    EXPECT_FALSE(returned) << "the command has not been read yet";
+    instance.release = true;
+    EXPECT_EQ(instance.Commands(), std::vector<std::u16string>{u"/new"});
+    sender.join();
 }
 
 TEST_F(NotifyWindowTest, NobodyThereIsToldAtOnce) {
