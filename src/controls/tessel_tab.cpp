@@ -85,6 +85,7 @@ void TesselTab::SetPicture(HBITMAP strip, int edge) {
 
 void TesselTab::SetCurrentTab(int tab) {
     strip_.SetCurrent(tab);
+    if (Handle() != nullptr) TakeDrops();
     Invalidate();
 }
 
@@ -98,7 +99,10 @@ LRESULT TesselTab::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_CREATE:
             return OnCreate();
         case WM_DESTROY:
-            return OnDestroy(), 0;
+            return drops_.Release(), 0;
+        case WM_SHOWWINDOW:
+            if (wParam != FALSE) TakeDrops();
+            return Default(message, wParam, lParam);
         case WM_MOUSEMOVE:
             return OnMouseMove(PointFromLParam(lParam)), 0;
         case WM_MOUSELEAVE:
@@ -140,18 +144,16 @@ LRESULT TesselTab::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT TesselTab::OnCreate() {
-    dropTarget_ = new TabDropTarget(Handle(), [this](Point at) { Answer(strip_.DragOver(at)); });
-    Ignore(RegisterDragDrop(Handle(), dropTarget_), "without OLE nothing can be dragged here");
+    TakeDrops();
     ComposeIcons();
     OnSetFont(font_);
     return 0;
 }
 
-void TesselTab::OnDestroy() {
-    Ignore(RevokeDragDrop(Handle()), "nothing was registered without OLE");
-    dropTarget_->Disconnect();
-    dropTarget_->Release();
-    dropTarget_ = nullptr;
+void TesselTab::TakeDrops() {
+    if (drops_.IsRegistered()) return;
+    DropTargetPtr target(new TabDropTarget(Handle(), [this](Point at) { Answer(strip_.DragOver(at)); }));
+    Ignore(drops_.Register(ole_, std::move(target)), "the next tab that is chosen tries again");
 }
 
 void TesselTab::OnMouseMove(Point at) {

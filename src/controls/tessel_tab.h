@@ -7,11 +7,10 @@
 #include "controls/tab_icons.h"
 #include "controls/tab_strip.h"
 #include "platform/accessible.h"
+#include "platform/drop_registration.h"
 #include "platform/window.h"
 
 namespace quillo {
-
-class TabDropTarget;
 
 /// A flat strip of tabs, with or without icons. It holds no pages: its form shows them when onChange tells it to. The
 /// mouse, the arrow keys, Home and End, and data dragged over a tab choose one. Its font is set as for every control,
@@ -48,7 +47,7 @@ class TesselTab : public Window, private AccessibleSource {
 
   private:
     LRESULT OnCreate();
-    void OnDestroy();
+    void TakeDrops();
     void OnMouseMove(Point at);
     void OnKey(WPARAM key);
     void OnSetFont(HFONT font);
@@ -73,7 +72,8 @@ class TesselTab : public Window, private AccessibleSource {
     Scale scale_;
     HFONT font_ = nullptr;  // the form's
     FontHandle underlined_;
-    TabDropTarget* dropTarget_ = nullptr;  // a reference
+    OleSession ole_;  // before what it serves
+    DropRegistration drops_;
     AccessibleLink accessible_{*this};
 };
 

@@ -157,7 +157,7 @@ void MainForm::OnDestroy() {
     StopWatchingSession();
     backupTimer_.Stop();
     UnregisterHotKeys();
-    ReleaseDropTarget();
+    drops_.Release();
     trayIcon_.SetVisible(false);
 }
 
@@ -236,19 +236,11 @@ void MainForm::SetShortcut(int index, std::u16string_view path) {
 }
 
 void MainForm::TakeDrops() {
-    if (dropTarget_ != nullptr || !tools_.ole.Start()) return;
-    dropTarget_ = new MenuDropTarget(
-        [this](Point at, int files) { return OffersDrop(ScreenToDesign(at), files); },
-        [this](Point at, const std::vector<std::u16string>& files) { return TakeDropped(at, files); });
-    RegisterDragDrop(Handle(), dropTarget_);
-}
-
-void MainForm::ReleaseDropTarget() {
-    if (dropTarget_ == nullptr) return;
-    RevokeDragDrop(Handle());
-    dropTarget_->Disconnect();
-    dropTarget_->Release();
-    dropTarget_ = nullptr;
+    if (drops_.IsRegistered()) return;
+    DropTargetPtr target(new MenuDropTarget(
+        Handle(), [this](Point at, int files) { return OffersDrop(ScreenToDesign(at), files); },
+        [this](Point at, const std::vector<std::u16string>& files) { return TakeDropped(at, files); }));
+    Ignore(drops_.Register(tools_.ole, std::move(target)), "the next time that the menu is shown tries again");
 }
 
 bool MainForm::TakeDropped(Point at, const std::vector<std::u16string>& files) {

@@ -9,6 +9,7 @@
 #include "mainmenu/menu_picture.h"
 #include "mainmenu/options_controller.h"
 #include "platform/accessible.h"
+#include "platform/drop_registration.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
 #include "ports/user_notice.h"
@@ -18,7 +19,6 @@ namespace quillo {
 
 class BusyFlag;
 class LocaleText;
-class MenuDropTarget;
 class OleSession;
 class RegistryApi;
 class Shell;
@@ -123,7 +123,6 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     void Animate(bool show);
     void ShowFrame(const SlideFrame& frame);
     void TakeDrops();
-    void ReleaseDropTarget();
     [[nodiscard]] bool TakeDropped(Point at, const std::vector<std::u16string>& files);
 
     MainFormTools tools_;
@@ -137,7 +136,7 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     MenuItem hovered_ = MenuItem::None;
     MenuState shown_;  ///< what the screen shows of it
     Point pointer_{-1, -1};
-    MenuDropTarget* dropTarget_ = nullptr;  ///< one reference is the menu's
+    DropRegistration drops_;
     UINT taskbarCreated_ = 0;
     int shellIconSize_ = 32;
     int backupTicks_ = 0;

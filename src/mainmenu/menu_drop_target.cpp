@@ -10,30 +10,20 @@ DWORD CopyEffect(DWORD offered, bool taken) {
 
 }  // namespace
 
-HRESULT STDMETHODCALLTYPE MenuDropTarget::DragEnter(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) {
+DWORD MenuDropTarget::OnEnter(IDataObject* data, Point at, DWORD offered) {
     files_ = static_cast<int>(DroppedFiles(data).size());
-    return DragOver(keys, at, effect);
+    return OnOver(at, offered);
 }
 
-HRESULT STDMETHODCALLTYPE MenuDropTarget::DragOver(DWORD, POINTL at, DWORD* effect) {
-    *effect = CopyEffect(*effect, accepts_ && accepts_(Point{at.x, at.y}, files_));
-    return S_OK;
+DWORD MenuDropTarget::OnOver(Point at, DWORD offered) {
+    return CopyEffect(offered, TakesDrops() && accepts_(at, files_));
 }
 
-HRESULT STDMETHODCALLTYPE MenuDropTarget::DragLeave() {
+DWORD MenuDropTarget::OnDrop(IDataObject* data, Point at, DWORD offered) {
     files_ = 0;
-    return S_OK;
-}
-
-HRESULT STDMETHODCALLTYPE MenuDropTarget::Drop(IDataObject* data, DWORD, POINTL at, DWORD* effect) {
-    files_ = 0;
-    *effect = CopyEffect(*effect, drop_ && drop_(Point{at.x, at.y}, DroppedFiles(data)));
-    return S_OK;
-}
-
-void MenuDropTarget::Disconnect() {
-    accepts_ = nullptr;
-    drop_ = nullptr;
+    // Messages run while the source is asked: the menu may be gone or disabled afterwards.
+    const std::vector<std::u16string> files = DroppedFiles(data);
+    return CopyEffect(offered, TakesDrops() && drop_(at, files));
 }
 
 }  // namespace quillo

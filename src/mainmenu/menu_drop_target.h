@@ -5,29 +5,25 @@
 #include <vector>
 
 #include "platform/drop_target.h"
-#include "util/geometry.h"
 
 namespace quillo {
 
 /// Takes files dragged onto the main menu. The menu holds one reference.
 class MenuDropTarget : public DropTarget {
   public:
-    /// Both get a point of the screen. `accepts` tells whether so many files may be dropped there, `drop` takes them
-    /// and tells whether it did.
-    MenuDropTarget(std::function<bool(Point, int)> accepts,
+    /// Both get a point of the screen. `accepts` says whether so many files may be dropped there, `drop` takes them
+    /// and says whether it did. `menu` is borrowed.
+    MenuDropTarget(HWND menu, std::function<bool(Point, int)> accepts,
                    std::function<bool(Point, const std::vector<std::u16string>&)> drop)
-        : accepts_(std::move(accepts)), drop_(std::move(drop)) {}
-
-    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) override;
-    HRESULT STDMETHODCALLTYPE DragOver(DWORD keys, POINTL at, DWORD* effect) override;
-    HRESULT STDMETHODCALLTYPE DragLeave() override;
-    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) override;
-
-    /// The menu is going: nothing is taken any more.
-    void Disconnect();
+        : DropTarget(menu), accepts_(std::move(accepts)), drop_(std::move(drop)) {}
 
   private:
     ~MenuDropTarget() override = default;
+
+    [[nodiscard]] DWORD OnEnter(IDataObject* data, Point at, DWORD offered) override;
+    [[nodiscard]] DWORD OnOver(Point at, DWORD offered) override;
+    void OnLeave() override { files_ = 0; }
+    [[nodiscard]] DWORD OnDrop(IDataObject* data, Point at, DWORD offered) override;
 
     std::function<bool(Point, int)> accepts_;
     std::function<bool(Point, const std::vector<std::u16string>&)> drop_;

@@ -23,35 +23,28 @@ CLIPFORMAT LinkFormat() {
 
 NoteDropTarget::NoteDropTarget(HWND textBox, LocaleText& locale, Shell& shell,
                                std::function<bool(std::u16string_view)> insert)
-    : textBox_(textBox), locale_(locale), shell_(shell), insert_(std::move(insert)) {}
+    : DropTarget(textBox), locale_(locale), shell_(shell), insert_(std::move(insert)) {}
 
-HRESULT STDMETHODCALLTYPE NoteDropTarget::DragEnter(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) {
+DWORD NoteDropTarget::OnEnter(IDataObject* data, Point at, DWORD offered) {
     welcome_ = FormatOf(data) != DropFormat::None;
-    return DragOver(keys, at, effect);
+    return OnOver(at, offered);
 }
 
-HRESULT STDMETHODCALLTYPE NoteDropTarget::DragOver(DWORD, POINTL, DWORD* effect) {
+DWORD NoteDropTarget::OnOver(Point /*at*/, DWORD offered) {
+    if (!welcome_) return DROPEFFECT_NONE;
     // A copy whatever keys are held: what is dropped stays where it came from. Links offer nothing else than a link.
-    const DWORD offered = *effect;
-    const DWORD taken = (offered & DROPEFFECT_COPY) != 0 ? DROPEFFECT_COPY : offered & DROPEFFECT_LINK;
-    *effect = welcome_ ? taken : DROPEFFECT_NONE;
-    return S_OK;
+    return (offered & DROPEFFECT_COPY) != 0 ? DROPEFFECT_COPY : offered & DROPEFFECT_LINK;
 }
 
-HRESULT STDMETHODCALLTYPE NoteDropTarget::DragLeave() {
-    welcome_ = false;
-    return S_OK;
-}
-
-HRESULT STDMETHODCALLTYPE NoteDropTarget::Drop(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) {
+DWORD NoteDropTarget::OnDrop(IDataObject* data, Point at, DWORD offered) {
     const DropFormat format = FormatOf(data);
     welcome_ = format != DropFormat::None;
-    DragOver(keys, at, effect);
+    const DWORD effect = OnOver(at, offered);
     welcome_ = false;
-    if (format == DropFormat::None || *effect == DROPEFFECT_NONE || !insert_) return S_OK;
+    if (effect == DROPEFFECT_NONE) return effect;
     const std::u16string text = TextOf(data, format);
-    if (text.empty() || !insert_(text)) *effect = DROPEFFECT_NONE;
-    return S_OK;
+    // Whatever was asked of the source let messages run: the note may be closed or busy by now.
+    return !text.empty() && TakesDrops() && insert_(text) ? effect : DWORD{DROPEFFECT_NONE};
 }
 
 DropFormat NoteDropTarget::FormatOf(IDataObject* data) const {
@@ -59,7 +52,8 @@ DropFormat NoteDropTarget::FormatOf(IDataObject* data) const {
     offer.link = OffersFormat(data, LinkFormat());
     offer.text = OffersFormat(data, CF_UNICODETEXT) || OffersFormat(data, CF_TEXT);
     offer.files = OffersFormat(data, CF_HDROP);
-    return ChooseDropFormat(offer, insert_ != nullptr && IsWindowEnabled(textBox_) != 0);
+    // Asked last: the questions before it let messages run.
+    return ChooseDropFormat(offer, TakesDrops());
 }
 
 std::u16string NoteDropTarget::TextOf(IDataObject* data, DropFormat format) const {

@@ -21,21 +21,18 @@ class NoteDropTarget : public DropTarget {
     /// `insert` gets the text of what was dropped and says whether it took it. `textBox` is borrowed.
     NoteDropTarget(HWND textBox, LocaleText& locale, Shell& shell, std::function<bool(std::u16string_view)> insert);
 
-    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) override;
-    HRESULT STDMETHODCALLTYPE DragOver(DWORD keys, POINTL at, DWORD* effect) override;
-    HRESULT STDMETHODCALLTYPE DragLeave() override;
-    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) override;
-
-    /// The note is going: nothing is inserted any more.
-    void Disconnect() { insert_ = nullptr; }
-
   private:
     ~NoteDropTarget() override = default;
 
+    [[nodiscard]] DWORD OnEnter(IDataObject* data, Point at, DWORD offered) override;
+    [[nodiscard]] DWORD OnOver(Point at, DWORD offered) override;
+    void OnLeave() override { welcome_ = false; }
+    [[nodiscard]] DWORD OnDrop(IDataObject* data, Point at, DWORD offered) override;
+
+    /// Messages may run meanwhile, in this and in the next.
     [[nodiscard]] DropFormat FormatOf(IDataObject* data) const;
     [[nodiscard]] std::u16string TextOf(IDataObject* data, DropFormat format) const;
 
-    HWND textBox_;
     LocaleText& locale_;
     Shell& shell_;
     std::function<bool(std::u16string_view)> insert_;

@@ -18,6 +18,7 @@
 #include "resources/resource_ids.h"
 #include "util/busy_flag.h"
 #include "util/flag_scope.h"
+#include "util/ignore.h"
 
 // After windows.h.
 #include <commdlg.h>
@@ -142,7 +143,7 @@ void NoteForm::OnDestroy() {
     trayIcon_.SetVisible(false);
     if (reminderAlert_) reminderAlert_->Unload();
     tools_.colorDialog.Forget(note_);
-    ReleaseDropTarget();
+    drops_.Release();
     tools_.resForm.NoteClosing(note_.Data());
     buttons_.Forget();
     messageBox_.Forget();
@@ -150,7 +151,7 @@ void NoteForm::OnDestroy() {
 
 void NoteForm::ChangeScrollBar(bool shown) {
     if (shown == messageBox_.HasScrollBar()) return;
-    ReleaseDropTarget();
+    drops_.Release();
     if (!messageBox_.ChangeScrollBar(shown)) return;
     font_ = nullptr;  // the new one has none yet
     ApplyFont();
@@ -224,6 +225,7 @@ void NoteForm::Show() {
     const FlagScope byProgram(placing_);
     if (layoutDue_) LayOutNow();
     ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+    if (buttons_.IsCreated()) UpdateDropTarget();
 }
 
 void NoteForm::Hide() {
@@ -491,20 +493,11 @@ bool NoteForm::InsertDropped(std::u16string_view text) {
 
 void NoteForm::UpdateDropTarget() {
     const bool wanted = tools_.settings.dragAndDrop;
-    if (wanted == (dropTarget_ != nullptr) || Handle() == nullptr) return;
-    if (!wanted) return ReleaseDropTarget();
-    if (!tools_.ole.Start()) return;
-    dropTarget_ = new NoteDropTarget(messageBox_.Handle(), tools_.locale, tools_.shell,
-                                     [this](std::u16string_view text) { return InsertDropped(text); });
-    RegisterDragDrop(messageBox_.Handle(), dropTarget_);
-}
-
-void NoteForm::ReleaseDropTarget() {
-    if (dropTarget_ == nullptr) return;
-    RevokeDragDrop(messageBox_.Handle());
-    dropTarget_->Disconnect();
-    dropTarget_->Release();
-    dropTarget_ = nullptr;
+    if (wanted == drops_.IsRegistered() || Handle() == nullptr) return;
+    if (!wanted) return drops_.Release();
+    DropTargetPtr target(new NoteDropTarget(messageBox_.Handle(), tools_.locale, tools_.shell,
+                                            [this](std::u16string_view text) { return InsertDropped(text); }));
+    Ignore(drops_.Register(tools_.ole, std::move(target)), "the next time that the note is shown tries again");
 }
 
 }  // namespace quillo

@@ -11,6 +11,7 @@
 #include "notes/note_text_box.h"
 #include "notes/note_view.h"
 #include "notes/open_note.h"
+#include "platform/drop_registration.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
 #include "reminders/reminder_form.h"
@@ -112,7 +113,6 @@ class NoteForm : public Window, public NoteView {
     void ApplyFont();
     void ApplyBarColors();
     void UpdateDropTarget();
-    void ReleaseDropTarget();
 
     OpenNote& note_;
     NoteFormTools tools_;
@@ -126,7 +126,7 @@ class NoteForm : public Window, public NoteView {
     ColorWord noteColor_;
     ColorWord borderColor_;
     ColorWord textColor_;
-    NoteDropTarget* dropTarget_ = nullptr;  ///< one reference is the note's
+    DropRegistration drops_;
     UiTimer settleTimer_;
     UiTimer saveTimer_;
     std::unique_ptr<SetReminderForm> reminderDialog_;  ///< without a window once it was closed

@@ -1,5 +1,7 @@
 #include "platform/drop_target.h"
 
+#include <utility>
+
 #include "platform/wide.h"
 
 // After windows.h.
@@ -36,6 +38,18 @@ class DroppedMemory {
     STGMEDIUM medium_{};
     bool got_ = false;
     const char* bytes_ = nullptr;
+};
+
+/// Keeps a target alive while it answers: its owner may let go of it in a message that runs meanwhile.
+class OwnReference {
+  public:
+    explicit OwnReference(IUnknown& object) : object_(object) { object_.AddRef(); }
+    OwnReference(const OwnReference&) = delete;
+    OwnReference& operator=(const OwnReference&) = delete;
+    ~OwnReference() { object_.Release(); }
+
+  private:
+    IUnknown& object_;
 };
 
 }  // namespace
@@ -92,6 +106,43 @@ ULONG STDMETHODCALLTYPE DropTarget::Release() {
     const ULONG left = --references_;
     if (left == 0) delete this;  // the one kind of object whose owner is OLE
     return left;
+}
+
+bool DropTarget::TakesDrops() const {
+    // Both calls answer FALSE for a window that has gone.
+    return connected_ && IsWindowEnabled(window_) != 0 && IsWindowEnabled(GetAncestor(window_, GA_ROOT)) != 0;
+}
+
+template <typename Handler>
+HRESULT DropTarget::Answer(DWORD* effect, Handler handler) {
+    if (effect == nullptr) return E_INVALIDARG;
+    const DWORD offered = std::exchange(*effect, DWORD{DROPEFFECT_NONE});
+    const OwnReference whileTheHandlerRuns(*this);
+    try {
+        if (TakesDrops()) *effect = handler(offered);
+        return S_OK;
+    } catch (...) {
+        return E_UNEXPECTED;
+    }
+}
+
+HRESULT STDMETHODCALLTYPE DropTarget::DragEnter(IDataObject* data, DWORD /*keys*/, POINTL at, DWORD* effect) {
+    if (data == nullptr) return E_INVALIDARG;
+    return Answer(effect, [&](DWORD offered) { return OnEnter(data, Point{at.x, at.y}, offered); });
+}
+
+HRESULT STDMETHODCALLTYPE DropTarget::DragOver(DWORD /*keys*/, POINTL at, DWORD* effect) {
+    return Answer(effect, [&](DWORD offered) { return OnOver(Point{at.x, at.y}, offered); });
+}
+
+HRESULT STDMETHODCALLTYPE DropTarget::DragLeave() {
+    OnLeave();
+    return S_OK;
+}
+
+HRESULT STDMETHODCALLTYPE DropTarget::Drop(IDataObject* data, DWORD /*keys*/, POINTL at, DWORD* effect) {
+    if (data == nullptr) return E_INVALIDARG;
+    return Answer(effect, [&](DWORD offered) { return OnDrop(data, Point{at.x, at.y}, offered); });
 }
 
 }  // namespace quillo

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "util/geometry.h"
+
 namespace quillo {
 
 /// OLE for the user-interface thread. It starts at the first use and ends with the program.
@@ -33,10 +35,14 @@ class OleSession {
 /// The full paths of the files that are dragged; none when the data is no list of files.
 [[nodiscard]] std::vector<std::u16string> DroppedFiles(IDataObject* data);
 
-/// What OLE asks of every drop target beside the dragging itself. OLE counts its references, whoever made it holds one.
+/// A drop target of one window. OLE counts its references, and whoever made it holds one.
+///
+/// Every question to the dragged data may let messages run, in which the window can be disabled or end. A handler asks
+/// TakesDrops again after each of them. What a handler throws ends here: OLE could not unwind it.
 class DropTarget : public IDropTarget {
   public:
-    DropTarget() = default;
+    /// `window` is borrowed.
+    explicit DropTarget(HWND window) : window_(window) {}
     DropTarget(const DropTarget&) = delete;
     DropTarget& operator=(const DropTarget&) = delete;
 
@@ -44,10 +50,34 @@ class DropTarget : public IDropTarget {
     ULONG STDMETHODCALLTYPE AddRef() override;
     ULONG STDMETHODCALLTYPE Release() override;
 
+    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) final;
+    HRESULT STDMETHODCALLTYPE DragOver(DWORD keys, POINTL at, DWORD* effect) final;
+    HRESULT STDMETHODCALLTYPE DragLeave() final;
+    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) final;
+
+    [[nodiscard]] HWND Window() const { return window_; }
+    /// The window's owner goes, or wants no drops any more: no handler is called from now on.
+    void Disconnect() { connected_ = false; }
+
   protected:
     virtual ~DropTarget() = default;
 
+    /// False once nothing may be taken: the target is disconnected, or its window or the window around that is
+    /// disabled or gone.
+    [[nodiscard]] bool TakesDrops() const;
+
+    // Each gets a point of the screen and the effects that the source offers, and answers the one that it chooses.
+    [[nodiscard]] virtual DWORD OnEnter(IDataObject* data, Point at, DWORD offered) = 0;
+    [[nodiscard]] virtual DWORD OnOver(Point at, DWORD offered) = 0;
+    virtual void OnLeave() {}
+    [[nodiscard]] virtual DWORD OnDrop(IDataObject* data, Point at, DWORD offered) = 0;
+
   private:
+    template <typename Handler>
+    HRESULT Answer(DWORD* effect, Handler handler);
+
+    HWND window_;
+    bool connected_ = true;
     ULONG references_ = 1;
 };
 

@@ -6,6 +6,7 @@ target_sources(quillo_shell PRIVATE
   platform/dialog_window.cpp
   platform/dib.cpp
   platform/dpi.cpp
+  platform/drop_registration.cpp
   platform/drop_target.cpp
   platform/file_dialogs.cpp
   platform/folder_dialog.cpp

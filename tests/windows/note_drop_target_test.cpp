@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <functional>
 #include <map>
+#include <new>
 
 #include "note_fixture.h"
+#include "platform/drop_registration.h"
 #include "platform/wide.h"
 
 // After windows.h.
@@ -41,6 +44,7 @@ class DraggedData : public IDataObject {
         Offer(CF_HDROP, bytes + std::string(2, '\0'));
     }
     int references = 1;
+    std::function<void()> whileAsked;  ///< the messages that run while the source hands its data over
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
         *object = this;
@@ -54,6 +58,7 @@ class DraggedData : public IDataObject {
     }
     HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) override {
         if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;
+        if (whileAsked) whileAsked();
         const std::string& bytes = offered_[format->cfFormat];
         medium->tymed = TYMED_HGLOBAL;
         medium->hGlobal = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
@@ -79,12 +84,15 @@ class NoteDropTargetTest : public testing::Test {
     NoteDropTargetTest() {
         box_ = CreateWindowExW(0, L"EDIT", L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
         target_ = new NoteDropTarget(box_, world_.locale, world_.shell, [this](std::u16string_view text) {
+            if (fails_) throw std::bad_alloc();
             if (!full_) inserted_ += text;
             return !full_;
         });
     }
     ~NoteDropTargetTest() override {
-        EXPECT_EQ(target_->Release(), 0U);
+        if (target_ != nullptr) {
+            EXPECT_EQ(target_->Release(), 0U);
+        }
         EXPECT_EQ(data_.references, 1) << "the dragged object was given back";
         DestroyWindow(box_);
     }
@@ -106,7 +114,8 @@ class NoteDropTargetTest : public testing::Test {
     HWND box_ = nullptr;
     NoteDropTarget* target_ = nullptr;
     std::u16string inserted_;
-    bool full_ = false;  ///< the note has no room left
+    bool full_ = false;   ///< the note has no room left
+    bool fails_ = false;  ///< the system has no memory left
 };
 
 TEST_F(NoteDropTargetTest, ADropThatANoteHasNoRoomForIsToldToItsSource) {
@@ -165,6 +174,72 @@ TEST_F(NoteDropTargetTest, ADisconnectedTargetRefusesEverything) {
     EXPECT_EQ(inserted_, u"");
 }
 
+TEST_F(NoteDropTargetTest, ATargetThatIsLetGoWhileTheSourceIsAskedInsertsNothing) {
+    data_.OfferText(u"text");
+    target_->AddRef();  // OLE's own, given back when the target is revoked
+    data_.whileAsked = [this] {
+        target_->Disconnect();
+        target_->Release();
+        target_->Release();
+    };
+    DWORD effect = DROPEFFECT_COPY;
+    EXPECT_EQ(target_->Drop(&data_, 0, POINTL{}, &effect), S_OK);
+    target_ = nullptr;
+    EXPECT_EQ(effect, DWORD{DROPEFFECT_NONE});
+    EXPECT_EQ(inserted_, u"");
+}
+
+TEST_F(NoteDropTargetTest, ANoteDisabledWhileTheSourceIsAskedTakesNothing) {
+    data_.OfferText(u"text");
+    data_.whileAsked = [this] { EnableWindow(box_, FALSE); };
+    EXPECT_EQ(Drop(), DWORD{DROPEFFECT_NONE});
+    EXPECT_EQ(inserted_, u"");
+    EXPECT_EQ(Drop(), DWORD{DROPEFFECT_NONE}) << "and nothing is offered while it is disabled";
+    data_.whileAsked = nullptr;
+    EnableWindow(box_, TRUE);
+    EXPECT_EQ(Drop(), DWORD{DROPEFFECT_COPY});
+}
+
+TEST_F(NoteDropTargetTest, AFailureEndsAtTheBoundary) {
+    data_.OfferText(u"text");
+    fails_ = true;
+    DWORD effect = DROPEFFECT_COPY;
+    EXPECT_EQ(target_->Drop(&data_, 0, POINTL{}, &effect), E_UNEXPECTED);
+    EXPECT_EQ(effect, DWORD{DROPEFFECT_NONE});
+    EXPECT_EQ(target_->Drop(nullptr, 0, POINTL{}, &effect), E_INVALIDARG);
+    EXPECT_EQ(target_->DragOver(0, POINTL{}, nullptr), E_INVALIDARG);
+}
+
+TEST_F(NoteDropTargetTest, AWindowWhoseOwnerIsDisabledTakesNothing) {
+    const HWND inner = CreateWindowExW(0, L"EDIT", L"", WS_CHILD, 0, 0, 5, 5, box_, nullptr, nullptr, nullptr);
+    auto* within = new NoteDropTarget(inner, world_.locale, world_.shell, [](std::u16string_view) { return true; });
+    data_.OfferText(u"text");
+    DWORD effect = DROPEFFECT_COPY;
+    EXPECT_EQ(within->DragEnter(&data_, 0, POINTL{}, &effect), S_OK);
+    EXPECT_EQ(effect, DWORD{DROPEFFECT_COPY});
+    EnableWindow(box_, FALSE);
+    EXPECT_EQ(within->DragOver(0, POINTL{}, &effect), S_OK);
+    EXPECT_EQ(effect, DWORD{DROPEFFECT_NONE});
+    within->Release();
+}
+
+TEST_F(NoteDropTargetTest, ARefusedRegistrationCanBeTriedAgain) {
+    ASSERT_TRUE(world_.ole.Start());
+    ASSERT_EQ(RegisterDragDrop(box_, target_), S_OK);
+    const auto make = [this] {
+        return DropTargetPtr(
+            new NoteDropTarget(box_, world_.locale, world_.shell, [](std::u16string_view) { return true; }));
+    };
+    DropRegistration registration;
+    EXPECT_FALSE(registration.Register(world_.ole, make())) << "another target is registered";
+    EXPECT_FALSE(registration.IsRegistered());
+    ASSERT_EQ(RevokeDragDrop(box_), S_OK);
+    EXPECT_TRUE(registration.Register(world_.ole, make()));
+    EXPECT_TRUE(registration.Register(world_.ole, make())) << "the last one counts";
+    registration.Release();
+    EXPECT_EQ(RevokeDragDrop(box_), DRAGDROP_E_NOTREGISTERED);
+}
+
 TEST_F(NoteDropTargetTest, AnswersForItsInterfacesOnly) {
     void* object = nullptr;
     EXPECT_EQ(target_->QueryInterface(IID_IDropTarget, &object), S_OK);
@@ -198,6 +273,22 @@ TEST(NoteFormDropTest, TheTextBoxTakesDropsWhileTheOptionIsOn) {
     EXPECT_FALSE(TakesDrops(box));
     world.settings.dragAndDrop = true;
     one.note.UpdateColors();
+    EXPECT_TRUE(TakesDrops(box));
+}
+
+TEST(NoteFormDropTest, ANoteThatOleRefusedTakesDropsWhenItIsShownAgain) {
+    NoteWorldForTests world;
+    ASSERT_TRUE(world.ole.Start());
+    TestNote one(world, u"one");
+    ASSERT_TRUE(one.Create());
+    const HWND box = one.Child(ChildId::kMessageBox);
+    auto* obstacle = new NoteDropTarget(box, world.locale, world.shell, [](std::u16string_view) { return true; });
+    ASSERT_EQ(RegisterDragDrop(box, obstacle), S_OK);
+    ASSERT_TRUE(one.Settle());
+    ASSERT_EQ(RevokeDragDrop(box), S_OK);
+    EXPECT_EQ(obstacle->Release(), 0U);
+    EXPECT_FALSE(TakesDrops(box));
+    one.form.Show();
     EXPECT_TRUE(TakesDrops(box));
 }
 
