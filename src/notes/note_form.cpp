@@ -92,7 +92,7 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ACTIVATE:
             return OnActivate(LOWORD(wParam) != WA_INACTIVE), 0;
         case WM_SETFOCUS:
-            return SetFocus(messageBox_.Handle()), 0;
+            return FocusTextBox(), 0;
         case WM_COMMAND:
             return OnCommand(LOWORD(wParam), HIWORD(wParam)), 0;
         case WM_CTLCOLOREDIT:
@@ -357,7 +357,12 @@ void NoteForm::OnActivate(bool active) {
     const Rect bar = Layout().dragBar;
     const RECT area = ToWin32(bar);
     InvalidateRect(Handle(), &area, FALSE);
-    if (active) SetFocus(messageBox_.Handle());
+    if (active) FocusTextBox();
+}
+
+void NoteForm::FocusTextBox() {
+    // A hidden note that is active for the menu of its icon must not take keys that nobody sees go there.
+    if (IsVisible()) SetFocus(messageBox_.Handle());
 }
 
 void NoteForm::OnCommand(int id, int notification) {
@@ -385,8 +390,12 @@ void NoteForm::OpenMenu() {
 }
 
 void NoteForm::OpenIconMenu() {
+    // The menu makes the note's window, which may be hidden, the foreground one.
+    const HWND foregroundBefore = GetForegroundWindow();
     const NoteAction chosen = tools_.resForm.ShowIconMenu(note_.Data(), Handle());
     if (Handle() != nullptr) Perform(chosen);
+    if (Handle() == nullptr || IsVisible() || GetForegroundWindow() != Handle()) return;
+    if (foregroundBefore != nullptr) SetForegroundWindow(foregroundBefore);
 }
 
 std::u16string NoteForm::AskCopyPath() {

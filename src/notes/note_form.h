@@ -87,6 +87,7 @@ class NoteForm : public Window, public NoteView {
     void OnDestroy();
     LRESULT OnNcHitTest(UINT message, WPARAM wParam, LPARAM lParam);
     void OnActivate(bool active);
+    void FocusTextBox();
     void OnCommand(int id, int notification);
     void Perform(NoteAction action);
     HBRUSH OnColorTextBox(HDC dc);

@@ -23,6 +23,9 @@ using windows_tests::PumpUntil;
 using windows_tests::PumpWaiting;
 using windows_tests::TestNote;
 
+/// What the shell sends to the window of an icon.
+constexpr UINT kTrayCallback = 512;
+
 /// The window of the menu that stands open on this thread; null when none does.
 HWND OpenMenuWindow() {
     GUITHREADINFO info{};
@@ -142,6 +145,30 @@ TEST_F(NoteMenuTest, TheContextMenuKeyOpensTheMenuBeforeTheButtonsHaveWindows) {
     SendMessageW(Box(), WM_KEYDOWN, VK_APPS, 1);
     EXPECT_TRUE(menu.IsDone());
     EXPECT_NE(one_.Child(ChildId::kMenuButton), nullptr);
+}
+
+TEST_F(NoteMenuTest, AfterEscInTheMenuOfItsIconTheKeyboardIsWhereItWas) {
+    ASSERT_TRUE(form_.SetText(u"abc"));
+    TestNote other(world_, u"other");
+    ASSERT_TRUE(other.Create());
+    Show();
+    note_.MinimizeByUser();
+    other.form.Show();
+    other.form.Activate();
+    const HWND keyboard = GetFocus();
+    ASSERT_EQ(keyboard, other.Child(ChildId::kMessageBox));
+    const HWND icon = FindWindowExW(HWND_MESSAGE, nullptr, L"QuilloTrayIcon", nullptr);
+    ASSERT_NE(icon, nullptr);
+    bool hiddenHadIt = false;
+    const auto menu = WhenAMenuIsOpen([&](HWND) {
+        hiddenHadIt = GetFocus() == Box();
+        Key(GetFocus(), VK_ESCAPE);
+    });
+    SendMessageW(icon, kTrayCallback, 1, WM_RBUTTONUP);
+    EXPECT_TRUE(menu.IsDone());
+    EXPECT_FALSE(hiddenHadIt) << "not even while the menu is open";
+    EXPECT_EQ(GetForegroundWindow(), other.Window());
+    EXPECT_EQ(GetFocus(), keyboard);
 }
 
 TEST_F(NoteMenuTest, ANoteThatGoesTakesItsOpenMenuAlong) {
