@@ -242,6 +242,36 @@ stop_desktop() {
     rm -f "$state" "$state.openbox.xml"
 }
 
+# use_test_desktop FOLDER: the tests' desktop in FOLDER, made when it is not there: a Wine prefix with one shared virtual
+# desktop, an X server, a home folder, and a resident program that keeps the desktop's services warm. Sets WINEPREFIX,
+# HOME and DISPLAY.
+use_test_desktop() {
+    local folder=$1 state=$1/desktop.state
+    export WINEPREFIX=$folder/wine HOME=$folder/home
+    if [[ -f $folder/ready ]]; then
+        DISPLAY=$(value_of "$state" display)
+        export DISPLAY
+        return
+    fi
+    mkdir -p "$HOME/.local/share"
+    clone_prefix "$WINEPREFIX"
+    start_xserver "$state" 1280x800x24
+    wine_set 'HKCU\Software\Wine\Explorer' Desktop Quillo
+    wine_set 'HKCU\Software\Wine\Explorer\Desktops' Quillo 1280x800
+    # The resident program comes first and with its streams detached: what it starts inherits them, and a reader of the
+    # tests' output would otherwise wait for ever.
+    setsid wine "$win_build/tests/window_probe.exe" stay >/dev/null 2>&1 </dev/null &
+    local deadline=$((SECONDS + 60))
+    until [[ -n $(prefix_pids "$WINEPREFIX" window_probe.ex) ]] &&
+        timeout 20 xwininfo -root -tree 2>/dev/null | grep -q 'Quillo - Wine desktop'; do
+        ((SECONDS < deadline)) || die "the Wine desktop of the tests did not come up on $DISPLAY"
+        sleep 0.05
+    done
+    # Without the keyboard on the desktop, no window in it gets a key.
+    xdotool search --name 'Quillo - Wine desktop' windowfocus >/dev/null 2>&1 || true
+    : >"$folder/ready"
+}
+
 # screenshot FILE: takes pictures of $DISPLAY until two in a row are the same (or for a few seconds: a caret blinks).
 screenshot() {
     local file=$1 last='' sum deadline=$((SECONDS + 4))

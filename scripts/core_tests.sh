@@ -1,0 +1,71 @@
+#!/usr/bin/env bash
+# The core's tests: many, and each shorter than the start of a process. So all of them run in one, and ctest is told the
+# result of each.
+#   core_tests.sh --all PROGRAM                  runs all, and writes what each said into PROGRAM.results
+#   core_tests.sh --end PROGRAM                  how that process ended
+#   core_tests.sh PROGRAM --gtest_filter=TEST    what TEST said there; fails if it did not pass
+#   core_tests.sh PROGRAM ARGUMENT...            runs PROGRAM, as do results that are older than it
+# A program for Windows runs as run_windows.sh has it.
+set -euo pipefail
+
+run() {
+    if [[ $1 == *.exe ]]; then
+        "${BASH_SOURCE[0]%/*}/run_windows.sh" "$@"
+    else
+        "$@"
+    fi
+}
+
+# Parts the output of a run by test. A test that ends the process has no last line that says so.
+part_by_test() {
+    awk -v folder="$1" '
+        { sub(/\r$/, "") }
+        /^\[ RUN      \] / { file = $0; sub(/^\[ RUN      \] /, "", file); gsub("/", "~", file); file = folder "/" file }
+        file == "" { print > (folder "/process") }
+        file != "" { print > file }
+        file != "" && /\[       OK \] |\[  FAILED  \] |\[  SKIPPED \] / { close(file); file = "" }
+    '
+}
+
+run_all() {
+    local program=$1 results=$1.results status=0
+    rm -rf "$results"
+    mkdir "$results"
+    set +o pipefail
+    run "$program" --gtest_color=no </dev/null 2>&1 | part_by_test "$results"
+    status=${PIPESTATUS[0]}
+    printf '%s\n' "$status" >"$results/status"
+    printf '%s tests in one process, which ended with %s\n' "$(find "$results" -type f -name '*.*' | wc -l)" "$status"
+}
+
+# 1 says that a test failed; then that test is reported by itself.
+report_end() {
+    local results=$1.results status
+    status=$(<"$results/status")
+    tail -n 40 "$results/process"
+    [[ $status == 0 ]] || { [[ $status == 1 ]] && grep -rqF '[  FAILED  ]' "$results" --include='*.*'; } ||
+        { printf 'The process of the tests ended with %s.\n' "$status"; exit 1; }
+}
+
+report_test() {
+    local program=$1 name=$2 file
+    file=$program.results/${name//\//\~}
+    if [[ ! -f $file ]]; then
+        printf 'The process of the tests ended before this test.\n'
+        exit 1
+    fi
+    cat "$file"
+    grep -qE '\[       OK \] |\[  SKIPPED \] ' "$file"
+}
+
+case $1 in
+    --all) run_all "$2" ;;
+    --end) report_end "$2" ;;
+    *)
+        if [[ ${2:-} == --gtest_filter=* && $1.results/status -nt $1 ]]; then
+            report_test "$1" "${2#--gtest_filter=}"
+        else
+            run "$@"
+        fi
+        ;;
+esac
