@@ -42,7 +42,7 @@ run_all() {
 report_end() {
     local results=$1.results status
     status=$(<"$results/status")
-    tail -n 40 "$results/process"
+    if [[ -f $results/process ]]; then tail -n 40 "$results/process"; fi
     [[ $status == 0 ]] || { [[ $status == 1 ]] && grep -rqF '[  FAILED  ]' "$results" --include='*.*'; } ||
         { printf 'The process of the tests ended with %s.\n' "$status"; exit 1; }
 }
