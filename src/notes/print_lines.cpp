@@ -62,15 +62,15 @@ std::u16string_view PrintLines::Next(PrintJob& job, int width) {
         return paragraph;
     }
     const std::size_t blank = paragraph.find_last_of(u' ', fit);
-    if (blank == std::u16string_view::npos) {
+    // A blank at the start leaves nothing before it to print.
+    if (blank == std::u16string_view::npos || blank == 0) {
         const std::size_t cut = BreakInWord(paragraph, fit);
         MoveTo(cut == paragraph.size() ? paragraphEnd_ + 1 : at_ + cut);
         return paragraph.substr(0, cut);
     }
-    const std::size_t next = std::min(paragraph.find_first_not_of(u' ', blank), paragraph.size());
+    const std::size_t next = blank + 1;
     MoveTo(next == paragraph.size() ? paragraphEnd_ + 1 : at_ + next);
-    const std::u16string_view line = paragraph.substr(0, blank);
-    return line.substr(0, line.find_last_not_of(u' ') + 1);  // npos + 1 is 0
+    return paragraph.substr(0, blank);
 }
 
 std::u16string_view PrintLines::Paragraph() {

@@ -9,8 +9,8 @@ namespace quillo {
 class PrintJob;
 
 /// Breaks a note's text into printed lines, one at a time and in time that follows the text's length. A line takes as
-/// many words as its width holds; a line break always ends it; a word wider than the line is broken at the width. The
-/// blanks at which a line was broken are not printed.
+/// many words as its width holds, and at least one character; a line break always ends it; a word wider than the line
+/// is broken at the width. The one blank at which a line was broken is not printed; all others are.
 class PrintLines {
   public:
     explicit PrintLines(std::u16string_view text);

@@ -56,10 +56,14 @@ TEST_F(PrintLinesTest, ALineBreakAlwaysStartsANewLine) {
     EXPECT_EQ(Break(u"one two\r\nthree", 7), (Lines{u"one two", u"three"})) << "one line break, not two";
 }
 
-TEST_F(PrintLinesTest, BlanksStayUnlessALineIsBrokenAtThem) {
+TEST_F(PrintLinesTest, EveryBlankStaysButTheOneAtWhichALineIsBroken) {
     EXPECT_EQ(Break(u"  one  two  ", 100), (Lines{u"  one  two  "}));
-    EXPECT_EQ(Break(u"one    two", 5), (Lines{u"one", u"two"}));
-    EXPECT_EQ(Break(u"one two     \r\nthree", 8), (Lines{u"one two", u"three"})) << "no line of blanks alone";
+    EXPECT_EQ(Break(u"one    two", 5), (Lines{u"one  ", u" two"}));
+    EXPECT_EQ(Break(u"one  two", 3), (Lines{u"one", u" tw", u"o"})) << "no line without a character";
+    EXPECT_EQ(Break(u"one two \r\nthree", 7), (Lines{u"one two", u"three"})) << "one line break, not two";
+    EXPECT_EQ(Break(u"one two     \r\nthree", 8), (Lines{u"one two ", u"   ", u"three"}));
+    EXPECT_EQ(Break(u"  abcdef", 4), (Lines{u" ", u"abcd", u"ef"})) << "and no empty line before a wide word";
+    EXPECT_EQ(Break(u" abcdef", 4), (Lines{u" abc", u"def"}));
     EXPECT_EQ(Break(u"   ", 100), (Lines{u"   "}));
 }
 
