@@ -83,6 +83,9 @@ LRESULT NoteColorSelector::HandleMessage(UINT message, WPARAM wParam, LPARAM lPa
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
             return OnFocusChanged(message == WM_SETFOCUS), 0;
+        case WM_UPDATEUISTATE:
+            Invalidate();
+            return Default(message, wParam, lParam);
         case WM_ERASEBKGND:
             return 1;  // painted whole, off the screen
         case WM_PAINT:
@@ -100,6 +103,8 @@ void NoteColorSelector::OnSizing(WINDOWPOS& place) const {
 
 void NoteColorSelector::OnPress() {
     SetFocus(Handle());
+    byMouse_ = true;
+    Invalidate();
     SetCapture(Handle());  // a release outside is this strip's too: it picks nothing
 }
 
@@ -112,6 +117,9 @@ void NoteColorSelector::OnRelease(Point at, WPARAM keys) {
 }
 
 void NoteColorSelector::OnKey(WPARAM key, bool repeated) {
+    byMouse_ = false;
+    ShowKeyboardCues();
+    Invalidate();
     if (const std::optional<StripKey> move = StripKeyOf(key)) {
         SwatchStrip moved = strip_;
         moved.Press(*move);
@@ -121,6 +129,7 @@ void NoteColorSelector::OnKey(WPARAM key, bool repeated) {
 }
 
 void NoteColorSelector::OnFocusChanged(bool focused) {
+    byMouse_ = false;
     Invalidate();
     if (focused) MoveMark(strip_.Mark());
 }
@@ -167,7 +176,7 @@ void NoteColorSelector::OnPaint() {
                                         reinterpret_cast<LPARAM>(Handle()));
     FillRect(buffer.Dc(), &client, reinterpret_cast<HBRUSH>(ground));
     GdiCanvas canvas(buffer.Dc(), scale_);
-    strip_.Paint(canvas, GetFocus() == Handle());
+    strip_.Paint(canvas, ShowsFocus() && !byMouse_);
 }
 
 }  // namespace quillo

@@ -50,6 +50,7 @@ class NoteColorSelector : public Window, private AccessibleSource {
     [[nodiscard]] static int PartOf(std::size_t swatch) { return static_cast<int>(swatch) + 1; }
 
     SwatchStrip strip_;
+    bool byMouse_ = false;  ///< used by mouse since it has the focus: no swatch is marked until a key is pressed
     Scale scale_;
     AccessibleLink accessible_{*this};
 };

@@ -128,7 +128,9 @@ void SliderTrack::Paint(Canvas& canvas, bool focused) const {
     const double perUnit = PixelsPerUnit();
     if (inside.width > 0 && inside.height > 0) {
         const double level = (static_cast<double>(Value()) - static_cast<double>(Min())) * perUnit;
-        const int filled = perUnit > 0 ? RoundHalfEven(level).value_or(0) : inside.width;
+        // Every value above the least shows, also where the range has more units than the bar has columns.
+        const int least = Value() > Min() ? 1 : 0;
+        const int filled = perUnit > 0 ? std::max(RoundHalfEven(level).value_or(0), least) : inside.width;
         const Rect rest{inside.left + filled, inside.top, inside.width - filled, inside.height};
         if (rest.width > 0) canvas.Fill(rest, BackColor());
         if (filled > 0) canvas.Fill(Rect{inside.left, inside.top, filled, inside.height}, ForeColor());

@@ -106,6 +106,9 @@ LRESULT TesselMiniSlider::HandleMessage(UINT message, WPARAM wParam, LPARAM lPar
         case WM_KILLFOCUS:
         case WM_SYSCOLORCHANGE:
             return Invalidate(), 0;
+        case WM_UPDATEUISTATE:
+            Invalidate();
+            return Default(message, wParam, lParam);
         case WM_ERASEBKGND:
             return 1;  // the whole bar is painted
         case WM_PAINT:
@@ -130,7 +133,10 @@ void TesselMiniSlider::OnRelease(WPARAM keys) {
 }
 
 void TesselMiniSlider::OnKey(WPARAM key) {
-    if (const std::optional<SliderKey> move = SliderKeyOf(key)) track_.Press(*move);
+    const std::optional<SliderKey> move = SliderKeyOf(key);
+    if (!move) return;
+    ShowKeyboardCues();
+    track_.Press(*move);
 }
 
 void TesselMiniSlider::OnPaint() {
@@ -138,7 +144,7 @@ void TesselMiniSlider::OnPaint() {
     const Rect bar = ClientRect();
     const BufferedPaint buffer(paint.Dc(), ToWin32(bar));
     GdiCanvas canvas(buffer.Dc(), scale_);
-    track_.Paint(canvas, GetFocus() == Handle());
+    track_.Paint(canvas, ShowsFocus());
 }
 
 AccessiblePart TesselMiniSlider::Describe(int /*part*/) const {

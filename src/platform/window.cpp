@@ -50,6 +50,14 @@ void Window::Invalidate() const {
     if (handle_ != nullptr) InvalidateRect(handle_, nullptr, FALSE);
 }
 
+bool Window::ShowsFocus() const {
+    return GetFocus() == handle_ && (SendMessageW(handle_, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) == 0;
+}
+
+void Window::ShowKeyboardCues() const {
+    SendMessageW(handle_, WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+}
+
 LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     if (message == WM_NCCREATE) {
         auto* created = static_cast<Window*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);

@@ -31,6 +31,11 @@ class Window {
   protected:
     Window() = default;
 
+    /// Whether a mark for the keyboard's focus is to be drawn: it has the focus, and Windows shows keyboard cues.
+    [[nodiscard]] bool ShowsFocus() const;
+    /// A key was pressed in a control whose keys are its own: Windows shows keyboard cues from now on.
+    void ShowKeyboardCues() const;
+
     /// Registers the class on first use (its procedure is filled in here) and makes the window. False on failure.
     bool Create(WNDCLASSEXW windowClass, const WindowPlan& plan);
     void Destroy();

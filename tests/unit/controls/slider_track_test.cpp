@@ -279,6 +279,17 @@ TEST_F(SliderTrackTest, AHandlerMayEndTheSlider) {
     EXPECT_EQ(seen, "click50") << "nobody is told by a slider that has gone";
 }
 
+TEST_F(SliderTrackTest, EveryValueAboveTheLeastFillsAColumn) {
+    SliderProperties properties;
+    properties.max = 10'000;
+    properties.value = 1;
+    slider_.Apply(properties);
+    EXPECT_EQ(Painted(), (std::vector{FillOf(Rect{2, 1, 99, 18}, kSystemWindow),
+                                      FillOf(Rect{1, 1, 1, 18}, kSystemHighlight), OutlineOf(Rect{0, 0, 102, 20}, 1)}));
+    slider_.SetValue(0);
+    EXPECT_EQ(Painted().size(), 2U);
+}
+
 TEST_F(SliderTrackTest, PaintsThePartUpToTheValueAndTheRest) {
     SliderProperties properties;
     properties.value = 30;
