@@ -84,10 +84,12 @@ class AccessibleObject : public IAccessible {
 
     HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** parent) override { return standard_->get_accParent(parent); }
     HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* count) override {
+        if (HoldsWindows()) return standard_->get_accChildCount(count);
         *count = source_ != nullptr ? source_->PartCount() : 0;
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE get_accChild(VARIANT, IDispatch** child) override {
+    HRESULT STDMETHODCALLTYPE get_accChild(VARIANT part, IDispatch** child) override {
+        if (HoldsWindows()) return standard_->get_accChild(part, child);
         *child = nullptr;  // the parts are no objects of their own
         return S_FALSE;
     }
@@ -99,7 +101,9 @@ class AccessibleObject : public IAccessible {
     HRESULT STDMETHODCALLTYPE get_accValue(VARIANT child, BSTR* value) override {
         return Has(child) ? GiveText(source_->Describe(child.lVal).value, value) : E_INVALIDARG;
     }
-    HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT, BSTR* text) override { return GiveText({}, text); }
+    HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT child, BSTR* text) override {
+        return Has(child) ? GiveText(source_->Describe(child.lVal).description, text) : E_INVALIDARG;
+    }
     HRESULT STDMETHODCALLTYPE get_accRole(VARIANT child, VARIANT* role) override {
         return Has(child) ? GiveNumber(source_->Describe(child.lVal).role, role) : E_INVALIDARG;
     }
@@ -119,6 +123,7 @@ class AccessibleObject : public IAccessible {
     }
     HRESULT STDMETHODCALLTYPE get_accKeyboardShortcut(VARIANT, BSTR* text) override { return GiveText({}, text); }
     HRESULT STDMETHODCALLTYPE get_accFocus(VARIANT* child) override {
+        if (HoldsWindows()) return standard_->get_accFocus(child);
         if (source_ == nullptr || GetFocus() != window_) return GiveNothing(child);
         return GiveNumber(source_->FocusedPart(), child);
     }
@@ -150,6 +155,7 @@ class AccessibleObject : public IAccessible {
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE accNavigate(LONG direction, VARIANT start, VARIANT* end) override {
+        if (HoldsWindows()) return standard_->accNavigate(direction, start, end);
         if (!Has(start)) return E_INVALIDARG;
         const LONG count = source_->PartCount();
         LONG to = 0;
@@ -161,6 +167,7 @@ class AccessibleObject : public IAccessible {
         return to >= 1 && to <= count ? GiveNumber(to, end) : GiveNothing(end);
     }
     HRESULT STDMETHODCALLTYPE accHitTest(LONG x, LONG y, VARIANT* child) override {
+        if (HoldsWindows()) return standard_->accHitTest(x, y, child);
         POINT at{x, y};
         ScreenToClient(window_, &at);
         RECT client{};
@@ -182,6 +189,8 @@ class AccessibleObject : public IAccessible {
 
   private:
     virtual ~AccessibleObject() = default;
+
+    [[nodiscard]] bool HoldsWindows() const { return source_ != nullptr && source_->HoldsWindows(); }
 
     [[nodiscard]] bool Has(const VARIANT& child) const {
         return source_ != nullptr && child.vt == VT_I4 && child.lVal >= 0 && child.lVal <= source_->PartCount();

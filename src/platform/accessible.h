@@ -16,6 +16,7 @@ struct AccessiblePart {
     LONG role = ROLE_SYSTEM_CLIENT;
     LONG state = 0;  ///< of the control itself focus, visibility and being disabled are added
     std::u16string value;
+    std::u16string description;
     std::u16string action;  ///< the verb for what activating it does; empty when it cannot be activated
     Rect place;             ///< of a part, in pixels of the client area
 };
@@ -29,6 +30,8 @@ class AccessibleSource {
     [[nodiscard]] virtual int PartCount() const { return 0; }
     /// The part that has the keyboard while the control has it; 0 for the control itself.
     [[nodiscard]] virtual int FocusedPart() const { return 0; }
+    /// Whether it is a window around others, which readers reach through it as through any window of the system.
+    [[nodiscard]] virtual bool HoldsWindows() const { return false; }
     virtual void Activate(int /*part*/) {}
 };
 

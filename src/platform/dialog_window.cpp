@@ -11,7 +11,6 @@
 #include "platform/monitors.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
-#include "resources/resource_ids.h"
 #include "util/placement.h"
 
 namespace quillo {
@@ -33,7 +32,6 @@ bool DialogWindow::CreateHidden(const DialogPlan& dialog) {
     WNDCLASSEXW windowClass{};
     windowClass.lpszClassName = dialog.className;
     windowClass.hCursor = ArrowCursor();
-    windowClass.hIcon = LoadIconW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO));  // for the task bar and its switcher
     windowClass.cbWndExtra = DLGWINDOWEXTRA;  // the system's dialog procedure keeps focus and default button there
     const std::u16string caption(dialog.caption);
     WindowPlan plan;
@@ -41,7 +39,9 @@ bool DialogWindow::CreateHidden(const DialogPlan& dialog) {
     plan.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
     plan.exStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
     plan.parent = dialog.owner;
-    scale_ = dialog.owner != nullptr ? WindowScale(dialog.owner) : SystemScale();
+    // Made where it will open, so that the system gives it that monitor's resolution.
+    const Rect area = WorkAreaOf(dialog.owner);
+    plan.place = Rect{area.left, area.top, 0, 0};
     return Window::Create(windowClass, plan);
 }
 
@@ -62,6 +62,12 @@ LRESULT DialogWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_CTLCOLORBTN:
             return reinterpret_cast<LRESULT>(
                 ColorControl(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+        case WM_SETTINGCHANGE:
+            return PassColorsOn(message, wParam, lParam), 0;
+        case WM_GETOBJECT:
+            return accessible_.Answer(Handle(), wParam, lParam);
         case WM_DPICHANGED:
             return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
         default:
@@ -69,11 +75,21 @@ LRESULT DialogWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
     }
 }
 
+AccessiblePart DialogWindow::Describe(int /*part*/) const {
+    AccessiblePart dialog;
+    dialog.role = ROLE_SYSTEM_DIALOG;
+    return dialog;
+}
+
 void DialogWindow::OnCreate() {
+    monitor_ = WindowScale(Handle());
+    scale_ = monitor_;
+    icons_.GiveTo(Handle(), monitor_);  // for the task bar and the list of Alt+Tab
     CreateControls();
-    ApplyFonts();
-    MeasureAndLayOut();
+    LayOutOnMonitor();
     SendMessageW(Handle(), DM_SETDEFID, IDOK, 0);
+    // Focus marks and underlined letters as the user was working last: with the keyboard or with the mouse.
+    SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     loop_.AddDialog(Handle(), [this](WPARAM key) { return OnKeyDown(key); });
 }
 
@@ -84,10 +100,29 @@ void DialogWindow::OnDestroy() {
 }
 
 void DialogWindow::OnDpiChanged(int dpi, const RECT& suggested) {
-    scale_ = Scale(dpi);
-    ApplyFonts();
+    monitor_ = Scale(dpi);
+    icons_.GiveTo(Handle(), monitor_);
     SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    MeasureAndLayOut();
+    LayOutOnMonitor();
+    RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void DialogWindow::PassColorsOn(UINT message, WPARAM wParam, LPARAM lParam) {
+    struct Message {
+        UINT number;
+        WPARAM wParam;
+        LPARAM lParam;
+    };
+    const Message passed{message, wParam, lParam};
+    EnumChildWindows(
+        Handle(),
+        [](HWND child, LPARAM from) noexcept -> BOOL {
+            const auto& what = *reinterpret_cast<const Message*>(from);
+            SendMessageW(child, what.number, what.wParam, what.lParam);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&passed));
+    OnColorsChanged();
     RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
@@ -102,9 +137,18 @@ void DialogWindow::ApplyFonts() {
     OnFontsChanged();
 }
 
-void DialogWindow::MeasureAndLayOut() {
-    const WindowDcScope screen(nullptr);
-    LayOut(screen.Dc());
+void DialogWindow::LayOutOnMonitor() {
+    constexpr int kSmallestDpi = 48;
+    scale_ = monitor_;
+    for (;;) {
+        ApplyFonts();
+        const WindowDcScope screen(nullptr);
+        LayOut(screen.Dc());
+        const Rect area = WorkAreaOf(Handle());
+        const Rect window = WindowRect();
+        if ((window.width <= area.width && window.height <= area.height) || scale_.Dpi() <= kSmallestDpi) return;
+        scale_ = Scale(FittingDpi(scale_.Dpi(), Size{window.width, window.height}, Size{area.width, area.height}));
+    }
 }
 
 void DialogWindow::AddToolTip(HWND control, std::u16string_view text) {
@@ -162,12 +206,12 @@ int DialogWindow::LayOutFoot(HDC dc, int width, int top, int ruleId, std::initia
 }
 
 void DialogWindow::FitClient(int height) const {
-    RECT frame{0, 0, clientWidth_, height};
-    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)));
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE));
+    const auto exStyle = static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE));
+    const Size size = WindowSizeFor(Size{clientWidth_, height}, style, exStyle, monitor_);
     Rect window = WindowRect();
-    window.width = frame.right - frame.left;
-    window.height = frame.bottom - frame.top;
+    window.width = size.width;
+    window.height = size.height;
     const Rect place = KeepInside(window, WorkAreaOf(Handle()));
     SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }

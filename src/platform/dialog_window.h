@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/accessible.h"
+#include "platform/app_icons.h"
 #include "platform/dialog_parts.h"
 #include "platform/unique_handle.h"
 #include "platform/window.h"
@@ -15,16 +17,18 @@ class MessageLoop;
 struct DialogPlan {
     const wchar_t* className = nullptr;
     std::u16string_view caption;
-    HWND owner = nullptr;  ///< borrowed; the dialog goes with it, and starts at its resolution
+    HWND owner = nullptr;  ///< borrowed; the dialog goes with it, and is made on its monitor
 };
 
 /// A dialog of our own, not modal: contents on the ground of a window above, a foot with buttons on that of a dialog
 /// below. The keys of dialogs work while it is open: Tab in the order in which the controls were made, Enter for the
 /// button IDOK, Esc, which closes it unless a derived class says otherwise. Its controls follow the resolution.
-class DialogWindow : public Window {
+class DialogWindow : public Window, private AccessibleSource {
   public:
     /// The window of one of its controls; null when there is none.
     [[nodiscard]] HWND Item(int id) const { return GetDlgItem(Handle(), id); }
+    /// The resolution that it is laid out at: its monitor's, or a lower one where the work area is too small.
+    [[nodiscard]] Scale DialogScale() const { return scale_; }
 
   protected:
     explicit DialogWindow(MessageLoop& loop) : loop_(loop) {}
@@ -47,6 +51,8 @@ class DialogWindow : public Window {
     virtual bool OnKeyDown(WPARAM /*key*/) { return false; }
     /// The fonts are new: what follows them besides the controls.
     virtual void OnFontsChanged() {}
+    /// The system's colors are new; every control has been told.
+    virtual void OnColorsChanged() {}
     [[nodiscard]] virtual HFONT FontOf(int /*id*/) const { return fonts_.body.Get(); }
     [[nodiscard]] virtual int WidthOfButton(HDC dc, int id) const;
     virtual void PaintGround(HDC dc) const;
@@ -56,7 +62,6 @@ class DialogWindow : public Window {
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
     [[nodiscard]] const DialogFonts& Fonts() const { return fonts_; }
-    [[nodiscard]] Scale DialogScale() const { return scale_; }
     [[nodiscard]] int Px(int atDesignDpi) const { return scale_.Px(atDesignDpi); }
     /// The two edges of the foot; where there is none yet, 0.
     [[nodiscard]] int FootTop() const { return footTop_; }
@@ -74,15 +79,25 @@ class DialogWindow : public Window {
     void FitClient(int height) const;
 
   private:
+    // AccessibleSource; the name is the caption.
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
+    [[nodiscard]] bool HoldsWindows() const override { return true; }
+
     void OnCreate();
     void OnDestroy();
     void OnDpiChanged(int dpi, const RECT& suggested);
     void ApplyFonts();
     void WrapToolTips() const;
-    void MeasureAndLayOut();
+    /// Lays the dialog out at its monitor's resolution, or smaller where it would not fit the work area otherwise.
+    void LayOutOnMonitor();
+    /// High contrast or another theme: Windows tells only top-level windows.
+    void PassColorsOn(UINT message, WPARAM wParam, LPARAM lParam);
 
     MessageLoop& loop_;
-    Scale scale_;
+    Scale monitor_;  ///< the resolution of the monitor that the dialog is on
+    Scale scale_;    ///< that of the layout
+    WindowIcons icons_;
+    AccessibleLink accessible_{*this};
     DialogFonts fonts_;
     WindowHandle toolTips_;  ///< owned by no window: one that owns a topmost window cannot always become one itself
     int clientWidth_ = 0;

@@ -19,6 +19,18 @@ Scale WindowScale(HWND window) {
     return dpi != 0 ? Scale(static_cast<int>(dpi)) : SystemScale();
 }
 
+Size WindowSizeFor(Size client, DWORD style, DWORD exStyle, const Scale& scale) {
+    static LateFunction<BOOL WINAPI(RECT*, DWORD, BOOL, DWORD, UINT)> adjustForDpi(L"user32.dll",
+                                                                                   "AdjustWindowRectExForDpi");
+    RECT frame{0, 0, client.width, client.height};
+    if (adjustForDpi.Get() != nullptr) {
+        adjustForDpi.Get()(&frame, style, FALSE, exStyle, static_cast<UINT>(scale.Dpi()));
+    } else {
+        AdjustWindowRectEx(&frame, style, FALSE, exStyle);
+    }
+    return Size{frame.right - frame.left, frame.bottom - frame.top};
+}
+
 Scale PointScale(POINT point) {
     static LateFunction<HRESULT WINAPI(HMONITOR, int, UINT*, UINT*)> getDpiForMonitor(L"shcore.dll",
                                                                                       "GetDpiForMonitor");

@@ -2,9 +2,11 @@ target_sources(quillo_shell PRIVATE
   platform/accessible.cpp
   platform/animation.cpp
   platform/app_id.cpp
+  platform/app_icons.cpp
   platform/dialog_parts.cpp
   platform/dialog_window.cpp
   platform/dib.cpp
+  platform/disabled_windows.cpp
   platform/dpi.cpp
   platform/drop_registration.cpp
   platform/drop_target.cpp

@@ -50,6 +50,17 @@ void ToolTips::Add(HWND child) {
     SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
+void ToolTips::AddArea(UINT_PTR id, const RECT& area) {
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.uFlags = TTF_SUBCLASS;
+    tool.hwnd = window_;
+    tool.uId = id;
+    tool.rect = area;
+    tool.lpszText = LPSTR_TEXTCALLBACKW;
+    SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
 void ToolTips::SetActive(bool active) {
     if (tips_ != nullptr) SendMessageW(tips_, TTM_ACTIVATE, active ? TRUE : FALSE, 0);
 }

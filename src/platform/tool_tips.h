@@ -23,6 +23,8 @@ class ToolTips {
     /// Above topmost windows too. The window owns the control, which goes with it. False on failure.
     bool Create(HWND window, const Scale& scale);
     void Add(HWND child);
+    /// A part of the window itself, in its own pixels; `id` comes back with the question for its text.
+    void AddArea(UINT_PTR id, const RECT& area);
     /// While they are not active none stands: they would cover a menu that is open.
     void SetActive(bool active);
     /// Until the next Create: for a window that has another scale now.

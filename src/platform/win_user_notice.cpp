@@ -2,15 +2,24 @@
 
 #include <string>
 
+#include "platform/disabled_windows.h"
 #include "platform/late_library.h"
 #include "platform/wide.h"
 #include "util/busy_flag.h"
 
 namespace quillo {
 
+HWND MessageBoxOwner() {
+    HWND active = GetActiveWindow();
+    if (active == nullptr || IsWindowVisible(active) == 0 || IsWindowEnabled(active) == 0) return nullptr;
+    return active;
+}
+
 int WinUserNotice::Box(std::u16string_view text, UINT flags, const wchar_t* title) {
     const BusyFlag::Scope busy(dialogs_);
-    return MessageBoxW(nullptr, Wide(std::u16string(text)), title, flags | MB_SETFOREGROUND | MB_TASKMODAL);
+    HWND asker = MessageBoxOwner();
+    const DisabledWindows others(asker);
+    return MessageBoxW(asker, Wide(std::u16string(text)), title, flags | MB_SETFOREGROUND | MB_TOPMOST);
 }
 
 void WinUserNotice::Fail(std::u16string_view text) {

@@ -9,7 +9,12 @@ namespace quillo {
 
 class BusyFlag;
 
-/// Message boxes, balloons and the system's sounds.
+/// The window that a message box belongs to: the note or dialog that the user works in, for nothing else asks. Null
+/// when that is another program's, or hidden.
+[[nodiscard]] HWND MessageBoxOwner();
+
+/// Message boxes, balloons and the system's sounds. A message box lies above pinned notes, and no other window of the
+/// program takes input until it is answered.
 class WinUserNotice : public UserNotice {
   public:
     /// `dialogs` is set while a message box stands.

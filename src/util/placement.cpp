@@ -18,6 +18,11 @@ Rect KeepInside(Rect window, const Rect& area) {
     return window;
 }
 
+int FittingDpi(int dpi, Size window, Size area) {
+    const auto scaled = [dpi](int room, int needed) { return dpi * std::max(room, 1) / std::max(needed, 1); };
+    return std::min({scaled(area.width, window.width), scaled(area.height, window.height), dpi - 1});
+}
+
 Rect PlaceOver(const Rect& owner, Size size, const Rect& area) {
     const int left = owner.left + (owner.width - size.width) / 2;
     const int top = owner.top + (owner.height - size.height) / 2;

@@ -14,4 +14,7 @@ namespace quillo {
 /// below or above, and over its middle where there is room nowhere. Inside `area`; `gap` is what lies between the two.
 [[nodiscard]] Rect PlaceBeside(const Rect& owner, Size size, const Rect& area, int gap);
 
+/// A resolution, lower than `dpi`, at which a window that is `window` large at `dpi` comes nearer to fitting `area`.
+[[nodiscard]] int FittingDpi(int dpi, Size window, Size area);
+
 }  // namespace quillo

@@ -22,6 +22,9 @@ class Reader {
 
     [[nodiscard]] std::u16string Name(LONG part = 0) const { return Text(&IAccessible::get_accName, part); }
     [[nodiscard]] std::u16string Value(LONG part = 0) const { return Text(&IAccessible::get_accValue, part); }
+    [[nodiscard]] std::u16string Description(LONG part = 0) const {
+        return Text(&IAccessible::get_accDescription, part);
+    }
     [[nodiscard]] std::u16string Action(LONG part = 0) const { return Text(&IAccessible::get_accDefaultAction, part); }
     [[nodiscard]] LONG Role(LONG part = 0) const { return Number(&IAccessible::get_accRole, part); }
     [[nodiscard]] LONG State(LONG part = 0) const { return Number(&IAccessible::get_accState, part); }

@@ -39,5 +39,13 @@ TEST(Placement, BesideItsOwnerWhereThereIsRoom) {
     }
 }
 
+TEST(FittingDpi, ShrinksByWhatIsTooMuchAndAtLeastByOne) {
+    EXPECT_EQ(FittingDpi(192, {1300, 1080}, {1920, 540}), 96) << "twice as high as its room";
+    EXPECT_EQ(FittingDpi(192, {1300, 1080}, {650, 540}), 96);
+    EXPECT_EQ(FittingDpi(144, {1000, 810}, {500, 810}), 72) << "twice as wide";
+    EXPECT_EQ(FittingDpi(144, {1000, 810}, {1366, 810}), 143) << "fonts do not shrink evenly: one step more";
+    EXPECT_LT(FittingDpi(96, {100, 100}, {0, 0}), 96);
+}
+
 }  // namespace
 }  // namespace quillo
