@@ -7,6 +7,9 @@ namespace quillo {
 /// The face of a note button; the number is the column of its frame in the image strip.
 enum class ButtonFace : int { Normal = 0, Hot = 1, Pressed = 2 };
 
+/// How strongly the glyphs of an inactive note are drawn, in percent of an active one's: still at a contrast of 3 to 1.
+inline constexpr int kFaintGlyphPercent = 82;
+
 /// Which mouse button an event concerns or which one is held.
 enum class MouseButton { None, Left, Other };
 

@@ -14,7 +14,6 @@ namespace {
 constexpr int kRows = 4;
 constexpr int kColumns = 3;
 constexpr int kOpaque = 255;
-constexpr int kFaintPercent = 55;
 /// More than the schemes that a desktop shows at once, active and inactive.
 constexpr std::size_t kStripsKept = 32;
 
@@ -131,7 +130,7 @@ BitmapHandle NoteButtonImages::Compose(const Coverage& coverage, const ButtonTin
         for (int x = 0; x < width; ++x) {
             const auto index = static_cast<std::size_t>(y * width + x);
             const bool atRest = x < coverage.frame;
-            const int glyph = coverage.glyph[index] * (tint.faint && atRest ? kFaintPercent : 100) / 100;
+            const int glyph = coverage.glyph[index] * (tint.faint && atRest ? kFaintGlyphPercent : 100) / 100;
             const ColorWord plate = Cover(bar, tint.glyph, coverage.plate[index]);
             const ColorWord color = Cover(plate, tint.glyph, glyph);
             pixels[index] = static_cast<std::uint32_t>(color.Red()) << 16 |

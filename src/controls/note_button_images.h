@@ -3,6 +3,7 @@
 #include <list>
 #include <vector>
 
+#include "controls/button_state.h"
 #include "platform/unique_handle.h"
 #include "util/color_word.h"
 #include "util/units.h"
@@ -18,7 +19,7 @@ struct ButtonTint {
     ColorWord top;
     ColorWord bottom;
     ColorWord glyph;
-    bool faint = false;  ///< glyphs at rest are drawn at 55 %
+    bool faint = false;  ///< glyphs at rest are drawn at kFaintGlyphPercent
     friend constexpr bool operator==(const ButtonTint&, const ButtonTint&) = default;
 };
 

@@ -43,10 +43,11 @@ class TesselTrayLite : private Window, private TrayShell {
     /// Gates the events, nothing else.
     [[nodiscard]] bool Enabled() const { return rules_.Enabled(); }
     void SetEnabled(bool enabled) { rules_.SetEnabled(enabled); }
-    /// Reads false while the shell refuses the icon; that is retried once a second until it succeeds or the control
-    /// is made invisible.
+    /// Reads false while the shell refuses the icon; that is retried once a second until it succeeds or StopRetrying
+    /// is called.
     [[nodiscard]] bool Visible() const { return rules_.Visible(); }
     void SetVisible(bool visible) { rules_.SetVisible(visible); }
+    void StopRetrying() { rules_.StopRetrying(); }
 
     /// For a task bar that was made anew.
     void RecreateIcon() { rules_.Recreate(); }

@@ -76,12 +76,13 @@ void TrayRules::SetIcon(TrayHandle icon) {
     Modify();
 }
 
+void TrayRules::StopRetrying() {
+    if (!retrying_) return;
+    retrying_ = false;
+    shell_.EnableRetryTimer(false);
+}
+
 void TrayRules::SetVisible(bool visible) {
-    if (!visible && retrying_) {
-        // Not wanted any more: without this the icon would come up once the shell is ready.
-        retrying_ = false;
-        shell_.EnableRetryTimer(false);
-    }
     if (visible == shown_) return;
     shown_ = visible;
     if (visible) {

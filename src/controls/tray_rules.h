@@ -83,7 +83,11 @@ class TrayRules {
     void SetEnabled(bool enabled) { enabled_ = enabled; }
     /// False also while a failed adding is being retried.
     [[nodiscard]] bool Visible() const { return shown_; }
+    /// Acts only when the value changes. Intended: an icon that is being retried reads false, so that making it
+    /// invisible does not end the retry; StopRetrying does.
     void SetVisible(bool visible);
+    /// The icon is not wanted any more.
+    void StopRetrying();
 
     void Recreate();
     void ShowBalloon(std::u16string_view text, std::u16string_view title, std::uint32_t iconType,

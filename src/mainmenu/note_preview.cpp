@@ -37,6 +37,8 @@ LRESULT NotePreview::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_GETDLGCODE:
             return DLGC_STATIC;
+        case WM_GETOBJECT:
+            return accessible_.Answer(Handle(), wParam, lParam);
         case WM_ERASEBKGND:
             return 1;  // the whole note is painted
         case WM_PAINT:
@@ -44,6 +46,12 @@ LRESULT NotePreview::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         default:
             return Default(message, wParam, lParam);
     }
+}
+
+AccessiblePart NotePreview::Describe(int /*part*/) const {
+    AccessiblePart picture;
+    picture.role = ROLE_SYSTEM_GRAPHIC;
+    return picture;
 }
 
 void NotePreview::OnPaint() const {
@@ -56,7 +64,7 @@ void NotePreview::OnPaint() const {
     const ColorWord border = Resolve(look_.border);
     PaintNote(canvas, size, look_.scale, NotePaint{note, border}, u"");
     const NoteLayout layout = LayOutNote(size, look_.scale);
-    const DragBarPaint bar = DragBarColors(note, border, look_.flatBar, true);
+    const DragBarPaint bar = DragBarColors(note, border, look_.barStyle, true);
     canvas.Gradient(layout.dragBar, bar.top, bar.bottom);
 
     const SelectScope font(buffer.Dc(), look_.font);

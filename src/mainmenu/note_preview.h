@@ -1,5 +1,7 @@
 #pragma once
 
+#include "notes/note_face.h"
+#include "platform/accessible.h"
 #include "platform/unique_handle.h"
 #include "platform/window.h"
 #include "util/color_word.h"
@@ -12,14 +14,14 @@ struct NotePreviewLook {
     ColorWord note;
     ColorWord border;
     ColorWord text;
-    bool flatBar = false;
+    BarStyle barStyle = BarStyle::Full;
     bool manyColors = false;  ///< each new note gets colours of its own
     HFONT font = nullptr;     ///< borrowed until the next look
     Scale scale;
 };
 
 /// A small note that shows how new notes will look. It only shows: neither the mouse nor the keys do anything in it.
-class NotePreview : public Window {
+class NotePreview : public Window, private AccessibleSource {
   public:
     /// `name` is what a screen reader speaks. False on failure.
     bool Create(HWND parent, int id, const wchar_t* name);
@@ -31,7 +33,11 @@ class NotePreview : public Window {
   private:
     void OnPaint() const;
 
+    // AccessibleSource
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
+
     NotePreviewLook look_;
+    AccessibleLink accessible_{*this};
 };
 
 }  // namespace quillo

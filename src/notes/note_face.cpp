@@ -49,22 +49,7 @@ std::u16string ClockTime(const CivilTime& time) {
     return Digits(hour, 1) + u":" + Digits(time.minute, 2) + (time.hour < 12 ? u" am" : u" pm");
 }
 
-double LinearLight(int channel) {
-    const double value = channel / 255.0;
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-}
-
-double Luminance(ColorWord color) {
-    return 0.2126 * LinearLight(color.Red()) + 0.7152 * LinearLight(color.Green()) + 0.0722 * LinearLight(color.Blue());
-}
-
 }  // namespace
-
-double ContrastRatio(ColorWord first, ColorWord second) {
-    const double a = Luminance(first);
-    const double b = Luminance(second);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
 
 NoteLayout LayOutNote(Size client, const Scale& scale) {
     const Rect inner = Inset(client, scale.Px(kBorder));
@@ -124,11 +109,21 @@ void PaintNote(Canvas& canvas, Size client, const Scale& scale, const NotePaint&
     }
 }
 
-DragBarPaint DragBarColors(ColorWord note, ColorWord border, bool flat, bool active) {
-    DragBarPaint paint;
-    paint.top = active ? border : Mix(border, note, 50);
+BarStyle BarStyleFor(bool subtleWanted, bool systemHighContrast) {
+    if (subtleWanted) return BarStyle::Subtle;
+    return systemHighContrast ? BarStyle::Flat : BarStyle::Full;
+}
+
+DragBarPaint DragBarColors(ColorWord note, ColorWord border, BarStyle style, bool active) {
+    constexpr int kSubtlePercent = 25;
     const ColorWord bottom = Mix(note, border, 35);
-    paint.bottom = flat ? paint.top : active ? bottom : Mix(bottom, note, 50);
+    DragBarPaint paint;
+    paint.top = style == BarStyle::Subtle ? Mix(border, note, kSubtlePercent) : border;
+    paint.bottom = style == BarStyle::Full ? bottom : paint.top;
+    if (!active) {
+        paint.top = Mix(paint.top, note, 50);
+        paint.bottom = Mix(paint.bottom, note, 50);
+    }
 
     const auto worst = [&paint](ColorWord glyph) {
         return std::min(ContrastRatio(glyph, paint.top), ContrastRatio(glyph, paint.bottom));

@@ -49,9 +49,6 @@ struct NotePaint {
 void PaintNote(Canvas& canvas, Size client, const Scale& scale, const NotePaint& colors,
                std::u16string_view reminderLabel);
 
-/// The contrast of two plain RGB colours, from 1 (none) to 21 (black on white).
-[[nodiscard]] double ContrastRatio(ColorWord first, ColorWord second);
-
 /// How the drag bar is drawn.
 struct DragBarPaint {
     ColorWord top;
@@ -59,9 +56,15 @@ struct DragBarPaint {
     ColorWord glyph;  ///< ink or its light counterpart, whichever stands out better from the whole bar
 };
 
-/// The drag bar's gradient from the border colour to a 35 % mix with the note colour, flat when `flat`; paler while
-/// the note is inactive.
-[[nodiscard]] DragBarPaint DragBarColors(ColorWord note, ColorWord border, bool flat, bool active);
+enum class BarStyle {
+    Full,    ///< a gradient from the border color to a 35 % mix with the note color
+    Flat,    ///< the border color alone
+    Subtle,  ///< one color that is little more than the note's
+};
+/// What the user asks for counts for more than the system's high contrast, under which a gradient would be noise.
+[[nodiscard]] BarStyle BarStyleFor(bool subtleWanted, bool systemHighContrast);
+/// The drag bar's colors; paler while the note is inactive.
+[[nodiscard]] DragBarPaint DragBarColors(ColorWord note, ColorWord border, BarStyle style, bool active);
 
 /// Where a new note is placed, in twips: near the middle of the screen, scattered by up to 750 twips each way.
 /// `screen` and `note` are in twips; `r1` (across) and `r2` (down) are uniform in [0, 1), drawn in this order.

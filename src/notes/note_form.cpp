@@ -140,7 +140,7 @@ LRESULT NoteForm::OnCreate() {
 void NoteForm::OnDestroy() {
     saveTimer_.Stop();
     settleTimer_.Stop();
-    trayIcon_.SetVisible(false);
+    HideIcon();
     if (reminderAlert_) reminderAlert_->Unload();
     tools_.colorDialog.Forget(note_);
     drops_.Release();
@@ -159,8 +159,12 @@ void NoteForm::ChangeScrollBar(bool shown) {
 
 void NoteForm::SetUpParts() {
     messageBox_.onAction = [this](NoteAction action) { Perform(action); };
-    trayIcon_.onClick = [this] { note_.ShowFromIcon(); };
-    trayIcon_.onRightClick = [this] { OpenIconMenu(); };
+    trayIcon_.onClick = [this] {
+        if (TakesInput()) note_.ShowFromIcon();
+    };
+    trayIcon_.onRightClick = [this] {
+        if (TakesInput()) OpenIconMenu();
+    };
     buttons_.onAction = [this](NoteAction action) { Perform(action); };
     buttons_.describe = [this] { return DescribeNoteButtons(note_.Data(), Text(), tools_.settings); };
 }
@@ -242,7 +246,12 @@ void NoteForm::BringToFront(bool pinned) {
     if (!pinned) SetTopmost(Handle(), false);
 }
 
+bool NoteForm::TakesInput() const {
+    return IsWindowEnabled(Handle()) != 0;
+}
+
 void NoteForm::Activate() {
+    if (!TakesInput()) return;  // a dialog has the keyboard until it is closed
     SetForegroundWindow(Handle());
     SetFocus(messageBox_.Handle());
 }
@@ -256,24 +265,19 @@ void NoteForm::SetOpacity(int alpha) {
     SetTranslucency(Handle(), alpha);
 }
 
-bool NoteForm::IsIconShowing() const {
-    return trayIcon_.Visible();
-}
-
 void NoteForm::ShowIcon(std::u16string_view caption) {
-    trayIcon_.SetIcon(
-        static_cast<HICON>(LoadImageW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO), IMAGE_ICON,
-                                      GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED)));
+    trayIcon_.SetIcon(trayPicture_.Handle());
     trayIcon_.SetToolTipText(caption);
     trayIcon_.SetVisible(true);
 }
 
 void NoteForm::HideIcon() {
+    trayIcon_.StopRetrying();
     trayIcon_.SetVisible(false);
 }
 
 void NoteForm::RecreateIcon() {
-    if (trayIcon_.Visible()) trayIcon_.RecreateIcon();
+    trayIcon_.RecreateIcon();
 }
 
 void NoteForm::ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) {
@@ -319,8 +323,8 @@ void NoteForm::ApplyFont() {
 }
 
 void NoteForm::ApplyBarColors() {
-    const bool flat = HighContrastIsOn() && !tools_.settings.highContrastOff;
-    bar_ = DragBarColors(Resolve(noteColor_), Resolve(borderColor_), flat, active_);
+    const BarStyle style = BarStyleFor(tools_.settings.highContrastOff, HighContrastIsOn());
+    bar_ = DragBarColors(Resolve(noteColor_), Resolve(borderColor_), style, active_);
     const ButtonTint tint{bar_.top, bar_.bottom, bar_.glyph, !active_};
     buttons_.SetTint(tint, scale_);
 }
@@ -450,6 +454,7 @@ void NoteForm::OnDpiChanged(int dpi, const RECT& suggested) {
 }
 
 void NoteForm::OnSystemChanged() {
+    if (trayIcon_.Visible() && trayPicture_.HasChanged()) trayIcon_.SetIcon(trayPicture_.Handle());
     background_.Reset(CreateSolidBrush(ToColorRef(noteColor_)));
     ApplyBarColors();
     Repaint();

@@ -11,6 +11,7 @@
 #include "notes/note_text_box.h"
 #include "notes/note_view.h"
 #include "notes/open_note.h"
+#include "platform/app_icons.h"
 #include "platform/drop_registration.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
@@ -64,7 +65,6 @@ class NoteForm : public Window, public NoteView {
     void Activate() override;
     void ShowPinned(bool pinned) override;
     void SetOpacity(int alpha) override;
-    [[nodiscard]] bool IsIconShowing() const override;
     void ShowIcon(std::u16string_view caption) override;
     void HideIcon() override;
     void RecreateIcon() override;
@@ -90,6 +90,8 @@ class NoteForm : public Window, public NoteView {
     void FocusTextBox();
     void OnCommand(int id, int notification);
     void Perform(NoteAction action);
+    /// False while a modal dialog of the program is open.
+    [[nodiscard]] bool TakesInput() const;
     HBRUSH OnColorTextBox(HDC dc);
     void OnDpiChanged(int dpi, const RECT& suggested);
     void OnDragBarPressed(Point at);
@@ -120,6 +122,7 @@ class NoteForm : public Window, public NoteView {
     Scale scale_;
     NoteTextBox messageBox_;
     NoteButtonBar buttons_;
+    TrayPicture trayPicture_;
     TesselTrayLite trayIcon_;
     HFONT font_ = nullptr;  ///< borrowed from the shared fonts
     BrushHandle background_;

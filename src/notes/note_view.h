@@ -44,10 +44,11 @@ class NoteView {
     virtual void SetOpacity(int alpha) = 0;
 
     /// The note's own icon in the notification area.
-    [[nodiscard]] virtual bool IsIconShowing() const = 0;
+    /// Shows it as soon as the shell takes it.
     virtual void ShowIcon(std::u16string_view caption) = 0;
+    /// Also ends the attempts to show an icon that the shell refuses.
     virtual void HideIcon() = 0;
-    /// Adds an icon that shows once more, for the task bar was made anew.
+    /// Adds the icon once more, because the task bar was made again.
     virtual void RecreateIcon() = 0;
     /// A balloon on that icon.
     virtual void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) = 0;

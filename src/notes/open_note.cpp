@@ -99,7 +99,8 @@ bool OpenNote::SetupNoteFromTags(const NoteFile& file, std::u16string_view opene
 }
 
 NoteAppearance OpenNote::Appearance() const {
-    const WindowState hidden = view_->IsIconShowing() ? WindowState::Minimized : WindowState::Hidden;
+    // Not whether the icon shows: the shell may refuse it for a while.
+    const WindowState hidden = iconWanted_ ? WindowState::Minimized : WindowState::Hidden;
     return NoteAppearance{note_.LargeText,   note_.OwnColors, note_.NoteColor,
                           note_.BorderColor, note_.TextColor, view_->IsVisible() ? WindowState::Shown : hidden};
 }
@@ -237,7 +238,7 @@ void OpenNote::SetNoteEffects() {
 void OpenNote::Popup() {
     if (!world_.settings.doNotAdjustNotes) view_->MoveOntoScreen();
     if (!view_->IsVisible()) view_->Show();
-    if (view_->IsIconShowing()) view_->HideIcon();
+    if (std::exchange(iconWanted_, false)) view_->HideIcon();
     view_->BringToFront(note_.Pinned);
     SetNoteEffects();
 }
@@ -272,6 +273,7 @@ void OpenNote::HideWithHint() {
 }
 
 void OpenNote::MinimizeToTray() {
+    iconWanted_ = true;
     view_->ShowIcon(IconCaption(view_->Text()));
 }
 

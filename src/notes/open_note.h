@@ -127,7 +127,9 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     /// To its own icon and out of sight.
     void MinimizeByUser() override;
     /// For a task bar that was made anew.
-    void RecreateIcon() { view_->RecreateIcon(); }
+    void RecreateIcon() {
+        if (iconWanted_) view_->RecreateIcon();
+    }
     void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
     /// Any of these may leave the note destroyed: its object lives on until its owner lets go of it.
     void CloseNote();
@@ -170,6 +172,7 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     Note note_;
     bool stored_ = false;       ///< the last write of the storage copy succeeded
     bool writeFailed_ = false;  ///< the last change is on no disk yet: the next pass tries again
+    bool iconWanted_ = false;   ///< the note is to have its own icon, whether or not the shell has taken it yet
     bool dialogOpen_ = false;
     bool alertOpen_ = false;
     bool colorDialogOpen_ =

@@ -16,4 +16,8 @@ void AlertPlaces::Free(std::size_t place) {
     if (place < taken_.size()) taken_[place] = false;
 }
 
+bool AlertPlaces::AllFree() const {
+    return std::find(taken_.begin(), taken_.end(), true) == taken_.end();
+}
+
 }  // namespace quillo

@@ -11,6 +11,7 @@ class AlertPlaces {
   public:
     [[nodiscard]] std::size_t Take();
     void Free(std::size_t place);
+    [[nodiscard]] bool AllFree() const;
 
   private:
     std::vector<bool> taken_;

@@ -1,4 +1,5 @@
 target_sources(quillo_core PRIVATE
+  reminders/alert_colors.cpp
   reminders/alert_places.cpp
   reminders/clock_text.cpp
   reminders/date_add.cpp

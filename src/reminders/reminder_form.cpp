@@ -4,7 +4,6 @@
 
 #include "app/settings.h"
 #include "app/sound_choice.h"
-#include "notes/note_face.h"
 #include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
@@ -39,18 +38,7 @@ constexpr int kTextPoints = 16;
 constexpr int kTitlePoints = 9;
 constexpr int kHintPoints = 8;
 
-constexpr ColorWord kDarkInk = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
-constexpr ColorWord kLightInk = ColorWord::FromRgb(0xF4, 0xF1, 0xE6);
-constexpr double kReadable = 4.5;         // the least contrast of text
-constexpr int kEdgePercent = 72;          // of the note's border colour; the rest is ink
-constexpr int kQuietPercent = 62;         // of the text's colour; the rest is paper
 constexpr std::size_t kMostShown = 2000;  // more never fits
-
-/// The note's text colour where it can be read, else ink or its light counterpart.
-ColorWord ReadableOn(ColorWord paper, ColorWord text) {
-    if (ContrastRatio(text, paper) >= kReadable) return text;
-    return ContrastRatio(kDarkInk, paper) >= ContrastRatio(kLightInk, paper) ? kDarkInk : kLightInk;
-}
 
 bool IsDown(int virtualKey) {
     return GetKeyState(virtualKey) < 0;
@@ -63,17 +51,11 @@ ReminderForm::ReminderForm(ReminderOwner* owner, ReminderTools& tools)
 
 bool ReminderForm::Initialize(std::u16string_view text, const AlertColors& colors) {
     text_ = text;
-    paper_ = Resolve(colors.paper);
-    strip_ = Resolve(colors.edge);
-    edge_ = Mix(strip_, kDarkInk, kEdgePercent);
-    ink_ = ReadableOn(paper_, Resolve(colors.text));
-    quiet_ = Mix(ink_, paper_, kQuietPercent);
-    glyph_ = ReadableOn(strip_, kDarkInk);
+    paint_ = AlertPaintOf({Resolve(colors.paper), Resolve(colors.edge), Resolve(colors.text)});
 
     WNDCLASSEXW windowClass{};
     windowClass.lpszClassName = L"QuilloReminder";
     windowClass.hCursor = ArrowCursor();
-    windowClass.hIcon = LoadIconW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO));
     const Rect workArea = WorkAreas().empty() ? Rect{0, 0, 0, 0} : WorkAreas().front();
     scale_ = PointScale(POINT{workArea.left + workArea.width / 2, workArea.top + workArea.height / 2});
     place_ = tools_.places.Take();
@@ -132,6 +114,7 @@ LRESULT ReminderForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
 
 LRESULT ReminderForm::OnCreate() {
     AddDropShadow(Handle());
+    icons_.GiveTo(Handle(), scale_);
     MakeFonts();
     return 0;
 }
@@ -139,6 +122,7 @@ LRESULT ReminderForm::OnCreate() {
 void ReminderForm::OnDestroy() {
     soundTimer_.Stop();
     if (place_) tools_.places.Free(*place_);
+    if (tools_.places.AllFree()) StopReminderSound(tools_.sound);  // a long one would go on
     if (owner_ != nullptr) owner_->ReminderClosing();
 }
 
@@ -166,6 +150,7 @@ void ReminderForm::OnKeyDown(int virtualKey) {
 
 void ReminderForm::OnDpiChanged(int dpi, const RECT& suggested) {
     scale_ = Scale(dpi);
+    icons_.GiveTo(Handle(), scale_);
     MakeFonts();
     const Rect place = FromWin32(suggested);
     SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -208,7 +193,7 @@ void ReminderForm::OnPaint() {
     const BufferedPaint buffer(paint.Dc(), paint.Area());
     HDC dc = buffer.Dc();
     GdiCanvas canvas(dc, scale_);
-    canvas.Fill(client, paper_);
+    canvas.Fill(client, paint_.paper);
     SetBkMode(dc, TRANSPARENT);
     PaintStrip(dc, client.width);
 
@@ -217,32 +202,32 @@ void ReminderForm::OnPaint() {
     PaintText(dc, Rect{margin, textTop, client.width - 2 * margin, client.height - textTop - scale_.Px(kHintRoom)});
 
     const SelectScope selected(dc, hintFont_.Get());
-    SetTextColor(dc, ToColorRef(quiet_));
+    SetTextColor(dc, ToColorRef(paint_.quiet));
     RECT hint{margin, 0, client.width - margin, client.height - scale_.Px(kHintBottom)};
     DrawTextW(dc, WideData(kHint), static_cast<int>(kHint.size()), &hint, DT_SINGLELINE | DT_BOTTOM | DT_NOPREFIX);
-    canvas.Box(client, scale_.Px(kEdge), edge_);
+    canvas.Box(client, scale_.Px(kEdge), paint_.edge);
 }
 
 void ReminderForm::PaintStrip(HDC dc, int width) const {
     const int height = scale_.Px(kStrip);
     const int glyph = scale_.Px(kGlyph);
     GdiCanvas canvas(dc, scale_);
-    canvas.Fill(Rect{0, 0, width, height}, strip_);
-    canvas.Fill(Rect{0, height - 1, width, 1}, edge_);
+    canvas.Fill(Rect{0, 0, width, height}, paint_.strip);
+    canvas.Fill(Rect{0, height - 1, width, 1}, paint_.edge);
     const int top = (height + scale_.Px(kEdge) - glyph) / 2;
     const int left = scale_.Px(kMargin) - scale_.Px(2);
     PaintIcon(dc, IDI_ALERT_BELL_INK, IDI_ALERT_BELL_LIGHT, Point{left, top});
     PaintIcon(dc, IDI_ALERT_CLOSE_INK, IDI_ALERT_CLOSE_LIGHT,
               Point{width - scale_.Px(kCloseArea) + (scale_.Px(kCloseArea) - glyph) / 2, top});
     const SelectScope selected(dc, titleFont_.Get());
-    SetTextColor(dc, ToColorRef(glyph_));
+    SetTextColor(dc, ToColorRef(paint_.glyph));
     RECT title{left + glyph + scale_.Px(kGlyph / 3), scale_.Px(kEdge), width - scale_.Px(kCloseArea), height};
     DrawTextW(dc, WideData(kTitle), static_cast<int>(kTitle.size()), &title, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
 }
 
 void ReminderForm::PaintIcon(HDC dc, int darkId, int lightId, Point at) const {
     const int size = scale_.Px(kGlyph);
-    const int id = glyph_ == kDarkInk ? darkId : lightId;
+    const int id = paint_.darkGlyphs ? darkId : lightId;
     const IconHandle icon(
         static_cast<HICON>(LoadImageW(ThisModule(), MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
     DrawIconEx(dc, at.x, at.y, icon.Get(), size, size, 0, nullptr, DI_NORMAL);
@@ -250,7 +235,7 @@ void ReminderForm::PaintIcon(HDC dc, int darkId, int lightId, Point at) const {
 
 void ReminderForm::PaintText(HDC dc, const Rect& area) const {
     const SelectScope selected(dc, textFont_.Get());
-    SetTextColor(dc, ToColorRef(ink_));
+    SetTextColor(dc, ToColorRef(paint_.ink));
     const std::u16string_view shown = std::u16string_view(text_).substr(0, kMostShown);
     const int length = static_cast<int>(shown.size());
     constexpr UINT kWrapped = DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL | DT_EXPANDTABS;

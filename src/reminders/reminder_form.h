@@ -5,23 +5,17 @@
 #include <string_view>
 
 #include "platform/accessible.h"
+#include "platform/app_icons.h"
 #include "platform/ui_timer.h"
 #include "platform/unique_handle.h"
 #include "platform/window.h"
-#include "util/color_word.h"
+#include "reminders/alert_colors.h"
 #include "util/units.h"
 
 namespace quillo {
 
 class ReminderOwner;
 struct ReminderTools;
-
-/// The note's colours, in which its alert shows.
-struct AlertColors {
-    ColorWord paper;
-    ColorWord edge;
-    ColorWord text;
-};
 
 /// The alert of a reminder that has fallen due: shows the note's text above all windows and repeats the reminder's
 /// sound until the user dismisses it, which brings the note back.
@@ -63,13 +57,9 @@ class ReminderForm : public Window, private AccessibleSource {
     ReminderOwner* owner_;
     ReminderTools& tools_;
     std::u16string text_;
-    ColorWord paper_;
-    ColorWord strip_;
-    ColorWord edge_;
-    ColorWord ink_;
-    ColorWord quiet_;
-    ColorWord glyph_;
+    AlertPaint paint_;
     Scale scale_;
+    WindowIcons icons_;
     FontHandle textFont_;
     FontHandle titleFont_;
     FontHandle hintFont_;

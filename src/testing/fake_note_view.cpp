@@ -69,7 +69,7 @@ void FakeNoteView::SetOpacity(int alpha) {
 void FakeNoteView::ShowIcon(std::u16string_view caption) {
     Record("ShowIcon");
     caption_ = caption;
-    iconShowing_ = true;
+    iconShowing_ = !shellRefusesIcons;
 }
 
 void FakeNoteView::HideIcon() {

@@ -26,7 +26,7 @@ class FakeNoteView : public NoteView {
     void Activate() override;
     void ShowPinned(bool pinned) override;
     void SetOpacity(int alpha) override;
-    [[nodiscard]] bool IsIconShowing() const override { return iconShowing_; }
+    [[nodiscard]] bool IsIconShowing() const { return iconShowing_; }
     void ShowIcon(std::u16string_view caption) override;
     void HideIcon() override;
     void RecreateIcon() override;
@@ -62,6 +62,7 @@ class FakeNoteView : public NoteView {
 
     bool refuseReminderWindows = false;  ///< the system has no room for another window
     bool refuseColorDialog = false;
+    bool shellRefusesIcons = false;            ///< as when the task bar is not there yet
     std::function<void()> whileAlertOpens;     ///< the messages that run then
     std::u16string copyPath;                   ///< what the user answers when asked for a file
     std::function<void()> whileCopyPathAsked;  ///< the messages that run then

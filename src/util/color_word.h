@@ -37,4 +37,7 @@ struct ColorWord {
     return (color.Red() * 299 + color.Green() * 587 + color.Blue() * 114 + 500) / 1000;
 }
 
+/// The contrast of two plain RGB colors, from 1 (none) to 21 (black on white).
+[[nodiscard]] double ContrastRatio(ColorWord first, ColorWord second);
+
 }  // namespace quillo

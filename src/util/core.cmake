@@ -1,6 +1,7 @@
 target_sources(quillo_core PRIVATE
   util/base32.cpp
   util/byte_search.cpp
+  util/color_word.cpp
   util/day_serial.cpp
   util/numbers.cpp
   util/placement.cpp

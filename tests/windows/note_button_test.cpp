@@ -89,7 +89,7 @@ TEST(NoteButtonImagesTest, GlyphsTakeTheirColourAndAreFaintAtRestOnly) {
     const int full = darkest(0, 0);
     EXPECT_LT(full, 60);
     tint.faint = true;
-    EXPECT_GT(darkest(0, 0), full + 60) << "at rest";
+    EXPECT_GT(darkest(0, 0), full + 30) << "at rest";
     tint.faint = false;
     const int hot = darkest(1, 0);
     tint.faint = true;

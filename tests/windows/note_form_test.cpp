@@ -135,7 +135,8 @@ TEST_F(NoteFormTest, PaintsBorderFaceBarAndGrip) {
     EXPECT_EQ(Pixel(Point{w / 2, h / 2}), face) << "the text box is flush with the note";
     const Rect bar = LayOutNote(ClientSize(), scale_).dragBar;
     const bool active = GetActiveWindow() == one_.Window();
-    const DragBarPaint paint = DragBarColors(world_.settings.noteColor, world_.settings.noteBorderColor, false, active);
+    const DragBarPaint paint =
+        DragBarColors(world_.settings.noteColor, world_.settings.noteBorderColor, BarStyle::Full, active);
     EXPECT_EQ(Pixel(Point{w / 2, bar.top}), ToColorRef(paint.top));
     EXPECT_EQ(Pixel(Point{w / 2, bar.Bottom() - 1}), ToColorRef(paint.bottom));
     // The three strokes of the grip cross the column next to the right edge.

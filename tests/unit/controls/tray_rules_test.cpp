@@ -207,10 +207,20 @@ TEST_F(TrayRulesTest, AnIconThatCameAnotherWayIsNotRetried) {
     EXPECT_FALSE(tray_.retryTimer);
 }
 
-TEST_F(TrayRulesTest, AnIconThatIsNotWantedAnyMoreIsNotRetried) {
+// Intended: the visibility acts only when it changes, and a refused icon is invisible already.
+TEST_F(TrayRulesTest, MakingARefusedIconInvisibleDoesNotEndTheRetry) {
     tray_.ready = false;
     icon_->Load({u"", kPicture, true, true});
     icon_->SetVisible(false);
+    EXPECT_FALSE(icon_->Visible());
+    EXPECT_TRUE(tray_.retryTimer);
+    EXPECT_THAT(tray_.Commands(), ElementsAre(kAdd));
+}
+
+TEST_F(TrayRulesTest, AnIconThatIsNotWantedAnyMoreIsNotRetried) {
+    tray_.ready = false;
+    icon_->Load({u"", kPicture, true, true});
+    icon_->StopRetrying();
     EXPECT_FALSE(icon_->Visible());
     EXPECT_FALSE(tray_.retryTimer);
     EXPECT_THAT(tray_.Commands(), ElementsAre(kAdd));

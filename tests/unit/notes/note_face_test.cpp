@@ -230,22 +230,43 @@ TEST(ContrastRatio, KnownPairs) {
 TEST(DragBarColors, GradientFromTheBorderTowardsTheNote) {
     const ColorWord note = ColorWord::FromRgb(200, 100, 0);
     const ColorWord border = ColorWord::FromRgb(0, 0, 100);
-    const DragBarPaint active = DragBarColors(note, border, false, true);
+    const DragBarPaint active = DragBarColors(note, border, BarStyle::Full, true);
     EXPECT_EQ(active.top, border);
     EXPECT_EQ(active.bottom, ColorWord::FromRgb(70, 35, 65));
 
-    const DragBarPaint inactive = DragBarColors(note, border, false, false);
+    const DragBarPaint inactive = DragBarColors(note, border, BarStyle::Full, false);
     EXPECT_EQ(inactive.top, ColorWord::FromRgb(100, 50, 50));
     EXPECT_EQ(inactive.bottom, ColorWord::FromRgb(135, 68, 33));
 }
 
 TEST(DragBarColors, FlatIsOneColour) {
-    const DragBarPaint active = DragBarColors(kColors.note, kColors.border, true, true);
+    const DragBarPaint active = DragBarColors(kColors.note, kColors.border, BarStyle::Flat, true);
     EXPECT_EQ(active.top, kColors.border);
     EXPECT_EQ(active.bottom, kColors.border);
-    const DragBarPaint inactive = DragBarColors(kColors.note, kColors.border, true, false);
+    const DragBarPaint inactive = DragBarColors(kColors.note, kColors.border, BarStyle::Flat, false);
     EXPECT_EQ(inactive.top, inactive.bottom);
     EXPECT_NE(inactive.top, kColors.border);
+}
+
+TEST(DragBarColors, TheUserDecidesAboutSubtleBarsBeforeTheSystem) {
+    EXPECT_EQ(BarStyleFor(false, false), BarStyle::Full);
+    EXPECT_EQ(BarStyleFor(false, true), BarStyle::Flat);
+    EXPECT_EQ(BarStyleFor(true, false), BarStyle::Subtle);
+    EXPECT_EQ(BarStyleFor(true, true), BarStyle::Subtle);
+}
+
+TEST(DragBarColors, ASubtleBarIsCalmerOnEveryScheme) {
+    for (const ColorScheme& scheme : kSwatches) {
+        for (const bool active : {false, true}) {
+            const DragBarPaint subtle = DragBarColors(scheme.note, scheme.border, BarStyle::Subtle, active);
+            const DragBarPaint full = DragBarColors(scheme.note, scheme.border, BarStyle::Full, active);
+            EXPECT_EQ(subtle.top, subtle.bottom);
+            EXPECT_NE(subtle.top, scheme.note) << "there still is a bar";
+            // In the midst of the bar, which is its strongest part in one scheme and its weakest in another.
+            EXPECT_LT(ContrastRatio(subtle.top, scheme.note),
+                      ContrastRatio(Mix(full.top, full.bottom, 50), scheme.note));
+        }
+    }
 }
 
 double WorstContrast(const DragBarPaint& bar) {
@@ -256,14 +277,11 @@ double WorstContrast(const DragBarPaint& bar) {
 
 TEST(DragBarColors, GlyphsStandOutOnEveryScheme) {
     for (std::size_t i = 0; i < kSwatches.size(); ++i) {
-        for (const bool flat : {false, true}) {
+        for (const BarStyle style : {BarStyle::Full, BarStyle::Flat, BarStyle::Subtle}) {
             for (const bool active : {false, true}) {
-                const DragBarPaint bar = DragBarColors(kSwatches[i].note, kSwatches[i].border, flat, active);
-                EXPECT_GE(WorstContrast(bar), 3.0) << "scheme " << i << " flat " << flat << " active " << active;
-                const ColorWord middle = Mix(bar.top, bar.bottom, 50);
-                if (active) {
-                    EXPECT_GE(ContrastRatio(bar.glyph, middle), 4.5) << "scheme " << i;
-                }
+                const DragBarPaint bar = DragBarColors(kSwatches[i].note, kSwatches[i].border, style, active);
+                EXPECT_GE(WorstContrast(bar), 3.0)
+                    << "scheme " << i << " style " << static_cast<int>(style) << " active " << active;
             }
         }
     }
@@ -275,7 +293,7 @@ TEST(DragBarColors, GlyphsStandOutOnAFlatBarOfAnyColour) {
     for (int i = 0; i < 5'000; ++i) {
         const ColorWord note = ColorWord::FromRgb(channel(engine), channel(engine), channel(engine));
         const ColorWord border = ColorWord::FromRgb(channel(engine), channel(engine), channel(engine));
-        ASSERT_GE(WorstContrast(DragBarColors(note, border, true, true)), 3.0) << border.value;
+        ASSERT_GE(WorstContrast(DragBarColors(note, border, BarStyle::Flat, true)), 3.0) << border.value;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "open_note_fixture.h"
 
+#include <algorithm>
+
 namespace quillo {
 namespace {
 
@@ -151,6 +153,21 @@ TEST_F(OpenNoteLeaving, ClosingMinimisesWhenThatIsOn) {
     EXPECT_EQ(notice_.sounds, std::vector<SystemSound>{SystemSound::RestoreDown});
     EXPECT_TRUE(note_.Data().Changed) << "so that it comes back minimised";
     EXPECT_TRUE(SavedFiles().empty());
+}
+
+TEST_F(OpenNoteLeaving, ANoteWhoseIconTheShellRefusesIsMinimizedAllTheSame) {
+    ShowStored(u"Milk");
+    view_.shellRefusesIcons = true;
+    note_.MinimizeByUser();
+    EXPECT_FALSE(view_.IsIconShowing());
+    EXPECT_TRUE(note_.AppearanceString().ends_with(u",2")) << "stored as minimized, not as hidden";
+    (void)view_.TakeCalls();
+    note_.Popup();
+    const Calls calls = view_.TakeCalls();
+    EXPECT_NE(std::find(calls.begin(), calls.end(), "HideIcon"), calls.end())
+        << "which ends the attempts: no icon comes up beside the visible note";
+    note_.HideNote();
+    EXPECT_TRUE(note_.AppearanceString().ends_with(u",1")) << "it wants no icon any more";
 }
 
 TEST_F(OpenNoteLeaving, ClosingFromTheMenuSavesANoteWithAReminderToo) {

@@ -24,6 +24,17 @@ TEST(AlertPlaces, TheFirstFreeOneIsTakenAgain) {
     EXPECT_EQ(places.Take(), 2U);
 }
 
+TEST(AlertPlaces, TheLastAlertLeavesAllFree) {
+    AlertPlaces places;
+    EXPECT_TRUE(places.AllFree());
+    (void)places.Take();
+    (void)places.Take();
+    places.Free(0);
+    EXPECT_FALSE(places.AllFree());
+    places.Free(1);
+    EXPECT_TRUE(places.AllFree());
+}
+
 TEST(AlertPlaces, FreeingAPlaceThatNobodyHadChangesNothing) {
     AlertPlaces places;
     places.Free(7);
