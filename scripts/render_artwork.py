@@ -64,12 +64,9 @@ MENU_PLANES = {
 MENU_SURFACE = (0xFB, 0xF9, 0xF1)
 SVG_NAMESPACE = "http://www.w3.org/2000/svg"
 
-# The icons of the options dialog's tabs, on a colour that means "nothing here": the tab strip knows no half coverage.
+# The icons of the options dialog's tabs, each size from the drawing itself, with alpha.
 TAB_ICONS = ("tab-appearance.svg", "tab-shortcuts.svg", "tab-behavior.svg", "tab-help.svg")
-TAB_ICON_SIZES = (16, 24, 32)
-TAB_MASK = (0xFF, 0x00, 0xFF)
-TAB_GROUND = (0xF0, 0xF0, 0xF0)  # what half-covered pixels are mixed with
-TAB_LEAST_COVERAGE = 96
+TAB_ICON_SIZES = (16, 20, 24, 30, 32, 36, 40, 48)
 
 ABOUT_PICTURE = "about.svg"
 ABOUT_SIZES = (96, 120, 144, 168, 192)  # at 100 to 200 percent
@@ -213,18 +210,6 @@ def encode_planes(planes):
     return bytes(out)
 
 
-def encode_bmp24(image):
-    """Without alpha; a row ends on a multiple of four bytes."""
-    bits = bytearray()
-    for row in reversed(image.rows()):
-        line = bytearray()
-        for x in range(0, len(row), 4):
-            line += bytes((row[x + 2], row[x + 1], row[x]))
-        bits += line + bytes(-len(line) % 4)
-    body = struct.pack("<IiiHHIIiiII", 40, image.width, image.height, 1, 24, 0, len(bits), 0, 0, 0, 0) + bits
-    return struct.pack("<2sIHHI", b"BM", 14 + len(body), 0, 0, 14 + 40) + body
-
-
 def encode_bmp(image):
     bits = bgra_bottom_up(image)
     body = bitmap_header(image.width, image.height, len(bits)) + bits
@@ -295,9 +280,7 @@ class Artwork:
             for y in range(size):
                 for x in range(size):
                     at = 4 * (y * size + x)
-                    *color, coverage = icon.pixels[at : at + 4]
-                    shown = mix(TAB_GROUND, color, coverage) if coverage >= TAB_LEAST_COVERAGE else TAB_MASK
-                    strip.put(index * size + x, y, (*shown, 255))
+                    strip.put(index * size + x, y, icon.pixels[at : at + 4])
         return strip
 
     def icons(self, sources=None):
@@ -448,7 +431,7 @@ def main():
     for scale, planes in menus.items():
         (output / f"menu_{scale}.planes").write_bytes(encode_planes(planes))
     for size in TAB_ICON_SIZES:
-        (output / f"tab_icons_{size}.bmp").write_bytes(encode_bmp24(artwork.tab_strip(size)))
+        (output / f"tab_icons_{size}.bmp").write_bytes(encode_bmp(artwork.tab_strip(size)))
     about = [artwork.render(ABOUT_PICTURE, size) for size in ABOUT_SIZES]
     (output / "about.ico").write_bytes(encode_ico(about, largest_bitmap=0))
     if options.menu_sheet:

@@ -27,10 +27,15 @@
 #define IDB_NOTE_BUTTONS_150 202
 #define IDB_NOTE_BUTTONS_200 203
 
-// The options dialog's tab icons: four in a row on magenta, by their size in pixels.
+// The options dialog's tab icons: four in a row with alpha, by their size in pixels.
 #define IDB_TAB_ICONS_16 211
-#define IDB_TAB_ICONS_24 212
-#define IDB_TAB_ICONS_32 213
+#define IDB_TAB_ICONS_20 212
+#define IDB_TAB_ICONS_24 213
+#define IDB_TAB_ICONS_30 214
+#define IDB_TAB_ICONS_32 215
+#define IDB_TAB_ICONS_36 216
+#define IDB_TAB_ICONS_40 217
+#define IDB_TAB_ICONS_48 218
 
 // The main menu by percent, as planes of coverage; the last serves every larger scale.
 #define IDR_MENU_100 301
