@@ -76,9 +76,9 @@ void QuilloProcs::OpenOptions() {
 
 int QuilloProcs::Main(std::u16string_view commandLine) {
     Startup startup(*this, StartupWorld{program_, noteWorld_, opening_, legacy_, registry_, files_, shell_, notice_});
+    resForm_.Load();  // reminders fall due also while start-up waits for an answer
     if (startup.Run(commandLine) == StartupOutcome::EndProcess) return 0;
     for (const std::u16string& command : std::exchange(waitingCommands_, {})) OnCommand(command);
-    resForm_.Load();
     loop_.RunWhenIdle([this] { mainForm_.WatchSession(); });
     const int exitCode = loop_.Run();
     mainForm_.Unload();

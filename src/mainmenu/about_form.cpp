@@ -1,8 +1,5 @@
 #include "mainmenu/about_form.h"
 
-// After windows.h.
-#include <commctrl.h>
-
 #include <algorithm>
 
 #include "app/app_identity.h"
@@ -38,8 +35,6 @@ constexpr int IdOf(Control control) {
     return control == Control::CloseButton ? IDOK : kFirstId + static_cast<int>(control);
 }
 
-/// A link that the system draws, tells screen readers of, and lets the keyboard reach.
-constexpr ControlKind kLink{WC_LINK, WS_TABSTOP};
 constexpr ControlKind kPictureKind{L"STATIC", SS_OWNERDRAW};
 constexpr ControlKind kFirstButton{L"BUTTON", WS_GROUP | WS_TABSTOP | BS_PUSHBUTTON};
 constexpr ControlKind kLastDefaultButton{L"BUTTON", WS_TABSTOP | BS_DEFPUSHBUTTON};
@@ -48,8 +43,6 @@ const ControlKind& KindOf(Control control) {
     switch (control) {
         case Control::Image:
             return kPictureKind;
-        case Control::WebLink:
-            return kLink;
         case Control::DividerLine:
             return kRule;
         case Control::UpdateButton:
@@ -63,11 +56,6 @@ const ControlKind& KindOf(Control control) {
     }
 }
 
-std::u16string LinkMarkup() {
-    std::u16string markup = u"<a href=\"" + MakerAddress() + u"\">";
-    return markup.append(kMakerHost).append(u"</a>");
-}
-
 }  // namespace
 
 HWND AboutForm::ControlWindow(AboutControl control) const {
@@ -76,8 +64,6 @@ HWND AboutForm::ControlWindow(AboutControl control) const {
 
 bool AboutForm::Open(HWND owner) {
     if (Handle() == nullptr) {
-        const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LINK_CLASS};
-        InitCommonControlsEx(&controls);
         if (!CreateHidden(DialogPlan{L"QuilloAbout", kAboutCaption, owner})) return false;
         const Rect area = WorkAreaOf(owner);
         const Rect window = WindowRect();
@@ -92,12 +78,6 @@ bool AboutForm::Open(HWND owner) {
 
 LRESULT AboutForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_NOTIFY:
-            return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
-        case WM_SYSCOLORCHANGE:
-            OnFontsChanged();
-            RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-            return DialogWindow::HandleMessage(message, wParam, lParam);
         case WM_DRAWITEM:
             return OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)), TRUE;
         default:
@@ -108,7 +88,11 @@ LRESULT AboutForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 void AboutForm::CreateControls() {
     for (int i = 0; i < static_cast<int>(Control::Count); ++i) {
         const auto control = static_cast<Control>(i);
-        CreateControl(Handle(), IdOf(control), KindOf(control), CaptionOf(control));
+        if (control == Control::WebLink) {
+            webLink_.Create(Handle(), IdOf(control), CaptionOf(control), MakerAddress());
+        } else {
+            CreateControl(Handle(), IdOf(control), KindOf(control), CaptionOf(control));
+        }
     }
 }
 
@@ -116,7 +100,7 @@ std::u16string AboutForm::CaptionOf(AboutControl control) const {
     std::u16string caption(TextOf(control));
     if (control == Control::TitleLabel) return caption.append(kMakerNotice);
     if (control == Control::VersionLabel) return VersionCaption(version_);
-    if (control == Control::WebLink) return LinkMarkup();
+    if (control == Control::WebLink) return std::u16string(kMakerHost);
     return caption;
 }
 
@@ -211,12 +195,8 @@ void AboutForm::OnCommand(int id, int notification) {
     }
 }
 
-LRESULT AboutForm::OnNotify(const NMHDR& notice) {
-    const bool followed = notice.code == NM_CLICK || notice.code == NM_RETURN;
-    if (followed && notice.hwndFrom == ControlWindow(Control::WebLink)) {
-        Ignore(shell_.Open(MakerAddress()), "where no browser is set up, nothing happens");
-    }
-    return 0;
+void AboutForm::FollowLink() const {
+    Ignore(shell_.Open(u"http://" + WindowText(webLink_.Handle())), "where no browser is set up, nothing happens");
 }
 
 }  // namespace quillo

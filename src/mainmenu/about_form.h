@@ -3,6 +3,7 @@
 #include <string>
 
 #include "mainmenu/about_controls.h"
+#include "mainmenu/link_label.h"
 #include "mainmenu/update_link.h"
 #include "platform/dialog_window.h"
 
@@ -14,7 +15,9 @@ class Shell;
 class AboutForm : public DialogWindow {
   public:
     AboutForm(Shell& shell, MessageLoop& loop, ProgramVersion version)
-        : DialogWindow(loop), shell_(shell), version_(version) {}
+        : DialogWindow(loop), shell_(shell), version_(version) {
+        webLink_.onFollow = [this] { FollowLink(); };
+    }
     ~AboutForm() override { Destroy(); }
 
     /// Shows the box in the middle of the monitor on which `owner` stands, or brings the one that is open to the front.
@@ -32,15 +35,17 @@ class AboutForm : public DialogWindow {
     void PaintGround(HDC dc) const override;
     [[nodiscard]] HBRUSH ColorControl(HDC dc, HWND control) const override;
     void OnFontsChanged() override;
+    void OnColorsChanged() override { OnFontsChanged(); }
 
   private:
-    LRESULT OnNotify(const NMHDR& notice);
+    void FollowLink() const;
     void OnDrawItem(const DRAWITEMSTRUCT& item) const;
     [[nodiscard]] std::u16string CaptionOf(AboutControl control) const;
     [[nodiscard]] bool IsInYellowBox(HWND control) const;
 
     Shell& shell_;
     ProgramVersion version_;
+    LinkLabel webLink_;
     IconHandle picture_;
     BrushHandle paper_;  ///< of the yellow box; none in high contrast
     int yellowBoxBottom_ = 0;

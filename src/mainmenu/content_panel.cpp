@@ -54,6 +54,8 @@ bool ContentPanel::Create(HWND dialog) {
     windowClass.lpszClassName = L"QuilloOptionsPage";
     windowClass.hCursor = ArrowCursor();
     WindowPlan plan;
+    const std::u16string title(NameOf(page_));
+    plan.title = Wide(title);
     plan.style = WS_CHILD | WS_CLIPCHILDREN;
     plan.exStyle = WS_EX_CONTROLPARENT;
     plan.parent = dialog;
@@ -137,6 +139,12 @@ LRESULT ContentPanel::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
                 OnCommand(static_cast<OptionControl>(LOWORD(wParam) - kFirstOptionId), HIWORD(wParam));
             }
             return 0;
+        case WM_GETOBJECT:
+            return accessible_.Answer(Handle(), wParam, lParam);
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+        case WM_SETTINGCHANGE:
+            return OnColorsChanged(), 0;
         case WM_ERASEBKGND:
             return OnErase(reinterpret_cast<HDC>(wParam)), 1;
         case WM_CTLCOLORSTATIC:
@@ -147,6 +155,12 @@ LRESULT ContentPanel::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
         default:
             return Default(message, wParam, lParam);
     }
+}
+
+AccessiblePart ContentPanel::Describe(int /*part*/) const {
+    AccessiblePart page;
+    page.role = ROLE_SYSTEM_PROPERTYPAGE;
+    return page;
 }
 
 void ContentPanel::OnCommand(OptionControl control, int notification) {

@@ -6,6 +6,7 @@
 
 #include "controls/tessel_divider.h"
 #include "mainmenu/options_table.h"
+#include "platform/accessible.h"
 #include "platform/dialog_parts.h"
 #include "platform/unique_handle.h"
 #include "platform/window.h"
@@ -17,7 +18,7 @@ class OptionsController;
 
 /// One page of the options dialog: its controls are made from the table of options, filled from the controller, and
 /// report to it.
-class ContentPanel : public Window {
+class ContentPanel : public Window, private AccessibleSource {
   public:
     /// `dialogs` is set while a page asks something in a dialog of the system.
     ContentPanel(OptionsPage page, OptionsController& controller, BusyFlag& dialogs)
@@ -42,6 +43,9 @@ class ContentPanel : public Window {
     virtual void Place(class PageColumn& column) = 0;
     virtual void OnCommand(OptionControl control, int notification);
     virtual void OnScaleChanged() {}
+    /// The system's colors, which the glyphs of the small buttons follow.
+    virtual void OnColorsChanged() { SetGlyphs(); }
+    void SetGlyphs();
     [[nodiscard]] virtual HFONT FontOf(const OptionRow& row) const;
 
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -58,17 +62,21 @@ class ContentPanel : public Window {
   private:
     friend class PageColumn;
 
+    // AccessibleSource; the name is the tab's.
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
+    [[nodiscard]] bool HoldsWindows() const override { return true; }
+
     void CreateControls();
     void CreateDivider(const OptionRow& row);
     void OnChecked(OptionControl check);
     void OnErase(HDC dc) const;
-    void SetGlyphs();
 
     OptionsPage page_;
     OptionsController& controller_;
     BusyFlag& dialogs_;
     std::list<TesselDivider> dividers_;
     std::list<IconHandle> glyphs_;  ///< of the small buttons
+    AccessibleLink accessible_{*this};
     const DialogFonts* fonts_ = nullptr;
     Scale scale_;
 };

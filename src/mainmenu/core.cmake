@@ -6,4 +6,5 @@ target_sources(quillo_core PRIVATE
   mainmenu/menu_map.cpp
   mainmenu/menu_shortcuts.cpp
   mainmenu/menu_slide.cpp
+  mainmenu/slot_icons.cpp
 )

@@ -35,6 +35,8 @@ constexpr UINT kWindowsKey = 8;
 
 /// From a screen reader, with the item: choosing it inside its call could keep it waiting for a dialog.
 constexpr UINT kChooseMessage = WM_APP;
+/// From the thread that looks the shortcuts' icons up.
+constexpr UINT kIconsFoundMessage = WM_APP + 1;
 
 /// The parts that a screen reader knows are the items in their order, from 1.
 MenuItem ItemOfPart(int part) {
@@ -43,17 +45,17 @@ MenuItem ItemOfPart(int part) {
 
 }  // namespace
 
-MainForm::MainForm(const MainFormTools& tools, UINT backupInterval)
+MainForm::MainForm(const MainFormTools& tools, UINT backupInterval, IconLookUp lookUp)
     : tools_(tools),
       backupInterval_(backupInterval),
       trayIcon_(tools.locale),
-      backupTimer_([this] { OnBackupTimer(); }) {}
+      backupTimer_([this] { OnBackupTimer(); }),
+      icons_(std::move(lookUp)) {}
 
 bool MainForm::Load() {
     WNDCLASSEXW windowClass{};
     windowClass.lpszClassName = L"QuilloMenu";
     windowClass.hCursor = ArrowCursor();
-    windowClass.hIcon = LoadIconW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO));
     layered_ = tools_.program.os.windows2000OrLater;
     WindowPlan plan;
     plan.title = L"Quillo menu";  // what a screen reader speaks
@@ -75,8 +77,7 @@ void MainForm::LoadTrayIcon() {
     trayIcon_.onRightClick = [this] { OnTrayRightClick(); };
     TrayProperties properties;
     properties.toolTipText = u"Quillo";
-    properties.icon = ToTrayHandle(LoadImageW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO), IMAGE_ICON,
-                                              GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON), LR_SHARED));
+    properties.icon = ToTrayHandle(trayPicture_.Handle());
     trayIcon_.LoadProperties(properties);
 }
 
@@ -119,25 +120,31 @@ LRESULT MainForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_LBUTTONDOWN:
         case WM_RBUTTONDOWN:
         case WM_MBUTTONDOWN:
+        case WM_XBUTTONDOWN:
             return OnButtonDown(PointFromLParam(lParam)), 0;
         case WM_LBUTTONUP:
         case WM_MBUTTONUP:
             return OnButtonUp(PointFromLParam(lParam), false), 0;
         case WM_RBUTTONUP:
             return OnButtonUp(PointFromLParam(lParam), true), 0;
+        case WM_XBUTTONUP:
+            return OnButtonUp(PointFromLParam(lParam), false), TRUE;
         case kChooseMessage:
             return Choose(static_cast<MenuItem>(wParam), false), 0;
+        case kIconsFoundMessage:
+            return OnIconsFound(), 0;
         case WM_GETOBJECT:
             return accessible_.Answer(Handle(), wParam, lParam);
         case WM_KEYDOWN:
             return OnKeyDown(static_cast<int>(wParam)), 0;
+        case WM_NOTIFY:
+            return OnNotify(*reinterpret_cast<NMHDR*>(lParam));
         case WM_DPICHANGED:
-            if (IsShowing()) Place();
-            return 0;
+            return OnScaleChanged(), 0;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
         case WM_THEMECHANGED:
-            return RedrawResources(), 0;
+            return OnSystemChanged(), 0;
         case WM_ERASEBKGND:
             return 1;  // painted whole, off the screen
         case WM_PAINT:
@@ -158,6 +165,8 @@ void MainForm::OnDestroy() {
     backupTimer_.Stop();
     UnregisterHotKeys();
     drops_.Release();
+    toolTips_.Forget();
+    trayIcon_.StopRetrying();
     trayIcon_.SetVisible(false);
 }
 
@@ -166,8 +175,10 @@ void MainForm::OnDestroy() {
 void MainForm::RegisterHotKeys() {
     UnregisterHotKeys();
     const Settings& settings = tools_.program.settings;
-    RegisterHotKey(Handle(), kNewNoteHotKey, kWindowsKey, static_cast<UINT>(settings.newNoteHotkey));
-    RegisterHotKey(Handle(), kShowNotesHotKey, kWindowsKey, static_cast<UINT>(settings.showNotesHotkey));
+    const auto take = [this](HotKeyId id, int key) {
+        return RegisterHotKey(Handle(), id, kWindowsKey, static_cast<UINT>(key)) != 0 ? 0 : key;
+    };
+    takenHotKeys_ = {take(kNewNoteHotKey, settings.newNoteHotkey), take(kShowNotesHotKey, settings.showNotesHotkey)};
 }
 
 void MainForm::UnregisterHotKeys() {
@@ -192,6 +203,23 @@ void MainForm::OnSessionChange(WPARAM code) const {
 void MainForm::OnTaskbarCreated() {
     trayIcon_.RecreateIcon();
     RecreateNoteIcons(tools_.program.openNotes);
+}
+
+void MainForm::OnScaleChanged() {
+    if (IsShowing()) {
+        Place();
+        LookUpIcons();
+    }
+    ShowTrayPicture();
+}
+
+void MainForm::OnSystemChanged() {
+    RedrawResources();
+    ShowTrayPicture();
+}
+
+void MainForm::ShowTrayPicture() {
+    if (trayPicture_.HasChanged()) trayIcon_.SetIcon(trayPicture_.Handle());
 }
 
 void MainForm::OnBackupTimer() {
@@ -222,8 +250,24 @@ void MainForm::ShowBalloon(std::u16string_view title, std::u16string_view text, 
 // Shortcuts.
 
 void MainForm::RedrawResources() {
+    icons_.Forget();
+    RedrawShortcuts();
+}
+
+void MainForm::RedrawShortcuts() {
     picture_.Forget();
+    if (IsShowing()) LookUpIcons();
     if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
+}
+
+void MainForm::LookUpIcons() {
+    icons_.LookUp(Handle(), kIconsFoundMessage, tools_.program.settings.shortcuts, scale_.Px(shellIconSize_));
+}
+
+void MainForm::OnIconsFound() {
+    if (!icons_.Collect()) return;
+    picture_.Forget();
+    InvalidateRect(Handle(), nullptr, FALSE);
 }
 
 void MainForm::SetShortcut(int index, std::u16string_view path) {
@@ -238,15 +282,16 @@ void MainForm::SetShortcut(int index, std::u16string_view path) {
 void MainForm::TakeDrops() {
     if (drops_.IsRegistered()) return;
     DropTargetPtr target(new MenuDropTarget(
-        Handle(), [this](Point at, int files) { return OffersDrop(ScreenToDesign(at), files); },
+        Handle(), [this](Point at, int files) { return OffersCopy(ScreenToDesign(at), files); },
         [this](Point at, const std::vector<std::u16string>& files) { return TakeDropped(at, files); }));
     Ignore(drops_.Register(tools_.ole, std::move(target)), "the next time that the menu is shown tries again");
 }
 
 bool MainForm::TakeDropped(Point at, const std::vector<std::u16string>& files) {
-    const auto slot = SlotOfDrop(ScreenToDesign(at), static_cast<int>(files.size()));
-    if (!slot) return false;
-    SetShortcut(*slot, files.front());
+    const MenuPoint point = ScreenToDesign(at);
+    const auto count = static_cast<int>(files.size());
+    if (!TakesDrop(point, count)) return false;
+    if (const auto slot = SlotOfDrop(point, count)) SetShortcut(*slot, files.front());
     return true;
 }
 
@@ -305,9 +350,8 @@ void MainForm::OnButtonDown(Point at) {
 }
 
 void MainForm::OnButtonUp(Point at, bool right) {
-    // A button that went down elsewhere, on the icon or to drag something here, chooses nothing.
-    if (GetCapture() != Handle()) return;
-    ReleaseCapture();
+    // Any release counts, also of a button that went down elsewhere.
+    if (GetCapture() == Handle()) ReleaseCapture();
     Hover(MenuItemAt(ToDesign(at), State()));
     Choose(hovered_, right);
 }
@@ -380,6 +424,7 @@ AccessiblePart MainForm::Describe(int part) const {
     if (part == CHILDID_SELF) return described;
     const MenuItem item = ItemOfPart(part);
     described.name = MenuItemName(item, tools_.program.settings.shortcuts);
+    described.description = MenuItemTip(item, tools_.program.settings.shortcuts);
     if (IsEnabled(item, State())) {
         described.state = STATE_SYSTEM_FOCUSABLE | (item == hovered_ ? STATE_SYSTEM_HOTTRACKED : 0);
         described.action = u"Execute";
@@ -415,14 +460,37 @@ void MainForm::SlideForm(bool show) {
         TakeDrops();
     }
     Place();
+    if (show) {
+        LookUpIcons();
+        CreateToolTips();
+    }
     if (IsSlideAnimated(tools_.program.settings.disableAnimation, SystemAnimates(), IsRemoteSession())) Animate(show);
     if (show) {
         ShowFrame(SlideFrame{kOpaque, place_.height});
         SetForegroundWindow(Handle());
         SetFocus(Handle());
     } else {
+        toolTips_.Destroy();
         ShowWindow(Handle(), SW_HIDE);
     }
+}
+
+void MainForm::CreateToolTips() {
+    toolTips_.Destroy();  // the scale and the shortcuts may be others
+    if (!toolTips_.Create(Handle(), scale_)) return;
+    for (const MenuItem item : MenuOrder()) {
+        if (!MenuItemTip(item, tools_.program.settings.shortcuts).empty()) {
+            toolTips_.AddArea(static_cast<UINT_PTR>(item), DevicePlace(item));
+        }
+    }
+}
+
+LRESULT MainForm::OnNotify(NMHDR& notice) {
+    if (notice.code == TTN_GETDISPINFOW) {
+        toolTips_.Answer(reinterpret_cast<NMTTDISPINFOW&>(notice),
+                         MenuItemTip(static_cast<MenuItem>(notice.idFrom), tools_.program.settings.shortcuts));
+    }
+    return 0;
 }
 
 void MainForm::Place() {
@@ -459,7 +527,7 @@ void MainForm::ShowFrame(const SlideFrame& frame) {
 }
 
 void MainForm::OnPaint() {
-    if (!picture_.IsDrawn(scale_)) picture_.Draw(scale_, tools_.program.settings, shellIconSize_);
+    if (!picture_.IsDrawn(scale_)) picture_.Draw(scale_, tools_.program.settings, shellIconSize_, icons_);
     const PaintScope paint(Handle());
     const BufferedPaint buffer(paint.Dc(), paint.Area());
     shown_ = State();

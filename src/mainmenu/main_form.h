@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string_view>
 #include <vector>
@@ -9,7 +10,9 @@
 #include "mainmenu/menu_picture.h"
 #include "mainmenu/options_controller.h"
 #include "platform/accessible.h"
+#include "platform/app_icons.h"
 #include "platform/drop_registration.h"
+#include "platform/tool_tips.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
 #include "ports/user_notice.h"
@@ -42,7 +45,7 @@ struct MainFormTools {
 /// backup timer, and the system's word of the session and the task bar.
 class MainForm : public Window, public OptionsOwner, private AccessibleSource {
   public:
-    explicit MainForm(const MainFormTools& tools, UINT backupInterval = kBackupInterval);
+    explicit MainForm(const MainFormTools& tools, UINT backupInterval = kBackupInterval, IconLookUp lookUp = {});
     ~MainForm() override { Unload(); }
 
     /// Registers the hotkeys and shows the icon. False on failure.
@@ -54,8 +57,8 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     /// Shows or hides the menu, with its sound and animation.
     void SlideForm(bool show);
     [[nodiscard]] bool IsShowing() const { return Handle() != nullptr && IsWindowVisible(Handle()) != FALSE; }
-    /// The shortcuts have changed: their icons are drawn anew when the menu is seen next.
-    void RedrawShortcuts() { RedrawResources(); }
+    /// The shortcuts have changed: the menu is drawn again when it is seen next.
+    void RedrawShortcuts();
     /// The artwork is drawn anew.
     void RedrawResources() override;
     /// Stores a program shortcut in the slot `index`, 1 to 4, and in the registry.
@@ -63,6 +66,7 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     /// Takes the two hotkeys of the settings in the place of those that were registered before. A key that another
     /// program has does not work, and nothing is said.
     void RegisterHotKeys() override;
+    [[nodiscard]] std::array<int, 2> TakenHotKeys() const override { return takenHotKeys_; }
     void ShowBalloon(std::u16string_view title, std::u16string_view text, BalloonIcon icon);
 
     std::function<void()> onNewNote;
@@ -93,6 +97,10 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     void OnHotKey(int id) const;
     void OnSessionChange(WPARAM code) const;
     void OnTaskbarCreated();
+    void OnScaleChanged();
+    void OnSystemChanged();
+    /// After a change of scaling the icon beside the clock gets the picture of its new size.
+    void ShowTrayPicture();
     void OnTrayClick();
     void OnTrayRightClick();
     void OnBackupTimer();
@@ -122,14 +130,23 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     void Place();
     void Animate(bool show);
     void ShowFrame(const SlideFrame& frame);
+    /// Tool tips for what has no words in the picture: the round buttons and the slots.
+    void CreateToolTips();
+    LRESULT OnNotify(NMHDR& notice);
     void TakeDrops();
+    /// Asks for the icons of the shortcuts, outside painting: a file on a dead network keeps nothing waiting.
+    void LookUpIcons();
+    void OnIconsFound();
     [[nodiscard]] bool TakeDropped(Point at, const std::vector<std::u16string>& files);
 
     MainFormTools tools_;
     UINT backupInterval_;
+    TrayPicture trayPicture_;
     TesselTrayLite trayIcon_;
     UiTimer backupTimer_;
     MenuPicture picture_;
+    MenuIcons icons_;
+    ToolTips toolTips_;
     AccessibleLink accessible_{*this};
     Scale scale_;
     Rect place_;  ///< where the menu stands when it is all there, in screen pixels
@@ -137,6 +154,7 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     MenuState shown_;  ///< what the screen shows of it
     Point pointer_{-1, -1};
     DropRegistration drops_;
+    std::array<int, 2> takenHotKeys_{};  ///< by another program, since the last registration
     UINT taskbarCreated_ = 0;
     int shellIconSize_ = 32;
     int backupTicks_ = 0;

@@ -2,7 +2,6 @@
 
 #include "app/settings.h"
 #include "mainmenu/menu_shortcuts.h"
-#include "mainmenu/shortcut_icon.h"
 #include "platform/gdi_scope.h"
 
 namespace quillo {
@@ -20,25 +19,25 @@ void Copy(HDC target, const RECT& area, HDC source, int sourceLeft, int sourceTo
 
 }  // namespace
 
-void MenuPicture::Draw(const Scale& scale, const Settings& settings, int shellIconSize) {
+void MenuPicture::Draw(const Scale& scale, const Settings& settings, int shellIconSize, const MenuIcons& icons) {
     scale_ = scale;
     mainPic_ = artwork_.MainPic(scale, FilledSlotsOf(settings));
     showAllDisabledPic_ = artwork_.ShowAllDisabledPic(scale);
-    if (mainPic_) DrawIcons(settings, shellIconSize);
+    if (mainPic_) DrawIcons(settings, shellIconSize, icons);
 }
 
-void MenuPicture::DrawIcons(const Settings& settings, int shellIconSize) const {
+void MenuPicture::DrawIcons(const Settings& settings, int shellIconSize, const MenuIcons& icons) const {
     const MemoryDc dc(CreateCompatibleDC(nullptr));
     const SelectScope selected(dc.Get(), mainPic_.Get());
     const int belowNormal = scale_.Px(kMenuSize.height);
     for (int slot = 1; slot <= kMenuSlots; ++slot) {
-        const std::u16string& shortcut = settings.shortcuts.at(static_cast<std::size_t>(slot) - 1);
-        if (shortcut.empty()) continue;
+        const ShortcutIcon* icon =
+            icons.Find(slot, settings.shortcuts.at(static_cast<std::size_t>(slot) - 1), scale_.Px(shellIconSize));
+        if (icon == nullptr) continue;
         const Point at = IconPlace(slot, shellIconSize);
         const Point normal{scale_.Px(at.x), scale_.Px(at.y)};
-        const ShortcutIcon icon(SplitShortcut(shortcut).file, scale_.Px(shellIconSize));
-        icon.Draw(dc.Get(), normal);
-        icon.Draw(dc.Get(), Point{normal.x, normal.y + belowNormal});
+        icon->Draw(dc.Get(), normal);
+        icon->Draw(dc.Get(), Point{normal.x, normal.y + belowNormal});
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mainmenu/menu_artwork.h"
+#include "mainmenu/menu_icons.h"
 #include "mainmenu/menu_map.h"
 #include "platform/unique_handle.h"
 #include "util/units.h"
@@ -16,14 +17,14 @@ class MenuPicture {
     [[nodiscard]] bool IsDrawn(const Scale& scale) const { return mainPic_ && scale_.Dpi() == scale.Dpi(); }
     /// A shortcut has changed, or the colours of the system.
     void Forget() { mainPic_.Reset(); }
-    /// Draws everything anew. Looks at the files behind the shortcuts, which may take its time.
-    void Draw(const Scale& scale, const Settings& settings, int shellIconSize);
+    /// Draws everything again, with those icons of the shortcuts that are known by now.
+    void Draw(const Scale& scale, const Settings& settings, int shellIconSize, const MenuIcons& icons);
 
     /// Paints the whole menu with its top left corner at the origin. `hovered` shows its highlighted face.
     void Paint(HDC target, MenuItem hovered, const MenuState& state) const;
 
   private:
-    void DrawIcons(const Settings& settings, int shellIconSize) const;
+    void DrawIcons(const Settings& settings, int shellIconSize, const MenuIcons& icons) const;
 
     MenuArtwork artwork_;
     BitmapHandle mainPic_;  ///< the normal face over the highlighted one

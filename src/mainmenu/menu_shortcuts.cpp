@@ -22,13 +22,17 @@ constexpr int kLargestOffset = 8;
 }  // namespace
 
 std::optional<int> SlotOfDrop(MenuPoint at, int fileCount) {
-    if (fileCount != 1 || at.y < kDropTop || at.x < kSlotsLeft) return std::nullopt;
+    if (!TakesDrop(at, fileCount) || at.x < kSlotsLeft) return std::nullopt;
     const int slot = static_cast<int>(std::nearbyint(at.x)) / kSlotWidth - 1;
     return std::min(slot, kMenuSlots);
 }
 
-bool OffersDrop(MenuPoint at, int fileCount) {
-    return at.y >= kDragTop && SlotOfDrop(at, fileCount).has_value();
+bool OffersCopy(MenuPoint at, int fileCount) {
+    return fileCount == 1 && at.y >= kDragTop;
+}
+
+bool TakesDrop(MenuPoint at, int fileCount) {
+    return fileCount == 1 && at.y >= kDropTop;
 }
 
 int ShellIconSize(std::u16string_view stored) {
@@ -83,6 +87,24 @@ std::u16string MenuItemName(MenuItem item, const std::array<std::u16string, kMen
     const std::u16string& shortcut = shortcuts.at(static_cast<std::size_t>(number) - 1);
     if (shortcut.empty()) return u"Program shortcut " + FormatInteger(number) + u", empty";
     return ShortcutName(shortcut);
+}
+
+std::u16string MenuItemTip(MenuItem item, const std::array<std::u16string, kMenuSlots>& shortcuts) {
+    switch (item) {
+        case MenuItem::Close:
+            return u"Close the menu.  Right-click to quit Quillo.";
+        case MenuItem::About:
+            return u"About Quillo";
+        case MenuItem::None:
+        case MenuItem::NewNote:
+        case MenuItem::ShowAllNotes:
+        case MenuItem::Options:
+            return {};
+        default:
+            break;
+    }
+    const std::u16string& shortcut = shortcuts.at(static_cast<std::size_t>(ShortcutNumber(item)) - 1);
+    return shortcut.empty() ? u"Drop a program here to have it on the menu." : ShortcutName(shortcut);
 }
 
 void RunShortcut(std::u16string_view shortcut, Shell& shell) {

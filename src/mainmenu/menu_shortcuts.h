@@ -12,12 +12,14 @@ namespace quillo {
 
 class Shell;
 
-/// The slot that a file dropped at `at` goes into, 1 to 4: exactly one file, and y from 110 on. A drop left of the four
-/// slots does nothing.
+/// Whether a drag at `at` is offered a copy: one file, and y from 120 on. Intended: that is ten pixels below where a
+/// drop is still taken, so that a hand that trembles at the release loses nothing.
+[[nodiscard]] bool OffersCopy(MenuPoint at, int fileCount);
+/// Whether a drop at `at` is answered with a copy: one file, and y from 110 on.
+[[nodiscard]] bool TakesDrop(MenuPoint at, int fileCount);
+/// The slot, 1 to 4, that a file dropped at `at` goes into. Intended: a drop left of the four slots is answered with a
+/// copy all the same, and stores nothing.
 [[nodiscard]] std::optional<int> SlotOfDrop(MenuPoint at, int fileCount);
-/// Whether a drag at `at` is offered a copy. Intended: it begins at 120, ten pixels below where a drop is still taken,
-/// so that a hand that trembles at the release loses nothing.
-[[nodiscard]] bool OffersDrop(MenuPoint at, int fileCount);
 
 /// The edge of a shell icon in pixels at 96 dpi where the user has not set another.
 inline constexpr int kUsualShellIcon = 32;
@@ -42,6 +44,9 @@ struct ShortcutParts {
 
 /// What a screen reader says of an item, the slots' after their programs.
 [[nodiscard]] std::u16string MenuItemName(MenuItem item, const std::array<std::u16string, kMenuSlots>& shortcuts);
+
+/// The tool tip over an item that has no words in the picture; "" for the others.
+[[nodiscard]] std::u16string MenuItemTip(MenuItem item, const std::array<std::u16string, kMenuSlots>& shortcuts);
 
 /// Starts the program; what is none (a document, a folder, a link) or cannot be started is given to the shell to open.
 /// When that fails too, nothing happens.

@@ -33,6 +33,7 @@ OptionsAppearancePage::OptionsAppearancePage(OptionsController& controller, Busy
         Controller().PickColors(scheme.note, scheme.border, scheme.text);
         ShowLook();
     };
+    opacitySlider_.describeValue = [](std::int32_t value) { return OptionsController::OpacityText(value); };
     opacitySlider_.onChange = [this](std::int32_t value) {
         Controller().MoveSlider(value);
         ShowChecked(C::TranslucentCheck);
@@ -78,8 +79,9 @@ void OptionsAppearancePage::ShowLook() {
     SetText(C::FontLabel, Controller().FontText());
     SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_.Get(font, false, PageScale())), TRUE);
     const Settings& now = Controller().Now();
-    preview_.Show({now.noteColor, now.noteBorderColor, now.noteTextColor, HighContrastIsOn() && !now.highContrastOff,
-                   now.randomNoteColor, fonts_.Get(now.noteFont, false, PageScale()), PageScale()});
+    preview_.Show({now.noteColor, now.noteBorderColor, now.noteTextColor,
+                   BarStyleFor(now.highContrastOff, HighContrastIsOn()), now.randomNoteColor,
+                   fonts_.Get(now.noteFont, false, PageScale()), PageScale()});
 }
 
 void OptionsAppearancePage::Place(PageColumn& column) {

@@ -20,6 +20,7 @@ class OptionsAppearancePage : public ContentPanel {
     void Place(PageColumn& column) override;
     void OnCommand(OptionControl control, int notification) override;
     void OnScaleChanged() override;
+    void OnColorsChanged() override { ShowLook(); }
 
   private:
     void PlaceLook(PageColumn& column) const;

@@ -110,6 +110,11 @@ int OptionsController::SliderValue() const {
     return std::clamp(kOpaque - world_.settings.noteOpacity, 0, kSliderEnd);
 }
 
+std::u16string OptionsController::OpacityText(int sliderValue) {
+    constexpr int kWhole = 100;
+    return FormatInteger(((kOpaque - sliderValue) * kWhole + kOpaque / 2) / kOpaque) + u"%";
+}
+
 void OptionsController::MoveSlider(int value) {
     if (loading_) return;
     world_.settings.noteOpacity = kOpaque - std::clamp(value, 0, kSliderEnd);
@@ -137,6 +142,8 @@ std::u16string OptionsController::TextOf(OptionControl control) const {
             return FontText();
         case C::NotesFolderPath:
             return world_.notesFolder;
+        case C::HotkeysTakenLabel:
+            return HotkeysTakenText();
         default:
             return std::u16string(RowOf(control).caption);
     }
@@ -167,6 +174,23 @@ std::u16string OptionsController::HelpKeys(const OptionsHelpKey& line) const {
         }
     }
     return keys;
+}
+
+std::u16string OptionsController::HotkeysTakenText() const {
+    const std::array<int, 2> taken = world_.owner.TakenHotKeys();
+    std::u16string keys;
+    int count = 0;
+    for (const int key : {world_.settings.newNoteHotkey, world_.settings.showNotesHotkey}) {
+        // A key that was chosen since then is not registered yet.
+        if (std::find(taken.begin(), taken.end(), key) == taken.end()) continue;
+        keys += count++ == 0 ? u"Windows+" : u" and Windows+";
+        keys += KeyName(key);
+    }
+    if (count == 0) return {};
+    if (count == 1) {
+        return keys + u" does not work: another program has it.  Choose another key on the page \"Shortcuts\".";
+    }
+    return keys + u" do not work: other programs have them.  Choose other keys on the page \"Shortcuts\".";
 }
 
 void OptionsController::PlaySound(std::u16string_view path) {

@@ -23,6 +23,8 @@ class OptionsOwner {
     /// Stores a program shortcut; `index` is 1 to 4.
     virtual void SetShortcut(int index, std::u16string_view path) = 0;
     virtual void RegisterHotKeys() = 0;
+    /// The keys of the hotkeys for a new note and for all notes that could not be registered; 0 for one that works.
+    [[nodiscard]] virtual std::array<int, 2> TakenHotKeys() const = 0;
     virtual void RedrawResources() = 0;
 };
 
@@ -75,6 +77,8 @@ class OptionsController {
     void ChooseFont(const FontSetting& font);
 
     [[nodiscard]] int SliderValue() const;
+    /// What a screen reader says of that value: how opaque notes are, in percent.
+    [[nodiscard]] static std::u16string OpacityText(int sliderValue);
     /// Also makes the notes translucent.
     void MoveSlider(int value);
 
@@ -84,6 +88,9 @@ class OptionsController {
     bool PressKey(OptionControl keyBox, int virtualKey);
     /// The keys of a line on the Help page, with the hotkeys as they are now.
     [[nodiscard]] std::u16string HelpKeys(const OptionsHelpKey& line) const;
+
+    /// Says which hotkeys do not work because another program has them, and what to do about it; "" when all work.
+    [[nodiscard]] std::u16string HotkeysTakenText() const;
 
     void PlaySound(std::u16string_view path);
     void OpenNotesFolder();

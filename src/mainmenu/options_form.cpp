@@ -23,10 +23,31 @@ constexpr int kTabStripHeight = 54;
 constexpr int kTabIcon = 24;
 constexpr std::int16_t kTabSpacing = 12;
 
+struct TabIconStrip {
+    int edge;
+    int resource;
+};
+constexpr std::array<TabIconStrip, 8> kTabIconStrips{{{16, IDB_TAB_ICONS_16},
+                                                      {20, IDB_TAB_ICONS_20},
+                                                      {24, IDB_TAB_ICONS_24},
+                                                      {30, IDB_TAB_ICONS_30},
+                                                      {32, IDB_TAB_ICONS_32},
+                                                      {36, IDB_TAB_ICONS_36},
+                                                      {40, IDB_TAB_ICONS_40},
+                                                      {48, IDB_TAB_ICONS_48}}};
+
+/// The strip of that size, else the next larger one, which shrinks better than a smaller one grows.
+int TabIconsFor(int edge) {
+    const auto fits = std::find_if(kTabIconStrips.begin(), kTabIconStrips.end(),
+                                   [edge](const TabIconStrip& strip) { return strip.edge >= edge; });
+    return fits != kTabIconStrips.end() ? fits->resource : kTabIconStrips.back().resource;
+}
+
 }  // namespace
 
 OptionsForm::OptionsForm(const OptionsWorld& world, UserNotice& notice, MessageLoop& loop, BusyFlag& dialogs)
     : DialogWindow(loop),
+      dialogs_(dialogs),
       controller_(world),
       appearance_(controller_, dialogs),
       shortcuts_(controller_, dialogs),
@@ -38,8 +59,12 @@ OptionsForm::OptionsForm(const OptionsWorld& world, UserNotice& notice, MessageL
 
 bool OptionsForm::Open() {
     if (Handle() == nullptr) {
+        TakeInput();
         controller_.StartLoading();
-        if (!CreateHidden({L"QuilloOptions", kOptionsCaption, nullptr})) return false;
+        if (!CreateHidden({L"QuilloOptions", kOptionsCaption, nullptr})) {
+            GiveInputBack();
+            return false;
+        }
         for (ContentPanel* panel : panels_) panel->Load();
         controller_.FinishLoading();
         ShowPage(OptionsPage::Appearance);
@@ -56,7 +81,18 @@ bool OptionsForm::Open() {
 void OptionsForm::Unload() {
     if (Handle() == nullptr) return;
     CancelDialogsOf(Handle());
+    GiveInputBack();
     Destroy();
+}
+
+void OptionsForm::TakeInput() {
+    busy_.emplace(dialogs_);
+    otherWindows_.emplace();
+}
+
+void OptionsForm::GiveInputBack() {
+    otherWindows_.reset();
+    busy_.reset();
 }
 
 void OptionsForm::MoveToMiddle() const {
@@ -68,7 +104,17 @@ void OptionsForm::MoveToMiddle() const {
 
 LRESULT OptionsForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE) OnActivated();
-    return DialogWindow::HandleMessage(message, wParam, lParam);
+    const LRESULT result = DialogWindow::HandleMessage(message, wParam, lParam);
+    // The system has given the focus back to the control that had it, whose page a drag may have hidden meanwhile.
+    if (message == WM_ACTIVATE || message == WM_SETFOCUS) KeepFocusShown();
+    return result;
+}
+
+void OptionsForm::KeepFocusShown() const {
+    HWND focused = GetFocus();
+    if (focused != nullptr && IsChild(Handle(), focused) != 0 && IsWindowVisible(focused) == 0) {
+        SetFocus(tabStrip_.Handle());
+    }
 }
 
 void OptionsForm::OnActivated() {
@@ -103,9 +149,8 @@ void OptionsForm::OnFontsChanged() {
 
 void OptionsForm::SetTabIcons() {
     const int edge = Px(kTabIcon);
-    const int strip = edge <= 16 ? IDB_TAB_ICONS_16 : edge <= 24 ? IDB_TAB_ICONS_24 : IDB_TAB_ICONS_32;
     const BitmapHandle icons(static_cast<HBITMAP>(
-        LoadImageW(ThisModule(), MAKEINTRESOURCEW(strip), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+        LoadImageW(ThisModule(), MAKEINTRESOURCEW(TabIconsFor(edge)), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
     tabStrip_.SetPicture(icons.Get(), edge);
 }
 
@@ -133,6 +178,7 @@ void OptionsForm::ShowPage(OptionsPage page) {
     for (ContentPanel* panel : panels_) {
         if (panel != &Panel(page)) ShowWindow(panel->Handle(), SW_HIDE);
     }
+    KeepFocusShown();
 }
 
 bool OptionsForm::OnKeyDown(WPARAM key) {
@@ -158,10 +204,11 @@ void OptionsForm::OnClose() {
     texts.reminder = behavior_.ReminderSound();
     texts.noteFolder = behavior_.NoteFolder();
     controller_.Close(texts);
-    Destroy();
+    Unload();
 }
 
 void OptionsForm::OnGone() {
+    GiveInputBack();
     controller_.StopSound();
 }
 

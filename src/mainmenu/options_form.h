@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "controls/tessel_tab.h"
 #include "mainmenu/options_appearance_page.h"
@@ -9,13 +10,17 @@
 #include "mainmenu/options_help_page.h"
 #include "mainmenu/options_shortcuts_page.h"
 #include "platform/dialog_window.h"
+#include "platform/disabled_windows.h"
+#include "util/busy_flag.h"
 
 namespace quillo {
 
 class UserNotice;
 
-/// The options dialog: a strip of tabs, the page of the current tab, and a button that closes. Not modal: notes show
-/// each change at once. It can be opened again after it has closed.
+/// The options dialog: a strip of tabs, the page of the current tab, and a button that closes. While it is open, the
+/// windows that the program had before take no input; notes show each change at once all the same. Open returns when
+/// the dialog is on the screen, because hotkeys, later starts and reminders go on. It can be opened again after it has
+/// closed.
 class OptionsForm : public DialogWindow {
   public:
     OptionsForm(const OptionsWorld& world, UserNotice& notice, MessageLoop& loop, BusyFlag& dialogs);
@@ -43,6 +48,7 @@ class OptionsForm : public DialogWindow {
     /// Ctrl+Tab goes to the next page, with Shift to the one before.
     bool OnKeyDown(WPARAM key) override;
     void OnFontsChanged() override;
+    void OnColorsChanged() override { SetTabIcons(); }
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
@@ -50,8 +56,17 @@ class OptionsForm : public DialogWindow {
     void CreateToolTips();
     void SetTabIcons();
     void MoveToMiddle() const;
+    /// The keyboard never stays in a page that is hidden.
+    void KeepFocusShown() const;
     void OnActivated();
+    /// Input goes to the dialog alone, and the program counts as busy.
+    void TakeInput();
+    /// Before the window goes: the system gives the keyboard to a window that can take it.
+    void GiveInputBack();
 
+    BusyFlag& dialogs_;
+    std::optional<BusyFlag::Scope> busy_;          ///< while the dialog is open
+    std::optional<DisabledWindows> otherWindows_;  ///< while the dialog is open
     OptionsController controller_;
     OptionsAppearancePage appearance_;
     OptionsShortcutsPage shortcuts_;

@@ -45,6 +45,7 @@ void OptionsHelpPage::Load() {
     for (std::size_t i = 0; i < texts.size(); ++i) {
         SetWindowTextW(lines_[i].keys, Wide(Controller().HelpKeys(texts[i])));
     }
+    SetText(C::HotkeysTakenLabel, Controller().HotkeysTakenText());
 }
 
 int OptionsHelpPage::PlaceKeys(PageColumn& column) const {
@@ -71,6 +72,7 @@ void OptionsHelpPage::Place(PageColumn& column) {
     column.PutHeading(C::HelpHeading);
     column.PutText(C::HelpLabel, kDialogGap);
     column.Advance(PlaceKeys(column), 0);
+    if (!TextOf(C::HotkeysTakenLabel).empty()) column.PutText(C::HotkeysTakenLabel, 0);
 
     column.PutDivider(C::NotesFolderDivider);
     column.PutText(C::NotesFolderLabel, kDialogSmallGap);
@@ -78,6 +80,9 @@ void OptionsHelpPage::Place(PageColumn& column) {
 
     column.PutDivider(C::DeletedNotesDivider);
     column.PutText(C::DeletedNotesLabel, kDialogSmallGap);
+
+    column.PutDivider(C::QuitDivider);
+    column.PutText(C::QuitLabel, kDialogSmallGap);
 
     column.PutDivider(C::HelpDivider);
     column.PutTextWithButton(C::HelpFileLabel, C::OpenHelpButton, 0);

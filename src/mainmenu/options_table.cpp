@@ -143,6 +143,7 @@ constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
     {C::HelpHeading, kHelp, K::Heading, u"Quillo at a glance"},
     {C::HelpLabel, kHelp, K::Text, u"The keys that save the most time:"},
     {C::HelpKeys, kHelp, K::KeyList, u"Keys"},
+    {C::HotkeysTakenLabel, kHelp, K::Text, u""},
     {C::NotesFolderDivider, kHelp, K::Divider, u"Where your notes live"},
     {C::NotesFolderLabel, kHelp, K::Text,
      u"Each note is a file of its own, saved for you while you type, in this folder:"},
@@ -153,6 +154,9 @@ constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
      u"A deleted note waits in the Recycle Bin: look there for a file that ends in .qln and is named after the first "
      u"words of the note, choose Restore, and open the file.  With \"Don't put deleted notes in the Recycle Bin.\" "
      u"checked it is gone for good."},
+    {C::QuitDivider, kHelp, K::Divider, u"Quitting Quillo"},
+    {C::QuitLabel, kHelp, K::Text,
+     u"Right-click the cross of the Quillo menu.  Your notes are saved, and come back when Quillo starts again."},
     {C::HelpDivider, kHelp, K::Divider, u"Quillo help"},
     {C::HelpFileLabel, kHelp, K::Text,
      u"Everything else, from reminders in plain words to all the keys, is in the help."},
@@ -183,6 +187,12 @@ constexpr std::array<OptionsHelpKey, 12> kHelpKeys = {{
 }};
 
 }  // namespace
+
+std::u16string_view NameOf(OptionsPage page) {
+    std::u16string_view left = kOptionsTabs;
+    for (int i = static_cast<int>(page); i > 0; --i) left.remove_prefix(left.find(u'|') + 1);
+    return left.substr(0, left.find(u'|'));
+}
 
 const std::array<OptionRow, kOptionControlCount>& OptionsTable() {
     return kTable;

@@ -12,6 +12,8 @@ enum class OptionsPage { Appearance, Shortcuts, Behavior, Help };
 inline constexpr std::size_t kOptionsPageCount = 4;
 inline constexpr std::u16string_view kOptionsCaption = u"Quillo options";
 inline constexpr std::u16string_view kOptionsTabs = u"Appearance|Shortcuts|Behavior|Help";
+/// The words of a page's tab.
+[[nodiscard]] std::u16string_view NameOf(OptionsPage page);
 inline constexpr std::u16string_view kCloseButtonCaption = u"&Close";
 
 /// What is asked before Quillo no longer starts with Windows.
@@ -90,13 +92,16 @@ enum class OptionControl {
     // Help
     HelpHeading,
     HelpLabel,
-    HelpKeys,  ///< the list of kOptionsHelpKeys
+    HelpKeys,           ///< the list of OptionsHelpKeys
+    HotkeysTakenLabel,  ///< completed with HotkeysTakenText
     NotesFolderDivider,
     NotesFolderLabel,
     NotesFolderPath,  ///< completed with the folder of notes
     OpenNotesFolderButton,
     DeletedNotesDivider,
     DeletedNotesLabel,
+    QuitDivider,
+    QuitLabel,
     HelpDivider,
     HelpFileLabel,
     OpenHelpButton,

@@ -1,10 +1,13 @@
 target_sources(quillo_shell PRIVATE
   mainmenu/about_form.cpp
   mainmenu/content_panel.cpp
+  mainmenu/icon_finder.cpp
   mainmenu/key_box.cpp
+  mainmenu/link_label.cpp
   mainmenu/main_form.cpp
   mainmenu/menu_artwork.cpp
   mainmenu/menu_drop_target.cpp
+  mainmenu/menu_icons.cpp
   mainmenu/menu_picture.cpp
   mainmenu/note_preview.cpp
   mainmenu/notify_window.cpp

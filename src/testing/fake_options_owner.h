@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -24,13 +25,15 @@ class FakeOptionsOwner : public OptionsOwner {
         calls.emplace_back(u"hotkeys");
         if (onHotKeys) onHotKeys();
     }
+    [[nodiscard]] std::array<int, 2> TakenHotKeys() const override { return takenHotKeys; }
     void RedrawResources() override {
         calls.emplace_back(u"redraw");
         if (onRedraw) onRedraw();
     }
 
     std::vector<std::u16string> calls;
-    std::function<void()> onHotKeys;  ///< what else happens at that moment
+    std::array<int, 2> takenHotKeys{};  ///< other programs have them
+    std::function<void()> onHotKeys;    ///< what else happens at that moment
     std::function<void()> onRedraw;
 
   private:

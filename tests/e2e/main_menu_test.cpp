@@ -188,9 +188,12 @@ TEST_F(MainMenuTest, WhatIsDroppedElsewhereOrNotAloneIsNotTaken) {
     const auto before = Profile().Text(L"Shortcut 2");
     EXPECT_FALSE(DragTo({{CF_HDROP, FileListBytes({one, two})}}, Menu().MiddleOf(MenuItem::Shortcut2)));
     EXPECT_FALSE(DragTo({{CF_HDROP, FileListBytes({one})}}, Menu().OnScreen(175, 80)));
-    EXPECT_FALSE(DragTo({{CF_HDROP, FileListBytes({one})}}, Menu().OnScreen(50, 150)));
+    EXPECT_TRUE(DragTo({{CF_HDROP, FileListBytes({one})}}, Menu().OnScreen(50, 150)))
+        << "intended: left of the slots a copy is answered, and nothing stored";
     EXPECT_FALSE(DragTo({{CF_UNICODETEXT, WideTextBytes(one)}}, Menu().MiddleOf(MenuItem::Shortcut2)));
     EXPECT_EQ(Profile().Text(L"Shortcut 2"), before);
+    EXPECT_FALSE(Profile().Text(L"Shortcut 1"));
+    EXPECT_FALSE(Profile().Text(L"Shortcut 0"));
     EXPECT_TRUE(Menu().IsShowing());
 }
 

@@ -31,7 +31,6 @@ class OptionsTest : public OrdinaryTest {
         EXPECT_TRUE(OpenFromMenu());
         return Wait();
     }
-    /// As a user does, whether or not the dialog stands already.
     bool OpenFromMenu() {
         const MainMenu menu(Quillo().Pid());
         return menu.Open() && menu.Choose(MenuItem::Options);
@@ -81,9 +80,6 @@ TEST_F(OptionsTest, OpeningAndClosingChangesNothingButWhatItMustSave) {
     EXPECT_TRUE(Eventually([&] { return options.IsTopmost(); }));
     const auto before = Profile().AllSettings();
     EXPECT_EQ(Profile().Number(L"Startup mode"), 0U);
-    EXPECT_TRUE(OpenFromMenu()) << "a second request";
-    EXPECT_EQ(Wait().Handle(), options.Handle());
-    EXPECT_EQ(Profile().AllSettings(), before);
     PressKey(VK_ESCAPE);
     ASSERT_TRUE(Goes(options));
     std::set<std::wstring> added;
@@ -99,6 +95,41 @@ TEST_F(OptionsTest, OpeningAndClosingChangesNothingButWhatItMustSave) {
                                              L"New note hotkey", L"Show notes hotkey", L"Reminder", L"Note folder"}));
     EXPECT_EQ(Profile().Number(L"New note hotkey"), 78U);
     EXPECT_EQ(Profile().Number(L"Show notes hotkey"), 83U);
+    Quit();
+}
+
+TEST_F(OptionsTest, IsModalButHotkeysLaterStartsAndTheEndActAsAlways) {
+    Profile().SetNumber(L"New note hotkey", VK_F23);
+    const OptionsWindow options = Open();
+    const NoteWindow before = FindNote(Quillo(), L"Call Bob");
+    EXPECT_TRUE(Eventually([&] { return IsWindowEnabled(before.Handle()) == 0; }));
+    const MainMenu menu(Quillo().Pid());
+    constexpr UINT kLeftUp = 514;
+    menu.SendToIcon(kLeftUp);
+    EXPECT_EQ(RunToEnd(L"/new"), 0U) << "dealt with after the click on the icon";
+    ASSERT_TRUE(Eventually([&] { return NotesOf(Quillo()).size() == 2; }));
+    EXPECT_FALSE(menu.IsShowing()) << "the icon is busy";
+    const NoteWindow second = FindNote(Quillo(), L"");
+    EXPECT_TRUE(IsWindowEnabled(second.Handle()));
+    ASSERT_TRUE(second.TakeKeyboard());
+    TypeText(L"Bread");
+    EXPECT_TRUE(Eventually([&] { return second.Text() == L"Bread"; }));
+    EXPECT_TRUE(Until([&] { return NotesOf(Quillo()).size() == 3; }, [] { PressKey(VK_F23, {VK_LWIN}); }));
+    EXPECT_TRUE(IsWindowEnabled(FindNote(Quillo(), L"").Handle()));
+    EXPECT_FALSE(IsWindowEnabled(before.Handle()));
+    EXPECT_TRUE(options.Exists());
+    Quit();
+}
+
+TEST_F(OptionsTest, ItsEndGivesTheNotesTheirInputBack) {
+    const OptionsWindow options = Open();
+    const NoteWindow note = FindNote(Quillo(), L"Call Bob");
+    PressKey(VK_ESCAPE);
+    ASSERT_TRUE(Goes(options));
+    EXPECT_TRUE(Eventually([&] { return IsWindowEnabled(note.Handle()) != 0; }));
+    ASSERT_TRUE(note.TakeKeyboard());
+    TypeText(L" now");
+    EXPECT_TRUE(Eventually([&] { return note.Text().ends_with(L" now"); }));
     Quit();
 }
 

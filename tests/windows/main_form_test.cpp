@@ -1,12 +1,16 @@
+#include <atomic>
 #include <functional>
+#include <memory>
 
 #include "accessible_reader.h"
 #include "app/registry_keys.h"
 #include "main_form_fixture.h"
 #include "platform/monitors.h"
+#include "platform/unique_handle.h"
 #include "platform/wide.h"
 
 // After windows.h.
+#include <commctrl.h>
 #include <shellapi.h>
 
 namespace quillo::windows_tests {
@@ -255,12 +259,25 @@ TEST_F(MainFormWindow, TheRightButtonEndsTheProgramWhereNothingIsOrOnTheCross) {
     EXPECT_EQ(Heard(), "new ") << "an item takes any button";
 }
 
-TEST_F(MainFormWindow, AReleaseOfAPressElsewhereChoosesNothing) {
+TEST_F(MainFormWindow, AnyReleaseChoosesWhereverItsPressWasAndWhicheverButtonItIs) {
+    for (const UINT release : {WM_LBUTTONUP, WM_RBUTTONUP, WM_MBUTTONUP, WM_XBUTTONUP}) {
+        Show();
+        Mouse(release, 50, 100);
+        EXPECT_EQ(Heard(), "new ") << release;
+        EXPECT_FALSE(form_.IsShowing()) << release;
+    }
     Show();
-    Mouse(WM_LBUTTONUP, 50, 100);
     Mouse(WM_RBUTTONUP, 280, 20);
-    EXPECT_EQ(Heard(), "");
-    EXPECT_TRUE(form_.IsShowing());
+    EXPECT_EQ(Heard(), "quit ") << "the right button over the cross";
+    form_.SlideForm(false);
+    Show();
+    Mouse(WM_XBUTTONUP, 280, 20);
+    EXPECT_EQ(Heard(), "") << "only the right button quits";
+    EXPECT_FALSE(form_.IsShowing());
+}
+
+TEST_F(MainFormWindow, AReleaseOutsideOnlyCloses) {
+    Show();
     Mouse(WM_LBUTTONDOWN, 50, 100);
     Mouse(WM_LBUTTONUP, -10, -10);
     EXPECT_EQ(Heard(), "");
@@ -343,6 +360,57 @@ TEST_F(MainFormWindow, AScreenReaderKnowsEveryItem) {
     EXPECT_FALSE(form_.IsShowing());
 }
 
+/// The text that a tool tip control shows for one of the window's areas.
+std::u16string ToolTipOf(HWND menu, MenuItem item) {
+    NMTTDISPINFOW question{};
+    question.hdr.hwndFrom = menu;
+    question.hdr.idFrom = static_cast<UINT_PTR>(item);
+    question.hdr.code = TTN_GETDISPINFOW;
+    SendMessageW(menu, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&question));
+    return question.lpszText != nullptr ? std::u16string(FromWide(question.lpszText)) : std::u16string();
+}
+
+/// The tool tip control that belongs to a window; null when there is none.
+HWND ToolTipsOf(HWND owner) {
+    for (HWND tips = nullptr; (tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
+        if (GetWindow(tips, GW_OWNER) == owner) return tips;
+    }
+    return nullptr;
+}
+
+TEST_F(MainFormWindow, TheSlotsAndTheRoundButtonsHaveToolTips) {
+    test_.program.settings.shortcuts = {u"C:\\Windows\\Notepad.exe", u"", u"", u""};
+    Show();
+    HWND tips = ToolTipsOf(form_.Handle());
+    ASSERT_NE(tips, nullptr);
+    EXPECT_EQ(SendMessageW(tips, TTM_GETTOOLCOUNT, 0, 0), 6);
+    EXPECT_EQ(ToolTipOf(form_.Handle(), MenuItem::Shortcut1), u"Notepad");
+    EXPECT_EQ(ToolTipOf(form_.Handle(), MenuItem::Close), u"Close the menu.  Right-click to quit Quillo.");
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = form_.Handle();
+    tool.uId = static_cast<UINT_PTR>(MenuItem::Close);
+    ASSERT_TRUE(SendMessageW(tips, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool)));
+    RECT client{};
+    GetClientRect(form_.Handle(), &client);
+    EXPECT_EQ(tool.rect.right, client.right) << "over the cross";
+    EXPECT_EQ(tool.rect.top, 0);
+    form_.SlideForm(false);
+    EXPECT_EQ(ToolTipsOf(form_.Handle()), nullptr);
+}
+
+TEST_F(MainFormWindow, AHotkeyThatIsTakenIsRemembered) {
+    EXPECT_EQ(form_.TakenHotKeys(), (std::array<int, 2>{}));
+    constexpr int kOthers = 7;
+    ASSERT_TRUE(RegisterHotKey(nullptr, kOthers, MOD_WIN, VK_F22));
+    test_.program.settings.showNotesHotkey = VK_F22;
+    form_.RegisterHotKeys();
+    EXPECT_EQ(form_.TakenHotKeys(), (std::array<int, 2>{0, VK_F22}));
+    UnregisterHotKey(nullptr, kOthers);
+    form_.RegisterHotKeys();
+    EXPECT_EQ(form_.TakenHotKeys(), (std::array<int, 2>{}));
+}
+
 // Shortcuts.
 
 TEST_F(MainFormWindow, AShortcutIsStoredInItsSlotAndInTheRegistry) {
@@ -372,15 +440,59 @@ TEST_F(MainFormWindow, AShortcutsIconStandsInItsColumnOfBothFaces) {
     Show();
     const auto empty = look();
     form_.SetShortcut(2, u"C:\\windows\\explorer.exe");
+    const auto well = look();
+    ASSERT_TRUE(PumpUntil([&] { return look() != well; })) << "the icon comes a little later";
     const auto filled = look();
     EXPECT_EQ(columns(empty, filled), "-X--");
     form_.SetShortcut(2, u"C:\\");
-    EXPECT_EQ(columns(filled, look()), "-X--") << "a drive has a picture of its own";
+    ASSERT_TRUE(PumpUntil([&] { return look() != filled && look() != well; })) << "a drive has a picture of its own";
+    EXPECT_EQ(columns(filled, look()), "-X--");
     form_.SetShortcut(2, u"C:\\windows\\explorer.exe");
+    ASSERT_TRUE(PumpUntil([&] { return look() == filled; }));
     Mouse(WM_MOUSEMOVE, 175, 150);
     EXPECT_NE(Pixel(157, 130), Pixel(107, 130)) << "the tile is lit";
     Mouse(WM_MOUSEMOVE, 100, 20);
     EXPECT_EQ(look(), filled);
+}
+
+/// A shell that answers only when it is told to, as one that waits for a dead network.
+class SlowShell {
+  public:
+    IconLookUp LookUp() {
+        return [gate = gate_, asked = asked_](const IconRequest&) {
+            ++*asked;
+            WaitForSingleObject(gate->Get(), 30'000);
+            return ShortcutIcon(u"C:\\windows\\explorer.exe", 32);
+        };
+    }
+    [[nodiscard]] int TimesAsked() const { return *asked_; }
+    void Answer() const { SetEvent(gate_->Get()); }
+
+  private:
+    std::shared_ptr<KernelHandle> gate_ = std::make_shared<KernelHandle>(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    std::shared_ptr<std::atomic<int>> asked_ = std::make_shared<std::atomic<int>>(0);
+};
+
+TEST_F(MainFormWindow, AFileOnADeadNetworkHoldsNeitherTheMenuNorTheEnd) {
+    SlowShell shell;
+    {
+        test_.program.settings.shortcuts[0] = u"\\\\server\\tool.exe";
+        MainForm form(
+            MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_, dialogs_},
+            kTick, shell.LookUp());
+        ASSERT_TRUE(form.Load());
+        EXPECT_EQ(shell.TimesAsked(), 0) << "the start does not look";
+        form.SlideForm(true);
+        windows_tests::PaintNow(form.Handle());
+        EXPECT_TRUE(form.IsShowing());
+        ASSERT_TRUE(PumpUntil([&] { return shell.TimesAsked() == 1; }));
+        form.SlideForm(false);
+        form.SlideForm(true);
+        windows_tests::PaintNow(form.Handle());
+        EXPECT_TRUE(form.IsShowing()) << "while the shell still waits";
+        EXPECT_EQ(shell.TimesAsked(), 1);
+    }  // the program ends without waiting
+    shell.Answer();
 }
 
 TEST_F(MainFormWindow, ThePictureIsDrawnAnewWithoutLosingHandles) {

@@ -3,21 +3,29 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "../unit/app/test_program.h"
+#include "accessible_reader.h"
 #include "app/registry_keys.h"
 #include "mainmenu/content_panel.h"
 #include "platform/gdi_scope.h"
 #include "platform/message_loop.h"
+#include "platform/monitors.h"
 #include "platform/text_tools.h"
+#include "platform/ui_timer.h"
+#include "platform/unique_handle.h"
 #include "platform/wide.h"
 #include "reminder_fixture.h"
 #include "support.h"
 #include "testing/fake_options_owner.h"
 #include "testing/fake_sound_device.h"
 #include "util/busy_flag.h"
+
+// After windows.h.
+#include <commctrl.h>
 
 namespace quillo {
 namespace {
@@ -137,6 +145,71 @@ TEST_F(OptionsFormTest, ControlTabGoesRoundThePages) {
     Key(form_.TabStripWindow(), VK_TAB);
     Key(form_.TabStripWindow(), VK_TAB);
     EXPECT_EQ(form_.CurrentPage(), OptionsPage::Help);
+}
+
+/// Counts a message of a window.
+class MessageWatch {
+  public:
+    MessageWatch(HWND window, UINT message) : window_(window), message_(message) {
+        SetWindowSubclass(window_, &MessageWatch::Procedure, kId, reinterpret_cast<DWORD_PTR>(this));
+    }
+    MessageWatch(const MessageWatch&) = delete;
+    MessageWatch& operator=(const MessageWatch&) = delete;
+    ~MessageWatch() { RemoveWindowSubclass(window_, &MessageWatch::Procedure, kId); }
+    [[nodiscard]] HWND Window() const { return window_; }
+    [[nodiscard]] int Count() const { return count_; }
+
+  private:
+    static constexpr UINT_PTR kId = 77;
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR object) {
+        auto& self = *reinterpret_cast<MessageWatch*>(object);
+        if (message == self.message_) ++self.count_;
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    HWND window_;
+    UINT message_;
+    int count_ = 0;
+};
+
+/// A window of the program beside the dialog.
+class Neighbor {
+  public:
+    Neighbor()
+        : window_(CreateWindowExW(0, L"EDIT", L"", WS_POPUP | WS_VISIBLE, 10, 10, 60, 40, nullptr, nullptr,
+                                  GetModuleHandleW(nullptr), nullptr)) {}
+    [[nodiscard]] bool TakesInput() const { return IsWindowEnabled(window_.Get()) != 0; }
+    [[nodiscard]] HWND Handle() const { return window_.Get(); }
+
+  private:
+    WindowHandle window_;
+};
+
+TEST_F(OptionsFormTest, WhatWasOpenBeforeTakesNoInputUntilTheDialogCloses) {
+    const Neighbor before;
+    const Neighbor disabledBefore;
+    EnableWindow(disabledBefore.Handle(), FALSE);
+    for (const bool saving : {true, false}) {
+        Open();
+        EXPECT_TRUE(dialogs_.IsSet()) << "the icon and the menu are busy";
+        EXPECT_FALSE(before.TakesInput());
+        EXPECT_TRUE(IsWindowEnabled(form_.Handle()));
+        const Neighbor after;
+        EXPECT_TRUE(after.TakesInput()) << "what a hotkey or a reminder makes meanwhile";
+        Open();
+        EXPECT_TRUE(after.TakesInput()) << "nor does a second request take its input";
+        if (saving) {
+            SendMessageW(form_.Handle(), WM_CLOSE, 0, 0);
+        } else {
+            form_.Unload();
+        }
+        EXPECT_TRUE(before.TakesInput());
+        EXPECT_TRUE(after.TakesInput());
+        EXPECT_FALSE(disabledBefore.TakesInput());
+        EXPECT_FALSE(dialogs_.IsSet());
+    }
 }
 
 TEST_F(OptionsFormTest, ASecondRequestFindsTheSameDialog) {
@@ -299,6 +372,33 @@ TEST_F(OptionsFormTest, GoingWithTheProgramSavesNoTexts) {
     EXPECT_EQ(owner_.calls, Names{});
 }
 
+TEST_F(OptionsFormTest, DialogsOfTheSystemEndWithItWhicheverWayItCloses) {
+    for (const bool saving : {true, false}) {
+        Open();
+        bool came = false;
+        bool went = false;
+        // The dialog's own loop dispatches the timer of this test.
+        UiTimer closer([&] {
+            HWND asked = GetLastActivePopup(form_.Handle());
+            if (asked == form_.Handle() || IsWindowVisible(asked) == 0) return;
+            closer.Stop();
+            came = true;
+            if (saving) {
+                SendMessageW(form_.Handle(), WM_CLOSE, 0, 0);
+            } else {
+                form_.Unload();
+            }
+            went = IsWindow(asked) == 0 || IsWindowVisible(asked) == 0;
+        });
+        closer.Start(50);
+        Press(C::BrowseFontButton);
+        EXPECT_TRUE(came);
+        EXPECT_TRUE(went);
+        EXPECT_EQ(form_.Handle(), nullptr);
+        EXPECT_FALSE(dialogs_.IsSet());
+    }
+}
+
 TEST_F(OptionsFormTest, AProgramDroppedOnTheMenuMeanwhileIsKept) {
     Now().shortcuts = {u"C:\\1.exe", u"C:\\2.exe", u"C:\\3.exe", u"C:\\4.exe"};
     Open();
@@ -356,17 +456,88 @@ TEST_F(OptionsFormTest, TheTabKeyReachesEveryControlOfAPage) {
     }
 }
 
+TEST_F(OptionsFormTest, IsNeverLargerThanTheWorkArea) {
+    Open();
+    for (const int dpi : {96, 144, 192, 288}) {
+        SetDpi(dpi);
+        const RECT place = PlaceOf(form_.Handle());
+        const Rect area = WorkAreaOf(form_.Handle());
+        EXPECT_LE(place.bottom - place.top, area.height) << dpi;
+        EXPECT_LE(place.right - place.left, area.width) << dpi;
+        const RECT button = PlaceOf(form_.CloseButton());
+        EXPECT_LE(button.bottom, place.bottom) << dpi;
+        EXPECT_LE(form_.DialogScale().Dpi(), dpi);
+    }
+    SetDpi(96);
+    EXPECT_EQ(form_.DialogScale().Dpi(), 96) << "where there is room again";
+}
+
+TEST_F(OptionsFormTest, NewSystemColorsReachEveryControl) {
+    Open();
+    std::vector<std::unique_ptr<MessageWatch>> watches;
+    for (const OptionRow& row : OptionsTable()) {
+        if (Of(row.control) == nullptr) continue;
+        watches.push_back(std::make_unique<MessageWatch>(Of(row.control), WM_SYSCOLORCHANGE));
+    }
+    watches.push_back(std::make_unique<MessageWatch>(form_.TabStripWindow(), WM_SYSCOLORCHANGE));
+    watches.push_back(std::make_unique<MessageWatch>(form_.CloseButton(), WM_SYSCOLORCHANGE));
+    const auto glyph = SendMessageW(Of(C::BrowseButton1), BM_GETIMAGE, IMAGE_ICON, 0);
+    SendMessageW(form_.Handle(), WM_SYSCOLORCHANGE, 0, 0);
+    for (const auto& watch : watches) EXPECT_EQ(watch->Count(), 1) << GetDlgCtrlID(watch->Window());
+    EXPECT_NE(SendMessageW(Of(C::BrowseButton1), BM_GETIMAGE, IMAGE_ICON, 0), glyph) << "drawn in the new colors";
+}
+
+TEST_F(OptionsFormTest, AHiddenPageNeverKeepsTheKeyboard) {
+    Open();
+    form_.ShowPage(OptionsPage::Behavior);
+    SetFocus(Of(C::AutoPinCheck));
+    form_.ShowPage(OptionsPage::Help);  // as a drag over its tab does
+    EXPECT_EQ(GetFocus(), form_.TabStripWindow());
+
+    form_.ShowPage(OptionsPage::Behavior);
+    SetFocus(Of(C::AutoPinCheck));
+    const Neighbor other;
+    EnableWindow(other.Handle(), TRUE);
+    SetForegroundWindow(other.Handle());
+    SetFocus(other.Handle());
+    form_.ShowPage(OptionsPage::Help);
+    SetForegroundWindow(form_.Handle());
+    loop_.RunPending();
+    EXPECT_EQ(GetFocus(), form_.TabStripWindow()) << "the system remembers the check box of the hidden page";
+    program_.registry.ClearLog();
+    Key(GetFocus(), VK_SPACE);
+    EXPECT_EQ(Written(), Names{});
+}
+
+TEST_F(OptionsFormTest, TheHelpPageSaysHowToQuitAndWhichHotkeyIsTaken) {
+    owner_.takenHotKeys = {0, 'S'};
+    Open();
+    form_.ShowPage(OptionsPage::Help);
+    EXPECT_TRUE(Text(C::QuitLabel).starts_with(u"Right-click the cross"));
+    EXPECT_TRUE(Text(C::HotkeysTakenLabel).starts_with(u"Windows+S does not work"));
+    const RECT label = PlaceOf(Of(C::HotkeysTakenLabel));
+    EXPECT_GT(label.bottom, label.top);
+}
+
+TEST_F(OptionsFormTest, AScreenReaderHearsTheOpacityInPercent) {
+    Now().noteOpacity = 192;
+    Open();
+    const windows_tests::Reader slider(Of(C::OpacitySlider));
+    EXPECT_EQ(slider.Name(), u"Opacity");
+    EXPECT_EQ(slider.Value(), u"75%");
+}
+
 TEST_F(OptionsFormTest, NothingIsCutAndNothingOverlapsAtAnyResolution) {
     Open();
     for (const int dpi : {96, 120, 144, 192}) {
         SetDpi(dpi);
         for (const OptionRow& row : OptionsTable()) {
             HWND control = Of(row.control);
-            if (control == nullptr) continue;
+            if (control == nullptr || row.control == C::HotkeysTakenLabel) continue;  // nothing is taken here
             const bool showsText = row.kind == OptionKind::Heading || row.kind == OptionKind::Text ||
                                    row.kind == OptionKind::Check || row.kind == OptionKind::Button ||
                                    row.kind == OptionKind::Divider;
-            if (showsText && row.control != C::FontLabel) ExpectUncut(row, dpi);
+            if (showsText && row.control != C::FontLabel) ExpectUncut(row, form_.DialogScale().Dpi());
             const RECT place = PlaceOf(control);
             EXPECT_GT(place.right - place.left, 0) << static_cast<int>(row.control);
             EXPECT_GT(place.bottom - place.top, 0) << static_cast<int>(row.control);

@@ -15,25 +15,14 @@ TEST(MenuShortcuts, ADropGoesIntoTheSlotOfItsColumn) {
         std::optional<int> slot;
     };
     const Case cases[] = {
-        {0, std::nullopt},
-        {49, std::nullopt},
-        {50, std::nullopt},
-        {99, std::nullopt},
-        {99.75, std::nullopt},  // a drop left of the slots does nothing
-        {100, 1},
-        {149, 1},
-        {150, 2},
-        {175, 2},
-        {199, 2},
-        {200, 3},
-        {249, 3},
-        {250, 4},
-        {299, 4},
-        {299.5, 4},
+        {0, std::nullopt}, {49, std::nullopt}, {50, std::nullopt}, {99, std::nullopt}, {99.75, std::nullopt},
+        {100, 1},          {149, 1},           {150, 2},           {175, 2},           {199, 2},
+        {200, 3},          {249, 3},           {250, 4},           {299, 4},           {299.5, 4},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(SlotOfDrop({c.x, 150}, 1), c.slot) << c.x;
-        EXPECT_EQ(OffersDrop({c.x, 150}, 1), c.slot.has_value()) << c.x;
+        EXPECT_TRUE(OffersCopy({c.x, 150}, 1)) << c.x << ": intended, left of the slots too";
+        EXPECT_TRUE(TakesDrop({c.x, 150}, 1)) << c.x << ": intended, left of the slots too";
     }
 }
 
@@ -47,14 +36,16 @@ TEST(MenuShortcuts, ADragIsOfferedACopyFrom120OnADropIsTakenFrom110On) {
     const Case cases[] = {{109, false, false},   {109.75, false, false}, {110, false, true}, {119, false, true},
                           {119.75, false, true}, {120, true, true},      {179, true, true}};
     for (const Case& c : cases) {
-        EXPECT_EQ(OffersDrop({175, c.y}, 1), c.offered) << c.y;
+        EXPECT_EQ(OffersCopy({175, c.y}, 1), c.offered) << c.y;
+        EXPECT_EQ(TakesDrop({175, c.y}, 1), c.taken) << c.y;
         EXPECT_EQ(SlotOfDrop({175, c.y}, 1).has_value(), c.taken) << c.y;
     }
 }
 
 TEST(MenuShortcuts, OnlyASingleFileIsTaken) {
     for (const int count : {0, 2, 50}) {
-        EXPECT_FALSE(OffersDrop({175, 150}, count));
+        EXPECT_FALSE(OffersCopy({175, 150}, count));
+        EXPECT_FALSE(TakesDrop({175, 150}, count));
         EXPECT_FALSE(SlotOfDrop({175, 150}, count));
     }
 }
@@ -144,6 +135,17 @@ TEST(MenuShortcuts, AnEmptySlotRunsNothing) {
     RunShortcut(u"  ", shell);
     EXPECT_TRUE(shell.started.empty());
     EXPECT_TRUE(shell.opened.empty());
+}
+
+TEST(MenuShortcuts, WhatHasNoWordsInThePictureHasAToolTip) {
+    const std::array<std::u16string, kMenuSlots> shortcuts{u"C:\\Windows\\Notepad.exe", u"", u"", u""};
+    EXPECT_EQ(MenuItemTip(MenuItem::Shortcut1, shortcuts), u"Notepad");
+    EXPECT_EQ(MenuItemTip(MenuItem::Shortcut2, shortcuts), u"Drop a program here to have it on the menu.");
+    EXPECT_EQ(MenuItemTip(MenuItem::About, shortcuts), u"About Quillo");
+    EXPECT_EQ(MenuItemTip(MenuItem::Close, shortcuts), u"Close the menu.  Right-click to quit Quillo.");
+    for (const MenuItem item : {MenuItem::None, MenuItem::NewNote, MenuItem::ShowAllNotes, MenuItem::Options}) {
+        EXPECT_EQ(MenuItemTip(item, shortcuts), u"") << "says it in the picture";
+    }
 }
 
 }  // namespace

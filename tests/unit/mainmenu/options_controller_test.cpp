@@ -237,6 +237,27 @@ TEST_F(OptionsControllerTest, HotkeysChangeInMemoryAtOnceAndAreWrittenAtTheEnd) 
     EXPECT_EQ(Number(u"Show notes hotkey"), 'S');
 }
 
+TEST_F(OptionsControllerTest, AHotkeyThatAnotherProgramHasIsSaidToBeTaken) {
+    OptionsController controller = Loaded();
+    EXPECT_EQ(controller.TextOf(C::HotkeysTakenLabel), u"");
+    owner_.takenHotKeys = {0, 'S'};
+    EXPECT_EQ(controller.TextOf(C::HotkeysTakenLabel),
+              u"Windows+S does not work: another program has it.  Choose another key on the page \"Shortcuts\".");
+    owner_.takenHotKeys = {'N', 'S'};
+    EXPECT_EQ(controller.HotkeysTakenText(),
+              u"Windows+N and Windows+S do not work: other programs have them.  Choose other keys on the page "
+              u"\"Shortcuts\".");
+    ASSERT_TRUE(controller.PressKey(C::NewNoteKeyBox, 'Q'));
+    EXPECT_TRUE(controller.HotkeysTakenText().starts_with(u"Windows+S does"))
+        << "nobody knows of the new key before it is registered";
+}
+
+TEST_F(OptionsControllerTest, TheSliderSaysAPercentageOfOpacity) {
+    EXPECT_EQ(OptionsController::OpacityText(0), u"100%");
+    EXPECT_EQ(OptionsController::OpacityText(63), u"75%");
+    EXPECT_EQ(OptionsController::OpacityText(OptionsController::kSliderEnd), u"13%") << "32 of 255";
+}
+
 TEST_F(OptionsControllerTest, TheOtherHotkeyAndKeysOutsideTheRangeAreRefused) {
     OptionsController controller = Loaded();
     for (const int key : {int{'S'}, 32, 91, 112, 9, 27, 0}) {

@@ -120,7 +120,8 @@ TEST(OptionsTableTest, WhatShowsNoTextOfItsOwnHasANameOrALabelBeforeIt) {
                 EXPECT_EQ(table[i].caption.empty(), table[i].control == C::ColumnDivider);
                 break;
             default:
-                EXPECT_EQ(table[i].caption.empty(), table[i].control == C::FontLabel);
+                EXPECT_EQ(table[i].caption.empty(),
+                          table[i].control == C::FontLabel || table[i].control == C::HotkeysTakenLabel);
         }
     }
 }

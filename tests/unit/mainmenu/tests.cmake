@@ -1,4 +1,5 @@
 target_sources(quillo_core_tests PRIVATE
+  unit/mainmenu/contrast_test.cpp
   unit/mainmenu/main_form_rules_test.cpp
   unit/mainmenu/menu_map_test.cpp
   unit/mainmenu/menu_planes_test.cpp
@@ -6,5 +7,6 @@ target_sources(quillo_core_tests PRIVATE
   unit/mainmenu/menu_slide_test.cpp
   unit/mainmenu/options_controller_test.cpp
   unit/mainmenu/options_table_test.cpp
+  unit/mainmenu/slot_icons_test.cpp
   unit/mainmenu/update_link_test.cpp
 )

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/accessible.h"
+#include "platform/unique_handle.h"
+#include "platform/window.h"
+
+namespace quillo {
+
+/// A label that is followed like a link, by a click, Enter or Space. Its window's text is what it shows and nothing
+/// else, which is why it is not the link control of the system: the text of that one is markup.
+class LinkLabel : public Window, private AccessibleSource {
+  public:
+    ~LinkLabel() override { Destroy(); }
+
+    /// `address` is what a screen reader gives as the link's value. False on failure.
+    bool Create(HWND parent, int id, std::u16string_view text, std::u16string address);
+
+    /// The link is followed. A handler may end the label.
+    std::function<void()> onFollow;
+
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  private:
+    void OnPress();
+    void OnRelease(Point at);
+    void OnKey(WPARAM key) const;
+    void OnPaint() const;
+    void TakeFont(HFONT font);
+    void Follow() const;
+
+    // AccessibleSource
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
+    void Activate(int part) override;
+
+    std::u16string address_;
+    FontHandle underlined_;
+    HFONT font_ = nullptr;  // borrowed
+    bool pressed_ = false;
+    AccessibleLink accessible_{*this};
+};
+
+}  // namespace quillo

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "mainmenu/icon_finder.h"
+#include "mainmenu/slot_icons.h"
+
+namespace quillo {
+
+/// The icons of the menu's program shortcuts. They come one by one, some time after they were asked for.
+class MenuIcons {
+  public:
+    /// The shell is asked when `lookUp` is empty.
+    explicit MenuIcons(IconLookUp lookUp = {}) : finder_(std::move(lookUp)) {}
+
+    /// Asks for what is missing. `message` comes to the window when there is something to collect.
+    void LookUp(HWND window, UINT message, const std::array<std::u16string, kMenuSlots>& shortcuts, int size);
+    /// Takes over what has been found. True when there is something new to draw.
+    [[nodiscard]] bool Collect();
+    /// The icon of a slot, 1 to 4, for that shortcut; null while it is not known.
+    [[nodiscard]] const ShortcutIcon* Find(int slot, std::u16string_view shortcut, int size) const;
+    /// The files may have other icons by now. Those that are known are shown until then.
+    void Forget() { wanted_.Forget(); }
+
+  private:
+    SlotIcons wanted_;
+    IconFinder finder_;
+    std::array<std::optional<FoundIcon>, kMenuSlots> known_;
+};
+
+}  // namespace quillo
