@@ -6,14 +6,15 @@ win_build=${QUILLO_BUILD_DIR:-$quillo_root/build/windows-x64}
 cache_dir=${QUILLO_CACHE_DIR:-${XDG_CACHE_HOME:-$HOME/.cache}/quillo}
 
 # What the steps need, as Debian 12 packages.
-build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin python3 ffmpeg fp-utils)
+build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin python3 ffmpeg fp-utils
+    libcli11-dev nlohmann-json3-dev)
 wine_packages=(wine wine64 fonts-wine fonts-liberation)
 desktop_packages=(xvfb x11-utils openbox picom trayer hsetroot imagemagick)
 run_packages=("${build_packages[@]}" "${wine_packages[@]}" "${desktop_packages[@]}")
 # shellcheck disable=SC2034  # used by test.sh
 test_packages=("${run_packages[@]}" g++ clang libclang-rt-14-dev llvm clang-format clang-tidy g++-mingw-w64-i686-posix
     shellcheck xdotool ffmpeg gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly
-    gstreamer1.0-libav ghostscript poppler-utils)
+    gstreamer1.0-libav ghostscript poppler-utils tidy python3-html5lib python3-jsonschema python3-icalendar)
 
 # One clear line on stderr, then exit 1.
 die() {

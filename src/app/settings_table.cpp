@@ -117,15 +117,20 @@ std::vector<SettingRow> MakeTable() {
 /// Reads one row into the settings.
 struct Loader {
     const TesselRegistry& registry;
-    Shell& shell;
-    FileStore& files;
+    Shell* shell;  // null where the system's folders are not known
+    FileStore* files;
     Settings& settings;
     std::u16string_view name;
 
     void operator()(const TextSetting& row) const {
         std::u16string text = registry.Value(name);
         if (row.trimmed) text = std::u16string(Trim(text));
-        row.member(settings) = text.empty() ? row.defaultText(shell, files) : std::move(text);
+        std::u16string& member = row.member(settings);
+        if (!text.empty()) {
+            member = std::move(text);
+        } else if (shell != nullptr && files != nullptr) {
+            member = row.defaultText(*shell, *files);
+        }
     }
     void operator()(const FlagSetting& row) const {
         const bool stored = registry.GetValueLong(name, row.defaultFlag ? kTrueNumber : 0) != 0;
@@ -184,7 +189,14 @@ const std::vector<SettingRow>& SettingsTable() {
 void LoadSettings(TesselRegistry& registry, Shell& shell, FileStore& files, Settings& settings) {
     registry.SetRootPath(kUserKey);
     for (const SettingRow& row : SettingsTable()) {
-        std::visit(Loader{registry, shell, files, settings, row.name}, row.kind);
+        std::visit(Loader{registry, &shell, &files, settings, row.name}, row.kind);
+    }
+}
+
+void LoadStoredSettings(TesselRegistry& registry, Settings& settings) {
+    registry.SetRootPath(kUserKey);
+    for (const SettingRow& row : SettingsTable()) {
+        std::visit(Loader{registry, nullptr, nullptr, settings, row.name}, row.kind);
     }
 }
 

@@ -66,6 +66,9 @@ struct SettingRow {
 /// Reads every row from the user's key, which is created where it is missing; no value is written.
 /// "Use roaming profile" keeps its value: it is not the user's.
 void LoadSettings(TesselRegistry& registry, Shell& shell, FileStore& files, Settings& settings);
+/// The same for a program that knows the registry and nothing else of the system: a text that is not stored stays empty
+/// where its default is a place on the disk.
+void LoadStoredSettings(TesselRegistry& registry, Settings& settings);
 /// The machine's one setting; false where it cannot be read.
 [[nodiscard]] bool LoadUseRoamingProfile(TesselRegistry& registry);
 

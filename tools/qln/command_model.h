@@ -1,0 +1,24 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+
+#include "options.h"
+
+namespace quillo::qln {
+
+/// One command: what it is called and what carries it out.
+struct CommandRow {
+    const char* name;
+    const char* summary;
+    void (*describe)(CLI::App& app, Options& options);
+    int (*run)(const Session& session);
+};
+
+/// Every command, in the order of the help.
+[[nodiscard]] const std::vector<CommandRow>& Commands();
+
+/// The command line with every command and option; what it reads goes to `options`.
+[[nodiscard]] std::unique_ptr<CLI::App> BuildModel(Options& options);
+
+}  // namespace quillo::qln

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "app/settings.h"
+#include "ports/registry_api.h"
+
+namespace quillo::qln {
+
+/// Below the first of the user's folders that the program takes: "\Marrowind\Notes".
+inline constexpr std::u16string_view kNotesBelow = u"\\Marrowind\\Notes";
+
+/// The user's settings, and every stored one as a line "name=value".
+struct StoredSettings {
+    Settings settings;
+    std::string lines;
+    bool useRoamingProfile = false;
+};
+[[nodiscard]] StoredSettings ReadSettings(RegistryApi& api);
+
+/// A version 4 GUID in its registry form, of 16 random bytes.
+[[nodiscard]] std::string MakeGuid();
+
+}  // namespace quillo::qln
