@@ -4,6 +4,8 @@
 #include <sstream>
 
 #include "command_model.h"
+#include "commands.h"
+#include "generated_help.h"
 #include "options.h"
 #include "util/unicode.h"
 #include "words.h"
@@ -21,9 +23,38 @@ int Explain(const CLI::App& app, const CLI::ParseError& problem, Console& consol
     return code == 0 ? kDone : kWrongUse;
 }
 
-const CommandRow* ChosenCommand(const CLI::App& app) {
-    for (const CommandRow& row : Commands()) {
-        if (app.got_subcommand(row.name)) return &row;
+/// Switches for the build and the installer, which are in no help. Nothing for any other command line.
+std::optional<int> RunInternal(const std::vector<std::string>& arguments, const CLI::App& app, Host& host) {
+    if (arguments.size() == 2 && arguments[0] == "--internal-generate") {
+        const std::string text = GeneratedHelp(app, arguments[1]);
+        host.Terminal().Out(text);
+        return text.empty() ? kWrongUse : kDone;
+    }
+    // --internal-path add|remove user|machine FOLDER
+    if (arguments.size() == 4 && arguments[0] == "--internal-path") {
+        const bool add = arguments[1] == "add";
+        const bool machine = arguments[2] == "machine";
+        if ((!add && arguments[1] != "remove") || (!machine && arguments[2] != "user")) return kWrongUse;
+        return host.EditPath(add, machine, arguments[3]) ? kDone : kFailed;
+    }
+    return std::nullopt;
+}
+
+struct Runner {
+    const char* name;
+    int (*run)(const Session& session);
+};
+
+constexpr Runner kRunners[] = {
+    {"list", List},       {"show", Show},     {"find", FindWords}, {"path", Path},
+    {"export", Export},   {"new", New},       {"import", Import},  {"backup", Backup},
+    {"restore", Restore}, {"doctor", Doctor}, {"open", OpenFile},  {"quit", Quit},
+};
+
+/// What carries out the command that was chosen.
+const Runner* ChosenRunner(const CLI::App& app) {
+    for (const Runner& runner : kRunners) {
+        if (app.got_subcommand(runner.name)) return &runner;
     }
     return nullptr;
 }
@@ -39,21 +70,22 @@ int RunCommandLine(const std::vector<std::string>& arguments, Host& host) {
     }
     Options options;
     const std::unique_ptr<CLI::App> app = BuildModel(options);
+    if (const auto code = RunInternal(arguments, *app, host)) return *code;
     try {
         std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
         app->parse(std::move(reversed));
     } catch (const CLI::ParseError& problem) {
         return Explain(*app, problem, console);
     }
-    const CommandRow* command = ChosenCommand(*app);
-    if (command == nullptr) return kWrongUse;
+    const Runner* runner = ChosenRunner(*app);
+    if (runner == nullptr) return kWrongUse;
     std::string error;
     std::optional<Surroundings> place = host.Find(options.where, error);
     if (!place) {
         Complain(console, error);
         return kFailed;
     }
-    return command->run(Session{options, host, *place});
+    return runner->run(Session{options, host, *place});
 }
 
 }  // namespace quillo::qln

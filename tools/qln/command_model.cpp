@@ -1,6 +1,5 @@
 #include "command_model.h"
 
-#include "commands.h"
 #include "version.h"
 
 namespace quillo::qln {
@@ -45,14 +44,74 @@ void DescribePath(CLI::App& app, Options& options) {
     AddClosed(app, options);
 }
 
+void DescribeExport(CLI::App& app, Options& options) {
+    app.add_option("--format", options.format, "What to write")
+        ->required()
+        ->check(CLI::IsMember({"text", "markdown", "html", "json", "ics"}));
+    app.add_option("-o,--output", options.output, "A file, or a folder that gets a file for each note")
+        ->type_name("FILE|FOLDER");
+    AddClosed(app, options);
+}
+
+void AddStart(CLI::App& app, Options& options) {
+    app.add_flag("--start", options.start, "Start Quillo when it does not run");
+}
+
+void DescribeNew(CLI::App& app, Options& options) {
+    app.add_option("TEXT", options.words, "The text; - reads the standard input")->expected(0, 100000);
+    app.add_option("--remind", options.remind, "When: \"in 20 minutes\", 15:30, tomorrow, a date")->type_name("PHRASE");
+    app.add_option("--color", options.color, "One of the eleven color schemes, such as yellow or black-and-blue")
+        ->type_name("NAME");
+    app.add_flag("--hidden", options.hidden, "Do not show the note");
+    AddStart(app, options);
+}
+
+void DescribeImport(CLI::App& app, Options& options) {
+    app.add_option("FILES", options.words, "Text and Markdown files, and the JSON of an export; they stay")
+        ->required()
+        ->expected(1, 1000);
+    AddStart(app, options);
+}
+
+void DescribeBackup(CLI::App& app, Options& options) {
+    app.add_option("FOLDER", options.folder, "Where the dated copy is to be made")->required();
+}
+
+void DescribeRestore(CLI::App& app, Options& options) {
+    app.add_option("FOLDER", options.folder, "A dated copy that backup has made")->required();
+    app.add_flag("--older", options.older, "Bring a note that has changed since as a second note");
+    AddStart(app, options);
+}
+
+void DescribeDoctor(CLI::App& app, Options& options) {
+    app.add_flag("--repair", options.repair,
+                 "Mend what can be mended; a copy of each file is kept. Not while Quillo runs");
+}
+
+void DescribeOpen(CLI::App& app, Options& options) {
+    app.add_option("FILE", options.words, "A note's file or any text file; it moves into the notes folder")
+        ->required()
+        ->expected(1);
+}
+
+void DescribeQuit(CLI::App& /*app*/, Options& /*options*/) {}
+
 }  // namespace
 
 const std::vector<CommandRow>& Commands() {
     static const std::vector<CommandRow> rows = {
-        {"list", "List the notes: number, id, first words, state, reminder, color, file", DescribeList, List},
-        {"show", "Print the text of a note", DescribeShow, Show},
-        {"find", "Find notes by words", DescribeFind, FindWords},
-        {"path", "Print the path of a note's file, or of the notes folder", DescribePath, Path},
+        {"list", "List the notes: number, id, first words, state, reminder, color, file", DescribeList},
+        {"show", "Print the text of a note", DescribeShow},
+        {"find", "Find notes by words", DescribeFind},
+        {"path", "Print the path of a note's file, or of the notes folder", DescribePath},
+        {"export", "Write all notes as text, Markdown, a page, JSON, or their reminders as a calendar", DescribeExport},
+        {"new", "Make a note", DescribeNew},
+        {"import", "Make notes of files", DescribeImport},
+        {"backup", "Copy the notes folder and the settings into a dated folder", DescribeBackup},
+        {"restore", "Bring back the notes of a backup that are not there", DescribeRestore},
+        {"doctor", "Say what is wrong in the notes folder", DescribeDoctor},
+        {"open", "Open a file as a note in the running Quillo", DescribeOpen},
+        {"quit", "End the running Quillo", DescribeQuit},
     };
     return rows;
 }

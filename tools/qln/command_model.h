@@ -7,12 +7,11 @@
 
 namespace quillo::qln {
 
-/// One command: what it is called and what carries it out.
+/// One command and its options.
 struct CommandRow {
     const char* name;
     const char* summary;
     void (*describe)(CLI::App& app, Options& options);
-    int (*run)(const Session& session);
 };
 
 /// Every command, in the order of the help.

@@ -22,7 +22,6 @@ struct Options {
     bool start = false;
     bool older = false;
     bool repair = false;
-    bool machine = false;  ///< the machine's PATH instead of the user's
 };
 
 /// What a command works with.
