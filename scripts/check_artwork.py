@@ -217,6 +217,7 @@ def main():
         sys.exit(f"usage: {sys.argv[0]} FOLDER-OF-RENDERED-ARTWORK")
     folder = pathlib.Path(sys.argv[1])
     checks = [("quillo.ico", check_icon, ()),
+              ("setup.ico", check_icon, (ICON_SIZES, LARGEST_FILE_BITMAP)),
               ("note_file.ico", check_icon, (ICON_SIZES, LARGEST_FILE_BITMAP)),
               ("small_program.ico", check_icon, (SMALL_PROGRAM_SIZES, LARGEST_SMALL_PROGRAM_BITMAP))]
     checks += [(f"note_buttons_{scale}.bmp", check_strip, (scale,)) for scale in (100, 150, 200)]

@@ -13,10 +13,10 @@ import re
 import sys
 
 TABLE = pathlib.Path("docs") / "features.md"
-RINGS = {"core": "unit", "shell": "windows", "e2e": "e2e", "qln": "qln"}
+RINGS = {"core": "unit", "shell": "windows", "e2e": "e2e", "install": "install", "qln": "qln"}
 TEST = re.compile(r"^TEST(?:_F)?\((\w+),\s*(\w+)\)", re.MULTILINE)
 CHECK = re.compile(r"\b(?:add_test\(NAME |quillo_check\()([\w.]+)")
-NAME = re.compile(r"`((?:core|shell|e2e|qln|check)\.[\w.]+)`")
+NAME = re.compile(r"`((?:core|shell|e2e|install|qln|check)\.[\w.]+)`")
 HEAD_LINES = 2
 
 

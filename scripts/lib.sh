@@ -10,11 +10,17 @@ build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2
     libcli11-dev nlohmann-json3-dev)
 wine_packages=(wine wine64 fonts-wine fonts-liberation)
 desktop_packages=(xvfb x11-utils openbox picom trayer hsetroot imagemagick)
-run_packages=("${build_packages[@]}" "${wine_packages[@]}" "${desktop_packages[@]}")
+# The installer, and the checks of the winget manifests.
+setup_packages=(nsis python3-jsonschema python3-yaml)
+# Without these Wine plays no sound.
+sound_packages=(gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly gstreamer1.0-libav)
+run_packages=("${build_packages[@]}" "${wine_packages[@]}" "${desktop_packages[@]}" "${sound_packages[@]}")
+# shellcheck disable=SC2034  # used by package.sh
+package_packages=("${build_packages[@]}" "${setup_packages[@]}" git)
 # shellcheck disable=SC2034  # used by test.sh
-test_packages=("${run_packages[@]}" g++ clang libclang-rt-14-dev llvm clang-format clang-tidy g++-mingw-w64-i686-posix
-    shellcheck xdotool ffmpeg gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly
-    gstreamer1.0-libav ghostscript poppler-utils tidy python3-html5lib python3-jsonschema python3-icalendar)
+test_packages=("${run_packages[@]}" "${setup_packages[@]}" g++ clang libclang-rt-14-dev llvm clang-format clang-tidy
+    g++-mingw-w64-i686-posix shellcheck xdotool ffmpeg ghostscript poppler-utils tidy python3-html5lib python3-icalendar
+    osslsigncode)
 
 # One clear line on stderr, then exit 1.
 die() {

@@ -418,6 +418,8 @@ def main():
     icons = artwork.icons()
     strips = {scale: artwork.strip(scale) for scale in SCALES}
     (output / "quillo.ico").write_bytes(encode_ico(icons))
+    # The same for the installer, which carries it twice and uncompressed.
+    (output / "setup.ico").write_bytes(encode_ico(icons, LARGEST_FILE_BITMAP))
     files = artwork.icons(FILE_ICON_SOURCES)
     (output / "note_file.ico").write_bytes(encode_ico(files, LARGEST_FILE_BITMAP))
     small = [image for image in icons if image.width in SMALL_PROGRAM_SIZES]

@@ -1,0 +1,113 @@
+#!/usr/bin/env bash
+# Makes what a release page needs, in dist/: the installer, the zip, the winget manifests, checksums and licenses.
+#   ./package.sh           from a clean tree; docs/releasing.md has the whole story
+#   ./package.sh --check   builds twice, in folders of different names, and compares byte for byte
+# QUILLO_RELEASE_URL   where the installer will be downloaded from: the folder's address
+# QUILLO_SIGN          a command that signs the file named by its last argument, in place
+set -euo pipefail
+# shellcheck source=scripts/lib.sh
+source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/scripts/lib.sh"
+
+case ${1:-} in
+    '') check=no ;;
+    --check) check=yes ;;
+    *) die "usage: ./package.sh [--check]" ;;
+esac
+
+packaging=$quillo_root/packaging
+
+# What is built must be what is committed, or nobody could build it again.
+refuse_dirty_tree() {
+    local changed
+    changed=$(git -C "$quillo_root" status --porcelain) || die "this is not a clone of the repository"
+    [[ -z $changed ]] || die "there are changes that are not committed; commit them or put them aside first:
+$changed"
+}
+
+identity() {
+    /usr/bin/python3 -c 'import json, sys; print(json.load(open(sys.argv[1]))[sys.argv[2]])' \
+        "$1/packaging/identity.json" "$2"
+}
+
+shipped() {
+    sed 's/#.*//' "$packaging/files.txt" | awk -v kind="${1:-}" 'NF && (kind == "" || $2 == kind) { print $1 }'
+}
+
+# sign FILE...: in place, with the command of the releaser; without one, nothing.
+sign() {
+    local file
+    [[ -n ${QUILLO_SIGN:-} ]] || return 0
+    for file in "$@"; do
+        # The command may have options of its own.
+        bash -c "$QUILLO_SIGN \"\$1\"" sign "$file" >/dev/null || die "signing $file failed"
+    done
+}
+
+# The files as they are shipped, all with the time of the commit: make_stage TREE STAGE
+make_stage() {
+    local tree=$1 stage=$2 file
+    mkdir -p "$stage"
+    while IFS= read -r file; do cp "$tree/$file" "$stage/$file"; done < <(shipped)
+    while IFS= read -r file; do sign "$stage/$file"; done < <(shipped program)
+    while IFS= read -r file; do touch -d "@$SOURCE_DATE_EPOCH" "$stage/$file"; done < <(shipped)
+}
+
+# make_package SOURCES TREE OUTPUT: builds SOURCES in TREE and fills OUTPUT.
+make_package() {
+    local sources=$1 tree=$2 output=$3 version setup name
+    mkdir -p "$tree" "$output"
+    say "Building in $tree"
+    run_logged "$tree/configure.log" "configuring" \
+        cmake -S "$sources" --preset windows-x64 -B "$tree" -DQUILLO_TESTS=OFF
+    run_logged "$tree/build.log" "building" ninja -C "$tree" quillo_shipped
+    name=$(identity "$tree" name)
+    version=$(identity "$tree" version)
+    rm -rf "$tree/stage"
+    make_stage "$tree" "$tree/stage"
+    setup=$output/$name-$version-setup.exe
+    /usr/bin/python3 "$packaging/make_setup.py" --stage "$tree/stage" --identity "$tree/packaging/identity.json" \
+        --icon "$tree/src/resources/artwork/setup.ico" --output "$setup" --sign "${QUILLO_SIGN:-}"
+    sign "$setup"
+    /usr/bin/python3 "$packaging/make_zip.py" "$tree/stage" "$name-$version" "$output/$name-$version.zip"
+    cp "$tree/Licenses.txt" "$output/Licenses.txt"
+    /usr/bin/python3 "$packaging/make_winget.py" --identity "$tree/packaging/identity.json" --setup "$setup" \
+        --url "${QUILLO_RELEASE_URL:-}" --output "$output/winget"
+    (cd "$output" && find . -type f ! -name SHA256SUMS -printf '%P\n' | sort | xargs -d '\n' sha256sum) \
+        >"$output/SHA256SUMS.part"
+    mv "$output/SHA256SUMS.part" "$output/SHA256SUMS"
+}
+
+# Twice from two copies of the sources, with paths of different lengths and nothing in common but the commit.
+check_twice() {
+    local work copy
+    work=$(mktemp -d "${TMPDIR:-/tmp}/quillo-twice.XXXXXX")
+    # shellcheck disable=SC2064  # the folder's name is known now
+    trap "rm -rf '$work'" EXIT
+    for copy in one 'the other'; do
+        git clone -q "$quillo_root" "$work/$copy/sources"
+        make_package "$work/$copy/sources" "$work/$copy/tree" "$work/$copy/dist"
+    done
+    diff -r "$work/one/dist" "$work/the other/dist" >"$work/differences" ||
+        die "the two builds differ: $(cat "$work/differences")"
+    say "Both builds have the same bytes:"
+    cat "$work/one/dist/SHA256SUMS"
+}
+
+ensure_packages "${package_packages[@]}"
+refuse_dirty_tree
+SOURCE_DATE_EPOCH=$(git -C "$quillo_root" log -1 --format=%ct)
+export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C.UTF-8
+# A release depends on nothing that only this machine remembers.
+unset CXXFLAGS CFLAGS LDFLAGS
+[[ -n ${QUILLO_RELEASE_URL:-} ]] ||
+    printf 'package.sh: QUILLO_RELEASE_URL is not set: the winget manifests get a placeholder as their address\n' >&2
+
+if [[ $check == yes ]]; then
+    check_twice
+    exit 0
+fi
+dist=$quillo_root/dist
+rm -rf "$dist"
+make_package "$quillo_root" "$quillo_root/build/package" "$dist"
+say "Done:"
+(cd "$dist" && find . -type f -printf '%9s  %P\n' | sort -k 2)

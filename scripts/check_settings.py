@@ -1,0 +1,51 @@
+#!/usr/bin/env python3
+"""The description of the settings names the values that the program knows, and no others: check_settings.py ROOT
+
+The uninstaller removes the values that docs/settings.md lists; the program reads those of its table.
+"""
+
+import pathlib
+import re
+import sys
+
+TABLE = pathlib.Path("src")
+ROW = re.compile(r'\{u"([^"]+)",\s*(?:\w*Setting\{|Flag<)')
+
+
+def names_of_the_program(root):
+    sources = sorted((root / TABLE).rglob("settings_table.cpp"))
+    if len(sources) != 1:
+        sys.exit(f"the table of settings was looked for under {root / TABLE}, and found {len(sources)} times")
+    return ROW.findall(sources[0].read_text(encoding="utf-8"))
+
+
+def problems(described, known):
+    folded = {name.lower() for name in described}
+    for name in known:
+        if name.lower() not in folded:
+            yield f"docs/settings.md does not list '{name}': an uninstaller would leave it behind"
+    folded = {name.lower() for name in known}
+    for name in described:
+        if name.lower() not in folded:
+            yield f"docs/settings.md lists '{name}', which the program does not know"
+
+
+def main():
+    if len(sys.argv) != 2:
+        sys.exit(f"usage: {sys.argv[0]} ROOT")
+    root = pathlib.Path(sys.argv[1])
+    sys.dont_write_bytecode = True
+    sys.path.insert(0, str(root / "packaging"))
+    from make_setup import setting_names  # the list that goes into the uninstaller
+
+    known = names_of_the_program(root)
+    described = setting_names(root / "docs" / "settings.md")
+    if not known or not described:
+        sys.exit("there are no settings to compare")
+    found = list(problems(described, known))
+    print("\n".join(found) or f"{len(known)} settings: good")
+    sys.exit(1 if found else 0)
+
+
+if __name__ == "__main__":
+    main()
