@@ -14,8 +14,6 @@ case ${1:-} in
     *) die "usage: ./package.sh [--check]" ;;
 esac
 
-packaging=$quillo_root/packaging
-
 # What is built must be what is committed, or nobody could build it again.
 refuse_dirty_tree() {
     local changed
@@ -29,8 +27,9 @@ identity() {
         "$1/packaging/identity.json" "$2"
 }
 
+# The names of what ships, or of one kind alone: shipped SOURCES [KIND]
 shipped() {
-    sed 's/#.*//' "$packaging/files.txt" | awk -v kind="${1:-}" 'NF && (kind == "" || $2 == kind) { print $1 }'
+    sed 's/#.*//' "$1/packaging/files.txt" | awk -v kind="${2:-}" 'NF && (kind == "" || $2 == kind) { print $1 }'
 }
 
 # sign FILE...: in place, with the command of the releaser; without one, nothing.
@@ -43,18 +42,19 @@ sign() {
     done
 }
 
-# The files as they are shipped, all with the time of the commit: make_stage TREE STAGE
+# The files as they are shipped, all with the time of the commit: make_stage SOURCES TREE STAGE
 make_stage() {
-    local tree=$1 stage=$2 file
+    local sources=$1 tree=$2 stage=$3 file
+    rm -rf "$stage"
     mkdir -p "$stage"
-    while IFS= read -r file; do cp "$tree/$file" "$stage/$file"; done < <(shipped)
-    while IFS= read -r file; do sign "$stage/$file"; done < <(shipped program)
-    while IFS= read -r file; do touch -d "@$SOURCE_DATE_EPOCH" "$stage/$file"; done < <(shipped)
+    while IFS= read -r file; do cp "$tree/$file" "$stage/$file"; done < <(shipped "$sources")
+    while IFS= read -r file; do sign "$stage/$file"; done < <(shipped "$sources" program)
+    while IFS= read -r file; do touch -d "@$SOURCE_DATE_EPOCH" "$stage/$file"; done < <(shipped "$sources")
 }
 
 # make_package SOURCES TREE OUTPUT: builds SOURCES in TREE and fills OUTPUT.
 make_package() {
-    local sources=$1 tree=$2 output=$3 version setup name
+    local sources=$1 tree=$2 output=$3 packaging=$1/packaging version setup name sums
     mkdir -p "$tree" "$output"
     say "Building in $tree"
     run_logged "$tree/configure.log" "configuring" \
@@ -62,8 +62,7 @@ make_package() {
     run_logged "$tree/build.log" "building" ninja -C "$tree" quillo_shipped
     name=$(identity "$tree" name)
     version=$(identity "$tree" version)
-    rm -rf "$tree/stage"
-    make_stage "$tree" "$tree/stage"
+    make_stage "$sources" "$tree" "$tree/stage"
     setup=$output/$name-$version-setup.exe
     /usr/bin/python3 "$packaging/make_setup.py" --stage "$tree/stage" --identity "$tree/packaging/identity.json" \
         --icon "$tree/src/resources/artwork/setup.ico" --output "$setup" --sign "${QUILLO_SIGN:-}"
@@ -72,9 +71,8 @@ make_package() {
     cp "$tree/Licenses.txt" "$output/Licenses.txt"
     /usr/bin/python3 "$packaging/make_winget.py" --identity "$tree/packaging/identity.json" --setup "$setup" \
         --url "${QUILLO_RELEASE_URL:-}" --output "$output/winget"
-    (cd "$output" && find . -type f ! -name SHA256SUMS -printf '%P\n' | sort | xargs -d '\n' sha256sum) \
-        >"$output/SHA256SUMS.part"
-    mv "$output/SHA256SUMS.part" "$output/SHA256SUMS"
+    sums=$(cd "$output" && find . -type f -printf '%P\n' | sort | xargs -d '\n' sha256sum)
+    printf '%s\n' "$sums" >"$output/SHA256SUMS"
 }
 
 # Twice from two copies of the sources, with paths of different lengths and nothing in common but the commit.
