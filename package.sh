@@ -22,65 +22,22 @@ refuse_dirty_tree() {
 $changed"
 }
 
-identity() {
-    /usr/bin/python3 -c 'import json, sys; print(json.load(open(sys.argv[1]))[sys.argv[2]])' \
-        "$1/packaging/identity.json" "$2"
-}
-
-# The names of what ships, or of one kind alone: shipped SOURCES [KIND]
-shipped() {
-    sed 's/#.*//' "$1/packaging/files.txt" | awk -v kind="${2:-}" 'NF && (kind == "" || $2 == kind) { print $1 }'
-}
-
-# sign FILE...: in place, with the command of the releaser; without one, nothing.
-sign() {
-    local file
-    [[ -n ${QUILLO_SIGN:-} ]] || return 0
-    for file in "$@"; do
-        # The command may have options of its own.
-        bash -c "$QUILLO_SIGN \"\$1\"" sign "$file" >/dev/null || die "signing $file failed"
-    done
-}
-
-# The files as they are shipped, all with the time of the commit: make_stage SOURCES TREE STAGE
-make_stage() {
-    local sources=$1 tree=$2 stage=$3 file
-    rm -rf "$stage"
-    mkdir -p "$stage"
-    while IFS= read -r file; do cp "$tree/$file" "$stage/$file"; done < <(shipped "$sources")
-    while IFS= read -r file; do sign "$stage/$file"; done < <(shipped "$sources" program)
-    while IFS= read -r file; do touch -d "@$SOURCE_DATE_EPOCH" "$stage/$file"; done < <(shipped "$sources")
-}
-
 # make_package SOURCES TREE OUTPUT: builds SOURCES in TREE and fills OUTPUT.
 make_package() {
-    local sources=$1 tree=$2 output=$3 packaging=$1/packaging version setup name sums
-    mkdir -p "$tree" "$output"
+    local sources=$1 tree=$2 output=$3
+    mkdir -p "$tree"
     say "Building in $tree"
     run_logged "$tree/configure.log" "configuring" \
         cmake -S "$sources" --preset windows-x64 -B "$tree" -DQUILLO_TESTS=OFF
     run_logged "$tree/build.log" "building" ninja -C "$tree" quillo_shipped
-    name=$(identity "$tree" name)
-    version=$(identity "$tree" version)
-    make_stage "$sources" "$tree" "$tree/stage"
-    setup=$output/$name-$version-setup.exe
-    /usr/bin/python3 "$packaging/make_setup.py" --stage "$tree/stage" --identity "$tree/packaging/identity.json" \
-        --icon "$tree/src/resources/artwork/setup.ico" --output "$setup" --sign "${QUILLO_SIGN:-}"
-    sign "$setup"
-    /usr/bin/python3 "$packaging/make_zip.py" "$tree/stage" "$name-$version" "$output/$name-$version.zip"
-    cp "$tree/Licenses.txt" "$output/Licenses.txt"
-    /usr/bin/python3 "$packaging/make_winget.py" --identity "$tree/packaging/identity.json" --setup "$setup" \
-        --url "${QUILLO_RELEASE_URL:-}" --output "$output/winget"
-    sums=$(cd "$output" && find . -type f -printf '%P\n' | sort | xargs -d '\n' sha256sum)
-    printf '%s\n' "$sums" >"$output/SHA256SUMS"
+    "$sources/packaging/assemble.sh" "$tree" "$output"
 }
 
 # Twice from two copies of the sources, with paths of different lengths and nothing in common but the commit.
 check_twice() {
-    local work copy
+    local copy
     work=$(mktemp -d "${TMPDIR:-/tmp}/quillo-twice.XXXXXX")
-    # shellcheck disable=SC2064  # the folder's name is known now
-    trap "rm -rf '$work'" EXIT
+    trap 'rm -rf "$work"' EXIT
     for copy in one 'the other'; do
         git clone -q "$quillo_root" "$work/$copy/sources"
         make_package "$work/$copy/sources" "$work/$copy/tree" "$work/$copy/dist"
