@@ -3,14 +3,14 @@
 #   scripts/screenshots.sh            all of them
 #   scripts/screenshots.sh SCENE...   only these, in an order in which none needs what an earlier one took away:
 #                                     notes, reminder, menus, icon, colors, mainmenu, about, options, alert, dates,
-#                                     empty, balloon, faces
+#                                     empty, balloon, faces, setup
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
 
-scenes=(notes reminder menus icon colors mainmenu about options alert dates empty balloon faces)
+scenes=(notes reminder menus icon colors mainmenu about options alert dates empty balloon faces setup)
 (($#)) && scenes=("$@")
-ensure_packages "${run_packages[@]}" xdotool pngquant
+ensure_packages "${run_packages[@]}" "${setup_packages[@]}" xdotool pngquant
 target=$quillo_root/docs/screenshots
 exe=$win_build/quillo.exe
 probe=$win_build/tests/window_probe.exe
@@ -294,10 +294,33 @@ scene_faces() {
     say "docs/screenshots/menu-faces-${dpi}dpi.png"
 }
 
+# The pages of the installer, for a user named Ann: the first time, over an earlier version, and when it removes.
+scene_setup() {
+    local setups=$win_build/tests/setups folder='C:\Users\Ann\AppData\Local\Programs\Quillo'
+    end_program
+    setsid wine "$setups/old-setup.exe" "/D=$folder" >/dev/null 2>&1 </dev/null &
+    rest
+    around setup '#32770'
+    xdotool key Escape
+    wait "$!" || true
+    timeout 60 wine "$setups/old-setup.exe" /S /NOSTART "/D=$folder" >/dev/null 2>&1 </dev/null ||
+        die "the program could not be installed"
+    setsid wine "$setups/new-setup.exe" >/dev/null 2>&1 </dev/null &
+    around setup-update '#32770'
+    xdotool key Escape
+    wait "$!" || true
+    # From where it lies: its copy in the temporary folder would outlive this.
+    setsid wine "$folder\\uninstall.exe" "_?=$folder" >/dev/null 2>&1 </dev/null &
+    around setup-remove '#32770'
+    xdotool key Escape
+    wait "$!" || true
+    start_program
+}
+
 # ----
 
 mkdir -p "$target"
-build_preset windows-x64 quillo window_probe menu_faces
+build_preset windows-x64 quillo window_probe menu_faces quillo_test_setups
 for dpi in 96 144; do
     demo >"$work/log" || die "the demo did not start; see the line above"
     DISPLAY=$(value_of "$work/quillo/demo-desktop.state" display)
