@@ -4,7 +4,7 @@
     make_setup.py --stage FOLDER --identity FILE.json --icon FILE.ico --output FILE.exe
                   [--version NUMBER] [--sign COMMAND] [--makensis PROGRAM]
 
-COMMAND gets the path of the uninstaller as its last argument and signs the file in place. The same files, times and
+COMMAND is a line for the shell that gets the path of the uninstaller as its last argument and signs the file in place. The same files, times and
 version give the same bytes: the times of the files in the stage go into the installer, and that of SOURCE_DATE_EPOCH, when
 it is set, into its head.
 """
@@ -75,7 +75,11 @@ def write_includes(folder, arguments, identity):
     }
     lines = [f'!define {name} "{nsis_text(value)}"' for name, value in values.items()]
     if arguments.sign:
-        lines.append(f"!define SIGN '{arguments.sign}'")
+        # A program of its own: the compiler's quoting is not the shell's.
+        signer = folder / "sign"
+        signer.write_text(f'#!/bin/bash\n{arguments.sign} "$1"\n', encoding="utf-8")
+        signer.chmod(0o700)
+        lines.append(f'!define SIGN "{signer}"')
     # With a mark of its encoding: the compiler takes a file without one for the user's code page.
     (folder / "identity.nsh").write_text("\n".join(lines) + "\n", encoding="utf-8-sig")
     (folder / "files.nsh").write_text(macro("EachFile", files), encoding="utf-8-sig")

@@ -92,7 +92,7 @@ VIAddVersionKey /LANG=1033 "OriginalFilename" "${OUTPUT_NAME}"
 VIAddVersionKey /LANG=1033 "Comments" "${LICENSE}"
 
 !ifdef SIGN
-    !uninstfinalize '${SIGN} "%1"' = 0
+    !uninstfinalize '"${SIGN}" "%1"' = 0
 !endif
 
 Page custom SetupPage LeaveSetupPage
@@ -316,11 +316,13 @@ Function SetupPage
     ${NSD_CreateLabel} 0 68u 100% 20u "Quillo starts together with Windows, so that your notes are always there. To switch that \
         off, open its options and turn to the page Behavior."
     Pop $1
-    ${NSD_CreateCheckbox} 0 94u 100% 12u "&Ctrl+Alt+N makes a new note (on some keyboards these keys type a letter)"
+    ${NSD_CreateCheckbox} 0 90u 100% 12u "&Ctrl+Alt+N makes a new note, from any program"
     Pop $Box
     ${NSD_SetState} $Box $Hotkey
+    ${NSD_CreateLabel} 12u 102u -12u 10u "Leave it out where these keys type a letter, as on some keyboards."
+    Pop $1
     ${If} $OldVersion != ""
-        ${NSD_CreateLabel} 0 112u 100% 20u "A Quillo that is running is closed, and started again. Your notes and your \
+        ${NSD_CreateLabel} 0 117u 100% 20u "A Quillo that is running is closed, and started again. Your notes and your \
             settings stay as they are."
         Pop $1
     ${EndIf}
@@ -352,11 +354,13 @@ Function UnpackBeside
     RMDir /r "${INCOMING}"
     RMDir /r "${OUTGOING}"
     ${GetRoot} "$INSTDIR" $0
-    ${DriveSpace} "$0\" "/D=F /S=K" $1
+    ; In MB: a number of kB overflows on a disk of 2 TB.
+    ${DriveSpace} "$0\" "/D=F /S=M" $1
     ; Twice: the old files are copied while the new ones take their place.
-    IntOp $2 ${SIZE_KB} * 2
+    IntOp $2 ${SIZE_KB} / 512
+    IntOp $2 $2 + 1
     ${If} $1 < $2
-        StrCpy $0 "There is not enough room on the disk: ${NAME} needs $2 kB. Nothing has been changed."
+        StrCpy $0 "There is not enough room on the disk: ${NAME} needs $2 MB. Nothing has been changed."
         SetErrorLevel ${EXIT_NO_ROOM}
         Call GiveUp
     ${EndIf}
@@ -497,10 +501,11 @@ Function RegisterNoteFiles
     Call AnnounceAssociations
 FunctionEnd
 
-; Name and icon of the balloons. The program takes the id only where it finds this.
+; Name and icon of the balloons; the icon is a picture file there, not one in a program. Quillo takes the id only where it
+; finds this.
 Function RegisterAppId
     WriteRegStr HKCU "${APP_ID_KEY}" "DisplayName" "${NAME}"
-    WriteRegStr HKCU "${APP_ID_KEY}" "IconUri" "$INSTDIR\quillo.exe,0"
+    WriteRegStr HKCU "${APP_ID_KEY}" "IconUri" "$INSTDIR\Quillo.png"
 FunctionEnd
 
 ; Gives a shell link the program's id, so that the task bar counts its windows to it. In: $R0, the link. A system that
@@ -599,7 +604,7 @@ Function un.RemovePage
     Pop $0
     ${NSD_CreateLabel} 0 0 100% 12u "${NAME} is removed from this computer."
     Pop $1
-    ${NSD_CreateLabel} 0 20u 100% 20u "Your notes stay. They are text files, and lie in the folder"
+    ${NSD_CreateLabel} 0 20u 100% 11u "Your notes stay. They are text files, and lie in the folder"
     Pop $1
     ${NSD_CreateText} 0 32u 100% 12u "$LOCALAPPDATA\${PUBLISHER}\Notes"
     Pop $1

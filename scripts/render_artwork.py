@@ -27,6 +27,9 @@ ICON_SOURCES = {
 # The icon of note files, likewise.
 FILE_ICON_SOURCES = {size: name.replace("quillo", "file") for size, name in ICON_SOURCES.items()}
 LARGEST_FILE_BITMAP = 48
+# The mark as a picture file, which the system shows above the program's balloons.
+PICTURE = "quillo.svg"
+PICTURE_SIZE = 128
 # The icon of the small programs beside Quillo, which are not to be larger than they need be.
 SMALL_PROGRAM_SIZES = (16, 20, 24, 32, 48)
 LARGEST_SMALL_PROGRAM_BITMAP = 24
@@ -418,6 +421,7 @@ def main():
     icons = artwork.icons()
     strips = {scale: artwork.strip(scale) for scale in SCALES}
     (output / "quillo.ico").write_bytes(encode_ico(icons))
+    (output / "Quillo.png").write_bytes(encode_png(artwork.render(PICTURE, PICTURE_SIZE)))
     # The same for the installer, which carries it twice and uncompressed.
     (output / "setup.ico").write_bytes(encode_ico(icons, LARGEST_FILE_BITMAP))
     files = artwork.icons(FILE_ICON_SOURCES)

@@ -77,7 +77,8 @@ TEST_F(Installing, IsToldToTheListOfInstalledApps) {
     for (const std::wstring& file : ShippedFiles()) bytes += std::filesystem::file_size(Installed(file));
     EXPECT_EQ(UserNumber(kUninstallKey, L"EstimatedSize"), (bytes + 1023) / 1024);
     EXPECT_EQ(UserText(kAppIdKey, L"DisplayName"), L"Quillo");
-    EXPECT_EQ(UserText(kAppIdKey, L"IconUri"), Installed(L"quillo.exe") + L",0");
+    EXPECT_EQ(UserText(kAppIdKey, L"IconUri"), Installed(L"Quillo.png"));
+    EXPECT_TRUE(FileExists(Installed(L"Quillo.png")));
     EXPECT_EQ(FindChannel(), nullptr) << "it was not to be started";
 }
 
