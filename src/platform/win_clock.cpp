@@ -10,9 +10,7 @@ DaySerial WinClock::Now() {
     GetSystemTimeAsFileTime(&utc);
     FileTimeToLocalFileTime(&utc, &local);
     const ULONGLONG ticks = static_cast<ULONGLONG>(local.dwHighDateTime) << 32 | local.dwLowDateTime;
-    constexpr double kTicksPerDay = 864'000'000'000.0;  // of 100 ns
-    constexpr double kDaysFrom1601To1899 = 109'205.0;
-    return DaySerial{static_cast<double>(ticks) / kTicksPerDay - kDaysFrom1601To1899};
+    return FromFileTime(ticks);
 }
 
 WinRandom::WinRandom() {

@@ -4,7 +4,7 @@
 
 namespace quillo {
 
-/// The local time of day, at the full resolution that the system gives.
+/// The local time of day in whole seconds, never rounded up to the next.
 class Clock {
   public:
     virtual ~Clock() = default;

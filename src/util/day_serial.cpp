@@ -77,6 +77,15 @@ DaySerial ToDaySerial(const CivilTime& time) {
     return DaySerial{day < 0 ? whole - fraction : whole + fraction};
 }
 
+DaySerial FromFileTime(std::uint64_t ticks) {
+    constexpr std::uint64_t kTicksPerSecond = 10'000'000;
+    constexpr double kDaysFrom1601To1899 = 109'205;
+    const std::uint64_t seconds = ticks / kTicksPerSecond;
+    const double day = static_cast<double>(seconds / std::uint64_t{kSecondsPerDay}) - kDaysFrom1601To1899;
+    return DaySerial{day + static_cast<double>(seconds % std::uint64_t{kSecondsPerDay}) /
+                               static_cast<double>(kSecondsPerDay)};
+}
+
 int Weekday(DaySerial serial) {
     const std::int64_t sinceSaturday = Split(serial).day % 7;  // day 0 is a Saturday
     return static_cast<int>((sinceSaturday + 7 + 6) % 7);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <compare>
+#include <cstdint>
 
 namespace quillo {
 
@@ -30,6 +31,8 @@ struct CivilTime {
 [[nodiscard]] CivilTime ToCivilTime(DaySerial serial);
 /// The serial of a date and time. Days beyond a month's end run on into the next month.
 [[nodiscard]] DaySerial ToDaySerial(const CivilTime& time);
+/// The serial of a file time (100 nanoseconds since 1 January 1601), without the part of a second.
+[[nodiscard]] DaySerial FromFileTime(std::uint64_t ticks);
 /// 0 is Sunday, 6 Saturday.
 [[nodiscard]] int Weekday(DaySerial serial);
 

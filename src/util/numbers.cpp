@@ -1,20 +1,31 @@
 #include "util/numbers.h"
 
 #include <charconv>
+#include <clocale>
 #include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
 #include <string>
+#include <string_view>
 
-// The C library's conversions, whose locale nobody changes from "C"; those of <charconv> would weigh a quarter of the
-// program.
+// The C library's conversions: those of <charconv> would weigh a quarter of the program. A shell extension or a printer
+// driver in the process may change the C library's locale, and with it the decimal sign that the conversions use.
 namespace quillo {
 namespace {
 
 std::u16string Widen(const char* first, const char* last) {
     return std::u16string(first, last);
+}
+
+/// The digits with "." for the decimal sign of the C library's locale.
+std::string WithPeriod(std::string_view digits) {
+    const std::string_view sign = std::localeconv()->decimal_point;
+    std::string text(digits);
+    const std::size_t at = text.find(sign);
+    if (at != std::string::npos) text.replace(at, sign.size(), ".");
+    return text;
 }
 
 // How many characters at the start of the text, all of them ASCII, form a number without its sign.
@@ -46,7 +57,7 @@ std::u16string FormatSingle(float value, std::u16string_view decimalSeparator) {
     const float positiveZero = value == 0 ? 0.0F : value;
     const int length = std::snprintf(digits, sizeof digits, "%.7g", static_cast<double>(positiveZero));
     std::u16string text;
-    for (const char c : std::string_view(digits, static_cast<std::size_t>(length))) {
+    for (const char c : WithPeriod({digits, static_cast<std::size_t>(length)})) {
         if (c == '.') {
             text += decimalSeparator;
         } else {
@@ -60,13 +71,13 @@ std::u16string FormatSerial(double value) {
     int precision = 15;
     for (double whole = std::fabs(value); whole >= 1 && precision > 0; whole /= 10) --precision;
     char digits[400];  // the largest double has 309 digits before the point
-    const char* end = digits + std::snprintf(digits, sizeof digits, "%.*f", precision, value);
+    const int length = std::snprintf(digits, sizeof digits, "%.*f", precision, value);
+    std::string plain = WithPeriod({digits, static_cast<std::size_t>(length)});
     if (precision > 0) {
-        while (end[-1] == '0') --end;
-        if (end[-1] == '.') --end;
+        plain.resize(plain.find_last_not_of('0') + 1);
+        if (plain.back() == '.') plain.pop_back();
     }
-    std::u16string text = Widen(digits, end);
-    return text == u"-0" ? u"0" : text;
+    return plain == "-0" ? u"0" : Widen(plain.data(), plain.data() + plain.size());
 }
 
 std::u16string FormatInteger(std::int64_t value) {
@@ -83,7 +94,9 @@ double ParseLeadingNumber(std::u16string_view text) {
     if (negative || text.front() == u'+') text.remove_prefix(1);
 
     std::string number;
-    for (const char16_t c : text.substr(0, LengthOfNumber(text))) number += static_cast<char>(c);
+    for (const char16_t c : text.substr(0, LengthOfNumber(text))) {
+        c == u'.' ? number.append(std::localeconv()->decimal_point) : number.append(1, static_cast<char>(c));
+    }
     const double value = std::strtod(number.c_str(), nullptr);  // out of range: 0 or infinity
     return negative ? -value : value;
 }

@@ -40,6 +40,22 @@ TEST(DaySerial, EverySecondOfADayComesBack) {
     }
 }
 
+TEST(DaySerial, OfAFileTimeIsAWholeSecondAndNeverTheNext) {
+    constexpr std::uint64_t kMidnight = 132'539'328'000'000'000;  // 1 January 2021
+    const struct {
+        std::uint64_t ticks;
+        CivilTime expected;
+    } cases[] = {{kMidnight, {2021, 1, 1, 0, 0, 0}},
+                 {kMidnight + 9'999'999, {2021, 1, 1, 0, 0, 0}},
+                 {kMidnight + 10'000'000, {2021, 1, 1, 0, 0, 1}},
+                 {kMidnight - 1, {2020, 12, 31, 23, 59, 59}},
+                 {kMidnight + 863'999'999'999, {2021, 1, 1, 23, 59, 59}}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(ToCivilTime(FromFileTime(c.ticks)), c.expected) << c.ticks;
+        EXPECT_EQ(FromFileTime(c.ticks), ToDaySerial(c.expected)) << c.ticks;
+    }
+}
+
 TEST(DaySerial, RunsOnAndIsClamped) {
     EXPECT_EQ(ToCivilTime(ToDaySerial({2026, 2, 31, 0, 0, 0})), (CivilTime{2026, 3, 3, 0, 0, 0}));
     EXPECT_EQ(ToCivilTime(ToDaySerial({2026, 14, 1, 0, 0, 0})), (CivilTime{2027, 2, 1, 0, 0, 0}));
