@@ -249,18 +249,53 @@ stop_desktop() {
     rm -f "$state" "$state.openbox.xml"
 }
 
+# make_test_disks FOLDER: for the tests of a full and of a write-protected disk. Only root may make them; without them
+# these tests are skipped.
+make_test_disks() {
+    local small=$1/small protected=$1/protected
+    mkdir -p "$small" "$protected"
+    mount -t tmpfs -o size=1m tmpfs "$small" 2>/dev/null || return 0
+    mount -t tmpfs -o size=1m tmpfs "$protected" 2>/dev/null || return 0
+    mkdir -p "$protected/Marrowind/Notes"
+    printf 'write-protected' >"$protected/Marrowind/Notes/note.qln"
+    mount -o remount,ro "$protected"
+}
+
+# remove_test_disks FOLDER
+remove_test_disks() {
+    local disk
+    for disk in "$1/small" "$1/protected"; do
+        if mountpoint -q "$disk"; then umount -l "$disk" || true; fi
+    done
+}
+
+# name_test_places FOLDER: tells the tests where these disks are, and the home folder with the Recycle Bin.
+name_test_places() {
+    local folder=$1
+    unset QUILLO_SMALL_DISK QUILLO_PROTECTED_DISK
+    QUILLO_TEST_HOME=$(windows_path "$folder/home")
+    export QUILLO_TEST_HOME
+    mountpoint -q "$folder/protected" || return 0
+    QUILLO_SMALL_DISK=$(windows_path "$folder/small")
+    QUILLO_PROTECTED_DISK=$(windows_path "$folder/protected")
+    export QUILLO_SMALL_DISK QUILLO_PROTECTED_DISK
+}
+
 # use_test_desktop FOLDER: the tests' desktop in FOLDER, made when it is not there: a Wine prefix with one shared virtual
-# desktop, an X server, a home folder, and a resident program that keeps the desktop's services warm. Sets WINEPREFIX,
-# HOME and DISPLAY.
+# desktop, an X server, a home folder, disks to be filled, and a resident program that keeps the desktop's services warm.
+# Sets WINEPREFIX, HOME, DISPLAY and what name_test_places sets.
 use_test_desktop() {
     local folder=$1 state=$1/desktop.state
     export WINEPREFIX=$folder/wine HOME=$folder/home
     if [[ -f $folder/ready ]]; then
         DISPLAY=$(value_of "$state" display)
         export DISPLAY
+        name_test_places "$folder"
         return
     fi
     mkdir -p "$HOME/.local/share"
+    make_test_disks "$folder"
+    name_test_places "$folder"
     clone_prefix "$WINEPREFIX"
     start_xserver "$state" 1280x800x24
     wine_set 'HKCU\Software\Wine\Explorer' Desktop Quillo

@@ -9,6 +9,11 @@ set -euo pipefail
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
 (($#)) || die "usage: wine_test_env.sh COMMAND..."
 
+# The disks that the tests fill are mounted for this run alone: however it ends, none of them stays.
+if ((UID == 0)) && [[ -z ${QUILLO_OWN_MOUNTS:-} ]] && unshare --mount true 2>/dev/null; then
+    QUILLO_OWN_MOUNTS=1 exec unshare --mount "$0" "$@"
+fi
+
 probe=$win_build/tests/window_probe.exe
 [[ -f $probe ]] || die "$probe is missing: build the target window_probe first"
 
@@ -20,6 +25,7 @@ clean_up() {
     for desktop in "$work"/*/; do
         WINEPREFIX=${desktop}wine timeout 60 wineserver -k >/dev/null 2>&1 || true
         stop_desktop "${desktop}desktop.state"
+        remove_test_disks "${desktop%/}"
     done
     rm -rf "$work"
 }

@@ -51,16 +51,14 @@ std::vector<std::u16string_view> SplitFields(std::u16string_view text) {
     return fields;
 }
 
-/// Four numbers in twips; nothing unless all four are there and can be read.
-std::optional<TwipsRect> ReadRectangle(const std::vector<std::u16string_view>& fields, LocaleText& locale) {
-    std::array<float, 4> edges{};
-    if (fields.size() < edges.size()) return std::nullopt;
-    for (std::size_t i = 0; i < edges.size(); ++i) {
-        const std::optional<double> number = locale.ParseNumber(fields[i]);
+/// Four numbers in twips. A field that is missing or no number is not present.
+NotePosition ReadRectangle(const std::vector<std::u16string_view>& fields, LocaleText& locale) {
+    const auto field = [&](std::size_t i) -> std::optional<float> {
+        const std::optional<double> number = i < fields.size() ? locale.ParseNumber(fields[i]) : std::nullopt;
         if (!number || std::fabs(*number) > std::numeric_limits<float>::max()) return std::nullopt;
-        edges[i] = static_cast<float>(*number);
-    }
-    return TwipsRect{edges[0], edges[1], edges[2], edges[3]};
+        return static_cast<float>(*number);
+    };
+    return NotePosition{field(0), field(1), field(2), field(3)};
 }
 
 /// "True", or any number but 0.
@@ -73,7 +71,7 @@ bool ReadPinned(const std::vector<std::u16string_view>& fields, LocaleText& loca
 
 void ApplySize(OpenNote& note, std::u16string_view size, LocaleText& locale) {
     const std::vector<std::u16string_view> fields = SplitFields(size.empty() ? kUnknownSize : size);
-    if (const std::optional<TwipsRect> rectangle = ReadRectangle(fields, locale)) note.MoveTo(*rectangle);
+    note.SetPosition(ReadRectangle(fields, locale));
     if (ReadPinned(fields, locale)) note.SetPinned(true);
 }
 
@@ -89,11 +87,9 @@ std::optional<std::int64_t> ReadNumber(std::u16string_view text) {
     return number;
 }
 
-std::set<std::int64_t> NumbersOf(const TesselRegistry& store, std::int64_t count) {
+std::set<std::int64_t> NumbersOf(const TextTable& values, std::int64_t count) {
     std::set<std::int64_t> numbers;
     for (std::int64_t number = 1; number <= std::min(count, kSurelyMeant); ++number) numbers.insert(number);
-    TextTable values;
-    store.GetAllValues(values);
     for (const std::u16string_view value : values.names) {
         for (const std::u16string_view name : kOfEachNote) {
             if (!EqualsIgnoringAsciiCase(value.substr(0, name.size()), name)) continue;
@@ -109,7 +105,9 @@ std::set<std::int64_t> NumbersOf(const TesselRegistry& store, std::int64_t count
 bool LegacyNotes::Import(NoteWorld world) {
     const TesselRegistry store(registry_, kUserKey);
     bool anyHidden = false;
-    numbers_ = NumbersOf(store, store.ValueLong(kCount));
+    TextTable values;
+    if (!store.GetAllValues(values)) return false;  // the rest of the store would be lost when it is cleared
+    numbers_ = NumbersOf(values, store.ValueLong(kCount));
     for (const std::int64_t number : numbers_) {
         const OpenNote* note = ImportNote(world, store, number);
         if (note == nullptr) {
@@ -148,16 +146,11 @@ void LegacyNotes::TakeBackImport() {
     numbers_.clear();
 }
 
-void LegacyNotes::SaveAllNotesAndClear() {
-    std::set<std::u16string> failed;
-    notes_.ForEach([this, &failed](OpenNote& note) {
-        const bool isLegacy = unsaved_.count(note.NoteKey()) != 0;
-        // A failed save leaves a note unchanged; one that the store still backs is to be tried again.
-        if (isLegacy) note.MarkChanged();
-        const bool saved = note.PersistNote();
-        if (isLegacy && !saved) failed.insert(note.NoteKey());
+void LegacyNotes::ClearWhatIsSaved() {
+    std::erase_if(unsaved_, [this](const std::u16string& key) {
+        OpenNote* note = notes_.Find(key);
+        return note == nullptr || note->Saver().IsStored();
     });
-    unsaved_ = std::move(failed);
     // Before the import the store holds the only copy of its notes: a quit during start-up must not touch it.
     if (imported_ && unsaved_.empty()) Clear();
 }

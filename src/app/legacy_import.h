@@ -21,11 +21,12 @@ class LegacyNotes {
         : registry_(registry), notes_(notes), random_(random) {}
 
     /// Opens every note of the store, however many notes are open. True when one of them is not visible afterwards.
-    /// When one of them cannot be made whole, nothing is imported in this start and the store keeps them all.
+    /// When the store cannot be read whole, or one of its notes cannot be made whole, nothing is imported in this start
+    /// and the store keeps them all.
     [[nodiscard]] bool Import(NoteWorld world);
 
-    /// Every open note saves itself, then the store is cleared.
-    void SaveAllNotesAndClear();
+    /// Called when all open notes have saved themselves: the store is cleared if that has worked for all of its notes.
+    void ClearWhatIsSaved();
 
   private:
     /// Null when the note's window cannot be made or does not take the whole text.

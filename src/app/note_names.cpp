@@ -36,7 +36,7 @@ char16_t InFileName(char16_t c) {
         case u'?':
             return 0;
         default:
-            return c;
+            return c < u' ' ? char16_t{0} : c;  // no file system takes a control character
     }
 }
 
@@ -58,26 +58,47 @@ std::u16string_view BeginningOf(std::u16string_view clean) {
     return clean.substr(0, cutsPair ? kLongestName - 1 : kLongestName);
 }
 
+/// The names of devices, which the system looks for in the part of a file name before its first period.
+bool IsDeviceName(std::u16string_view name) {
+    const std::u16string_view base = Trim(name.substr(0, name.find(u'.')));
+    for (const std::u16string_view device : {u"con", u"prn", u"aux", u"nul", u"conin$", u"conout$", u"clock$"}) {
+        if (EqualsIgnoringAsciiCase(base, device)) return true;
+    }
+    constexpr std::size_t kPortName = 4;
+    if (base.size() != kPortName) return false;
+    const bool port = StartsWithIgnoringAsciiCase(base, u"com") || StartsWithIgnoringAsciiCase(base, u"lpt");
+    // The raised digits count too.
+    constexpr std::u16string_view kDigits = u"0123456789\u00B9\u00B2\u00B3";
+    return port && kDigits.find(base.back()) != std::u16string_view::npos;
+}
+
 }  // namespace
 
 std::u16string NoteNames::SuggestNoteFileName(std::u16string_view text) {
+    const bool nameless = CleanForFileName(text).empty();
+    return SuggestNoteFileName(text,
+                               nameless ? shell_.FolderPath(SpecialFolder::DesktopDirectory) : settings_.noteFolder);
+}
+
+std::u16string NoteNames::SuggestNoteFileName(std::u16string_view text, std::u16string_view folder) {
     const std::u16string clean = CleanForFileName(text);
-    std::u16string base;
-    std::u16string separator;
-    int number = 1;
-    if (clean.empty()) {
-        base = JoinPath(shell_.FolderPath(SpecialFolder::DesktopDirectory), u"Note ");
-    } else {
-        base = JoinPath(settings_.noteFolder, BeginningOf(clean));
-        std::u16string plain = base + std::u16string(kNoteExtension);
-        if (!files_.FileExists(plain)) return plain;
-        separator = u" ";
-        number = 2;
+    if (clean.empty()) return FreeName(JoinPath(folder, u"Note "), u"", 1);
+    std::u16string name(BeginningOf(clean));
+    // A file named like a device cannot be made in any folder, and always seems to exist.
+    if (IsDeviceName(name)) name.insert(name.begin(), u'_');
+    const std::u16string base = JoinPath(folder, name);
+    std::u16string plain = base + std::u16string(kNoteExtension);
+    return files_.FileExists(plain) ? FreeName(base, u" ", 2) : plain;
+}
+
+std::u16string NoteNames::FreeName(std::u16string_view base, std::u16string_view separator, int first) {
+    constexpr int kLastNumber = 9999;
+    for (int number = first; number <= kLastNumber; ++number) {
+        std::u16string path(base);
+        path.append(separator).append(FormatInteger(number)).append(kNoteExtension);
+        if (!files_.FileExists(path)) return path;
     }
-    for (;; ++number) {
-        std::u16string numbered = base + separator + FormatInteger(number) + std::u16string(kNoteExtension);
-        if (!files_.FileExists(numbered)) return numbered;
-    }
+    return {};
 }
 
 std::u16string NoteNames::MakeTemporaryFileName() {

@@ -18,12 +18,17 @@ class NoteNames {
     NoteNames(FileStore& files, Shell& shell, const Settings& settings)
         : files_(files), shell_(shell), settings_(settings) {}
 
-    /// A free full path ending in ".qln", made from the note's text.
+    /// A free full path ending in ".qln", made from the note's text, in the "Note folder"; "" when every name that
+    /// could be made is taken.
     [[nodiscard]] std::u16string SuggestNoteFileName(std::u16string_view text);
+    /// The same in another folder.
+    [[nodiscard]] std::u16string SuggestNoteFileName(std::u16string_view text, std::u16string_view folder);
     /// A free full path in the system's temporary folder.
     [[nodiscard]] std::u16string MakeTemporaryFileName();
 
   private:
+    [[nodiscard]] std::u16string FreeName(std::u16string_view base, std::u16string_view separator, int first);
+
     FileStore& files_;
     Shell& shell_;
     const Settings& settings_;

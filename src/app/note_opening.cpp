@@ -2,19 +2,19 @@
 
 #include <utility>
 
-#include "app/legacy_import.h"
 #include "app/note_identifier.h"
 #include "app/note_names.h"
 #include "app/notes_folder.h"
 #include "app/program.h"
+#include "app/save_all.h"
 #include "controls/swatch_palette.h"
 #include "notes/note_codec.h"
+#include "notes/unicode_element.h"
 #include "ports/clock.h"
 #include "ports/file_store.h"
 #include "ports/locale_text.h"
-#include "ports/shell.h"
 #include "ports/user_notice.h"
-#include "util/ignore.h"
+#include "util/content_hash.h"
 
 namespace quillo {
 
@@ -25,6 +25,17 @@ constexpr std::u16string_view kLimitText =
     u"Sorry, you can't open any more notes at this time.  (You can have up to 50.)  Please close one or more notes and "
     u"try again.";
 static_assert(kMaxOpenNotes == 50, "the limit stands in the text");
+
+constexpr std::u16string_view kUnopenedTitle = u"A note cannot be opened";
+const std::u16string kUnopenedText =
+    u"Windows did not give Quillo a window that holds the whole note, so its file was left where it is: ";
+
+HoldResult HoldNoteFile(FileStore& files, std::u16string_view path) {
+    HoldResult held = files.Hold(path, 2 * kLargestNoteFile);
+    if (!held.file || held.file->Bytes().size() <= kLargestNoteFile) return held;
+    if (EndsWithUnicodeElement(held.file->Bytes())) return held;
+    return {nullptr, FileError::TooLarge};
+}
 
 }  // namespace
 
@@ -38,32 +49,42 @@ bool NoteOpening::CanOpenAnotherNote() {
     return false;
 }
 
-void NoteOpening::OpenNoteFile(std::u16string_view path) {
-    if (!CanOpenAnotherNote()) return;
-    if (!program_.startingUp) legacy_.SaveAllNotesAndClear();
+OpenOutcome NoteOpening::OpenNoteFile(std::u16string_view path, OpenMode mode) {
+    if (!CanOpenAnotherNote()) return OpenOutcome::Failed;
+    if (mode == OpenMode::ByUser && !program_.startingUp) saveAll_.Run();
 
     const std::u16string plainPath(StripQuotes(path));
-    // While the saved notes are loaded no file comes twice.
-    if (OpenNote* open = program_.loadingNotes ? nullptr : FindStoredAt(plainPath)) {
-        open->Popup();
-        open->Activate();
-        return;
+    // From reading to deletion nobody else can change the file.
+    const HoldResult held = HoldNoteFile(world_.store.Files(), plainPath);
+    if (!held.file) {
+        if (held.error == FileError::InUse) return OpenOutcome::InUse;
+        return held.error == FileError::TooLarge ? OpenOutcome::TooLarge : OpenOutcome::Failed;
     }
-    const std::optional<std::string> bytes = ReadTextFile(plainPath);
-    if (!bytes) return;
-    NoteFile content = ParseNoteFile(*bytes, world_.locale);
+    const FileVersion source{plainPath, ContentHash(held.file->Bytes())};
+    // While the saved notes are loaded no file comes twice.
+    if (OpenNote* open = program_.loadingNotes ? nullptr : FindOpen(plainPath, source)) {
+        open->Popup();
+        if (mode == OpenMode::ByUser) open->Activate();
+        return OpenOutcome::Done;
+    }
+    NoteFile content = ParseNoteFile(held.file->Bytes(), world_.locale);
+    if (content.text.find(u'\0') != std::u16string::npos) return OpenOutcome::Failed;  // no text
     if (!content.hasTags && content.text.empty()) content.text = NameWithoutExtension(FileNameOfPath(plainPath));
 
-    OpenNote* note = CreateNote(content, plainPath);
-    if (!note) return;
-    TakeIn(*note, plainPath, content);
-    if (note->Data().StoragePath.empty()) {
-        const bool keepSource = content.keepsFile;
-        MoveIntoNotesFolder(*note, plainPath, content.text, keepSource);
+    OpenNote* note = CreateNote(content, plainPath, mode);
+    if (note == nullptr) {
+        TellOfUnopened(plainPath);
+        return OpenOutcome::Failed;
     }
+    if (IsInNotesFolder(plainPath, program_.notesFolder, world_.locale)) {
+        note->Saver().SetStorageCopy(source);
+    } else {
+        MoveIntoNotesFolder(*note, content, *held.file, plainPath);
+    }
+    return OpenOutcome::Done;
 }
 
-OpenNote* NoteOpening::CreateNote(const NoteFile& content, std::u16string_view openedPath) {
+OpenNote* NoteOpening::CreateNote(const NoteFile& content, std::u16string_view openedPath, OpenMode mode) {
     if (!CanOpenAnotherNote()) return nullptr;
     OpenNote* added = program_.openNotes.Add(world_, NewNoteIdentifier(program_.openNotes, random_));
     if (added == nullptr) return nullptr;
@@ -84,7 +105,8 @@ OpenNote* NoteOpening::CreateNote(const NoteFile& content, std::u16string_view o
         note.UpdateColors();
     }
     note.SetNoteEffects();
-    if (program_.settings.autoPinNewNotes && !program_.startingUp) note.SetPinned(true);
+    const bool atStart = program_.startingUp || mode == OpenMode::AtStart;
+    if (program_.settings.autoPinNewNotes && !atStart) note.SetPinned(true);
     if (!settled) note.Popup();
     return &note;
 }
@@ -95,21 +117,17 @@ void NoteOpening::CreateNewNote() {
     if (OpenNote* note = CreateNote(newNote)) note->Activate();
 }
 
-/// Nothing for a missing, locked or unreadable file, a folder, and a file with NUL characters, which is no text.
-std::optional<std::string> NoteOpening::ReadTextFile(std::u16string_view path) {
-    std::optional<std::string> bytes = files_.Read(path);
-    if (bytes && bytes->find('\0') != std::string::npos) return std::nullopt;
-    return bytes;
-}
-
-/// The open note whose storage copy is that file. Two notes on one file would overwrite each other's text, and closing
-/// one would delete the file under the other.
-OpenNote* NoteOpening::FindStoredAt(std::u16string_view path) {
+/// The open note whose storage copy is that file, or which was opened from it before. Two notes on one file would
+/// overwrite each other's text, and closing one would delete the file under the other.
+OpenNote* NoteOpening::FindOpen(std::u16string_view path, const FileVersion& source) {
     const std::u16string wanted = world_.locale.ToLower(path);
     OpenNote* found = nullptr;
     program_.openNotes.ForEach([&](OpenNote& note) {
         const std::u16string& stored = note.Data().StoragePath;
-        if (!stored.empty() && world_.locale.ToLower(stored) == wanted) found = &note;
+        const FileVersion& opened = note.Source();
+        const bool storedThere = !stored.empty() && world_.locale.ToLower(stored) == wanted;
+        const bool openedThence = opened.hash == source.hash && world_.locale.ToLower(opened.path) == wanted;
+        if (storedThere || (openedThence && !opened.path.empty())) found = &note;
     });
     return found;
 }
@@ -125,29 +143,37 @@ void NoteOpening::FillNewNote(OpenNote& note) const {
     if (program_.settings.timestampNewNotes) note.AddTimestamp();
 }
 
-/// A file of the notes folder becomes the note's storage copy, any other its own file. A file that the program named
-/// for the note is no file of its own: the note keeps none.
-void NoteOpening::TakeIn(OpenNote& note, std::u16string_view path, const NoteFile& content) {
-    if (IsInNotesFolder(path, program_.notesFolder, world_.locale)) {
-        note.SetStoragePath(std::u16string(path));
-        return;
-    }
+void NoteOpening::MoveIntoNotesFolder(OpenNote& note, const NoteFile& content, HeldFile& source,
+                                      std::u16string_view path) {
+    // A file that the program named for the note is no file of its own: the note keeps none.
     note.SetFileName(content.kind == FileKind::ProgramNamed ? FileNameOf(content, path, {}, world_.locale)
                                                             : std::u16string(path));
+    const FileVersion from{std::u16string(path), ContentHash(source.Bytes())};
+    note.Saver().ChooseStoragePath();
+    std::u16string record;
+    if (!content.keepsFile) {
+        const std::optional<std::string> bytes = world_.store.FormatStorageCopy(note.Content());
+        const FileVersion to{note.Data().StoragePath, bytes ? ContentHash(*bytes) : 0};
+        record = world_.store.Journal().Begin({PendingStep::Kind::Move, {}, from, to});
+    }
+    note.MarkChanged();
+    const bool stored = note.PersistNote() && IsStoredWhole(note, content);
+    const bool gone = stored && !content.keepsFile && source.Delete() == FileError::None;
+    if (!gone) note.SetSource(from);
+    world_.store.Journal().End(record);
 }
 
-void NoteOpening::MoveIntoNotesFolder(OpenNote& note, std::u16string_view path, std::u16string_view text,
-                                      bool keepSource) {
-    note.MarkChanged();
-    const bool stored = note.PersistNote();
-    if (keepSource) return;
-    // A storage copy with "?" for what the code page cannot hold is not the whole text.
-    if (stored && note.Text() == text) {
-        Ignore(files_.Delete(path), "a source that cannot be deleted stays, and the note is safe all the same");
-    } else {
-        // The source may be the only whole copy: it goes where the user can take it back from.
-        Ignore(shell_.Recycle(path), "what cannot be recycled stays");
-    }
+/// True when the storage copy gives the text back that was read, except for an empty first line.
+bool NoteOpening::IsStoredWhole(const OpenNote& note, const NoteFile& content) {
+    if (note.Text() != content.text) return false;
+    const std::optional<std::string> bytes = world_.store.Files().Read(note.Data().StoragePath);
+    const std::u16string_view text = content.text;
+    return bytes && ParseNoteFile(*bytes, world_.locale).text == text.substr(text.substr(0, 2) == u"\r\n" ? 2 : 0);
+}
+
+void NoteOpening::TellOfUnopened(std::u16string_view path) const {
+    if (program_.settings.disableBalloonHelp || program_.openNotes.Count() >= kMaxOpenNotes) return;
+    world_.notice.Balloon(kUnopenedTitle, kUnopenedText + std::u16string(FileNameOfPath(path)), BalloonIcon::Warning);
 }
 
 }  // namespace quillo

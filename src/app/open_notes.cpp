@@ -40,10 +40,15 @@ void OpenNotes::RemoveNote(const std::u16string& noteKey) {
     notes_.erase(found);
 }
 
+void OpenNotes::SaveUnsavedNotes() {
+    ForEach([](OpenNote& note) { note.PersistNote(); });
+}
+
 void OpenNotes::UnloadAll() {
     // Closing a window can call back into the collection, which is already empty by then.
     std::vector<Entry> leaving = std::exchange(notes_, {});
     for (Entry& entry : leaving) {
+        entry.note->Saver().Stop();
         entry.view->Close();
         removed_.push_back(std::move(entry));
     }
@@ -77,8 +82,7 @@ void RecreateNoteIcons(OpenNotes& notes) {
 }
 
 void PersistAllNotes(OpenNotes& notes) {
-    notes.ForEach(
-        [](OpenNote& note) { Ignore(note.PersistNote(), "a full disk is not tried again until the next change"); });
+    notes.SaveUnsavedNotes();
 }
 
 void ApplyTranslucencyToAllNotes(OpenNotes& notes) {

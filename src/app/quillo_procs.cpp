@@ -2,7 +2,6 @@
 
 #include "app/app_identity.h"
 #include "app/command_line.h"
-#include "app/quit.h"
 #include "notes/note_form.h"
 #include "platform/app_id.h"
 #include "platform/late_library.h"
@@ -24,13 +23,16 @@ QuilloProcs::QuilloProcs()
     : resForm_([this] { BroadcastTimer(program_.openNotes); }),
       program_(*this),
       names_(files_, shell_, program_.settings),
-      store_(files_, locale_, shell_, names_),
+      store_(files_, locale_, shell_, names_, program_.notesFolder),
       mail_(locale_, dialogs_),
       reminders_{program_.settings, program_.os, registry_, clock_, locale_, notice_, sound_, loop_},
+      saveFailures_(notice_, program_.settings),
       noteWorld_{program_.settings,
                  program_.os,
                  program_.notesFolder,
                  store_,
+                 timers_,
+                 saveFailures_,
                  locale_,
                  clock_,
                  notice_,
@@ -39,7 +41,11 @@ QuilloProcs::QuilloProcs()
                  mail_,
                  registry_},
       legacy_(registry_, program_.openNotes, random_),
-      opening_(program_, noteWorld_, files_, shell_, random_, legacy_),
+      saveAll_(program_.openNotes, legacy_, store_),
+      opening_(program_, noteWorld_, random_, saveAll_),
+      late_(opening_, timers_, notice_, program_.settings),
+      recovery_(store_, locale_, program_.notesFolder),
+      quit_(program_, saveAll_, store_, registry_, notice_),
       mainForm_(MainFormTools{program_, registry_, shell_, notice_, locale_, ole_, dialogs_}),
       aboutForm_(shell_, loop_, ProgramVersion{QUILLO_VERSION_MAJOR, QUILLO_VERSION_MINOR, QUILLO_VERSION_PATCH}) {
     loop_.RunAfterEach([this] { program_.openNotes.ReleaseRemoved(); });
@@ -51,13 +57,14 @@ void QuilloProcs::BindMainForm() {
     notice_.onBalloon = [this](std::u16string_view title, std::u16string_view text, BalloonIcon icon) {
         mainForm_.ShowBalloon(title, text, icon);
     };
-    const auto saveAll = [this] { legacy_.SaveAllNotesAndClear(); };
+    const auto saveAll = [this] { saveAll_.Run(); };
     mainForm_.onNewNote = [this] { opening_.CreateNewNote(); };
     mainForm_.onOptions = [this] { OpenOptions(); };
     mainForm_.onAbout = [this] {
         Ignore(aboutForm_.Open(mainForm_.Handle()), "a dialog that cannot open has nothing to lose");
     };
-    mainForm_.onQuit = [this] { Quit(); };
+    mainForm_.onQuit = [this] { EndProgram(QuitReason::User); };
+    mainForm_.onSessionEnd = [this] { EndProgram(QuitReason::SessionEnd); };
     mainForm_.onBackup = saveAll;
     mainForm_.onSessionEnding = saveAll;
     mainForm_.onGoingAway = [this] { PersistAllNotes(program_.openNotes); };
@@ -75,7 +82,8 @@ void QuilloProcs::OpenOptions() {
 }
 
 int QuilloProcs::Main(std::u16string_view commandLine) {
-    Startup startup(*this, StartupWorld{program_, noteWorld_, opening_, legacy_, registry_, files_, shell_, notice_});
+    Startup startup(*this, StartupWorld{program_, noteWorld_, opening_, legacy_, late_, recovery_, registry_, files_,
+                                        shell_, notice_});
     resForm_.Load();  // reminders fall due also while start-up waits for an answer
     if (startup.Run(commandLine) == StartupOutcome::EndProcess) return 0;
     for (const std::u16string& command : std::exchange(waitingCommands_, {})) OnCommand(command);
@@ -144,19 +152,21 @@ void QuilloProcs::OnCommand(std::u16string_view text) {
     const Command command = ClassifyReceived(text);
     switch (command.kind) {
         case Command::Kind::Close:
-            return Quit();
+            return EndProgram(QuitReason::Command);
         case Command::Kind::New:
             return opening_.CreateNewNote();
         case Command::Kind::OpenFile:
-            return opening_.OpenNoteFile(command.text);
+            opening_.OpenNoteFile(command.text);
+            return;
         case Command::Kind::None:
         case Command::Kind::Unknown:
             return;
     }
 }
 
-void QuilloProcs::Quit() {
-    if (!SaveAndUnloadNotes(program_, legacy_, registry_)) return;
+void QuilloProcs::EndProgram(QuitReason reason) {
+    if (!quit_.Run(reason)) return;
+    late_.Stop();
     if (options_) options_->Unload();
     loop_.Quit(0);
 }

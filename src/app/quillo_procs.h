@@ -5,10 +5,14 @@
 #include <string_view>
 #include <vector>
 
+#include "app/late_notes.h"
 #include "app/legacy_import.h"
 #include "app/note_names.h"
 #include "app/note_opening.h"
 #include "app/program.h"
+#include "app/quit.h"
+#include "app/recovery.h"
+#include "app/save_all.h"
 #include "app/startup.h"
 #include "controls/note_button_images.h"
 #include "mainmenu/about_form.h"
@@ -30,6 +34,7 @@
 #include "platform/win_registry_api.h"
 #include "platform/win_shell.h"
 #include "platform/win_sound_device.h"
+#include "platform/win_timers.h"
 #include "platform/win_user_notice.h"
 #include "reminders/reminder_tools.h"
 #include "util/busy_flag.h"
@@ -65,7 +70,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     void OnCommand(std::u16string_view text);
     void BindMainForm();
     void OpenOptions();
-    void Quit();
+    void EndProgram(QuitReason reason);
 
     BusyFlag dialogs_;  ///< set while a modal dialog of the program stands
 
@@ -75,6 +80,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     WinRegistryApi registry_;
     WinShell shell_;
     WinClock clock_;
+    WinTimers timers_;
     WinRandom random_;
     WinUserNotice notice_{dialogs_};
     WinSoundDevice sound_;
@@ -93,9 +99,14 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     NoteStore store_;
     MapiMail mail_;
     ReminderTools reminders_;
+    SaveFailures saveFailures_;
     NoteWorld noteWorld_;
     LegacyNotes legacy_;
+    SaveAll saveAll_;
     NoteOpening opening_;
+    LateNotes late_;
+    Recovery recovery_;
+    Quit quit_;
     MainForm mainForm_;
     std::unique_ptr<OptionsForm> options_;  ///< from its first opening on
     AboutForm aboutForm_;

@@ -1,23 +1,80 @@
 #include "app/quit.h"
 
-#include "app/legacy_import.h"
+#include <utility>
+
 #include "app/program.h"
 #include "app/registry_keys.h"
+#include "app/save_all.h"
+#include "ports/user_notice.h"
 #include "registry/tessel_registry.h"
+#include "util/content_hash.h"
+#include "util/ignore.h"
+#include "util/text.h"
 
 namespace quillo {
+namespace {
 
-bool SaveAndUnloadNotes(Program& program, LegacyNotes& legacy, RegistryApi& registry) {
-    if (program.quitting) return false;
-    program.quitting = true;
-    legacy.SaveAllNotesAndClear();
-    TesselRegistry key(registry, kUserKey);
-    if (key.ValueLong(u"Startup Mode") >= 1 && program.openNotes.Count() == 0) {
-        key.SetRootPath(kRunKey);
-        key.DeleteValue(kRunValue);
+constexpr std::u16string_view kLoseQuestion =
+    u"Quillo was unable to save one or more notes anywhere.  Do you still want to quit?\r\n\r\nIf you click Yes, what "
+    u"you "
+    u"have changed in these notes will be lost.  If you click No, Quillo keeps running.";
+
+}  // namespace
+
+bool Quit::Run(QuitReason reason) {
+    if (program_.quitting) return false;
+    program_.quitting = true;
+    saveAll_.Run();
+    store_.RetryDeletions();
+    if (!RescueNotes(reason)) {
+        program_.quitting = false;
+        return false;
     }
-    program.openNotes.UnloadAll();
+    LeaveRunKey();
+    program_.openNotes.UnloadAll();
     return true;
+}
+
+bool Quit::RescueNotes(QuitReason reason) {
+    bool anyLost = false;
+    program_.openNotes.ForEach([&](OpenNote& note) {
+        if (!note.Saver().HasUnsavedChange()) return;
+        if (Trim(note.Text()).empty() && !note.Data().ReminderSet) return;  // nothing in it
+        if (!Rescue(note)) anyLost = true;
+    });
+    const bool mayEnd = !anyLost || reason != QuitReason::User || notice_.Ask(kLoseQuestion, Question::YesNoDefaultNo);
+    if (!mayEnd) TakeBackRescue();
+    return mayEnd;
+}
+
+bool Quit::Rescue(OpenNote& note) {
+    // The file that the note was opened from may still hold all of it.
+    const std::optional<std::string> source = store_.Files().Read(note.Source().path);
+    if (source && ContentHash(*source) == note.Source().hash && note.IsTextOf(*source)) return true;
+    const SavedNote saved = store_.Rescue(note.Content());
+    if (saved.path.empty()) return false;
+    const std::u16string& copy = note.Data().StoragePath;
+    const std::optional<std::string> now = store_.Files().Read(copy);
+    // A copy that another program has open cannot be read either: it is what it was.
+    const std::uint64_t known = store_.Files().FileExists(copy) ? note.Saver().StorageCopy().hash : 0;
+    const FileVersion from{copy, now ? ContentHash(*now) : known};
+    const FileVersion to{saved.path, saved.hash};
+    rescued_.push_back({to, store_.Journal().Begin({PendingStep::Kind::Rescue, {}, from, to})});
+    return true;
+}
+
+void Quit::TakeBackRescue() {
+    for (const Rescued& rescued : std::exchange(rescued_, {})) {
+        Ignore(store_.Files().Delete(rescued.file.path), "another copy of a note that is still open");
+        store_.Journal().End(rescued.record);
+    }
+}
+
+void Quit::LeaveRunKey() {
+    TesselRegistry key(registry_, kUserKey);
+    if (key.ValueLong(u"Startup Mode") < 1 || program_.openNotes.Count() != 0) return;
+    key.SetRootPath(kRunKey);
+    key.DeleteValue(kRunValue);
 }
 
 }  // namespace quillo

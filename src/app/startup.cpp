@@ -1,11 +1,16 @@
 #include "app/startup.h"
 
+#include <exception>
+#include <utility>
+
 #include "app/command_line.h"
+#include "app/late_notes.h"
 #include "app/legacy_import.h"
 #include "app/note_names.h"
 #include "app/note_opening.h"
 #include "app/notes_folder.h"
 #include "app/program.h"
+#include "app/recovery.h"
 #include "app/registry_keys.h"
 #include "app/settings_table.h"
 #include "ports/file_store.h"
@@ -23,6 +28,16 @@ namespace {
 constexpr ColorWord kFirstNoteColor{0xC0FFFF};
 constexpr ColorWord kFirstBorderColor{0xC0FF};
 constexpr ColorWord kFirstTextColor{0};
+
+/// A step that fails costs itself, never the start.
+template <typename Step>
+void Try(Step step) {
+    try {
+        step();
+    } catch (const std::exception&) {
+        // The next step runs.
+    }
+}
 
 }  // namespace
 
@@ -42,11 +57,15 @@ StartupOutcome Startup::Run(std::u16string_view commandLine) {
     RegisterToStartWithWindows();
     LoadSettings(registry, world_.shell, world_.files, program.settings);
     if (!FindNotesFolder()) return StartupOutcome::EndProcess;
-    stage_.LoadMainForm();
-    ApplySettingsToAllNotes(program.openNotes);
-    GreetFirstRun();
-    if (OpenSavedNotes()) TellOfHiddenNotes();
-    CarryOut(commandLine);
+    Try([this] { stage_.LoadMainForm(); });
+    Try([&] { ApplySettingsToAllNotes(program.openNotes); });
+    Try([this] { GreetFirstRun(); });
+    Try([this] { FinishEarlierRuns(); });
+    Try([this] {
+        if (OpenSavedNotes()) TellOfHiddenNotes();
+    });
+    program.loadingNotes = false;
+    Try([&] { CarryOut(commandLine); });
     program.startingUp = false;
     return StartupOutcome::Running;
 }
@@ -89,12 +108,24 @@ bool Startup::OpenSavedNotes() {
     Program& program = world_.program;
     program.loadingNotes = true;
     const bool anyHidden = world_.legacy.Import(world_.notes);
-    for (const std::u16string& path : world_.files.List(program.notesFolder, kNoteExtension)) {
+    for (const FileEntry& file : world_.files.List(program.notesFolder, kNoteExtension)) {
         if (!world_.opening.CanOpenAnotherNote()) break;  // one message, not one for each file left
-        world_.opening.OpenNoteFile(path);
+        world_.late.Open(file.path, file.size);
     }
     program.loadingNotes = false;
+    for (const std::u16string& path : rescued_) world_.late.Open(path, 0);
+    world_.late.Begin();
     return anyHidden;
+}
+
+void Startup::FinishEarlierRuns() {
+    Recovery::Result result = world_.recovery.Run();
+    rescued_ = std::move(result.files);
+    if (result.restored == 0 || world_.program.settings.disableBalloonHelp) return;
+    world_.notice.Balloon(u"Your notes are back",
+                          u"Quillo could not save some notes at their place when it last ended, so it had kept them as "
+                          u"files.  They are open again.",
+                          BalloonIcon::Information);
 }
 
 void Startup::TellOfHiddenNotes() {

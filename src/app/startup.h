@@ -3,14 +3,17 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/os_facts.h"
 
 namespace quillo {
 
 class FileStore;
+class LateNotes;
 class LegacyNotes;
 class NoteOpening;
+class Recovery;
 class RegistryApi;
 class Shell;
 class UserNotice;
@@ -42,6 +45,8 @@ struct StartupWorld {
     NoteWorld& notes;
     NoteOpening& opening;
     LegacyNotes& legacy;
+    LateNotes& late;
+    Recovery& recovery;
     RegistryApi& registry;
     FileStore& files;
     Shell& shell;
@@ -64,11 +69,13 @@ class Startup {
     [[nodiscard]] bool FindNotesFolder();
     void GreetFirstRun();
     [[nodiscard]] bool OpenSavedNotes();
+    void FinishEarlierRuns();
     void TellOfHiddenNotes();
     void CarryOut(std::u16string_view commandLine);
 
     StartupStage& stage_;
     StartupWorld world_;
+    std::vector<std::u16string> rescued_;  ///< files of notes that are not back at their place
 };
 
 /// Opens the help file; a missing one shows nothing.

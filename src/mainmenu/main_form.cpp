@@ -106,7 +106,7 @@ LRESULT MainForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (onSessionEnding) onSessionEnding();
             return TRUE;
         case WM_ENDSESSION:
-            if (wParam != FALSE && onQuit) onQuit();
+            if (wParam != FALSE && onSessionEnd) onSessionEnd();
             return 0;
         case WM_WTSSESSION_CHANGE:
             return OnSessionChange(wParam), 0;

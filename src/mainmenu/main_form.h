@@ -72,8 +72,10 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     std::function<void()> onNewNote;
     std::function<void()> onOptions;
     std::function<void()> onAbout;
-    /// Ends the program as the end of the session would.
+    /// The user ends the program.
     std::function<void()> onQuit;
+    /// The session ends: nobody can be asked any more.
+    std::function<void()> onSessionEnd;
     /// Every five minutes: all notes are to be saved.
     std::function<void()> onBackup;
     /// The session asks whether it may end: everything is to be on the disk before the answer.

@@ -1,4 +1,5 @@
 target_sources(quillo_core PRIVATE
+  notes/disk_reserve.cpp
   notes/hide_hint.cpp
   notes/note_codec.cpp
   notes/note_color_dialog.cpp
@@ -7,10 +8,13 @@ target_sources(quillo_core PRIVATE
   notes/note_face.cpp
   notes/note_mail.cpp
   notes/note_print.cpp
+  notes/note_saver.cpp
   notes/note_store.cpp
   notes/open_note.cpp
   notes/open_note_sharing.cpp
   notes/print_lines.cpp
+  notes/save_journal.cpp
+  notes/save_texts.cpp
   notes/screen_fit.cpp
   notes/unicode_element.cpp
 )

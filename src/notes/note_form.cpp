@@ -26,8 +26,6 @@
 namespace quillo {
 namespace {
 
-/// How long after its last change a note is saved: long enough not to write at every key.
-constexpr UINT kSaveMilliseconds = 2000;
 constexpr int kBalloonSeconds = 10;
 /// Timers come after painting: whatever this one starts, the note is on the screen before.
 constexpr UINT kSettleMilliseconds = 10;
@@ -37,15 +35,7 @@ constexpr Size kSmallestNote{80, 56};
 }  // namespace
 
 NoteForm::NoteForm(OpenNote& note, const NoteFormTools& tools)
-    : note_(note),
-      tools_(tools),
-      buttons_(tools.images),
-      trayIcon_(tools.locale),
-      settleTimer_([this] { Settle(); }),
-      saveTimer_([this] {
-          saveTimer_.Stop();
-          note_.PersistNote();
-      }) {
+    : note_(note), tools_(tools), buttons_(tools.images), trayIcon_(tools.locale), settleTimer_([this] { Settle(); }) {
     TrayProperties hiddenIcon;
     hiddenIcon.visible = false;
     trayIcon_.LoadProperties(hiddenIcon);
@@ -138,7 +128,6 @@ LRESULT NoteForm::OnCreate() {
 }
 
 void NoteForm::OnDestroy() {
-    saveTimer_.Stop();
     settleTimer_.Stop();
     HideIcon();
     if (reminderAlert_) reminderAlert_->Unload();
@@ -494,9 +483,9 @@ void NoteForm::OnPaint() {
     if (!buttons_.IsCreated()) buttons_.PaintAtRest(buffer.Dc(), layout);
 }
 
-void NoteForm::SaveSoon() {
-    // A note whose window has gone is closed: it must not write its storage copy again.
-    if (Handle() != nullptr) saveTimer_.Start(kSaveMilliseconds);
+void NoteForm::ShowSaveProblem(std::u16string_view reason) {
+    saveProblem_ = reason;
+    Repaint();
 }
 
 bool NoteForm::InsertDropped(std::u16string_view text) {

@@ -76,7 +76,7 @@ class NoteForm : public Window, public NoteView {
     [[nodiscard]] std::u16string AskCopyPath() override;
     void ApplyAppearance(const Note& note, const Settings& settings) override;
     void Repaint() override;
-    void SaveSoon() override;
+    void ShowSaveProblem(std::u16string_view reason) override;
     void Close() override;
 
   protected:
@@ -132,7 +132,7 @@ class NoteForm : public Window, public NoteView {
     ColorWord textColor_;
     DropRegistration drops_;
     UiTimer settleTimer_;
-    UiTimer saveTimer_;
+    std::u16string saveProblem_;                       ///< why the note is not saved; "" while it is
     std::unique_ptr<SetReminderForm> reminderDialog_;  ///< without a window once it was closed
     std::unique_ptr<ReminderForm> reminderAlert_;
     bool active_ = false;

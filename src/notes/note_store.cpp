@@ -1,59 +1,190 @@
 #include "notes/note_store.h"
 
+#include <utility>
+
 #include "app/note_names.h"
-#include "ports/file_store.h"
+#include "ports/locale_text.h"
 #include "ports/shell.h"
+#include "util/content_hash.h"
 #include "util/ignore.h"
+#include "util/numbers.h"
 
 namespace quillo {
+namespace {
 
-std::u16string NoteStore::SaveNote(const NoteFile& content, const SaveTarget& target) {
+/// How often a name is taken by somebody else between the choice and the writing before the search ends.
+constexpr int kMostNames = 20;
+
+/// The names under which a storage copy is prepared: "a.qln.new", "a.qln.2.new", ...
+std::u16string PreparedCopyName(std::u16string_view path, int number) {
+    std::u16string name(path);
+    if (number > 1) name += u"." + FormatInteger(number);
+    return name.append(kPreparedExtension);
+}
+
+SavedNote Failure(FileError error) {
+    SavedNote saved;
+    saved.error = error;
+    return saved;
+}
+
+}  // namespace
+
+SavedNote NoteStore::SaveNote(const NoteFile& content, const SaveTarget& target, const LeavingNote& leaving) {
+    NoteFile file = content;
     std::u16string path = target.fileName;
     bool programNamed = target.isTempName;
-    if (path.empty() || (!target.overwrite && files_.FileExists(path))) {
-        path = names_.SuggestNoteFileName(content.text);
-        programNamed = true;
+    SavedNote saved;
+    for (int attempt = 0; attempt < kMostNames; ++attempt) {
+        if (path.empty() || (!target.overwrite && files_.FileExists(path))) {
+            path = names_.SuggestNoteFileName(content.text);
+            programNamed = true;
+        }
+        const FileKind named = programNamed ? FileKind::ProgramNamed : FileKind::OwnFile;
+        file.kind = target.noDelete ? FileKind::StorageCopy : named;
+        file.path = path;
+        const std::optional<std::string> bytes = FormatNoteFile(file, locale_);
+        if (!bytes || path.empty()) return Failure(FileError::Failed);
+        saved = target.overwrite ? WriteOver(path, *bytes) : WriteNew(path, *bytes, leaving);
+        if (saved.error != FileError::NameTaken) break;
     }
-    const FileKind named = programNamed ? FileKind::ProgramNamed : FileKind::OwnFile;
-    NoteFile file = content;
-    file.kind = target.noDelete ? FileKind::StorageCopy : named;
-    file.path = path;
-    const std::optional<std::string> bytes = FormatNoteFile(file, locale_);
-    if (!bytes) return {};  // an empty file would take the place of a whole one
-    if (target.durable ? files_.Replace(path, *bytes) : files_.Write(path, *bytes)) return path;
-
-    if (target.isTempName) return {};
+    if (saved.error == FileError::None || target.isTempName) return saved;
     // Once more, under a name made from the text.
-    return SaveNote(content, {u"", true, target.noDelete, false, target.durable});
+    return SaveNote(content, {u"", true, target.noDelete, false}, leaving);
 }
 
-std::u16string NoteStore::NewStoragePath(std::u16string_view notesFolder) {
-    return std::u16string(notesFolder) + u"\\" + shell_.NewUniqueIdentifier() + u".qln";
+SavedNote NoteStore::SaveInFolder(const NoteFile& content, std::u16string_view folder) {
+    NoteFile file = content;
+    file.kind = FileKind::ProgramNamed;
+    for (int attempt = 0; attempt < kMostNames; ++attempt) {
+        file.path = names_.SuggestNoteFileName(content.text, folder);
+        const std::optional<std::string> bytes = FormatNoteFile(file, locale_);
+        if (!bytes || file.path.empty()) break;
+        SavedNote saved = WriteNew(file.path, *bytes, {});
+        if (saved.error != FileError::NameTaken) return saved;
+    }
+    return Failure(FileError::Failed);
 }
 
-void NoteStore::DeleteStorageCopy(std::u16string_view path) {
-    if (!path.empty()) Ignore(files_.Delete(path), "the note is closed all the same");
+SavedNote NoteStore::Rescue(const NoteFile& content) {
+    SavedNote saved = SaveNote(content, {u"", true, false, false});
+    for (const std::u16string& folder :
+         {shell_.FolderPath(SpecialFolder::DesktopDirectory), files_.TemporaryFolder()}) {
+        if (saved.path.empty() && !folder.empty()) saved = SaveInFolder(content, folder);
+    }
+    return saved;
+}
+
+SavedNote NoteStore::WriteAgain(const NoteFile& content, const std::u16string& path) {
+    SavedNote saved = SaveNote(content, {path, true, false, false});
+    return saved.path.empty() ? Rescue(content) : saved;
+}
+
+RecycleResult NoteStore::Recycle(std::u16string_view path) {
+    return shell_.Recycle(path);
+}
+
+std::u16string NoteStore::PreparedName(const std::u16string& path) {
+    return path + u"." + shell_.NewUniqueIdentifier() + std::u16string(kPreparedExtension);
+}
+
+SavedNote NoteStore::WriteOver(const std::u16string& path, std::string_view bytes) {
+    const std::u16string prepared = PreparedName(path);
+    const std::u16string record = journal_.Begin({PendingStep::Kind::Write, prepared, {}, {}});
+    FileError error = files_.Create(prepared, bytes);
+    if (error == FileError::None) {
+        error = files_.MoveOver(prepared, path);
+        if (error != FileError::None) Ignore(files_.Delete(prepared), "the next start removes it");
+    }
+    journal_.End(record);
+    return error == FileError::None ? SavedNote{path, error, ContentHash(bytes), {}} : Failure(error);
+}
+
+SavedNote NoteStore::WriteNew(const std::u16string& path, std::string_view bytes, const LeavingNote& leaving) {
+    const std::u16string prepared = PreparedName(path);
+    const bool leaves = !leaving.storageCopy.path.empty();
+    const std::uint64_t hash = ContentHash(bytes);
+    const PendingStep step{leaves ? leaving.kind : PendingStep::Kind::Write, prepared, leaving.storageCopy,
+                           leaves ? FileVersion{path, hash} : FileVersion{}};
+    const std::u16string record = journal_.Begin(step);
+    FileError error = files_.Create(prepared, bytes);
+    if (error == FileError::None) {
+        error = files_.Rename(prepared, path);
+        if (error != FileError::None) Ignore(files_.Delete(prepared), "the next start removes it");
+    }
+    if (error == FileError::None && leaves) return SavedNote{path, error, hash, record};
+    journal_.End(record);
+    return error == FileError::None ? SavedNote{path, error, hash, {}} : Failure(error);
+}
+
+std::optional<std::string> NoteStore::FormatStorageCopy(const NoteFile& content) {
+    NoteFile file = content;
+    file.kind = FileKind::StorageCopy;
+    file.path.clear();
+    return FormatNoteFile(file, locale_);
+}
+
+SavedNote NoteStore::SaveStorageCopy(const NoteFile& content, std::u16string_view path) {
+    const std::optional<std::string> bytes = path.empty() ? std::nullopt : FormatStorageCopy(content);
+    if (!bytes) return Failure(FileError::Failed);
+    FileError error = ReplaceStorageCopy(path, *bytes);
+    if (error == FileError::FolderMissing) {
+        files_.CreateFolder(FolderOfPath(notesFolder_));
+        if (files_.CreateFolder(notesFolder_)) error = ReplaceStorageCopy(path, *bytes);
+    }
+    if (error == FileError::DiskFull && reserve_.GiveUp()) error = ReplaceStorageCopy(path, *bytes);
+    if (error != FileError::None) return Failure(error);
+    return SavedNote{std::u16string(path), error, ContentHash(*bytes), {}};
+}
+
+FileError NoteStore::ReplaceStorageCopy(std::u16string_view path, std::string_view bytes) {
+    for (int number = 1; number <= kMostNames; ++number) {
+        const std::u16string prepared = PreparedCopyName(path, number);
+        FileError error = files_.Create(prepared, bytes);
+        if (error == FileError::NameTaken) continue;
+        if (error != FileError::None) return error;
+        error = files_.MoveOver(prepared, path);
+        if (error != FileError::None) Ignore(files_.Delete(prepared), "the next start looks at it");
+        return error;
+    }
+    return FileError::NameTaken;
+}
+
+std::u16string NoteStore::NewStoragePath() {
+    const std::u16string identifier = shell_.NewUniqueIdentifier();
+    return identifier.empty() ? identifier : JoinPath(notesFolder_, identifier + std::u16string(kNoteExtension));
+}
+
+void NoteStore::DeleteStorageCopy(const FileVersion& copy, std::u16string record) {
+    if (copy.path.empty()) return journal_.End(record);
+    // Before the copy: what was being prepared for it would take its place at the next start.
+    for (int number = 1; number <= kMostNames; ++number) {
+        const std::u16string prepared = PreparedCopyName(copy.path, number);
+        if (!files_.FileExists(prepared)) break;
+        Ignore(files_.Delete(prepared), "the copy goes all the same");
+    }
+    const FileError error = files_.Delete(copy.path);
+    if (error == FileError::None || error == FileError::NotFound || error == FileError::FolderMissing) {
+        return journal_.End(record);
+    }
+    if (record.empty()) record = journal_.Begin({PendingStep::Kind::Move, {}, copy, {}});
+    deletions_.push_back({copy, std::move(record)});
+}
+
+void NoteStore::RetryDeletions() {
+    for (Deletion& deletion : std::exchange(deletions_, {})) {
+        DeleteStorageCopy(deletion.copy, std::move(deletion.record));
+    }
 }
 
 std::u16string NoteStore::SaveTemporaryFile(const NoteFile& content) {
     const std::u16string path = names_.MakeTemporaryFileName();
     if (path.empty()) return {};
-    SaveTarget target;
-    target.fileName = path;
-    target.isTempName = true;
-    target.noDelete = true;
-    target.overwrite = true;
-    std::u16string saved = SaveNote(content, target);
-    if (saved.empty()) DeleteTemporaryFile(path);  // what was written of it
-    return saved;
+    return SaveNote(content, {path, true, true, true}).path;
 }
 
 void NoteStore::DeleteTemporaryFile(std::u16string_view path) {
     Ignore(files_.Delete(path), "the system empties its temporary folder in time");
-}
-
-void NoteStore::Recycle(std::u16string_view path) {
-    if (!path.empty()) Ignore(shell_.Recycle(path), "the file then stays where it is");
 }
 
 }  // namespace quillo

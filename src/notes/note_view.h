@@ -69,8 +69,8 @@ class NoteView {
     /// Applies colours, drop target, font (with LargeText) and scroll bar, and repaints.
     virtual void ApplyAppearance(const Note& note, const Settings& settings) = 0;
     virtual void Repaint() = 0;
-    /// The note has changed: it saves itself soon, some time after its last change.
-    virtual void SaveSoon() = 0;
+    /// Shows that the note is not saved, and why; "" takes the sign away.
+    virtual void ShowSaveProblem(std::u16string_view reason) = 0;
     /// Ends the window. The object itself lives on until its owner lets go of it.
     virtual void Close() = 0;
 };

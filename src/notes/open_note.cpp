@@ -6,10 +6,12 @@
 #include "app/shared_texts.h"
 #include "notes/hide_hint.h"
 #include "notes/note_codec.h"
+#include "notes/save_texts.h"
 #include "ports/clock.h"
 #include "ports/locale_text.h"
 #include "ports/user_notice.h"
 #include "reminders/reminder_alert.h"
+#include "util/ignore.h"
 #include "util/text.h"
 
 namespace quillo {
@@ -26,6 +28,16 @@ constexpr std::u16string_view kHiddenText =
 constexpr std::u16string_view kDeleteQuestion =
     u"This action will permanently delete this note, and you will not be able to get it back.  Only click OK if you "
     u"are sure that you do not want this note anymore; otherwise, click Cancel.";
+
+constexpr std::u16string_view kLoseQuestion =
+    u"Quillo was unable to save this note anywhere.  Do you still want to delete it?\r\n\r\nIf you click Yes, the "
+    u"note's "
+    u"contents will be lost.  If you click No, it will not be deleted.";
+const std::u16string kNotRecycledTitle = u"The note is not in the Recycle Bin";
+const std::u16string kNotRecycledText = u"The Recycle Bin did not take this note, so Quillo has kept it as a file: ";
+constexpr std::u16string_view kCopyNotSaved = u"Quillo was unable to save a copy of this note.";
+const std::u16string kCopyElsewhere =
+    u"Quillo was unable to save the copy where you wanted it.  It was saved under another name:";
 
 /// A caption of more characters is cut to this many and an ellipsis.
 constexpr std::size_t kLongestCaption = 60;
@@ -53,7 +65,11 @@ std::u16string IconCaption(std::u16string_view text) {
 
 }  // namespace
 
-OpenNote::OpenNote(NoteWorld world, std::u16string noteKey) : world_(world) {
+OpenNote::OpenNote(NoteWorld world, std::u16string noteKey)
+    : world_(world),
+      saver_(
+          {world.store, world.timers, world.failures}, note_, [this] { return Content(); },
+          [this](FileError error) { view_->ShowSaveProblem(SaveProblemText(error)); }) {
     note_.NoteKey = std::move(noteKey);
     note_.NoteColor = world_.settings.noteColor;
     note_.BorderColor = world_.settings.noteBorderColor;
@@ -72,30 +88,38 @@ NoteFile OpenNote::Content() const {
     return file;
 }
 
+bool OpenNote::IsTextOf(std::string_view bytes) const {
+    return ParseNoteFile(bytes, world_.locale).text == view_->Text();
+}
+
 SaveTarget OpenNote::OwnFileTarget() const {
     SaveTarget target;
     if (!world_.settings.doNotRememberFilenames) target.fileName = note_.FileName;
+    // The storage copy is deleted when the note leaves: it must not be what was saved last.
+    if (world_.locale.ToLower(target.fileName) == world_.locale.ToLower(note_.StoragePath)) target.fileName.clear();
     target.isTempName = target.fileName.empty();
     return target;
 }
 
 std::u16string OpenNote::SaveNote(const SaveTarget& target) {
-    return world_.store.SaveNote(Content(), target);
+    return world_.store.SaveNote(Content(), target).path;
 }
 
 bool OpenNote::SetupNoteFromTags(const NoteFile& file, std::u16string_view openedPath) {
-    if (file.position) {
-        TwipsRect place = view_->Rectangle();
-        place.left = file.position->left.value_or(place.left);
-        place.top = file.position->top.value_or(place.top);
-        place.width = file.position->width.value_or(place.width);
-        place.height = file.position->height.value_or(place.height);
-        view_->MoveTo(place);
-    }
+    if (file.position) SetPosition(*file.position);
     if (file.reminder) Apply(*file.reminder);
     const bool placed = file.appearance && Apply(*file.appearance);
     note_.FileName = FileNameOf(file, openedPath, note_.FileName, world_.locale);
     return placed;
+}
+
+void OpenNote::SetPosition(const NotePosition& position) {
+    TwipsRect place = view_->Rectangle();
+    place.left = position.left.value_or(place.left);
+    place.top = position.top.value_or(place.top);
+    place.width = position.width.value_or(place.width);
+    place.height = position.height.value_or(place.height);
+    view_->MoveTo(place);
 }
 
 NoteAppearance OpenNote::Appearance() const {
@@ -143,37 +167,15 @@ void OpenNote::Apply(const NoteReminder& reminder) {
     note_.ReminderTime = reminder.when.value_or(note_.ReminderTime);
 }
 
-void OpenNote::SetStoragePath(std::u16string path) {
-    stored_ = !path.empty();
-    writeFailed_ = false;
-    note_.StoragePath = std::move(path);
-}
-
 void OpenNote::SaveNoteAs() {
+    world_.owner.SaveUnsavedNotes();
     SaveTarget target;
     target.fileName = view_->AskCopyPath();
     target.overwrite = true;
-    if (!target.fileName.empty() && IsOpen()) SaveNote(target);
-}
-
-void OpenNote::MarkChanged() {
-    note_.Changed = true;
-    view_->SaveSoon();
-}
-
-bool OpenNote::PersistNote() {
-    if (!note_.Changed && !writeFailed_) return stored_;
-    if (note_.StoragePath.empty()) note_.StoragePath = world_.store.NewStoragePath(world_.notesFolder);
-    SaveTarget target;
-    target.fileName = note_.StoragePath;
-    target.isTempName = true;
-    target.noDelete = true;
-    target.overwrite = true;
-    target.durable = true;
-    stored_ = !SaveNote(target).empty();
-    note_.Changed = false;  // intended after a failure too; what could not be written is remembered here
-    writeFailed_ = !stored_;
-    return stored_;
+    if (target.fileName.empty() || !IsOpen()) return;
+    const std::u16string path = SaveNote(target);
+    if (path.empty()) return world_.notice.Warn(kCopyNotSaved);
+    if (path != target.fileName) world_.notice.Warn(kCopyElsewhere + (u"\r\n\r\n" + path));
 }
 
 // Appearance.
@@ -296,11 +298,16 @@ void OpenNote::CloseNote() {
         MinimizeByUser();
         return;
     }
-    if (SaveNote(OwnFileTarget()).empty()) {
+    const SavedNote saved = SaveLeaving(PendingStep::Kind::Move);
+    if (saved.path.empty()) {
         const bool discard = world_.notice.Ask(kUnsavedQuestion, Question::YesNoDefaultNo);
         if (!discard || !IsOpen()) return;
     }
-    DestroyNote();
+    Leave(saved);
+}
+
+SavedNote OpenNote::SaveLeaving(PendingStep::Kind kind) {
+    return world_.store.SaveNote(Content(), OwnFileTarget(), {kind, saver_.StorageCopy()});
 }
 
 void OpenNote::CloseButtonClick() {
@@ -318,13 +325,46 @@ void OpenNote::CloseButtonClick() {
 }
 
 void OpenNote::DeleteNote() {
+    SavedNote saved;
     if (!world_.settings.dontRecycleNotes) {
-        const std::u16string path = SaveNote(OwnFileTarget());
-        if (!path.empty()) world_.store.Recycle(path);
-        if (!IsOpen()) return;  // the shell may have pumped messages
+        world_.owner.SaveUnsavedNotes();
+        saved = SaveLeaving(PendingStep::Kind::Recycle);
+        if (saved.path.empty()) {
+            if (!RescueDeleted()) return;
+        } else {
+            Recycle(saved);
+        }
+        // Messages may have run.
+        if (!IsOpen()) return world_.store.Journal().End(saved.record);
     }
     world_.notice.Play(SystemSound::RestoreDown);
-    DestroyNote();
+    Leave(saved);
+}
+
+void OpenNote::Recycle(const SavedNote& saved) {
+    const NoteFile content = Content();
+    const RecycleResult result = world_.store.Recycle(saved.path);
+    if (result == RecycleResult::Moved) return;
+    if (result == RecycleResult::Gone) Ignore(world_.store.WriteAgain(content, saved.path), "it is told either way");
+    if (!world_.settings.disableBalloonHelp) {
+        world_.notice.Balloon(kNotRecycledTitle, kNotRecycledText + saved.path, BalloonIcon::Warning);
+    }
+}
+
+bool OpenNote::RescueDeleted() {
+    const SavedNote rescued = world_.store.Rescue(Content());
+    if (rescued.path.empty()) return world_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo) && IsOpen();
+    if (!world_.settings.disableBalloonHelp) {
+        world_.notice.Balloon(kNotRecycledTitle, kNotRecycledText + rescued.path, BalloonIcon::Warning);
+    }
+    return true;
+}
+
+void OpenNote::Leave(const SavedNote& saved) {
+    const bool overStorageCopy =
+        !saved.path.empty() && world_.locale.ToLower(saved.path) == world_.locale.ToLower(note_.StoragePath);
+    if (overStorageCopy) saver_.SetStorageCopy({});  // the only file of the note
+    Destroy(saved.record);
 }
 
 void OpenNote::QueryDeleteNote() {
@@ -345,8 +385,13 @@ void OpenNote::QuickDelete() {
 }
 
 void OpenNote::DestroyNote() {
+    Destroy({});
+}
+
+void OpenNote::Destroy(std::u16string record) {
     world_.owner.RemoveNote(note_.NoteKey);
-    if (!note_.StoragePath.empty()) world_.store.DeleteStorageCopy(note_.StoragePath);
+    saver_.Stop();
+    world_.store.DeleteStorageCopy(saver_.StorageCopy(), std::move(record));
     view_->Close();
 }
 
@@ -380,6 +425,7 @@ void OpenNote::CancelReminderByUser() {
 void OpenNote::TimerBroadcast() {
     const ReminderCheck check = CheckReminder(note_.ReminderSet, note_.ReminderTime, world_.clock.Now(), alertOpen_);
     if (check == ReminderCheck::Nothing) return;
+    saver_.PersistNote();
     // Intended without marking the note changed: a reminder that nobody has answered before a crash comes again.
     CancelReminder();
     if (check != ReminderCheck::ClearAndAlert) return;

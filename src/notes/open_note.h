@@ -6,6 +6,7 @@
 
 #include "notes/note.h"
 #include "notes/note_color_dialog.h"
+#include "notes/note_saver.h"
 #include "notes/note_store.h"
 #include "notes/note_view.h"
 #include "reminders/reminder_owner.h"
@@ -28,6 +29,8 @@ class NoteOwner {
     virtual void RemoveNote(const std::u16string& noteKey) = 0;
     /// False once the note was removed: to be asked after anything that pumps messages.
     [[nodiscard]] virtual bool IsOpen(const std::u16string& noteKey) const = 0;
+    /// Saves every open note that has an unsaved change: before a call that may block the program for long.
+    virtual void SaveUnsavedNotes() = 0;
 };
 
 /// The program-wide things that every note works with.
@@ -36,6 +39,8 @@ struct NoteWorld {
     const OsFacts& os;
     const std::u16string& notesFolder;
     NoteStore& store;
+    Timers& timers;
+    SaveFailureListener& failures;
     LocaleText& locale;
     Clock& clock;
     UserNotice& notice;
@@ -65,13 +70,20 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     [[nodiscard]] bool IsVisible() const { return view_->IsVisible(); }
     /// False when the window does not take the whole text: such a note must not be kept.
     [[nodiscard]] bool SetText(std::u16string_view text) { return view_->SetText(text); }
-    void MoveTo(const TwipsRect& rectangle) { view_->MoveTo(rectangle); }
+    /// True when a note file with these bytes holds the note's text.
+    [[nodiscard]] bool IsTextOf(std::string_view bytes) const;
+    /// In UTF-16 units.
+    [[nodiscard]] std::size_t TextLength() const { return view_->Text().size(); }
+    /// Moves the note; what is not present keeps its value.
+    void SetPosition(const NotePosition& position);
     /// Gives the note the keyboard.
     void Activate() override { view_->Activate(); }
 
     // The note file.
     /// The full path written, "" when nothing could be written.
     std::u16string SaveNote(const SaveTarget& target);
+    /// The note as its file holds it.
+    [[nodiscard]] NoteFile Content() const;
     /// Applies the elements of a file to a note just made; `openedPath` is the file it came from, or empty. True when
     /// they settled whether the note is on the screen; after false the caller shows it.
     [[nodiscard]] bool SetupNoteFromTags(const NoteFile& file, std::u16string_view openedPath);
@@ -81,16 +93,18 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     [[nodiscard]] std::u16string ReminderString() const;
     void SetReminderString(std::u16string_view text);
     void SetFileName(std::u16string fileName) { note_.FileName = std::move(fileName); }
-    /// The note was opened from this file of the notes folder, which becomes its storage copy.
-    void SetStoragePath(std::u16string path);
+    /// Its storage copy and the times at which it is written.
+    [[nodiscard]] NoteSaver& Saver() { return saver_; }
+    /// The note was opened from a file that has stayed: the same bytes are not opened a second time.
+    void SetSource(FileVersion source) { source_ = std::move(source); }
+    [[nodiscard]] const FileVersion& Source() const { return source_; }
 
     /// Asks for a file and writes a copy of the note to it; the note's own files stay as they are.
     void SaveNoteAs();
-    /// The note differs from its storage copy, which it writes anew soon.
-    void MarkChanged();
-    /// Writes the storage copy when the note is changed, or when its last change could not be written. True when the
-    /// storage copy is whole on the disk afterwards.
-    bool PersistNote();
+    /// The note differs from its storage copy, which is written again soon.
+    void MarkChanged() { saver_.MarkChanged(); }
+    /// See NoteSaver::PersistNote.
+    bool PersistNote() { return saver_.PersistNote(); }
 
     // Appearance.
     /// Gives a new note its colours; silent.
@@ -165,14 +179,20 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     [[nodiscard]] NoteAppearance Appearance() const;
     [[nodiscard]] std::optional<NoteReminder> Reminder() const;
     [[nodiscard]] SaveTarget OwnFileTarget() const;
-    [[nodiscard]] NoteFile Content() const;
+    [[nodiscard]] SavedNote SaveLeaving(PendingStep::Kind kind);
+    /// False when the user keeps a note that can be saved nowhere.
+    [[nodiscard]] bool RescueDeleted();
+    void Recycle(const SavedNote& saved);
+    /// Destroys a note that was saved elsewhere.
+    void Leave(const SavedNote& saved);
+    void Destroy(std::u16string record);
     [[nodiscard]] bool IsOpen() const { return world_.owner.IsOpen(note_.NoteKey); }
 
     NoteWorld world_;
     Note note_;
-    bool stored_ = false;       ///< the last write of the storage copy succeeded
-    bool writeFailed_ = false;  ///< the last change is on no disk yet: the next pass tries again
-    bool iconWanted_ = false;   ///< the note is to have its own icon, whether or not the shell has taken it yet
+    NoteSaver saver_;
+    FileVersion source_;
+    bool iconWanted_ = false;  ///< the note is to have its own icon, whether or not the shell has taken it yet
     bool dialogOpen_ = false;
     bool alertOpen_ = false;
     bool colorDialogOpen_ =

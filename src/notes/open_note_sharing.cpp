@@ -24,6 +24,7 @@ constexpr std::u16string_view kMailNotSaved =
 }  // namespace
 
 void OpenNote::PrintNote() {
+    world_.owner.SaveUnsavedNotes();
     const std::u16string text = view_->Text();
     const PrintedNote printed =
         MakePrintedNote(text, note_, world_.settings.noteFont, world_.clock.Now(), world_.locale);
@@ -34,6 +35,7 @@ void OpenNote::PrintNote() {
 }
 
 void OpenNote::MailNote() {
+    world_.owner.SaveUnsavedNotes();
     const NoteFile content = Content();
     if (content.text.empty()) return;
     std::unique_ptr<MailSession> session = world_.mail.NewSession();

@@ -28,6 +28,7 @@ target_sources(quillo_shell PRIVATE
   platform/win_registry_api.cpp
   platform/win_shell.cpp
   platform/win_sound_device.cpp
+  platform/win_timers.cpp
   platform/win_user_notice.cpp
   platform/window.cpp
   platform/window_effects.cpp

@@ -1,5 +1,6 @@
 #include "platform/win_registry_api.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "platform/wide.h"
@@ -91,17 +92,32 @@ bool WinRegistryApi::DeleteKey(Key key, std::u16string_view subkey) {
     return RegDeleteKeyW(AsKey(key), Wide(std::u16string(subkey))) == ERROR_SUCCESS;
 }
 
+std::optional<std::uint32_t> WinRegistryApi::CountValues(Key key) {
+    DWORD count = 0;
+    if (RegQueryInfoKeyW(AsKey(key), nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr, nullptr,
+                         nullptr, nullptr) != ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    return count;
+}
+
 std::optional<RegistryApi::ValueEntry> WinRegistryApi::EnumerateValue(Key key, std::uint32_t index) {
     std::u16string name(kLongestName, u'\0');
     std::u16string data(kLongestName, u'\0');
-    DWORD nameLength = kLongestName;
-    DWORD bytes = kLongestName * sizeof(char16_t);
-    if (RegEnumValueW(AsKey(key), index, WideBuffer(name), &nameLength, nullptr, nullptr,
-                      reinterpret_cast<BYTE*>(data.data()), &bytes) != ERROR_SUCCESS) {
-        return std::nullopt;
+    for (;;) {
+        DWORD nameLength = kLongestName;
+        auto bytes = static_cast<DWORD>(data.size() * sizeof(char16_t));
+        const LSTATUS status = RegEnumValueW(AsKey(key), index, WideBuffer(name), &nameLength, nullptr, nullptr,
+                                             reinterpret_cast<BYTE*>(data.data()), &bytes);
+        if (status == ERROR_SUCCESS) {
+            name.resize(nameLength);
+            return ValueEntry{name, DataAsText(data.data(), bytes)};
+        }
+        // The size that the system names may be that of the largest data so far, so the buffer also doubles.
+        constexpr std::size_t kLargest = 0x400'0000;
+        if (status != ERROR_MORE_DATA || data.size() > kLargest) return std::nullopt;
+        data.resize(std::max<std::size_t>(data.size() * 2, bytes / sizeof(char16_t) + 1));
     }
-    name.resize(nameLength);
-    return ValueEntry{name, DataAsText(data.data(), bytes)};
 }
 
 std::optional<std::u16string> WinRegistryApi::EnumerateSubkey(Key key, std::uint32_t index) {

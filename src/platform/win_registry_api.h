@@ -15,6 +15,7 @@ class WinRegistryApi : public RegistryApi {
     [[nodiscard]] bool SetNumber(Key key, std::u16string_view name, std::int32_t number) override;
     [[nodiscard]] bool DeleteValue(Key key, std::u16string_view name) override;
     [[nodiscard]] bool DeleteKey(Key key, std::u16string_view subkey) override;
+    [[nodiscard]] std::optional<std::uint32_t> CountValues(Key key) override;
     [[nodiscard]] std::optional<ValueEntry> EnumerateValue(Key key, std::uint32_t index) override;
     [[nodiscard]] std::optional<std::u16string> EnumerateSubkey(Key key, std::uint32_t index) override;
 };

@@ -1,11 +1,13 @@
 #include "platform/win_shell.h"
 
 #include <array>
+#include <optional>
 
 #include "platform/com_ptr.h"
 #include "platform/com_scope.h"
 #include "platform/unique_handle.h"
 #include "platform/wide.h"
+#include "util/ignore.h"
 
 // After windows.h.
 #include <shellapi.h>
@@ -26,6 +28,39 @@ std::u16string GrowingText(Call call) {
         }
         text.resize(text.size() * 2);
     }
+}
+
+/// False for a file that has been deleted, although a handle keeps it readable.
+bool IsStillSomewhere(HANDLE file) {
+    FILE_STANDARD_INFO info{};
+    if (GetFileInformationByHandleEx(file, FileStandardInfo, &info, sizeof info) == 0) return false;
+    return info.DeletePending == FALSE && info.NumberOfLinks > 0;
+}
+
+/// What no two files have in common at one moment; it stays when a file is moved on its volume.
+struct FileIdentity {
+    DWORD volume = 0;
+    DWORD high = 0;
+    DWORD low = 0;
+    friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
+
+std::optional<FileIdentity> IdentityOf(HANDLE file) {
+    BY_HANDLE_FILE_INFORMATION info{};
+    if (GetFileInformationByHandle(file, &info) == 0) return std::nullopt;
+    return FileIdentity{info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow};
+}
+
+/// Shared with everybody, this handle hinders nobody, and stays with the file wherever the shell moves it.
+FileHandle OpenToWatch(const std::u16string& path) {
+    return FileHandle(CreateFileW(Wide(path), FILE_READ_ATTRIBUTES,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0,
+                                  nullptr));
+}
+
+bool IsAt(const std::optional<FileIdentity>& file, const std::u16string& path) {
+    const FileHandle found = OpenToWatch(path);
+    return found && file && IdentityOf(found.Get()) == file;
 }
 
 }  // namespace
@@ -106,15 +141,36 @@ std::u16string WinShell::LinkTarget(std::u16string_view path) {
     return target;
 }
 
-bool WinShell::Recycle(std::u16string_view path) {
+/// Waits, not for long, until the file could be opened for nobody else: then it can be moved.
+void WinShell::WaitUntilUnused(const std::u16string& path) {
+    for (;;) {
+        const FileHandle alone(CreateFileW(Wide(path), DELETE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+        if (alone || GetLastError() != ERROR_SHARING_VIOLATION || !patience_.Wait()) return;
+    }
+}
+
+RecycleResult WinShell::Recycle(std::u16string_view path) {
     std::u16string list(path);
+    WaitUntilUnused(list);
+    FileHandle watched = OpenToWatch(list);
+    if (!watched) {
+        const bool exists = GetFileAttributesW(Wide(list)) != INVALID_FILE_ATTRIBUTES;
+        return exists ? RecycleResult::Stays : RecycleResult::Gone;
+    }
+    const std::optional<FileIdentity> identity = IdentityOf(watched.Get());
     list += u'\0';  // the list of files ends with a second null
     SHFILEOPSTRUCTW operation{};
     operation.wFunc = FO_DELETE;
     operation.pFrom = Wide(list);
     operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT;
     static_assert((FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT) == 0x54);
-    return SHFileOperationW(&operation) == 0 && operation.fAnyOperationsAborted == 0;
+    Ignore(SHFileOperationW(&operation), "the file itself tells what has become of it");
+    list.pop_back();
+    const bool hasMoved = !IsAt(identity, list) && IsStillSomewhere(watched.Get());
+    watched.Reset();
+    // A deleted file may have kept its place for as long as it was watched.
+    if (IsAt(identity, list)) return RecycleResult::Stays;
+    return hasMoved ? RecycleResult::Moved : RecycleResult::Gone;
 }
 
 std::u16string WinShell::NewUniqueIdentifier() {

@@ -31,7 +31,9 @@ class RegistryApi {
         std::u16string name;
         std::u16string text;  ///< the data read as text, whatever its type, without its last character
     };
-    /// The value at an index from 0; nothing past the last.
+    /// How many values the key has; nothing when it cannot be told.
+    [[nodiscard]] virtual std::optional<std::uint32_t> CountValues(Key key) = 0;
+    /// The value at an index from 0, however large; nothing past the last.
     [[nodiscard]] virtual std::optional<ValueEntry> EnumerateValue(Key key, std::uint32_t index) = 0;
     [[nodiscard]] virtual std::optional<std::u16string> EnumerateSubkey(Key key, std::uint32_t index) = 0;
 };

@@ -15,6 +15,13 @@ enum class SpecialFolder : int {
     ProgramFiles = 38,
 };
 
+/// What has become of a file that was to be recycled.
+enum class RecycleResult {
+    Moved,  ///< it is in the Recycle Bin
+    Stays,  ///< it is where it was
+    Gone,   ///< the system has deleted it: the bin is off or too small, or the volume has none
+};
+
 /// The shell's services.
 class Shell {
   public:
@@ -35,8 +42,9 @@ class Shell {
     virtual bool Start(std::u16string_view program, std::u16string_view arguments) = 0;
     /// The target of a shell link, as the shell-link service reports it; "" when it has none.
     [[nodiscard]] virtual std::u16string LinkTarget(std::u16string_view path) = 0;
-    /// Moves a file to the Recycle Bin without questions; false when it is still where it was.
-    [[nodiscard]] virtual bool Recycle(std::u16string_view path) = 0;
+    /// Moves a file to the Recycle Bin without questions, after a brief wait until no other program has it open: a file
+    /// that is open cannot be moved, and the system then deletes it for good.
+    [[nodiscard]] virtual RecycleResult Recycle(std::u16string_view path) = 0;
     /// A new GUID in its 38-character registry form, braces included.
     [[nodiscard]] virtual std::u16string NewUniqueIdentifier() = 0;
 };

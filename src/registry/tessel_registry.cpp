@@ -94,8 +94,8 @@ void TesselRegistry::DeleteKey(std::u16string_view name) {
     if (key_ != 0) Ignore(api_.DeleteKey(key_, name), "what is not there need not be deleted");
 }
 
-void TesselRegistry::GetAllValues(TextTable& table) const {
-    if (key_ == 0) return;
+bool TesselRegistry::GetAllValues(TextTable& table) const {
+    if (key_ == 0) return false;
     table = TextTable{1, 2, 0, 0, {}, {}};
     for (std::uint32_t index = 0; index <= kLastIndex; ++index) {
         std::optional<RegistryApi::ValueEntry> entry = api_.EnumerateValue(key_, index);
@@ -105,6 +105,7 @@ void TesselRegistry::GetAllValues(TextTable& table) const {
         table.columnLow = 1;
         ++table.columnHigh;
     }
+    return api_.CountValues(key_) == table.names.size();
 }
 
 void TesselRegistry::GetAllSubkeys(TextList& list) const {

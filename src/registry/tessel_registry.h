@@ -60,8 +60,8 @@ class TesselRegistry {
     void DeleteValue(std::u16string_view name);
     void DeleteKey(std::u16string_view name);
 
-    /// A closed key leaves the table as it was.
-    void GetAllValues(TextTable& table) const;
+    /// A closed key leaves the table as it was. True when the table holds every value of the key.
+    bool GetAllValues(TextTable& table) const;
     /// A closed key leaves the list as it was.
     void GetAllSubkeys(TextList& list) const;
 

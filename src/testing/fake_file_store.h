@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -11,58 +13,81 @@
 
 namespace quillo {
 
-/// A disk in memory. Paths are found in any letter case and kept as first written; the folders of a written file
-/// come by themselves. It also remembers what a power cut would leave: of a plain write an empty file, of a
-/// replacement the old bytes or the new ones.
+/// A disk in memory. Paths are found in any letter case and kept as first written. The folders of a file come with it.
+/// Every call that changes the disk can be made to fail, or to be the last one before the power goes.
 class FakeFileStore : public FileStore {
   public:
     // The port.
     [[nodiscard]] bool FileExists(std::u16string_view path) override;
+    [[nodiscard]] std::optional<FileEntry> Find(std::u16string_view path) override;
     [[nodiscard]] std::optional<std::string> Read(std::u16string_view path) override;
-    [[nodiscard]] bool Write(std::u16string_view path, std::string_view bytes) override;
-    [[nodiscard]] bool Replace(std::u16string_view path, std::string_view bytes) override;
-    [[nodiscard]] bool Delete(std::u16string_view path) override;
+    [[nodiscard]] HoldResult Hold(std::u16string_view path, std::uint64_t mostBytes) override;
+    [[nodiscard]] FileError Create(std::u16string_view path, std::string_view bytes) override;
+    [[nodiscard]] FileError MoveOver(std::u16string_view from, std::u16string_view to) override;
+    [[nodiscard]] FileError Rename(std::u16string_view from, std::u16string_view to) override;
+    [[nodiscard]] FileError Delete(std::u16string_view path) override;
     bool CreateFolder(std::u16string_view path) override;
-    [[nodiscard]] std::vector<std::u16string> List(std::u16string_view folder, std::u16string_view extension) override;
+    [[nodiscard]] std::vector<FileEntry> List(std::u16string_view folder, std::u16string_view extension) override;
     [[nodiscard]] std::u16string TemporaryName(std::u16string_view prefix) override;
+    [[nodiscard]] std::u16string TemporaryFolder() override { return u"C:\\Temp"; }
 
     // The test's side: not logged, never failing.
     void Put(std::u16string_view path, std::string_view bytes);
+    void Remove(std::u16string_view path);
     void PutFolder(std::u16string_view path);
+    /// With its files. Until the folder is made again no file can be created in it.
+    void RemoveFolder(std::u16string_view path);
     [[nodiscard]] bool FolderExists(std::u16string_view path) const;
     [[nodiscard]] std::size_t FileCount() const { return files_.size(); }
+    /// The paths of all files whose name ends so, in the order of their folded paths.
+    [[nodiscard]] std::vector<std::u16string> PathsEndingIn(std::u16string_view ending) const;
 
-    /// Every write, replacement and creation of a folder fails, as on a full disk.
+    /// Every creation of a file or folder fails, as on a full disk.
     void FailWrites(bool fail) { failWrites_ = fail; }
-    /// Everything fails on that path, as when another program has it locked.
-    void FailPath(std::u16string_view path);
+    /// How many bytes all files together may have; nothing for no limit.
+    void SetCapacity(std::optional<std::size_t> bytes) { capacity_ = bytes; }
+    /// Everything fails on that path, as when another program has it open.
+    void FailPath(std::u16string_view path, FileError error = FileError::InUse);
     void HealPath(std::u16string_view path);
+    /// The next `calls` calls that change the disk succeed; those after them fail.
+    void FailAfter(int calls);
+    /// The same, but the first call that fails stops halfway: a file that is being made keeps half of its bytes.
+    void CutPowerAfter(int calls);
+    /// The machine is back: nothing fails any more.
+    void Revive();
+    /// How many calls have changed the disk, or tried to, since the last FailAfter, CutPowerAfter or Revive.
+    [[nodiscard]] int ChangingCalls() const { return calls_; }
 
-    /// The machine dies and comes back: only durable bytes are left.
-    void CutPower() { files_ = durable_; }
-    /// The machine dies in the middle of the next replacement.
-    void CutPowerDuringReplace() { cutDuringReplace_ = true; }
-
-    /// The calls that change the disk, in order: "Write C:\a.qln", "Replace ...", "Delete ...", "CreateFolder ...".
+    /// The calls that change the disk, in order: "Create C:\a.qln", "MoveOver ..." (the target), "Delete ...".
     std::vector<std::u16string> log;
 
   private:
     struct File {
         std::u16string path;
         std::string bytes;
+        std::uint64_t modified = 0;
     };
-    using Files = std::map<std::u16string, File>;  // by folded path
+    class Held;
 
-    [[nodiscard]] bool CanWrite(const std::u16string& key) const;
+    /// Counts and logs a call; an error when it is to fail.
+    [[nodiscard]] FileError Begin(std::u16string_view call, std::u16string_view path);
+    [[nodiscard]] FileError ErrorAt(const std::u16string& key) const;
+    [[nodiscard]] bool FitsOnDisk(std::size_t bytes) const;
+    FileError Move(std::u16string_view from, std::u16string_view to, bool overwrite);
     void PutFoldersOf(std::u16string_view path);
 
-    Files files_;
-    Files durable_;
+    std::map<std::u16string, File> files_;  // by folded path
     std::set<std::u16string> folders_;
-    std::set<std::u16string> failing_;
-    bool failWrites_ = false;
-    bool cutDuringReplace_ = false;
+    std::set<std::u16string> removedFolders_;
+    std::map<std::u16string, FileError> failing_;
+    std::set<std::u16string> held_;
+    std::optional<std::size_t> capacity_;
+    std::optional<int> callsLeft_;
+    std::uint64_t clock_ = 0;
+    int calls_ = 0;
     int temporaryNames_ = 0;
+    bool failWrites_ = false;
+    bool powerCut_ = false;  ///< the failing call that comes is one in whose middle the power goes
 };
 
 }  // namespace quillo

@@ -38,7 +38,7 @@ class FakeNoteView : public NoteView {
     [[nodiscard]] std::u16string AskCopyPath() override;
     void ApplyAppearance(const Note& note, const Settings& settings) override;
     void Repaint() override;
-    void SaveSoon() override { ++savesAsked_; }
+    void ShowSaveProblem(std::u16string_view reason) override { saveProblem_ = reason; }
     void Close() override;
 
     /// "Show", "SetOpacity 192", "BringToFront pinned" ... since the last call of this.
@@ -53,8 +53,8 @@ class FakeNoteView : public NoteView {
     /// What the reminder dialog was opened with.
     [[nodiscard]] DaySerial DialogReminder() const { return dialogReminder_; }
     [[nodiscard]] const std::u16string& AlertText() const { return alertText_; }
-    /// How often the note has asked to be saved soon.
-    [[nodiscard]] int SavesAsked() const { return savesAsked_; }
+    /// "" while the note is saved.
+    [[nodiscard]] const std::u16string& SaveProblem() const { return saveProblem_; }
 
     /// What the colour dialog was opened with.
     [[nodiscard]] bool DialogOwnColors() const { return dialogOwnColors_; }
@@ -80,7 +80,7 @@ class FakeNoteView : public NoteView {
     DaySerial dialogReminder_;
     ColorScheme dialogColors_{};
     bool dialogOwnColors_ = false;
-    int savesAsked_ = 0;
+    std::u16string saveProblem_;
     TwipsRect rectangle_{7200, 3600, 2820, 2445};
     Note applied_;
     int opacity_ = 255;

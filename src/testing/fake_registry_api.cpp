@@ -135,10 +135,16 @@ bool FakeRegistryApi::DeleteKey(Key key, std::u16string_view subkey) {
     return true;
 }
 
+std::optional<std::uint32_t> FakeRegistryApi::CountValues(Key key) {
+    const Node* node = Find(key);
+    return node ? std::optional(static_cast<std::uint32_t>(node->values.size())) : std::nullopt;
+}
+
 std::optional<RegistryApi::ValueEntry> FakeRegistryApi::EnumerateValue(Key key, std::uint32_t index) {
     const Node* node = Find(key);
     if (!node || index >= node->values.size()) return std::nullopt;
     const auto& [name, data] = node->values[index];
+    if (!unreadable_.empty() && name == unreadable_) return std::nullopt;
     return ValueEntry{name, AsText(data)};
 }
 

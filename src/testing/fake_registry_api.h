@@ -36,6 +36,7 @@ class FakeRegistryApi : public RegistryApi {
     [[nodiscard]] bool SetNumber(Key key, std::u16string_view name, std::int32_t number) override;
     [[nodiscard]] bool DeleteValue(Key key, std::u16string_view name) override;
     [[nodiscard]] bool DeleteKey(Key key, std::u16string_view subkey) override;
+    [[nodiscard]] std::optional<std::uint32_t> CountValues(Key key) override;
     [[nodiscard]] std::optional<ValueEntry> EnumerateValue(Key key, std::uint32_t index) override;
     [[nodiscard]] std::optional<std::u16string> EnumerateSubkey(Key key, std::uint32_t index) override;
 
@@ -45,6 +46,8 @@ class FakeRegistryApi : public RegistryApi {
     void PutKey(std::u16string_view path) { Ensure(path); }
     /// From now on no key of this root can be opened.
     void Refuse(Key root) { refused_.insert(root); }
+    /// From now on no value with that name or one after it can be enumerated.
+    void RefuseEnumerationAt(std::u16string_view name) { unreadable_ = name; }
     /// Called before each value that is deleted.
     void OnDelete(std::function<void()> handler) { onDelete_ = std::move(handler); }
 
@@ -85,6 +88,7 @@ class FakeRegistryApi : public RegistryApi {
     std::map<Key, std::pair<std::u16string, std::unique_ptr<Node>>> roots_;
     std::map<Key, Node*> open_;
     std::set<Key> refused_;
+    std::u16string unreadable_;
     std::function<void()> onDelete_;
     Key nextKey_ = 1;
     std::vector<std::u16string> log_;

@@ -58,16 +58,16 @@ std::u16string FakeShell::LinkTarget(std::u16string_view path) {
     return link == linkTargets.end() ? std::u16string() : link->second;
 }
 
-bool FakeShell::Recycle(std::u16string_view path) {
-    if (!recycleWorks) return false;
+RecycleResult FakeShell::Recycle(std::u16string_view path) {
+    if (recycling == RecycleResult::Stays) return recycling;
     Recycled entry{std::u16string(path), {}};
     if (files_ != nullptr) {
         const auto content = files_->Read(path);
-        if (!content || !files_->Delete(path)) return false;
+        if (!content || files_->Delete(path) != FileError::None) return RecycleResult::Stays;
         entry.content = *content;
     }
-    recycled.push_back(entry);
-    return true;
+    if (recycling == RecycleResult::Moved) recycled.push_back(entry);
+    return recycling;
 }
 
 std::u16string FakeShell::NewUniqueIdentifier() {

@@ -35,7 +35,7 @@ class FakeShell : public Shell {
     bool Open(std::u16string_view path, std::u16string_view arguments) override;
     bool Start(std::u16string_view program, std::u16string_view arguments) override;
     [[nodiscard]] std::u16string LinkTarget(std::u16string_view path) override;
-    [[nodiscard]] bool Recycle(std::u16string_view path) override;
+    [[nodiscard]] RecycleResult Recycle(std::u16string_view path) override;
     /// {00000000-0000-0000-0000-000000000001} and so on.
     [[nodiscard]] std::u16string NewUniqueIdentifier() override;
 
@@ -53,7 +53,8 @@ class FakeShell : public Shell {
     std::vector<Recycled> recycled;
     bool openWorks = true;
     bool startWorks = true;
-    bool recycleWorks = true;
+    /// What becomes of the files that are recycled.
+    RecycleResult recycling = RecycleResult::Moved;
 
   private:
     FakeFileStore* files_ = nullptr;

@@ -37,8 +37,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     quillo::WinFileStore files;
     quillo::WinLocaleText locale;
     int index = 0;
-    for (const std::u16string& path : files.List(quillo::FromWide(commandLine.substr(blank + 1)), u".qln")) {
-        if (const auto bytes = files.Read(path)) ShowFile(locale.FromNarrow(*bytes), index++);
+    for (const quillo::FileEntry& file : files.List(quillo::FromWide(commandLine.substr(blank + 1)), u".qln")) {
+        if (const auto bytes = files.Read(file.path)) ShowFile(locale.FromNarrow(*bytes), index++);
     }
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {

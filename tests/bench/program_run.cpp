@@ -38,7 +38,7 @@ NotesFolder::NotesFolder(int notes) {
     ready_ = true;
     for (int i = 0; i < notes; ++i) {
         const std::wstring path = path_ + L"\\bench" + std::to_wstring(i) + L".qln";
-        ready_ = files.Write(FromWide(path.c_str()), SampleNote(i)) && ready_;
+        ready_ = files.Create(FromWide(path.c_str()), SampleNote(i)) == FileError::None && ready_;
         files_.push_back(path);
     }
 }

@@ -95,7 +95,8 @@ int main(int argc, char** argv) {
     for (const int notes : {1, 10, 50}) {
         for (; written < notes; ++written) {
             const std::string name = "\\bench" + std::to_string(written) + ".qln";
-            if (!files.Write(folder + std::u16string(name.begin(), name.end()), SampleNote(written))) return 1;
+            const std::u16string path = folder + std::u16string(name.begin(), name.end());
+            if (files.Create(path, SampleNote(written)) != quillo::FileError::None) return 1;
         }
         std::vector<double> ours;
         std::vector<double> theirs;
@@ -108,8 +109,8 @@ int main(int argc, char** argv) {
         std::printf("%5d   %9.1f  %9.1f   %.2f\n", notes, Median(ours), Median(theirs), Median(ours) / Median(theirs));
         std::fflush(stdout);
     }
-    for (const std::u16string& path : files.List(folder, u".qln")) {
-        if (!files.Delete(path)) std::printf("a note was left behind\n");
+    for (const quillo::FileEntry& file : files.List(folder, u".qln")) {
+        if (files.Delete(file.path) != quillo::FileError::None) std::printf("a note was left behind\n");
     }
     return 0;
 }

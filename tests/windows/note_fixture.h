@@ -15,6 +15,7 @@
 #include "platform/message_loop.h"
 #include "platform/win_file_store.h"
 #include "platform/win_locale_text.h"
+#include "platform/win_timers.h"
 #include "reminders/reminder_tools.h"
 #include "support.h"
 #include "testing/fake_clock.h"
@@ -25,6 +26,7 @@
 #include "testing/fake_user_notice.h"
 #include "testing/recording_mail.h"
 #include "testing/recording_printer.h"
+#include "testing/recording_save_failures.h"
 #include "util/busy_flag.h"
 
 namespace quillo::windows_tests {
@@ -38,9 +40,11 @@ class NoteWorldForTests : public NoteOwner {
 
     void RemoveNote(const std::u16string& noteKey) override { removed = noteKey; }
     [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return removed != noteKey; }
+    void SaveUnsavedNotes() override {}  // a note here is written when a test says so
 
     [[nodiscard]] NoteWorld World() {
-        return NoteWorld{settings, os, folder.Path(), store, locale, clock, notice, *this, printer, mail, registry};
+        return NoteWorld{settings, os,     folder.Path(), store,   timers, failures, locale,
+                         clock,    notice, *this,         printer, mail,   registry};
     }
     [[nodiscard]] NoteFormTools Tools() {
         return NoteFormTools{settings, clock, locale,    random,      shell,   images,
@@ -60,7 +64,9 @@ class NoteWorldForTests : public NoteOwner {
     RecordingPrinter printer;
     RecordingMail mail;
     NoteNames names{files, shell, settings};
-    NoteStore store{files, locale, shell, names};
+    WinTimers timers;
+    RecordingSaveFailures failures;
+    NoteStore store{files, locale, shell, names, folder.Path()};
     NoteButtonImages images;
     NoteFonts fonts;
     OleSession ole;

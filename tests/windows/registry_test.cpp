@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "platform/unique_handle.h"
 #include "platform/wide.h"
 #include "platform/win_registry_api.h"
@@ -179,6 +181,36 @@ TEST_F(RealRegistryTest, ANewPathAndResetCloseTheKey) {
     EXPECT_EQ(registry.Value(u"text"), u"");
     registry.SetRootPath(path_);
     EXPECT_EQ(registry.Value(u"text"), u"x");
+}
+
+TEST_F(RealRegistryTest, AValueOfAnySizeIsEnumeratedWhole) {
+    // Longer than the buffer at first; behind it one whose size the system has not named yet.
+    const std::u16string large(100'000, u'\u65E5');
+    const std::u16string larger(300'000, u'\u2603');
+    TesselRegistry registry(api_, path_);
+    registry.SetValue(u"1", u"small");
+    registry.SetValue(u"2", large);
+    registry.SetValue(u"3", larger);
+    const auto key = api_.CreateKey(kCurrentUser, subkey_);
+    EXPECT_EQ(api_.CountValues(key), 3U);
+    std::map<std::u16string, std::u16string> values;
+    for (std::uint32_t index = 0; const auto value = api_.EnumerateValue(key, index); ++index) {
+        values[value->name] = value->text;
+    }
+    api_.CloseKey(key);
+    const std::map<std::u16string, std::u16string> expected{{u"1", u"small"}, {u"2", large}, {u"3", larger}};
+    EXPECT_TRUE(values == expected);
+    TextTable table;
+    EXPECT_TRUE(registry.GetAllValues(table));
+    EXPECT_EQ(table.names.size(), 3U);
+}
+
+TEST_F(RealRegistryTest, AnEmptyKeyHasNoValuesAndNoKeyHasNoNumber) {
+    const auto key = api_.CreateKey(kCurrentUser, subkey_);
+    EXPECT_EQ(api_.CountValues(key), 0U);
+    EXPECT_EQ(api_.EnumerateValue(key, 0), std::nullopt);
+    api_.CloseKey(key);
+    EXPECT_EQ(api_.CountValues(0), std::nullopt);
 }
 
 }  // namespace

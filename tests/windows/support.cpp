@@ -1,5 +1,7 @@
 #include "support.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cstdio>
 
@@ -9,25 +11,23 @@
 namespace quillo::windows_tests {
 namespace {
 
-void DeleteTree(const std::u16string& folder) {
+void DeleteContent(const std::u16string& folder) {
     WIN32_FIND_DATAW entry{};
     const std::u16string pattern = folder + u"\\*";
-    {
-        const FindHandle search(FindFirstFileW(Wide(pattern), &entry));
-        if (!search) return;
-        do {
-            const std::u16string name(FromWide(entry.cFileName));
-            if (name == u"." || name == u"..") continue;
-            const std::u16string path = folder + u'\\' + name;
-            if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-                DeleteTree(path);
-            } else {
-                SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_NORMAL);
-                DeleteFileW(Wide(path));
-            }
-        } while (FindNextFileW(search.Get(), &entry) != 0);
-    }
-    RemoveDirectoryW(Wide(folder));
+    const FindHandle search(FindFirstFileW(Wide(pattern), &entry));
+    if (!search) return;
+    do {
+        const std::u16string name(FromWide(entry.cFileName));
+        if (name == u"." || name == u"..") continue;
+        const std::u16string path = folder + u'\\' + name;
+        if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+            DeleteContent(path);
+            RemoveDirectoryW(Wide(path));
+        } else {
+            SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_NORMAL);
+            DeleteFileW(Wide(path));
+        }
+    } while (FindNextFileW(search.Get(), &entry) != 0);
 }
 
 bool IsCrash(DWORD code) {
@@ -75,7 +75,29 @@ TempFolder::TempFolder() {
 }
 
 TempFolder::~TempFolder() {
-    DeleteTree(path_);
+    DeleteContent(path_);
+    RemoveDirectoryW(Wide(path_));
+}
+
+SmallDisk::SmallDisk() {
+    std::array<wchar_t, MAX_PATH + 1> path{};
+    const DWORD length = GetEnvironmentVariableW(L"QUILLO_SMALL_DISK", path.data(), static_cast<DWORD>(path.size()));
+    if (length == 0 || length >= path.size()) return;
+    path_ = FromWide(path.data());
+    DeleteContent(path_);
+}
+
+SmallDisk::~SmallDisk() {
+    if (IsThere()) DeleteContent(path_);
+}
+
+void PutFile(const std::u16string& path, std::string_view bytes) {
+    const FileHandle file(
+        CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    DWORD written = 0;
+    ASSERT_TRUE(file) << "error " << GetLastError();
+    ASSERT_NE(WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr), 0);
+    ASSERT_EQ(written, bytes.size());
 }
 
 bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds) {

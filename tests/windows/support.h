@@ -32,6 +32,29 @@ class TempFolder {
     std::u16string path_;
 };
 
+/// A disk of a megabyte, empty at first and at last, for what happens on a full one. scripts/lib.sh makes it where it
+/// may, and names it in QUILLO_SMALL_DISK.
+class SmallDisk {
+  public:
+    SmallDisk();
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+    ~SmallDisk();
+
+    [[nodiscard]] bool IsThere() const { return !path_.empty(); }
+    [[nodiscard]] static const char* WhyNot() {
+        return "only root can make a small disk: QUILLO_SMALL_DISK is not set";
+    }
+    /// The full path of a name on the disk.
+    [[nodiscard]] std::u16string Of(std::u16string_view name) const { return path_ + u'\\' + std::u16string(name); }
+
+  private:
+    std::u16string path_;
+};
+
+/// Puts a file with these bytes there, in the place of whatever has its name. Fails the test when that cannot be done.
+void PutFile(const std::u16string& path, std::string_view bytes);
+
 /// Dispatches messages until `done` says so; false when it does not within `milliseconds`.
 [[nodiscard]] bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds = 10'000);
 /// Dispatches every message that is waiting now.

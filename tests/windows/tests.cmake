@@ -35,6 +35,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/win_locale_text_test.cpp
   windows/win_printer_test.cpp
   windows/win_shell_test.cpp
+  windows/win_timers_test.cpp
   windows/window_test.cpp
 )
 target_include_directories(quillo_shell_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/windows)

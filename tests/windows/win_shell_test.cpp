@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "platform/com_ptr.h"
+#include "platform/unique_handle.h"
 #include "platform/wide.h"
 #include "platform/win_file_store.h"
 #include "support.h"
@@ -15,6 +18,7 @@
 namespace quillo {
 namespace {
 
+using windows_tests::PutFile;
 using windows_tests::TempFolder;
 
 class WinShellTest : public testing::Test {
@@ -75,14 +79,14 @@ TEST_F(WinShellTest, FullPathsStartFromTheCurrentFolder) {
 
 TEST_F(WinShellTest, ALinkGivesItsTarget) {
     const std::u16string target = folder_.Of(u"target \u00E9.txt");
-    ASSERT_TRUE(files_.Write(target, "x"));
+    ASSERT_NO_FATAL_FAILURE(PutFile(target, "x"));
     MakeLink(folder_.Of(u"link.lnk"), target);
     EXPECT_EQ(shell_.LinkTarget(folder_.Of(u"link.lnk")), target);
 }
 
 TEST_F(WinShellTest, WhatIsNoLinkHasNoTarget) {
-    ASSERT_TRUE(files_.Write(folder_.Of(u"broken.lnk"), "no link"));
-    ASSERT_TRUE(files_.Write(folder_.Of(u"empty.lnk"), ""));
+    ASSERT_NO_FATAL_FAILURE(PutFile(folder_.Of(u"broken.lnk"), "no link"));
+    ASSERT_NO_FATAL_FAILURE(PutFile(folder_.Of(u"empty.lnk"), ""));
     EXPECT_EQ(shell_.LinkTarget(folder_.Of(u"broken.lnk")), u"");
     EXPECT_EQ(shell_.LinkTarget(folder_.Of(u"empty.lnk")), u"");
     EXPECT_EQ(shell_.LinkTarget(folder_.Of(u"missing.lnk")), u"");
@@ -98,18 +102,75 @@ long long Recycled() {
 
 TEST_F(WinShellTest, ARecycledFileGoesIntoTheRecycleBin) {
     // The first file makes the bin, so that there is something to count.
-    ASSERT_TRUE(files_.Write(folder_.Of(u"first.qln"), "x"));
-    EXPECT_TRUE(shell_.Recycle(folder_.Of(u"first.qln")));
+    ASSERT_NO_FATAL_FAILURE(PutFile(folder_.Of(u"first.qln"), "x"));
+    EXPECT_EQ(shell_.Recycle(folder_.Of(u"first.qln")), RecycleResult::Moved);
     EXPECT_FALSE(files_.FileExists(folder_.Of(u"first.qln")));
     const long long before = Recycled();
-    ASSERT_TRUE(files_.Write(folder_.Of(u"second \u65E5.qln"), "x"));
-    EXPECT_TRUE(shell_.Recycle(folder_.Of(u"second \u65E5.qln")));
+    ASSERT_NO_FATAL_FAILURE(PutFile(folder_.Of(u"second \u65E5.qln"), "x"));
+    EXPECT_EQ(shell_.Recycle(folder_.Of(u"second \u65E5.qln")), RecycleResult::Moved);
     EXPECT_FALSE(files_.FileExists(folder_.Of(u"second \u65E5.qln")));
     EXPECT_EQ(Recycled(), before + 1);
 }
 
-TEST_F(WinShellTest, WhatIsMissingIsNotRecycled) {
-    EXPECT_FALSE(shell_.Recycle(folder_.Of(u"missing.qln")));
+TEST_F(WinShellTest, AFileThatIsOpenForAMomentIsWaitedForAndThenRecycled) {
+    const std::u16string path = folder_.Of(u"scanned.qln");
+    ASSERT_NO_FATAL_FAILURE(PutFile(path, "x"));
+    FileHandle scanner(CreateFileW(Wide(path), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(scanner);
+    int waits = 0;
+    WinShell shell(Patience([&](std::uint32_t) {
+        if (++waits == 3) scanner.Reset();
+    }));
+    EXPECT_EQ(shell.Recycle(path), RecycleResult::Moved);
+    EXPECT_EQ(waits, 3);
+}
+
+TEST_F(WinShellTest, AFileThatStaysOpenIsLeftWhereItIs) {
+    const std::u16string path = folder_.Of(u"open.qln");
+    ASSERT_NO_FATAL_FAILURE(PutFile(path, "precious"));
+    const FileHandle reader(CreateFileW(Wide(path), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(reader);
+    const RecycleResult result = shell_.Recycle(path);
+    EXPECT_EQ(result == RecycleResult::Stays, files_.Read(path) == "precious")
+        << "Wine's bin takes a file although it is open";
+}
+
+/// The user's own folder of data without the one in which Wine keeps its Recycle Bin: Wine then deletes for good, as
+/// Windows does where a volume has no bin.
+class WithoutRecycleBin {
+  public:
+    WithoutRecycleBin() {
+        std::array<wchar_t, MAX_PATH + 1> home{};
+        const DWORD length = GetEnvironmentVariableW(L"QUILLO_TEST_HOME", home.data(), static_cast<DWORD>(home.size()));
+        if (length == 0 || length >= home.size()) return;
+        folder_ = std::u16string(FromWide(home.data())) + u"\\.local\\share";
+        moved_ = MoveFileExW(Wide(folder_), Wide(folder_ + u" aside"), 0) != 0;
+    }
+    WithoutRecycleBin(const WithoutRecycleBin&) = delete;
+    WithoutRecycleBin& operator=(const WithoutRecycleBin&) = delete;
+    ~WithoutRecycleBin() {
+        if (moved_) MoveFileExW(Wide(folder_ + u" aside"), Wide(folder_), 0);
+    }
+    [[nodiscard]] bool Works() const { return moved_; }
+
+  private:
+    std::u16string folder_;
+    bool moved_ = false;
+};
+
+TEST_F(WinShellTest, AFileThatTheSystemDeletesForGoodIsGone) {
+    const WithoutRecycleBin bin;
+    if (!bin.Works()) GTEST_SKIP() << "QUILLO_TEST_HOME names no home folder whose Recycle Bin can be taken away";
+    const std::u16string path = folder_.Of(u"lost.qln");
+    ASSERT_NO_FATAL_FAILURE(PutFile(path, "x"));
+    const RecycleResult result = shell_.Recycle(path);
+    EXPECT_NE(result, RecycleResult::Moved);
+    // A process in which Wine has found its bin before does not delete: there the file stays.
+    EXPECT_EQ(result == RecycleResult::Gone, !files_.FileExists(path));
+}
+
+TEST_F(WinShellTest, WhatIsMissingIsGone) {
+    EXPECT_EQ(shell_.Recycle(folder_.Of(u"missing.qln")), RecycleResult::Gone);
 }
 
 TEST_F(WinShellTest, OpeningWhatIsMissingFailsQuietly) {

@@ -48,7 +48,7 @@ TEST_F(LegacyNotesTest, TwoNotesMoveFromTheRegistryIntoFiles) {
     EXPECT_TRUE(test_.views.Note(1).IsVisible());
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U) << "the import deletes nothing";
 
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.StoredFiles().size(), 2U);
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
 }
@@ -62,7 +62,7 @@ TEST_F(LegacyNotesTest, AnImportThatHasNoWindowForANoteIsTakenBack) {
     EXPECT_EQ(test_.program.openNotes.Count(), 0U);
     EXPECT_TRUE(test_.views.View(0).IsClosed());
 
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_TRUE(test_.StoredFiles().empty());
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U) << "the next start can import them";
 }
@@ -73,7 +73,7 @@ TEST_F(LegacyNotesTest, AnImportWithATextThatNoNoteCanHoldIsTakenBack) {
     PutNote(2, std::u16string(kMostNoteCharacters + 1, u'x'), u"");
     EXPECT_FALSE(Import());
     EXPECT_EQ(test_.program.openNotes.Count(), 0U);
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_TRUE(test_.StoredFiles().empty());
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U);
 }
@@ -86,39 +86,50 @@ TEST_F(LegacyNotesTest, AnEmptySizeIsTheTopLeftCorner) {
     EXPECT_FALSE(test_.views.Note(0).Data().Pinned);
 }
 
-TEST_F(LegacyNotesTest, ADamagedSizeLeavesTheFailingPartUnapplied) {
+TEST_F(LegacyNotesTest, ADamagedSizeLeavesOnlyItsBadFieldsUnapplied) {
+    const TwipsRect before = FakeNoteView().Rectangle();
+    const TwipsRect whole{15, 30, 1500, 1600};
     struct Case {
         std::u16string_view size;
-        bool moved;
+        TwipsRect expected;
         bool pinned;
     };
     const Case cases[] = {
-        {u"15,30,1500,1500", true, false},
-        {u"15,30,1500", false, false},
-        {u"15,30,1500,1500,-1", true, true},
-        {u"15,30,1500,1500,1,9", true, true},
-        {u"15,30,1500,1500,x", true, false},
-        {u"15,30,1500,1500,", true, false},
-        {u"x,30,1500,1500,1", false, true},
-        {u"15,30,,1500,1", false, true},
-        {u"15,30,1500,1500,True", true, true},
-        {u"15,30,1500,1500,False", true, false},
-        {u"nonsense", false, false},
-        {u"15,30,1500,1e300,1", false, true},
-        {u",,,,", false, false},
-        {u",", false, false},
-        {u" 15 , 30 , 1500 , 1500 , 1 ", true, true},
+        {u"15,30,1500,1600", whole, false},
+        {u"15,30,1500", {15, 30, 1500, before.height}, false},
+        {u"15,30,1500,1600,-1", whole, true},
+        {u"15,30,1500,1600,1,9", whole, true},
+        {u"15,30,1500,1600,x", whole, false},
+        {u"15,30,1500,1600,", whole, false},
+        {u"x,30,1500,1600,1", {before.left, 30, 1500, 1600}, true},
+        {u"15,30,,1600,1", {15, 30, before.width, 1600}, true},
+        {u"15,30,1500,1600,True", whole, true},
+        {u"15,30,1500,1600,False", whole, false},
+        {u"nonsense", before, false},
+        {u"15,30,1500,1e300,1", {15, 30, 1500, before.height}, true},
+        {u",,,,", before, false},
+        {u",", before, false},
+        {u" 15 , 30 , 1500 , 1600 , 1 ", whole, true},
     };
     for (const Case& c : cases) {
         TestProgram fresh;
-        const TwipsRect before = FakeNoteView().Rectangle();
         fresh.registry.Put(kUserKey, u"Notes", 1);
         fresh.registry.Put(kUserKey, u"Note size 1", c.size);
         EXPECT_FALSE(fresh.legacy.Import(fresh.world));
-        const TwipsRect expected = c.moved ? TwipsRect{15, 30, 1500, 1500} : before;
-        EXPECT_EQ(fresh.views.View(0).Rectangle(), expected) << testing::PrintToString(std::u16string(c.size));
+        EXPECT_EQ(fresh.views.View(0).Rectangle(), c.expected) << testing::PrintToString(std::u16string(c.size));
         EXPECT_EQ(fresh.views.Note(0).Data().Pinned, c.pinned) << testing::PrintToString(std::u16string(c.size));
     }
+}
+
+TEST_F(LegacyNotesTest, AStoreThatCannotBeReadWholeIsLeftAlone) {
+    PutCount(2);
+    PutNote(1, u"first", u"");
+    PutNote(2, u"second", u"");
+    test_.registry.RefuseEnumerationAt(u"Note 2");
+    EXPECT_FALSE(Import());
+    EXPECT_EQ(test_.program.openNotes.Count(), 0U);
+    test_.saveAll.Run();
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U);
 }
 
 TEST_F(LegacyNotesTest, SizesAreReadWhereTheCommaIsTheDecimalSign) {
@@ -151,7 +162,7 @@ TEST_F(LegacyNotesTest, ALongGapHidesNoNoteBehindIt) {
     PutNote(150, u"far", u"");
     EXPECT_FALSE(Import());
     EXPECT_EQ(test_.views.Note(test_.program.openNotes.Count() - 1).Text(), u"far");
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
 }
 
@@ -162,7 +173,7 @@ TEST_F(LegacyNotesTest, ADamagedCountDoesNotFillTheDesktop) {
     EXPECT_FALSE(Import());
     EXPECT_EQ(test_.program.openNotes.Count(), kMaxOpenNotes + 1);
     EXPECT_EQ(test_.views.Note(kMaxOpenNotes).Text(), u"behind a gap");
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
 }
 
@@ -206,7 +217,7 @@ TEST_F(LegacyNotesTest, TwoDigitNumbersFollowTheirBlankDirectly) {
     for (int number = 1; number <= 12; ++number) PutNote(number, u"note " + FormatInteger(number), u"");
     EXPECT_FALSE(Import());
     EXPECT_EQ(test_.views.Note(11).Text(), u"note 12");
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
     EXPECT_EQ(test_.StoredFiles().size(), 12U);
 }
@@ -216,7 +227,7 @@ TEST_F(LegacyNotesTest, TheValuesAreDeletedInOrderAndTheCountLast) {
     PutNote(1, u"text", u"");
     EXPECT_FALSE(Import());
     test_.registry.ClearLog();
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     const std::vector<std::u16string> expected{u"open " + std::u16string(kUserKey),
                                                u"delete Note 1",
                                                u"delete Note size 1",
@@ -233,13 +244,13 @@ TEST_F(LegacyNotesTest, NoValueGoesBeforeEveryNoteIsInAFile) {
     PutNote(2, u"second", u"");
     EXPECT_FALSE(Import());
     test_.files.FailWrites(true);
-    test_.legacy.SaveAllNotesAndClear();
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U);
     EXPECT_TRUE(test_.StoredFiles().empty());
 
     test_.files.FailWrites(false);
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.StoredFiles().size(), 2U) << "a note that could not be saved is tried again";
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
 }
@@ -249,10 +260,10 @@ TEST_F(LegacyNotesTest, OneNoteThatCannotBeWrittenKeepsTheWholeStore) {
     PutNote(1, u"first", u"");
     PutNote(2, u"second", u"");
     EXPECT_FALSE(Import());
-    test_.views.Note(1).SetStoragePath(TestProgram::Stored(u"second.qln"));
+    test_.views.Note(1).Saver().SetStorageCopy({TestProgram::Stored(u"second.qln"), 0});
     test_.files.FailPath(TestProgram::Stored(u"second.qln"));
     test_.registry.ClearLog();
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.StoredFiles().size(), 1U) << "the other one is safe";
     EXPECT_TRUE(test_.registry.Log().empty()) << "the store was not even opened";
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U);
@@ -266,7 +277,7 @@ TEST_F(LegacyNotesTest, EveryFileIsThereBeforeTheFirstValueGoes) {
     test_.registry.OnDelete([&] {
         if (filesAtFirstDeletion == 0) filesAtFirstDeletion = test_.StoredFiles().size();
     });
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(filesAtFirstDeletion, 3U);
 }
 
@@ -275,18 +286,18 @@ TEST_F(LegacyNotesTest, ANoteThatWasClosedNoLongerKeepsTheStore) {
     PutNote(1, u"first", u"");
     EXPECT_FALSE(Import());
     test_.files.FailWrites(true);
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     test_.files.FailWrites(false);
     test_.views.Note(0).CloseNote();
     ASSERT_EQ(test_.program.openNotes.Count(), 0U);
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
 }
 
 TEST_F(LegacyNotesTest, TheStoreIsNotClearedBeforeItWasImported) {
     PutCount(1);
     PutNote(1, u"text", u"");
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 6U);
 }
 
@@ -294,7 +305,7 @@ TEST_F(LegacyNotesTest, ASecondStartImportsNothing) {
     PutCount(1);
     PutNote(1, u"text", u"");
     EXPECT_FALSE(Import());
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_FALSE(Import());
     EXPECT_EQ(test_.program.openNotes.Count(), 1U);
 }
@@ -304,7 +315,7 @@ TEST_F(LegacyNotesTest, SavingWritesChangedNotesOnly) {
     EXPECT_FALSE(Import());
     ASSERT_TRUE(test_.views.Note(1).SetText(u"changed"));
     test_.views.Note(1).MarkChanged();
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.StoredFiles().size(), 1U);
 }
 

@@ -22,6 +22,17 @@ class NoteNamesTest : public testing::Test {
     NoteNames names_{files_, shell_, settings_};
 };
 
+TEST_F(NoteNamesTest, TheSearchForAFreeNameEnds) {
+    class FullStore : public FakeFileStore {
+      public:
+        bool FileExists(std::u16string_view) override { return true; }
+    };
+    FullStore files;
+    NoteNames names(files, shell_, settings_);
+    EXPECT_EQ(names.SuggestNoteFileName(u"Milk"), u"");
+    EXPECT_EQ(names.SuggestNoteFileName(u""), u"");
+}
+
 TEST_F(NoteNamesTest, MadeFromTheText) {
     struct Case {
         std::u16string_view text;
@@ -43,6 +54,18 @@ TEST_F(NoteNamesTest, MadeFromTheText) {
         {u"a  b", u"D:\\Closed\\a .qln"},
         // Half of a character is no part of a name.
         {u"abcdefghijklmnopqrs\U0001F600x", u"D:\\Closed\\abcdefghijklmnopqrs.qln"},
+        // The names of devices make no files.
+        {u"Con: too expensive", u"D:\\Closed\\_Con. too.qln"},
+        {u"aux: buy a cable", u"D:\\Closed\\_aux. buy a.qln"},
+        {u"NUL", u"D:\\Closed\\_NUL.qln"},
+        {u"com1", u"D:\\Closed\\_com1.qln"},
+        {u"Lpt\u00B2", u"D:\\Closed\\_Lpt\u00B2.qln"},
+        {u"prn .x", u"D:\\Closed\\_prn.qln"},
+        {u"Console", u"D:\\Closed\\Console.qln"},
+        {u"com10", u"D:\\Closed\\com10.qln"},
+        {u"comma", u"D:\\Closed\\comma.qln"},
+        // Nor do control characters.
+        {u"a\u0001b\u000Bc", u"D:\\Closed\\abc.qln"},
         {u"", u"C:\\Desktop\\Note 1.qln"},
         {u" \r\n\t ?? ", u"C:\\Desktop\\Note 1.qln"},
     };

@@ -102,21 +102,64 @@ TEST_F(NoteOpeningTest, TheKeepMarkerIsFoundInItsOwnCaseOnly) {
     EXPECT_TRUE(test_.files.FileExists(kOutside));
 }
 
-TEST_F(NoteOpeningTest, ASourceWhoseNoteCouldNotBeStoredGoesToTheRecycleBin) {
+TEST_F(NoteOpeningTest, ASourceWhoseNoteCouldNotBeStoredStays) {
     test_.files.FailWrites(true);
     OpenNote* note = OpenBytes(kOutside, "precious");
     ASSERT_NE(note, nullptr);
     EXPECT_EQ(note->Text(), u"precious");
-    ASSERT_EQ(test_.shell.recycled.size(), 1U);
-    EXPECT_EQ(test_.shell.recycled[0].path, kOutside);
-    EXPECT_EQ(test_.shell.recycled[0].content, "precious");
+    EXPECT_EQ(test_.files.Read(kOutside), "precious");
+    EXPECT_TRUE(test_.shell.recycled.empty());
 }
 
-TEST_F(NoteOpeningTest, WhatCannotEvenBeRecycledStays) {
-    test_.files.FailWrites(true);
-    test_.shell.recycleWorks = false;
-    ASSERT_NE(OpenBytes(kOutside, "precious"), nullptr);
+TEST_F(NoteOpeningTest, ASourceThatStayedIsNotOpenedTwice) {
+    const std::string bytes = Tagged("kept", kShownTags + "<nodelete></nodelete>");
+    OpenNote* note = OpenBytes(kOutside, bytes);
+    ASSERT_NE(note, nullptr);
+    note->HideNote();
+    EXPECT_EQ(Open(kOutside), nullptr);
+    EXPECT_TRUE(note->IsVisible());
+    EXPECT_EQ(test_.program.openNotes.Count(), 1U);
+    EXPECT_NE(OpenBytes(kOutside, Tagged("other", "<nodelete></nodelete>")), nullptr) << "other bytes, another note";
+}
+
+TEST_F(NoteOpeningTest, ASourceIsHeldUntilItIsDeleted) {
+    test_.files.Put(kOutside, "precious");
+    bool held = false;
+    test_.views.onMake = [&] { held = test_.files.Delete(kOutside) == FileError::InUse; };
+    ASSERT_NE(Open(kOutside), nullptr);
+    EXPECT_TRUE(held);
+    EXPECT_FALSE(test_.files.FileExists(kOutside));
+}
+
+TEST_F(NoteOpeningTest, AUtf16FileBecomesANote) {
+    OpenNote* note = OpenBytes(kOutside, std::string("\xFF\xFEh\0\x16\x04", 6));
+    ASSERT_NE(note, nullptr);
+    EXPECT_EQ(note->Text(), u"h\u0416");
+    EXPECT_FALSE(test_.files.FileExists(kOutside));
+}
+
+TEST_F(NoteOpeningTest, AFileThatIsTooLargeIsLeftAlone) {
+    test_.files.Put(kOutside, std::string(kLargestNoteFile + 1, 'x'));
+    EXPECT_EQ(test_.opening.OpenNoteFile(kOutside), OpenOutcome::TooLarge);
+    EXPECT_EQ(test_.program.openNotes.Count(), 0U);
     EXPECT_TRUE(test_.files.FileExists(kOutside));
+}
+
+TEST_F(NoteOpeningTest, TheLargestNoteOpensAgain) {
+    NoteFile note;
+    note.text = std::u16string(kMostNoteCharacters, u'\u65E5');
+    test_.files.Put(TestProgram::Stored(u"a.qln"), *FormatNoteFile(note, test_.locale));
+    EXPECT_GT(test_.files.Read(TestProgram::Stored(u"a.qln"))->size(), kLargestNoteFile);
+    OpenNote* opened = Open(TestProgram::Stored(u"a.qln"));
+    ASSERT_NE(opened, nullptr);
+    EXPECT_TRUE(opened->Text() == note.text);
+}
+
+TEST_F(NoteOpeningTest, ANoteWithoutAWindowIsTold) {
+    test_.views.room = 0;
+    OpenBytes(kOutside, "Buy milk");
+    ASSERT_EQ(test_.notice.balloons.size(), 1U);
+    EXPECT_EQ(test_.notice.balloons[0].title, u"A note cannot be opened");
 }
 
 TEST_F(NoteOpeningTest, ATextBeyondTheCodePageMovesInWhole) {

@@ -104,7 +104,7 @@ TEST_F(OpenNotesTest, RemovingAKeyThatIsNotThereDoesNothing) {
 }
 
 TEST_F(OpenNotesTest, UnloadingClosesEveryWindowAndTouchesNoFile) {
-    Add(u"A").SetStoragePath(TestProgram::Stored(u"a.qln"));
+    Add(u"A").Saver().SetStorageCopy({TestProgram::Stored(u"a.qln"), 0});
     Add(u"B");
     test_.files.Put(TestProgram::Stored(u"a.qln"), "text");
     notes_.UnloadAll();

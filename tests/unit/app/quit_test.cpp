@@ -11,7 +11,7 @@ namespace {
 class QuitTest : public testing::Test {
   protected:
     QuitTest() { test_.registry.Put(kRunKey, kRunValue, test_.shell.programPath); }
-    bool Quit() { return SaveAndUnloadNotes(test_.program, test_.legacy, test_.registry); }
+    bool Quit() { return test_.quit.Run(QuitReason::User); }
 
     TestProgram test_;
 };
@@ -40,7 +40,7 @@ TEST_F(QuitTest, TheRunValueGoesOnRequestAndOnlyWithNoNoteOpen) {
         fresh.registry.Put(kRunKey, kRunValue, fresh.shell.programPath);
         fresh.registry.Put(kUserKey, u"Startup Mode", c.startupMode);
         fresh.FillUpTo(c.notes);
-        EXPECT_TRUE(SaveAndUnloadNotes(fresh.program, fresh.legacy, fresh.registry));
+        EXPECT_TRUE(fresh.quit.Run(QuitReason::User));
         EXPECT_EQ(fresh.registry.HasValue(kRunKey, kRunValue), c.stays) << c.startupMode << " " << c.notes;
     }
 }

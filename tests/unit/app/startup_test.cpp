@@ -73,8 +73,7 @@ class StartupTest : public testing::Test {
     StartupOutcome Start(std::u16string_view commandLine = u"") {
         test_.registry.ClearLog();
         test_.files.log.clear();
-        Startup startup(stage_, StartupWorld{test_.program, test_.world, test_.opening, test_.legacy, test_.registry,
-                                             test_.files, test_.shell, test_.notice});
+        Startup startup(stage_, test_.ForStartup());
         return startup.Run(commandLine);
     }
     void PutStored(std::u16string_view name, std::string_view bytes) {
@@ -161,7 +160,7 @@ TEST_F(StartupTest, QuittingWithoutNotesInStartupModeOneTakesTheRunValueUntilThe
     test_.registry.Put(kUserKey, u"Startup Mode", 1);
     EXPECT_EQ(Start(), StartupOutcome::Running);
     EXPECT_TRUE(test_.registry.HasValue(kRunKey, kRunValue));
-    EXPECT_TRUE(SaveAndUnloadNotes(program_, test_.legacy, test_.registry));
+    EXPECT_TRUE(test_.quit.Run(QuitReason::Command));
     EXPECT_FALSE(test_.registry.HasValue(kRunKey, kRunValue));
     EXPECT_EQ(Start(), StartupOutcome::Running);
     EXPECT_TRUE(test_.registry.HasValue(kRunKey, kRunValue));
@@ -259,7 +258,7 @@ TEST_F(StartupTest, AllNotesOfTheOldStoreOpenAndFilesWithoutRoomStayUntouched) {
     for (std::size_t i = 0; i < 60; ++i) EXPECT_TRUE(test_.views.Note(i).IsVisible()) << i;
     EXPECT_EQ(test_.notice.balloons.size(), 1U) << "there was no room for the files";
 
-    test_.legacy.SaveAllNotesAndClear();
+    test_.saveAll.Run();
     EXPECT_EQ(test_.StoredFiles().size(), 62U);
     EXPECT_EQ(test_.files.Read(TestProgram::Stored(u"a.qln")), "first");
     EXPECT_EQ(test_.files.Read(TestProgram::Stored(u"b.qln")), "second");
@@ -307,8 +306,7 @@ TEST_F(StartupTest, ABalloonTellsOfHiddenOldNotesOnly) {
             fresh.files.Put(TestProgram::Stored(u"a.qln"),
                             "x\r\n<quillo><appearance>0,0,0,0,0,1</appearance></quillo>");
         }
-        Startup startup(stage, StartupWorld{fresh.program, fresh.world, fresh.opening, fresh.legacy, fresh.registry,
-                                            fresh.files, fresh.shell, fresh.notice});
+        Startup startup(stage, fresh.ForStartup());
         EXPECT_EQ(startup.Run(u""), StartupOutcome::Running);
         ASSERT_EQ(fresh.notice.balloons.size(), c.balloon ? 1U : 0U);
         if (!c.balloon) continue;
@@ -338,8 +336,7 @@ TEST_F(StartupTest, AFileOnTheCommandLineIsOpenedAfterAllSavedNotes) {
         RecordingStage stage(fresh);
         fresh.files.Put(TestProgram::Stored(u"a.qln"), "stored");
         fresh.files.Put(u"C:\\Users\\ann\\note.txt", "outside");
-        Startup startup(stage, StartupWorld{fresh.program, fresh.world, fresh.opening, fresh.legacy, fresh.registry,
-                                            fresh.files, fresh.shell, fresh.notice});
+        Startup startup(stage, fresh.ForStartup());
         EXPECT_EQ(startup.Run(commandLine), StartupOutcome::Running);
         ASSERT_EQ(fresh.views.Count(), 2U) << testing::PrintToString(std::u16string(commandLine));
         EXPECT_EQ(fresh.views.Note(1).Text(), u"outside");

@@ -1,16 +1,22 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "app/late_notes.h"
 #include "app/legacy_import.h"
 #include "app/note_names.h"
 #include "app/note_opening.h"
 #include "app/program.h"
+#include "app/quit.h"
+#include "app/recovery.h"
+#include "app/save_all.h"
+#include "app/startup.h"
 #include "notes/note_store.h"
 #include "testing/fake_clock.h"
 #include "testing/fake_file_store.h"
@@ -19,6 +25,7 @@
 #include "testing/fake_random.h"
 #include "testing/fake_registry_api.h"
 #include "testing/fake_shell.h"
+#include "testing/fake_timers.h"
 #include "testing/fake_user_notice.h"
 #include "testing/recording_mail.h"
 #include "testing/recording_printer.h"
@@ -30,6 +37,7 @@ namespace quillo {
 class FakeViewFactory : public NoteViewFactory {
   public:
     [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note) override {
+        if (onMake) onMake();
         if (views_.size() >= room) return nullptr;
         auto view = std::make_unique<FakeNoteView>();
         notes_.push_back(&note);
@@ -41,6 +49,8 @@ class FakeViewFactory : public NoteViewFactory {
     [[nodiscard]] FakeNoteView& View(std::size_t index) const { return *views_.at(index); }
     [[nodiscard]] OpenNote& Note(std::size_t index) const { return *notes_.at(index); }
 
+    /// Called before each window that is made.
+    std::function<void()> onMake;
     /// How many windows the system can make in all.
     std::size_t room = std::numeric_limits<std::size_t>::max();
 
@@ -65,7 +75,14 @@ class TestProgram {
     /// A full path in the notes folder.
     [[nodiscard]] static std::u16string Stored(std::u16string_view name) { return JoinPath(kTestNotesFolder, name); }
     /// The storage copies on the disk.
-    [[nodiscard]] std::vector<std::u16string> StoredFiles() { return files.List(kTestNotesFolder, kNoteExtension); }
+    [[nodiscard]] std::vector<std::u16string> StoredFiles() {
+        std::vector<std::u16string> paths;
+        for (const FileEntry& file : files.List(kTestNotesFolder, kNoteExtension)) paths.push_back(file.path);
+        return paths;
+    }
+    [[nodiscard]] StartupWorld ForStartup() {
+        return StartupWorld{program, world, opening, legacy, late, recovery, registry, files, shell, notice};
+    }
     void FillUpTo(std::size_t count) {
         while (program.openNotes.Count() < count) {
             if (program.openNotes.Add(world, Key(program.openNotes.Count())) == nullptr) return;
@@ -81,14 +98,18 @@ class TestProgram {
     FakeRandom random;
     RecordingPrinter printer;
     RecordingMail mail;
+    FakeTimers timers;  // before the notes, whose timers it makes
     FakeViewFactory views;
     Program program{views};
     NoteNames names{files, shell, program.settings};
-    NoteStore store{files, locale, shell, names};
+    NoteStore store{files, locale, shell, names, program.notesFolder};
+    SaveFailures failures{notice, program.settings};
     NoteWorld world{program.settings,
                     program.os,
                     program.notesFolder,
                     store,
+                    timers,
+                    failures,
                     locale,
                     clock,
                     notice,
@@ -97,7 +118,11 @@ class TestProgram {
                     mail,
                     registry};
     LegacyNotes legacy{registry, program.openNotes, random};
-    NoteOpening opening{program, world, files, shell, random, legacy};
+    SaveAll saveAll{program.openNotes, legacy, store};
+    NoteOpening opening{program, world, random, saveAll};
+    LateNotes late{opening, timers, notice, program.settings};
+    Recovery recovery{store, locale, program.notesFolder};
+    Quit quit{program, saveAll, store, registry, notice};
 
   private:
     [[nodiscard]] static std::u16string Key(std::size_t number) {

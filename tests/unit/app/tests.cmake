@@ -7,6 +7,7 @@ target_sources(quillo_core_tests PRIVATE
   unit/app/open_notes_test.cpp
   unit/app/os_facts_test.cpp
   unit/app/quit_test.cpp
+  unit/app/recovery_test.cpp
   unit/app/settings_table_test.cpp
   unit/app/shared_texts_test.cpp
   unit/app/startup_test.cpp

@@ -60,7 +60,8 @@ class SendMailTest : public ::testing::Test {
     FakeShell shell_{files_};
     Settings settings_;
     NoteNames names_{files_, shell_, settings_};
-    NoteStore store_{files_, locale_, shell_, names_};
+    const std::u16string folder_ = u"C:\\Data\\Notes";
+    NoteStore store_{files_, locale_, shell_, names_, folder_};
     RecordingMail mail_;
 };
 

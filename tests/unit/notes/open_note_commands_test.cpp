@@ -145,14 +145,25 @@ TEST_F(OpenNoteCommands, ANoteGoneWhileTheUserIsAskedIsNotCopied) {
     EXPECT_TRUE(SavedFiles().empty());
 }
 
-TEST_F(OpenNoteCommands, ACopyThatCannotBeWrittenTakesANameFromTheTextWithoutAWord) {
+TEST_F(OpenNoteCommands, ACopyThatCannotBeWrittenTakesANameFromTheTextAndTheUserIsTold) {
     ShowStored(u"Milk");
     view_.copyPath = kDocuments + u"\\locked.qln";
     files_.FailPath(view_.copyPath);
     note_.SaveNoteAs();
     EXPECT_NE(Content(kDocuments + u"\\Milk.qln").find("<tempfilename>"), std::string::npos);
-    EXPECT_TRUE(notice_.warnings.empty() && notice_.informs.empty() && notice_.fails.empty());
+    ASSERT_EQ(notice_.warnings.size(), 1U);
+    EXPECT_NE(notice_.warnings[0].find(kDocuments + u"\\Milk.qln"), std::u16string::npos);
     EXPECT_EQ(note_.Data().FileName, u"");
+}
+
+TEST_F(OpenNoteCommands, ACopyThatCanBeWrittenNowhereIsToldAndCostsNoFile) {
+    ShowStored(u"Milk");
+    view_.copyPath = kDocuments + u"\\taken.qln";
+    files_.Put(view_.copyPath, "mine");
+    files_.FailWrites(true);
+    note_.SaveNoteAs();
+    EXPECT_EQ(notice_.warnings, std::vector<std::u16string>{u"Quillo was unable to save a copy of this note."});
+    EXPECT_EQ(Content(view_.copyPath), "mine");
 }
 
 }  // namespace

@@ -15,9 +15,11 @@
 #include "testing/fake_note_view.h"
 #include "testing/fake_registry_api.h"
 #include "testing/fake_shell.h"
+#include "testing/fake_timers.h"
 #include "testing/fake_user_notice.h"
 #include "testing/recording_mail.h"
 #include "testing/recording_printer.h"
+#include "testing/recording_save_failures.h"
 
 namespace quillo {
 
@@ -31,6 +33,9 @@ class FakeNoteOwner : public NoteOwner {
   public:
     void RemoveNote(const std::u16string& noteKey) override { open_.erase(noteKey); }
     [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return open_.count(noteKey) != 0; }
+    void SaveUnsavedNotes() override { ++savesAsked; }
+
+    int savesAsked = 0;  ///< how often all notes were to be saved before something that blocks
 
   private:
     std::set<std::u16string> open_{kKey};
@@ -66,7 +71,11 @@ class OpenNoteTest : public ::testing::Test {
     }
     [[nodiscard]] bool IsDestroyed() const { return !owner_.IsOpen(kKey) && view_.IsClosed(); }
     [[nodiscard]] std::string Content(const std::u16string& path) { return files_.Read(path).value_or("(none)"); }
-    [[nodiscard]] std::vector<std::u16string> SavedFiles() { return files_.List(kDocuments, u".qln"); }
+    [[nodiscard]] std::vector<std::u16string> SavedFiles() {
+        std::vector<std::u16string> paths;
+        for (const FileEntry& file : files_.List(kDocuments, u".qln")) paths.push_back(file.path);
+        return paths;
+    }
     [[nodiscard]] bool StorageExists() { return !files_.List(kFolder, u".qln").empty(); }
 
     Settings settings_;
@@ -81,8 +90,11 @@ class OpenNoteTest : public ::testing::Test {
     RecordingMail mail_;
     FakeRegistryApi registry_;
     NoteNames names_{files_, shell_, settings_};
-    NoteStore store_{files_, locale_, shell_, names_};
-    NoteWorld world_{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner_, printer_, mail_, registry_};
+    NoteStore store_{files_, locale_, shell_, names_, kFolder};
+    FakeTimers timers_;
+    RecordingSaveFailures failures_;
+    NoteWorld world_{settings_, os_,     kFolder, store_,   timers_, failures_, locale_,
+                     clock_,    notice_, owner_,  printer_, mail_,   registry_};
     FakeNoteView view_;
     OpenNote note_{world_, kKey};
 };

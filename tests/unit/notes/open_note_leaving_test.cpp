@@ -22,7 +22,7 @@ class InformingNotice : public FakeUserNotice {
 class PumpingShell : public FakeShell {
   public:
     PumpingShell(FakeFileStore& files, NoteOwner& owner) : FakeShell(files), owner_(owner) {}
-    bool Recycle(std::u16string_view path) override {
+    RecycleResult Recycle(std::u16string_view path) override {
         owner_.RemoveNote(kKey);
         return FakeShell::Recycle(path);
     }
@@ -129,7 +129,7 @@ TEST_F(OpenNoteLeaving, ClosingSavesToTheNotesOwnFile) {
 TEST_F(OpenNoteLeaving, ClosingNeverOverwritesAFile) {
     ShowStored(u"Milk");
     const std::u16string own = kDocuments + u"\\Shopping.qln";
-    ASSERT_TRUE(files_.Write(own, "somebody else's"));
+    files_.Put(own, "somebody else's");
     note_.SetFileName(own);
     note_.CloseNote();
     EXPECT_EQ(Content(own), "somebody else's");
@@ -261,7 +261,9 @@ TEST_F(OpenNoteLeaving, ANoteGoneDuringThatMessageBoxIsLeftAlone) {
     os_.windows2000OrLater = false;
     InformingNotice notice(owner_);
     FakeNoteView view;
-    OpenNote note{{settings_, os_, kFolder, store_, locale_, clock_, notice, owner_, printer_, mail_, registry_}, kKey};
+    OpenNote note{{settings_, os_, kFolder, store_, timers_, failures_, locale_, clock_, notice, owner_, printer_,
+                   mail_, registry_},
+                  kKey};
     note.AttachView(view);
     note.SetReminder(DaySerial{45123.75});
     static_cast<void>(view.TakeCalls());
@@ -338,19 +340,104 @@ TEST_F(OpenNoteLeaving, ANoteGoneDuringTheDeleteQuestionIsNotRecycled) {
     EXPECT_TRUE(StorageExists());
 }
 
-TEST_F(OpenNoteLeaving, ANoteThatCannotBeSavedIsDeletedAllTheSame) {
+TEST_F(OpenNoteLeaving, ADeletedNoteThatCanBeSavedNowhereIsLostOnlyOnYes) {
     ShowStored(u"Milk");
     files_.FailWrites(true);
+    notice_.answer = false;
+    note_.DeleteNote();
+    EXPECT_FALSE(IsDestroyed());
+    EXPECT_TRUE(StorageExists());
+    ASSERT_EQ(notice_.questions.size(), 1U);
+    EXPECT_EQ(notice_.questions[0].question, Question::YesNoDefaultNo);
+
+    notice_.answer = true;
+    note_.DeleteNote();
+    EXPECT_TRUE(IsDestroyed());
+    EXPECT_FALSE(StorageExists());
+    EXPECT_TRUE(shell_.recycled.empty());
+}
+
+TEST_F(OpenNoteLeaving, ADeletedNoteThatItsFolderDoesNotTakeIsKeptElsewhere) {
+    ShowStored(u"Milk");
+    files_.RemoveFolder(kDocuments);
     note_.DeleteNote();
     EXPECT_TRUE(IsDestroyed());
     EXPECT_TRUE(shell_.recycled.empty());
+    EXPECT_EQ(Content(u"C:\\Users\\ann\\Desktop\\Milk.qln").substr(0, 6), "Milk\r\n");
+    ASSERT_EQ(notice_.balloons.size(), 1U);
+    EXPECT_TRUE(notice_.questions.empty());
+}
+
+TEST_F(OpenNoteLeaving, AFileThatTheSystemDeletedForGoodIsWrittenAgain) {
+    shell_.recycling = RecycleResult::Gone;
+    ShowStored(u"Milk");
+    note_.DeleteNote();
+    EXPECT_TRUE(IsDestroyed());
+    EXPECT_FALSE(StorageExists());
+    EXPECT_EQ(Content(kDocuments + u"\\Milk.qln").substr(0, 6), "Milk\r\n");
+    ASSERT_EQ(notice_.balloons.size(), 1U);
+    EXPECT_NE(notice_.balloons[0].text.find(kDocuments + u"\\Milk.qln"), std::u16string::npos);
+}
+
+TEST_F(OpenNoteLeaving, AFileThatTheRecycleBinDoesNotTakeStays) {
+    shell_.recycling = RecycleResult::Stays;
+    ShowStored(u"Milk");
+    note_.DeleteNote();
+    EXPECT_TRUE(IsDestroyed());
+    EXPECT_FALSE(StorageExists());
+    EXPECT_EQ(SavedFiles(), std::vector<std::u16string>{kDocuments + u"\\Milk.qln"});
+    EXPECT_EQ(notice_.balloons.size(), 1U);
+}
+
+TEST_F(OpenNoteLeaving, TheOnlyFileOfANoteIsNeverDeleted) {
+    const std::u16string path = kFolder + u"\\Own.qln";
+    ASSERT_TRUE(note_.SetText(u"Milk"));
+    note_.Saver().SetStorageCopy({path, 0});
+    note_.SetFileName(kFolder + u"\\OWN.qln");  // in the same place, and removed from there by somebody
+    note_.CloseNote();
+    EXPECT_TRUE(IsDestroyed());
+    EXPECT_EQ(Content(kDocuments + u"\\Milk.qln").substr(0, 6), "Milk\r\n");
+}
+
+TEST_F(OpenNoteLeaving, ANoteClosedIntoTheNotesFolderItselfKeepsThatFile) {
+    settings_.noteFolder = kFolder;
+    ASSERT_TRUE(note_.SetText(u"Milk"));
+    note_.Saver().SetStorageCopy({kFolder + u"\\Milk.qln", 0});  // removed by somebody
+    note_.CloseNote();
+    EXPECT_TRUE(IsDestroyed());
+    EXPECT_EQ(Content(kFolder + u"\\Milk.qln").substr(0, 6), "Milk\r\n");
+}
+
+TEST_F(OpenNoteLeaving, AStorageCopyThatIsOpenElsewhereIsDeletedLater) {
+    ShowStored(u"Milk");
+    const std::u16string copy = note_.Data().StoragePath;
+    files_.FailPath(copy);
+    note_.CloseNote();
+    EXPECT_TRUE(IsDestroyed());
+    EXPECT_TRUE(StorageExists());
+    EXPECT_EQ(store_.Journal().Unfinished().size(), 1U) << "for the next start";
+    files_.HealPath(copy);
+    store_.RetryDeletions();
+    EXPECT_FALSE(StorageExists());
+    EXPECT_TRUE(store_.Journal().Unfinished().empty());
+}
+
+TEST_F(OpenNoteLeaving, WhatIsPreparedForAStorageCopyGoesBeforeIt) {
+    ShowStored(u"Milk");
+    files_.Put(note_.Data().StoragePath + u".new", "later");
+    files_.log.clear();
+    note_.DestroyNote();
+    EXPECT_EQ(files_.FileCount(), 0U);
+    EXPECT_EQ(files_.log.front(), u"Delete " + kFolder + files_.log.back().substr(7 + kFolder.size()) + u".new");
 }
 
 TEST_F(OpenNoteLeaving, ANoteGoneWhileItsFileIsRecycledIsLeftAlone) {
     PumpingShell shell(files_, owner_);
-    NoteStore store{files_, locale_, shell, names_};
+    NoteStore store{files_, locale_, shell, names_, kFolder};
     FakeNoteView view;
-    OpenNote note{{settings_, os_, kFolder, store, locale_, clock_, notice_, owner_, printer_, mail_, registry_}, kKey};
+    OpenNote note{{settings_, os_, kFolder, store, timers_, failures_, locale_, clock_, notice_, owner_, printer_,
+                   mail_, registry_},
+                  kKey};
     note.AttachView(view);
     ASSERT_TRUE(note.SetText(u"Milk"));
     note.MarkChanged();
@@ -372,7 +459,8 @@ TEST_F(OpenNoteLeaving, QuickDeleteNeverAsks) {
         settings_.dontRecycleNotes = c.keepNothing;
         FakeNoteView view;
         FakeNoteOwner owner;
-        OpenNote note{{settings_, os_, kFolder, store_, locale_, clock_, notice_, owner, printer_, mail_, registry_},
+        OpenNote note{{settings_, os_, kFolder, store_, timers_, failures_, locale_, clock_, notice_, owner, printer_,
+                       mail_, registry_},
                       kKey};
         note.AttachView(view);
         ASSERT_TRUE(note.SetText(c.text));
@@ -390,7 +478,7 @@ TEST_F(OpenNoteLeaving, QuickDeleteNeverAsks) {
 }
 
 TEST_F(OpenNoteLeaving, DestroyingPassesOverAStorageCopyThatStays) {
-    note_.SetStoragePath(kFolder + u"\\gone.qln");
+    note_.Saver().SetStorageCopy({kFolder + u"\\gone.qln", 0});
     note_.DestroyNote();
     EXPECT_TRUE(IsDestroyed());
 }

@@ -187,20 +187,21 @@ TEST_F(OpenNoteTest, TheStorageCopySurvivesAPowerCutAtAnyMoment) {
     const std::string before = Content(note_.Data().StoragePath);
     ASSERT_TRUE(note_.SetText(u"Bread"));
     note_.MarkChanged();
-    files_.CutPowerDuringReplace();
-    EXPECT_FALSE(note_.PersistNote());
-    EXPECT_EQ(Content(note_.Data().StoragePath), before);
-
-    note_.MarkChanged();
+    for (const int calls : {0, 1}) {
+        files_.CutPowerAfter(calls);
+        EXPECT_FALSE(note_.PersistNote()) << calls;
+        files_.Revive();
+        EXPECT_EQ(Content(note_.Data().StoragePath), before) << calls;
+        note_.MarkChanged();
+    }
     EXPECT_TRUE(note_.PersistNote());
-    files_.CutPower();
     EXPECT_EQ(Content(note_.Data().StoragePath).substr(0, 7), "Bread\r\n");
 }
 
 TEST_F(OpenNoteTest, AFileOfTheNotesFolderIsTheStorageCopy) {
     const std::u16string path = kFolder + u"\\Old.qln";
-    ASSERT_TRUE(files_.Write(path, "old"));
-    note_.SetStoragePath(path);
+    files_.Put(path, "old");
+    note_.Saver().SetStorageCopy({path, 0});
     EXPECT_TRUE(note_.PersistNote());
     EXPECT_EQ(Content(path), "old") << "unchanged: not written";
     ASSERT_TRUE(note_.SetText(u"new"));

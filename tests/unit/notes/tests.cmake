@@ -6,6 +6,7 @@ target_sources(quillo_core_tests PRIVATE
   unit/notes/note_codec_test.cpp
   unit/notes/note_mail_test.cpp
   unit/notes/note_print_test.cpp
+  unit/notes/note_saver_test.cpp
   unit/notes/note_store_test.cpp
   unit/notes/open_note_commands_test.cpp
   unit/notes/open_note_leaving_test.cpp

@@ -1,0 +1,80 @@
+#include "app/late_notes.h"
+
+#include <exception>
+#include <utility>
+
+#include "app/note_names.h"
+#include "app/note_opening.h"
+#include "app/settings.h"
+#include "ports/user_notice.h"
+
+namespace quillo {
+namespace {
+
+constexpr std::uint64_t kLargeBytes = 256 * 1024;
+/// Timers come after painting and input: whatever this one starts, the other notes answer before.
+constexpr std::uint32_t kBetweenMilliseconds = 10;
+constexpr std::uint32_t kRetryMilliseconds = 3000;
+constexpr std::uint64_t kLastRetryMilliseconds = 60'000;
+
+constexpr std::u16string_view kTitle = u"Some files are too large to be notes";
+constexpr std::u16string_view kText = u"Quillo has left these files in the notes folder alone:";
+
+}  // namespace
+
+LateNotes::LateNotes(NoteOpening& opening, Timers& timers, UserNotice& notice, const Settings& settings)
+    : opening_(opening),
+      notice_(notice),
+      settings_(settings),
+      timers_(timers),
+      largeTimer_(timers.Make([this] { OpenNext(); })),
+      lockedTimer_(timers.Make([this] { RetryLocked(); })),
+      start_(timers.Milliseconds()) {}
+
+void LateNotes::Open(const std::u16string& path, std::uint64_t size) {
+    if (size > kLargeBytes) {
+        large_.push_back(path);
+    } else {
+        OpenNow(path);
+    }
+}
+
+void LateNotes::OpenNow(const std::u16string& path) {
+    try {
+        const OpenOutcome outcome = opening_.OpenNoteFile(path, OpenMode::AtStart);
+        if (outcome == OpenOutcome::InUse) locked_.push_back(path);
+        if (outcome == OpenOutcome::TooLarge) tooLarge_.append(u"\r\n").append(FileNameOfPath(path));
+    } catch (const std::exception&) {
+        // Memory was short, for example. The file is as it was; the next start tries again.
+    }
+}
+
+void LateNotes::Begin() {
+    if (!large_.empty()) {
+        largeTimer_->Start(kBetweenMilliseconds);
+    } else if (!tooLarge_.empty() && !settings_.disableBalloonHelp) {
+        notice_.Balloon(kTitle, std::u16string(kText) + std::exchange(tooLarge_, {}), BalloonIcon::Warning);
+    }
+    if (!locked_.empty()) lockedTimer_->Start(kRetryMilliseconds);
+}
+
+void LateNotes::OpenNext() {
+    if (!opening_.CanOpenAnotherNote()) return large_.clear();  // one message, not one for each file left
+    const std::u16string path = large_.front();
+    large_.pop_front();
+    OpenNow(path);
+    Begin();
+}
+
+void LateNotes::RetryLocked() {
+    if (timers_.Milliseconds() - start_ > kLastRetryMilliseconds) return locked_.clear();
+    for (const std::u16string& path : std::exchange(locked_, {})) OpenNow(path);
+    Begin();
+}
+
+void LateNotes::Stop() {
+    largeTimer_->Stop();
+    lockedTimer_->Stop();
+}
+
+}  // namespace quillo

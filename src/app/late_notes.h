@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+
+#include "ports/timers.h"
+
+namespace quillo {
+
+class NoteOpening;
+class UserNotice;
+struct Settings;
+
+/// The saved notes that a start does not wait for: large files are opened one at a time when the other notes have been
+/// painted, and files that another program has open are tried again during the first minute.
+class LateNotes {
+  public:
+    LateNotes(NoteOpening& opening, Timers& timers, UserNotice& notice, const Settings& settings);
+
+    /// Opens a saved note now, or leaves it for later. A failure concerns this file alone.
+    void Open(const std::u16string& path, std::uint64_t size);
+    /// No more files come from this start. Tells of those that are too large.
+    void Begin();
+    /// The program ends: nothing more is opened.
+    void Stop();
+
+  private:
+    void OpenNow(const std::u16string& path);
+    void OpenNext();
+    void RetryLocked();
+
+    NoteOpening& opening_;
+    UserNotice& notice_;
+    const Settings& settings_;
+    Timers& timers_;
+    std::unique_ptr<Timer> largeTimer_;
+    std::unique_ptr<Timer> lockedTimer_;
+    std::deque<std::u16string> large_;
+    std::deque<std::u16string> locked_;
+    std::u16string tooLarge_;  ///< file names, one a line
+    std::uint64_t start_;      ///< in milliseconds
+};
+
+}  // namespace quillo

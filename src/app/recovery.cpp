@@ -1,0 +1,138 @@
+#include "app/recovery.h"
+
+#include <algorithm>
+
+#include "app/note_names.h"
+#include "notes/unicode_element.h"
+#include "util/content_hash.h"
+#include "util/ignore.h"
+#include "util/text.h"
+
+namespace quillo {
+namespace {
+
+/// A storage copy that a newer one has replaced is kept under this ending until the next start.
+constexpr std::u16string_view kReplacedExtension = u".old";
+constexpr std::string_view kEndOfStorageCopy = "<nodelete></nodelete></quillo>";
+
+bool EndsWith(std::u16string_view text, std::u16string_view ending) {
+    return text.size() >= ending.size() && EqualsIgnoringAsciiCase(text.substr(text.size() - ending.size()), ending);
+}
+
+bool IsWholeStorageCopy(std::string_view bytes) {
+    const bool plain = bytes.size() >= kEndOfStorageCopy.size() &&
+                       bytes.substr(bytes.size() - kEndOfStorageCopy.size()) == kEndOfStorageCopy;
+    return plain || EndsWithUnicodeElement(bytes);
+}
+
+/// The storage copy for which a file was prepared ("a.qln.new", "a.qln.2.new"); "" for any other file.
+std::u16string_view CopyOfPrepared(std::u16string_view path) {
+    path.remove_suffix(kPreparedExtension.size());
+    const std::size_t digits = path.find_last_not_of(u"0123456789");
+    if (digits + 1 < path.size() && digits != std::u16string_view::npos && path[digits] == u'.') {
+        path = path.substr(0, digits);
+    }
+    return EndsWith(path, kNoteExtension) ? path : std::u16string_view();
+}
+
+}  // namespace
+
+Recovery::Result Recovery::Run() {
+    Result result;
+    for (const SaveJournal::Record& record : store_.Journal().Unfinished()) Finish(record, result);
+    AdoptPreparedCopies();
+    return result;
+}
+
+std::uint64_t Recovery::HashOf(const std::u16string& path) {
+    const std::optional<std::string> bytes = files_.Read(path);
+    return bytes ? ContentHash(*bytes) : 0;
+}
+
+bool Recovery::IsStill(const FileVersion& file) {
+    return file.hash != 0 && HashOf(file.path) == file.hash;
+}
+
+void Recovery::Finish(const SaveJournal::Record& record, Result& result) {
+    const PendingStep& step = record.step;
+    if (!step.prepared.empty()) {
+        Ignore(files_.Delete(step.prepared), "it has taken its place, or it only takes room");
+    }
+    switch (step.kind) {
+        case PendingStep::Kind::Write:
+            break;
+        case PendingStep::Kind::Move:
+            return FinishMove(record);
+        case PendingStep::Kind::Recycle:
+            FinishRecycling(step);
+            break;
+        case PendingStep::Kind::Rescue:
+            if (!FinishRescue(step, result)) return;
+            break;
+    }
+    store_.Journal().End(record.path);
+}
+
+void Recovery::FinishMove(const SaveJournal::Record& record) {
+    const PendingStep& step = record.step;
+    const bool arrived = step.to.path.empty() || IsStill(step.to);
+    if (arrived && IsStill(step.from) && files_.Delete(step.from.path) == FileError::InUse) return;  // next time
+    store_.Journal().End(record.path);
+}
+
+void Recovery::FinishRecycling(const PendingStep& step) {
+    // Where the file has gone already, nothing tells the bin from a deletion for good: the note then stays.
+    if (!IsStill(step.from) || !IsStill(step.to)) return;
+    if (store_.Recycle(step.to.path) == RecycleResult::Gone) return;
+    store_.DeleteStorageCopy(step.from, {});
+}
+
+bool Recovery::FinishRescue(const PendingStep& step, Result& result) {
+    if (!IsStill(step.to)) return true;  // opened or changed by the user since
+    const NoteFile note = ParseNoteFile(files_.Read(step.to.path).value_or(std::string()), locale_);
+    const std::optional<std::string> bytes = store_.FormatStorageCopy(note);
+    const std::uint64_t now = HashOf(step.from.path);
+    const bool placed = bytes && now == ContentHash(*bytes);
+    if (!placed && now != step.from.hash) {
+        result.files.push_back(step.to.path);  // both are somebody's text
+        return true;
+    }
+    if (!placed && store_.SaveStorageCopy(note, step.from.path).error != FileError::None) {
+        result.files.push_back(step.to.path);
+        return false;
+    }
+    Ignore(files_.Delete(step.to.path), "a file that stays is another copy of the note");
+    ++result.restored;
+    return true;
+}
+
+void Recovery::AdoptPreparedCopies() {
+    for (const FileEntry& file : files_.List(notesFolder_, kReplacedExtension)) {
+        const std::u16string_view path = file.path;
+        if (EndsWith(path.substr(0, path.size() - kReplacedExtension.size()), kNoteExtension)) {
+            Ignore(files_.Delete(path), "the next start tries again");
+        }
+    }
+    std::vector<FileEntry> prepared = files_.List(notesFolder_, kPreparedExtension);
+    std::sort(prepared.begin(), prepared.end(),
+              [](const FileEntry& a, const FileEntry& b) { return a.modified < b.modified; });
+    for (const FileEntry& file : prepared) {
+        const std::u16string copy(CopyOfPrepared(file.path));
+        if (!copy.empty()) Adopt(file, copy);
+    }
+}
+
+void Recovery::Adopt(const FileEntry& prepared, const std::u16string& copy) {
+    const std::optional<std::string> bytes = files_.Read(prepared.path);
+    if (!bytes) return;
+    const std::optional<FileEntry> existing = files_.Find(copy);
+    const bool newer = !existing || existing->modified < prepared.modified;
+    if (!newer || !IsWholeStorageCopy(*bytes)) {
+        Ignore(files_.Delete(prepared.path), "the next start tries again");
+        return;
+    }
+    if (existing && files_.MoveOver(copy, copy + std::u16string(kReplacedExtension)) != FileError::None) return;
+    Ignore(files_.Rename(prepared.path, copy), "the next start tries again");
+}
+
+}  // namespace quillo

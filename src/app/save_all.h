@@ -1,0 +1,43 @@
+#pragma once
+
+#include <set>
+#include <string>
+
+#include "notes/note_saver.h"
+
+namespace quillo {
+
+class LegacyNotes;
+class OpenNotes;
+class UserNotice;
+struct Settings;
+
+/// The program's save-all: every open note saves itself, the old store is cleared, and the disk reserve is kept as
+/// large as the notes need.
+class SaveAll {
+  public:
+    SaveAll(OpenNotes& notes, LegacyNotes& legacy, NoteStore& store) : notes_(notes), legacy_(legacy), store_(store) {}
+
+    void Run();
+
+  private:
+    OpenNotes& notes_;
+    LegacyNotes& legacy_;
+    NoteStore& store_;
+};
+
+/// Tells the user once when notes cannot be saved; the notes themselves show which and why.
+class SaveFailures : public SaveFailureListener {
+  public:
+    SaveFailures(UserNotice& notice, const Settings& settings) : notice_(notice), settings_(settings) {}
+
+    void NoteCannotBeSaved(const std::u16string& noteKey, FileError error) override;
+    void NoteIsSavedAgain(const std::u16string& noteKey) override { failing_.erase(noteKey); }
+
+  private:
+    UserNotice& notice_;
+    const Settings& settings_;
+    std::set<std::u16string> failing_;  ///< keys of notes
+};
+
+}  // namespace quillo

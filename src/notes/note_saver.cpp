@@ -1,0 +1,86 @@
+#include "notes/note_saver.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quillo {
+namespace {
+
+/// How long after its last change a note is saved: long enough not to write at every key.
+constexpr std::uint64_t kPauseMilliseconds = 2000;
+/// No change stays longer in memory alone, however steadily the user types.
+constexpr std::uint64_t kLatestMilliseconds = 5000;
+constexpr std::uint32_t kRetryMilliseconds = 10'000;
+
+}  // namespace
+
+NoteSaver::NoteSaver(SaverServices services, Note& note, std::function<NoteFile()> content,
+                     std::function<void(FileError)> showFailure)
+    : services_(services),
+      note_(note),
+      content_(std::move(content)),
+      showFailure_(std::move(showFailure)),
+      timer_(services.timers.Make([this] { PersistNote(); })) {}
+
+void NoteSaver::MarkChanged() {
+    if (stopped_) return;
+    note_.Changed = true;
+    Wait();
+}
+
+void NoteSaver::Wait() {
+    const std::uint64_t now = services_.timers.Milliseconds();
+    if (!firstChange_) firstChange_ = now;
+    const std::uint64_t latest = *firstChange_ + kLatestMilliseconds;
+    // The system's timers come after all other messages: a thread that is never idle has to look for itself.
+    if (now >= latest) {
+        PersistNote();
+        return;
+    }
+    timer_->Start(static_cast<std::uint32_t>(std::min(kPauseMilliseconds, latest - now)));
+}
+
+bool NoteSaver::PersistNote() {
+    if (stopped_ || !HasUnsavedChange()) return stored_;
+    timer_->Stop();
+    ChooseStoragePath();
+    const SavedNote saved = services_.store.SaveStorageCopy(content_(), note_.StoragePath);
+    note_.Changed = false;  // intended after a failure too; what could not be written is remembered here
+    firstChange_.reset();
+    stored_ = saved.error == FileError::None;
+    if (stored_) hash_ = saved.hash;
+    Report(saved.error);
+    if (!stored_) timer_->Start(kRetryMilliseconds);
+    return stored_;
+}
+
+void NoteSaver::Report(FileError error) {
+    if (error == failure_) return;
+    const FileError before = std::exchange(failure_, error);
+    showFailure_(error);
+    if (error == FileError::None) services_.failures.NoteIsSavedAgain(note_.NoteKey);
+    if (before == FileError::None) services_.failures.NoteCannotBeSaved(note_.NoteKey, error);
+}
+
+void NoteSaver::LookForStorageCopy() {
+    if (stored_ && !services_.store.Files().FileExists(note_.StoragePath)) note_.Changed = true;
+}
+
+void NoteSaver::SetStorageCopy(FileVersion copy) {
+    stored_ = !copy.path.empty();
+    hash_ = copy.hash;
+    note_.StoragePath = std::move(copy.path);
+}
+
+void NoteSaver::ChooseStoragePath() {
+    if (note_.StoragePath.empty()) note_.StoragePath = services_.store.NewStoragePath();
+}
+
+void NoteSaver::Stop() {
+    stopped_ = true;
+    timer_->Stop();
+    if (failure_ != FileError::None) services_.failures.NoteIsSavedAgain(note_.NoteKey);
+    failure_ = FileError::None;
+}
+
+}  // namespace quillo

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "ports/timers.h"
+
+namespace quillo {
+
+/// Timers that fire when the test lets time pass.
+class FakeTimers : public Timers {
+  public:
+    [[nodiscard]] std::unique_ptr<Timer> Make(std::function<void()> tick) override {
+        return std::make_unique<FakeTimer>(*this, std::move(tick));
+    }
+    [[nodiscard]] std::uint64_t Milliseconds() override { return now_; }
+
+    /// Fires what is due, in the order of time.
+    void Pass(std::uint64_t milliseconds) {
+        const std::uint64_t end = now_ + milliseconds;
+        while (FakeTimer* next = NextBefore(end)) {
+            now_ = *next->due;
+            next->due.reset();
+            const auto tick = next->tick;  // a copy: the tick may destroy its timer
+            tick();
+        }
+        now_ = end;
+    }
+    /// Time passes, but no timer gets a turn: the thread is busy.
+    void PassWithoutTicks(std::uint64_t milliseconds) { now_ += milliseconds; }
+    [[nodiscard]] std::size_t Running() const {
+        return static_cast<std::size_t>(
+            std::count_if(timers_.begin(), timers_.end(), [](const FakeTimer* t) { return t->due.has_value(); }));
+    }
+
+  private:
+    struct FakeTimer : Timer {
+        FakeTimer(FakeTimers& timers, std::function<void()> action) : owner(timers), tick(std::move(action)) {
+            owner.timers_.push_back(this);
+        }
+        FakeTimer(const FakeTimer&) = delete;
+        FakeTimer& operator=(const FakeTimer&) = delete;
+        ~FakeTimer() override { std::erase(owner.timers_, this); }
+        void Start(std::uint32_t milliseconds) override { due = owner.now_ + milliseconds; }
+        void Stop() override { due.reset(); }
+
+        FakeTimers& owner;
+        std::function<void()> tick;
+        std::optional<std::uint64_t> due;
+    };
+
+    FakeTimer* NextBefore(std::uint64_t end) {
+        FakeTimer* next = nullptr;
+        for (FakeTimer* timer : timers_) {
+            if (timer->due && *timer->due <= end && (next == nullptr || *timer->due < *next->due)) next = timer;
+        }
+        return next;
+    }
+
+    std::vector<FakeTimer*> timers_;
+    std::uint64_t now_ = 1000;
+};
+
+}  // namespace quillo

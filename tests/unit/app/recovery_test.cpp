@@ -1,0 +1,363 @@
+#include "app/recovery.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <new>
+#include <utility>
+
+#include "test_program.h"
+#include "util/unicode.h"
+
+namespace quillo {
+namespace {
+
+const std::u16string kText = u"Buy milk \u65E5\u672C \U0001F600";
+
+/// What of the note is on the disk and would be open after the next start.
+struct Outcome {
+    std::size_t open = 0;      ///< notes with the text that the next start opens
+    std::size_t outside = 0;   ///< files with the text outside the notes folder
+    std::size_t recycled = 0;  ///< files with the text in the Recycle Bin
+    std::size_t torn = 0;      ///< notes with any other text
+};
+
+/// A program with one stored note, which an earlier run has left open.
+class FaultTest : public testing::Test {
+  protected:
+    void SetUp() override { Fresh(); }
+
+    void Fresh() {
+        test_ = std::make_unique<TestProgram>();
+        test_->files.PutFolder(kTestDesktop);
+        NoteFile note;
+        note.text = kText;
+        test_->opening.CreateNote(note)->MarkChanged();
+        ASSERT_TRUE(Note().PersistNote());
+    }
+    [[nodiscard]] OpenNote& Note() { return test_->views.Note(0); }
+
+    /// The machine dies with the program and starts again: the disk is all that is left.
+    Outcome Restart() {
+        test_->files.Revive();
+        FakeFileStore& disk = test_->files;
+        Outcome outcome;
+        auto next = std::make_unique<TestProgram>();
+        next->files = disk;
+        const Recovery::Result result = next->recovery.Run();
+        for (const FileEntry& file : next->files.List(kTestNotesFolder, kNoteExtension)) next->late.Open(file.path, 0);
+        for (const std::u16string& path : result.files) next->late.Open(path, 0);
+        for (std::size_t i = 0; i < next->views.Count(); ++i) {
+            ++(next->views.Note(i).Text() == kText ? outcome.open : outcome.torn);
+        }
+        for (const std::u16string& path : next->files.PathsEndingIn(kNoteExtension)) {
+            if (path.substr(0, kTestNotesFolder.size()) == kTestNotesFolder) continue;
+            const NoteFile file = ParseNoteFile(*next->files.Read(path), next->locale);
+            ++(file.text == kText ? outcome.outside : outcome.torn);
+        }
+        for (const FakeShell* shell : {&test_->shell, &next->shell}) outcome.recycled += shell->recycled.size();
+        leftovers_ = next->files.PathsEndingIn(u".new").size() + next->files.PathsEndingIn(u".qlr").size();
+        return outcome;
+    }
+
+    /// Cuts the power after every single call that `act` makes, and looks at the next start.
+    void CutPowerEverywhere(const std::function<void()>& prepare, const std::function<void()>& act,
+                            const std::function<bool(const Outcome&)>& isRight) {
+        for (int calls = 0;; ++calls) {
+            Fresh();
+            prepare();
+            test_->files.CutPowerAfter(calls);
+            act();
+            const bool complete = test_->files.ChangingCalls() <= calls;
+            const Outcome outcome = Restart();
+            EXPECT_TRUE(isRight(outcome)) << "after " << calls << " calls: open " << outcome.open << ", outside "
+                                          << outcome.outside << ", recycled " << outcome.recycled;
+            EXPECT_EQ(outcome.torn, 0U) << calls;
+            EXPECT_EQ(leftovers_, 0U) << calls;
+            if (complete) break;
+            ASSERT_LT(calls, 50);
+        }
+    }
+
+    std::unique_ptr<TestProgram> test_;
+    std::size_t leftovers_ = 0;
+};
+
+TEST_F(FaultTest, ClosingNeitherLosesNorDoublesANote) {
+    CutPowerEverywhere([] {}, [this] { Note().CloseNote(); }, [](const Outcome& o) { return o.open + o.outside == 1; });
+}
+
+TEST_F(FaultTest, DeletingNeitherLosesNorDoublesANote) {
+    // Between the shell's move and the deletion of the storage copy nothing tells where the file is: the note is open
+    // then, and in the bin.
+    CutPowerEverywhere([] {}, [this] { Note().DeleteNote(); },
+                       [](const Outcome& o) { return o.open + o.recycled >= 1 && o.open <= 1 && o.outside == 0; });
+}
+
+TEST_F(FaultTest, OpeningASourceNeitherLosesNorDoublesANote) {
+    CutPowerEverywhere(
+        [this] {
+            Note().DestroyNote();
+            test_->files.Put(u"D:\\Source.txt", EncodeUtf8(kText));
+        },
+        [this] { test_->opening.OpenNoteFile(u"D:\\Source.txt"); },
+        [this](const Outcome& o) {
+            return o.open + (test_->files.FileExists(u"D:\\Source.txt") ? 1 : 0) >= 1 && o.open <= 1;
+        });
+}
+
+TEST_F(FaultTest, SavingNeverLosesTheLastStoredText) {
+    CutPowerEverywhere([this] { Note().MarkChanged(); }, [this] { Note().PersistNote(); },
+                       [](const Outcome& o) { return o.open == 1; });
+}
+
+TEST_F(FaultTest, AFailureOfAnyCallWhileClosingKeepsTheNote) {
+    for (int calls = 0; calls < 20; ++calls) {
+        Fresh();
+        test_->notice.answer = false;
+        test_->files.FailAfter(calls);
+        Note().CloseNote();
+        const Outcome outcome = Restart();
+        EXPECT_EQ(outcome.open + outcome.outside, 1U) << calls;
+        EXPECT_EQ(outcome.torn, 0U) << calls;
+    }
+}
+
+// Rescued notes.
+
+class RescueTest : public FaultTest {
+  protected:
+    void ChangeUnsaved() {
+        test_->files.FailPath(Note().Data().StoragePath, FileError::NoPermission);
+        ASSERT_TRUE(Note().SetText(u"changed " + kText));
+        Note().MarkChanged();
+    }
+};
+
+TEST_F(RescueTest, AQuitWritesWhatCannotBeSavedToTheNoteFolderAndTheNextStartPutsItBack) {
+    const std::u16string copy = Note().Data().StoragePath;
+    ChangeUnsaved();
+    EXPECT_TRUE(test_->quit.Run(QuitReason::Command));
+    test_->files.HealPath(copy);
+    const auto rescued = test_->files.List(kTestDesktop, kNoteExtension);
+    ASSERT_EQ(rescued.size(), 1U);
+
+    for (int start = 0; start < 2; ++start) {
+        const Recovery::Result result = test_->recovery.Run();
+        EXPECT_EQ(result.restored, start == 0 ? 1 : 0);
+        EXPECT_TRUE(result.files.empty());
+        EXPECT_FALSE(test_->files.FileExists(rescued[0].path));
+        EXPECT_EQ(ParseNoteFile(*test_->files.Read(copy), test_->locale).text, u"changed " + kText);
+    }
+}
+
+TEST_F(RescueTest, ARescuedNoteWhoseStorageCopyHasChangedIsOpenedBesideIt) {
+    const std::u16string copy = Note().Data().StoragePath;
+    ChangeUnsaved();
+    EXPECT_TRUE(test_->quit.Run(QuitReason::SessionEnd));
+    test_->files.HealPath(copy);
+    test_->files.Put(copy, "edited elsewhere");
+    const Recovery::Result result = test_->recovery.Run();
+    EXPECT_EQ(result.files.size(), 1U);
+    EXPECT_EQ(test_->files.Read(copy), "edited elsewhere");
+    EXPECT_TRUE(test_->recovery.Run().files.empty());
+}
+
+TEST_F(RescueTest, NoPowerCutDuringTheRecoveryLosesOrDoublesANote) {
+    for (int calls = 0; calls < 20; ++calls) {
+        Fresh();
+        const std::u16string copy = Note().Data().StoragePath;
+        test_->files.FailPath(copy, FileError::NoPermission);
+        Note().MarkChanged();
+        ASSERT_TRUE(test_->quit.Run(QuitReason::Command));
+        test_->files.HealPath(copy);
+        test_->files.CutPowerAfter(calls);
+        static_cast<void>(test_->recovery.Run());
+        const Outcome outcome = Restart();
+        EXPECT_EQ(outcome.open, 1U) << calls;
+        EXPECT_EQ(outcome.outside, 0U) << calls;
+        EXPECT_EQ(outcome.torn, 0U) << calls;
+    }
+}
+
+TEST_F(RescueTest, AUserIsAskedBeforeATextIsLost) {
+    ChangeUnsaved();
+    test_->files.FailWrites(true);
+    test_->notice.answer = false;
+    EXPECT_FALSE(test_->quit.Run(QuitReason::User));
+    EXPECT_FALSE(test_->program.quitting);
+    EXPECT_EQ(test_->program.openNotes.Count(), 1U);
+    ASSERT_EQ(test_->notice.questions.size(), 1U);
+    EXPECT_EQ(test_->notice.questions[0].question, Question::YesNoDefaultNo);
+    EXPECT_TRUE(test_->quit.Run(QuitReason::Command)) << "nobody can be asked";
+}
+
+TEST_F(RescueTest, AUserWhoKeepsTheProgramRunningFindsNoCopies) {
+    ChangeUnsaved();
+    NoteFile second;
+    second.text = u"second";
+    OpenNote* other = test_->opening.CreateNote(second);
+    other->Saver().ChooseStoragePath();
+    test_->files.FailPath(other->Data().StoragePath);
+    other->MarkChanged();
+    // The first rescue takes the whole room.
+    test_->files.SetCapacity(0);
+    test_->notice.answer = false;
+    EXPECT_FALSE(test_->quit.Run(QuitReason::User));
+    EXPECT_TRUE(test_->files.List(kTestDesktop, kNoteExtension).empty());
+}
+
+// Prepared storage copies.
+
+class PreparedTest : public testing::Test {
+  protected:
+    std::string Copy(std::u16string_view text) {
+        NoteFile note;
+        note.text = text;
+        return test_.store.FormatStorageCopy(note).value_or("");
+    }
+    std::u16string TextAt(const std::u16string& path) {
+        const auto bytes = test_.files.Read(path);
+        return bytes ? ParseNoteFile(*bytes, test_.locale).text : u"(none)";
+    }
+
+    TestProgram test_;
+    const std::u16string copy_ = TestProgram::Stored(u"a.qln");
+};
+
+TEST_F(PreparedTest, AWholeOneTakesThePlaceOfAMissingOrOlderCopy) {
+    test_.files.Put(copy_ + u".new", Copy(u"new"));
+    static_cast<void>(test_.recovery.Run());
+    EXPECT_EQ(TextAt(copy_), u"new");
+
+    test_.files.Put(copy_ + u".2.new", Copy(u"newer \u65E5"));
+    static_cast<void>(test_.recovery.Run());
+    EXPECT_EQ(TextAt(copy_), u"newer \u65E5");
+    EXPECT_EQ(TextAt(copy_ + u".old"), u"new") << "kept until the next start";
+    static_cast<void>(test_.recovery.Run());
+    EXPECT_FALSE(test_.files.FileExists(copy_ + u".old"));
+    EXPECT_EQ(TextAt(copy_), u"newer \u65E5");
+}
+
+TEST_F(PreparedTest, TheRestIsRemoved) {
+    test_.files.Put(copy_ + u".new", Copy(u"older"));
+    test_.files.Put(copy_, Copy(u"current"));
+    const std::string whole = Copy(u"torn");
+    test_.files.Put(copy_ + u".2.new", whole.substr(0, whole.size() - 1));
+    test_.files.Put(copy_ + u".3.new", "");
+    static_cast<void>(test_.recovery.Run());
+    EXPECT_EQ(TextAt(copy_), u"current");
+    EXPECT_TRUE(test_.files.PathsEndingIn(u".new").empty());
+}
+
+TEST_F(PreparedTest, OtherFilesAreLeftAlone) {
+    for (const auto* name : {u"a.txt.new", u"b.new", u"c.old", u"d.qln.x.new"}) {
+        test_.files.Put(TestProgram::Stored(name), "mine");
+    }
+    static_cast<void>(test_.recovery.Run());
+    EXPECT_EQ(test_.files.FileCount(), 4U);
+}
+
+// Notes that a start does not wait for.
+
+class LateNotesTest : public testing::Test {
+  protected:
+    TestProgram test_;
+};
+
+TEST_F(LateNotesTest, LargeFilesAreOpenedOneAtATimeAfterwards) {
+    for (const auto* name : {u"a.qln", u"b.qln"}) test_.files.Put(TestProgram::Stored(name), std::string(300'000, 'x'));
+    test_.files.Put(TestProgram::Stored(u"c.qln"), "small");
+    for (const FileEntry& file : test_.files.List(kTestNotesFolder, kNoteExtension))
+        test_.late.Open(file.path, file.size);
+    test_.late.Begin();
+    ASSERT_EQ(test_.program.openNotes.Count(), 1U);
+    EXPECT_EQ(test_.views.Note(0).Text(), u"small");
+    test_.timers.Pass(10);
+    EXPECT_EQ(test_.program.openNotes.Count(), 2U);
+    test_.timers.Pass(10);
+    EXPECT_EQ(test_.program.openNotes.Count(), 3U);
+    EXPECT_EQ(test_.timers.Running(), 0U);
+}
+
+TEST_F(LateNotesTest, ALargeFileThatIsOpenAlreadyIsNotOpenedTwice) {
+    const std::u16string path = TestProgram::Stored(u"a.qln");
+    test_.files.Put(path, std::string(300'000, 'x'));
+    test_.late.Open(path, 300'000);
+    test_.late.Begin();
+    test_.opening.OpenNoteFile(path);
+    test_.timers.Pass(10);
+    EXPECT_EQ(test_.program.openNotes.Count(), 1U);
+}
+
+TEST_F(LateNotesTest, AFileThatIsTooLargeIsNamed) {
+    const std::u16string path = TestProgram::Stored(u"huge.qln");
+    test_.files.Put(path, std::string(kLargestNoteFile + 1, 'x'));
+    test_.late.Open(path, kLargestNoteFile + 1);
+    test_.late.Begin();
+    test_.timers.Pass(10);
+    EXPECT_EQ(test_.program.openNotes.Count(), 0U);
+    ASSERT_EQ(test_.notice.balloons.size(), 1U);
+    EXPECT_NE(test_.notice.balloons[0].text.find(u"huge.qln"), std::u16string::npos);
+    EXPECT_TRUE(test_.files.FileExists(path));
+}
+
+TEST_F(LateNotesTest, ALockedFileIsTriedAgainDuringTheFirstMinute) {
+    test_.program.settings.autoPinNewNotes = true;
+    const std::u16string path = TestProgram::Stored(u"a.qln");
+    test_.files.Put(path, "text");
+    test_.files.FailPath(path);
+    test_.late.Open(path, 4);
+    test_.late.Begin();
+    test_.timers.Pass(30'000);
+    EXPECT_EQ(test_.program.openNotes.Count(), 0U);
+    test_.files.HealPath(path);
+    test_.timers.Pass(10'000);
+    ASSERT_EQ(test_.program.openNotes.Count(), 1U);
+    EXPECT_FALSE(test_.views.Note(0).Data().Pinned) << "as if it were still loading";
+}
+
+TEST_F(LateNotesTest, AFileThatStaysLockedIsGivenUpAfterAMinute) {
+    const std::u16string path = TestProgram::Stored(u"a.qln");
+    test_.files.Put(path, "text");
+    test_.files.FailPath(path);
+    test_.late.Open(path, 4);
+    test_.late.Begin();
+    test_.timers.Pass(70'000);
+    EXPECT_EQ(test_.timers.Running(), 0U);
+}
+
+TEST_F(LateNotesTest, AnErrorCostsOneFile) {
+    test_.files.Put(TestProgram::Stored(u"a.qln"), "a");
+    test_.files.Put(TestProgram::Stored(u"b.qln"), "b");
+    bool failed = false;
+    test_.views.onMake = [&failed] {
+        if (!std::exchange(failed, true)) throw std::bad_alloc();
+    };
+    for (const FileEntry& file : test_.files.List(kTestNotesFolder, kNoteExtension))
+        test_.late.Open(file.path, file.size);
+    ASSERT_EQ(test_.program.openNotes.Count(), 1U);
+    EXPECT_EQ(test_.views.Note(0).Text(), u"b");
+    EXPECT_EQ(test_.files.Read(TestProgram::Stored(u"a.qln")), "a");
+}
+
+// Telling.
+
+TEST(SaveFailures, TellOnceForAllNotes) {
+    TestProgram test;
+    test.failures.NoteCannotBeSaved(u"a", FileError::DiskFull);
+    test.failures.NoteCannotBeSaved(u"b", FileError::DiskFull);
+    EXPECT_EQ(test.notice.balloons.size(), 1U);
+    test.failures.NoteIsSavedAgain(u"a");
+    test.failures.NoteCannotBeSaved(u"c", FileError::DiskFull);
+    EXPECT_EQ(test.notice.balloons.size(), 1U) << "the trouble has not ended";
+    test.failures.NoteIsSavedAgain(u"b");
+    test.failures.NoteIsSavedAgain(u"c");
+    test.program.settings.disableBalloonHelp = true;
+    test.failures.NoteCannotBeSaved(u"a", FileError::DiskFull);
+    EXPECT_EQ(test.notice.balloons.size(), 1U);
+}
+
+}  // namespace
+}  // namespace quillo
