@@ -476,7 +476,9 @@ TEST(NoteFile, DoesNoHarmWhenItIsDamaged) {
                 damaged[random() % damaged.size()] = static_cast<char>(random() % 256);
             }
             const NoteFileParts parts = SplitNoteFile(damaged);
-            if (!parts.tags) ASSERT_EQ(parts.JoinedText(), damaged);
+            if (!parts.tags) {
+                ASSERT_EQ(parts.JoinedText(), damaged);
+            }
             static_cast<void>(Read(damaged));
         }
     }
