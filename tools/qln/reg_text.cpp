@@ -194,6 +194,11 @@ std::optional<std::int32_t> RegTextApi::QueryNumber(Key key, std::u16string_view
     return number;
 }
 
+std::optional<std::uint32_t> RegTextApi::CountValues(Key key) {
+    if (key == 0 || key > open_.size()) return std::nullopt;
+    return static_cast<std::uint32_t>(open_[key - 1].size());
+}
+
 std::optional<RegistryApi::ValueEntry> RegTextApi::EnumerateValue(Key key, std::uint32_t index) {
     if (key == 0 || key > open_.size() || index >= open_[key - 1].size()) return std::nullopt;
     const std::u16string name = open_[key - 1][index].name;

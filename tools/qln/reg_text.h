@@ -32,6 +32,7 @@ class RegTextApi : public RegistryApi {
     [[nodiscard]] bool SetNumber(Key, std::u16string_view, std::int32_t) override { return false; }
     [[nodiscard]] bool DeleteValue(Key, std::u16string_view) override { return false; }
     [[nodiscard]] bool DeleteKey(Key, std::u16string_view) override { return false; }
+    [[nodiscard]] std::optional<std::uint32_t> CountValues(Key key) override;
     [[nodiscard]] std::optional<ValueEntry> EnumerateValue(Key key, std::uint32_t index) override;
     [[nodiscard]] std::optional<std::u16string> EnumerateSubkey(Key, std::uint32_t) override { return std::nullopt; }
 
