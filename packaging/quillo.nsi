@@ -308,22 +308,21 @@ Function SetupPage
     ${If} $OldVersion != ""
         StrCpy $3 "It replaces version $OldVersion in the folder"
     ${EndIf}
-    ${NSD_CreateLabel} 0 38u 100% 10u "$3"
+    ${NSD_CreateLabel} 0 33u 100% 10u "$3"
     Pop $1
-    ${NSD_CreateText} 0 49u 100% 12u "$INSTDIR"
+    ${NSD_CreateText} 0 43u 100% 12u "$INSTDIR"
     Pop $1
     SendMessage $1 ${EM_SETREADONLY} 1 0
-    ${NSD_CreateLabel} 0 68u 100% 20u "Quillo starts together with Windows, so that your notes are always there. To switch that \
+    ${NSD_CreateLabel} 0 61u 100% 20u "Quillo starts together with Windows, so that your notes are always there. To switch that \
         off, open its options and turn to the page Behavior."
     Pop $1
-    ${NSD_CreateCheckbox} 0 90u 100% 12u "&Ctrl+Alt+N makes a new note, from any program"
+    ${NSD_CreateCheckbox} 0 84u 100% 12u "&Ctrl+Alt+N makes a new note, from any program"
     Pop $Box
     ${NSD_SetState} $Box $Hotkey
-    ${NSD_CreateLabel} 12u 102u -12u 10u "Leave it out where these keys type a letter, as on some keyboards."
+    ${NSD_CreateLabel} 12u 96u -12u 10u "Leave it out where these keys type a letter, as on some keyboards."
     Pop $1
     ${If} $OldVersion != ""
-        ${NSD_CreateLabel} 0 117u 100% 20u "A Quillo that is running is closed, and started again. Your notes and your \
-            settings stay as they are."
+        ${NSD_CreateLabel} 0 119u 100% 10u "A Quillo that runs is closed and started again. Notes and settings stay."
         Pop $1
     ${EndIf}
     GetDlgItem $0 $HWNDPARENT 1
