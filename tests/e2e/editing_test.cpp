@@ -12,7 +12,7 @@ class Editing : public OrdinaryTest {
         Profile().AddNote(L"other.qln", other.Bytes());
         other_ = MarkOf(Profile().NotesFolder() + L"\\other.qln");
         Start();
-        return FindNote(Quillo(), Widen(text));
+        return WaitForNote(Quillo(), Widen(text));  // a large one comes after the others
     }
     /// Ends the program; exactly the note typed into is written, with that text.
     void QuitAndExpectText(const std::string& text) {
@@ -116,7 +116,7 @@ TEST_F(Editing, AMillionCharactersGoRound) {
     Quit();
     EXPECT_TRUE(ReadBytes(path_) == NoteFile{"+" + text}.Bytes());
     Start();
-    EXPECT_TRUE(FindNote(Quillo(), Widen("+" + text)).IsVisible());
+    EXPECT_TRUE(WaitForNote(Quillo(), Widen("+" + text)).IsVisible());
 }
 
 TEST_F(Editing, ANewNoteIsStoredOnceItIsTypedInto) {
