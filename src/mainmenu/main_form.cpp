@@ -411,6 +411,7 @@ void MainForm::Perform(MenuItem item) {
         case MenuItem::About:
             return raise(onAbout);
         default:
+            raise(onGoingAway);  // a dead network path can hold the shell for long
             RunShortcut(tools_.program.settings.shortcuts.at(static_cast<std::size_t>(ShortcutNumber(item)) - 1),
                         tools_.shell);
     }

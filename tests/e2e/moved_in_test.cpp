@@ -114,14 +114,18 @@ TEST_F(MovedIn, AMovedFileClosesBackToItsOldPlace) {
     EXPECT_TRUE(StorageCopies().empty());
 }
 
-TEST_F(MovedIn, TextOutsideTheCodePageKeepsItsSourceInTheRecycleBinAtLeast) {
-    // UTF-8 with its mark: the note shows every character, the storage copy cannot hold them all.
-    WriteBytes(Outside() / L"utf8.txt", "\xEF\xBB\xBF\xE4\xBB\x8A\xE6\x97\xA5 ok");
+TEST_F(MovedIn, EveryCharacterBeyondTheCodePageIsKept) {
+    const std::wstring text = L"\u4ECA\u65E5 \u0416 \U0001F600 e\u0301";
+    WriteBytes(Outside() / L"utf8.txt", "\xEF\xBB\xBF\xE4\xBB\x8A\xE6\x97\xA5 \xD0\x96 \xF0\x9F\x98\x80 e\xCC\x81");
     Start();
     OpenOutside(L"utf8.txt");
-    EXPECT_TRUE(FindNote(Quillo(), L"\u4ECA\u65E5 ok").IsVisible());
+    EXPECT_TRUE(FindNote(Quillo(), text).IsVisible());
+    EXPECT_FALSE(FileExists(Outside() / L"utf8.txt")) << "its note is stored with all that was read";
     ASSERT_EQ(StorageCopies().size(), 1U);
-    EXPECT_THAT(ReadBytes(StorageCopies()[0]), ::testing::StartsWith("?? ok\r\n<quillo>"));
+    EXPECT_THAT(ReadBytes(StorageCopies()[0]), ::testing::StartsWith("?? ? ?? e?\r\n<quillo>"));
+    Quit();
+    Start();
+    EXPECT_TRUE(FindNote(Quillo(), text).IsVisible());
 }
 
 }  // namespace

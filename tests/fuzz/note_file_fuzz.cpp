@@ -8,6 +8,8 @@
 
 #include "notes/note_codec.h"
 #include "testing/fake_locale_text.h"
+#include "util/byte_search.h"
+#include "util/numbers.h"
 
 namespace {
 
@@ -23,6 +25,30 @@ void RequireNothingIsLost(std::string_view content) {
     // Besides the root tags (17 bytes) at most two line breaks are dropped.
     const std::size_t lost = content.size() - text.size() - parts.tags->size();
     Require(lost == 17 || lost == 19 || lost == 21);
+}
+
+/// The bytes that the single-byte form has always had.
+std::string SingleByteForm(const quillo::NoteFile& file, quillo::LocaleText& locale) {
+    std::u16string block = u"\r\n<quillo>";
+    if (file.position) {
+        const auto length = [](const std::optional<float>& twips) {
+            return twips ? quillo::FormatSingle(*twips, u".") : std::u16string();
+        };
+        block += u"<position>" + length(file.position->left) + u"," + length(file.position->top) + u"," +
+                 length(file.position->width) + u"," + length(file.position->height) + u"</position>";
+    }
+    if (file.appearance) block += u"<appearance>" + quillo::FormatAppearance(*file.appearance) + u"</appearance>";
+    block += u"<reminder>" + quillo::FormatReminder(file.reminder) + u"</reminder>";
+    if (file.kind == quillo::FileKind::StorageCopy) block += u"<nodelete></nodelete>";
+    if (file.kind == quillo::FileKind::ProgramNamed) block += u"<tempfilename>" + file.path + u"</tempfilename>";
+    if (file.kind == quillo::FileKind::OwnFile) block += u"<filename>" + file.path + u"</filename>";
+    return locale.ToNarrow(file.text + block + u"</quillo>").value_or("");
+}
+
+bool NeedsMoreThanSingleBytes(const quillo::NoteFile& file, quillo::LocaleText& locale) {
+    const std::string narrow = locale.ToNarrow(file.text).value_or("");
+    return locale.FromNarrow(narrow) != file.text || quillo::FindTag(narrow, "<quillo>", 0) != std::string::npos ||
+           quillo::FindTag(narrow, "</quillo>", 0) != std::string::npos;
 }
 
 }  // namespace
@@ -43,6 +69,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (file.reminder && !file.reminder->when) file.reminder.reset();
     const std::optional<std::string> bytes = quillo::FormatNoteFile(file, locale);
     Require(bytes.has_value());
+    const bool whole = NeedsMoreThanSingleBytes(file, locale);
+    Require(whole == (*bytes != SingleByteForm(file, locale)));
     const quillo::NoteFile again = quillo::ParseNoteFile(*bytes, locale);
     const std::size_t lost = file.text.substr(0, 2) == u"\r\n" ? 2 : 0;
     Require(again.text == std::u16string_view(file.text).substr(lost));
