@@ -2,7 +2,7 @@
 # Shell scripts parse, and the linter has nothing to say.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-scripts=(run.sh test.sh package.sh .ci/run packaging/*.sh scripts/*.sh)
+scripts=(dev run.sh test.sh package.sh .ci/run packaging/*.sh scripts/*.sh)
 for script in "${scripts[@]}"; do
     bash -n "$script"
 done

@@ -26,14 +26,13 @@ ICON_SOURCES = {
 }
 # The icon of note files, likewise.
 FILE_ICON_SOURCES = {size: name.replace("quillo", "file") for size, name in ICON_SOURCES.items()}
-LARGEST_FILE_BITMAP = 48
 # The mark as a picture file, which the system shows above the program's balloons.
 PICTURE = "quillo.svg"
 PICTURE_SIZE = 128
 # The icon of the small programs beside Quillo, which are not to be larger than they need be.
 SMALL_PROGRAM_SIZES = (16, 20, 24, 32, 48)
 LARGEST_SMALL_PROGRAM_BITMAP = 24
-LARGEST_ICON_BITMAP = 128  # pixels; above that an entry is a PNG
+LARGEST_ICON_BITMAP = 40  # pixels; above that an entry is a PNG
 
 FRAME = 20  # pixels at 96 dpi
 SCALES = (100, 150, 200)  # percent
@@ -41,10 +40,8 @@ BUTTON_ROWS = ("note-close.svg", "note-pushpin.svg", "note-pushpin-in.svg", "not
 PLATE = "note-plate.svg"
 PLATE_STRENGTHS = (0.0, 0.14, 0.26)  # the columns: normal, hot, pressed
 
-# The glyphs of the alert and of the options dialog's small buttons: icons in either of two colours.
-GLYPHS = {"alert_bell": "alert-bell.svg", "alert_close": "note-close.svg",
-          "option_browse": "option-browse.svg", "option_play": "option-play.svg"}
-GLYPH_COLORS = {"ink": (0x2B, 0x2A, 0x27), "light": (0xF4, 0xF1, 0xE6)}
+# The glyphs of the alert and of the options dialog's small buttons: a plane of coverage each, which the program colors.
+GLYPHS = ("alert-bell.svg", "note-close.svg", "option-browse.svg", "option-play.svg")
 GLYPH_SIZES = (20, 25, 30, 35, 40)  # at 100 to 200 percent
 
 # The main menu: planes of coverage, which the program colours.
@@ -182,41 +179,19 @@ def bitmap_header(width, height, size):
     return struct.pack("<IiiHHIIiiII", 40, width, height, 1, 32, 0, size, 0, 0, 0, 0)
 
 
-def pack_bits(data):
-    """Runs of equal bytes: a count byte of 0 to 127 stands before that many bytes and one more as they are, one of 129
-    to 255 before a byte that is meant 257 minus the count times."""
-    out = bytearray()
-    at = 0
-    while at < len(data):
-        run = 1
-        while run < 128 and at + run < len(data) and data[at + run] == data[at]:
-            run += 1
-        if run > 1:
-            out += bytes((257 - run, data[at]))
-            at += run
-            continue
-        end = at + 1
-        while end < len(data) and end - at < 128 and data[end : end + 1] * 3 != data[end : end + 3]:
-            end += 1
-        out += bytes((end - at - 1,)) + data[at:end]
-        at = end
-    return bytes(out)
-
-
 def encode_planes(planes):
-    """Width, height and number of planes, then each plane with the length of its packed bytes before it."""
-    first = planes[0]
-    out = bytearray(struct.pack("<HHH", first.width, first.height, len(planes)))
-    for plane in planes:
-        packed = pack_bits(bytes(plane.pixels[3::4]))
-        out += struct.pack("<I", len(packed)) + packed
-    return bytes(out)
+    """Width, height and number of planes, then the bytes of all planes, deflated."""
+    width, height, _ = planes[0]
+    if any((plane[0], plane[1], len(plane[2])) != (width, height, width * height) for plane in planes):
+        raise ValueError("planes of one drawing differ in size")
+    deflate = zlib.compressobj(9, zlib.DEFLATED, -15)
+    packed = deflate.compress(b"".join(plane[2] for plane in planes)) + deflate.flush()
+    return struct.pack("<HHH", width, height, len(planes)) + packed
 
 
-def encode_bmp(image):
-    bits = bgra_bottom_up(image)
-    body = bitmap_header(image.width, image.height, len(bits)) + bits
-    return struct.pack("<2sIHHI", b"BM", 14 + len(body), 0, 0, 14 + 40) + body
+def plane_of(image, channel=3):
+    """(width, height, bytes) of one channel; that of alpha is what a drawing covers."""
+    return image.width, image.height, bytes(image.pixels[channel::4])
 
 
 def icon_bitmap(image):
@@ -288,15 +263,6 @@ class Artwork:
 
     def icons(self, sources=None):
         return [self.render(name, size) for size, name in (sources or ICON_SOURCES).items()]
-
-    def glyphs(self, name, color):
-        """One drawing at every size of a glyph, in one colour."""
-        images = [self.render(name, size) for size in GLYPH_SIZES]
-        for image in images:
-            for y in range(image.height):
-                for x in range(image.width):
-                    image.put(x, y, (*color, image.alpha(x, y)))
-        return images
 
     def strip(self, scale):
         """Coverages, not colours: A is the glyph's, R the plate's; the program tints both for each note."""
@@ -423,21 +389,24 @@ def main():
     (output / "quillo.ico").write_bytes(encode_ico(icons))
     (output / "Quillo.png").write_bytes(encode_png(artwork.render(PICTURE, PICTURE_SIZE)))
     # The same for the installer, which carries it twice and uncompressed.
-    (output / "setup.ico").write_bytes(encode_ico(icons, LARGEST_FILE_BITMAP))
+    (output / "setup.ico").write_bytes(encode_ico(icons))
     files = artwork.icons(FILE_ICON_SOURCES)
-    (output / "note_file.ico").write_bytes(encode_ico(files, LARGEST_FILE_BITMAP))
+    (output / "note_file.ico").write_bytes(encode_ico(files))
     small = [image for image in icons if image.width in SMALL_PROGRAM_SIZES]
     (output / "small_program.ico").write_bytes(encode_ico(small, LARGEST_SMALL_PROGRAM_BITMAP))
     for scale, strip in strips.items():
-        (output / f"note_buttons_{scale}.bmp").write_bytes(encode_bmp(strip))
-    for glyph, source in GLYPHS.items():
-        for color, rgb in GLYPH_COLORS.items():
-            (output / f"{glyph}_{color}.ico").write_bytes(encode_ico(artwork.glyphs(source, rgb)))
+        coverages = [plane_of(strip), plane_of(strip, 0)]  # of the glyphs, of the plates
+        (output / f"note_buttons_{scale}.planes").write_bytes(encode_planes(coverages))
+    for size in GLYPH_SIZES:
+        glyphs = [plane_of(artwork.render(name, size)) for name in GLYPHS]
+        (output / f"glyphs_{size}.planes").write_bytes(encode_planes(glyphs))
     menus = {scale: artwork.menu_planes(scale) for scale in MENU_SCALES}
     for scale, planes in menus.items():
-        (output / f"menu_{scale}.planes").write_bytes(encode_planes(planes))
+        (output / f"menu_{scale}.planes").write_bytes(encode_planes([plane_of(plane) for plane in planes]))
     for size in TAB_ICON_SIZES:
-        (output / f"tab_icons_{size}.bmp").write_bytes(encode_bmp(artwork.tab_strip(size)))
+        strip = artwork.tab_strip(size)
+        channels = [plane_of(strip, channel) for channel in range(4)]
+        (output / f"tab_icons_{size}.planes").write_bytes(encode_planes(channels))
     about = [artwork.render(ABOUT_PICTURE, size) for size in ABOUT_SIZES]
     (output / "about.ico").write_bytes(encode_ico(about, largest_bitmap=0))
     if options.menu_sheet:

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
+#include <utility>
 
+#include "platform/artwork.h"
 #include "platform/dib.h"
-#include "platform/window.h"
 #include "resources/resource_ids.h"
 
 namespace quillo {
@@ -55,37 +55,13 @@ const NoteButtonImages::Coverage& NoteButtonImages::CoverageFor(int frame) {
 }
 
 NoteButtonImages::Coverage NoteButtonImages::LoadCoverage(int frame) {
-    const int id = frame <= 20 ? IDB_NOTE_BUTTONS_100 : frame <= 30 ? IDB_NOTE_BUTTONS_150 : IDB_NOTE_BUTTONS_200;
-    const BitmapHandle bitmap(
-        static_cast<HBITMAP>(LoadImageW(ThisModule(), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
-    DIBSECTION section{};
-    if (!bitmap || GetObjectW(bitmap.Get(), sizeof section, &section) != sizeof section ||
-        section.dsBm.bmBitsPixel != 32 || section.dsBm.bmBits == nullptr) {
-        return Coverage{frame, std::vector<unsigned char>(PixelCount(frame)),
-                        std::vector<unsigned char>(PixelCount(frame))};
+    constexpr std::size_t kPlanes = 2;  // of the glyphs, of the plates behind them
+    const int id = frame <= 20 ? IDR_NOTE_BUTTONS_100 : frame <= 30 ? IDR_NOTE_BUTTONS_150 : IDR_NOTE_BUTTONS_200;
+    CoveragePlanes drawn = LoadPlanes(id, kPlanes);
+    if (drawn.planes.empty()) {
+        return Coverage{frame, CoveragePlane(PixelCount(frame)), CoveragePlane(PixelCount(frame))};
     }
-    Coverage coverage;
-    coverage.frame = section.dsBm.bmWidth / kColumns;
-    const std::size_t count = PixelCount(coverage.frame);
-    coverage.glyph.resize(count);
-    coverage.plate.resize(count);
-    const int width = section.dsBm.bmWidth;
-    const int height = section.dsBm.bmHeight;
-    const bool bottomUp = section.dsBmih.biHeight > 0;
-    const auto* bits = static_cast<const unsigned char*>(section.dsBm.bmBits);
-    for (int y = 0; y < std::min(height, coverage.frame * kRows); ++y) {
-        const int row = bottomUp ? height - 1 - y : y;
-        for (int x = 0; x < width; ++x) {
-            const unsigned char* pixel =
-                bits +
-                (static_cast<std::size_t>(row) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)) * 4;
-            const std::size_t index =
-                static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
-            coverage.plate[index] = pixel[2];
-            coverage.glyph[index] = pixel[3];
-        }
-    }
-    return coverage;
+    return Coverage{drawn.size.width / kColumns, std::move(drawn.planes[0]), std::move(drawn.planes[1])};
 }
 
 /// Each target pixel takes the mean of the source area that it covers.

@@ -4,15 +4,17 @@
 
 #include "mainmenu/options_controller.h"
 #include "mainmenu/page_column.h"
+#include "platform/artwork.h"
 #include "platform/gdi_scope.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
-#include "resources/resource_ids.h"
 #include "util/color_word.h"
 
 namespace quillo {
 namespace {
 
+constexpr ColorWord kInkGlyph = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
+constexpr ColorWord kLightGlyph = ColorWord::FromRgb(0xF4, 0xF1, 0xE6);
 constexpr int kGlyphSize = 20;  // pixels at 96 dpi
 constexpr int kHalfLight = 128;
 
@@ -102,11 +104,8 @@ void ContentPanel::SetGlyphs() {
     for (const OptionRow& row : OptionsTable()) {
         if (row.page != page_ || row.kind != OptionKind::GlyphButton) continue;
         const bool play = row.control == OptionControl::PlaySoundButton;
-        const int ink = play ? IDI_OPTION_PLAY_INK : IDI_OPTION_BROWSE_INK;
-        const int onDark = play ? IDI_OPTION_PLAY_LIGHT : IDI_OPTION_BROWSE_LIGHT;
-        const int size = scale_.Px(kGlyphSize);
-        glyphs_.emplace_back(static_cast<HICON>(
-            LoadImageW(ThisModule(), MAKEINTRESOURCEW(light ? onDark : ink), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+        glyphs_.push_back(
+            MakeGlyphIcon(play ? Glyph::Play : Glyph::Browse, scale_.Px(kGlyphSize), light ? kLightGlyph : kInkGlyph));
         SendMessageW(Item(row.control), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(glyphs_.back().Get()));
     }
 }

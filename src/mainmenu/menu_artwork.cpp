@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/artwork.h"
 #include "platform/dib.h"
-#include "platform/window.h"
 #include "platform/window_effects.h"
 #include "resources/resource_ids.h"
 
@@ -17,16 +17,6 @@ struct RenderedScale {
 };
 constexpr std::array<RenderedScale, 5> kRendered{
     {{100, IDR_MENU_100}, {125, IDR_MENU_125}, {150, IDR_MENU_150}, {175, IDR_MENU_175}, {200, IDR_MENU_200}}};
-
-std::span<const std::uint8_t> ResourceBytes(int id) {
-    constexpr WORD kRawData = 10;  // RT_RCDATA is narrow text while UNICODE is off
-    HRSRC found = FindResourceW(ThisModule(), MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(kRawData));
-    if (found == nullptr) return {};
-    HGLOBAL loaded = LoadResource(ThisModule(), found);
-    const void* bytes = loaded != nullptr ? LockResource(loaded) : nullptr;
-    if (bytes == nullptr) return {};
-    return {static_cast<const std::uint8_t*>(bytes), SizeofResource(ThisModule(), found)};
-}
 
 ColorWord SystemColor(int index) {
     return ColorWord{GetSysColor(index)};
@@ -76,7 +66,7 @@ const MenuPlanes& MenuArtwork::PlanesFor(const Scale& scale) {
         return kMenuSize.width * rendered.percent / 100 >= size.width;
     });
     const RenderedScale& rendered = fits != kRendered.end() ? *fits : kRendered.back();
-    planes_ = ReadMenuPlanes(ResourceBytes(rendered.resource));
+    planes_ = ToMenuPlanes(LoadPlanes(rendered.resource, static_cast<std::size_t>(MenuPlane::Count)));
     if (planes_.size != size) planes_ = Resize(planes_, size);
     return planes_;
 }

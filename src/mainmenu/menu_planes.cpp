@@ -1,14 +1,13 @@
 #include "mainmenu/menu_planes.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillo {
 namespace {
 
 constexpr int kOpaque = 255;
 constexpr std::size_t kPlaneCount = static_cast<std::size_t>(MenuPlane::Count);
-/// Far beyond any screen; keeps the sizes of a damaged drawing from being believed.
-constexpr int kLargestEdge = 8192;
 /// The first slot's left edge, a slot's width, and the top of the row, at 96 dpi.
 constexpr int kSlotsLeft = 100;
 constexpr int kSlotWidth = 50;
@@ -24,68 +23,8 @@ constexpr ColorWord kLine = ColorWord::FromRgb(0x8C, 0x87, 0x75);
 constexpr int kHoverPercent = 14;
 constexpr int kDisabledPercent = 38;
 
-/// Little-endian numbers and byte strings from the front of a span; `good` turns false where it is too short.
-class Reader {
-  public:
-    explicit Reader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
-
-    [[nodiscard]] std::span<const std::uint8_t> Bytes(std::size_t count) {
-        if (count > bytes_.size()) {
-            good_ = false;
-            return {};
-        }
-        const auto taken = bytes_.first(count);
-        bytes_ = bytes_.subspan(count);
-        return taken;
-    }
-    [[nodiscard]] std::uint32_t Number(std::size_t size) {
-        std::uint32_t number = 0;
-        const auto taken = Bytes(size);
-        for (std::size_t i = taken.size(); i > 0; --i) number = number << 8 | taken[i - 1];
-        return number;
-    }
-    [[nodiscard]] bool Good() const { return good_; }
-    [[nodiscard]] bool AtEnd() const { return bytes_.empty(); }
-
-  private:
-    std::span<const std::uint8_t> bytes_;
-    bool good_ = true;
-};
-
-/// Undoes the packing of runs; false unless it gives exactly `size` bytes.
-bool Unpack(std::span<const std::uint8_t> packed, std::size_t size, std::vector<std::uint8_t>& plain) {
-    constexpr std::size_t kLongestCopy = 128;
-    plain.clear();
-    plain.reserve(size);
-    Reader reader(packed);
-    while (reader.Good() && !reader.AtEnd()) {
-        const std::size_t count = reader.Number(1);
-        if (count == kLongestCopy) return false;
-        if (count > kLongestCopy) {
-            plain.insert(plain.end(), 2 * kLongestCopy + 1 - count, static_cast<std::uint8_t>(reader.Number(1)));
-        } else {
-            const auto copied = reader.Bytes(count + 1);
-            plain.insert(plain.end(), copied.begin(), copied.end());
-        }
-        if (plain.size() > size) return false;
-    }
-    return reader.Good() && plain.size() == size;
-}
-
 std::size_t PixelCount(Size size) {
     return static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
-}
-
-/// The mean of one pixel's area, in `kFine` samples a side.
-std::uint8_t Sample(std::span<const std::uint8_t> plane, Size from, Size to, int x, int y) {
-    constexpr int kFine = 4;
-    int sum = 0;
-    for (int sample = 0; sample < kFine * kFine; ++sample) {
-        const int fromX = (2 * (x * kFine + sample % kFine) + 1) * from.width / (2 * to.width * kFine);
-        const int fromY = (2 * (y * kFine + sample / kFine) + 1) * from.height / (2 * to.height * kFine);
-        sum += plane[static_cast<std::size_t>(fromY * from.width + fromX)];
-    }
-    return static_cast<std::uint8_t>((sum + kFine * kFine / 2) / (kFine * kFine));
 }
 
 std::uint32_t Over(std::uint32_t under, ColorWord color, int coverage) {
@@ -115,19 +54,12 @@ std::vector<std::uint8_t> EmptyWells(const MenuPlanes& planes, const FilledSlots
 
 }  // namespace
 
-MenuPlanes ReadMenuPlanes(std::span<const std::uint8_t> bytes) {
-    Reader reader(bytes);
-    MenuPlanes read;
-    read.size.width = static_cast<int>(reader.Number(2));
-    read.size.height = static_cast<int>(reader.Number(2));
-    const bool sized = read.size.width > 0 && read.size.width <= kLargestEdge && read.size.height > 0 &&
-                       read.size.height <= kLargestEdge;
-    if (reader.Number(2) != kPlaneCount || !sized) return {};
-    for (auto& plane : read.planes) {
-        const std::size_t length = reader.Number(4);
-        if (!Unpack(reader.Bytes(length), PixelCount(read.size), plane)) return {};
-    }
-    return reader.Good() && reader.AtEnd() ? read : MenuPlanes{};
+MenuPlanes ToMenuPlanes(CoveragePlanes drawing) {
+    if (drawing.planes.size() != kPlaneCount) return {};
+    MenuPlanes menu;
+    menu.size = drawing.size;
+    std::move(drawing.planes.begin(), drawing.planes.end(), menu.planes.begin());
+    return menu;
 }
 
 MenuPlanes Resize(const MenuPlanes& source, Size size) {
@@ -135,12 +67,7 @@ MenuPlanes Resize(const MenuPlanes& source, Size size) {
     if (PixelCount(source.size) == 0 || size.width <= 0 || size.height <= 0) return target;
     target.size = size;
     for (std::size_t i = 0; i < kPlaneCount; ++i) {
-        target.planes[i].reserve(PixelCount(size));
-        for (int y = 0; y < size.height; ++y) {
-            for (int x = 0; x < size.width; ++x) {
-                target.planes[i].push_back(Sample(source.planes[i], source.size, size, x, y));
-            }
-        }
+        target.planes[i] = ResizePlane(source.planes[i], source.size, size);
     }
     return target;
 }

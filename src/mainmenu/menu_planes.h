@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "util/color_word.h"
+#include "util/coverage_planes.h"
 #include "util/geometry.h"
 
 namespace quillo {
@@ -35,15 +36,15 @@ enum class MenuPlane : int {
 /// The drawing at one scale: how much each part covers of each pixel, 0 to 255, row by row from the top.
 struct MenuPlanes {
     Size size;  ///< device pixels; width and height are 0 when there is no drawing
-    std::array<std::vector<std::uint8_t>, static_cast<std::size_t>(MenuPlane::Count)> planes;
+    std::array<CoveragePlane, static_cast<std::size_t>(MenuPlane::Count)> planes;
 
     [[nodiscard]] std::span<const std::uint8_t> operator[](MenuPlane plane) const {
         return planes[static_cast<std::size_t>(plane)];
     }
 };
 
-/// Reads the rendered drawing. An empty answer for bytes that are damaged, too short or of another number of planes.
-[[nodiscard]] MenuPlanes ReadMenuPlanes(std::span<const std::uint8_t> bytes);
+/// The planes of the rendered drawing by name. An empty answer for another number of planes.
+[[nodiscard]] MenuPlanes ToMenuPlanes(CoveragePlanes drawing);
 
 /// The drawing at another size; each pixel takes the mean of what it covers.
 [[nodiscard]] MenuPlanes Resize(const MenuPlanes& source, Size size);

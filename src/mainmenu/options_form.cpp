@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/artwork.h"
 #include "platform/dialog_parts.h"
 #include "platform/file_dialogs.h"
 #include "platform/monitors.h"
@@ -27,14 +28,14 @@ struct TabIconStrip {
     int edge;
     int resource;
 };
-constexpr std::array<TabIconStrip, 8> kTabIconStrips{{{16, IDB_TAB_ICONS_16},
-                                                      {20, IDB_TAB_ICONS_20},
-                                                      {24, IDB_TAB_ICONS_24},
-                                                      {30, IDB_TAB_ICONS_30},
-                                                      {32, IDB_TAB_ICONS_32},
-                                                      {36, IDB_TAB_ICONS_36},
-                                                      {40, IDB_TAB_ICONS_40},
-                                                      {48, IDB_TAB_ICONS_48}}};
+constexpr std::array<TabIconStrip, 8> kTabIconStrips{{{16, IDR_TAB_ICONS_16},
+                                                      {20, IDR_TAB_ICONS_20},
+                                                      {24, IDR_TAB_ICONS_24},
+                                                      {30, IDR_TAB_ICONS_30},
+                                                      {32, IDR_TAB_ICONS_32},
+                                                      {36, IDR_TAB_ICONS_36},
+                                                      {40, IDR_TAB_ICONS_40},
+                                                      {48, IDR_TAB_ICONS_48}}};
 
 /// The strip of that size, else the next larger one, which shrinks better than a smaller one grows.
 int TabIconsFor(int edge) {
@@ -149,8 +150,7 @@ void OptionsForm::OnFontsChanged() {
 
 void OptionsForm::SetTabIcons() {
     const int edge = Px(kTabIcon);
-    const BitmapHandle icons(static_cast<HBITMAP>(
-        LoadImageW(ThisModule(), MAKEINTRESOURCEW(TabIconsFor(edge)), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+    const BitmapHandle icons = LoadPicture(TabIconsFor(edge));
     tabStrip_.SetPicture(icons.Get(), edge);
 }
 

@@ -3,6 +3,7 @@ target_sources(quillo_shell PRIVATE
   platform/animation.cpp
   platform/app_id.cpp
   platform/app_icons.cpp
+  platform/artwork.cpp
   platform/dialog_parts.cpp
   platform/dialog_window.cpp
   platform/dib.cpp

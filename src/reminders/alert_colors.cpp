@@ -25,7 +25,6 @@ AlertPaint AlertPaintOf(const AlertColors& colors) {
     paint.ink = ReadableOn(colors.paper, colors.text);
     paint.quiet = ReadableOn(colors.paper, Mix(paint.ink, colors.paper, kQuietPercent));
     paint.glyph = ReadableOn(colors.edge, kDarkInk);
-    paint.darkGlyphs = paint.glyph == kDarkInk;
     return paint;
 }
 

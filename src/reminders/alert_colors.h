@@ -19,7 +19,6 @@ struct AlertPaint {
     ColorWord ink;    ///< of the note's text: its own color where that can be read
     ColorWord quiet;  ///< of the hint below it
     ColorWord glyph;  ///< of the title and the glyphs on the strip
-    bool darkGlyphs = true;
 };
 
 [[nodiscard]] AlertPaint AlertPaintOf(const AlertColors& colors);

@@ -15,7 +15,6 @@
 #include "reminders/reminder_alert.h"
 #include "reminders/reminder_owner.h"
 #include "reminders/reminder_tools.h"
-#include "resources/resource_ids.h"
 
 namespace quillo {
 namespace {
@@ -216,20 +215,17 @@ void ReminderForm::PaintStrip(HDC dc, int width) const {
     canvas.Fill(Rect{0, height - 1, width, 1}, paint_.edge);
     const int top = (height + scale_.Px(kEdge) - glyph) / 2;
     const int left = scale_.Px(kMargin) - scale_.Px(2);
-    PaintIcon(dc, IDI_ALERT_BELL_INK, IDI_ALERT_BELL_LIGHT, Point{left, top});
-    PaintIcon(dc, IDI_ALERT_CLOSE_INK, IDI_ALERT_CLOSE_LIGHT,
-              Point{width - scale_.Px(kCloseArea) + (scale_.Px(kCloseArea) - glyph) / 2, top});
+    PaintGlyph(dc, Glyph::Bell, Point{left, top});
+    PaintGlyph(dc, Glyph::Close, Point{width - scale_.Px(kCloseArea) + (scale_.Px(kCloseArea) - glyph) / 2, top});
     const SelectScope selected(dc, titleFont_.Get());
     SetTextColor(dc, ToColorRef(paint_.glyph));
     RECT title{left + glyph + scale_.Px(kGlyph / 3), scale_.Px(kEdge), width - scale_.Px(kCloseArea), height};
     DrawTextW(dc, WideData(kTitle), static_cast<int>(kTitle.size()), &title, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
 }
 
-void ReminderForm::PaintIcon(HDC dc, int darkId, int lightId, Point at) const {
+void ReminderForm::PaintGlyph(HDC dc, Glyph glyph, Point at) const {
     const int size = scale_.Px(kGlyph);
-    const int id = paint_.darkGlyphs ? darkId : lightId;
-    const IconHandle icon(
-        static_cast<HICON>(LoadImageW(ThisModule(), MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+    const IconHandle icon = MakeGlyphIcon(glyph, size, paint_.glyph);
     DrawIconEx(dc, at.x, at.y, icon.Get(), size, size, 0, nullptr, DI_NORMAL);
 }
 

@@ -6,6 +6,7 @@
 
 #include "platform/accessible.h"
 #include "platform/app_icons.h"
+#include "platform/artwork.h"
 #include "platform/ui_timer.h"
 #include "platform/unique_handle.h"
 #include "platform/window.h"
@@ -52,7 +53,7 @@ class ReminderForm : public Window, private AccessibleSource {
     void MakeFonts();
     void PaintStrip(HDC dc, int width) const;
     void PaintText(HDC dc, const Rect& area) const;
-    void PaintIcon(HDC dc, int darkId, int lightId, Point at) const;
+    void PaintGlyph(HDC dc, Glyph glyph, Point at) const;
 
     ReminderOwner* owner_;
     ReminderTools& tools_;

@@ -7,35 +7,30 @@
 // The icon of note files; the installer's registration names it by this number.
 #define IDI_NOTE_FILE 102
 
-// The alert's glyphs, for light and for dark strips.
-#define IDI_ALERT_BELL_INK 111
-#define IDI_ALERT_BELL_LIGHT 112
-#define IDI_ALERT_CLOSE_INK 113
-#define IDI_ALERT_CLOSE_LIGHT 114
-
-// The glyphs of the options dialog's small buttons, for light and for dark faces.
-#define IDI_OPTION_BROWSE_INK 115
-#define IDI_OPTION_BROWSE_LIGHT 116
-#define IDI_OPTION_PLAY_INK 117
-#define IDI_OPTION_PLAY_LIGHT 118
+// The glyphs of the alert and of the options dialog's small buttons by their size in pixels, as planes of coverage.
+#define IDR_GLYPHS_20 111
+#define IDR_GLYPHS_25 112
+#define IDR_GLYPHS_30 113
+#define IDR_GLYPHS_35 114
+#define IDR_GLYPHS_40 115
 
 // The about box's picture.
 #define IDI_ABOUT_PICTURE 121
 
 // The note button strips; the one for 200 percent serves every larger scale.
-#define IDB_NOTE_BUTTONS_100 201
-#define IDB_NOTE_BUTTONS_150 202
-#define IDB_NOTE_BUTTONS_200 203
+#define IDR_NOTE_BUTTONS_100 201
+#define IDR_NOTE_BUTTONS_150 202
+#define IDR_NOTE_BUTTONS_200 203
 
 // The options dialog's tab icons: four in a row with alpha, by their size in pixels.
-#define IDB_TAB_ICONS_16 211
-#define IDB_TAB_ICONS_20 212
-#define IDB_TAB_ICONS_24 213
-#define IDB_TAB_ICONS_30 214
-#define IDB_TAB_ICONS_32 215
-#define IDB_TAB_ICONS_36 216
-#define IDB_TAB_ICONS_40 217
-#define IDB_TAB_ICONS_48 218
+#define IDR_TAB_ICONS_16 211
+#define IDR_TAB_ICONS_20 212
+#define IDR_TAB_ICONS_24 213
+#define IDR_TAB_ICONS_30 214
+#define IDR_TAB_ICONS_32 215
+#define IDR_TAB_ICONS_36 216
+#define IDR_TAB_ICONS_40 217
+#define IDR_TAB_ICONS_48 218
 
 // The main menu by percent, as planes of coverage; the last serves every larger scale.
 #define IDR_MENU_100 301

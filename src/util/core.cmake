@@ -1,8 +1,10 @@
 target_sources(quillo_core PRIVATE
   util/base32.cpp
   util/byte_search.cpp
+  util/coverage_planes.cpp
   util/color_word.cpp
   util/day_serial.cpp
+  util/inflate.cpp
   util/numbers.cpp
   util/placement.cpp
   util/string_builder.cpp

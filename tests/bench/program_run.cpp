@@ -17,10 +17,10 @@ std::string SampleNote(int index) {
            "<nodelete></nodelete></quillo>";
 }
 
-std::vector<HWND> Notes() {
+std::vector<HWND> WindowsOf(const wchar_t* windowClass) {
     std::vector<HWND> notes;
     HWND note = nullptr;
-    while ((note = FindWindowExW(nullptr, note, L"QuilloNote", nullptr)) != nullptr) notes.push_back(note);
+    while ((note = FindWindowExW(nullptr, note, windowClass, nullptr)) != nullptr) notes.push_back(note);
     return notes;
 }
 
@@ -47,8 +47,9 @@ NotesFolder::~NotesFolder() {
     for (const std::wstring& path : files_) DeleteFileW(path.c_str());
 }
 
-ProgramRun::ProgramRun(const std::string& exe, int notes) {
-    std::wstring line = L"\"" + std::wstring(exe.begin(), exe.end()) + L"\"";
+ProgramRun::ProgramRun(const std::string& exe, int notes, const std::wstring& arguments, const wchar_t* windowClass)
+    : windowClass_(windowClass) {
+    std::wstring line = L"\"" + std::wstring(exe.begin(), exe.end()) + L"\"" + arguments;
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION info{};
@@ -58,9 +59,11 @@ ProgramRun::ProgramRun(const std::string& exe, int notes) {
     const KernelHandle thread(info.hThread);
     constexpr int kLooks = 600;
     constexpr DWORD kBetweenMilliseconds = 100;
-    for (int i = 0; i < kLooks && static_cast<int>(Notes().size()) < notes; ++i) Sleep(kBetweenMilliseconds);
+    for (int i = 0; i < kLooks && static_cast<int>(WindowsOf(windowClass).size()) < notes; ++i)
+        Sleep(kBetweenMilliseconds);
     constexpr DWORD kPatienceMilliseconds = 60'000;
-    ready_ = static_cast<int>(Notes().size()) >= notes && WaitForInputIdle(process_.Get(), kPatienceMilliseconds) == 0;
+    ready_ = static_cast<int>(WindowsOf(windowClass).size()) >= notes &&
+             WaitForInputIdle(process_.Get(), kPatienceMilliseconds) == 0;
 }
 
 ProgramRun::~ProgramRun() {
@@ -80,7 +83,7 @@ double ProgramRun::ProcessorMilliseconds() const {
 
 std::vector<HWND> ProgramRun::TextBoxes() const {
     std::vector<HWND> boxes;
-    for (HWND note : Notes()) boxes.push_back(FindWindowExW(note, nullptr, L"Edit", nullptr));
+    for (HWND note : WindowsOf(windowClass_)) boxes.push_back(FindWindowExW(note, nullptr, L"Edit", nullptr));
     return boxes;
 }
 
@@ -96,6 +99,16 @@ bool ProgramRun::SaveAll() const {
 std::string ReadAll(const std::wstring& path) {
     WinFileStore files;
     return files.Read(FromWide(path.c_str())).value_or(std::string());
+}
+
+std::string ReadAllOfDevice(const std::wstring& path) {
+    const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                      OPEN_EXISTING, 0, nullptr));
+    std::string all;
+    char part[4096];
+    DWORD read = 0;
+    while (file && ReadFile(file.Get(), part, sizeof part, &read, nullptr) != 0 && read > 0) all.append(part, read);
+    return all;
 }
 
 }  // namespace quillo::bench

@@ -31,8 +31,10 @@ class NotesFolder {
 /// One start of the program under measurement, ended with the object.
 class ProgramRun {
   public:
-    /// Waits until so many notes stand and the program has nothing left to do.
-    ProgramRun(const std::string& exe, int notes);
+    /// Waits until so many windows of that class stand and the program has nothing left to do. `arguments` follow the
+    /// program's name in the command line, with the blank before them.
+    ProgramRun(const std::string& exe, int notes, const std::wstring& arguments = L"",
+               const wchar_t* windowClass = L"QuilloNote");
     ProgramRun(const ProgramRun&) = delete;
     ProgramRun& operator=(const ProgramRun&) = delete;
     ~ProgramRun();
@@ -48,10 +50,14 @@ class ProgramRun {
 
   private:
     KernelHandle process_;
+    const wchar_t* windowClass_;
     bool ready_ = false;
 };
 
 /// All of a file's bytes; "" when it cannot be read.
 [[nodiscard]] std::string ReadAll(const std::wstring& path);
+
+/// The same of a file that has no length until it is read.
+[[nodiscard]] std::string ReadAllOfDevice(const std::wstring& path);
 
 }  // namespace quillo::bench

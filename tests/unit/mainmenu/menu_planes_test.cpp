@@ -5,19 +5,7 @@
 namespace quillo {
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
 constexpr std::size_t kPlanes = static_cast<std::size_t>(MenuPlane::Count);
-
-/// A drawing of 2 by 2 pixels, every plane packed as `packed`.
-Bytes Drawing(const Bytes& packed, std::size_t planes = kPlanes) {
-    Bytes bytes{2, 0, 2, 0, static_cast<std::uint8_t>(planes), 0};
-    for (std::size_t i = 0; i < planes; ++i) {
-        bytes.insert(bytes.end(), {static_cast<std::uint8_t>(packed.size()), 0, 0, 0});
-        bytes.insert(bytes.end(), packed.begin(), packed.end());
-    }
-    return bytes;
-}
 
 MenuPlanes Blank(Size size) {
     MenuPlanes planes;
@@ -30,32 +18,15 @@ std::vector<std::uint8_t>& PlaneOf(MenuPlanes& planes, MenuPlane plane) {
     return planes.planes[static_cast<std::size_t>(plane)];
 }
 
-TEST(MenuPlanes, ReadsRunsAndPlainBytes) {
-    const MenuPlanes planes = ReadMenuPlanes(Drawing({255, 9, 1, 7, 8}));  // twice 9, then two bytes as they are
-    EXPECT_EQ(planes.size, (Size{2, 2}));
-    const auto ink = planes[MenuPlane::Ink];
-    EXPECT_EQ(Bytes(ink.begin(), ink.end()), (Bytes{9, 9, 7, 8}));
-}
-
-TEST(MenuPlanes, RefusesDamagedDrawings) {
-    const Bytes good = Drawing({253, 5});
-    ASSERT_EQ(ReadMenuPlanes(good).size, (Size{2, 2}));
-    for (std::size_t length = 0; length < good.size(); ++length) {
-        EXPECT_EQ(ReadMenuPlanes(std::span(good).first(length)).size, (Size{0, 0})) << length;
-    }
-    Bytes longer = good;
-    longer.push_back(0);
-    const Bytes bad[] = {
-        longer,                       // something follows
-        Drawing({253, 5}, 3),         // planes are missing
-        Drawing({252, 5}),            // a pixel too many
-        Drawing({254, 5}),            // a pixel too few
-        Drawing({128, 5}),            // the count that means nothing
-        Drawing({3, 5}),              // bytes are announced that do not follow
-        Bytes{0, 0, 2, 0, 10, 0},     // no width
-        Bytes{255, 255, 2, 0, 10, 0}  // wider than any screen
-    };
-    for (const Bytes& bytes : bad) EXPECT_EQ(ReadMenuPlanes(bytes).size, (Size{0, 0}));
+TEST(MenuPlanes, TakesTheDrawingsPlanesInTheirOrder) {
+    CoveragePlanes drawing{Size{1, 1}, {}};
+    for (std::size_t i = 0; i < kPlanes; ++i) drawing.planes.push_back({static_cast<std::uint8_t>(i)});
+    const MenuPlanes menu = ToMenuPlanes(drawing);
+    EXPECT_EQ(menu.size, (Size{1, 1}));
+    EXPECT_EQ(menu[MenuPlane::Panel][0], 0);
+    EXPECT_EQ(menu[MenuPlane::Ink][0], kPlanes - 1);
+    drawing.planes.pop_back();
+    EXPECT_EQ(ToMenuPlanes(drawing).size, (Size{0, 0}));
 }
 
 TEST(MenuPlanes, ResizeKeepsMeans) {

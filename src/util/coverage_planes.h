@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "util/geometry.h"
+
+namespace quillo {
+
+/// How much of each pixel something covers, 0 to 255, row by row from the top.
+using CoveragePlane = std::vector<std::uint8_t>;
+
+/// Planes of one size.
+struct CoveragePlanes {
+    Size size;  ///< device pixels; width and height are 0 when there are none
+    std::vector<CoveragePlane> planes;
+};
+
+/// Reads rendered planes: width, height and their number, 16 bits each with the low byte first, then the deflated bytes
+/// of all planes. An empty answer for bytes that are damaged or that hold another number of planes than `count`.
+[[nodiscard]] CoveragePlanes ReadPlanes(std::span<const std::uint8_t> bytes, std::size_t count);
+
+/// A plane at another size; each pixel takes the mean of what it covers. Neither size is empty.
+[[nodiscard]] CoveragePlane ResizePlane(std::span<const std::uint8_t> plane, Size from, Size to);
+
+}  // namespace quillo
