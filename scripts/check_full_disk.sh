@@ -15,7 +15,7 @@ if ! mount -t tmpfs -o size=6m tmpfs "$disk" 2>/dev/null; then
 fi
 ln -s "$disk" "$WINEPREFIX/dosdevices/s:"
 status=0
-QUILLO_SMALL_DISK='S:' timeout 240 wine "$1" --gtest_brief=1 --gtest_filter='FullDisk.*' >"$WINEPREFIX/log" 2>&1 </dev/null ||
+QUILLO_INSTALL_DISK='S:' timeout 240 wine "$1" --gtest_brief=1 --gtest_filter='FullDisk.*' >"$WINEPREFIX/log" 2>&1 </dev/null ||
     status=$?
 cat "$WINEPREFIX/log"
 if ((status == 0)) && grep -q 'PASSED.* 0 tests' "$WINEPREFIX/log"; then die "there is no test of the full disk"; fi

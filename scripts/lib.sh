@@ -20,7 +20,7 @@ package_packages=("${build_packages[@]}" "${setup_packages[@]}" git)
 # shellcheck disable=SC2034  # used by test.sh
 test_packages=("${run_packages[@]}" "${setup_packages[@]}" g++ clang libclang-rt-14-dev llvm clang-format clang-tidy
     g++-mingw-w64-i686-posix shellcheck xdotool ffmpeg ghostscript poppler-utils tidy python3-html5lib python3-icalendar
-    osslsigncode)
+    openssl osslsigncode)
 
 # One clear line on stderr, then exit 1.
 die() {
