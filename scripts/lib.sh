@@ -7,7 +7,7 @@ cache_dir=${QUILLO_CACHE_DIR:-${XDG_CACHE_HOME:-$HOME/.cache}/quillo}
 
 # What the steps need, as Debian 12 packages.
 build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin python3 ffmpeg fp-utils
-    libcli11-dev nlohmann-json3-dev)
+    libcli11-dev nlohmann-json3-dev g++)
 wine_packages=(wine wine64 fonts-wine fonts-liberation)
 desktop_packages=(xvfb x11-utils openbox picom trayer hsetroot imagemagick)
 # The installer, and the checks of the winget manifests.
@@ -18,9 +18,9 @@ run_packages=("${build_packages[@]}" "${wine_packages[@]}" "${desktop_packages[@
 # shellcheck disable=SC2034  # used by package.sh
 package_packages=("${build_packages[@]}" "${setup_packages[@]}" git)
 # shellcheck disable=SC2034  # used by test.sh
-test_packages=("${run_packages[@]}" "${setup_packages[@]}" g++ clang libclang-rt-14-dev llvm clang-format clang-tidy
-    g++-mingw-w64-i686-posix shellcheck xdotool ffmpeg ghostscript poppler-utils tidy python3-html5lib python3-icalendar
-    openssl osslsigncode)
+test_packages=("${run_packages[@]}" "${setup_packages[@]}" clang libclang-rt-14-dev llvm clang-format clang-tidy
+    g++-mingw-w64-i686-posix shellcheck xdotool ffmpeg ghostscript poppler-utils groff-base tidy python3-html5lib
+    python3-icalendar openssl osslsigncode)
 
 # One clear line on stderr, then exit 1.
 die() {

@@ -87,6 +87,15 @@ TEST_F(QlnPrefix, TheFolderThatIsNamedFirstCounts) {
     unsetenv("XDG_DATA_HOME");
 }
 
+TEST_F(QlnPrefix, TheNotesFolderIsMadeAsTheProgramMakesIt) {
+    setenv("WINEPREFIX", prefix_.c_str(), 1);
+    fs::remove_all(prefix_ + "/drive_c/users/me/AppData/Local/Marrowind");
+    EXPECT_EQ(RealQln({"new", "first"}), kDone) << console_.error;
+    EXPECT_EQ(NamesIn(folder_).size(), 1U);
+    EXPECT_EQ(RealQln({"list", "--folder", Root() + "/nowhere"}), kFailed);
+    EXPECT_FALSE(IsFolder(Root() + "/nowhere"));
+}
+
 TEST_F(QlnPrefix, PathsAreTheProgramsOwn) {
     const WinePrefix prefix(prefix_);
     EXPECT_EQ(prefix.ToWindows(folder_ + "/a.qln"), "C:\\users\\me\\AppData\\Local\\Marrowind\\Notes\\a.qln");

@@ -25,17 +25,21 @@ int Explain(const CLI::App& app, const CLI::ParseError& problem, Console& consol
 
 /// Switches for the build and the installer, which are in no help. Nothing for any other command line.
 std::optional<int> RunInternal(const std::vector<std::string>& arguments, const CLI::App& app, Host& host) {
+#ifndef QLN_WRITES_NO_HELP
     if (arguments.size() == 2 && arguments[0] == "--internal-generate") {
         const std::string text = GeneratedHelp(app, arguments[1]);
         host.Terminal().Out(text);
         return text.empty() ? kWrongUse : kDone;
     }
-    // --internal-path add|remove user|machine FOLDER
-    if (arguments.size() == 4 && arguments[0] == "--internal-path") {
+#else
+    static_cast<void>(app);
+#endif
+    // --internal-path add|remove user|machine [FOLDER]: without a folder the program's own
+    if ((arguments.size() == 3 || arguments.size() == 4) && arguments[0] == "--internal-path") {
         const bool add = arguments[1] == "add";
         const bool machine = arguments[2] == "machine";
         if ((!add && arguments[1] != "remove") || (!machine && arguments[2] != "user")) return kWrongUse;
-        return host.EditPath(add, machine, arguments[3]) ? kDone : kFailed;
+        return host.EditPath(add, machine, arguments.size() == 4 ? arguments[3] : "") ? kDone : kFailed;
     }
     return std::nullopt;
 }

@@ -18,7 +18,10 @@ void AddClosed(CLI::App& app, Options& options) {
 }
 
 void AddWhich(CLI::App& app, Options& options, bool required) {
-    app.add_option("WHICH", options.words, "A number, an id, a file or words")->required(required)->expected(1, 1000);
+    app.add_option("WHICH", options.words, "A number, an id, a file or words")
+        ->type_name("")
+        ->required(required)
+        ->expected(1, 1000);
 }
 
 void DescribeList(CLI::App& app, Options& options) {
@@ -58,7 +61,7 @@ void AddStart(CLI::App& app, Options& options) {
 }
 
 void DescribeNew(CLI::App& app, Options& options) {
-    app.add_option("TEXT", options.words, "The text; - reads the standard input")->expected(0, 100000);
+    app.add_option("TEXT", options.words, "The text; - reads the standard input")->type_name("")->expected(0, 100000);
     app.add_option("--remind", options.remind, "When: \"in 20 minutes\", 15:30, tomorrow, a date")->type_name("PHRASE");
     app.add_option("--color", options.color, "One of the eleven color schemes, such as yellow or black-and-blue")
         ->type_name("NAME");
@@ -126,7 +129,7 @@ std::unique_ptr<CLI::App> BuildModel(Options& options) {
     app->add_option("--codepage", options.where.codePage,
                     "The code page of the notes, on Linux (default: the system's)")
         ->type_name("NUMBER")
-        ->check(CLI::Range(1, 65535));
+        ->check(CLI::Range(1, 65535).description(""));
     app->footer(kExitCodes);
     for (const CommandRow& row : Commands()) {
         CLI::App* command = app->add_subcommand(row.name, row.summary);

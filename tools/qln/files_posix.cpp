@@ -123,17 +123,15 @@ bool OverwriteFile(const std::string& path, std::string_view bytes) {
 }
 
 bool MoveToFreeName(const std::string& from, const std::string& to) {
-    // A second name first: of all systems' calls this one never replaces.
-    if (link(from.c_str(), to.c_str()) == 0) {
-        Ignore(unlink(from.c_str()), "both names then lead to the same bytes");
+    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) {
         FlushFolderOf(to);
         return true;
     }
-    if (errno != EPERM && errno != EOPNOTSUPP && errno != EXDEV) return false;
-    // A file system without second names, or another one.
-    std::string bytes;
-    if (!ReadInto(from, bytes) || !WriteNewFile(to, bytes)) return false;
-    Ignore(unlink(from.c_str()), "the copy is complete");
+    if (errno != EINVAL && errno != ENOSYS) return false;
+    // An older file system: a second name never replaces either.
+    if (link(from.c_str(), to.c_str()) != 0) return false;
+    Ignore(unlink(from.c_str()), "both names then lead to the same bytes");
+    FlushFolderOf(to);
     return true;
 }
 

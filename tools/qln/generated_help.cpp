@@ -102,7 +102,7 @@ std::string HtmlOptions(const CLI::App& app) {
             rows += "<tr><td><b>" + Html(name) + "</b></td><td>" + Html(option->get_description()) + "</td></tr>\n";
         }
     }
-    return rows.empty() ? "" : "<table>\n" + rows + "</table>\n";
+    return rows.empty() ? "" : "<table summary=\"Options\">\n" + rows + "</table>\n";
 }
 
 std::string HelpPage(const CLI::App& app) {

@@ -160,7 +160,10 @@ std::optional<Surroundings> PosixHost::Find(const FolderChoice& choice, std::str
                    prefix.empty() ? "" : ReadBytes(JoinPaths(prefix, "system.reg")).value_or(""));
     const WinePrefix wine(prefix);
     StoredSettings stored = ReadSettings(api);
-    if (place.notesFolder.empty()) place.notesFolder = NotesFolderOf(api, wine, stored.useRoamingProfile);
+    if (place.notesFolder.empty()) {
+        place.notesFolder = NotesFolderOf(api, wine, stored.useRoamingProfile);
+        PrepareFolder(place.notesFolder);
+    }
     if (!prefix.empty()) place.closedFolder = ClosedFolderOf(api, wine, stored.settings.noteFolder);
     if (place.notesFolder.empty() || !IsFolder(place.notesFolder)) {
         error = "the notes folder does not exist: " + HarmlessName(place.notesFolder);

@@ -175,6 +175,7 @@ std::optional<Surroundings> WinHost::Find(const FolderChoice& choice, std::strin
     StoredSettings stored = ReadSettings(api);
     Surroundings place;
     place.notesFolder = choice.folder.empty() ? NotesFolderOf(shell, stored.useRoamingProfile) : choice.folder;
+    if (choice.folder.empty()) PrepareFolder(place.notesFolder);
     std::u16string closed = stored.settings.noteFolder;
     if (closed.empty()) closed = shell.FolderPath(SpecialFolder::DesktopDirectory);
     place.closedFolder = EncodeUtf8(closed);
@@ -203,7 +204,11 @@ bool WinHost::EditPath(bool add, bool machine, const std::string& folder) {
     const RegistryKeyHandle key(opened);
     const std::optional<PathValue> value = ReadPath(key.Get());
     if (!value) return false;
-    const std::u16string entry = DecodeUtf8(folder, LoneSurrogates::Accept).value_or(std::u16string());
+    WinShell shell;
+    std::u16string entry = DecodeUtf8(folder, LoneSurrogates::Accept).value_or(std::u16string());
+    if (entry.empty()) entry = FolderOfPath(shell.ProgramPath());
+    if (entry.empty()) return false;
+    if (entry.back() == u':') entry += u'\\';  // the root of a drive
     PathValue edited = *value;
     edited.text = add ? WithPathEntry(value->text, entry) : WithoutPathEntry(value->text, entry);
     if (edited.text == value->text) return true;

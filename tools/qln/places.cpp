@@ -7,11 +7,21 @@
 
 #include "app/registry_keys.h"
 #include "app/settings_table.h"
+#include "files.h"
 #include "registry/tessel_registry.h"
+#include "util/ignore.h"
 #include "util/numbers.h"
 #include "words.h"
 
 namespace quillo::qln {
+
+void PrepareFolder(const std::string& folder) {
+    if (folder.empty() || IsFolder(folder)) return;
+    const std::size_t name = LastPart(folder).size();
+    if (name + 1 >= folder.size()) return;
+    Ignore(MakeFolder(folder.substr(0, folder.size() - name - 1)), "it may be there, or cannot be made");
+    Ignore(MakeFolder(folder), "whoever needs it says that it is missing");
+}
 
 StoredSettings ReadSettings(RegistryApi& api) {
     StoredSettings stored;

@@ -10,6 +10,9 @@ namespace quillo::qln {
 /// Below the first of the user's folders that the program takes: "\Marrowind\Notes".
 inline constexpr std::u16string_view kNotesBelow = u"\\Marrowind\\Notes";
 
+/// Makes the notes folder where it is missing, as the program does when it starts; its last two parts at most.
+void PrepareFolder(const std::string& folder);
+
 /// The user's settings, and every stored one as a line "name=value".
 struct StoredSettings {
     Settings settings;
