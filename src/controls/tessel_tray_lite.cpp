@@ -1,7 +1,5 @@
 #include "controls/tessel_tray_lite.h"
 
-#include "platform/wide.h"
-
 // After windows.h.
 #include <shellapi.h>
 
@@ -34,7 +32,6 @@ static_assert(kTrayCallbackMessage == WM_MOUSEMOVE);
 
 void TesselTrayLite::ShowBalloon(std::u16string_view text, std::u16string_view title, DWORD iconType,
                                  int timeoutSeconds) {
-    if (Handle() != nullptr) SetWindowTextW(Handle(), Wide(std::u16string(text)));
     rules_.ShowBalloon(text, title, iconType, timeoutSeconds);
 }
 

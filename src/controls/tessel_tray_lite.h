@@ -56,8 +56,7 @@ class TesselTrayLite : private Window, private TrayShell {
     void ShowBalloon(std::u16string_view text, std::u16string_view title, DWORD iconType, int timeoutSeconds);
     void HideBalloon() { rules_.HideBalloon(); }
 
-    /// The hidden window that the shell's messages go to; null until the icon is shown for the first time. Its text is
-    /// that of the last balloon: what the shell has made of a balloon cannot be seen from outside.
+    /// The hidden window that the shell's messages go to; null until the icon is shown for the first time.
     using Window::Handle;
 
   protected:

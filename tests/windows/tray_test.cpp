@@ -280,6 +280,7 @@ bool BalloonStands(const std::wstring& wanted) {
 TEST_F(TrayTest, ABalloonIsShownAndHidden) {
     if (!Show() || KnownTaskBar() == nullptr) GTEST_SKIP() << "no task bar with balloons of a known kind";
     tray_->ShowBalloon(u"You can click this icon.", u"Note minimized", 1, 0);
+    EXPECT_EQ(GetWindowTextLengthW(tray_->Handle()), 0) << "the text is the shell's alone";
     EXPECT_TRUE(WaitFor([] { return BalloonStands(L"You can click this icon."); }));
     tray_->HideBalloon();
     EXPECT_TRUE(WaitFor([] { return !BalloonStands(L"You can click this icon."); }));

@@ -138,7 +138,7 @@ std::vector<HWND> QuilloProcess::Notes() const {
 }
 
 bool QuilloProcess::HasShownBalloon() const {
-    return !LastBalloon(pid_).empty();
+    return HasAskedForBalloon(pid_);
 }
 
 std::optional<DWORD> RunToEnd(const std::wstring& arguments, const std::wstring& folder) {

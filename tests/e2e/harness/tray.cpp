@@ -1,9 +1,15 @@
 #include "harness/tray.h"
 
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "controls/tessel_tray_lite.h"
 #include "harness/eventually.h"
 #include "harness/input.h"
 #include "harness/quillo_process.h"
 #include "harness/window_text.h"
+#include "platform/unique_handle.h"
 
 // After windows.h.
 #include <shellapi.h>
@@ -61,6 +67,25 @@ BOOL CALLBACK FindToolTip(HWND window, LPARAM parameter) {
     return FALSE;
 }
 
+/// What the program has told the shell of an icon, out of the program's own memory: what the shell has made of it
+/// cannot be seen from outside. The record lies in the control, to which its window points.
+std::optional<TrayRecord> RecordOf(HWND window, DWORD process) {
+    const KernelHandle program(OpenProcess(PROCESS_VM_READ, FALSE, process));
+    const auto control = GetWindowLongPtrW(window, GWLP_USERDATA);
+    std::vector<unsigned char> bytes(sizeof(TesselTrayLite));
+    if (!program || control == 0 ||
+        ReadProcessMemory(program.Get(), reinterpret_cast<const void*>(control), bytes.data(), bytes.size(), nullptr) ==
+            0) {
+        return std::nullopt;
+    }
+    TrayRecord record{};
+    for (std::size_t at = 0; at + sizeof record <= bytes.size(); at += alignof(TrayRecord)) {
+        std::memcpy(&record, bytes.data() + at, sizeof record);
+        if (record.size == sizeof record && record.window == ToTrayHandle(window)) return record;
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::vector<HWND> TrayIconWindows(DWORD process) {
@@ -74,9 +99,21 @@ std::vector<HWND> TrayIconWindows(DWORD process) {
 
 std::wstring LastBalloon(DWORD process) {
     for (HWND window : TrayIconWindows(process)) {
-        if (std::wstring text = WindowText(window); !text.empty()) return text;
+        const auto record = RecordOf(window, process);
+        if (!record || record->info[0] == '\0') continue;
+        const std::string_view text(record->info);
+        return {text.begin(), text.end()};
     }
     return {};
+}
+
+bool HasAskedForBalloon(DWORD process) {
+    constexpr std::uint32_t kHidden = 10;  // the time-out with which a balloon is taken away
+    const std::vector<HWND> windows = TrayIconWindows(process);
+    return std::any_of(windows.begin(), windows.end(), [process](HWND window) {
+        const auto record = RecordOf(window, process);
+        return record && (record->info[0] != '\0' || record->timeoutOrVersion == kHidden);
+    });
 }
 
 bool IsToolTipStanding(const std::wstring& text) {

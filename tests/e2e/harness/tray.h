@@ -12,6 +12,8 @@ namespace quillo::e2e {
 [[nodiscard]] std::vector<HWND> TrayIconWindows(DWORD process);
 /// The text of the balloon that the program has asked for last, from whichever of its icons; "" when there was none.
 [[nodiscard]] std::wstring LastBalloon(DWORD process);
+/// Whether the program has asked for a balloon, even if its time is up.
+[[nodiscard]] bool HasAskedForBalloon(DWORD process);
 /// Whether the task bar is the plain one of a desktop without Windows' own shell, where a balloon is a tool tip.
 [[nodiscard]] bool HasBareTaskBar();
 /// Whether a tool tip with exactly that text stands on the screen, of whatever program.
