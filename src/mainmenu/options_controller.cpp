@@ -163,17 +163,17 @@ bool OptionsController::PressKey(OptionControl keyBox, int virtualKey) {
 }
 
 std::u16string OptionsController::HelpKeys(const OptionsHelpKey& line) const {
-    std::u16string keys;
-    for (const char16_t character : line.keys) {
-        if (character == kNewNoteKeyMark) {
-            keys += KeyName(world_.settings.newNoteHotkey);
-        } else if (character == kSurfaceKeyMark) {
-            keys += KeyName(world_.settings.showNotesHotkey);
-        } else {
-            keys += character;
-        }
+    switch (line.source) {
+        case HelpKeySource::NewNoteHotkey:
+            return u"Windows+" + KeyName(world_.settings.newNoteHotkey);
+        case HelpKeySource::SurfaceHotkey:
+            return u"Windows+" + KeyName(world_.settings.showNotesHotkey);
+        case HelpKeySource::Note:
+            return KeyTextOf(line.action);
+        case HelpKeySource::Edit:
+            return std::u16string(line.keys);
     }
-    return keys;
+    return {};
 }
 
 std::u16string OptionsController::HotkeysTakenText() const {

@@ -171,19 +171,21 @@ constexpr bool StandsInOrder() {
 }
 static_assert(StandsInOrder(), "a row is found by the number of its control");
 
+using S = HelpKeySource;
+using A = NoteAction;
 constexpr std::array<OptionsHelpKey, 12> kHelpKeys = {{
-    {u"Windows+\1", u"New note"},
-    {u"Windows+\2", u"Surface all notes"},
-    {u"Ctrl+R", u"Set a reminder"},
-    {u"Ctrl+T", u"Add the time and date"},
-    {u"Ctrl+B", u"Large text"},
-    {u"Ctrl+P", u"Pin on top"},
-    {u"Ctrl+A", u"Select the whole text"},
-    {u"Ctrl+Z", u"Take back the last change"},
-    {u"Ctrl+M", u"Put next to the clock"},
-    {u"Ctrl+W", u"Close the note"},
-    {u"Ctrl+Shift+W", u"Delete the note"},
-    {u"Menu key", u"Open the note's menu"},
+    {S::NewNoteHotkey, u"New note"},
+    {S::SurfaceHotkey, u"Surface all notes"},
+    {S::Note, u"Set a reminder", A::AskReminder},
+    {S::Note, u"Add the time and date", A::AddTimestamp},
+    {S::Note, u"Large text", A::ToggleLargeText},
+    {S::Note, u"Pin on top", A::TogglePin},
+    {S::Note, u"Select the whole text", A::SelectAll},
+    {S::Edit, u"Take back the last change", A::None, u"Ctrl+Z"},
+    {S::Note, u"Put next to the clock", A::Minimize},
+    {S::Note, u"Close the note", A::ClickClose},
+    {S::Note, u"Delete the note", A::QuickDelete},
+    {S::Note, u"Open the note's menu", A::OpenMenu},
 }};
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "notes/note_commands.h"
+
 namespace quillo {
 
 /// The pages of the options dialog, in the order of its tabs.
@@ -163,14 +165,20 @@ struct OptionRow {
 inline constexpr std::size_t kOptionControlCount = static_cast<std::size_t>(OptionControl::OpenHelpButton) + 1;
 [[nodiscard]] const std::array<OptionRow, kOptionControlCount>& OptionsTable();
 
-/// A line of the list of keys on the Help page. A key of '\1' or '\2' in place of a letter is the hotkey chosen for a
-/// new note or for all notes.
-struct OptionsHelpKey {
-    std::u16string_view keys;
-    std::u16string_view meaning;
+/// Where the keys of a line on the Help page come from.
+enum class HelpKeySource {
+    NewNoteHotkey,  ///< as the user has chosen it
+    SurfaceHotkey,
+    Note,  ///< the table of a note's keys
+    Edit   ///< the system's own in a text box
 };
-inline constexpr char16_t kNewNoteKeyMark = u'\1';
-inline constexpr char16_t kSurfaceKeyMark = u'\2';
+/// A line of the list of keys on the Help page.
+struct OptionsHelpKey {
+    HelpKeySource source;
+    std::u16string_view meaning;
+    NoteAction action = NoteAction::None;  ///< of the source Note
+    std::u16string_view keys{};            ///< of the source Edit
+};
 [[nodiscard]] const std::array<OptionsHelpKey, 12>& OptionsHelpKeys();
 
 }  // namespace quillo

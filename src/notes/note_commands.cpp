@@ -46,6 +46,16 @@ NoteAction NoteKeyAction(int virtualKey, NoteKeyState held) {
     return NoteAction::None;
 }
 
+std::u16string KeyTextOf(NoteAction action) {
+    if (action == NoteAction::OpenMenu) return u"Shift+F10";
+    for (const Shortcut& shortcut : kShortcuts) {
+        if (shortcut.action != action) continue;
+        const std::u16string held = shortcut.shift == ShiftRule::Down ? u"Ctrl+Shift+" : u"Ctrl+";
+        return held + static_cast<char16_t>(shortcut.letter);
+    }
+    return {};
+}
+
 std::vector<NoteMenuItem> ArrowMenuItems(const Note& note) {
     return {
         {u"Set reminder...", NoteAction::AskReminder},
@@ -69,21 +79,24 @@ std::vector<NoteMenuItem> IconMenuItems() {
 }
 
 NoteButtonTips DescribeNoteButtons(const Note& note, std::u16string_view text, const Settings& settings) {
+    const auto withKeys = [](std::u16string_view words, NoteAction action) {
+        return std::u16string(words) + u" (" + KeyTextOf(action) + u")";
+    };
     NoteButtonTips tips;
-    tips.menu = u"Note menu (Shift+F10)";
-    tips.pushpin = note.Pinned ? u"No longer always on top (Ctrl+P)" : u"Always on top (Ctrl+P)";
+    tips.menu = withKeys(u"Note menu", NoteAction::OpenMenu);
+    tips.pushpin = withKeys(note.Pinned ? u"No longer always on top" : u"Always on top", NoteAction::TogglePin);
+    std::u16string_view close = u"Save as a file and close";
     if (!note.ReminderSet && Trim(text).empty()) {
-        tips.close = u"Close (Ctrl+W)";
+        close = u"Close";
     } else if (settings.minimizeToTray) {
-        tips.close = u"Minimize to an icon (Ctrl+W)";
+        close = u"Minimize to an icon";
     } else if (note.ReminderSet) {
-        tips.close = u"Hide until the reminder (Ctrl+W)";
-    } else {
-        tips.close = u"Save as a file and close (Ctrl+W)";
+        close = u"Hide until the reminder";
     }
-    tips.close += settings.dontRecycleNotes || text.empty()
-                      ? u"\r\nRight click: delete for good (Ctrl+Shift+W)"
-                      : u"\r\nRight click: move to the Recycle Bin (Ctrl+Shift+W)";
+    const bool forGood = settings.dontRecycleNotes || text.empty();
+    tips.close = withKeys(close, NoteAction::ClickClose) + u"\r\n" +
+                 withKeys(forGood ? u"Right click: delete for good" : u"Right click: move to the Recycle Bin",
+                          NoteAction::QuickDelete);
     return tips;
 }
 

@@ -42,6 +42,10 @@ struct NoteKeyState {
 /// The action of a key going down in a note; the character that would follow it is swallowed too.
 [[nodiscard]] NoteAction NoteKeyAction(int virtualKey, NoteKeyState held);
 
+/// What the user reads of the keys of an action: "Ctrl+Shift+W"; "" for an action without keys. Tool tips and the Help
+/// page show it, and scripts/check_keys.py holds the help to the same table.
+[[nodiscard]] std::u16string KeyTextOf(NoteAction action);
+
 /// One line of a menu.
 struct NoteMenuItem {
     std::u16string_view caption;

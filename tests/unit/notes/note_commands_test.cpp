@@ -197,5 +197,21 @@ TEST_F(Performing, TheTwoDeletionsDifferInTheirQuestion) {
     EXPECT_TRUE(IsDestroyed());
 }
 
+TEST(NoteCommands, EveryActionWithKeysSaysThem) {
+    EXPECT_EQ(KeyTextOf(NoteAction::TogglePin), u"Ctrl+P");
+    EXPECT_EQ(KeyTextOf(NoteAction::ClickClose), u"Ctrl+W");
+    EXPECT_EQ(KeyTextOf(NoteAction::QuickDelete), u"Ctrl+Shift+W");
+    EXPECT_EQ(KeyTextOf(NoteAction::OpenMenu), u"Shift+F10");
+    EXPECT_EQ(KeyTextOf(NoteAction::Print), u"");
+    // What a text says is what its keys do.
+    for (int letter = 'A'; letter <= 'Z'; ++letter) {
+        for (const bool shift : {false, true}) {
+            const NoteAction action = NoteKeyAction(letter, NoteKeyState{true, shift, false});
+            if (action == NoteAction::None) continue;
+            EXPECT_EQ(KeyTextOf(action).back(), static_cast<char16_t>(letter));
+        }
+    }
+}
+
 }  // namespace
 }  // namespace quillo
