@@ -89,6 +89,9 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    /// From a screen reader, with the item: choosing it inside its call could keep it waiting for a dialog.
+    static constexpr UINT kChooseMessage = WM_APP;
+
     // AccessibleSource; the parts are the items.
     [[nodiscard]] AccessiblePart Describe(int part) const override;
     [[nodiscard]] int PartCount() const override;
@@ -162,6 +165,8 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     int backupTicks_ = 0;
     bool watching_ = false;    ///< the system sends word of the session
     bool layered_ = false;     ///< the menu fades instead of sliding
+    bool dragOver_ = false;    ///< another program drags something over the menu
+    bool dropped_ = false;     ///< it has left or was dropped, and no button has gone down since
     bool byKeyboard_ = false;  ///< the hovered item was reached by keyboard
 };
 

@@ -10,7 +10,13 @@ DWORD CopyEffect(DWORD offered, bool taken) {
 
 }  // namespace
 
+void MenuDropTarget::SetDragOver(bool over) {
+    files_ = 0;
+    if (onDragOver) onDragOver(over);
+}
+
 DWORD MenuDropTarget::OnEnter(IDataObject* data, Point at, DWORD offered) {
+    SetDragOver(true);
     files_ = static_cast<int>(DroppedFiles(data).size());
     return OnOver(at, offered);
 }
@@ -20,7 +26,7 @@ DWORD MenuDropTarget::OnOver(Point at, DWORD offered) {
 }
 
 DWORD MenuDropTarget::OnDrop(IDataObject* data, Point at, DWORD offered) {
-    files_ = 0;
+    SetDragOver(false);
     // Messages run while the source is asked: the menu may be gone or disabled afterwards.
     const std::vector<std::u16string> files = DroppedFiles(data);
     return CopyEffect(offered, TakesDrops() && drop_(at, files));

@@ -17,13 +17,18 @@ class MenuDropTarget : public DropTarget {
                    std::function<bool(Point, const std::vector<std::u16string>&)> drop)
         : DropTarget(menu), accepts_(std::move(accepts)), drop_(std::move(drop)) {}
 
+    /// Whether something is dragged over the menu now. False after the drop.
+    std::function<void(bool)> onDragOver;
+
   private:
     ~MenuDropTarget() override = default;
 
     [[nodiscard]] DWORD OnEnter(IDataObject* data, Point at, DWORD offered) override;
     [[nodiscard]] DWORD OnOver(Point at, DWORD offered) override;
-    void OnLeave() override { files_ = 0; }
+    void OnLeave() override { SetDragOver(false); }
     [[nodiscard]] DWORD OnDrop(IDataObject* data, Point at, DWORD offered) override;
+
+    void SetDragOver(bool over);
 
     std::function<bool(Point, int)> accepts_;
     std::function<bool(Point, const std::vector<std::u16string>&)> drop_;

@@ -5,6 +5,7 @@ target_sources(quillo_shell PRIVATE
   mainmenu/key_box.cpp
   mainmenu/link_label.cpp
   mainmenu/main_form.cpp
+  mainmenu/main_form_menu.cpp
   mainmenu/menu_artwork.cpp
   mainmenu/menu_drop_target.cpp
   mainmenu/menu_icons.cpp

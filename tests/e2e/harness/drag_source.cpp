@@ -127,6 +127,10 @@ class SourceWindow {
     HWND window_;
 };
 
+void ReleaseIfDown() {
+    if (GetAsyncKeyState(VK_LBUTTON) < 0) ReleaseMouse();
+}
+
 }  // namespace
 
 UINT LinkClipboardFormat() {
@@ -172,9 +176,9 @@ bool DragTo(const DragData& data, POINT to) {
                     MoveMouse(to);
                     return dragging.Answers() >= before + 2 || over.load();
                 });
-                // The release, again and again until it has arrived.
+                // The release, again until it has arrived, and not once more: a second one would be the target's own.
                 (void)Eventually([&over, to] {
-                    ReleaseMouse();
+                    ReleaseIfDown();
                     MoveMouse(to);
                     return over.load();
                 });
@@ -183,7 +187,7 @@ bool DragTo(const DragData& data, POINT to) {
             over = true;
             hand.join();
         }
-        ReleaseMouse();
+        ReleaseIfDown();
     }
     OleUninitialize();
     return effect == DROPEFFECT_COPY;
