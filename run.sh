@@ -69,6 +69,14 @@ set_up_demo() {
     printf 'ready=yes\n' >>"$demo_state"
 }
 
+# The demo's program lies where a user would have it: its dialogs show where its sound is.
+install_demo() {
+    local folder=$WINEPREFIX/drive_c/Quillo
+    mkdir -p "$folder"
+    cp -u "$win_build"/{quillo.exe,Quillo.chm,Reminder.wma} "$folder"
+    exe=$folder/quillo.exe
+}
+
 is_up() { [[ -n $(prefix_pids "$WINEPREFIX" quillo.exe) ]]; }
 
 # Ends what a closed Quillo leaves behind: the server of its prefix, the virtual desktop, the demo's profile.
@@ -168,6 +176,7 @@ fi
 choose_desktop
 if [[ $demo == yes ]]; then
     [[ $(value_of "$demo_state" ready) == yes ]] || set_up_demo
+    install_demo
 else
     ensure_prefix
 fi

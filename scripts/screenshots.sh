@@ -12,7 +12,6 @@ scenes=(notes reminder menus icon colors mainmenu about options alert dates empt
 (($#)) && scenes=("$@")
 ensure_packages "${run_packages[@]}" "${setup_packages[@]}" xdotool pngquant
 target=$quillo_root/docs/screenshots
-exe=$win_build/quillo.exe
 probe=$win_build/tests/window_probe.exe
 faces=$win_build/tests/menu_faces.exe
 
@@ -326,6 +325,7 @@ for dpi in 96 144; do
     DISPLAY=$(value_of "$work/quillo/demo-desktop.state" display)
     WINEPREFIX=$(value_of "$work/quillo/demo.state" profile)/wine
     export DISPLAY WINEPREFIX
+    exe=$WINEPREFIX/drive_c/Quillo/quillo.exe # see install_demo of run.sh
     wine_environment
     for scene in "${scenes[@]}"; do "scene_$scene"; done
     demo /close >/dev/null
