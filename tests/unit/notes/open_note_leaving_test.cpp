@@ -306,6 +306,15 @@ TEST_F(OpenNoteLeaving, DeletingPutsANoteFileIntoTheRecycleBin) {
     EXPECT_TRUE(notice_.questions.empty());
 }
 
+// Intended: only the quick ways let an empty note disappear.
+TEST_F(OpenNoteLeaving, DeletingWritesAFileOfAnEmptyNoteToo) {
+    ShowStored(u"");
+    note_.QueryDeleteNote();
+    EXPECT_TRUE(IsDestroyed());
+    ASSERT_EQ(shell_.recycled.size(), 1U);
+    EXPECT_TRUE(shell_.recycled.front().path.ends_with(u"\\Note 1.qln"));
+}
+
 TEST_F(OpenNoteLeaving, DeletingForGoodAsksFirst) {
     settings_.dontRecycleNotes = true;
     ShowStored(u"Milk");
