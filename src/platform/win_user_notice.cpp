@@ -19,7 +19,7 @@ int WinUserNotice::Box(std::u16string_view text, UINT flags, const wchar_t* titl
     const BusyFlag::Scope busy(dialogs_);
     HWND asker = MessageBoxOwner();
     const DisabledWindows others(asker);
-    return MessageBoxW(asker, Wide(std::u16string(text)), title, flags | MB_SETFOREGROUND | MB_TOPMOST);
+    return MessageBoxW(asker, Wide(std::u16string(text)), title, flags | kMessageBoxFlags);
 }
 
 void WinUserNotice::Fail(std::u16string_view text) {

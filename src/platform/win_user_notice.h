@@ -13,6 +13,9 @@ class BusyFlag;
 /// when that is another program's, or hidden.
 [[nodiscard]] HWND MessageBoxOwner();
 
+/// Of every message box: it comes forward, and above pinned notes.
+inline constexpr UINT kMessageBoxFlags = MB_SETFOREGROUND | MB_TOPMOST;
+
 /// Message boxes, balloons and the system's sounds. A message box lies above pinned notes, and no other window of the
 /// program takes input until it is answered.
 class WinUserNotice : public UserNotice {

@@ -72,6 +72,15 @@ TEST_F(ReminderAlert, AReminderInThePastBringsItsAlertAndEscTheNote) {
     EXPECT_TRUE(MarkOf(path) == before) << "a reminder that has come is no change of the note: " << ReadBytes(path);
 }
 
+TEST_F(ReminderAlert, ComesAlsoWhileStartUpWaitsForAnAnswer) {
+    AddDue("Call Bob");
+    Start(L"/unheard");
+    const auto box = MessageBoxWindow::WaitFor(Quillo().Pid());
+    ASSERT_TRUE(box);
+    EXPECT_TRUE(WaitForAlerts(Quillo().Pid(), 1)) << "the main timer runs from the start on";
+    ASSERT_TRUE(box->Answer(IDOK));
+}
+
 TEST_F(ReminderAlert, AnAlertUnansweredAtACrashComesAgain) {
     ASSERT_NE(StartDue(), nullptr);
     Quillo().Kill();

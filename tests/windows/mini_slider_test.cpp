@@ -8,6 +8,9 @@
 #include "control_fixture.h"
 #include "platform/ui_timer.h"
 
+// After windows.h.
+#include <commctrl.h>
+
 namespace quillo {
 namespace {
 
@@ -132,6 +135,26 @@ TEST_F(MiniSliderTest, TheKeyboardsFocusShows) {
     EXPECT_EQ(PixelOf(slider_.Handle(), Point{50, 1}), GetSysColor(COLOR_WINDOW));
     SetFocus(nullptr);
     EXPECT_EQ(PaintedAt(slider_.Handle(), ring), kBack);
+}
+
+/// Windows hides the keyboard cues until a control asks for them. Wine always shows them, so that this stands in.
+LRESULT CALLBACK HideCues(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id, DWORD_PTR) {
+    if (message == WM_QUERYUISTATE) return UISF_HIDEFOCUS;
+    if (message == WM_CHANGEUISTATE && wParam == MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS)) {
+        RemoveWindowSubclass(window, &HideCues, id);
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+TEST_F(MiniSliderTest, TheFocusShowsOnlyWhileWindowsShowsKeyboardCues) {
+    SetForegroundWindow(parent_.Of());
+    SetFocus(slider_.Handle());
+    SetWindowSubclass(slider_.Handle(), &HideCues, 1, 0);
+    const Point ring{50, 2};
+    EXPECT_EQ(PaintedAt(slider_.Handle(), ring), kBack) << "the user works with the mouse";
+    slider_.SetValue(1);
+    Key(VK_LEFT);
+    EXPECT_EQ(PaintedAt(slider_.Handle(), ring), GetSysColor(COLOR_WINDOWTEXT)) << "and now with the keyboard";
 }
 
 TEST_F(MiniSliderTest, APressTakesTheFocus) {

@@ -184,6 +184,18 @@ TEST_F(NoteColorSelectorTest, TheFocusIsVisible) {
     EXPECT_EQ(PixelOf(Window(), Point{29, 27}), GetSysColor(COLOR_WINDOW));
 }
 
+TEST_F(NoteColorSelectorTest, AClickMarksNoSwatchAndAKeyDoesAgain) {
+    SendMessageW(Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(30, 5));
+    SendMessageW(Window(), WM_LBUTTONUP, 0, MAKELPARAM(30, 5));
+    PaintNow(Window());
+    for (const int x : {5, 29, 53}) {
+        EXPECT_EQ(PixelOf(Window(), Point{x, 27}), GetSysColor(COLOR_WINDOW)) << x;
+    }
+    Key(VK_RIGHT);
+    PaintNow(Window());
+    EXPECT_EQ(PixelOf(Window(), Point{53, 27}), GetSysColor(COLOR_HIGHLIGHT)) << "from the clicked one on";
+}
+
 TEST_F(NoteColorSelectorTest, AHandlerMayEndTheForm) {
     Selector().onColorPicked = [this](const ColorScheme&) { SendMessageW(dialog_.Handle(), WM_CLOSE, 0, 0); };
     Key(VK_SPACE);

@@ -145,6 +145,23 @@ TEST_F(NoteFormTest, PaintsBorderFaceBarAndGrip) {
     EXPECT_GE(strokes, 2);
 }
 
+TEST_F(NoteFormTest, ASubtleTitleBarIsCalmerAtOnce) {
+    Show();
+    const auto bar = [&] { return Pixel(Point{ClientSize().width / 2, LayOutNote(ClientSize(), scale_).dragBar.top}); };
+    const COLORREF full = bar();
+    world_.settings.highContrastOff = true;
+    note_.UpdateColors();
+    PaintNow(one_.Window());
+    EXPECT_NE(bar(), full);
+    const DragBarPaint subtle = DragBarColors(world_.settings.noteColor, world_.settings.noteBorderColor,
+                                              BarStyle::Subtle, GetActiveWindow() == one_.Window());
+    EXPECT_EQ(bar(), ToColorRef(subtle.top));
+    world_.settings.highContrastOff = false;
+    note_.UpdateColors();
+    PaintNow(one_.Window());
+    EXPECT_EQ(bar(), full);
+}
+
 TEST_F(NoteFormTest, TheReminderIsWrittenIntoTheFoot) {
     Show();
     const Size size = ClientSize();

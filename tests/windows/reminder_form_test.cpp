@@ -165,6 +165,19 @@ TEST_F(ReminderFormTest, TheSoundComesAtOnceAndAgainUntilTheEnd) {
     EXPECT_EQ(TimesPlayed(), 2);
 }
 
+TEST_F(ReminderFormTest, ALongSoundStopsWithTheLastAlert) {
+    ReminderForm second(nullptr, world_.tools);
+    Open();
+    ASSERT_TRUE(second.Initialize(u"two", kColors));
+    world_.sound.commands.clear();
+    second.Unload();
+    EXPECT_TRUE(world_.sound.commands.empty()) << "the other alert still sounds";
+    form_.Unload();
+    ASSERT_FALSE(world_.sound.commands.empty());
+    EXPECT_EQ(world_.sound.commands.front(), u"stop quillo");
+    EXPECT_EQ(world_.sound.waves.back(), u"") << "nor does a wave file go on";
+}
+
 TEST_F(ReminderFormTest, AnEmptySettingIsSilence) {
     world_.settings.reminder = u"  ";
     Open();

@@ -22,6 +22,7 @@ target_sources(quillo_shell_tests PRIVATE
   windows/note_reminder_test.cpp
   windows/notify_window_test.cpp
   windows/options_form_test.cpp
+  windows/platform_dialogs_test.cpp
   windows/registry_test.cpp
   windows/reminder_fixture.cpp
   windows/reminder_form_test.cpp
