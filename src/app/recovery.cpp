@@ -39,8 +39,9 @@ std::u16string_view CopyOfPrepared(std::u16string_view path) {
 
 Recovery::Result Recovery::Run() {
     Result result;
+    RemoveReplacedCopies();
     for (const SaveJournal::Record& record : store_.Journal().Unfinished()) Finish(record, result);
-    AdoptPreparedCopies();
+    AdoptPreparedCopies({});
     return result;
 }
 
@@ -75,8 +76,14 @@ void Recovery::Finish(const SaveJournal::Record& record, Result& result) {
 
 void Recovery::FinishMove(const SaveJournal::Record& record) {
     const PendingStep& step = record.step;
+    // The note may be whole in what was prepared for its new home.
+    if (!step.to.path.empty()) AdoptPreparedCopies(step.to.path);
     const bool arrived = step.to.path.empty() || IsStill(step.to);
-    if (arrived && IsStill(step.from) && files_.Delete(step.from.path) == FileError::InUse) return;  // next time
+    if (arrived && IsStill(step.from)) {
+        const bool isStorageCopy = FolderOfPath(step.from.path) == notesFolder_;
+        if (isStorageCopy) return store_.DeleteStorageCopy(step.from, record.path);
+        if (files_.Delete(step.from.path) == FileError::InUse) return;  // next time
+    }
     store_.Journal().End(record.path);
 }
 
@@ -106,19 +113,22 @@ bool Recovery::FinishRescue(const PendingStep& step, Result& result) {
     return true;
 }
 
-void Recovery::AdoptPreparedCopies() {
+void Recovery::RemoveReplacedCopies() {
     for (const FileEntry& file : files_.List(notesFolder_, kReplacedExtension)) {
         const std::u16string_view path = file.path;
         if (EndsWith(path.substr(0, path.size() - kReplacedExtension.size()), kNoteExtension)) {
             Ignore(files_.Delete(path), "the next start tries again");
         }
     }
+}
+
+void Recovery::AdoptPreparedCopies(std::u16string_view onlyCopy) {
     std::vector<FileEntry> prepared = files_.List(notesFolder_, kPreparedExtension);
     std::sort(prepared.begin(), prepared.end(),
               [](const FileEntry& a, const FileEntry& b) { return a.modified < b.modified; });
     for (const FileEntry& file : prepared) {
         const std::u16string copy(CopyOfPrepared(file.path));
-        if (!copy.empty()) Adopt(file, copy);
+        if (!copy.empty() && (onlyCopy.empty() || copy == onlyCopy)) Adopt(file, copy);
     }
 }
 

@@ -28,7 +28,10 @@ class Recovery {
     void FinishRecycling(const PendingStep& step);
     /// True when the record has served its purpose.
     [[nodiscard]] bool FinishRescue(const PendingStep& step, Result& result);
-    void AdoptPreparedCopies();
+    /// What an earlier start has kept of storage copies that newer ones have replaced.
+    void RemoveReplacedCopies();
+    /// Puts storage copies that were prepared and are whole in their places, or removes them: all, or those for one.
+    void AdoptPreparedCopies(std::u16string_view onlyCopy);
     void Adopt(const FileEntry& prepared, const std::u16string& copy);
     [[nodiscard]] std::uint64_t HashOf(const std::u16string& path);
     [[nodiscard]] bool IsStill(const FileVersion& file);

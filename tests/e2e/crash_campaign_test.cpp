@@ -8,7 +8,6 @@
 
 #include "harness/e2e_test.h"
 #include "harness/main_menu.h"
-#include "notes/unicode_element.h"
 
 namespace quillo::e2e {
 namespace {
@@ -18,12 +17,6 @@ using Moment = std::chrono::steady_clock::time_point;
 unsigned NumberFromEnvironment(const char* name, unsigned usual) {
     const char* text = std::getenv(name);
     return text != nullptr ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : usual;
-}
-
-/// The text that a note file holds.
-std::wstring TextOfFile(const std::string& bytes) {
-    if (const auto note = ReadUnicodeElement(bytes)) return std::wstring(note->text.begin(), note->text.end());
-    return Widen(bytes.substr(0, bytes.rfind("\r\n<quillo>")));
 }
 
 bool IsWhole(const std::string& bytes) {

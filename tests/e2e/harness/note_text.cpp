@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "notes/unicode_element.h"
 #include "platform/win32.h"
 
 namespace quillo::e2e {
@@ -23,6 +24,11 @@ std::string TwipsText(int pixels) {
 std::string NoteFile::Bytes() const {
     return text + "\r\n<quillo><position>" + position + "</position><appearance>" + appearance +
            "</appearance><reminder>" + reminder + "</reminder>" + last + "</quillo>";
+}
+
+std::wstring TextOfFile(const std::string& bytes) {
+    if (const auto note = ReadUnicodeElement(bytes)) return std::wstring(note->text.begin(), note->text.end());
+    return Widen(bytes.substr(0, bytes.rfind("\r\n<quillo>")));
 }
 
 std::string PositionOfPixels(int left, int top, int width, int height) {

@@ -17,6 +17,9 @@ struct NoteFile {
     [[nodiscard]] std::string Bytes() const;
 };
 
+/// The text of a note file, whole also where the code page has no such characters.
+[[nodiscard]] std::wstring TextOfFile(const std::string& bytes);
+
 /// The position element of a rectangle given in pixels at the system's dpi.
 [[nodiscard]] std::string PositionOfPixels(int left, int top, int width, int height);
 /// A length in twips as pixels at the system's dpi.
