@@ -44,7 +44,14 @@ std::u16string CleanForFileName(std::u16string_view text) {
     std::u16string clean;
     clean.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;  // a pair is one blank
+        const char16_t next = i + 1 < text.size() ? text[i + 1] : char16_t{0};
+        if (text[i] == u'\r' && next == u'\n') continue;  // a pair is one blank
+        if ((text[i] & 0xF800) == 0xD800) {
+            // Half a character is left out: file systems that keep their names in UTF-8 refuse it.
+            const bool whole = (text[i] & 0xFC00) == 0xD800 && (next & 0xFC00) == 0xDC00;
+            if (whole) clean.append(text.substr(i++, 2));
+            continue;
+        }
         if (const char16_t c = InFileName(text[i]); c != 0) clean.push_back(c);
     }
     return std::u16string(Trim(clean));
