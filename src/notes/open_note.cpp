@@ -329,31 +329,30 @@ void OpenNote::DeleteNote() {
     if (!world_.settings.dontRecycleNotes) {
         world_.owner.SaveUnsavedNotes();
         saved = SaveLeaving(PendingStep::Kind::Recycle);
-        if (saved.path.empty()) {
-            if (!RescueDeleted()) return;
-        } else {
-            Recycle(saved);
-        }
+        const bool safe = saved.path.empty() ? RescueDeleted() : Recycle(saved);
         // Messages may have run.
-        if (!IsOpen()) return world_.store.Journal().End(saved.record);
+        if (!safe || !IsOpen()) return world_.store.Journal().End(saved.record);
     }
     world_.notice.Play(SystemSound::RestoreDown);
     Leave(saved);
 }
 
-void OpenNote::Recycle(const SavedNote& saved) {
+bool OpenNote::Recycle(const SavedNote& saved) {
     const NoteFile content = Content();
     const RecycleResult result = world_.store.Recycle(saved.path);
-    if (result == RecycleResult::Moved) return;
-    if (result == RecycleResult::Gone) Ignore(world_.store.WriteAgain(content, saved.path), "it is told either way");
+    if (result == RecycleResult::Moved) return true;
+    const std::u16string kept =
+        result == RecycleResult::Gone ? world_.store.WriteAgain(content, saved.path).path : saved.path;
+    if (kept.empty()) return world_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo);
     if (!world_.settings.disableBalloonHelp) {
-        world_.notice.Balloon(kNotRecycledTitle, kNotRecycledText + saved.path, BalloonIcon::Warning);
+        world_.notice.Balloon(kNotRecycledTitle, kNotRecycledText + kept, BalloonIcon::Warning);
     }
+    return true;
 }
 
 bool OpenNote::RescueDeleted() {
     const SavedNote rescued = world_.store.Rescue(Content());
-    if (rescued.path.empty()) return world_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo) && IsOpen();
+    if (rescued.path.empty()) return world_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo);
     if (!world_.settings.disableBalloonHelp) {
         world_.notice.Balloon(kNotRecycledTitle, kNotRecycledText + rescued.path, BalloonIcon::Warning);
     }

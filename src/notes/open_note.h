@@ -182,7 +182,8 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     [[nodiscard]] SavedNote SaveLeaving(PendingStep::Kind kind);
     /// False when the user keeps a note that can be saved nowhere.
     [[nodiscard]] bool RescueDeleted();
-    void Recycle(const SavedNote& saved);
+    /// The same, for a note whose file the Recycle Bin has lost and that can be saved nowhere.
+    [[nodiscard]] bool Recycle(const SavedNote& saved);
     /// Destroys a note that was saved elsewhere.
     void Leave(const SavedNote& saved);
     void Destroy(std::u16string record);
