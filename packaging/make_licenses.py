@@ -54,18 +54,25 @@ def runtime_exception():
 
 def parts():
     """(name, version, what of it is used, license, its words)"""
-    yield ("GCC", version_of("gcc-mingw-w64-base"), "libgcc and libstdc++, linked into quillo.exe",
+    yield ("GCC", version_of("gcc-mingw-w64-base"), "libgcc and libstdc++, linked into the programs",
            "GNU General Public License, version 3 or later, with the GCC Runtime Library Exception 3.1",
            runtime_exception())
-    yield ("mingw-w64", version_of("mingw-w64-x86-64-dev"), "the C run-time start, linked into quillo.exe",
+    yield ("mingw-w64", version_of("mingw-w64-x86-64-dev"), "the C run-time start, linked into the programs",
            "Zope Public License 2.1; its conversion of numbers: a permissive license",
            "\n\n".join([stanza("mingw-w64-x86-64-dev", "Files: *"),
                         stanza("mingw-w64-x86-64-dev", "Files: mingw-w64-crt/gdtoa/qnan.c")]))
-    yield ("winpthreads", version_of("mingw-w64-x86-64-dev"), "the thread library, linked into quillo.exe",
+    yield ("winpthreads", version_of("mingw-w64-x86-64-dev"), "the thread library, linked into the programs",
            "Expat, and a license of three clauses",
            "\n\n".join([stanza("mingw-w64-x86-64-dev", "Files: mingw-w64-libraries/winpthreads/*"),
                         stanza("mingw-w64-x86-64-dev", "License: expat"),
                         stanza("mingw-w64-x86-64-dev", "Files: mingw-w64-libraries/winpthreads/include/pthread.h")]))
+    yield ("CLI11", version_of("libcli11-dev"), "the command line of qln.exe", "a license of three clauses",
+           "\n\n".join([stanza("libcli11-dev", "Files: *"), stanza("libcli11-dev", "License: BSD-3-clause")]))
+    yield ("JSON for Modern C++", version_of("nlohmann-json3-dev"), "the JSON of qln.exe", "Expat (MIT)",
+           "\n\n".join([stanza("nlohmann-json3-dev", "Files: *"),
+                        stanza("nlohmann-json3-dev", "Files: include/nlohmann/detail/conversions/to_chars.hpp"),
+                        stanza("nlohmann-json3-dev", "Files: include/nlohmann/detail/output/serializer.hpp"),
+                        stanza("nlohmann-json3-dev", "License: Expat")]))
     yield ("NSIS", version_of("nsis"), "the installer and the uninstaller",
            "zlib license; its decompression: Common Public License 1.0 with an exception",
            "\n\n".join([stanza("nsis", "Files: *"), stanza("nsis", "License: Zlib"),

@@ -9,6 +9,7 @@
 ;   /WAIT=N    how many seconds a running Quillo may take to end; 60 without it
 ;   /NOSTART   does not start Quillo at the end
 ;   /HOTKEY    Ctrl+Alt+N makes a new note
+;   /NOPATH    does not add the folder to the user's PATH
 ; Of the uninstaller: /S, /WAIT=N, and /SETTINGS, which removes the settings as well.
 
 Target amd64-unicode
@@ -51,6 +52,7 @@ CRCCheck on
 ; A file's name can hold no colon: what the entry is called is its comment.
 !define NEW_NOTE_LINK "$SMPROGRAMS\${NAME} - new note.lnk"
 !define HOTKEY_VALUE "New note hotkey"
+!define PATH_VALUE "On the path"
 !define OPEN_COMMAND '"$INSTDIR\quillo.exe" "%1"'
 
 ; Beside the installed files: what is to take their place, and copies of them in case it does not work.
@@ -103,6 +105,7 @@ LoadLanguageFile "${NSISDIR}\Contrib\Language files\English.nlf"
 
 Var OldVersion      ; of the installation that is there; "" when there is none
 Var Hotkey          ; 1: Ctrl+Alt+N makes a new note
+Var OnPath          ; 1: the folder is in the user's PATH, for qln
 Var Start           ; 1: the program is started at the end
 Var Patience        ; seconds that a running program may take to end
 Var WasRunning      ; 1: a Quillo ran when its files were to be replaced
@@ -110,6 +113,7 @@ Var Process         ; a handle to it, or 0
 Var Held            ; the file that another program holds, or ""
 Var RemoveSettings  ; 1: the settings go as well
 Var Box             ; the check box of the page
+Var PathBox         ; the second one of the installer's page
 
 ; ---- What the installer and the uninstaller share
 
@@ -276,8 +280,19 @@ Function ReadChoices
     ${If} $Hotkey <> 1
         StrCpy $Hotkey 0
     ${EndIf}
+    StrCpy $OnPath 1
+    ClearErrors
+    ReadRegDWORD $0 HKCU "${UNINSTALL_KEY}" "${PATH_VALUE}"
+    ${IfNot} ${Errors}
+        StrCpy $OnPath $0
+    ${EndIf}
     StrCpy $Start 1
     ${GetParameters} $R0
+    ClearErrors
+    ${GetOptions} $R0 "/NOPATH" $R1
+    ${IfNot} ${Errors}
+        StrCpy $OnPath 0
+    ${EndIf}
     ClearErrors
     ${GetOptions} $R0 "/HOTKEY" $R1
     ${IfNot} ${Errors}
@@ -321,6 +336,9 @@ Function SetupPage
     ${NSD_SetState} $Box $Hotkey
     ${NSD_CreateLabel} 12u 96u -12u 10u "Leave it out where these keys type a letter, as on some keyboards."
     Pop $1
+    ${NSD_CreateCheckbox} 0 107u 100% 12u "Put &qln, which finds and makes notes in a console, on the path"
+    Pop $PathBox
+    ${NSD_SetState} $PathBox $OnPath
     ${If} $OldVersion != ""
         ${NSD_CreateLabel} 0 119u 100% 10u "A Quillo that runs is closed and started again. Notes and settings stay."
         Pop $1
@@ -340,6 +358,7 @@ FunctionEnd
 
 Function LeaveSetupPage
     ${NSD_GetState} $Box $Hotkey
+    ${NSD_GetState} $PathBox $OnPath
 FunctionEnd
 
 ; ---- Installing
@@ -546,6 +565,17 @@ Function MakeLinks
     SetOutPath "$TEMP"
 FunctionEnd
 
+; A PATH may be longer than a variable here can be: the program itself edits it. What fails is passed over: qln is then
+; found by its full path.
+Function EditPath
+    ${If} $OnPath = 1
+        ExecShellWait "open" "$INSTDIR\qln.exe" "--internal-path add user" SW_HIDE
+    ${Else}
+        ExecShellWait "open" "$INSTDIR\qln.exe" "--internal-path remove user" SW_HIDE
+    ${EndIf}
+    WriteRegDWORD HKCU "${UNINSTALL_KEY}" "${PATH_VALUE}" $OnPath
+FunctionEnd
+
 ; A silent update starts only what it has ended.
 Function StartProgram
     ${If} $Start <> 1
@@ -574,6 +604,7 @@ Section
     Call RegisterNoteFiles
     Call RegisterAppId
     Call MakeLinks
+    Call EditPath
     Call StartProgram
 SectionEnd
 
@@ -693,6 +724,7 @@ Section Uninstall
         SetErrorLevel ${EXIT_IN_USE}
         Quit
     ${EndIf}
+    ExecShellWait "open" "$INSTDIR\qln.exe" "--internal-path remove user" SW_HIDE
     Call un.RemoveFiles
     Call un.RemoveRunValue
     Call un.RemoveNoteFiles

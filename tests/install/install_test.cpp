@@ -1,5 +1,6 @@
 #include "install_fixture.h"
 
+#include "harness/user_path.h"
 #include "harness/window_text.h"
 #include "version.h"
 
@@ -63,6 +64,29 @@ TEST_F(Installing, IntoAnEmptyProfileMakesAFirstRun) {
     EXPECT_TRUE(Eventually([&] { return Profile().HasValue(L"Shown Help"); }));
     EXPECT_TRUE(ShowsNotes(0));
     EXPECT_TRUE(Eventually([&] { return FolderExists(Profile().NotesFolder()); }));
+}
+
+TEST_F(Installing, PutsTheFolderOnThePathAndRemovingTakesOnlyThatEntryOut) {
+    const UserPath restored;
+    const UserPath::Value before{L"%USERPROFILE%\\bin;C:\\tools", REG_EXPAND_SZ};
+    UserPath::Write(before);
+    const UserPath::Value with{before.text + L";" + Folder().wstring(), REG_EXPAND_SZ};
+    ASSERT_EQ(Setup(OldSetup(), L"/NOSTART"), 0U);
+    EXPECT_TRUE(UserPath::Read() == with);
+    ASSERT_EQ(Setup(NewSetup(), L"/NOSTART"), 0U);
+    EXPECT_TRUE(UserPath::Read() == with) << "an update adds no second entry";
+    Remove();
+    EXPECT_TRUE(UserPath::Read() == before);
+}
+
+TEST_F(Installing, LeavesThePathAloneWhenToldTo) {
+    const UserPath restored;
+    const UserPath::Value before{L"C:\\tools", REG_SZ};
+    UserPath::Write(before);
+    ASSERT_EQ(Setup(OldSetup(), L"/NOSTART /NOPATH"), 0U);
+    EXPECT_TRUE(UserPath::Read() == before);
+    ASSERT_EQ(Setup(NewSetup(), L"/NOSTART"), 0U);
+    EXPECT_TRUE(UserPath::Read() == before) << "the choice is kept";
 }
 
 TEST_F(Installing, IsToldToTheListOfInstalledApps) {
