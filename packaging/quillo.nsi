@@ -493,7 +493,7 @@ Function RegisterInstallation
     WriteRegDWORD HKCU "${UNINSTALL_KEY}" "${HOTKEY_VALUE}" $Hotkey
 FunctionEnd
 
-; What a note file is. The user's own choice of a program stands elsewhere and is not touched.
+; What a note file is. The user's own choice of a program lies elsewhere and is not touched.
 Function RegisterNoteFiles
     WriteRegStr HKCU "${TYPE_KEY}" "" "Quillo note"
     WriteRegStr HKCU "${TYPE_KEY}" "FriendlyTypeName" "Quillo note"

@@ -6,7 +6,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// Whatever goes wrong in an update: the old program works.
+/// An update that fails leaves the old program, and it works.
 class FailingUpdate : public InstallTest {
   protected:
     void SetUp() override {
