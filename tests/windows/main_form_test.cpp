@@ -203,10 +203,10 @@ TEST_F(MainFormWindow, EveryItemDoesItsThingAndTheMenuGoes) {
         {{248, 20}, "about ", {}},
         {{280, 20}, "", {}},  // closes the menu
         {{100, 20}, "", {}},
-        {{125, 150}, "", {u"C:\\one.exe"}},
-        {{175, 150}, "", {u"C:\\two.exe"}},
+        {{125, 150}, "away ", {u"C:\\one.exe"}},  // changes are saved before the shell is asked
+        {{175, 150}, "away ", {u"C:\\two.exe"}},
         {{225, 150}, "", {}},  // an empty slot
-        {{275, 150}, "", {u"C:\\four.exe /x"}},
+        {{275, 150}, "away ", {u"C:\\four.exe /x"}},
     };
     for (const Case& c : cases) {
         Show();
