@@ -9,7 +9,7 @@ source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
 
 disk=$(mktemp -d "${TMPDIR:-/tmp}/quillo-disk.XXXXXX")
 trap 'umount "$disk" 2>/dev/null || true; rmdir "$disk"' EXIT
-if ! mount -t tmpfs -o size=6m tmpfs "$disk" 2>/dev/null; then
+if ! mount -t tmpfs -o size=32m tmpfs "$disk" 2>/dev/null; then
     say "skipped: mounting a small disk takes an administrator"
     exit 77
 fi
