@@ -8,6 +8,7 @@ target_sources(quillo_core PRIVATE
   app/notes_folder.cpp
   app/open_notes.cpp
   app/os_facts.cpp
+  app/program_shortcut.cpp
   app/quit.cpp
   app/recovery.cpp
   app/save_all.cpp

@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "app/note_names.h"
+#include "app/program_shortcut.h"
 #include "app/registry_keys.h"
 #include "ports/file_store.h"
 #include "ports/shell.h"
@@ -78,10 +79,10 @@ std::vector<SettingRow> MakeTable() {
     using S = Settings;
     using F = FontSetting;
     return {
-        {u"Shortcut 1", TextSetting{&Shortcut<0>, false, DefaultShortcut1}},
-        {u"Shortcut 2", TextSetting{&Shortcut<1>, false, DefaultShortcut2}},
-        {u"Shortcut 3", TextSetting{&Shortcut<2>, false, DefaultShortcut3}},
-        {u"Shortcut 4", TextSetting{&Shortcut<3>, false, DefaultShortcut4}},
+        {u"Shortcut 1", TextSetting{&Shortcut<0>, false, DefaultShortcut1, ShortcutFits}},
+        {u"Shortcut 2", TextSetting{&Shortcut<1>, false, DefaultShortcut2, ShortcutFits}},
+        {u"Shortcut 3", TextSetting{&Shortcut<2>, false, DefaultShortcut3, ShortcutFits}},
+        {u"Shortcut 4", TextSetting{&Shortcut<3>, false, DefaultShortcut4, ShortcutFits}},
         {u"Note font", TextSetting{&Font<&F::name>, true, DefaultFont}},
         {u"Note font size", NumberTextSetting{&Font<&F::size>, 8, 7, 32}},
         {u"Note font style", FontStyleSetting{}},
@@ -126,7 +127,7 @@ struct Loader {
         std::u16string text = registry.Value(name);
         if (row.trimmed) text = std::u16string(Trim(text));
         std::u16string& member = row.member(settings);
-        if (!text.empty()) {
+        if (!text.empty() && (row.accepts == nullptr || row.accepts(text))) {
             member = std::move(text);
         } else if (shell != nullptr && files != nullptr) {
             member = row.defaultText(*shell, *files);

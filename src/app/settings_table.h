@@ -18,6 +18,7 @@ struct TextSetting {
     std::u16string& (*member)(Settings&);
     bool trimmed;
     std::u16string (*defaultText)(Shell&, FileStore&);
+    bool (*accepts)(std::u16string_view text) = nullptr;  ///< what it refuses gives the default; null for any text
 };
 
 /// A number, -1 for true and 0 for false; any number but 0 reads as true.

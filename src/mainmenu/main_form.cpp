@@ -255,7 +255,7 @@ void MainForm::OnIconsFound() {
 }
 
 void MainForm::SetShortcut(int index, std::u16string_view path) {
-    if (index < 1 || index > kMenuSlots) return;
+    if (index < 1 || index > kMenuSlots || !ShortcutFits(path)) return;
     tools_.program.settings.shortcuts.at(static_cast<std::size_t>(index) - 1) = path;
     RedrawShortcuts();
     TesselRegistry registry(tools_.registry, kUserKey);
@@ -278,9 +278,8 @@ void MainForm::TakeDrops() {
 
 bool MainForm::TakeDropped(Point at, const std::vector<std::u16string>& files) {
     const MenuPoint point = ScreenToDesign(at);
-    const auto count = static_cast<int>(files.size());
-    if (!TakesDrop(point, count)) return false;
-    if (const auto slot = SlotOfDrop(point, count)) SetShortcut(*slot, files.front());
+    if (!TakesDrop(point, static_cast<int>(files.size())) || !ShortcutFits(files.front())) return false;
+    if (const auto slot = SlotOfDroppedFiles(point, files)) SetShortcut(*slot, files.front());
     return true;
 }
 

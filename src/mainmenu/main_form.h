@@ -61,7 +61,8 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     void RedrawShortcuts();
     /// The artwork is drawn anew.
     void RedrawResources() override;
-    /// Stores a program shortcut in the slot `index`, 1 to 4, and in the registry.
+    /// Stores a program shortcut in the slot `index`, 1 to 4, and in the registry. One that the system could not run
+    /// for its length leaves the slot as it is.
     void SetShortcut(int index, std::u16string_view path) override;
     /// Takes the two hotkeys of the settings in the place of those that were registered before. A key that another
     /// program has does not work, and nothing is said.

@@ -27,6 +27,11 @@ std::optional<int> SlotOfDrop(MenuPoint at, int fileCount) {
     return std::min(slot, kMenuSlots);
 }
 
+std::optional<int> SlotOfDroppedFiles(MenuPoint at, const std::vector<std::u16string>& files) {
+    if (files.empty() || !ShortcutFits(files.front())) return std::nullopt;
+    return SlotOfDrop(at, static_cast<int>(files.size()));
+}
+
 bool OffersCopy(MenuPoint at, int fileCount) {
     return fileCount == 1 && at.y >= kDragTop;
 }
@@ -49,15 +54,6 @@ int IconOffset(int shellIconSize) {
 Point IconPlace(int slot, int shellIconSize) {
     const int offset = IconOffset(shellIconSize);
     return Point{kFirstIcon.x + (slot - 1) * kSlotWidth - offset, kFirstIcon.y - offset};
-}
-
-ShortcutParts SplitShortcut(std::u16string_view shortcut) {
-    const std::u16string_view text = Trim(shortcut);
-    constexpr char16_t kQuote = u'"';
-    if (text.empty() || text.front() != kQuote) return {std::u16string(text), {}};
-    const std::size_t end = text.find(kQuote, 1);
-    if (end == std::u16string_view::npos) return {std::u16string(text.substr(1)), {}};
-    return {std::u16string(text.substr(1, end - 1)), std::u16string(Trim(text.substr(end + 1)))};
 }
 
 std::u16string ShortcutName(std::u16string_view shortcut) {
@@ -108,6 +104,7 @@ std::u16string MenuItemTip(MenuItem item, const std::array<std::u16string, kMenu
 }
 
 void RunShortcut(std::u16string_view shortcut, Shell& shell) {
+    if (!ShortcutFits(shortcut)) return;
     const ShortcutParts parts = SplitShortcut(shortcut);
     if (parts.file.empty() || shell.Start(parts.file, parts.arguments)) return;
     Ignore(shell.Open(parts.file, parts.arguments), "what nothing can open does nothing");

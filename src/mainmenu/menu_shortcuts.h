@@ -4,7 +4,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "app/program_shortcut.h"
 #include "mainmenu/menu_map.h"
 #include "util/geometry.h"
 
@@ -20,6 +22,8 @@ class Shell;
 /// The slot, 1 to 4, that a file dropped at `at` goes into. Intended: a drop left of the four slots is answered with a
 /// copy all the same, and stores nothing.
 [[nodiscard]] std::optional<int> SlotOfDrop(MenuPoint at, int fileCount);
+/// The same for the files themselves: also nothing when the system could not run the shortcut for its length.
+[[nodiscard]] std::optional<int> SlotOfDroppedFiles(MenuPoint at, const std::vector<std::u16string>& files);
 
 /// The edge of a shell icon in pixels at 96 dpi where the user has not set another.
 inline constexpr int kUsualShellIcon = 32;
@@ -31,14 +35,6 @@ inline constexpr int kUsualShellIcon = 32;
 /// The top left corner of slot 1 to 4's icon on the menu's face.
 [[nodiscard]] Point IconPlace(int slot, int shellIconSize);
 
-/// A program shortcut in its parts.
-struct ShortcutParts {
-    std::u16string file;
-    std::u16string arguments;
-    friend bool operator==(const ShortcutParts&, const ShortcutParts&) = default;
-};
-/// A path, or a path in quotes with arguments behind it.
-[[nodiscard]] ShortcutParts SplitShortcut(std::u16string_view shortcut);
 /// What a person calls the program: the file's name without its folder and extension; "" for an empty slot.
 [[nodiscard]] std::u16string ShortcutName(std::u16string_view shortcut);
 
@@ -48,8 +44,8 @@ struct ShortcutParts {
 /// The tool tip over an item that has no words in the picture; "" for the others.
 [[nodiscard]] std::u16string MenuItemTip(MenuItem item, const std::array<std::u16string, kMenuSlots>& shortcuts);
 
-/// Starts the program; what is none (a document, a folder, a link) or cannot be started is given to the shell to open.
-/// When that fails too, nothing happens.
+/// Starts the program; what is no program (a document, a folder, a link) or cannot be started is given to the shell to
+/// open. When that fails too, or the shortcut is longer than the system takes, nothing happens.
 void RunShortcut(std::u16string_view shortcut, Shell& shell);
 
 }  // namespace quillo

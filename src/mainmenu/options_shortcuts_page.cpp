@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/note_names.h"
+#include "app/program_shortcut.h"
 #include "mainmenu/options_controller.h"
 #include "mainmenu/page_column.h"
 #include "platform/dialog_parts.h"
@@ -89,7 +90,7 @@ void OptionsShortcutsPage::BrowseForProgram(OptionControl box) {
     plan.folder = FolderOfPath(now);
     const BusyFlag::Scope busy(Dialogs());
     const std::u16string chosen = BrowseForFileToOpen(Dialog(), plan);
-    if (!chosen.empty() && Handle() != nullptr) SetText(box, chosen);
+    if (!chosen.empty() && ShortcutFits(chosen) && Handle() != nullptr) SetText(box, chosen);
 }
 
 void OptionsShortcutsPage::Load() {

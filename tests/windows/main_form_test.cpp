@@ -421,6 +421,12 @@ TEST_F(MainFormWindow, AShortcutIsStoredInItsSlotAndInTheRegistry) {
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 1U);
 }
 
+TEST_F(MainFormWindow, AShortcutThatTheSystemCouldNotRunIsNotStored) {
+    form_.SetShortcut(2, u"C:\\kept.exe");
+    form_.SetShortcut(2, std::u16string(1000, u'x'));
+    EXPECT_EQ(test_.program.settings.shortcuts[1], u"C:\\kept.exe");
+}
+
 TEST_F(MainFormWindow, AShortcutsIconStandsInItsColumnOfBothFaces) {
     const auto look = [this] {
         std::vector<COLORREF> pixels;

@@ -107,6 +107,14 @@ TEST_F(SettingsTableTest, RowsStandInTheOrderOfLoading) {
     for (std::size_t i = 0; i < std::size(expected); ++i) EXPECT_EQ(SettingsTable()[i].name, expected[i]);
 }
 
+TEST_F(SettingsTableTest, AShortcutThatTheSystemCouldNotRunGivesTheDefault) {
+    const std::u16string before = Load().shortcuts[1];
+    api_.Put(kUserKey, u"Shortcut 2", std::u16string(259, u'x'));
+    EXPECT_EQ(Load().shortcuts[1], std::u16string(259, u'x'));
+    api_.Put(kUserKey, u"Shortcut 2", std::u16string(260, u'x'));
+    EXPECT_EQ(Load().shortcuts[1], before);
+}
+
 TEST_F(SettingsTableTest, ShortcutsFallBackToTheSystemFolderOnlyForProgramsThatStandThere) {
     struct Case {
         std::vector<std::u16string> present;

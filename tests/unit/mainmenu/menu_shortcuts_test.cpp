@@ -50,6 +50,42 @@ TEST(MenuShortcuts, OnlyASingleFileIsTaken) {
     }
 }
 
+TEST(MenuShortcuts, ADroppedFileWithAPathThatIsTooLongIsRefused) {
+    const std::u16string longest(259, u'x');
+    EXPECT_EQ(SlotOfDroppedFiles({175, 150}, {longest}), 2);
+    EXPECT_EQ(SlotOfDroppedFiles({175, 150}, {longest + u"x"}), std::nullopt);
+    EXPECT_EQ(SlotOfDroppedFiles({175, 150}, {}), std::nullopt);
+    EXPECT_EQ(SlotOfDroppedFiles({175, 150}, {u"a.exe", u"b.exe"}), std::nullopt);
+}
+
+TEST(MenuShortcuts, ALimitHoldsForTheFileAndForTheWholeCommand) {
+    const auto quoted = [](std::size_t file, std::size_t arguments) {
+        return u'"' + std::u16string(file, u'f') + u"\" " + std::u16string(arguments, u'a');
+    };
+    const struct {
+        std::u16string shortcut;
+        bool fits;
+    } cases[] = {
+        {u"", true},
+        {std::u16string(259, u'f'), true},
+        {std::u16string(260, u'f'), false},
+        {u"  " + std::u16string(259, u'f') + u"  ", true},
+        {quoted(259, 10), true},
+        {quoted(260, 10), false},
+        {quoted(100, 32'663), true},
+        {quoted(100, 32'664), false},
+    };
+    for (const auto& c : cases) EXPECT_EQ(ShortcutFits(c.shortcut), c.fits) << c.shortcut.size();
+}
+
+TEST(MenuShortcuts, OneThatIsTooLongIsNotRun) {
+    FakeShell shell;
+    RunShortcut(std::u16string(1000, u'x'), shell);
+    RunShortcut(u"\"C:\\a.exe\" " + std::u16string(40'000, u'x'), shell);
+    EXPECT_TRUE(shell.started.empty());
+    EXPECT_TRUE(shell.opened.empty());
+}
+
 TEST(MenuShortcuts, LargerShellIconsMoveUpAndLeftByHalfOfTheirSurplus) {
     struct Case {
         int size;
