@@ -3,7 +3,8 @@ add_library(quillo_options INTERFACE)
 target_include_directories(quillo_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 
 if(MSVC)
-  target_compile_options(quillo_options INTERFACE /W4 /WX /permissive- /utf-8 /Zc:__cplusplus)
+  target_compile_options(quillo_options INTERFACE /W4 /WX /permissive- /utf-8 /Zc:__cplusplus /GS /guard:cf)
+  target_link_options(quillo_options INTERFACE /guard:cf)
 else()
   target_compile_options(quillo_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
@@ -23,8 +24,15 @@ if(WIN32)
   # The oldest system that the program runs on is Windows 7.
   target_compile_definitions(quillo_options INTERFACE WINVER=0x0A00 _WIN32_WINNT=0x0A00 NTDDI_VERSION=0x0A000000)
   if(MINGW)
-    target_compile_options(quillo_options INTERFACE -ffunction-sections -fdata-sections)
-    target_link_options(quillo_options INTERFACE -static -Wl,--gc-sections)
+    target_compile_options(quillo_options INTERFACE -ffunction-sections -fdata-sections -fstack-protector-strong)
+    target_link_options(quillo_options INTERFACE -static -Wl,--gc-sections -fstack-protector-strong)
+    # Control-flow guard, which GCC does not have.
+    include(CheckCXXCompilerFlag)
+    check_cxx_compiler_flag(-mguard=cf QUILLO_HAS_GUARD)
+    if(QUILLO_HAS_GUARD)
+      target_compile_options(quillo_options INTERFACE -mguard=cf)
+      target_link_options(quillo_options INTERFACE -mguard=cf)
+    endif()
   endif()
 endif()
 
