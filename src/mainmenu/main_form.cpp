@@ -19,6 +19,8 @@ namespace quillo {
 namespace {
 
 constexpr std::u16string_view kDesktopMetrics = u"HKEY_CURRENT_USER\\Control Panel\\Desktop\\WindowMetrics";
+/// What the system shows when the end of the session waits for the notes.
+constexpr wchar_t kSavingReason[] = L"Quillo is saving your notes.";
 constexpr int kBalloonSeconds = 15;
 
 enum HotKeyId : int { kNewNoteHotKey = 1, kShowNotesHotKey = 2 };
@@ -87,10 +89,9 @@ LRESULT MainForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_HOTKEY:
             return OnHotKey(static_cast<int>(wParam)), 0;
         case WM_QUERYENDSESSION:
-            if (onSessionEnding) onSessionEnding();
-            return TRUE;
+            return OnSessionEndAsked(), TRUE;
         case WM_ENDSESSION:
-            if (wParam != FALSE && onSessionEnd) onSessionEnd();
+            if (wParam != FALSE) OnSessionEnd();
             return 0;
         case WM_WTSSESSION_CHANGE:
             return OnSessionChange(wParam), 0;
@@ -177,6 +178,16 @@ void MainForm::OnHotKey(int id) const {
 }
 
 // The system's word.
+
+void MainForm::OnSessionEndAsked() const {
+    const SessionEndBlock saving(tools_.sessionEnd, Handle(), kSavingReason);
+    if (onSessionEnding) onSessionEnding();
+}
+
+void MainForm::OnSessionEnd() const {
+    const SessionEndBlock saving(tools_.sessionEnd, Handle(), kSavingReason);
+    if (onSessionEnd) onSessionEnd();
+}
 
 void MainForm::OnSessionChange(WPARAM code) const {
     if (code == WTS_SESSION_LOCK && onGoingAway) onGoingAway();

@@ -12,6 +12,7 @@
 #include "platform/accessible.h"
 #include "platform/app_icons.h"
 #include "platform/drop_registration.h"
+#include "platform/session_end_block.h"
 #include "platform/tool_tips.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
@@ -39,6 +40,7 @@ struct MainFormTools {
     LocaleText& locale;
     OleSession& ole;
     const BusyFlag& dialogs;
+    SessionEndCalls sessionEnd = SystemSessionEndCalls();
 };
 
 /// The program's hidden main window: its icon beside the clock, the menu that slides up from there, the hotkeys, the
@@ -101,6 +103,8 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
 
     void OnDestroy();
     void OnHotKey(int id) const;
+    void OnSessionEndAsked() const;
+    void OnSessionEnd() const;
     void OnSessionChange(WPARAM code) const;
     void OnTaskbarCreated();
     void OnScaleChanged();

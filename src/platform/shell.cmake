@@ -18,6 +18,7 @@ target_sources(quillo_shell PRIVATE
   platform/message_loop.cpp
   platform/monitors.cpp
   platform/notify_channel.cpp
+  platform/session_end_block.cpp
   platform/single_instance.cpp
   platform/text_tools.cpp
   platform/tool_tips.cpp

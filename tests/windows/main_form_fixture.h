@@ -7,6 +7,7 @@
 #include "../unit/app/test_program.h"
 #include "mainmenu/main_form.h"
 #include "platform/drop_target.h"
+#include "platform/wide.h"
 #include "support.h"
 #include "util/busy_flag.h"
 
@@ -42,9 +43,17 @@ class MainFormTest : public testing::Test {
     TestProgram test_;
     OleSession ole_;
     BusyFlag dialogs_;
-    MainForm form_{
-        MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_, dialogs_}, kTick};
+    MainForm form_{MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_, dialogs_,
+                                 SessionEndCalls{[this](HWND window, const wchar_t* reason) {
+                                                     heldBy_ = window;
+                                                     heard_ += "held ";
+                                                     reason_ = FromWide(reason);
+                                                 },
+                                                 [this](HWND) { heard_ += "released "; }}},
+                   kTick};
     int backups_ = 0;
+    HWND heldBy_ = nullptr;  ///< the window for which the end of the session was held last
+    std::u16string reason_;  ///< and why
 
   private:
     std::string heard_;

@@ -35,9 +35,20 @@ TEST_F(SessionTest, SuspendingSavesAndIsAllowed) {
 TEST_F(SessionTest, ItsEndIsHeardInItsTwoSteps) {
     EXPECT_EQ(Send(WM_QUERYENDSESSION), TRUE);
     Send(WM_ENDSESSION, FALSE);
-    EXPECT_EQ(Heard(), "ending ") << "another program has refused";
+    EXPECT_EQ(Heard(), "held ending released ") << "another program has refused";
     Send(WM_ENDSESSION, TRUE);
-    EXPECT_EQ(Heard(), "quit ");
+    EXPECT_EQ(Heard(), "held quit released ");
+    EXPECT_EQ(heldBy_, form_.Handle());
+    EXPECT_EQ(reason_, u"Quillo is saving your notes.");
+}
+
+TEST_F(SessionTest, TheSystemsOwnCallsAreHarmless) {
+    const SessionEndCalls system = SystemSessionEndCalls();
+    {
+        const SessionEndBlock block(system, form_.Handle(), L"saving");
+        EXPECT_NE(IsWindow(form_.Handle()), FALSE);
+    }
+    const SessionEndBlock onNoWindow(system, nullptr, L"saving");
 }
 
 TEST_F(SessionTest, WithNobodyListeningNothingHappens) {
