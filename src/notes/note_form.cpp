@@ -191,8 +191,9 @@ void NoteForm::MoveTo(const TwipsRect& rectangle) {
     const int left = screen.ToPixels(Twips{rectangle.left}).value;
     const int top = screen.ToPixels(Twips{rectangle.top}).value;
     const Scale there = PointScale(POINT{left, top});
-    Place(Rect{left, top, there.ToPixels(Twips{rectangle.width}).value, there.ToPixels(Twips{rectangle.height}).value},
-          0);
+    const Size wanted{there.ToPixels(Twips{rectangle.width}).value, there.ToPixels(Twips{rectangle.height}).value};
+    const Size size = CutToDesktop(wanted, DesktopSize());
+    Place(Rect{left, top, size.width, size.height}, 0);
 }
 
 void NoteForm::MoveOntoScreen() {

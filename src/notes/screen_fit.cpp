@@ -34,6 +34,10 @@ int FitAxis(int start, int length, int areaStart, int areaLength) {
 
 }  // namespace
 
+Size CutToDesktop(Size note, Size desktop) {
+    return Size{std::min(note.width, desktop.width), std::min(note.height, desktop.height)};
+}
+
 std::size_t MonitorForRect(const Rect& note, const std::vector<Rect>& workAreas) {
     std::size_t best = 0;
     std::int64_t bestOverlap = 0;

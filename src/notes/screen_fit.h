@@ -7,6 +7,9 @@
 
 namespace quillo {
 
+/// A note's size cut to that of the whole desktop: a damaged file can ask for more than any screen shows.
+[[nodiscard]] Size CutToDesktop(Size note, Size desktop);
+
 /// The index of the work area that a note overlaps most; the first of equals, 0 (the primary one) when it overlaps
 /// none.
 [[nodiscard]] std::size_t MonitorForRect(const Rect& note, const std::vector<Rect>& workAreas);

@@ -13,5 +13,7 @@ namespace quillo {
 [[nodiscard]] Rect WorkAreaOf(HWND window);
 /// The primary screen's whole size in pixels.
 [[nodiscard]] Size ScreenSize();
+/// The size in pixels of the rectangle around all monitors.
+[[nodiscard]] Size DesktopSize();
 
 }  // namespace quillo

@@ -212,6 +212,14 @@ TEST_F(NoteFormTest, TextIsKeptWhole) {
     EXPECT_FALSE(note_.Data().Changed) << "the program wrote it";
 }
 
+TEST_F(NoteFormTest, ASizeBeyondTheDesktopIsCutToIt) {
+    form_.MoveTo(TwipsRect{150, 150, 491'505, 491'505});
+    RECT place{};
+    GetWindowRect(one_.Window(), &place);
+    EXPECT_EQ(place.right - place.left, GetSystemMetrics(SM_CXVIRTUALSCREEN));
+    EXPECT_EQ(place.bottom - place.top, GetSystemMetrics(SM_CYVIRTUALSCREEN));
+}
+
 TEST_F(NoteFormTest, ATextThatTheBoxDoesNotHoldIsReported) {
     ASSERT_TRUE(form_.SetText(u"before"));
     EXPECT_FALSE(form_.SetText(std::u16string(kMostNoteCharacters + 1, u'x')));

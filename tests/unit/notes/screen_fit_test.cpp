@@ -13,6 +13,19 @@ const Rect kRight{1920, 0, 1280, 1024};
 const Rect kLeft{-1600, -200, 1600, 1200};
 const std::vector<Rect> kDesk{kPrimary, kRight, kLeft};
 
+TEST(CutToDesktop, LeavesWhatFitsAndCutsEachExtentByItself) {
+    const Size desktop{3200, 1200};
+    const struct {
+        Size note;
+        Size expected;
+    } cases[] = {
+        {{188, 163}, {188, 163}},   {{3200, 1200}, {3200, 1200}}, {{3201, 100}, {3200, 100}},
+        {{100, 1201}, {100, 1200}}, {{32'767, 32'767}, desktop},  {{INT_MAX, INT_MAX}, desktop},
+        {{0, 0}, {0, 0}},           {{-5, 2000}, {-5, 1200}},
+    };
+    for (const auto& c : cases) EXPECT_EQ(CutToDesktop(c.note, desktop), c.expected) << c.note.width;
+}
+
 TEST(PlaceOnScreen, OneMonitor) {
     const struct {
         const char* name;
