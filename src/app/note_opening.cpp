@@ -120,14 +120,18 @@ void NoteOpening::CreateNewNote() {
 /// The open note whose storage copy is that file, or which was opened from it before. Two notes on one file would
 /// overwrite each other's text, and closing one would delete the file under the other.
 OpenNote* NoteOpening::FindOpen(std::u16string_view path, const FileVersion& source) {
-    const std::u16string wanted = world_.locale.ToLower(path);
+    const auto comparable = [this](std::u16string_view name) {
+        return name.empty() ? std::u16string() : world_.locale.ToLower(shell_.FullLongPath(name));
+    };
+    const std::u16string wanted = comparable(path);
     OpenNote* found = nullptr;
     program_.openNotes.ForEach([&](OpenNote& note) {
         const std::u16string& stored = note.Data().StoragePath;
         const FileVersion& opened = note.Source();
-        const bool storedThere = !stored.empty() && world_.locale.ToLower(stored) == wanted;
-        const bool openedThence = opened.hash == source.hash && world_.locale.ToLower(opened.path) == wanted;
-        if (storedThere || (openedThence && !opened.path.empty())) found = &note;
+        const bool storedThere = !stored.empty() && comparable(stored) == wanted;
+        const bool openedThence =
+            !opened.path.empty() && opened.hash == source.hash && comparable(opened.path) == wanted;
+        if (storedThere || openedThence) found = &note;
     });
     return found;
 }

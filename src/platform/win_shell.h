@@ -18,6 +18,7 @@ class WinShell : public Shell {
     [[nodiscard]] std::u16string SystemFolder() override;
     [[nodiscard]] std::u16string ProgramPath() override;
     [[nodiscard]] std::u16string FullPath(std::u16string_view path) override;
+    [[nodiscard]] std::u16string FullLongPath(std::u16string_view path) override;
     using Shell::Open;
     bool Open(std::u16string_view path, std::u16string_view arguments) override;
     bool Start(std::u16string_view program, std::u16string_view arguments) override;

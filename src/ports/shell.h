@@ -35,6 +35,9 @@ class Shell {
     [[nodiscard]] virtual std::u16string ProgramPath() = 0;
     /// An absolute path for one that may be relative to the current folder; the path itself when that fails.
     [[nodiscard]] virtual std::u16string FullPath(std::u16string_view path) = 0;
+    /// The full path with the long name of every part, as far as the parts exist: two paths of one file then differ
+    /// in letter case at most, short names and relative parts or not.
+    [[nodiscard]] virtual std::u16string FullLongPath(std::u16string_view path) = 0;
     /// Opens a file with its default action; false when nothing opens it. Shows no message.
     virtual bool Open(std::u16string_view path, std::u16string_view arguments) = 0;
     bool Open(std::u16string_view path) { return Open(path, {}); }

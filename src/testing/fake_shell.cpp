@@ -1,5 +1,7 @@
 #include "testing/fake_shell.h"
 
+#include <algorithm>
+
 #include "testing/fake_file_store.h"
 #include "util/numbers.h"
 #include "util/text.h"
@@ -41,6 +43,20 @@ std::u16string FakeShell::FolderPath(SpecialFolder folder) {
 std::u16string FakeShell::FullPath(std::u16string_view path) {
     const bool absolute = path.size() >= 2 && (path[1] == u':' || path.substr(0, 2) == u"\\\\");
     return absolute ? std::u16string(path) : currentFolder + u"\\" + std::u16string(path);
+}
+
+std::u16string FakeShell::FullLongPath(std::u16string_view path) {
+    const std::u16string full = FullPath(path);
+    std::u16string resolved;
+    for (std::size_t start = 0; start <= full.size();) {
+        const std::size_t end = std::min(full.find(u'\\', start), full.size());
+        const std::u16string part = full.substr(start, end - start);
+        const auto known = longNames.find(part);
+        if (start > 0) resolved += u'\\';
+        resolved += known == longNames.end() ? part : known->second;
+        start = end + 1;
+    }
+    return resolved;
 }
 
 bool FakeShell::Open(std::u16string_view path, std::u16string_view arguments) {

@@ -31,6 +31,7 @@ class FakeShell : public Shell {
     [[nodiscard]] std::u16string SystemFolder() override { return systemFolder; }
     [[nodiscard]] std::u16string ProgramPath() override { return programPath; }
     [[nodiscard]] std::u16string FullPath(std::u16string_view path) override;
+    [[nodiscard]] std::u16string FullLongPath(std::u16string_view path) override;
     using Shell::Open;
     bool Open(std::u16string_view path, std::u16string_view arguments) override;
     bool Start(std::u16string_view program, std::u16string_view arguments) override;
@@ -48,8 +49,9 @@ class FakeShell : public Shell {
     std::u16string programPath = u"C:\\Program Files\\Quillo\\quillo.exe";
     std::u16string currentFolder = u"C:\\Users\\ann";
     std::map<std::u16string, std::u16string, IgnoreCase> linkTargets;
-    std::vector<std::u16string> opened;   ///< with its arguments, if any, behind a blank
-    std::vector<std::u16string> started;  ///< likewise; also what could not be started
+    std::map<std::u16string, std::u16string, IgnoreCase> longNames;  ///< of path parts that have a short name
+    std::vector<std::u16string> opened;                              ///< with its arguments, if any, behind a blank
+    std::vector<std::u16string> started;                             ///< likewise; also what could not be started
     std::vector<Recycled> recycled;
     bool openWorks = true;
     bool startWorks = true;

@@ -77,6 +77,22 @@ TEST_F(WinShellTest, FullPathsStartFromTheCurrentFolder) {
     SetCurrentDirectoryW(before);
 }
 
+TEST_F(WinShellTest, FullLongPathsAreAlikeForEveryNameOfAFile) {
+    const std::u16string path = folder_.Of(u"A long name of a note.qln");
+    ASSERT_TRUE(files_.Write(path, "x"));
+    wchar_t shortName[MAX_PATH + 1] = {};
+    ASSERT_NE(GetShortPathNameW(Wide(path), shortName, MAX_PATH), 0U);
+    const std::u16string resolved = shell_.FullLongPath(path);
+    EXPECT_EQ(shell_.FullLongPath(FromWide(shortName)), resolved);
+    EXPECT_EQ(shell_.FullLongPath(folder_.Of(u".\\none\\..\\A long name of a note.qln")), resolved);
+    EXPECT_EQ(resolved.substr(resolved.rfind(u'\\') + 1), u"A long name of a note.qln");
+    const std::u16string folder = resolved.substr(0, resolved.rfind(u'\\'));
+    EXPECT_EQ(shell_.FullLongPath(folder_.Of(u"missing\\too.qln")), folder + u"\\missing\\too.qln")
+        << "a missing file keeps its name in the folder that exists";
+    EXPECT_EQ(shell_.FullLongPath(u"Q:\\no drive\\a.qln"), u"Q:\\no drive\\a.qln");
+    EXPECT_EQ(shell_.FullLongPath(u""), u"");
+}
+
 TEST_F(WinShellTest, ALinkGivesItsTarget) {
     const std::u16string target = folder_.Of(u"target \u00E9.txt");
     ASSERT_NO_FATAL_FAILURE(PutFile(target, "x"));

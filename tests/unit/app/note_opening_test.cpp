@@ -71,6 +71,14 @@ TEST_F(NoteOpeningTest, AFileLongerThanANoteCanBeStaysAndNothingIsStored) {
     EXPECT_EQ(whole->Text().size(), kMostNoteCharacters);
 }
 
+TEST_F(NoteOpeningTest, AnOpenNoteIsFoundByTheShortNameOfItsFile) {
+    test_.shell.longNames[u"ANNSNO~1.QLN"] = u"Ann's notes.qln";
+    const std::u16string path = TestProgram::Stored(u"Ann's notes.qln");
+    ASSERT_NE(OpenBytes(path, "Buy milk"), nullptr);
+    EXPECT_EQ(Open(TestProgram::Stored(u"annsno~1.qln")), nullptr) << "no second note on the same file";
+    EXPECT_EQ(test_.program.openNotes.Count(), 1U);
+}
+
 TEST_F(NoteOpeningTest, QuotesAroundThePathAreStripped) {
     test_.files.Put(kOutside, "Buy milk");
     EXPECT_NE(Open(u"\"" + std::u16string(kOutside) + u"\""), nullptr);
