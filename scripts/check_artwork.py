@@ -13,7 +13,7 @@ LARGEST_SMALL_PROGRAM_BITMAP = 24
 GLYPHS = 4  # bell, close, browse, play
 GLYPH_SIZES = [20, 25, 30, 35, 40]
 FRAME = 20  # pixels at 96 dpi
-ROWS = ("close", "pushpin", "pushpin in", "menu")
+ROWS = ("close", "pushpin", "pushpin in", "menu", "warning")
 PLATE_PERCENT = (0, 14, 26)  # by column: normal, hot, pressed
 
 ABOUT_SIZES = [96, 120, 144, 168, 192]

@@ -36,7 +36,7 @@ LARGEST_ICON_BITMAP = 40  # pixels; above that an entry is a PNG
 
 FRAME = 20  # pixels at 96 dpi
 SCALES = (100, 150, 200)  # percent
-BUTTON_ROWS = ("note-close.svg", "note-pushpin.svg", "note-pushpin-in.svg", "note-menu.svg")
+BUTTON_ROWS = ("note-close.svg", "note-pushpin.svg", "note-pushpin-in.svg", "note-menu.svg", "note-warning.svg")
 PLATE = "note-plate.svg"
 PLATE_STRENGTHS = (0.0, 0.14, 0.26)  # the columns: normal, hot, pressed
 
@@ -73,7 +73,7 @@ ABOUT_SIZES = (96, 120, 144, 168, 192)  # at 100 to 200 percent
 
 # The contact sheet, in pixels.
 GAP = 20
-STRIP_CELL = (FRAME * 3 * 6, FRAME * 4 * 6)  # a strip, six times its size at 96 dpi
+STRIP_CELL = (FRAME * 3 * 6, FRAME * len(BUTTON_ROWS) * 6)  # a strip, six times its size at 96 dpi
 NOTE_GROUNDS = (  # bar, glyph
     ((0xFF, 0xFD, 0xD0), (0x2B, 0x2A, 0x27)),
     ((0xFE, 0xCF, 0x38), (0x2B, 0x2A, 0x27)),

@@ -11,7 +11,7 @@
 namespace quillo {
 namespace {
 
-constexpr int kRows = 4;
+constexpr int kRows = 5;
 constexpr int kColumns = 3;
 constexpr int kOpaque = 255;
 /// More than the schemes that a desktop shows at once, active and inactive.

@@ -11,7 +11,7 @@
 namespace quillo {
 
 /// The rows of the button image strip.
-enum class ButtonPicture : int { Close = 0, Pushpin = 1, PushpinPressed = 2, Menu = 3 };
+enum class ButtonPicture : int { Close = 0, Pushpin = 1, PushpinPressed = 2, Menu = 3, Warning = 4 };
 
 /// What the strip's images are drawn on and in: the vertical gradient of the bar behind them and the glyphs' colour.
 /// Plain RGB colours.

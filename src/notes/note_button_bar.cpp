@@ -1,10 +1,14 @@
 #include "notes/note_button_bar.h"
 
+#include <algorithm>
+#include <array>
+
 #include "platform/gdi_scope.h"
 
 namespace quillo {
 
-NoteButtonBar::NoteButtonBar(NoteButtonImages& images) : close_(images), pushpin_(images), menu_(images) {
+NoteButtonBar::NoteButtonBar(NoteButtonImages& images)
+    : close_(images), pushpin_(images), menu_(images), sign_(images) {
     menu_.SetPicture(ButtonPicture::Menu);
     menu_.SetMenuMode(true);
     menu_.onMouseDown = [this] { onAction(NoteAction::OpenMenu); };
@@ -32,16 +36,24 @@ void NoteButtonBar::MoveTo(const NoteLayout& layout) {
     MoveChild(menu_.Handle(), layout.menuButton);
     MoveChild(pushpin_.Handle(), layout.pushpin);
     MoveChild(close_.Handle(), layout.closeButton);
+    MoveChild(sign_.Handle(), layout.saveSign);
 }
 
 void NoteButtonBar::SetTint(const ButtonTint& tint, const Scale& scale) {
     if (scale.Dpi() != scale_.Dpi()) tips_.Destroy();
     scale_ = scale;
     for (NoteButton* button : {&menu_, &pushpin_, &close_}) button->SetTint(tint, scale);
+    sign_.SetTint(tint, scale);
 }
 
 void NoteButtonBar::ShowPinned(bool pinned) {
     pushpin_.SetPicture(pinned ? ButtonPicture::PushpinPressed : ButtonPicture::Pushpin);
+}
+
+void NoteButtonBar::ShowSaveProblem(HWND note, std::u16string_view reason, const NoteLayout& layout) {
+    const bool isNew = sign_.Handle() == nullptr;
+    if (!sign_.Show(note, kSaveSignId, reason, layout.saveSign)) return;
+    if (isNew && sign_.Handle() != nullptr && tips_.IsCreated()) tips_.Add(sign_.Handle());
 }
 
 Rect NoteButtonBar::MenuButtonPlace() const {
@@ -65,21 +77,23 @@ void NoteButtonBar::MenuHasClosed() {
 
 void NoteButtonBar::PointerIsOver(HWND child) {
     if (tips_.IsCreated()) return;
-    for (const NoteButton* button : {&menu_, &pushpin_, &close_}) {
-        if (child != button->Handle()) continue;
-        if (!tips_.Create(GetParent(child), scale_)) return;
-        for (const NoteButton* tool : {&menu_, &pushpin_, &close_}) tips_.Add(tool->Handle());
-        return;
+    const std::array<HWND, 4> tools = {menu_.Handle(), pushpin_.Handle(), close_.Handle(), sign_.Handle()};
+    if (std::find(tools.begin(), tools.end(), child) == tools.end()) return;
+    if (!tips_.Create(GetParent(child), scale_)) return;
+    for (const HWND tool : tools) {
+        if (tool != nullptr) tips_.Add(tool);
     }
 }
 
 void NoteButtonBar::Notify(NMHDR& notification) {
     if (notification.code != TTN_GETDISPINFOW) return;
+    const auto tool = reinterpret_cast<HWND>(notification.idFrom);
+    auto& question = reinterpret_cast<NMTTDISPINFOW&>(notification);
+    if (tool == sign_.Handle()) return tips_.Answer(question, sign_.Reason());
     const NoteButtonTips texts = describe();
-    const auto button = reinterpret_cast<HWND>(notification.idFrom);
-    tips_.Answer(reinterpret_cast<NMTTDISPINFOW&>(notification), button == menu_.Handle()      ? texts.menu
-                                                                 : button == pushpin_.Handle() ? texts.pushpin
-                                                                                               : texts.close);
+    tips_.Answer(question, tool == menu_.Handle()      ? texts.menu
+                           : tool == pushpin_.Handle() ? texts.pushpin
+                                                       : texts.close);
 }
 
 void MoveChild(HWND child, const Rect& place) {

@@ -5,14 +5,15 @@
 #include "controls/note_button.h"
 #include "notes/note_commands.h"
 #include "notes/note_face.h"
+#include "notes/save_sign.h"
 #include "platform/tool_tips.h"
 
 namespace quillo {
 
 /// The ids of the children of a note's window.
-enum NoteChildId : int { kMessageBoxId = 1, kCloseButtonId, kPushpinId, kMenuButtonId };
+enum NoteChildId : int { kMessageBoxId = 1, kCloseButtonId, kPushpinId, kMenuButtonId, kSaveSignId };
 
-/// The three buttons of a note, with their tool tips.
+/// What is in the strip of a note: its three buttons and, while it could not be saved, a sign; with their tool tips.
 class NoteButtonBar {
   public:
     explicit NoteButtonBar(NoteButtonImages& images);
@@ -29,6 +30,8 @@ class NoteButtonBar {
     void MoveTo(const NoteLayout& layout);
     void SetTint(const ButtonTint& tint, const Scale& scale);
     void ShowPinned(bool pinned);
+    /// The sign that the note is not saved, with its reason; an empty reason takes it away.
+    void ShowSaveProblem(HWND note, std::u16string_view reason, const NoteLayout& layout);
 
     /// On the screen, in device pixels.
     [[nodiscard]] Rect MenuButtonPlace() const;
@@ -47,6 +50,7 @@ class NoteButtonBar {
     NoteButton close_;
     NoteButton pushpin_;
     NoteButton menu_;
+    SaveSign sign_;
     ToolTips tips_;
     Scale scale_;
 };

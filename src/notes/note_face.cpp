@@ -65,6 +65,8 @@ NoteLayout LayOutNote(Size client, const Scale& scale) {
     layout.menuButton = Rect{bar.left, bar.top, menu, bar.height};
     layout.pushpin = Rect{bar.Right() - close - pin, bar.top, pin, bar.height};
     layout.closeButton = Rect{bar.Right() - close, bar.top, close, bar.height};
+    const int between = layout.pushpin.left - layout.menuButton.Right();
+    layout.saveSign = Rect{layout.menuButton.Right(), bar.top, std::min(button, between), bar.height};
 
     const int foot = client.height - scale.Px(kFoot);
     const int top = std::min(bar.Bottom() + scale.Px(kAir), std::max(bar.Bottom(), foot));

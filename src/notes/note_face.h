@@ -18,7 +18,8 @@ struct NoteLayout {
     Rect menuButton;
     Rect pushpin;
     Rect closeButton;
-    Rect dragBar;  ///< the whole strip, buttons included
+    Rect saveSign;  ///< beside the menu button; empty where the buttons leave no room
+    Rect dragBar;   ///< the whole strip, buttons included
     Rect messageBox;
 };
 

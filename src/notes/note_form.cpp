@@ -324,6 +324,10 @@ void NoteForm::Repaint() {
     if (Handle() != nullptr) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
+void NoteForm::ShowSaveProblem(std::u16string_view reason) {
+    if (Handle() != nullptr) buttons_.ShowSaveProblem(Handle(), reason, Layout());
+}
+
 void NoteForm::Close() {
     if (Handle() != nullptr) CancelDialogsOf(Handle());
     Destroy();
@@ -482,11 +486,6 @@ void NoteForm::OnPaint() {
     const NoteLayout layout = Layout();
     canvas.Gradient(layout.dragBar, bar_.top, bar_.bottom);
     if (!buttons_.IsCreated()) buttons_.PaintAtRest(buffer.Dc(), layout);
-}
-
-void NoteForm::ShowSaveProblem(std::u16string_view reason) {
-    saveProblem_ = reason;
-    Repaint();
 }
 
 bool NoteForm::InsertDropped(std::u16string_view text) {

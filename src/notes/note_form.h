@@ -132,7 +132,6 @@ class NoteForm : public Window, public NoteView {
     ColorWord textColor_;
     DropRegistration drops_;
     UiTimer settleTimer_;
-    std::u16string saveProblem_;                       ///< why the note is not saved; "" while it is
     std::unique_ptr<SetReminderForm> reminderDialog_;  ///< without a window once it was closed
     std::unique_ptr<ReminderForm> reminderAlert_;
     bool active_ = false;

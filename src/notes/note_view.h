@@ -69,7 +69,8 @@ class NoteView {
     /// Applies colours, drop target, font (with LargeText) and scroll bar, and repaints.
     virtual void ApplyAppearance(const Note& note, const Settings& settings) = 0;
     virtual void Repaint() = 0;
-    /// Shows that the note is not saved, and why; "" takes the sign away.
+    /// A sign on the note that says that it is not saved, with the reason in its tool tip and for screen readers. An
+    /// empty reason takes it away.
     virtual void ShowSaveProblem(std::u16string_view reason) = 0;
     /// Ends the window. The object itself lives on until its owner lets go of it.
     virtual void Close() = 0;

@@ -7,4 +7,5 @@ target_sources(quillo_shell PRIVATE
   notes/note_form.cpp
   notes/note_text_box.cpp
   notes/res_form.cpp
+  notes/save_sign.cpp
 )

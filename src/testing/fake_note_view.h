@@ -77,10 +77,10 @@ class FakeNoteView : public NoteView {
     std::u16string balloonText_;
     std::u16string balloonTitle_;
     std::u16string alertText_;
+    std::u16string saveProblem_;
     DaySerial dialogReminder_;
     ColorScheme dialogColors_{};
     bool dialogOwnColors_ = false;
-    std::u16string saveProblem_;
     TwipsRect rectangle_{7200, 3600, 2820, 2445};
     Note applied_;
     int opacity_ = 255;

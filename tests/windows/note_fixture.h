@@ -31,7 +31,7 @@
 
 namespace quillo::windows_tests {
 
-enum ChildId : int { kMessageBox = 1, kCloseButton, kPushpin, kMenuButton };
+enum ChildId : int { kMessageBox = 1, kCloseButton, kPushpin, kMenuButton, kSaveSign };
 
 /// Real notes in real windows, over a disk folder of their own and a user who does not exist.
 class NoteWorldForTests : public NoteOwner {

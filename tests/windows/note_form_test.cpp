@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "accessible_reader.h"
 #include "note_fixture.h"
 #include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
+#include "platform/ui_timer.h"
 #include "platform/wide.h"
 
 namespace quillo {
@@ -218,6 +220,50 @@ TEST_F(NoteFormTest, ASizeBeyondTheDesktopIsCutToIt) {
     GetWindowRect(one_.Window(), &place);
     EXPECT_EQ(place.right - place.left, GetSystemMetrics(SM_CXVIRTUALSCREEN));
     EXPECT_EQ(place.bottom - place.top, GetSystemMetrics(SM_CYVIRTUALSCREEN));
+}
+
+TEST_F(NoteFormTest, ASignSaysThatTheNoteIsNotSaved) {
+    Show();
+    const NoteLayout layout = LayOutNote(ClientSize(), scale_);
+    const Point glyph{layout.saveSign.left + scale_.Px(6), layout.saveSign.top + scale_.Px(14)};
+    const COLORREF bar = Pixel(glyph);
+    EXPECT_EQ(one_.Child(ChildId::kSaveSign), nullptr);
+    form_.ShowSaveProblem(u"The disk is full.");
+    const HWND sign = one_.Child(ChildId::kSaveSign);
+    ASSERT_NE(sign, nullptr);
+    EXPECT_NE(IsWindowVisible(sign), FALSE);
+    EXPECT_EQ(PlaceIn(one_.Window(), sign), layout.saveSign);
+    PaintNow(one_.Window());
+    EXPECT_NE(Pixel(glyph), bar);
+    const windows_tests::Reader reader(sign);
+    EXPECT_EQ(reader.Name(), u"The disk is full.");
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_ALERT);
+    form_.ShowSaveProblem(u"The folder is gone.");
+    EXPECT_EQ(reader.Name(), u"The folder is gone.");
+    Resize(Size{80, 56});
+    EXPECT_EQ(PlaceIn(one_.Window(), sign), LayOutNote(Size{80, 56}, scale_).saveSign);
+    form_.ShowSaveProblem(u"");
+    EXPECT_EQ(IsWindowVisible(sign), FALSE);
+    form_.ShowSaveProblem(u"The disk is full.");
+    EXPECT_NE(IsWindowVisible(sign), FALSE) << "and again at the next failure";
+}
+
+TEST_F(NoteFormTest, TheStripMovesTheNoteUnderItsSignToo) {
+    Show();
+    form_.ShowSaveProblem(u"The disk is full.");
+    const HWND sign = one_.Child(ChildId::kSaveSign);
+    bool moving = false;
+    UiTimer watch([&] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        GetGUIThreadInfo(GetCurrentThreadId(), &info);
+        if ((info.flags & GUI_INMOVESIZE) == 0) return;
+        moving = info.hwndMoveSize == one_.Window();
+        PostMessageW(one_.Window(), WM_KEYDOWN, VK_ESCAPE, 1);
+    });
+    watch.Start(20);
+    SendMessageW(sign, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    EXPECT_TRUE(moving);
 }
 
 TEST_F(NoteFormTest, ATextThatTheBoxDoesNotHoldIsReported) {

@@ -289,6 +289,29 @@ TEST_F(NoteMenuTest, TheButtonsHaveToolTipsOnceThePointerComes) {
     EXPECT_EQ(IsWindow(tips), FALSE);
 }
 
+TEST_F(NoteMenuTest, TheSignOfANoteThatIsNotSavedHasItsReasonInItsToolTip) {
+    ASSERT_TRUE(one_.Settle());
+    Show();
+    form_.ShowSaveProblem(u"The disk is full.");
+    const HWND sign = one_.Child(ChildId::kSaveSign);
+    SendMessageW(one_.Window(), WM_SETCURSOR, reinterpret_cast<WPARAM>(sign), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    const HWND tips = TipsOf(one_.Window());
+    ASSERT_NE(tips, nullptr);
+    EXPECT_EQ(TipOf(tips, one_.Window(), sign), u"The disk is full.");
+    EXPECT_NE(TipOf(tips, one_.Window(), one_.Child(ChildId::kPushpin)), u"The disk is full.");
+}
+
+TEST_F(NoteMenuTest, ASignThatComesAfterTheToolTipsHasOneToo) {
+    ASSERT_TRUE(one_.Settle());
+    Show();
+    SendMessageW(one_.Window(), WM_SETCURSOR, reinterpret_cast<WPARAM>(one_.Child(ChildId::kPushpin)),
+                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    const HWND tips = TipsOf(one_.Window());
+    ASSERT_NE(tips, nullptr);
+    form_.ShowSaveProblem(u"The disk is full.");
+    EXPECT_EQ(TipOf(tips, one_.Window(), one_.Child(ChildId::kSaveSign)), u"The disk is full.");
+}
+
 TEST_F(NoteMenuTest, NoToolTipCoversAnOpenMenu) {
     ASSERT_TRUE(one_.Settle());
     Show();

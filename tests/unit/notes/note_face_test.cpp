@@ -51,15 +51,16 @@ TEST(NoteLayout, IsSoundAtEverySize) {
         for (int width = 0; width <= 140; width += 3) {
             for (int height = 0; height <= 90; ++height) {
                 const NoteLayout layout = LayOutNote({width, height}, Scale{dpi});
-                for (const Rect& part :
-                     {layout.dragBar, layout.menuButton, layout.pushpin, layout.closeButton, layout.messageBox}) {
+                for (const Rect& part : {layout.dragBar, layout.menuButton, layout.saveSign, layout.pushpin,
+                                         layout.closeButton, layout.messageBox}) {
                     ASSERT_GE(part.width, 0) << width << 'x' << height;
                     ASSERT_GE(part.height, 0) << width << 'x' << height;
                     if (part.width == 0 || part.height == 0) continue;
                     ASSERT_LE(part.Right(), width);
                     ASSERT_LE(part.Bottom(), height);
                 }
-                ASSERT_LE(layout.menuButton.Right(), layout.pushpin.left);
+                ASSERT_EQ(layout.menuButton.Right(), layout.saveSign.left);
+                ASSERT_LE(layout.saveSign.Right(), layout.pushpin.left);
                 ASSERT_EQ(layout.pushpin.Right(), layout.closeButton.left);
                 ASSERT_GE(layout.messageBox.top, layout.dragBar.Bottom());
             }
