@@ -3,6 +3,7 @@
 #include "app/note_names.h"
 #include "ports/locale_text.h"
 #include "ports/shell.h"
+#include "util/string_builder.h"
 
 namespace quillo {
 
@@ -22,12 +23,9 @@ std::u16string TextOfDroppedText(std::u16string_view text) {
 }
 
 std::u16string TextOfDroppedFiles(const std::vector<std::u16string>& paths, Shell& shell) {
-    std::u16string lines;
-    for (const std::u16string& path : paths) {
-        lines += ResolveShortcut(path, shell);
-        lines += u"\r\n";
-    }
-    return lines;
+    CStringBuilder lines;
+    for (const std::u16string& path : paths) lines.Append(ResolveShortcut(path, shell)).Append(u"\r\n");
+    return lines.ToString();
 }
 
 }  // namespace quillo

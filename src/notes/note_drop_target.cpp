@@ -32,8 +32,12 @@ DWORD NoteDropTarget::OnEnter(IDataObject* data, Point at, DWORD offered) {
 
 DWORD NoteDropTarget::OnOver(Point /*at*/, DWORD offered) {
     if (!welcome_) return DROPEFFECT_NONE;
-    // A copy whatever keys are held: what is dropped stays where it came from. Links offer nothing else than a link.
-    return (offered & DROPEFFECT_COPY) != 0 ? DROPEFFECT_COPY : offered & DROPEFFECT_LINK;
+    // A copy whatever keys are held: what is dropped stays where it came from. Links offer nothing else than a link,
+    // and some sources nothing else than moving.
+    for (const DWORD effect : {DROPEFFECT_COPY, DROPEFFECT_LINK, DROPEFFECT_MOVE}) {
+        if ((offered & effect) != 0) return effect;
+    }
+    return DROPEFFECT_NONE;
 }
 
 DWORD NoteDropTarget::OnDrop(IDataObject* data, Point at, DWORD offered) {
@@ -44,7 +48,9 @@ DWORD NoteDropTarget::OnDrop(IDataObject* data, Point at, DWORD offered) {
     if (effect == DROPEFFECT_NONE) return effect;
     const std::u16string text = TextOf(data, format);
     // Whatever was asked of the source let messages run: the note may be closed or busy by now.
-    return !text.empty() && TakesDrops() && insert_(text) ? effect : DWORD{DROPEFFECT_NONE};
+    const bool inserted = !text.empty() && TakesDrops() && insert_(text);
+    // A source that hears of a move deletes what it has handed over.
+    return inserted && effect != DROPEFFECT_MOVE ? effect : DWORD{DROPEFFECT_NONE};
 }
 
 DropFormat NoteDropTarget::FormatOf(IDataObject* data) const {

@@ -156,9 +156,16 @@ TEST_F(NoteDropTargetTest, RefusesWhatItCannotUse) {
     EXPECT_EQ(Drop(), DWORD{DROPEFFECT_NONE});
     data_.Offer(CF_BITMAP, "x");
     EXPECT_EQ(Drop(), DWORD{DROPEFFECT_NONE});
-    data_.OfferText(u"text");
-    EXPECT_EQ(Drop(DROPEFFECT_MOVE), DWORD{DROPEFFECT_NONE}) << "it never takes away";
     EXPECT_EQ(inserted_, u"");
+}
+
+TEST_F(NoteDropTargetTest, ASourceThatOnlyMovesKeepsItsText) {
+    data_.OfferText(u"text");
+    DWORD effect = DROPEFFECT_MOVE;
+    EXPECT_EQ(target_->DragEnter(&data_, 0, POINTL{}, &effect), S_OK);
+    EXPECT_EQ(effect, DWORD{DROPEFFECT_MOVE}) << "it is accepted";
+    EXPECT_EQ(Drop(DROPEFFECT_MOVE), DWORD{DROPEFFECT_NONE}) << "but nothing is reported as moved";
+    EXPECT_EQ(inserted_, u"text");
 }
 
 TEST_F(NoteDropTargetTest, DamagedDataInsertsNothing) {
