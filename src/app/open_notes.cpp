@@ -44,6 +44,19 @@ void OpenNotes::SaveUnsavedNotes() {
     ForEach([](OpenNote& note) { note.PersistNote(); });
 }
 
+void OpenNotes::ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) {
+    const auto here = std::find_if(notes_.begin(), notes_.end(),
+                                   [&noteKey](const Entry& entry) { return entry.note->NoteKey() == noteKey; });
+    if (here == notes_.end()) return;
+    const std::size_t count = notes_.size();
+    const std::size_t step = direction == NoteDirection::Forward ? 1 : count - 1;
+    auto index = static_cast<std::size_t>(here - notes_.begin());
+    for (std::size_t looked = 1; looked < count; ++looked) {
+        index = (index + step) % count;
+        if (notes_[index].note->IsVisible()) return notes_[index].note->Activate();
+    }
+}
+
 void OpenNotes::UnloadAll() {
     // Closing a window can call back into the collection, which is already empty by then.
     std::vector<Entry> leaving = std::exchange(notes_, {});

@@ -40,6 +40,7 @@ class OpenNotes : public NoteOwner {
     void RemoveNote(const std::u16string& noteKey) override;
     [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return Find(noteKey) != nullptr; }
     void SaveUnsavedNotes() override;
+    void ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) override;
     /// Destroys the notes that were removed; called when none of their handlers can be running.
     void ReleaseRemoved() { removed_.clear(); }
     /// Closes and removes every note without touching its files.

@@ -173,7 +173,7 @@ static_assert(StandsInOrder(), "a row is found by the number of its control");
 
 using S = HelpKeySource;
 using A = NoteAction;
-constexpr std::array<OptionsHelpKey, 12> kHelpKeys = {{
+constexpr std::array<OptionsHelpKey, 13> kHelpKeys = {{
     {S::NewNoteHotkey, u"New note"},
     {S::SurfaceHotkey, u"Surface all notes"},
     {S::Note, u"Set a reminder", A::AskReminder},
@@ -185,6 +185,7 @@ constexpr std::array<OptionsHelpKey, 12> kHelpKeys = {{
     {S::Note, u"Put next to the clock", A::Minimize},
     {S::Note, u"Close the note", A::ClickClose},
     {S::Note, u"Delete the note", A::QuickDelete},
+    {S::Note, u"Go to the next note", A::NextNote},
     {S::Note, u"Open the note's menu", A::OpenMenu},
 }};
 
@@ -204,7 +205,7 @@ const OptionRow& RowOf(OptionControl control) {
     return kTable[static_cast<std::size_t>(control)];
 }
 
-const std::array<OptionsHelpKey, 12>& OptionsHelpKeys() {
+const std::array<OptionsHelpKey, 13>& OptionsHelpKeys() {
     return kHelpKeys;
 }
 

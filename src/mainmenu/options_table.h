@@ -179,6 +179,6 @@ struct OptionsHelpKey {
     NoteAction action = NoteAction::None;  ///< of the source Note
     std::u16string_view keys{};            ///< of the source Edit
 };
-[[nodiscard]] const std::array<OptionsHelpKey, 12>& OptionsHelpKeys();
+[[nodiscard]] const std::array<OptionsHelpKey, 13>& OptionsHelpKeys();
 
 }  // namespace quillo

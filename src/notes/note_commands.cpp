@@ -11,16 +11,16 @@ namespace {
 /// The context-menu key between the right Windows and Ctrl keys.
 constexpr int kContextMenuKey = 0x5D;
 
-/// Shift counts for W alone; with the other letters it does not matter.
+/// Shift counts for W and the tab; with the other letters it does not matter.
 enum class ShiftRule { Any, Up, Down };
 
 struct Shortcut {
-    char letter;  ///< letters are their own virtual keys
+    char key;  ///< letters and the tab are their own virtual keys
     ShiftRule shift;
     NoteAction action;
 };
 
-constexpr std::array<Shortcut, 8> kShortcuts = {{
+constexpr std::array<Shortcut, 10> kShortcuts = {{
     {'A', ShiftRule::Any, NoteAction::SelectAll},
     {'B', ShiftRule::Any, NoteAction::ToggleLargeText},
     {'M', ShiftRule::Any, NoteAction::Minimize},
@@ -29,6 +29,8 @@ constexpr std::array<Shortcut, 8> kShortcuts = {{
     {'T', ShiftRule::Any, NoteAction::AddTimestamp},
     {'W', ShiftRule::Up, NoteAction::ClickClose},
     {'W', ShiftRule::Down, NoteAction::QuickDelete},
+    {'\t', ShiftRule::Up, NoteAction::NextNote},
+    {'\t', ShiftRule::Down, NoteAction::PreviousNote},
 }};
 
 bool Matches(ShiftRule rule, bool shift) {
@@ -41,7 +43,7 @@ NoteAction NoteKeyAction(int virtualKey, NoteKeyState held) {
     if (virtualKey == kContextMenuKey) return NoteAction::OpenMenu;
     if (!held.control || held.rightAlt) return NoteAction::None;
     for (const Shortcut& shortcut : kShortcuts) {
-        if (shortcut.letter == virtualKey && Matches(shortcut.shift, held.shift)) return shortcut.action;
+        if (shortcut.key == virtualKey && Matches(shortcut.shift, held.shift)) return shortcut.action;
     }
     return NoteAction::None;
 }
@@ -51,7 +53,7 @@ std::u16string KeyTextOf(NoteAction action) {
     for (const Shortcut& shortcut : kShortcuts) {
         if (shortcut.action != action) continue;
         const std::u16string held = shortcut.shift == ShiftRule::Down ? u"Ctrl+Shift+" : u"Ctrl+";
-        return held + static_cast<char16_t>(shortcut.letter);
+        return shortcut.key == '\t' ? held + u"Tab" : held + static_cast<char16_t>(shortcut.key);
     }
     return {};
 }
@@ -134,6 +136,10 @@ void Perform(NoteAction action, OpenNote& note) {
             return note.MinimizeByUser();
         case NoteAction::TogglePin:
             return note.TogglePin();
+        case NoteAction::NextNote:
+            return note.GoToNeighbor(NoteDirection::Forward);
+        case NoteAction::PreviousNote:
+            return note.GoToNeighbor(NoteDirection::Backward);
         case NoteAction::Show:
             return note.ShowFromIcon();
     }

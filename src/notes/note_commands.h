@@ -29,7 +29,9 @@ enum class NoteAction {
     QuickDelete,
     Minimize,
     TogglePin,
-    Show  ///< from its icon
+    NextNote,      ///< the keyboard goes to the next visible note
+    PreviousNote,  ///< or to the one before
+    Show           ///< from its icon
 };
 
 /// What is held down with a key.

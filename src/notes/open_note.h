@@ -21,6 +21,9 @@ class RegistryApi;
 class UserNotice;
 struct OsFacts;
 
+/// Through the visible notes, in the order of their making and around at the ends.
+enum class NoteDirection { Forward, Backward };
+
 /// What an open note asks of the collection it stands in.
 class NoteOwner {
   public:
@@ -31,6 +34,8 @@ class NoteOwner {
     [[nodiscard]] virtual bool IsOpen(const std::u16string& noteKey) const = 0;
     /// Saves every open note that has an unsaved change: before a call that may block the program for long.
     virtual void SaveUnsavedNotes() = 0;
+    /// Gives the keyboard to the neighbor of a note; nothing without another visible note.
+    virtual void ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) = 0;
 };
 
 /// The program-wide things that every note works with.
@@ -78,6 +83,7 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void SetPosition(const NotePosition& position);
     /// Gives the note the keyboard.
     void Activate() override { view_->Activate(); }
+    void GoToNeighbor(NoteDirection direction) { world_.owner.ActivateNeighbor(note_.NoteKey, direction); }
 
     // The note file.
     /// The full path written, "" when nothing could be written.

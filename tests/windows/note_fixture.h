@@ -41,6 +41,9 @@ class NoteWorldForTests : public NoteOwner {
     void RemoveNote(const std::u16string& noteKey) override { removed = noteKey; }
     [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return removed != noteKey; }
     void SaveUnsavedNotes() override {}  // a note here is written when a test says so
+    void ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) override {
+        neighborAsked = (direction == NoteDirection::Forward ? u"after " : u"before ") + noteKey;
+    }
 
     [[nodiscard]] NoteWorld World() {
         return NoteWorld{settings, os,     folder.Path(), store,   timers, failures, locale,
@@ -77,6 +80,7 @@ class NoteWorldForTests : public NoteOwner {
     NoteColorForm colorDialog{loop};
     ResForm resForm{[] {}};
     std::u16string removed;
+    std::u16string neighborAsked;  ///< "after one": which note was to have the keyboard last
 };
 
 /// One note with its window.

@@ -76,6 +76,27 @@ TEST_F(OpenNotesTest, SurfacingPopsUpEveryNoteInOrderAndTheLastEndsInFront) {
     EXPECT_FALSE(notes_.Find(u"A")->Data().Changed);
 }
 
+TEST_F(OpenNotesTest, TheKeyboardGoesThroughTheVisibleNotesInOrder) {
+    for (const char16_t key : {u'A', u'B', u'C', u'D'}) Add(std::u16string(1, key)).Popup();
+    notes_.Find(u"B")->HideNote();
+    const auto next = [&](std::u16string key, NoteDirection direction) {
+        for (std::size_t i = 0; i < 4; ++i) (void)test_.views.View(i).TakeCalls();
+        notes_.ActivateNeighbor(key, direction);
+        std::string found;
+        for (std::size_t i = 0; i < 4; ++i) {
+            if (!test_.views.View(i).TakeCalls().empty()) found += static_cast<char>('A' + i);
+        }
+        return found;
+    };
+    EXPECT_EQ(next(u"A", NoteDirection::Forward), "C") << "past the hidden one";
+    EXPECT_EQ(next(u"D", NoteDirection::Forward), "A") << "around at the end";
+    EXPECT_EQ(next(u"C", NoteDirection::Backward), "A");
+    EXPECT_EQ(next(u"A", NoteDirection::Backward), "D");
+    EXPECT_EQ(next(u"none", NoteDirection::Forward), "");
+    for (const char16_t* key : {u"C", u"D"}) notes_.Find(key)->HideNote();
+    EXPECT_EQ(next(u"A", NoteDirection::Forward), "") << "there is no other";
+}
+
 TEST_F(OpenNotesTest, ATaskBarMadeAnewGetsTheIconsOfMinimisedNotesBack) {
     Add(u"A").Popup();
     Add(u"B").Popup();

@@ -21,6 +21,8 @@ TEST(NoteCommands, EveryShortcutHasItsAction) {
     EXPECT_EQ(NoteKeyAction('T', kControl), NoteAction::AddTimestamp);
     EXPECT_EQ(NoteKeyAction('W', kControl), NoteAction::ClickClose);
     EXPECT_EQ(NoteKeyAction('W', kControlShift), NoteAction::QuickDelete);
+    EXPECT_EQ(NoteKeyAction('\t', kControl), NoteAction::NextNote);
+    EXPECT_EQ(NoteKeyAction('\t', kControlShift), NoteAction::PreviousNote);
 }
 
 TEST(NoteCommands, ShiftMattersForWAlone) {

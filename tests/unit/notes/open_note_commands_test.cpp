@@ -2,6 +2,7 @@
 
 #include "app/registry_keys.h"
 #include "notes/hide_hint.h"
+#include "notes/note_commands.h"
 #include "open_note_fixture.h"
 #include "registry/tessel_registry.h"
 
@@ -40,6 +41,13 @@ TEST_F(OpenNoteCommands, AFullNoteTakesNoTimeStamp) {
     note_.AddTimestamp();
     EXPECT_EQ(view_.Text().size(), kMostNoteCharacters);
     EXPECT_FALSE(note_.Data().Changed);
+}
+
+TEST_F(OpenNoteCommands, TheKeysFromNoteToNoteAskTheCollection) {
+    Perform(NoteAction::NextNote, note_);
+    EXPECT_EQ(owner_.neighborAsked, std::u16string(u"after ") + kKey);
+    Perform(NoteAction::PreviousNote, note_);
+    EXPECT_EQ(owner_.neighborAsked, std::u16string(u"before ") + kKey);
 }
 
 TEST(NoteLimit, HoldsForTheSumOfOldAndNew) {

@@ -36,6 +36,11 @@ class FakeNoteOwner : public NoteOwner {
     void SaveUnsavedNotes() override { ++savesAsked; }
 
     int savesAsked = 0;  ///< how often all notes were to be saved before something that blocks
+    void ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) override {
+        neighborAsked = (direction == NoteDirection::Forward ? u"after " : u"before ") + noteKey;
+    }
+
+    std::u16string neighborAsked;
 
   private:
     std::set<std::u16string> open_{kKey};
