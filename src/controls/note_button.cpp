@@ -50,6 +50,8 @@ void NoteButton::SetEnabled(bool enabled) {
 
 void NoteButton::HoldDown(bool down) {
     heldDown_ = down;
+    // The menu has taken the release of the press that opened it; the press would never end.
+    if (!down) Answer(state_.CaptureLost());
     Invalidate();
 }
 

@@ -124,6 +124,23 @@ TEST_F(NoteMenuTest, TheButtonDropsTheMenuBelowItself) {
     EXPECT_EQ(PixelOf(button, Point{3, 3}), atRest);
 }
 
+TEST_F(NoteMenuTest, TheMenuButtonDoesNotStayLitAfterItsMenuWasClosed) {
+    ASSERT_TRUE(one_.Settle());
+    Show();
+    const HWND button = one_.Child(ChildId::kMenuButton);
+    const COLORREF atRest = PixelOf(button, Point{3, 3});
+    const auto menu = WhenAMenuIsOpen([](HWND) { EndMenu(); });
+    PressMenuButton();
+    EXPECT_TRUE(menu.IsDone());
+    SendMessageW(button, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+    PaintNow(button);
+    EXPECT_NE(PixelOf(button, Point{3, 3}), atRest) << "the pointer passes over it";
+    SendMessageW(button, WM_MOUSELEAVE, 0, 0);
+    PaintNow(button);
+    EXPECT_EQ(PixelOf(button, Point{3, 3}), atRest);
+    EXPECT_NE(GetCapture(), button);
+}
+
 TEST_F(NoteMenuTest, TheKeyboardOpensTheMenuAndChooses) {
     ASSERT_TRUE(one_.Settle());
     Show();
