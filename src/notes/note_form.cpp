@@ -251,7 +251,7 @@ void NoteForm::ShowPinned(bool pinned) {
     buttons_.ShowPinned(pinned);
 }
 
-void NoteForm::SetOpacity(int alpha) {
+void NoteForm::SetOpacity(std::optional<int> alpha) {
     SetTranslucency(Handle(), alpha);
 }
 

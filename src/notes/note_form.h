@@ -64,7 +64,7 @@ class NoteForm : public Window, public NoteView {
     void BringToFront(bool pinned) override;
     void Activate() override;
     void ShowPinned(bool pinned) override;
-    void SetOpacity(int alpha) override;
+    void SetOpacity(std::optional<int> alpha) override;
     void ShowIcon(std::u16string_view caption) override;
     void HideIcon() override;
     void RecreateIcon() override;

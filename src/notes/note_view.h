@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -40,8 +41,8 @@ class NoteView {
     /// Gives the note the keyboard, the caret in its text box.
     virtual void Activate() = 0;
     virtual void ShowPinned(bool pinned) = 0;
-    /// Layered with a constant alpha of 1 to 254; 255 is opaque.
-    virtual void SetOpacity(int alpha) = 0;
+    /// Layered with a constant alpha of 1 to 255; not layered for none.
+    virtual void SetOpacity(std::optional<int> alpha) = 0;
 
     /// The note's own icon in the notification area.
     /// Shows it as soon as the shell takes it.

@@ -41,7 +41,6 @@ const std::u16string kCopyElsewhere =
 
 /// A caption of more characters is cut to this many and an ellipsis.
 constexpr std::size_t kLongestCaption = 60;
-constexpr int kOpaque = 255;
 
 std::u16string WithBlanksForLineBreaks(std::u16string_view text) {
     std::u16string line;
@@ -232,7 +231,8 @@ void OpenNote::UpdateColors() {
 }
 
 void OpenNote::SetNoteEffects() {
-    view_->SetOpacity(world_.settings.noteTransparency ? world_.settings.noteOpacity : kOpaque);
+    // Intended also at 255, which looks the same: such a note is layered all the same.
+    view_->SetOpacity(world_.settings.noteTransparency ? std::optional(world_.settings.noteOpacity) : std::nullopt);
 }
 
 // Coming back to the screen.

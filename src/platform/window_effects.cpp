@@ -13,10 +13,9 @@ bool IsInFront(HWND window) {
     return true;
 }
 
-void SetTranslucency(HWND window, int alpha) {
-    constexpr int kOpaque = 255;
+void SetTranslucency(HWND window, std::optional<int> alpha) {
     const LONG_PTR style = GetWindowLongPtrW(window, GWL_EXSTYLE);
-    if (alpha >= kOpaque) {
+    if (!alpha) {
         if ((style & WS_EX_LAYERED) != 0) {
             SetWindowLongPtrW(window, GWL_EXSTYLE, style & ~static_cast<LONG_PTR>(WS_EX_LAYERED));
             RedrawWindow(window, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
@@ -24,7 +23,7 @@ void SetTranslucency(HWND window, int alpha) {
         return;
     }
     if ((style & WS_EX_LAYERED) == 0) SetWindowLongPtrW(window, GWL_EXSTYLE, style | WS_EX_LAYERED);
-    SetLayeredWindowAttributes(window, 0, static_cast<BYTE>(alpha), LWA_ALPHA);
+    SetLayeredWindowAttributes(window, 0, static_cast<BYTE>(*alpha), LWA_ALPHA);
 }
 
 void AddDropShadow(HWND window) {

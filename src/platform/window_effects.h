@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "platform/win32.h"
 
 namespace quillo {
@@ -9,8 +11,8 @@ namespace quillo {
 void SetTopmost(HWND window, bool topmost);
 /// True when no visible window stands above this one but those that are topmost.
 [[nodiscard]] bool IsInFront(HWND window);
-/// Gives a window a constant alpha (1 to 255); 255 takes the layered style away again.
-void SetTranslucency(HWND window, int alpha);
+/// Makes a window layered with a constant alpha (1 to 255), or not layered for none.
+void SetTranslucency(HWND window, std::optional<int> alpha);
 /// Gives the window's class a drop shadow where the user has shadows switched on. Shows at the next showing.
 void AddDropShadow(HWND window);
 /// Sets a text box's left and right inner margins, in pixels.

@@ -61,8 +61,8 @@ void FakeNoteView::ShowPinned(bool pinned) {
     pinShown_ = pinned;
 }
 
-void FakeNoteView::SetOpacity(int alpha) {
-    Record("SetOpacity " + std::to_string(alpha));
+void FakeNoteView::SetOpacity(std::optional<int> alpha) {
+    Record("SetOpacity " + (alpha ? std::to_string(*alpha) : "none"));
     opacity_ = alpha;
 }
 

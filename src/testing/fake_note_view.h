@@ -25,7 +25,7 @@ class FakeNoteView : public NoteView {
     void BringToFront(bool pinned) override;
     void Activate() override;
     void ShowPinned(bool pinned) override;
-    void SetOpacity(int alpha) override;
+    void SetOpacity(std::optional<int> alpha) override;
     [[nodiscard]] bool IsIconShowing() const { return iconShowing_; }
     void ShowIcon(std::u16string_view caption) override;
     void HideIcon() override;
@@ -46,7 +46,7 @@ class FakeNoteView : public NoteView {
     [[nodiscard]] bool IsClosed() const { return closed_; }
     [[nodiscard]] bool IsOnTop() const { return onTop_; }
     [[nodiscard]] bool IsPinShown() const { return pinShown_; }
-    [[nodiscard]] int Opacity() const { return opacity_; }
+    [[nodiscard]] std::optional<int> Opacity() const { return opacity_; }
     [[nodiscard]] const std::u16string& IconCaption() const { return caption_; }
     [[nodiscard]] const std::u16string& BalloonText() const { return balloonText_; }
     [[nodiscard]] const std::u16string& BalloonTitle() const { return balloonTitle_; }
@@ -83,7 +83,7 @@ class FakeNoteView : public NoteView {
     bool dialogOwnColors_ = false;
     TwipsRect rectangle_{7200, 3600, 2820, 2445};
     Note applied_;
-    int opacity_ = 255;
+    std::optional<int> opacity_;
     bool visible_ = false;
     bool iconShowing_ = false;
     bool onTop_ = false;

@@ -313,7 +313,7 @@ TEST_F(NoteFormTest, MovesOntoTheScreenWithoutChangingItsSize) {
 TEST_F(NoteFormTest, TranslucencyComesAndGoes) {
     const auto layered = [&] { return (GetWindowLongPtrW(one_.Window(), GWL_EXSTYLE) & WS_EX_LAYERED) != 0; };
     EXPECT_FALSE(layered());
-    for (const int alpha : {192, 1, 254}) {
+    for (const int alpha : {192, 1, 255}) {
         form_.SetOpacity(alpha);
         ASSERT_TRUE(layered());
         BYTE stored = 0;
@@ -322,7 +322,7 @@ TEST_F(NoteFormTest, TranslucencyComesAndGoes) {
         EXPECT_EQ(stored, alpha);
         EXPECT_EQ(flags, DWORD{LWA_ALPHA});
     }
-    form_.SetOpacity(255);
+    form_.SetOpacity(std::nullopt);
     EXPECT_FALSE(layered());
 }
 

@@ -132,7 +132,7 @@ TEST_F(OptionsControllerTest, TranslucencyReachesOpenNotesAtOnce) {
     controller.SetChecked(C::TranslucentCheck, true);
     EXPECT_EQ(note.Opacity(), 192);
     controller.SetChecked(C::TranslucentCheck, false);
-    EXPECT_EQ(note.Opacity(), 255);
+    EXPECT_EQ(note.Opacity(), std::nullopt);
 }
 
 TEST_F(OptionsControllerTest, TheSliderForcesTranslucencyOn) {

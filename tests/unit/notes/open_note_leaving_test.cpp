@@ -38,7 +38,7 @@ class OpenNoteLeaving : public OpenNoteTest {};
 TEST_F(OpenNoteLeaving, HidingAppliesTheEffectsFirst) {
     ShowStored(u"text");
     note_.HideNote();
-    EXPECT_EQ(view_.TakeCalls(), (Calls{"SetOpacity 255", "Hide"}));
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"SetOpacity none", "Hide"}));
     EXPECT_FALSE(IsDestroyed());
 }
 
@@ -149,7 +149,7 @@ TEST_F(OpenNoteLeaving, ClosingMinimisesWhenThatIsOn) {
     ShowStored(u"Milk");
     note_.CloseNote();
     EXPECT_FALSE(IsDestroyed());
-    EXPECT_EQ(view_.TakeCalls(), (Calls{"ShowIcon", "SetOpacity 255", "Hide"}));
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"ShowIcon", "SetOpacity none", "Hide"}));
     EXPECT_EQ(notice_.sounds, std::vector<SystemSound>{SystemSound::RestoreDown});
     EXPECT_TRUE(note_.Data().Changed) << "so that it comes back minimised";
     EXPECT_TRUE(SavedFiles().empty());

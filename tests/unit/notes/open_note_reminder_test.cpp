@@ -46,7 +46,7 @@ TEST_F(OpenNoteReminderTest, AReminderWaitsForItsTime) {
 TEST_F(OpenNoteReminderTest, ADueReminderOpensTheAlertThenHidesTheNote) {
     SetSilently(0);
     note_.TimerBroadcast();
-    EXPECT_EQ(view_.TakeCalls(), (Calls{"Repaint", "OpenReminderAlert", "SetOpacity 255", "Hide"}));
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"Repaint", "OpenReminderAlert", "SetOpacity none", "Hide"}));
     EXPECT_EQ(view_.AlertText(), u"water the ferns");
     EXPECT_FALSE(note_.Data().ReminderSet);
     EXPECT_FALSE(note_.IsVisible());

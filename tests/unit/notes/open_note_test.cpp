@@ -42,7 +42,7 @@ TEST_F(OpenNoteTest, TheRectangleIsSetBeforeTheNoteIsShown) {
         Tags(u"<position>900000,3000,2400,1800</position><appearance>False,False,0,0,0,0</appearance>"), u""));
     EXPECT_EQ(view_.Rectangle(), (TwipsRect{26'400, 3000, 2400, 1800})) << "moved onto the screen";
     EXPECT_EQ(view_.TakeCalls(),
-              (Calls{"MoveTo", "MoveOntoScreen", "Show", "BringToFront", "SetOpacity 255", "ApplyAppearance"}));
+              (Calls{"MoveTo", "MoveOntoScreen", "Show", "BringToFront", "SetOpacity none", "ApplyAppearance"}));
 }
 
 TEST_F(OpenNoteTest, AShortPositionLeavesNoSize) {
@@ -347,12 +347,12 @@ TEST_F(OpenNoteTest, PopupTakesItsStepsInOrder) {
     note_.MinimizeToTray();
     Forget();
     note_.Popup();
-    EXPECT_EQ(view_.TakeCalls(), (Calls{"MoveOntoScreen", "Show", "HideIcon", "BringToFront", "SetOpacity 255"}));
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"MoveOntoScreen", "Show", "HideIcon", "BringToFront", "SetOpacity none"}));
     note_.Popup();
-    EXPECT_EQ(view_.TakeCalls(), (Calls{"MoveOntoScreen", "BringToFront", "SetOpacity 255"}));
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"MoveOntoScreen", "BringToFront", "SetOpacity none"}));
     settings_.doNotAdjustNotes = true;
     note_.Popup();
-    EXPECT_EQ(view_.TakeCalls(), (Calls{"BringToFront", "SetOpacity 255"}));
+    EXPECT_EQ(view_.TakeCalls(), (Calls{"BringToFront", "SetOpacity none"}));
 }
 
 TEST_F(OpenNoteTest, TranslucencyIsTakenFromTheSettingsAtEachShowAndHide) {
@@ -363,9 +363,12 @@ TEST_F(OpenNoteTest, TranslucencyIsTakenFromTheSettingsAtEachShowAndHide) {
     settings_.noteOpacity = 1;
     note_.HideNote();
     EXPECT_EQ(view_.Opacity(), 1);
+    settings_.noteOpacity = 255;
+    note_.SetNoteEffects();
+    EXPECT_EQ(view_.Opacity(), 255) << "translucent notes are layered however little shows through";
     settings_.noteTransparency = false;
     note_.SetNoteEffects();
-    EXPECT_EQ(view_.Opacity(), 255);
+    EXPECT_EQ(view_.Opacity(), std::nullopt);
 }
 
 }  // namespace
