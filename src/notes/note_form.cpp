@@ -92,7 +92,8 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_GETMINMAXINFO:
             return OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam)), 0;
         case WM_SIZE:
-            return LayOut(), 0;
+            if (wParam != SIZE_MINIMIZED) LayOut();
+            return 0;
         case WM_WINDOWPOSCHANGED:
             Default(message, wParam, lParam);
             return OnPlaceChanged(*reinterpret_cast<const WINDOWPOS*>(lParam)), 0;
@@ -178,9 +179,7 @@ bool NoteForm::InsertInFront(std::u16string_view text) {
 }
 
 TwipsRect NoteForm::Rectangle() const {
-    RECT window{};
-    GetWindowRect(Handle(), &window);
-    const Rect place = FromWin32(window);
+    const Rect place = WindowPlace();
     const Scale screen = SystemScale();
     return TwipsRect{screen.ToTwips(Pixels{place.left}).value, screen.ToTwips(Pixels{place.top}).value,
                      scale_.ToTwips(Pixels{place.width}).value, scale_.ToTwips(Pixels{place.height}).value};
@@ -196,10 +195,25 @@ void NoteForm::MoveTo(const TwipsRect& rectangle) {
     Place(Rect{left, top, size.width, size.height}, 0);
 }
 
-void NoteForm::MoveOntoScreen() {
+Rect NoteForm::WindowPlace() const {
     RECT window{};
     GetWindowRect(Handle(), &window);
-    const Rect place = FromWin32(window);
+    if (IsIconic(Handle()) == 0) return FromWin32(window);
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    // In pixels of the screen for a window outside the task bar, as notes are.
+    return GetWindowPlacement(Handle(), &placement) != 0 ? FromWin32(placement.rcNormalPosition) : FromWin32(window);
+}
+
+void NoteForm::RestoreIfMinimized() {
+    if (IsIconic(Handle()) == 0) return;
+    const FlagScope byProgram(placing_);
+    ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+}
+
+void NoteForm::MoveOntoScreen() {
+    RestoreIfMinimized();
+    const Rect place = WindowPlace();
     const Point fitted = PlaceOnScreen(place, WorkAreas());
     if (fitted == Point{place.left, place.top}) return;
     Place(Rect{fitted.x, fitted.y, 0, 0}, SWP_NOSIZE);
@@ -229,6 +243,7 @@ void NoteForm::Hide() {
 void NoteForm::BringToFront(bool pinned) {
     // A button that the pointer rests on would take the next press from what covers it now.
     NoteButton::EndHover();
+    RestoreIfMinimized();
     // Only by way of the topmost windows can one that is not active come to the front of another program's; a window
     // that was shown first is there already.
     if (!pinned && IsInFront(Handle())) return;
@@ -242,6 +257,7 @@ bool NoteForm::TakesInput() const {
 
 void NoteForm::Activate() {
     if (!TakesInput()) return;  // a dialog has the keyboard until it is closed
+    RestoreIfMinimized();
     SetForegroundWindow(Handle());
     SetFocus(messageBox_.Handle());
 }
@@ -435,7 +451,7 @@ void NoteForm::OnMinMaxInfo(MINMAXINFO& info) const {
 
 void NoteForm::OnPlaceChanged(const WINDOWPOS& place) {
     const bool moved = (place.flags & (SWP_NOMOVE | SWP_NOSIZE)) != (SWP_NOMOVE | SWP_NOSIZE);
-    if (moved && !placing_ && IsVisible()) note_.MarkChanged();
+    if (moved && !placing_ && IsVisible() && IsIconic(Handle()) == 0) note_.MarkChanged();
 }
 
 void NoteForm::OnDpiChanged(int dpi, const RECT& suggested) {

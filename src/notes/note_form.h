@@ -112,6 +112,10 @@ class NoteForm : public Window, public NoteView {
     void LayOut();
     void LayOutNow();
     void Place(const Rect& place, UINT flags);
+    /// Where the window is on the screen, or was before the system minimized it.
+    [[nodiscard]] Rect WindowPlace() const;
+    /// Undoes what "Show desktop" and the like do; a note minimizes itself in another way.
+    void RestoreIfMinimized();
     [[nodiscard]] bool InsertDropped(std::u16string_view text);
     void ApplyFont();
     void ApplyBarColors();

@@ -311,6 +311,25 @@ TEST_F(NoteFormTest, MovesOntoTheScreenWithoutChangingItsSize) {
 }
 
 TEST_F(NoteFormTest, TranslucencyComesAndGoes) {
+TEST_F(NoteFormTest, ANoteThatTheSystemMinimizesKeepsItsPlaceAndComesBack) {
+    form_.Show();
+    const TwipsRect before = form_.Rectangle();
+    ShowWindow(one_.Window(), SW_MINIMIZE);
+    ASSERT_NE(IsIconic(one_.Window()), FALSE);
+    EXPECT_EQ(form_.Rectangle(), before);
+    EXPECT_TRUE(form_.IsVisible()) << "it is stored as shown";
+    EXPECT_FALSE(note_.Data().Changed);
+    note_.PopupByUser();
+    EXPECT_EQ(IsIconic(one_.Window()), FALSE);
+    EXPECT_NE(IsWindowVisible(one_.Window()), FALSE);
+    EXPECT_EQ(form_.Rectangle(), before);
+    EXPECT_EQ(PlaceIn(one_.Window(), Box()), LayOutNote(ClientSize(), scale_).messageBox);
+    world_.settings.doNotAdjustNotes = true;
+    ShowWindow(one_.Window(), SW_MINIMIZE);
+    note_.Popup();
+    EXPECT_EQ(IsIconic(one_.Window()), FALSE) << "also where notes are not adjusted";
+}
+
     const auto layered = [&] { return (GetWindowLongPtrW(one_.Window(), GWL_EXSTYLE) & WS_EX_LAYERED) != 0; };
     EXPECT_FALSE(layered());
     for (const int alpha : {192, 1, 255}) {
