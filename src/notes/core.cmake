@@ -10,6 +10,7 @@ target_sources(quillo_core PRIVATE
   notes/note_print.cpp
   notes/note_saver.cpp
   notes/note_store.cpp
+  notes/note_title.cpp
   notes/open_note.cpp
   notes/open_note_sharing.cpp
   notes/print_lines.cpp
@@ -17,4 +18,5 @@ target_sources(quillo_core PRIVATE
   notes/save_texts.cpp
   notes/screen_fit.cpp
   notes/unicode_element.cpp
+  notes/word_start.cpp
 )

@@ -13,7 +13,7 @@ namespace {
 // The design's figures, in pixels at 96 dpi.
 constexpr int kBorder = 1;
 constexpr int kBar = 20;
-constexpr int kAir = 1;
+constexpr int kAir = 3;
 constexpr int kFoot = 12;
 constexpr int kLabelLeft = 4;
 constexpr int kLabelPoints = 7;

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "notes/note_color_form.h"
+#include "notes/note_title.h"
 #include "notes/res_form.h"
 #include "notes/screen_fit.h"
 #include "platform/dpi.h"
@@ -139,14 +140,6 @@ void NoteForm::OnDestroy() {
     messageBox_.Forget();
 }
 
-void NoteForm::ChangeScrollBar(bool shown) {
-    if (shown == messageBox_.HasScrollBar()) return;
-    drops_.Release();
-    if (!messageBox_.ChangeScrollBar(shown)) return;
-    font_ = nullptr;  // the new one has none yet
-    ApplyFont();
-}
-
 void NoteForm::SetUpParts() {
     messageBox_.onAction = [this](NoteAction action) { Perform(action); };
     trayIcon_.onClick = [this] {
@@ -171,7 +164,9 @@ std::u16string NoteForm::Text() const {
 }
 
 bool NoteForm::SetText(std::u16string_view text) {
-    return messageBox_.SetText(text);
+    const bool whole = messageBox_.SetText(text);
+    if (Handle() != nullptr) UpdateTitle();  // the control reports no change that is made this way
+    return whole;
 }
 
 bool NoteForm::InsertInFront(std::u16string_view text) {
@@ -315,7 +310,7 @@ void NoteForm::ApplyAppearance(const Note& note, const Settings& settings) {
     textColor_ = note.TextColor;
     background_.Reset(CreateSolidBrush(ToColorRef(noteColor_)));
     ApplyBarColors();
-    ChangeScrollBar(settings.showScrollBars);
+    messageBox_.ShowScrollBar(settings.showScrollBars);
     ApplyFont();
     if (!settleTimer_.IsRunning()) UpdateDropTarget();
     Repaint();
@@ -380,7 +375,16 @@ void NoteForm::FocusTextBox() {
 }
 
 void NoteForm::OnCommand(int id, int notification) {
-    if (id == kMessageBoxId && notification == EN_CHANGE && !messageBox_.IsChangingByProgram()) note_.MarkChanged();
+    if (id != kMessageBoxId || notification != EN_CHANGE) return;
+    UpdateTitle();
+    if (!messageBox_.IsChangingByProgram()) note_.MarkChanged();
+}
+
+void NoteForm::UpdateTitle() {
+    std::u16string title = NoteTitle(messageBox_.Beginning(kTitleSource));
+    if (title == title_) return;
+    title_ = std::move(title);
+    SetWindowTextW(Handle(), Wide(title_));
 }
 
 void NoteForm::Perform(NoteAction action) {

@@ -106,7 +106,7 @@ class NoteForm : public Window, public NoteView {
     /// What the notes of a start must not wait for: the buttons' windows (until then the note draws them at rest) and
     /// the drop target.
     void Settle();
-    void ChangeScrollBar(bool shown);
+    void UpdateTitle();
     [[nodiscard]] NoteLayout Layout() const;
     /// Puts the parts in their places; while the note is hidden only notes down that it is to be done.
     void LayOut();
@@ -138,6 +138,7 @@ class NoteForm : public Window, public NoteView {
     UiTimer settleTimer_;
     std::unique_ptr<SetReminderForm> reminderDialog_;  ///< without a window once it was closed
     std::unique_ptr<ReminderForm> reminderAlert_;
+    std::u16string title_;  ///< of the window, once there was a text
     bool active_ = false;
     bool layoutDue_ = true;  ///< the parts stand where an earlier size had them
     bool placing_ = false;   ///< the window moves by the program's hand

@@ -1,6 +1,7 @@
 #include "notes/note_text_box.h"
 
 #include "notes/note.h"
+#include "notes/word_start.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
 #include "platform/window.h"
@@ -12,7 +13,7 @@ namespace quillo {
 namespace {
 
 /// The inner margins, at 96 dpi.
-constexpr int kTextMargin = 3;
+constexpr int kTextMargin = 6;
 
 struct Selection {
     DWORD start = 0;
@@ -32,8 +33,8 @@ void Select(HWND box, Selection selection) {
 }  // namespace
 
 bool NoteTextBox::Create(HWND parent, int id, const Rect& place, bool scrollBar) {
-    const DWORD bar = scrollBar ? WS_VSCROLL : 0;
-    const DWORD style = WS_CHILD | WS_VISIBLE | bar | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
+    // A bar that the control was not made with does not follow the text when it is shown later.
+    const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
     const auto childId = static_cast<UINT_PTR>(id);
     const HWND box = CreateWindowExW(0, L"EDIT", L"", style, place.left, place.top, place.width, place.height, parent,
                                      reinterpret_cast<HMENU>(childId), ThisModule(), nullptr);
@@ -44,26 +45,37 @@ bool NoteTextBox::Create(HWND parent, int id, const Rect& place, bool scrollBar)
     procedure_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(box_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&NoteTextBox::Procedure)));
     SendMessageW(box_, EM_SETLIMITTEXT, kMostNoteCharacters, 0);
+    KeepScrollBarHidden(box_);
     return true;
 }
 
-bool NoteTextBox::ChangeScrollBar(bool shown) {
-    if (shown == scrollBar_ || box_ == nullptr) return false;
-    // A text box shows a hidden bar again as soon as its text or its size changes; one made without a bar never does.
-    const HWND old = box_;
-    const HWND parent = GetParent(old);
-    RECT place{};
-    GetWindowRect(old, &place);
-    MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);
-    if (!Create(parent, GetDlgCtrlID(old),
-                Rect{place.left, place.top, place.right - place.left, place.bottom - place.top}, shown)) {
-        return false;
-    }
-    Ignore(SetText(WindowText(old)), "the old box has held this text too");
-    Select(box_, SelectionOf(old));
-    if (GetFocus() == old) SetFocus(box_);
-    DestroyWindow(old);
-    return true;
+void NoteTextBox::ShowScrollBar(bool shown) {
+    if (shown == scrollBar_ || box_ == nullptr) return;
+    scrollBar_ = shown;
+    // The text wraps at another width: the line at the top is found again by its first character.
+    const LRESULT top = SendMessageW(box_, EM_GETFIRSTVISIBLELINE, 0, 0);
+    const LRESULT character = SendMessageW(box_, EM_LINEINDEX, static_cast<WPARAM>(top), 0);
+    ::ShowScrollBar(box_, SB_VERT, shown ? TRUE : FALSE);
+    const LRESULT line = SendMessageW(box_, EM_LINEFROMCHAR, static_cast<WPARAM>(character), 0);
+    SendMessageW(box_, EM_LINESCROLL, 0, line - SendMessageW(box_, EM_GETFIRSTVISIBLELINE, 0, 0));
+}
+
+/// The control shows its bar again as soon as its text or its size asks for one.
+void NoteTextBox::KeepScrollBarHidden(HWND box) {
+    if (scrollBar_ || hidingBar_ || (GetWindowLongPtrW(box, GWL_STYLE) & WS_VSCROLL) == 0) return;
+    const FlagScope hiding(hidingBar_);
+    ::ShowScrollBar(box, SB_VERT, FALSE);
+}
+
+/// Readers take the name of a text box from the static text before it. One without a size shows nothing.
+void NoteTextBox::NameForScreenReaders() {
+    if (label_ != nullptr) return;
+    label_ = CreateWindowExW(0, L"STATIC", L"Note text", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, GetParent(box_), nullptr,
+                             ThisModule(), nullptr);
+    if (label_ == nullptr) return;
+    const HWND previous = GetWindow(box_, GW_HWNDPREV);
+    SetWindowPos(label_, previous != nullptr ? previous : HWND_TOP, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 std::u16string NoteTextBox::Text() const {
@@ -102,6 +114,20 @@ bool NoteTextBox::InsertAtCaret(std::u16string_view text) {
     return InsertAt(SelectionOf(box_).start, text);
 }
 
+std::u16string NoteTextBox::Beginning(std::size_t most) const {
+    std::u16string text(most + 1, u'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(box_, WideBuffer(text), static_cast<int>(text.size()))));
+    return text;
+}
+
+void NoteTextBox::DeleteWordBefore() {
+    Selection word = SelectionOf(box_);
+    if (word.start == word.end) word.start = static_cast<DWORD>(WordStartBefore(Text(), word.end));
+    if (word.start == word.end) return;
+    Select(box_, word);
+    SendMessageW(box_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
+}
+
 void NoteTextBox::SelectAll() {
     SendMessageW(box_, EM_SETSEL, 0, -1);
 }
@@ -121,13 +147,22 @@ LRESULT CALLBACK NoteTextBox::Procedure(HWND box, UINT message, WPARAM wParam, L
     } catch (...) {
         return 0;  // the system could not unwind it; the shortcut is given up
     }
-    return CallWindowProcW(self.procedure_, box, message, wParam, lParam);
+    const LRESULT result = CallWindowProcW(self.procedure_, box, message, wParam, lParam);
+    if (message != WM_NCDESTROY) self.KeepScrollBarHidden(box);
+    return result;
 }
 
 bool NoteTextBox::Swallow(UINT message, WPARAM wParam, LPARAM lParam) {
     constexpr LPARAM kWasDown = 1 << 30;
     constexpr LPARAM kByKeyboard = -1;
     switch (message) {
+        case WM_NCCALCSIZE:
+            // Without its bar the whole window is text: while the control shows the bar and it is hidden again, the
+            // text must not wrap anew.
+            return !scrollBar_;
+        case WM_GETOBJECT:
+            if (static_cast<LONG>(lParam) == OBJID_CLIENT) NameForScreenReaders();
+            return false;
         case WM_KEYDOWN:
             return OnKey(static_cast<int>(wParam), (lParam & kWasDown) != 0);
         case WM_CHAR:
@@ -159,6 +194,11 @@ bool NoteTextBox::OnMenuKeys(bool repeated) {
 bool NoteTextBox::OnKey(int virtualKey, bool repeated) {
     const auto isDown = [](int key) { return GetKeyState(key) < 0; };
     const NoteKeyState held{isDown(VK_CONTROL), isDown(VK_SHIFT), isDown(VK_RMENU)};
+    if (virtualKey == VK_BACK && held.control && !held.shift && !held.rightAlt) {
+        DeleteWordBefore();
+        keySwallowed_ = true;  // its character is a box in the text
+        return true;
+    }
     const NoteAction action = NoteKeyAction(virtualKey, held);
     const bool swallowed = action != NoteAction::None;
     keySwallowed_ = swallowed;

@@ -23,16 +23,16 @@ class NoteTextBox {
 
     /// False on failure. `place` is where the box is to stay: it wraps its text anew for every new size.
     bool Create(HWND parent, int id, const Rect& place, bool scrollBar);
-    /// Makes the control anew, with or without a scroll bar; text, selection and keyboard stay. The new one has no font
-    /// yet. False when nothing changed: the bar was as wanted, or there was no room for another window.
-    bool ChangeScrollBar(bool shown);
-    [[nodiscard]] bool HasScrollBar() const { return scrollBar_; }
+    /// The same control keeps its text, what can be undone, the caret and the line at its top.
+    void ShowScrollBar(bool shown);
     /// The window has gone, or is going: what is asked from now on must not reach one that the system gave the same
     /// number.
-    void Forget() { box_ = nullptr; }
+    void Forget() { box_ = label_ = nullptr; }
     [[nodiscard]] HWND Handle() const { return box_; }
 
     [[nodiscard]] std::u16string Text() const;
+    /// At most that many characters from the beginning.
+    [[nodiscard]] std::u16string Beginning(std::size_t most) const;
     /// Replaces the whole text, the caret before it. False when the box does not hold exactly this text afterwards.
     [[nodiscard]] bool SetText(std::u16string_view text);
     // Both of these do nothing and answer false when the text would be longer than a note can be.
@@ -53,12 +53,17 @@ class NoteTextBox {
     bool Swallow(UINT message, WPARAM wParam, LPARAM lParam);
     bool OnKey(int virtualKey, bool repeated);
     bool OnMenuKeys(bool repeated);
+    void DeleteWordBefore();
+    void KeepScrollBarHidden(HWND box);
+    void NameForScreenReaders();
     [[nodiscard]] std::size_t TextLength() const;
     [[nodiscard]] bool InsertAt(DWORD position, std::u16string_view text);
 
     HWND box_ = nullptr;
     WNDPROC procedure_ = nullptr;  ///< the system's own
-    bool scrollBar_ = false;       ///< the control was made with one
+    HWND label_ = nullptr;         ///< names the box for screen readers; from their first question on
+    bool scrollBar_ = false;
+    bool hidingBar_ = false;
     bool byProgram_ = false;
     bool menuKeysHeld_ = false;  ///< F10 went down with Shift last
     bool keySwallowed_ = false;  ///< the character of the last key is not for the text

@@ -6,6 +6,7 @@
 #include "note_fixture.h"
 #include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
+#include "platform/text_tools.h"
 #include "platform/ui_timer.h"
 #include "platform/wide.h"
 
@@ -310,7 +311,6 @@ TEST_F(NoteFormTest, MovesOntoTheScreenWithoutChangingItsSize) {
     EXPECT_GT(after.top, 0);
 }
 
-TEST_F(NoteFormTest, TranslucencyComesAndGoes) {
 TEST_F(NoteFormTest, ANoteThatTheSystemMinimizesKeepsItsPlaceAndComesBack) {
     form_.Show();
     const TwipsRect before = form_.Rectangle();
@@ -330,6 +330,7 @@ TEST_F(NoteFormTest, ANoteThatTheSystemMinimizesKeepsItsPlaceAndComesBack) {
     EXPECT_EQ(IsIconic(one_.Window()), FALSE) << "also where notes are not adjusted";
 }
 
+TEST_F(NoteFormTest, TranslucencyComesAndGoes) {
     const auto layered = [&] { return (GetWindowLongPtrW(one_.Window(), GWL_EXSTYLE) & WS_EX_LAYERED) != 0; };
     EXPECT_FALSE(layered());
     for (const int alpha : {192, 1, 255}) {
@@ -380,6 +381,55 @@ TEST_F(NoteFormTest, TheScrollBarFollowsItsOption) {
     EXPECT_EQ(form_.Text().size(), lines.size() + 1);
 }
 
+TEST_F(NoteFormTest, TheScrollBarComesAndGoesWithoutLosingUndoCaretOrPlace) {
+    form_.Show();
+    std::u16string lines;
+    for (int i = 0; i < 200; ++i) lines += u"line\r\n";
+    ASSERT_TRUE(form_.SetText(lines));
+    const HWND before = Box();
+    SendMessageW(Box(), EM_SETSEL, 600, 600);
+    SendMessageW(Box(), WM_CHAR, u'x', 0);
+    SendMessageW(Box(), EM_SETSEL, 603, 605);
+    SendMessageW(Box(), EM_LINESCROLL, 0, 90 - SendMessageW(Box(), EM_GETFIRSTVISIBLELINE, 0, 0));
+    for (const bool shown : {true, false}) {
+        world_.settings.showScrollBars = shown;
+        note_.UpdateColors();
+        EXPECT_EQ((GetWindowLongPtrW(Box(), GWL_STYLE) & WS_VSCROLL) != 0, shown);
+        EXPECT_EQ(Box(), before) << "the same control";
+        EXPECT_EQ(SendMessageW(Box(), EM_GETFIRSTVISIBLELINE, 0, 0), 90);
+        EXPECT_EQ(SendMessageW(Box(), EM_GETSEL, 0, 0), MAKELRESULT(603, 605));
+        EXPECT_NE(SendMessageW(Box(), EM_CANUNDO, 0, 0), 0);
+    }
+    RECT client{};
+    GetClientRect(Box(), &client);
+    EXPECT_EQ(client.right, PlaceIn(one_.Window(), Box()).width) << "the whole width is text again";
+    SendMessageW(Box(), EM_UNDO, 0, 0);
+    EXPECT_EQ(form_.Text(), lines);
+}
+
+TEST_F(NoteFormTest, TheTitleIsTheFirstWords) {
+    const auto title = [&] { return WindowText(one_.Window()); };
+    EXPECT_EQ(title(), u"Quillo");
+    ASSERT_TRUE(form_.SetText(u"Buy milk\r\nand bread"));
+    EXPECT_EQ(title(), u"Buy milk");
+    SendMessageW(Box(), EM_SETSEL, 8, 8);
+    SendMessageW(Box(), WM_CHAR, u'!', 0);
+    EXPECT_EQ(title(), u"Buy milk!");
+    ASSERT_TRUE(form_.InsertInFront(u"Today: "));
+    EXPECT_EQ(title(), u"Today: Buy milk!");
+    ASSERT_TRUE(form_.SetText(u""));
+    EXPECT_EQ(title(), u"Quillo");
+}
+
+TEST_F(NoteFormTest, AScreenReaderIsToldTheNameOfTheText) {
+    ASSERT_TRUE(form_.SetText(u"Buy milk"));
+    form_.Show();
+    const windows_tests::Reader reader(Box());
+    EXPECT_EQ(reader.Name(), u"Note text");
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_TEXT);
+    EXPECT_EQ(reader.Value(), u"Buy milk");
+}
+
 TEST_F(NoteFormTest, TheFontFollowsTheSettingsAndLargeTextIsBold) {
     const auto font = [&] {
         LOGFONTW description{};
@@ -408,8 +458,8 @@ TEST_F(NoteFormTest, TheTextBoxHasItsMarginsAndOneTabStop) {
     for (const bool large : {false, true}) {
         note_.SetLargeText(large);
         const auto margins = static_cast<DWORD>(SendMessageW(Box(), EM_GETMARGINS, 0, 0));
-        EXPECT_EQ(LOWORD(margins), scale_.Px(3));
-        EXPECT_EQ(HIWORD(margins), scale_.Px(3));
+        EXPECT_EQ(LOWORD(margins), scale_.Px(6));
+        EXPECT_EQ(HIWORD(margins), scale_.Px(6));
     }
     note_.SetLargeText(false);
     ASSERT_TRUE(form_.SetText(u"\ta\t\tb"));

@@ -130,12 +130,23 @@ TEST_F(NoteReminderTest, ControlMMinimisesToAnIcon) {
     EXPECT_TRUE(one_->note.Data().Changed);
 }
 
-TEST_F(NoteReminderTest, AnotherTextBoxHasTheKeysToo) {
-    world_.settings.showScrollBars = !world_.settings.showScrollBars;
-    one_->note.UpdateColors();
+TEST_F(NoteReminderTest, ControlBackspaceDeletesAWord) {
+    ASSERT_TRUE(one_->note.SetText(u"water the ferns"));
+    const HWND box = one_->Child(ChildId::kMessageBox);
+    SendMessageW(box, EM_SETSEL, 9, 9);
     const KeysDown control({VK_CONTROL});
-    ControlKey('R');
-    EXPECT_EQ(Dialogs(), 1);
+    ControlKey(VK_BACK);
+    SendMessageW(box, WM_CHAR, 0x7F, 1);
+    EXPECT_EQ(one_->form.Text(), u"water  ferns");
+    EXPECT_TRUE(one_->note.Data().Changed);
+    EXPECT_EQ(SendMessageW(box, EM_GETSEL, 0, 0), MAKELRESULT(6, 6));
+    ControlKey(VK_BACK);
+    EXPECT_EQ(one_->form.Text(), u" ferns") << "again while it is held";
+    SendMessageW(box, EM_SETSEL, 1, 4);
+    ControlKey(VK_BACK);
+    EXPECT_EQ(one_->form.Text(), u" ns") << "a selection goes whole";
+    EXPECT_NE(SendMessageW(box, EM_UNDO, 0, 0), 0);
+    EXPECT_EQ(one_->form.Text(), u" ferns");
 }
 
 TEST_F(NoteReminderTest, ADueReminderShowsTheAlertAndEscBringsTheNoteBack) {

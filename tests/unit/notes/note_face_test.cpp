@@ -26,7 +26,7 @@ TEST(NoteLayout, NewNoteAtDesignResolution) {
     EXPECT_EQ(layout.menuButton, (Rect{1, 1, 20, 20}));
     EXPECT_EQ(layout.pushpin, (Rect{147, 1, 20, 20}));
     EXPECT_EQ(layout.closeButton, (Rect{167, 1, 20, 20}));
-    EXPECT_EQ(layout.messageBox, (Rect{1, 22, 186, 129}));
+    EXPECT_EQ(layout.messageBox, (Rect{1, 24, 186, 127}));
     EXPECT_EQ(kNewNote.height - layout.messageBox.Bottom(), 12) << "free for the reminder label and the grip";
 }
 
@@ -36,7 +36,7 @@ TEST(NoteLayout, DoublesAtTwiceTheResolution) {
     EXPECT_EQ(layout.menuButton, (Rect{2, 2, 40, 40}));
     EXPECT_EQ(layout.pushpin, (Rect{294, 2, 40, 40}));
     EXPECT_EQ(layout.closeButton, (Rect{334, 2, 40, 40}));
-    EXPECT_EQ(layout.messageBox, (Rect{2, 44, 372, 258}));
+    EXPECT_EQ(layout.messageBox, (Rect{2, 48, 372, 254}));
 }
 
 TEST(NoteLayout, ANarrowNoteKeepsItsCloseButton) {
