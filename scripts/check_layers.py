@@ -20,7 +20,7 @@ CORE_LEVELS = [
     {"mainmenu"},
 ]
 # The part of app that reminders and notes build on; everything else there is its top.
-APP_BASE = {"app_identity", "command_line", "note_names", "notes_folder", "os_facts", "registry_keys", "settings",
+APP_BASE = {"app_identity", "command_line", "note_names", "notes_folder", "os_facts", "program_shortcut", "registry_keys", "settings",
             "settings_table", "shared_texts", "sound_choice"}
 WINDOW_ROOMS = ["platform", "controls", "reminders", "notes", "mainmenu", "app"]
 # The composition root: knows every concrete class.

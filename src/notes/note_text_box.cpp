@@ -65,6 +65,11 @@ void NoteTextBox::KeepScrollBarHidden(HWND box) {
     if (scrollBar_ || hidingBar_ || (GetWindowLongPtrW(box, GWL_STYLE) & WS_VSCROLL) == 0) return;
     const FlagScope hiding(hidingBar_);
     ::ShowScrollBar(box, SB_VERT, FALSE);
+    // The bar may have been drawn already, over what is text all the time.
+    RECT drawn{};
+    GetClientRect(box, &drawn);
+    drawn.left = drawn.right - GetSystemMetrics(SM_CXVSCROLL);
+    InvalidateRect(box, &drawn, TRUE);
 }
 
 /// Readers take the name of a text box from the static text before it. One without a size shows nothing.

@@ -45,14 +45,14 @@ int DrawnPixels(HBITMAP strip, int frame, int row, int column) {
     return drawn;
 }
 
-TEST(NoteButtonImagesTest, AStripHasFourRowsOfThreeFramesAtEveryResolution) {
+TEST(NoteButtonImagesTest, AStripHasFiveRowsOfThreeFramesAtEveryResolution) {
     NoteButtonImages images;
     for (const int dpi : {96, 120, 144, 168, 192, 240}) {
         const Scale scale(dpi);
         const HBITMAP strip = images.Strip(kTint, scale);
         ASSERT_NE(strip, nullptr) << dpi;
         const int frame = scale.Px(20);
-        EXPECT_EQ(SizeOf(strip), (Size{3 * frame, 4 * frame})) << dpi;
+        EXPECT_EQ(SizeOf(strip), (Size{3 * frame, 5 * frame})) << dpi;
         for (int row = 0; row < 4; ++row) {
             for (int column = 0; column < 3; ++column) {
                 EXPECT_GT(DrawnPixels(strip, frame, row, column), frame) << dpi << ": " << row << ", " << column;

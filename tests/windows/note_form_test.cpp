@@ -254,11 +254,12 @@ TEST_F(NoteFormTest, TheStripMovesTheNoteUnderItsSignToo) {
     form_.ShowSaveProblem(u"The disk is full.");
     const HWND sign = one_.Child(ChildId::kSaveSign);
     bool moving = false;
+    int looks = 0;
     UiTimer watch([&] {
         GUITHREADINFO info{};
         info.cbSize = sizeof info;
         GetGUIThreadInfo(GetCurrentThreadId(), &info);
-        if ((info.flags & GUI_INMOVESIZE) == 0) return;
+        if ((info.flags & GUI_INMOVESIZE) == 0 && ++looks < 500) return;
         moving = info.hwndMoveSize == one_.Window();
         PostMessageW(one_.Window(), WM_KEYDOWN, VK_ESCAPE, 1);
     });
