@@ -121,7 +121,7 @@ void NoteOpening::CreateNewNote() {
 /// overwrite each other's text, and closing one would delete the file under the other.
 OpenNote* NoteOpening::FindOpen(std::u16string_view path, const FileVersion& source) {
     const auto comparable = [this](std::u16string_view name) {
-        return name.empty() ? std::u16string() : world_.locale.ToLower(shell_.FullLongPath(name));
+        return name.empty() ? std::u16string() : world_.locale.ToLower(world_.store.FullLongPath(name));
     };
     const std::u16string wanted = comparable(path);
     OpenNote* found = nullptr;

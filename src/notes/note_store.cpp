@@ -187,4 +187,8 @@ void NoteStore::DeleteTemporaryFile(std::u16string_view path) {
     Ignore(files_.Delete(path), "the system empties its temporary folder in time");
 }
 
+std::u16string NoteStore::FullLongPath(std::u16string_view path) const {
+    return shell_.FullLongPath(path);
+}
+
 }  // namespace quillo

@@ -53,6 +53,8 @@ class NoteStore {
     /// the text. With `leaving`, the step is recorded before anything is written, for DeleteStorageCopy to end.
     [[nodiscard]] SavedNote SaveNote(const NoteFile& content, const SaveTarget& target,
                                      const LeavingNote& leaving = {});
+    /// Two paths of one file differ in letter case at most when both are given in this form.
+    [[nodiscard]] std::u16string FullLongPath(std::u16string_view path) const;
     /// Writes a note that its storage copy cannot hold to the first folder that takes it: the "Note folder", the
     /// desktop, the temporary folder.
     [[nodiscard]] SavedNote Rescue(const NoteFile& content);

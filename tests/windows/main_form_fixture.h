@@ -28,6 +28,7 @@ class MainFormTest : public testing::Test {
         form_.onAbout = [this] { heard_ += "about "; };
         form_.onQuit = [this] { heard_ += "quit "; };
         form_.onBackup = [this] { ++backups_; };
+        form_.onSessionEnd = [this] { heard_ += "ended "; };
         form_.onSessionEnding = [this] { heard_ += "ending "; };
         form_.onGoingAway = [this] { heard_ += "away "; };
         form_.onPresence = [this](bool present) { heard_ += present ? "back " : "gone "; };

@@ -37,7 +37,7 @@ TEST_F(SessionTest, ItsEndIsHeardInItsTwoSteps) {
     Send(WM_ENDSESSION, FALSE);
     EXPECT_EQ(Heard(), "held ending released ") << "another program has refused";
     Send(WM_ENDSESSION, TRUE);
-    EXPECT_EQ(Heard(), "held quit released ");
+    EXPECT_EQ(Heard(), "held ended released ");
     EXPECT_EQ(heldBy_, form_.Handle());
     EXPECT_EQ(reason_, u"Quillo is saving your notes.");
 }
