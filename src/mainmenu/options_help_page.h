@@ -28,7 +28,7 @@ class OptionsHelpPage : public ContentPanel {
         HWND keys = nullptr;
         HWND meaning = nullptr;
     };
-    std::array<KeyLine, 12> lines_{};
+    std::array<KeyLine, 13> lines_{};
 };
 
 }  // namespace quillo
