@@ -143,6 +143,15 @@ TEST_F(Console, APathOfFiveThousandCharactersKeepsEverythingAndItsType) {
     }
 }
 
+TEST_F(Console, APathThatHeldNothingElseIsGoneAgain) {
+    const UserPath restored;
+    UserPath::Write({});
+    Qln(L"--internal-path add user C:\\Quillo", 0);
+    EXPECT_TRUE((UserPath::Read() == UserPath::Value{L"C:\\Quillo", REG_EXPAND_SZ}));
+    Qln(L"--internal-path remove user C:\\Quillo", 0);
+    EXPECT_TRUE(UserPath::Read() == UserPath::Value{});
+}
+
 /// Fifty notes are changed twenty times while another process lists them over and over.
 TEST_F(Console, AThousandSavesSucceedWhileTheNotesAreListed) {
     constexpr int kNotes = 50;

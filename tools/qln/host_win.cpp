@@ -212,7 +212,9 @@ bool WinHost::EditPath(bool add, bool machine, const std::string& folder) {
     PathValue edited = *value;
     edited.text = add ? WithPathEntry(value->text, entry) : WithoutPathEntry(value->text, entry);
     if (edited.text == value->text) return true;
-    if (!WritePath(key.Get(), edited)) return false;
+    // A value that held nothing else was made by an installer of ours.
+    const bool stays = add || !edited.text.empty();
+    if (stays ? !WritePath(key.Get(), edited) : RegDeleteValueW(key.Get(), L"Path") != ERROR_SUCCESS) return false;
     constexpr UINT kPatience = 5000;
     SendMessageTimeoutW(HWND_BROADCAST, WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"Environment"), SMTO_ABORTIFHUNG,
                         kPatience, nullptr);
