@@ -59,8 +59,8 @@ class Host {
     [[nodiscard]] virtual std::string NewGuid() = 0;
     /// Finds the notes; nothing, with a message in `error`, where there are none to be found.
     [[nodiscard]] virtual std::optional<Surroundings> Find(const FolderChoice& choice, std::string& error) = 0;
-    /// Adds a folder, the program's own where it is "", to the user's or the machine's PATH, or takes it out of it; false
-    /// where that cannot be done.
+    /// Adds a folder, the program's own where it is "", to the user's or the machine's PATH, or takes it out of it;
+    /// false where that cannot be done.
     [[nodiscard]] virtual bool EditPath(bool add, bool machine, const std::string& folder) = 0;
 };
 
