@@ -90,7 +90,7 @@ std::string DateForName(DaySerial now) {
 std::string MakeDatedFolder(Console& console, const std::string& parent, const std::string& name) {
     constexpr int kMostInOneSecond = 100;
     for (int number = 1; number <= kMostInOneSecond; ++number) {
-        const std::string path = JoinPaths(parent, number == 1 ? name : name + "-" + std::to_string(number));
+        std::string path = JoinPaths(parent, number == 1 ? name : name + "-" + std::to_string(number));
         if (MakeFolder(path)) return path;
         if (!IsFolder(path)) break;
     }
