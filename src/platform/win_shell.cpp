@@ -96,7 +96,7 @@ std::u16string WinShell::FullPath(std::u16string_view path) {
 }
 
 std::u16string WinShell::FullLongPath(std::u16string_view path) {
-    const std::u16string full = FullPath(path);
+    std::u16string full = FullPath(path);
     // The longest part of the path that exists is resolved; what is missing below it has no other name.
     for (std::size_t end = full.size(); end != std::u16string::npos && end > 0; end = full.rfind(u'\\', end - 1)) {
         const std::u16string existing = full.substr(0, end);
