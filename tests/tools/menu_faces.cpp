@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "mainmenu/menu_planes.h"
+#include "util/coverage_planes.h"
 
 namespace {
 
@@ -58,7 +59,8 @@ std::vector<std::uint8_t> Compose(const MenuPlanes& planes) {
 
 int main(int count, char** arguments) {
     if (count != 3) return 2;
-    const MenuPlanes planes = ReadMenuPlanes(ReadAll(arguments[1]));
+    const MenuPlanes planes =
+        ToMenuPlanes(ReadPlanes(ReadAll(arguments[1]), static_cast<std::size_t>(MenuPlane::Count)));
     const File file(std::fopen(arguments[2], "wb"));
     if (planes.size.width == 0 || !file) return 1;
     const std::vector<std::uint8_t> picture = Compose(planes);
