@@ -64,7 +64,11 @@ TEST_F(NoteNamesTest, MadeFromTheText) {
         {u"Console", u"D:\\Closed\\Console.qln"},
         {u"com10", u"D:\\Closed\\com10.qln"},
         {u"comma", u"D:\\Closed\\comma.qln"},
-        // Nor do control characters.
+        // Nor do halves of characters,
+        {u"\xD83Dleft", u"D:\\Closed\\left.qln"},
+        {u"right\xDE00", u"D:\\Closed\\right.qln"},
+        {u"\U0001F600 whole", u"D:\\Closed\\\U0001F600.qln"},
+        // or control characters.
         {u"a\u0001b\u000Bc", u"D:\\Closed\\abc.qln"},
         {u"", u"C:\\Desktop\\Note 1.qln"},
         {u" \r\n\t ?? ", u"C:\\Desktop\\Note 1.qln"},

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "test_program.h"
+#include "util/content_hash.h"
 #include "util/unicode.h"
 
 namespace quillo {
@@ -96,15 +97,31 @@ TEST_F(FaultTest, DeletingNeitherLosesNorDoublesANote) {
 }
 
 TEST_F(FaultTest, OpeningASourceNeitherLosesNorDoublesANote) {
+    const std::u16string source = u"D:\\Source.qln";
     CutPowerEverywhere(
-        [this] {
+        [&] {
             Note().DestroyNote();
-            test_->files.Put(u"D:\\Source.txt", EncodeUtf8(kText));
+            test_->files.Put(source, EncodeUtf8(kText));
         },
-        [this] { test_->opening.OpenNoteFile(u"D:\\Source.txt"); },
-        [this](const Outcome& o) {
-            return o.open + (test_->files.FileExists(u"D:\\Source.txt") ? 1 : 0) >= 1 && o.open <= 1;
-        });
+        [&] { test_->opening.OpenNoteFile(source); }, [](const Outcome& o) { return o.open + o.outside == 1; });
+}
+
+TEST_F(FaultTest, AMoveWhoseNewHomeWasOnlyPreparedIsFinished) {
+    const std::u16string source = u"D:\\Source.qln";
+    const std::u16string copy = TestProgram::Stored(u"new.qln");
+    Note().DestroyNote();
+    test_->files.Put(source, EncodeUtf8(kText));
+    NoteFile note;
+    note.text = kText;
+    const std::string bytes = *test_->store.FormatStorageCopy(note);
+    ASSERT_NE(test_->store.Journal().Begin(
+                  {PendingStep::Kind::Move, {}, {source, ContentHash(EncodeUtf8(kText))}, {copy, ContentHash(bytes)}}),
+              u"");
+    test_->files.Put(copy + u".new", bytes);
+    const Outcome outcome = Restart();
+    EXPECT_EQ(outcome.open, 1U);
+    EXPECT_EQ(outcome.outside, 0U);
+    EXPECT_EQ(leftovers_, 0U);
 }
 
 TEST_F(FaultTest, SavingNeverLosesTheLastStoredText) {

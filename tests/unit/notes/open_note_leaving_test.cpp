@@ -388,6 +388,38 @@ TEST_F(OpenNoteLeaving, AFileThatTheSystemDeletedForGoodIsWrittenAgain) {
     EXPECT_NE(notice_.balloons[0].text.find(kDocuments + u"\\Milk.qln"), std::u16string::npos);
 }
 
+/// The system deletes the file for good, and the disk takes nothing any more.
+class LosingShell : public FakeShell {
+  public:
+    explicit LosingShell(FakeFileStore& files) : FakeShell(files), files_(files) {}
+    RecycleResult Recycle(std::u16string_view path) override {
+        files_.Remove(path);
+        files_.FailWrites(true);
+        return RecycleResult::Gone;
+    }
+
+  private:
+    FakeFileStore& files_;
+};
+
+TEST_F(OpenNoteLeaving, ANoteThatTheBinLostAndNoDiskTakesIsKeptUnlessTheUserGivesItUp) {
+    LosingShell shell(files_);
+    NoteStore store{files_, locale_, shell, names_, kFolder};
+    FakeNoteView view;
+    OpenNote note{{settings_, os_, kFolder, store, timers_, failures_, locale_, clock_, notice_, owner_, printer_,
+                   mail_, registry_},
+                  kKey};
+    note.AttachView(view);
+    ASSERT_TRUE(note.SetText(u"Milk"));
+    note.MarkChanged();
+    ASSERT_TRUE(note.PersistNote());
+    notice_.answer = false;
+    note.DeleteNote();
+    EXPECT_TRUE(owner_.IsOpen(kKey));
+    EXPECT_TRUE(StorageExists());
+    EXPECT_EQ(notice_.questions.size(), 1U);
+}
+
 TEST_F(OpenNoteLeaving, AFileThatTheRecycleBinDoesNotTakeStays) {
     shell_.recycling = RecycleResult::Stays;
     ShowStored(u"Milk");
