@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <limits>
-#include <stdexcept>
+#include <new>
 
 #include "util/class_error.h"
 
@@ -10,14 +10,14 @@ namespace quillo {
 
 void CStringBuilder::SetBufferBump(std::int32_t bytes) {
     if (bytes <= 0) return;
-    if (bytes == std::numeric_limits<std::int32_t>::max()) throw std::length_error("CStringBuilder");
+    if (bytes == std::numeric_limits<std::int32_t>::max()) throw std::bad_array_new_length();
     bump_ = bytes + bytes % 2;
 }
 
 void CStringBuilder::SetCapacity(std::int32_t bytes) {
     if (bytes <= 0) return;
     const std::int64_t rounded = (std::int64_t{bytes} + bump_ - 1) / bump_ * bump_;
-    if (rounded > std::numeric_limits<std::int32_t>::max()) throw std::length_error("CStringBuilder");
+    if (rounded > std::numeric_limits<std::int32_t>::max()) throw std::bad_array_new_length();
     capacity_ = static_cast<std::int32_t>(rounded);
     length_ = std::min(length_, capacity_);
     if (buffer_.size() > Units(capacity_)) buffer_.resize(Units(capacity_));
@@ -25,7 +25,7 @@ void CStringBuilder::SetCapacity(std::int32_t bytes) {
 
 void CStringBuilder::GrowTo(std::int64_t bytes) {
     if (bytes <= capacity_) return;
-    if (bytes > std::numeric_limits<std::int32_t>::max()) throw std::length_error("CStringBuilder");
+    if (bytes > std::numeric_limits<std::int32_t>::max()) throw std::bad_array_new_length();
     SetCapacity(static_cast<std::int32_t>(bytes));
 }
 
@@ -44,7 +44,7 @@ void CStringBuilder::SetChars(std::int32_t index, std::u16string_view character)
     if (!IsCharsIndex(index)) {
         throw ClassError("CStringBuilder.Chars", "Tried assigning character past end of buffer.");
     }
-    if (character.empty()) throw std::invalid_argument("CStringBuilder.Chars");
+    if (character.empty()) throw EmptyTextError();
     Overwrite(static_cast<std::size_t>(index), character.substr(0, 1));
 }
 

@@ -1,14 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <string>
 #include <string_view>
 
 namespace quillo {
 
+/// Raised when a text that has to hold a character is empty.
+class EmptyTextError : public std::exception {
+  public:
+    [[nodiscard]] const char* what() const noexcept override { return "The text is empty."; }
+};
+
 /// A growable buffer of text. Capacity, BufferBump and EnsureCapacity count bytes (two per code unit); Length and all
 /// indexes and counts are in characters. Misuse raises ClassError and changes nothing; more than 2^31 - 1 bytes raise
-/// std::length_error.
+/// std::bad_array_new_length.
 class CStringBuilder {
   public:
     [[nodiscard]] std::int32_t BufferBump() const { return bump_; }
@@ -22,7 +29,7 @@ class CStringBuilder {
     /// One character. Indexes from Length to 2 * Length - 1 are allowed (intended: the check counts bytes); what lies
     /// outside the buffer reads as the code unit 0.
     [[nodiscard]] std::u16string Chars(std::int32_t index) const;
-    /// Stores the first code unit of a text, std::invalid_argument when it has none. Checked as when reading; outside
+    /// Stores the first code unit of a text, EmptyTextError when it has none. Checked as when reading; outside
     /// the buffer nothing is written.
     void SetChars(std::int32_t index, std::u16string_view character);
 
