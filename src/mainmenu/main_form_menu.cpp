@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <chrono>
 #include <utility>
 
 #include "app/open_notes.h"
@@ -22,6 +21,15 @@ constexpr BYTE kOpaque = 255;
 /// The parts that a screen reader knows are the items in their order, from 1.
 MenuItem ItemOfPart(int part) {
     return MenuOrder().at(static_cast<std::size_t>(part) - 1);
+}
+
+/// The time on a clock that is much finer than a frame.
+long long FineMilliseconds() {
+    LARGE_INTEGER count{};
+    LARGE_INTEGER perSecond{};
+    QueryPerformanceCounter(&count);
+    QueryPerformanceFrequency(&perSecond);
+    return count.QuadPart * 1000 / perSecond.QuadPart;
 }
 
 }  // namespace
@@ -237,13 +245,12 @@ void MainForm::Place() {
 }
 
 void MainForm::Animate(bool show) {
-    using Ticks = std::chrono::steady_clock;
     const FineClockScope fine;
     for (const SlideFrame& frame : SlideFrames(show, place_.height)) {
-        const Ticks::time_point begun = Ticks::now();
+        const long long begun = FineMilliseconds();
         ShowFrame(frame);
-        const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Ticks::now() - begun);
-        const int pause = FramePause(static_cast<int>(std::min<long long>(elapsed.count(), kFrameMilliseconds)));
+        const long long elapsed = FineMilliseconds() - begun;
+        const int pause = FramePause(static_cast<int>(std::min<long long>(elapsed, kFrameMilliseconds)));
         if (pause > 0) Sleep(static_cast<DWORD>(pause));
     }
 }

@@ -79,7 +79,7 @@ TEST_F(WinShellTest, FullPathsStartFromTheCurrentFolder) {
 
 TEST_F(WinShellTest, FullLongPathsAreAlikeForEveryNameOfAFile) {
     const std::u16string path = folder_.Of(u"A long name of a note.qln");
-    ASSERT_TRUE(files_.Write(path, "x"));
+    ASSERT_NO_FATAL_FAILURE(PutFile(path, "x"));
     wchar_t shortName[MAX_PATH + 1] = {};
     ASSERT_NE(GetShortPathNameW(Wide(path), shortName, MAX_PATH), 0U);
     const std::u16string resolved = shell_.FullLongPath(path);
