@@ -13,6 +13,13 @@ until exec 9>"$QUILLO_DESKTOPS/$number.lock" && flock -n 9; do
     ((number += 1))
 done
 use_test_desktop "$QUILLO_DESKTOPS/$number" 9>&-
-status=0
-wine "$@" 9>&- || status=$?
+# Now and then Wine starts nothing: a program that fails without a word has not run, and is started once more.
+output=$QUILLO_DESKTOPS/$number.output
+for attempt in 1 2; do
+    status=0
+    wine "$@" >"$output" 2>&1 9>&- || status=$?
+    if ((status == 0)) || [[ -s $output ]]; then break; fi
+    if ((attempt == 1)); then printf 'run_windows.sh: %s did not start and is started once more\n' "${1##*/}"; fi
+done
+cat "$output"
 exit "$status"
