@@ -29,7 +29,7 @@ diff -r "$work/one" "$work/two" >/dev/null || die "two packages of the same file
 grep -q 'InstallerUrl: https://downloads.example/quillo/Quillo-' "$work"/one/winget/*.installer.yaml ||
     die "without an address of its own the manifest has no placeholder"
 size=$(stat -c %s "$work"/one/*-setup.exe)
-((size < 1000000)) || die "the installer has $size bytes: 1 MB is its limit"
+((size < 1048576)) || die "the installer has $size bytes: 1 MB is its limit"
 
 # ---- Signed
 openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj '/CN=Nobody' -addext extendedKeyUsage=codeSigning \

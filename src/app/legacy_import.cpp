@@ -134,25 +134,30 @@ OpenNote* LegacyNotes::ImportNote(NoteWorld world, const TesselRegistry& store, 
            "a state that is not known leaves the note unseen, and that is reported");
     note.SetFileName(store.Value(Numbered(kFileName, number)));
     note.MarkChanged();
-    unsaved_.insert(note.NoteKey());
+    unsaved_[note.NoteKey()] = note.Text();
     return added;
 }
 
 void LegacyNotes::TakeBackImport() {
     // Kept open, they would be saved to files while the store still has them: the next start would open each twice.
-    for (const std::u16string& key : std::exchange(unsaved_, {})) {
+    for (const auto& [key, text] : std::exchange(unsaved_, {})) {
         if (OpenNote* note = notes_.Find(key)) note->DestroyNote();
     }
     numbers_.clear();
 }
 
 void LegacyNotes::ClearWhatIsSaved() {
-    std::erase_if(unsaved_, [this](const std::u16string& key) {
-        OpenNote* note = notes_.Find(key);
+    std::erase_if(unsaved_, [this](const auto& entry) {
+        OpenNote* note = notes_.Find(entry.first);
         return note == nullptr || note->Saver().IsStored();
     });
     // Before the import the store holds the only copy of its notes: a quit during start-up must not touch it.
     if (imported_ && unsaved_.empty()) Clear();
+}
+
+bool LegacyNotes::StillHolds(const OpenNote& note) const {
+    const auto imported = unsaved_.find(note.NoteKey());
+    return imported != unsaved_.end() && imported->second == note.Text();
 }
 
 void LegacyNotes::Clear() {

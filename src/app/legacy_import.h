@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
 
@@ -27,6 +28,8 @@ class LegacyNotes {
 
     /// Called when all open notes have saved themselves: the store is cleared if that has worked for all of its notes.
     void ClearWhatIsSaved();
+    /// True while the store still has the note, with this very text.
+    [[nodiscard]] bool StillHolds(const OpenNote& note) const;
 
   private:
     /// Null when the note's window cannot be made or does not take the whole text.
@@ -39,8 +42,9 @@ class LegacyNotes {
     OpenNotes& notes_;
     Random& random_;
     bool imported_ = false;
-    std::set<std::int64_t> numbers_;    // of the notes imported; no value of another is touched
-    std::set<std::u16string> unsaved_;  // keys of imported notes that are not yet in a file
+    std::set<std::int64_t> numbers_;  // of the notes imported; no value of another is touched
+    /// The texts, by their keys, of imported notes that are not yet in a file.
+    std::map<std::u16string, std::u16string> unsaved_;
 };
 
 }  // namespace quillo

@@ -45,7 +45,7 @@ QuilloProcs::QuilloProcs()
       opening_(program_, noteWorld_, random_, saveAll_),
       late_(opening_, timers_, notice_, program_.settings),
       recovery_(store_, locale_, program_.notesFolder),
-      quit_(program_, saveAll_, store_, registry_, notice_),
+      quit_(program_, saveAll_, legacy_, store_, registry_, notice_),
       mainForm_(MainFormTools{program_, registry_, shell_, notice_, locale_, ole_, dialogs_}),
       aboutForm_(shell_, loop_, ProgramVersion{QUILLO_VERSION_MAJOR, QUILLO_VERSION_MINOR, QUILLO_VERSION_PATCH}) {
     loop_.RunAfterEach([this] { program_.openNotes.ReleaseRemoved(); });

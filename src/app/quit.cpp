@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/legacy_import.h"
 #include "app/program.h"
 #include "app/registry_keys.h"
 #include "app/save_all.h"
@@ -40,6 +41,7 @@ bool Quit::RescueNotes(QuitReason reason) {
     program_.openNotes.ForEach([&](OpenNote& note) {
         if (!note.Saver().HasUnsavedChange()) return;
         if (Trim(note.Text()).empty() && !note.Data().ReminderSet) return;  // nothing in it
+        if (legacy_.StillHolds(note)) return;                               // the next start imports it again
         if (!Rescue(note)) anyLost = true;
     });
     const bool mayEnd = !anyLost || reason != QuitReason::User || notice_.Ask(kLoseQuestion, Question::YesNoDefaultNo);

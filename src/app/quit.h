@@ -7,6 +7,7 @@
 
 namespace quillo {
 
+class LegacyNotes;
 class OpenNote;
 class RegistryApi;
 class SaveAll;
@@ -19,8 +20,9 @@ enum class QuitReason { User, Command, SessionEnd };
 /// The quit procedure up to the windows that are no notes.
 class Quit {
   public:
-    Quit(Program& program, SaveAll& saveAll, NoteStore& store, RegistryApi& registry, UserNotice& notice)
-        : program_(program), saveAll_(saveAll), store_(store), registry_(registry), notice_(notice) {}
+    Quit(Program& program, SaveAll& saveAll, const LegacyNotes& legacy, NoteStore& store, RegistryApi& registry,
+         UserNotice& notice)
+        : program_(program), saveAll_(saveAll), legacy_(legacy), store_(store), registry_(registry), notice_(notice) {}
 
     /// Saves every note, or writes those that cannot be saved to other files, clears the old store, takes the program
     /// out of those that start with Windows where the settings say so, and unloads the notes. The caller then unloads
@@ -42,6 +44,7 @@ class Quit {
 
     Program& program_;
     SaveAll& saveAll_;
+    const LegacyNotes& legacy_;
     NoteStore& store_;
     RegistryApi& registry_;
     UserNotice& notice_;

@@ -33,7 +33,7 @@ TEST_F(Drop, TextIsInserted) {
                        {{CF_UNICODETEXT, WideTextBytes(L" \u4ECA after")}, {CF_TEXT, NarrowTextBytes(" ? after")}},
                        L"before \u4ECA after"));
     Quit();
-    EXPECT_EQ(ReadBytes(path_), NoteFile{"before ? after"}.Bytes());
+    EXPECT_EQ(TextOfFile(ReadBytes(path_)), L"before \u4ECA after");
 }
 
 TEST_F(Drop, NarrowTextIsInserted) {

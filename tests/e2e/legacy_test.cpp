@@ -130,7 +130,7 @@ TEST_F(OldStore, DamagedNotesComeAsWholeAsTheyAre) {
     PutCount(0x7FFFFFFF);
     Put(1, {L"too few fields", L"1500,1500", L"nonsense", L"x,y,z", L"nonsense"});
     Put(2, {L"no numbers", L"a,b,c,d,e", L"#", L"True,True,red,,,9", L""});
-    Put(3, {L"far away", L"900000,-900000,1,1e300,1", L"", L"", L""});
+    Put(3, {L"far away", L"900000,-900000,3000,1e300,1", L"", L"", L""});
     Start();
     for (const wchar_t* text : {L"too few fields", L"no numbers", L"far away"}) {
         const NoteWindow note = WaitForNote(Quillo(), text);

@@ -215,7 +215,8 @@ bool WinHost::EditPath(bool add, bool machine, const std::string& folder) {
     // A value that held nothing else was made by an installer of ours.
     const bool stays = add || !edited.text.empty();
     if (stays ? !WritePath(key.Get(), edited) : RegDeleteValueW(key.Get(), L"Path") != ERROR_SUCCESS) return false;
-    constexpr UINT kPatience = 5000;
+    // For each window that does not answer, and the setup that waits for this program has some.
+    constexpr UINT kPatience = 250;
     SendMessageTimeoutW(HWND_BROADCAST, WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"Environment"), SMTO_ABORTIFHUNG,
                         kPatience, nullptr);
     return true;

@@ -301,6 +301,22 @@ TEST_F(LegacyNotesTest, TheStoreIsNotClearedBeforeItWasImported) {
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 6U);
 }
 
+TEST_F(LegacyNotesTest, AQuitRescuesOnlyWhatTheStoreDoesNotHold) {
+    test_.files.PutFolder(kTestDesktop);
+    PutCount(2);
+    PutNote(1, u"first", u"");
+    PutNote(2, u"second", u"");
+    EXPECT_FALSE(Import());
+    ASSERT_TRUE(test_.views.Note(1).SetText(u"changed"));
+    test_.files.RemoveFolder(kTestNotesFolder);
+    test_.files.Put(kTestNotesFolder, "a file in its place");
+    EXPECT_TRUE(test_.quit.Run(QuitReason::Command));
+    EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U);
+    const auto rescued = test_.files.List(kTestDesktop, kNoteExtension);
+    ASSERT_EQ(rescued.size(), 1U);
+    EXPECT_EQ(test_.files.Read(rescued[0].path)->substr(0, 7), "changed");
+}
+
 TEST_F(LegacyNotesTest, ASecondStartImportsNothing) {
     PutCount(1);
     PutNote(1, u"text", u"");

@@ -122,7 +122,7 @@ class TestProgram {
     NoteOpening opening{program, world, random, saveAll};
     LateNotes late{opening, timers, notice, program.settings};
     Recovery recovery{store, locale, program.notesFolder};
-    Quit quit{program, saveAll, store, registry, notice};
+    Quit quit{program, saveAll, legacy, store, registry, notice};
 
   private:
     [[nodiscard]] static std::u16string Key(std::size_t number) {
