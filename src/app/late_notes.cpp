@@ -11,7 +11,7 @@
 namespace quillo {
 namespace {
 
-constexpr std::uint64_t kLargeBytes = 256 * 1024;
+constexpr std::uint64_t kLargeBytes = std::uint64_t{256} * 1024;
 /// Timers come after painting and input: whatever this one starts, the other notes answer before.
 constexpr std::uint32_t kBetweenMilliseconds = 10;
 constexpr std::uint32_t kRetryMilliseconds = 3000;

@@ -9,7 +9,7 @@
 namespace quillo {
 namespace {
 
-constexpr std::uint64_t kLeastBytes = 256 * 1024;
+constexpr std::uint64_t kLeastBytes = std::uint64_t{256} * 1024;
 
 /// Bytes that no file system makes smaller by compressing them.
 std::string Filling(std::uint64_t size) {

@@ -81,7 +81,8 @@ DaySerial FromFileTime(std::uint64_t ticks) {
     constexpr std::uint64_t kTicksPerSecond = 10'000'000;
     constexpr double kDaysFrom1601To1899 = 109'205;
     const std::uint64_t seconds = ticks / kTicksPerSecond;
-    const double day = static_cast<double>(seconds / std::uint64_t{kSecondsPerDay}) - kDaysFrom1601To1899;
+    const std::uint64_t wholeDays = seconds / std::uint64_t{kSecondsPerDay};
+    const double day = static_cast<double>(wholeDays) - kDaysFrom1601To1899;
     return DaySerial{day + static_cast<double>(seconds % std::uint64_t{kSecondsPerDay}) /
                                static_cast<double>(kSecondsPerDay)};
 }
