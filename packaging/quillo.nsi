@@ -724,6 +724,8 @@ Section Uninstall
         SetErrorLevel ${EXIT_IN_USE}
         Quit
     ${EndIf}
+    ; Its console can last a little longer than the program, and a current folder cannot be removed.
+    SetOutPath "$TEMP"
     ExecShellWait "open" "$INSTDIR\qln.exe" "--internal-path remove user" SW_HIDE
     Call un.RemoveFiles
     Call un.RemoveRunValue
