@@ -13,6 +13,13 @@ namespace {
 constexpr UINT kIconMessage = 512;
 constexpr wchar_t kToolTip[] = L"Quillo";
 
+/// False while the window still fades in.
+bool IsOpaque(HWND window) {
+    BYTE alpha = 255;
+    const bool layered = (GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_LAYERED) != 0;
+    return !layered || GetLayeredWindowAttributes(window, nullptr, &alpha, nullptr) == 0 || alpha == 255;
+}
+
 }  // namespace
 
 Rect AreaOf(MenuItem item) {
@@ -51,7 +58,7 @@ bool MainMenu::Open() const {
     const bool open = Until([this] { return IsShowing(); }, [icon] { ClickMouse(*icon); });
     MoveMouse(POINT{0, 0});
     // The icon's tool tip would hide a part of the menu.
-    return open && Eventually([this] { return HasKeyboard() && !IsToolTipStanding(kToolTip); });
+    return open && Eventually([this] { return HasKeyboard() && IsOpaque(Handle()) && !IsToolTipStanding(kToolTip); });
 }
 
 bool MainMenu::WaitUntilGone() const {
