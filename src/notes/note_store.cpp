@@ -46,6 +46,7 @@ SavedNote NoteStore::SaveNote(const NoteFile& content, const SaveTarget& target,
         const std::optional<std::string> bytes = FormatNoteFile(file, locale_);
         if (!bytes || path.empty()) return Failure(FileError::Failed);
         saved = target.overwrite ? WriteOver(path, *bytes) : WriteNew(path, *bytes, leaving);
+        saved.isTempName = programNamed;
         if (saved.error != FileError::NameTaken) break;
     }
     if (saved.error == FileError::None || target.isTempName) return saved;
@@ -75,8 +76,8 @@ SavedNote NoteStore::Rescue(const NoteFile& content) {
     return saved;
 }
 
-SavedNote NoteStore::WriteAgain(const NoteFile& content, const std::u16string& path) {
-    SavedNote saved = SaveNote(content, {path, true, false, false});
+SavedNote NoteStore::WriteAgain(const NoteFile& content, const SavedNote& gone) {
+    SavedNote saved = SaveNote(content, {gone.path, gone.isTempName, false, false});
     return saved.path.empty() ? Rescue(content) : saved;
 }
 

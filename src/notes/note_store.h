@@ -33,8 +33,9 @@ struct LeavingNote {
 struct SavedNote {
     std::u16string path;  ///< full; "" when nothing could be written
     FileError error = FileError::None;
-    std::uint64_t hash = 0;  ///< of the bytes written
-    std::u16string record;   ///< of a leaving note: to be ended when its storage copy has gone
+    std::uint64_t hash = 0;   ///< of the bytes written
+    std::u16string record;    ///< of a leaving note: to be ended when its storage copy has gone
+    bool isTempName = false;  ///< the program chose the name
 };
 
 /// Writes notes to files and chooses their names. A file is whole under another name before it takes its place.
@@ -59,7 +60,7 @@ class NoteStore {
     /// desktop, the temporary folder.
     [[nodiscard]] SavedNote Rescue(const NoteFile& content);
     /// Puts a file where one that SaveNote had written has disappeared.
-    [[nodiscard]] SavedNote WriteAgain(const NoteFile& content, const std::u16string& path);
+    [[nodiscard]] SavedNote WriteAgain(const NoteFile& content, const SavedNote& gone);
     /// Moves a file to the Recycle Bin.
     [[nodiscard]] RecycleResult Recycle(std::u16string_view path);
     /// Replaces a storage copy. A missing notes folder is made again; on a full disk the reserve is given up.

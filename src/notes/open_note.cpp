@@ -342,7 +342,7 @@ bool OpenNote::Recycle(const SavedNote& saved) {
     const RecycleResult result = world_.store.Recycle(saved.path);
     if (result == RecycleResult::Moved) return true;
     const std::u16string kept =
-        result == RecycleResult::Gone ? world_.store.WriteAgain(content, saved.path).path : saved.path;
+        result == RecycleResult::Gone ? world_.store.WriteAgain(content, saved).path : saved.path;
     if (kept.empty()) return world_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo);
     if (!world_.settings.disableBalloonHelp) {
         world_.notice.Balloon(kNotRecycledTitle, kNotRecycledText + kept, BalloonIcon::Warning);

@@ -388,6 +388,17 @@ TEST_F(OpenNoteLeaving, AFileThatTheSystemDeletedForGoodIsWrittenAgain) {
     EXPECT_NE(notice_.balloons[0].text.find(kDocuments + u"\\Milk.qln"), std::u16string::npos);
 }
 
+TEST_F(OpenNoteLeaving, AFileOfTheUsersOwnIsTheirOwnAgainAfterTheSystemDeletedIt) {
+    shell_.recycling = RecycleResult::Gone;
+    ShowStored(u"Milk");
+    const std::u16string own = kDocuments + u"\\Shopping.qln";
+    note_.SetFileName(own);
+    note_.DeleteNote();
+    EXPECT_TRUE(IsDestroyed());
+    EXPECT_EQ(SavedFiles(), std::vector<std::u16string>{own});
+    EXPECT_NE(Content(own).find("<filename>C:\\Documents\\Shopping.qln</filename>"), std::string::npos);
+}
+
 /// The system deletes the file for good, and the disk takes nothing any more.
 class LosingShell : public FakeShell {
   public:
