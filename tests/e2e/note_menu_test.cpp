@@ -36,7 +36,7 @@ class NoteMenu : public OrdinaryTest {
         std::optional<PopupMenu> menu;
         (void)Until(
             [&] {
-                menu = PopupMenu::Find(Quillo().Pid());
+                menu = PopupMenu::FindReady(Quillo().Pid());
                 return menu.has_value();
             },
             [&] { note.ClickButton(NoteButtonId::Menu); });
@@ -322,7 +322,7 @@ class NoteIconMenu : public NoteMenu {
         std::optional<PopupMenu> menu;
         (void)Until(
             [&] {
-                menu = PopupMenu::Find(Quillo().Pid());
+                menu = PopupMenu::FindReady(Quillo().Pid());
                 return menu.has_value();
             },
             [&] { RightClickMouse(*icon); });

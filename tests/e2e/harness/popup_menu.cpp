@@ -28,10 +28,20 @@ std::optional<PopupMenu> PopupMenu::Find(DWORD process) {
     return std::nullopt;
 }
 
+std::optional<PopupMenu> PopupMenu::FindReady(DWORD process) {
+    const std::optional<PopupMenu> menu = Find(process);
+    if (!menu) return std::nullopt;
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    const DWORD thread = GetWindowThreadProcessId(menu->window_, nullptr);
+    const bool ready = GetGUIThreadInfo(thread, &info) != 0 && (info.flags & GUI_INMENUMODE) != 0;
+    return ready ? menu : std::nullopt;
+}
+
 std::optional<PopupMenu> PopupMenu::WaitFor(DWORD process) {
     std::optional<PopupMenu> found;
     (void)Eventually([&] {
-        found = Find(process);
+        found = FindReady(process);
         return found.has_value();
     });
     return found;

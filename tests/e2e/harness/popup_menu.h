@@ -30,7 +30,10 @@ class PopupMenu {
   public:
     /// The menu that the process shows now, if any.
     [[nodiscard]] static std::optional<PopupMenu> Find(DWORD process);
-    /// Waits for one; nothing when none comes.
+    /// The same once the menu takes input. A press that comes between its first picture and that moment is not the
+    /// menu's.
+    [[nodiscard]] static std::optional<PopupMenu> FindReady(DWORD process);
+    /// Waits for a ready one; nothing when none comes.
     [[nodiscard]] static std::optional<PopupMenu> WaitFor(DWORD process);
 
     [[nodiscard]] bool IsOpen() const { return IsWindowVisible(window_) != 0; }
