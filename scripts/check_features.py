@@ -3,7 +3,7 @@
 
 Usage: check_features.py ROOT
 
-Tests are named as ctest lists them: core. and shell. for the two rings of unit tests, e2e. for the real program, qln. for
+Tests are named as ctest lists them: core. and windows. for the two rings of unit tests, e2e. for the real program, qln. for
 the console program, check. for the checks of the sources and of what ships. They are looked up in the sources, so that no
 program of Windows needs to run.
 """
@@ -13,10 +13,10 @@ import re
 import sys
 
 TABLE = pathlib.Path("docs") / "features.md"
-RINGS = {"core": "unit", "shell": "windows", "e2e": "e2e", "install": "install", "qln": "qln"}
+RINGS = {"core": "unit", "windows": "windows", "e2e": "e2e", "install": "install", "qln": "qln"}
 TEST = re.compile(r"^TEST(?:_F)?\((\w+),\s*(\w+)\)", re.MULTILINE)
 CHECK = re.compile(r"\b(?:add_test\(NAME |quillo_check\()([\w.]+)")
-NAME = re.compile(r"`((?:core|shell|e2e|install|qln|check)\.[\w.]+)`")
+NAME = re.compile(r"`((?:core|windows|e2e|install|qln|check)\.[\w.]+)`")
 HEAD_LINES = 2
 
 

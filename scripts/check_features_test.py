@@ -31,7 +31,7 @@ def problems_of(table):
 
 class CheckFeatures(unittest.TestCase):
     def test_names_that_exist_are_good(self):
-        for name in ("core.TextTest.Trims", "shell.NoteTest.HasALongName", "e2e.Startup.ShowsNotes", "e2e.sound",
+        for name in ("core.TextTest.Trims", "windows.NoteTest.HasALongName", "e2e.Startup.ShowsNotes", "e2e.sound",
                      "check.layers"):
             self.assertEqual(problems_of(f"{HEAD}| a thing | `{name}` |\n"), [], name)
 

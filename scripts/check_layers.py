@@ -48,7 +48,7 @@ class Tree:
                 name = path.relative_to(self.src).as_posix()
                 self.includes[name] = INCLUDE.findall(path.read_text(encoding="utf-8"))
         self.core_list = self._listed("core.cmake")
-        self.window_list = self._listed("shell.cmake")
+        self.window_list = self._listed("windows.cmake")
         self.windows = self._window_files()
 
     def _listed(self, list_name):
@@ -155,7 +155,7 @@ def check_lists(tree):
             yield f"{name}: stands in more than one list: {', '.join(where)}"
     for name in tree.includes:
         if name.endswith(".cpp") and name not in PROGRAM_ALONE and name not in places:
-            yield f"{name}: stands in no core.cmake or shell.cmake"
+            yield f"{name}: stands in no core.cmake or windows.cmake"
 
 
 def breaches(root):

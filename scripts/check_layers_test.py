@@ -26,7 +26,7 @@ SOUND = {
     "platform/window.h": '#include "platform/win32.h"\n#include "util/text.h"',
     "notes/note_form.h": '#include "platform/window.h"\n#include "app/open_notes.h"\n#include "version.h"',
     "notes/note_form.cpp": '#include "notes/note_form.h"',
-    "notes/shell.cmake": "target_sources(quillo_shell PRIVATE notes/note_form.cpp)",
+    "notes/windows.cmake": "target_sources(quillo_windows PRIVATE notes/note_form.cpp)",
     "controls/note_button.h": '#include "platform/window.h"',
     "app/quillo_procs.h": '#include "notes/note_form.h"\n#include "mainmenu/menu_map.h"',
     "app/main.cpp": '#include "app/quillo_procs.h"',
@@ -86,7 +86,7 @@ class CheckLayersTest(unittest.TestCase):
     def test_every_source_stands_in_one_list(self):
         self.expect({"notes/core.cmake": "# notes/note.cpp"}, "stands in no core.cmake")
         self.expect({"notes/twice.cpp": "", "notes/core.cmake": "notes/note.cpp notes/twice.cpp",
-                     "notes/shell.cmake": "notes/note_form.cpp notes/twice.cpp"}, "more than one list")
+                     "notes/windows.cmake": "notes/note_form.cpp notes/twice.cpp"}, "more than one list")
         self.expect({"notes/core.cmake": "notes/note.cpp notes/gone.cpp"}, "does not exist")
         self.expect({"app/core.cmake": "notes/note.cpp", "notes/core.cmake": ""}, "another room")
 

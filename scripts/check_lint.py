@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs clang-tidy over the sources under src/ and remembers what was clean.
 
-    check_lint.py --core TREE --shell TREE --cache FOLDER [FILE...]
+    check_lint.py --core TREE --windows TREE --cache FOLDER [FILE...]
 
 The core is read with the compile commands of the native tree TREE, the window files with those of the Windows tree.
 A file is read again only when it, a header that it includes, the configuration or the command has changed.
@@ -132,13 +132,13 @@ def lint_group(members):
 def plan(arguments):
     """[(source, flags)] of every file to read."""
     src = ROOT / "src"
-    core, shell = commands(arguments.core), commands(arguments.shell)
+    core, windows = commands(arguments.core), commands(arguments.windows)
     extra = mingw_flags()
     jobs = []
-    for source in sorted(set(core) | set(shell)):
+    for source in sorted(set(core) | set(windows)):
         if src not in source.parents or not source.is_file() or source.suffix != ".cpp":
             continue
-        jobs.append((source, core[source] if source in core else shell[source] + extra))
+        jobs.append((source, core[source] if source in core else windows[source] + extra))
     if arguments.files:
         wanted = {pathlib.Path(name).resolve() for name in arguments.files}
         jobs = [job for job in jobs if job[0] in wanted]
@@ -147,7 +147,7 @@ def plan(arguments):
 
 def main():
     parser = argparse.ArgumentParser()
-    for name in ("core", "shell", "cache"):
+    for name in ("core", "windows", "cache"):
         parser.add_argument(f"--{name}", required=True)
     parser.add_argument("--nice", type=int, default=0)
     parser.add_argument("files", nargs="*")

@@ -1,4 +1,4 @@
-target_sources(quillo_shell_tests PRIVATE
+target_sources(quillo_windows_tests PRIVATE
   windows/about_form_test.cpp
   windows/accessible_test.cpp
   windows/artwork_test.cpp
@@ -40,8 +40,8 @@ target_sources(quillo_shell_tests PRIVATE
   windows/win_timers_test.cpp
   windows/window_test.cpp
 )
-target_include_directories(quillo_shell_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/windows)
+target_include_directories(quillo_windows_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/windows)
 # What has been printed is read back as in ring 3.
-target_sources(quillo_shell_tests PRIVATE e2e/harness/files.cpp e2e/harness/test_printer.cpp)
-target_include_directories(quillo_shell_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/e2e)
-target_link_libraries(quillo_shell_tests PRIVATE winspool)
+target_sources(quillo_windows_tests PRIVATE e2e/harness/files.cpp e2e/harness/test_printer.cpp)
+target_include_directories(quillo_windows_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/e2e)
+target_link_libraries(quillo_windows_tests PRIVATE winspool)

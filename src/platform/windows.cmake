@@ -1,4 +1,4 @@
-target_sources(quillo_shell PRIVATE
+target_sources(quillo_windows PRIVATE
   platform/accessible.cpp
   platform/animation.cpp
   platform/app_id.cpp
@@ -35,4 +35,4 @@ target_sources(quillo_shell PRIVATE
   platform/window.cpp
   platform/window_effects.cpp
 )
-target_link_libraries(quillo_shell PUBLIC comctl32 gdi32 ole32 shell32 uuid)
+target_link_libraries(quillo_windows PUBLIC comctl32 gdi32 ole32 shell32 uuid)

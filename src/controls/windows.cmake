@@ -1,4 +1,4 @@
-target_sources(quillo_shell PRIVATE
+target_sources(quillo_windows PRIVATE
   controls/note_button.cpp
   controls/note_button_images.cpp
   controls/note_color_selector.cpp

@@ -1,4 +1,4 @@
-target_sources(quillo_shell PRIVATE
+target_sources(quillo_windows PRIVATE
   notes/mail_form.cpp
   notes/note_button_bar.cpp
   notes/note_color_form.cpp

@@ -1,4 +1,4 @@
-target_sources(quillo_shell PRIVATE
+target_sources(quillo_windows PRIVATE
   mainmenu/about_form.cpp
   mainmenu/content_panel.cpp
   mainmenu/icon_finder.cpp
