@@ -150,7 +150,7 @@ void MainForm::OnDestroy() {
     backupTimer_.Stop();
     UnregisterHotKeys();
     drops_.Release();
-    toolTips_.Forget();
+    toolTips_.DropHandle();
     trayIcon_.StopRetrying();
     trayIcon_.SetVisible(false);
 }
@@ -245,12 +245,12 @@ void MainForm::ShowBalloon(std::u16string_view title, std::u16string_view text, 
 // Shortcuts.
 
 void MainForm::RedrawResources() {
-    icons_.Forget();
+    icons_.DropRequests();
     RedrawShortcuts();
 }
 
 void MainForm::RedrawShortcuts() {
-    picture_.Forget();
+    picture_.DropPicture();
     if (IsShowing()) LookUpIcons();
     if (Handle() != nullptr) InvalidateRect(Handle(), nullptr, FALSE);
 }
@@ -261,7 +261,7 @@ void MainForm::LookUpIcons() {
 
 void MainForm::OnIconsFound() {
     if (!icons_.Collect()) return;
-    picture_.Forget();
+    picture_.DropPicture();
     InvalidateRect(Handle(), nullptr, FALSE);
 }
 

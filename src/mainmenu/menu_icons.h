@@ -23,7 +23,7 @@ class MenuIcons {
     /// The icon of a slot, 1 to 4, for that shortcut; null while it is not known.
     [[nodiscard]] const ShortcutIcon* Find(int slot, std::u16string_view shortcut, int size) const;
     /// The files may have other icons by now. Those that are known are shown until then.
-    void Forget() { wanted_.Forget(); }
+    void DropRequests() { wanted_.DropRequests(); }
 
   private:
     SlotIcons wanted_;

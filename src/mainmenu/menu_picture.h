@@ -13,10 +13,10 @@ struct Settings;
 /// The menu as it is painted, at one resolution: the artwork with the icons of the program shortcuts in it.
 class MenuPicture {
   public:
-    /// Whether there is a picture for that resolution; false after Forget.
+    /// Whether there is a picture for that resolution; false after DropPicture.
     [[nodiscard]] bool IsDrawn(const Scale& scale) const { return mainPic_ && scale_.Dpi() == scale.Dpi(); }
     /// A shortcut has changed, or the colours of the system.
-    void Forget() { mainPic_.Reset(); }
+    void DropPicture() { mainPic_.Reset(); }
     /// Draws everything again, with those icons of the shortcuts that are known by now.
     void Draw(const Scale& scale, const Settings& settings, int shellIconSize, const MenuIcons& icons);
 

@@ -24,7 +24,7 @@ class SlotIcons {
     /// Whether this icon is what its slot waits for or shows.
     [[nodiscard]] bool IsWanted(const IconRequest& request) const;
     /// The files may have other icons by now: all are to be looked up again.
-    void Forget() { asked_ = {}; }
+    void DropRequests() { asked_ = {}; }
 
   private:
     std::array<IconRequest, kMenuSlots> asked_;

@@ -44,7 +44,7 @@ class NoteButtonBar {
     /// A control of the note asks or tells something.
     void Notify(NMHDR& notification);
     /// The note's window goes, and the tips' with it.
-    void Forget() { tips_.Forget(); }
+    void DropToolTips() { tips_.DropHandle(); }
 
   private:
     NoteButton close_;

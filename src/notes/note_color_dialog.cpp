@@ -39,7 +39,7 @@ void NoteColorDialog::OnGone() {
     for (NoteColorTarget* note : std::exchange(asked_, {})) note->ColorClosing();
 }
 
-void NoteColorDialog::Forget(NoteColorTarget& note) {
+void NoteColorDialog::DropTarget(NoteColorTarget& note) {
     std::erase(asked_, &note);
     if (target_ != &note) return;
     target_ = nullptr;

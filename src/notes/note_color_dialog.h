@@ -54,7 +54,7 @@ class NoteColorDialog {
     /// The window has gone, for whatever reason.
     void OnGone();
     /// The note goes. A dialog that is open for it closes.
-    void Forget(NoteColorTarget& note);
+    void DropTarget(NoteColorTarget& note);
 
   private:
     void Apply() const;

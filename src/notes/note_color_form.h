@@ -26,7 +26,7 @@ class NoteColorForm : public DialogWindow, private NoteColorView {
     /// False on failure.
     bool ShowFor(HWND noteWindow, NoteColorTarget& note, bool own, const ColorScheme& colors);
     /// The note's window goes; a dialog that is open for it closes.
-    void Forget(NoteColorTarget& note) { dialog_.Forget(note); }
+    void DropTarget(NoteColorTarget& note) { dialog_.DropTarget(note); }
 
   protected:
     void CreateControls() override;

@@ -133,11 +133,11 @@ void NoteForm::OnDestroy() {
     settleTimer_.Stop();
     HideIcon();
     if (reminderAlert_) reminderAlert_->Unload();
-    tools_.colorDialog.Forget(note_);
+    tools_.colorDialog.DropTarget(note_);
     drops_.Release();
     tools_.resForm.NoteClosing(note_.Data());
-    buttons_.Forget();
-    messageBox_.Forget();
+    buttons_.DropToolTips();
+    messageBox_.DropHandles();
 }
 
 void NoteForm::SetUpParts() {

@@ -27,7 +27,7 @@ class NoteTextBox {
     void ShowScrollBar(bool shown);
     /// The window has gone, or is going: what is asked from now on must not reach one that the system gave the same
     /// number.
-    void Forget() { box_ = label_ = nullptr; }
+    void DropHandles() { box_ = label_ = nullptr; }
     [[nodiscard]] HWND Handle() const { return box_; }
 
     [[nodiscard]] std::u16string Text() const;

@@ -30,7 +30,7 @@ class ToolTips {
     /// Until the next Create: for a window that has another scale now.
     void Destroy();
     /// The window has gone, and the control with it.
-    void Forget() { tips_ = nullptr; }
+    void DropHandle() { tips_ = nullptr; }
 
     /// Answers the control's question with a text, CR LF between its lines.
     void Answer(NMTTDISPINFOW& question, std::u16string text);

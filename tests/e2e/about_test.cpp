@@ -73,7 +73,7 @@ TEST_F(AboutTest, HandsTheMakersAddressesToTheShell) {
     EXPECT_TRUE(Eventually([&] { return browser.Opened() == kSite + ("/quillo/?Version=" + version); }))
         << browser.Opened();
     EXPECT_NE(Box(), nullptr);
-    browser.Forget();
+    browser.DropRecord();
 
     RECT link{};
     GetWindowRect(Of(Control::WebLink), &link);

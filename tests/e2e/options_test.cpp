@@ -302,7 +302,7 @@ TEST_F(OptionsTest, TheHelpPageNamesTheFolderOfNotesAndOpensTheHelp) {
     const auto isOpened = [&] { return reader.Opened().ends_with("Quillo.chm"); };
     PressKey('H', {VK_MENU});
     EXPECT_TRUE(Eventually(isOpened)) << "by its access key";
-    reader.Forget();
+    reader.DropRecord();
     EXPECT_TRUE(Until(isOpened, [&] { options.Click(C::OpenHelpButton); }));
     Quit();
 }

@@ -129,7 +129,7 @@ std::string ShellRecorder::Opened() const {
     return text.substr(first, last + 1 - first);
 }
 
-void ShellRecorder::Forget() const {
+void ShellRecorder::DropRecord() const {
     DeleteFileW(file_.c_str());
 }
 

@@ -22,7 +22,7 @@ class ShellRecorder {
     [[nodiscard]] bool IsInCharge() const;
     /// What was opened last; "" when nothing was.
     [[nodiscard]] std::string Opened() const;
-    void Forget() const;
+    void DropRecord() const;
 
   private:
     struct Replaced {

@@ -14,14 +14,14 @@ TEST(SlotIcons, EachFilledSlotIsLookedUpOnce) {
     EXPECT_EQ(icons.ToLookUp(shortcuts, 32), Requests{});
 }
 
-TEST(SlotIcons, AnotherProgramAnotherSizeAndForgettingAskAgain) {
+TEST(SlotIcons, AnotherProgramAnotherSizeAndDroppedRequestsAskAgain) {
     SlotIcons icons;
     std::array<std::u16string, kMenuSlots> shortcuts{u"C:\\1.exe", u"C:\\2.exe", u"", u""};
     (void)icons.ToLookUp(shortcuts, 32);
     shortcuts[1] = u"C:\\other.exe";
     EXPECT_EQ(icons.ToLookUp(shortcuts, 32), (Requests{{2, u"C:\\other.exe", 32}}));
     EXPECT_EQ(icons.ToLookUp(shortcuts, 48).size(), 2U);
-    icons.Forget();
+    icons.DropRequests();
     EXPECT_EQ(icons.ToLookUp(shortcuts, 48).size(), 2U);
 }
 

@@ -131,7 +131,7 @@ TEST_F(NoteColorDialogTest, AfterItHasClosedEveryNoteCanOpenItAgain) {
 TEST_F(NoteColorDialogTest, ItsNoteGoing) {
     Show(note_);
     Show(other_);
-    dialog_.Forget(other_);
+    dialog_.DropTarget(other_);
     EXPECT_EQ(view_.calls, Calls{"close"});
     EXPECT_EQ(other_.closings, 0) << "it is past being told";
     EXPECT_EQ(note_.closings, 1);
@@ -140,7 +140,7 @@ TEST_F(NoteColorDialogTest, ItsNoteGoing) {
 TEST_F(NoteColorDialogTest, AnEarlierNoteGoing) {
     Show(note_);
     Show(other_);
-    dialog_.Forget(note_);
+    dialog_.DropTarget(note_);
     EXPECT_EQ(view_.calls, Calls{});
     dialog_.OnColorPicked(kSwatches[7]);
     EXPECT_EQ(other_.given.size(), 1U);
@@ -153,7 +153,7 @@ TEST_F(NoteColorDialogTest, WithoutANoteNothingIsApplied) {
     dialog_.OnGone();
     dialog_.OnColorPicked(kSwatches[7]);
     dialog_.OnOptionClicked(false);
-    dialog_.Forget(note_);
+    dialog_.DropTarget(note_);
     EXPECT_EQ(note_.given, Given{});
 }
 

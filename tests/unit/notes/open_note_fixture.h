@@ -62,7 +62,7 @@ class OpenNoteTest : public ::testing::Test {
         note_.Popup();
         note_.MarkChanged();
         ASSERT_TRUE(note_.PersistNote());
-        Forget();
+        DropRecords();
     }
     /// A file with that text between its root tags.
     [[nodiscard]] NoteFile Tags(std::u16string_view tagText) {
@@ -70,7 +70,7 @@ class OpenNoteTest : public ::testing::Test {
         ReadTagText(tagText, file, locale_);
         return file;
     }
-    void Forget() {
+    void DropRecords() {
         static_cast<void>(view_.TakeCalls());
         notice_.Clear();
     }

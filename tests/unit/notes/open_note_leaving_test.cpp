@@ -72,7 +72,7 @@ TEST_F(OpenNoteLeaving, AClickOnItsIconBringsItBack) {
     ShowStored(u"text");
     note_.MinimizeByUser();
     EXPECT_EQ(note_.AppearanceString().back(), u'2');
-    Forget();
+    DropRecords();
     note_.ShowFromIcon();
     EXPECT_EQ(notice_.sounds, std::vector<SystemSound>{SystemSound::RestoreUp});
     EXPECT_TRUE(view_.IsVisible());

@@ -12,14 +12,14 @@ class OpenNoteReminderTest : public OpenNoteTest {
     OpenNoteReminderTest() {
         EXPECT_TRUE(note_.SetText(u"water the ferns"));
         note_.Popup();
-        Forget();
+        DropRecords();
     }
 
     /// A reminder that many days from now, not marked as a change.
     void SetSilently(double days) {
         note_.SetReminder(DaySerial{clock_.now.days + days});
         ASSERT_TRUE(note_.PersistNote());
-        Forget();
+        DropRecords();
     }
     /// True while the note waits to be saved.
     [[nodiscard]] bool IsSavePending() const { return timers_.Running() != 0; }
@@ -182,7 +182,7 @@ TEST_F(OpenNoteReminderTest, EveryChangeIsSavedSoon) {
     };
     for (const auto& [name, change] : changes) {
         ASSERT_TRUE(note_.PersistNote() || !note_.Data().Changed);
-        Forget();
+        DropRecords();
         change();
         EXPECT_TRUE(note_.Data().Changed) << name;
         EXPECT_TRUE(IsSavePending()) << name;

@@ -110,7 +110,7 @@ TEST_F(OpenNoteTest, AppearanceIsAppliedAtOnce) {
     };
     for (const auto& c : cases) {
         note_.Popup();
-        Forget();
+        DropRecords();
         EXPECT_EQ(note_.SetAppearanceString(c.text), c.known);
         EXPECT_EQ(view_.IsVisible(), c.visible);
         EXPECT_EQ(view_.IsIconShowing(), c.icon);
@@ -269,13 +269,13 @@ TEST_F(OpenNoteTest, ComingBackByTheUserMarksOnlyANoteThatWasAway) {
 
 TEST_F(OpenNoteTest, PinningPutsItOnTopAndShowsThePin) {
     note_.Popup();
-    Forget();
+    DropRecords();
     note_.TogglePin();
     EXPECT_TRUE(note_.Data().Pinned);
     EXPECT_EQ(view_.TakeCalls(), (Calls{"BringToFront pinned", "ShowPinned in"}));
     note_.Popup();
     EXPECT_TRUE(view_.IsOnTop()) << "popping up leaves it topmost";
-    Forget();
+    DropRecords();
     note_.TogglePin();
     EXPECT_FALSE(note_.Data().Pinned);
     EXPECT_EQ(view_.TakeCalls(), (Calls{"BringToFront", "ShowPinned out"}));
@@ -345,7 +345,7 @@ TEST_F(OpenNoteTest, LargeTextReachesTheWindow) {
 
 TEST_F(OpenNoteTest, PopupTakesItsStepsInOrder) {
     note_.MinimizeToTray();
-    Forget();
+    DropRecords();
     note_.Popup();
     EXPECT_EQ(view_.TakeCalls(), (Calls{"MoveOntoScreen", "Show", "HideIcon", "BringToFront", "SetOpacity none"}));
     note_.Popup();
