@@ -13,7 +13,7 @@ namespace quillo {
 enum class FileError {
     None,
     NotFound,
-    NameTaken,     ///< the name has to be free, and is not
+    NameTaken,     ///< the name must be free, but a file has it
     InUse,         ///< another program has the file open
     NoPermission,  ///< also a write-protected disk
     DiskFull,
@@ -22,12 +22,12 @@ enum class FileError {
     Failed,  ///< anything else
 };
 
-/// A file that is open for reading. Until this object ends nobody else can change it, replace it or delete it.
+/// A file that is open for reading. While this object lives, nobody else can change, replace or delete the file.
 class HeldFile {
   public:
     virtual ~HeldFile() = default;
     [[nodiscard]] virtual const std::string& Bytes() const = 0;
-    /// Deletes this very file, not what has its name by now.
+    /// Deletes the file that was opened, even if its name now belongs to another one.
     [[nodiscard]] virtual FileError Delete() = 0;
 };
 
@@ -50,18 +50,19 @@ class FileStore {
 
     /// True for a file, not for a folder.
     [[nodiscard]] virtual bool FileExists(std::u16string_view path) = 0;
-    /// Nothing for what is no file.
+    /// Nothing if the path is not a file.
     [[nodiscard]] virtual std::optional<FileEntry> Find(std::u16string_view path) = 0;
     /// The whole content; nothing when the path is missing, locked, a folder or cannot be read.
     [[nodiscard]] virtual std::optional<std::string> Read(std::u16string_view path) = 0;
     /// Opens a file of at most `mostBytes` and keeps others from changing it.
     [[nodiscard]] virtual HoldResult Hold(std::u16string_view path, std::uint64_t mostBytes) = 0;
-    /// Makes a file under a name that is free (else NameTaken), its bytes durable. A failure leaves no file behind.
+    /// Creates a file under a free name (NameTaken otherwise) and makes its bytes durable. A failure leaves no file
+    /// behind.
     [[nodiscard]] virtual FileError Create(std::u16string_view path, std::string_view bytes) = 0;
-    /// Puts a file in the place of another (or of none) of the same folder, in one step: a reader, or a machine that
-    /// dies, sees the one or the other. A failure leaves both.
+    /// Moves a file over another name of the same folder, which need not exist, in one step: a reader sees either the
+    /// old or the new file, also after a power failure. A failure leaves both files unchanged.
     [[nodiscard]] virtual FileError MoveOver(std::u16string_view from, std::u16string_view to) = 0;
-    /// Gives a file another name of the same folder, in one step, if that name is free.
+    /// Renames a file within its folder in one step, if the new name is free.
     [[nodiscard]] virtual FileError Rename(std::u16string_view from, std::u16string_view to) = 0;
     /// NotFound when there was nothing to delete.
     [[nodiscard]] virtual FileError Delete(std::u16string_view path) = 0;

@@ -13,7 +13,7 @@ class LocaleText {
   public:
     virtual ~LocaleText() = default;
 
-    /// In the ANSI code page; what it cannot hold becomes "?", never a look-alike. Nothing when the system refuses.
+    /// In the ANSI code page; a character that it lacks becomes "?", never a look-alike. Nothing if the system refuses.
     [[nodiscard]] virtual std::optional<std::string> ToNarrow(std::u16string_view text) = 0;
     [[nodiscard]] virtual std::u16string FromNarrow(std::string_view bytes) = 0;
     /// True when each character of the ANSI code page is one byte.
@@ -21,9 +21,9 @@ class LocaleText {
     /// Lower case, character by character: the length stays the same.
     [[nodiscard]] virtual std::u16string ToLower(std::u16string_view text) = 0;
 
-    /// The sign before the fraction of a number, "." or "," as a rule.
+    /// The sign before the fraction of a number, usually "." or ",".
     [[nodiscard]] virtual std::u16string DecimalSeparator() = 0;
-    /// The platform's locale-aware conversion; nothing where it fails (an empty text fails).
+    /// The platform's locale-aware conversion; nothing if it fails (an empty text fails).
     [[nodiscard]] virtual std::optional<double> ParseNumber(std::u16string_view text) = 0;
     /// The platform's locale-aware conversion of a date, a time or both; a time alone falls on 30 December 1899.
     [[nodiscard]] virtual std::optional<DaySerial> ParseDate(std::u16string_view text) = 0;

@@ -10,7 +10,7 @@ namespace quillo {
 struct MailMessage {
     std::string subject;
     std::string body;
-    std::size_t attachmentPosition = 0;  ///< the character of the body where the attachment stands
+    std::size_t attachmentPosition = 0;  ///< index in the body at which the attachment appears
     std::string attachmentName;
     std::u16string attachmentPath;
 };
@@ -28,17 +28,17 @@ class MailSession {
     virtual ~MailSession() = default;
 
     [[nodiscard]] virtual MailSignOn SignOn() = 0;
-    /// Opens the mail program's message window and returns when the user has sent or discarded the message. Errors are
-    /// the mail program's to report.
+    /// Opens the mail program's message window and returns when the user has sent or discarded the message. The mail
+    /// program reports errors itself.
     virtual void Send(const MailMessage& message) = 0;
     virtual void SignOff() = 0;
 };
 
-/// The system's way to the user's mail program.
+/// Access to the user's mail program.
 class MailSystem {
   public:
     virtual ~MailSystem() = default;
-    /// A session for one sending; null when the system has no mail interface.
+    /// A session for one message; null when the system has no mail interface.
     [[nodiscard]] virtual std::unique_ptr<MailSession> NewSession() = 0;
 };
 

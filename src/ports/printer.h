@@ -25,19 +25,19 @@ struct PrintFont {
 /// A sheet of the printer's paper, in dots from its top left corner.
 struct PrintSheet {
     Size paper;
-    Rect printable;  ///< the part of the paper that ink reaches
+    Rect printable;  ///< the part of the paper that the printer can reach
     int dotsPerInchAcross = 1;
     int dotsPerInchDown = 1;
 };
 
 enum class PrintOutcome {
     Printed,
-    Cancelled,  ///< by the user, in a window of the printer's own
+    Cancelled,  ///< by the user, in one of the printer's own windows
     Failed,
 };
 
-/// A document on its way to the printer. A step that fails is remembered: no page starts after it, and nothing of the
-/// document is printed. Coordinates are dots of the sheet.
+/// A document to be printed. A step that fails is remembered: no further page starts, and nothing of the document is
+/// printed. Coordinates are dots of the sheet.
 class PrintJob {
   public:
     /// A job that was not finished is withdrawn.
@@ -47,13 +47,13 @@ class PrintJob {
     /// False once anything has failed.
     [[nodiscard]] virtual bool StartPage() = 0;
     virtual void EndPage() = 0;
-    /// Hands the document to the printer; to be called last, whatever has failed.
+    /// Hands the document to the printer. The last call, also after a failure.
     [[nodiscard]] virtual PrintOutcome Finish() = 0;
 
-    /// For all that is measured and written from now on, this page's or a later one's.
+    /// Applies to everything measured and written from now on, on this page and later ones.
     virtual void SetFont(const PrintFont& font) = 0;
     [[nodiscard]] virtual Size Measure(std::u16string_view line) = 0;
-    /// How many characters, from the first on, stand side by side in `width` dots. Its cost follows the text's length.
+    /// How many characters, counted from the first, fit in `width` dots. The cost grows with the length of the text.
     [[nodiscard]] virtual std::size_t CountThatFit(std::u16string_view line, int width) = 0;
     /// Writes one line in black with its top left corner at `at`.
     virtual void Text(Point at, std::u16string_view line) = 0;
@@ -64,8 +64,8 @@ class PrintJob {
 class Printer {
   public:
     virtual ~Printer() = default;
-    /// Never null: without a printer it is a job that has failed already. A window of the printer's own may come up and
-    /// pump messages.
+    /// Never null: without a printer the result is a job that has already failed. The printer may show a window of its
+    /// own and pump messages.
     [[nodiscard]] virtual std::unique_ptr<PrintJob> Open(std::u16string_view documentName) = 0;
 };
 

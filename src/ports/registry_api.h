@@ -7,7 +7,7 @@
 
 namespace quillo {
 
-/// The registry's own operations, one call each. Keys are numbers; 0 is no key.
+/// The registry's own operations, one call each. Keys are numbers; 0 means no key.
 class RegistryApi {
   public:
     using Key = std::uintptr_t;
@@ -29,11 +29,11 @@ class RegistryApi {
 
     struct ValueEntry {
         std::u16string name;
-        std::u16string text;  ///< the data read as text, whatever its type, without its last character
+        std::u16string text;  ///< the data read as text, regardless of its type, without its last character
     };
-    /// How many values the key has; nothing when it cannot be told.
+    /// How many values the key has; nothing if the system cannot say.
     [[nodiscard]] virtual std::optional<std::uint32_t> CountValues(Key key) = 0;
-    /// The value at an index from 0, however large; nothing past the last.
+    /// The value at an index from 0, of any size; nothing past the last.
     [[nodiscard]] virtual std::optional<ValueEntry> EnumerateValue(Key key, std::uint32_t index) = 0;
     [[nodiscard]] virtual std::optional<std::u16string> EnumerateSubkey(Key key, std::uint32_t index) = 0;
 };

@@ -5,7 +5,7 @@
 
 namespace quillo {
 
-/// The shell's special folders, by the shell's own numbers.
+/// The special folders, with the shell's own numbers.
 enum class SpecialFolder : int {
     Desktop = 0,
     Documents = 5,
@@ -15,7 +15,7 @@ enum class SpecialFolder : int {
     ProgramFiles = 38,
 };
 
-/// What has become of a file that was to be recycled.
+/// The result of moving a file to the Recycle Bin.
 enum class RecycleResult {
     Moved,  ///< it is in the Recycle Bin
     Stays,  ///< it is where it was
@@ -35,18 +35,18 @@ class Shell {
     [[nodiscard]] virtual std::u16string ProgramPath() = 0;
     /// An absolute path for one that may be relative to the current folder; the path itself when that fails.
     [[nodiscard]] virtual std::u16string FullPath(std::u16string_view path) = 0;
-    /// The full path with the long name of every part, as far as the parts exist: two paths of one file then differ
-    /// in letter case at most, short names and relative parts or not.
+    /// The full path with the long name of every existing part. Two such paths of one file differ in letter case at
+    /// most, even if one was given with short names or relative parts.
     [[nodiscard]] virtual std::u16string FullLongPath(std::u16string_view path) = 0;
     /// Opens a file with its default action; false when nothing opens it. Shows no message.
     virtual bool Open(std::u16string_view path, std::u16string_view arguments) = 0;
     bool Open(std::u16string_view path) { return Open(path, {}); }
-    /// Starts a program in a normal window; false for what is no program, and where the user's rights do not reach.
+    /// Starts a program in a normal window; false if the path is not a program or the user may not run it.
     virtual bool Start(std::u16string_view program, std::u16string_view arguments) = 0;
-    /// The target of a shell link, as the shell-link service reports it; "" when it has none.
+    /// The target of a shell link, as the shell-link service reports it; "" if there is none.
     [[nodiscard]] virtual std::u16string LinkTarget(std::u16string_view path) = 0;
-    /// Moves a file to the Recycle Bin without questions, after a brief wait until no other program has it open: a file
-    /// that is open cannot be moved, and the system then deletes it for good.
+    /// Moves a file to the Recycle Bin without asking. Waits briefly until no other program has the file open: the
+    /// system would delete an open file permanently instead of moving it.
     [[nodiscard]] virtual RecycleResult Recycle(std::u16string_view path) = 0;
     /// A new GUID in its 38-character registry form, braces included.
     [[nodiscard]] virtual std::u16string NewUniqueIdentifier() = 0;

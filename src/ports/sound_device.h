@@ -11,7 +11,7 @@ class SoundDevice {
 
     /// One command to the media control interface; 0 is success. Returns at once.
     virtual int SendCommand(std::u16string_view command) = 0;
-    /// The simple wave player: `flags` are those of the system's call. An empty path stops what plays.
+    /// The simple wave player; `flags` are those of the system call. An empty path stops the sound that is playing.
     virtual void PlayWave(std::u16string_view path, unsigned flags) = 0;
 };
 

@@ -6,21 +6,21 @@
 
 namespace quillo {
 
-/// One timer of the user-interface thread. It never fires after it was stopped or destroyed.
+/// One timer of the user-interface thread. It never fires after it has been stopped or destroyed.
 class Timer {
   public:
     virtual ~Timer() = default;
-    /// Fires once, after so many milliseconds. A timer that runs is started over.
+    /// Fires once, after that many milliseconds. A running timer starts over.
     virtual void Start(std::uint32_t milliseconds) = 0;
     virtual void Stop() = 0;
 };
 
-/// Makes timers, and tells the time by which they run.
+/// Creates timers and has the clock that they run by.
 class Timers {
   public:
     virtual ~Timers() = default;
     [[nodiscard]] virtual std::unique_ptr<Timer> Make(std::function<void()> tick) = 0;
-    /// Milliseconds since some moment. This clock is never set and never goes back.
+    /// Milliseconds since an arbitrary moment. This clock is never set and never runs backward.
     [[nodiscard]] virtual std::uint64_t Milliseconds() = 0;
 };
 

@@ -4,17 +4,17 @@
 
 namespace quillo {
 
-/// The balloon icons, by the shell's own numbers.
+/// The balloon icons, with the shell's own numbers.
 enum class BalloonIcon : int { None = 0, Information = 1, Warning = 2, Error = 3 };
 
-/// What a message box asks, and which answer stands as the default.
+/// The buttons of a message box that asks, and its default answer.
 enum class Question { YesNoDefaultNo, OkCancelDefaultCancel };
 
-/// The sound events of the system that the program plays.
+/// The system's sound events that the program plays.
 enum class SystemSound { RestoreUp, RestoreDown, Asterisk };
 
-/// Everything by which the program speaks to its user outside its own windows. Message boxes bear the title "Quillo"
-/// where nothing else is said, and pump messages: after one, a note may be gone.
+/// Messages to the user outside the program's own windows. A message box has the title "Quillo" unless a comment says
+/// otherwise. It pumps messages: a note may be closed when the call returns.
 class UserNotice {
   public:
     virtual ~UserNotice() = default;
@@ -25,7 +25,7 @@ class UserNotice {
     virtual void Inform(std::u16string_view text) = 0;
     /// A message box with the exclamation icon.
     virtual void Warn(std::u16string_view text) = 0;
-    /// The same, titled "Warning": of what the user has just chosen.
+    /// The same with the title "Warning", about a choice that the user has just made.
     virtual void WarnOfChoice(std::u16string_view text) = 0;
     /// A message box with the exclamation icon; true for Yes or OK.
     [[nodiscard]] virtual bool Ask(std::u16string_view text, Question question) = 0;

@@ -27,10 +27,10 @@ constexpr std::array<Root, 7> kRoots{{
     {u"HKEY_DYN_DATA", 0x80000006U},
 }};
 
-/// The last index that an enumeration asks for: its counter is a signed 16-bit number.
+/// The last index that an enumeration requests: its counter is a signed 16-bit number.
 constexpr std::uint32_t kLastIndex = 32767;
 
-/// 0, which no key can be created under, for a name that is not in the table. Abbreviations are not.
+/// The predefined key with that full name; 0, under which no key can be created, for any other name or an abbreviation.
 RegistryApi::Key FindRoot(std::u16string_view name) {
     const auto* found = std::find_if(kRoots.begin(), kRoots.end(),
                                      [name](const Root& root) { return EqualsIgnoringAsciiCase(root.name, name); });

@@ -9,8 +9,8 @@
 
 namespace quillo {
 
-/// Names and data of a key's values: rows 1 (names) and 2 (data), one column per value from 1 on. A key without
-/// values gives 1 to 2 by 0 to 0. All bounds are 0 until the table was filled.
+/// Names and data of a key's values: rows 1 (names) and 2 (data), one column per value from 1 on. A key without values
+/// has the bounds 1 to 2 by 0 to 0. All bounds are 0 until the table has been filled.
 struct TextTable {
     int rowLow = 0;
     int rowHigh = 0;
@@ -31,8 +31,9 @@ struct TextList {
     friend bool operator==(const TextList&, const TextList&) = default;
 };
 
-/// One registry key, named by its full path. Every operation is silent: what cannot be read is empty, 0 or the
-/// default, what cannot be written is not. With no key open, reads give "" or 0 and everything else does nothing.
+/// One registry key, named by its full path. No operation reports an error: a value that cannot be read is empty, 0 or
+/// the default; a value that cannot be written is skipped. With no key open, reads return "" or 0, and other calls do
+/// nothing.
 class TesselRegistry {
   public:
     explicit TesselRegistry(RegistryApi& api) : api_(api) {}
@@ -50,9 +51,9 @@ class TesselRegistry {
     void Reset();
 
     [[nodiscard]] std::u16string Value(std::u16string_view name) const;
-    /// The default stands in for a missing value, but not for a closed key, which gives "".
+    /// The default replaces a missing value; a closed key gives "".
     [[nodiscard]] std::u16string GetValue(std::u16string_view name, std::u16string_view fallback) const;
-    /// The default stands in for a missing value, but not for a closed key, which gives 0.
+    /// The default replaces a missing value; a closed key gives 0.
     [[nodiscard]] std::int32_t GetValueLong(std::u16string_view name, std::int32_t fallback) const;
     void SetValue(std::u16string_view name, std::u16string_view text);
     [[nodiscard]] std::int32_t ValueLong(std::u16string_view name) const;

@@ -4,7 +4,7 @@
 
 namespace quillo {
 
-/// A clock that stands still until it is set: 21 November 2026, 09:30 at first.
+/// A clock that a test sets; it starts at 21 November 2026, 09:30, and does not run.
 class FakeClock : public Clock {
   public:
     [[nodiscard]] DaySerial Now() override { return now; }

@@ -32,7 +32,7 @@ bool IsLetter(char16_t c) {
     return c >= u'a' && c <= u'z';
 }
 
-// Nothing for a character that belongs to no date and for a number of more than four digits.
+// Nothing if a character belongs to no date or a number has more than four digits.
 std::optional<Tokens> Tokenize(std::u16string_view text) {
     Tokens tokens;
     for (std::size_t i = 0; i < text.size();) {
@@ -75,7 +75,7 @@ bool IsHalfDay(const Tokens& tokens, std::size_t i) {
 
 enum class TimeFound { None, Read, Wrong };
 
-// Takes the one time out of the tokens.
+// Removes the time, of which there is one at most, from the tokens.
 TimeFound TakeTime(Tokens& tokens, CivilTime& when) {
     std::size_t first = 0;
     while (first < tokens.size() &&
@@ -105,7 +105,7 @@ TimeFound TakeTime(Tokens& tokens, CivilTime& when) {
     return TimeFound::Read;
 }
 
-// 1 to 12; 0 for another word. Three letters are enough.
+// 1 to 12; 0 for any other word. Three letters are enough.
 int MonthOf(const std::u16string& word) {
     if (word.size() < 3) return 0;
     for (std::size_t i = 0; i < kMonths.size(); ++i) {
@@ -184,7 +184,7 @@ std::optional<DaySerial> ReadFakeDate(std::u16string_view text, FakeDateOrder or
     const bool read = month != 0 ? ReadNamedDate(*tokens, month, currentYear, when)
                                  : ReadNumberDate(*tokens, order, currentYear, when);
     if (!read || when.year < 100 || when.month < 1 || when.month > 12) return std::nullopt;
-    // A day that the month does not have comes back as another one.
+    // A day that does not exist in the month would come back as another day.
     if (ToCivilTime(ToDaySerial(when)) != when) return std::nullopt;
     return ToDaySerial(when);
 }

@@ -13,11 +13,11 @@
 
 namespace quillo {
 
-/// A disk in memory. Paths are found in any letter case and kept as first written. The folders of a file come with it.
-/// Every call that changes the disk can be made to fail, or to be the last one before the power goes.
+/// A disk in memory. Paths are found in any letter case and kept as first written. Storing a file creates its folders.
+/// A test can make any call that changes the disk fail, or make it the last one before a power failure.
 class FakeFileStore : public FileStore {
   public:
-    // The port.
+    // The port's operations.
     [[nodiscard]] bool FileExists(std::u16string_view path) override;
     [[nodiscard]] std::optional<FileEntry> Find(std::u16string_view path) override;
     [[nodiscard]] std::optional<std::string> Read(std::u16string_view path) override;
@@ -31,29 +31,29 @@ class FakeFileStore : public FileStore {
     [[nodiscard]] std::u16string TemporaryName(std::u16string_view prefix) override;
     [[nodiscard]] std::u16string TemporaryFolder() override { return u"C:\\Temp"; }
 
-    // The test's side: not logged, never failing.
+    // For tests: not logged, and never fails.
     void Put(std::u16string_view path, std::string_view bytes);
     void Remove(std::u16string_view path);
     void PutFolder(std::u16string_view path);
-    /// With its files. Until the folder is made again no file can be created in it.
+    /// Removes its files as well. No file can be created in the folder until it exists again.
     void RemoveFolder(std::u16string_view path);
     [[nodiscard]] bool FolderExists(std::u16string_view path) const;
     [[nodiscard]] std::size_t FileCount() const { return files_.size(); }
-    /// The paths of all files whose name ends so, in the order of their folded paths.
+    /// The paths of all files whose name has that ending, in the order of their folded paths.
     [[nodiscard]] std::vector<std::u16string> PathsEndingIn(std::u16string_view ending) const;
 
     /// Every creation of a file or folder fails, as on a full disk.
     void FailWrites(bool fail) { failWrites_ = fail; }
-    /// How many bytes all files together may have; nothing for no limit.
+    /// How many bytes all files together may have; nothing means no limit.
     void SetCapacity(std::optional<std::size_t> bytes) { capacity_ = bytes; }
-    /// Everything fails on that path, as when another program has it open.
+    /// Every operation on that path fails, as when another program has the file open.
     void FailPath(std::u16string_view path, FileError error = FileError::InUse);
     void HealPath(std::u16string_view path);
     /// The next `calls` calls that change the disk succeed; those after them fail.
     void FailAfter(int calls);
-    /// The same, but the first call that fails stops halfway: a file that is being made keeps half of its bytes.
+    /// The same, but the first call that fails stops halfway: a file that is being created keeps half of its bytes.
     void CutPowerAfter(int calls);
-    /// The machine is back: nothing fails any more.
+    /// The power is back: nothing fails any more.
     void Revive();
     /// How many calls have changed the disk, or tried to, since the last FailAfter, CutPowerAfter or Revive.
     [[nodiscard]] int ChangingCalls() const { return calls_; }
@@ -69,7 +69,7 @@ class FakeFileStore : public FileStore {
     };
     class Held;
 
-    /// Counts and logs a call; an error when it is to fail.
+    /// Counts and logs a call; returns an error if the call is to fail.
     [[nodiscard]] FileError Begin(std::u16string_view call, std::u16string_view path);
     [[nodiscard]] FileError ErrorAt(const std::u16string& key) const;
     [[nodiscard]] bool FitsOnDisk(std::size_t bytes) const;
@@ -87,7 +87,7 @@ class FakeFileStore : public FileStore {
     int calls_ = 0;
     int temporaryNames_ = 0;
     bool failWrites_ = false;
-    bool powerCut_ = false;  ///< the failing call that comes is one in whose middle the power goes
+    bool powerCut_ = false;  ///< the next call to fail is the one during which the power fails
 };
 
 }  // namespace quillo

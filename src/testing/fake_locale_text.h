@@ -9,8 +9,8 @@
 
 namespace quillo {
 
-/// The text of a user in the United States whose code page is Windows-1252; the decimal sign and the order of a date
-/// that is read can be changed.
+/// The locale of a user in the United States whose code page is Windows-1252. A test can change the decimal sign and
+/// the order in which dates are read.
 class FakeLocaleText : public LocaleText {
   public:
     [[nodiscard]] std::optional<std::string> ToNarrow(std::u16string_view text) override;
@@ -31,7 +31,7 @@ class FakeLocaleText : public LocaleText {
     bool narrowWorks = true;  ///< false: the system refuses every conversion to narrow text
     std::u16string decimalSeparator = u".";
     FakeDateOrder dateOrder = FakeDateOrder::MonthDayYear;
-    int currentYear = 2026;  ///< of a date that is read and has none
+    int currentYear = 2026;  ///< for dates without a year
 };
 
 }  // namespace quillo

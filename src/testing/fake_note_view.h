@@ -9,8 +9,8 @@
 
 namespace quillo {
 
-/// A note's window without a window: it behaves at 96 dpi on one screen of 1920 by 1040 pixels and remembers what was
-/// done to it, in order.
+/// A NoteView without a window: it behaves like one at 96 dpi on a screen of 1920 by 1040 pixels and records the calls,
+/// in order.
 class FakeNoteView : public NoteView {
   public:
     [[nodiscard]] std::u16string Text() const override { return text_; }
@@ -41,7 +41,7 @@ class FakeNoteView : public NoteView {
     void ShowSaveProblem(std::u16string_view reason) override { saveProblem_ = reason; }
     void Close() override;
 
-    /// "Show", "SetOpacity 192", "BringToFront pinned" ... since the last call of this.
+    /// "Show", "SetOpacity 192", "BringToFront pinned" ... since the previous TakeCalls.
     [[nodiscard]] std::vector<std::string> TakeCalls();
     [[nodiscard]] bool IsClosed() const { return closed_; }
     [[nodiscard]] bool IsOnTop() const { return onTop_; }
@@ -50,22 +50,22 @@ class FakeNoteView : public NoteView {
     [[nodiscard]] const std::u16string& IconCaption() const { return caption_; }
     [[nodiscard]] const std::u16string& BalloonText() const { return balloonText_; }
     [[nodiscard]] const std::u16string& BalloonTitle() const { return balloonTitle_; }
-    /// What the reminder dialog was opened with.
+    /// The value that the reminder dialog was opened with.
     [[nodiscard]] DaySerial DialogReminder() const { return dialogReminder_; }
     [[nodiscard]] const std::u16string& AlertText() const { return alertText_; }
     /// "" while the note is saved.
     [[nodiscard]] const std::u16string& SaveProblem() const { return saveProblem_; }
 
-    /// What the colour dialog was opened with.
+    /// The value that the color dialog was opened with.
     [[nodiscard]] bool DialogOwnColors() const { return dialogOwnColors_; }
     [[nodiscard]] const ColorScheme& DialogColors() const { return dialogColors_; }
 
-    bool refuseReminderWindows = false;  ///< the system has no room for another window
+    bool refuseReminderWindows = false;  ///< true if the system cannot create another window
     bool refuseColorDialog = false;
-    bool shellRefusesIcons = false;            ///< as when the task bar is not there yet
-    std::function<void()> whileAlertOpens;     ///< the messages that run then
-    std::u16string copyPath;                   ///< what the user answers when asked for a file
-    std::function<void()> whileCopyPathAsked;  ///< the messages that run then
+    bool shellRefusesIcons = false;            ///< true if there is no task bar yet
+    std::function<void()> whileAlertOpens;     ///< the messages handled meanwhile
+    std::u16string copyPath;                   ///< the user's answer when asked for a file
+    std::function<void()> whileCopyPathAsked;  ///< the messages handled meanwhile
     /// The note as its appearance was last applied.
     [[nodiscard]] const Note& Applied() const { return applied_; }
 

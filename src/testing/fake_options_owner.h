@@ -11,8 +11,7 @@
 
 namespace quillo {
 
-/// A main form that stores shortcuts and remembers what it was asked, in order: "shortcut 1 C:\a.exe", "hotkeys",
-/// "redraw".
+/// A main form that stores shortcuts and records the calls, in order: "shortcut 1 C:\a.exe", "hotkeys", "redraw".
 class FakeOptionsOwner : public OptionsOwner {
   public:
     explicit FakeOptionsOwner(Settings& settings) : settings_(settings) {}
@@ -33,7 +32,7 @@ class FakeOptionsOwner : public OptionsOwner {
 
     std::vector<std::u16string> calls;
     std::array<int, 2> takenHotKeys{};  ///< other programs have them
-    std::function<void()> onHotKeys;    ///< what else happens at that moment
+    std::function<void()> onHotKeys;    ///< called at that moment
     std::function<void()> onRedraw;
 
   private:

@@ -7,7 +7,7 @@
 
 namespace quillo {
 
-/// Gives the queued numbers in order, then one half for ever.
+/// Returns the queued numbers in order, then always one half.
 class FakeRandom : public Random {
   public:
     [[nodiscard]] double Next() override {

@@ -15,7 +15,7 @@ bool SameName(std::u16string_view a, std::u16string_view b) {
                       [](char16_t x, char16_t y) { return Lower(x) == Lower(y); });
 }
 
-/// The first component of a path, which is taken off it together with its backslash.
+/// Removes the first component of a path and its backslash, and returns the component.
 std::u16string_view TakeComponent(std::u16string_view& path) {
     const std::size_t end = path.find(u'\\');
     const std::u16string_view first = path.substr(0, end);

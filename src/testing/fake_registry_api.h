@@ -16,9 +16,9 @@
 
 namespace quillo {
 
-/// A registry in memory. Names are found in any letter case and kept as first written; texts are stored as narrow
-/// text with its terminating null, numbers as four bytes, and each can be read as the other, as the system does.
-/// Keys and values are named in tests by full paths: "HKEY_CURRENT_USER\Software\Marrowind\Quillo".
+/// A registry in memory. Names are found in any letter case and kept as first written. Texts are stored as narrow text
+/// with its terminating null, numbers as four bytes, and each can be read as the other, as in the system's registry.
+/// Tests name keys and values by full paths: "HKEY_CURRENT_USER\Software\Marrowind\Quillo".
 class FakeRegistryApi : public RegistryApi {
   public:
     static constexpr Key kClassesRoot = 0x80000000U;
@@ -27,7 +27,7 @@ class FakeRegistryApi : public RegistryApi {
 
     FakeRegistryApi();
 
-    // The port.
+    // The port's operations.
     [[nodiscard]] Key CreateKey(Key root, std::u16string_view subkey) override;
     void CloseKey(Key key) override;
     [[nodiscard]] std::optional<std::u16string> QueryText(Key key, std::u16string_view name) override;
@@ -40,23 +40,23 @@ class FakeRegistryApi : public RegistryApi {
     [[nodiscard]] std::optional<ValueEntry> EnumerateValue(Key key, std::uint32_t index) override;
     [[nodiscard]] std::optional<std::u16string> EnumerateSubkey(Key key, std::uint32_t index) override;
 
-    // What a test prepares. The key is created where it is missing.
+    // Sets a value for a test and creates the key if it is missing.
     void Put(std::u16string_view path, std::u16string_view name, std::u16string_view text);
     void Put(std::u16string_view path, std::u16string_view name, std::int32_t number);
     void PutKey(std::u16string_view path) { Ensure(path); }
-    /// From now on no key of this root can be opened.
+    /// From now on no key under this root can be opened.
     void Refuse(Key root) { refused_.insert(root); }
-    /// From now on no value with that name or one after it can be enumerated.
+    /// From now on enumeration fails at the value with that name and at those after it.
     void RefuseEnumerationAt(std::u16string_view name) { unreadable_ = name; }
     /// Called before each value that is deleted.
     void OnDelete(std::function<void()> handler) { onDelete_ = std::move(handler); }
 
-    // What a test looks at.
+    // For assertions.
     [[nodiscard]] bool HasKey(std::u16string_view path) const;
     [[nodiscard]] bool HasValue(std::u16string_view path, std::u16string_view name) const;
-    /// The text of a REG_SZ value; nothing for a missing or a numeric one.
+    /// The text of a REG_SZ value; nothing if the value is missing or a number.
     [[nodiscard]] std::optional<std::u16string> Text(std::u16string_view path, std::u16string_view name) const;
-    /// The number of a REG_DWORD value; nothing for a missing or a text one.
+    /// The number of a REG_DWORD value; nothing if the value is missing or a text.
     [[nodiscard]] std::optional<std::int32_t> Number(std::u16string_view path, std::u16string_view name) const;
     [[nodiscard]] std::size_t ValueCount(std::u16string_view path) const;
     [[nodiscard]] std::size_t OpenKeys() const { return open_.size(); }

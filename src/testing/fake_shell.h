@@ -11,7 +11,7 @@ namespace quillo {
 
 class FakeFileStore;
 
-/// A shell with the special folders of a user named Ann. With a disk, its Recycle Bin takes the files away.
+/// A shell with the special folders of a user named Ann. If it has a disk, recycling removes the file from it.
 class FakeShell : public Shell {
   public:
     struct Recycled {
@@ -25,7 +25,7 @@ class FakeShell : public Shell {
     FakeShell();
     explicit FakeShell(FakeFileStore& files);
 
-    // The port.
+    // The port's operations.
     [[nodiscard]] std::u16string FolderPath(SpecialFolder folder) override;
     [[nodiscard]] std::u16string WindowsFolder() override { return windowsFolder; }
     [[nodiscard]] std::u16string SystemFolder() override { return systemFolder; }
@@ -40,7 +40,7 @@ class FakeShell : public Shell {
     /// {00000000-0000-0000-0000-000000000001} and so on.
     [[nodiscard]] std::u16string NewUniqueIdentifier() override;
 
-    /// "" for a folder that does not exist.
+    /// "" means that the folder does not exist.
     void SetFolder(SpecialFolder folder, std::u16string_view path) { folders_[folder] = path; }
     void SetLink(std::u16string_view path, std::u16string_view target);
 
@@ -50,12 +50,12 @@ class FakeShell : public Shell {
     std::u16string currentFolder = u"C:\\Users\\ann";
     std::map<std::u16string, std::u16string, IgnoreCase> linkTargets;
     std::map<std::u16string, std::u16string, IgnoreCase> longNames;  ///< of path parts that have a short name
-    std::vector<std::u16string> opened;                              ///< with its arguments, if any, behind a blank
-    std::vector<std::u16string> started;                             ///< likewise; also what could not be started
+    std::vector<std::u16string> opened;                              ///< with its arguments, if any, after a blank
+    std::vector<std::u16string> started;                             ///< in the same form, also after a failure
     std::vector<Recycled> recycled;
     bool openWorks = true;
     bool startWorks = true;
-    /// What becomes of the files that are recycled.
+    /// The result of recycling a file.
     RecycleResult recycling = RecycleResult::Moved;
 
   private:

@@ -8,7 +8,7 @@
 
 namespace quillo {
 
-/// Plays nothing and remembers what it was asked to.
+/// Plays nothing and records its calls.
 class FakeSoundDevice : public SoundDevice {
   public:
     int SendCommand(std::u16string_view command) override {
@@ -18,7 +18,7 @@ class FakeSoundDevice : public SoundDevice {
     void PlayWave(std::u16string_view path, unsigned /*flags*/) override { waves.emplace_back(path); }
 
     std::vector<std::u16string> commands;
-    std::vector<std::u16string> waves;  ///< empty paths stop what plays
+    std::vector<std::u16string> waves;  ///< an empty path stops the sound that is playing
 };
 
 }  // namespace quillo

@@ -12,7 +12,7 @@
 
 namespace quillo {
 
-/// Timers that fire when the test lets time pass.
+/// Timers that fire when a test advances the time.
 class FakeTimers : public Timers {
   public:
     [[nodiscard]] std::unique_ptr<Timer> Make(std::function<void()> tick) override {
@@ -20,7 +20,7 @@ class FakeTimers : public Timers {
     }
     [[nodiscard]] std::uint64_t Milliseconds() override { return now_; }
 
-    /// Fires what is due, in the order of time.
+    /// Fires the timers that are due, in the order of their times.
     void Pass(std::uint64_t milliseconds) {
         const std::uint64_t end = now_ + milliseconds;
         while (FakeTimer* next = NextBefore(end)) {
@@ -31,7 +31,7 @@ class FakeTimers : public Timers {
         }
         now_ = end;
     }
-    /// Time passes, but no timer gets a turn: the thread is busy.
+    /// Advances the time without firing a timer, as when the thread is busy.
     void PassWithoutTicks(std::uint64_t milliseconds) { now_ += milliseconds; }
     [[nodiscard]] std::size_t Running() const {
         return static_cast<std::size_t>(

@@ -42,7 +42,7 @@ class FakeUserNotice : public UserNotice {
     }
     void Play(SystemSound sound) override { sounds.push_back(sound); }
 
-    /// Forgets what was shown and played; keeps the answer.
+    /// Clears what was shown and played; keeps the answer.
     void Clear() {
         fails.clear();
         informs.clear();
@@ -61,7 +61,7 @@ class FakeUserNotice : public UserNotice {
     std::vector<ShownBalloon> balloons;
     std::vector<SystemSound> sounds;
     bool answer = true;
-    // What happens while the box is open.
+    // Called while the box is open.
     std::function<void()> onAsk;
     std::function<void()> onWarn;
     std::function<void()> onWarnOfChoice;

@@ -7,14 +7,14 @@
 
 namespace quillo {
 
-/// Remembers what was drawn, in order.
+/// Records what was drawn, in order.
 class RecordingCanvas : public Canvas {
   public:
     struct Call {
         enum class Kind { Fill, Box, Line, Text, Gradient } kind = Kind::Fill;
         Rect area;  ///< of a fill, a box or a gradient
         Point from;
-        Point to;      ///< of a line; of a text only `from` counts
+        Point to;      ///< of a line; a text uses only `from`
         int size = 0;  ///< thickness, or points
         std::u16string text;
         ColorWord color;

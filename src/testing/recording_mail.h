@@ -9,15 +9,15 @@
 
 namespace quillo {
 
-/// A mail system whose user sends everything. It keeps what was sent and the order of what was asked of it.
+/// A mail system whose user sends every message. It keeps the messages and the order of the calls.
 class RecordingMail : public MailSystem {
   public:
     [[nodiscard]] std::unique_ptr<MailSession> NewSession() override;
 
     bool isMissing = false;
     MailSignOn signsOn = MailSignOn::Done;
-    std::function<void(const MailMessage&)> whileSending;  ///< what happens while the message window is open
-    std::function<void()> whileSigningOff;                 ///< what happens while the session ends
+    std::function<void(const MailMessage&)> whileSending;  ///< called while the message window is open
+    std::function<void()> whileSigningOff;                 ///< called while the session ends
     std::vector<MailMessage> sent;
     std::vector<std::string> calls;  ///< "sign on", "send", "sign off", "close"
 };

@@ -8,7 +8,7 @@
 
 namespace quillo {
 
-/// Remembers which notes cannot be saved at the moment, and every error that it was told.
+/// Records which notes cannot be saved at the moment, and every reported error.
 class RecordingSaveFailures : public SaveFailureListener {
   public:
     void NoteCannotBeSaved(const std::u16string& noteKey, FileError error) override {

@@ -2,7 +2,7 @@
 
 namespace quillo {
 
-/// Set while at least one scope of it stands: dialogs stand one above the other.
+/// True while at least one Scope is alive; dialogs can nest.
 class BusyFlag {
   public:
     BusyFlag() = default;

@@ -35,7 +35,7 @@ std::size_t FindInBlocks(std::string_view bytes, char wanted, std::size_t& i) {
     while (bytes.size() - i >= kBlock) {
         if (const unsigned mask = matchAt(i)) return i + static_cast<std::size_t>(std::countr_zero(mask));
         i += kBlock;
-        // Far from a match four blocks at a time, limited by memory alone.
+        // Far from a match, four blocks at a time: memory bandwidth is then the only limit.
         for (; bytes.size() - i >= kStride; i += kStride) {
             const char* const at = data + i;
             const __m128i first = _mm_or_si128(EqualBytes(at, pattern), EqualBytes(at + kBlock, pattern));

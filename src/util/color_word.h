@@ -4,8 +4,8 @@
 
 namespace quillo {
 
-/// A colour: 0x00BBGGRR, or, with the high bit set, a reference to a system colour (its index in the low byte)
-/// that is resolved only when drawing. Files and the registry hold it as a signed decimal number.
+/// A color: 0x00BBGGRR, or, with the high bit set, a reference to a system color (its index in the low byte) that is
+/// resolved only when drawing. Files and the registry hold it as a signed decimal number.
 struct ColorWord {
     std::uint32_t value = 0;
 

@@ -5,7 +5,7 @@
 namespace quillo {
 namespace {
 
-/// Far beyond any screen; keeps the sizes of a damaged drawing from being believed.
+/// Far larger than any screen; guards against the sizes in a damaged drawing.
 constexpr int kLargestEdge = 8192;
 constexpr std::size_t kHeadBytes = 6;
 

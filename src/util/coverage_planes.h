@@ -9,7 +9,7 @@
 
 namespace quillo {
 
-/// How much of each pixel something covers, 0 to 255, row by row from the top.
+/// How much of each pixel is covered, 0 to 255, row by row from the top.
 using CoveragePlane = std::vector<std::uint8_t>;
 
 /// Planes of one size.
@@ -19,10 +19,10 @@ struct CoveragePlanes {
 };
 
 /// Reads rendered planes: width, height and their number, 16 bits each with the low byte first, then the deflated bytes
-/// of all planes. An empty answer for bytes that are damaged or that hold another number of planes than `count`.
+/// of all planes. Returns no planes if the bytes are damaged or hold a number of planes other than `count`.
 [[nodiscard]] CoveragePlanes ReadPlanes(std::span<const std::uint8_t> bytes, std::size_t count);
 
-/// A plane at another size; each pixel takes the mean of what it covers. Neither size is empty.
+/// A plane at another size; each pixel is the mean of the area that it covers. Neither size is empty.
 [[nodiscard]] CoveragePlane ResizePlane(std::span<const std::uint8_t> plane, Size from, Size to);
 
 }  // namespace quillo

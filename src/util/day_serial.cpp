@@ -30,7 +30,7 @@ WholeTime Split(DaySerial serial) {
     return split;
 }
 
-// Days since 1 January 1970 of a date whose month is 1 to 12; the year is counted from March.
+// The days from 1 January 1970 to a date whose month is 1 to 12; the year is counted from March.
 std::int64_t DaysFromCivil(std::int64_t year, int month, std::int64_t day) {
     year -= month <= 2 ? 1 : 0;
     const std::int64_t era = (year >= 0 ? year : year - 399) / 400;

@@ -5,14 +5,14 @@
 
 namespace quillo {
 
-/// A local date and time as days since 30 December 1899; the fraction is the time of day. Before that day the
-/// whole part counts backwards and the fraction still forwards, as automation dates do (-1.25 is the 29th, 06:00).
+/// A local date and time as days since 30 December 1899; the fraction is the time of day. Before that day the whole
+/// part counts backward and the fraction still counts forward, as in automation dates (-1.25 is the 29th, 06:00).
 struct DaySerial {
     double days = 0;
     friend constexpr auto operator<=>(DaySerial, DaySerial) = default;
 };
 
-/// Passed to the reminder dialog it says that the note has no reminder (6 December 1981, midnight).
+/// The reminder dialog takes this value for a note without a reminder (6 December 1981, midnight).
 inline constexpr DaySerial kNoReminder{29926};
 
 /// A date and time of day in the proleptic Gregorian calendar. Seconds are whole.
@@ -26,8 +26,8 @@ struct CivilTime {
     friend constexpr bool operator==(const CivilTime&, const CivilTime&) = default;
 };
 
-/// The calendar fields of a serial, rounded to the nearest second. Years 100 to 9999; a serial outside gives the
-/// nearest end of that range.
+/// The calendar fields of a serial, rounded to the nearest second. Years 100 to 9999; a serial outside this range gives
+/// its nearest end.
 [[nodiscard]] CivilTime ToCivilTime(DaySerial serial);
 /// The serial of a date and time. Days beyond a month's end run on into the next month.
 [[nodiscard]] DaySerial ToDaySerial(const CivilTime& time);

@@ -2,7 +2,7 @@
 
 namespace quillo {
 
-/// A flag that stands for the length of a scope.
+/// Sets a flag for the duration of a scope.
 class FlagScope {
   public:
     explicit FlagScope(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }

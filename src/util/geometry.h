@@ -16,7 +16,7 @@ struct Size {
     friend constexpr bool operator==(Size, Size) = default;
 };
 
-/// A rectangle in device pixels; Right() and Bottom() lie just outside it.
+/// A rectangle in device pixels; Right() and Bottom() are one past its last pixel.
 struct Rect {
     int left = 0;
     int top = 0;

@@ -2,7 +2,7 @@
 
 namespace quillo {
 
-/// Says at the call that a failure is passed over by design; `reason` is for the reader.
+/// Ignores a result on purpose; `reason` tells the reader why.
 template <typename T>
 constexpr void Ignore(const T& /*result*/, const char* /*reason*/) {}
 

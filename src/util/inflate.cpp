@@ -13,7 +13,7 @@ constexpr int kLiterals = 288;
 constexpr int kDistances = 30;
 constexpr int kEndOfBlock = 256;
 
-/// Bits from the lowest of each byte up; `Good` turns false where they end too soon.
+/// Reads bits, the lowest of each byte first. `Good` is false once the bits have run out.
 class BitSource {
   public:
     explicit BitSource(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
@@ -33,7 +33,7 @@ class BitSource {
         held_ -= count;
         return static_cast<int>(taken);
     }
-    /// Never more than the rest of one byte is held.
+    /// At most the rest of one byte is buffered.
     void SkipToByte() {
         bits_ = 0;
         held_ = 0;
@@ -57,7 +57,7 @@ class Output {
         plain_[at_++] = static_cast<std::uint8_t>(value);
         return true;
     }
-    /// Repeats what came `distance` bytes ago; the two may overlap.
+    /// Repeats the bytes from `distance` bytes ago; source and target may overlap.
     [[nodiscard]] bool Repeat(std::size_t distance, std::size_t length) {
         if (distance > at_ || length > plain_.size() - at_) return false;
         for (; length > 0; --length, ++at_) plain_[at_] = plain_[at_ - distance];
@@ -70,10 +70,10 @@ class Output {
     std::size_t at_ = 0;
 };
 
-/// A canonical prefix code: shorter codes come first, those of one length in the order of their symbols.
+/// A canonical prefix code: shorter codes come first, and codes of equal length follow the order of their symbols.
 class PrefixCode {
   public:
-    /// `lengths` in bits by symbol, at most kLiterals; 0 for a symbol that does not occur.
+    /// `lengths` holds the length in bits of each symbol's code, for at most kLiterals symbols; 0 for an unused symbol.
     explicit PrefixCode(std::span<const std::uint8_t> lengths) {
         for (const std::uint8_t length : lengths) ++counts_[length];
         counts_[0] = 0;
@@ -91,10 +91,10 @@ class PrefixCode {
         good_ = true;
     }
 
-    /// False for more codes than there is room for.
+    /// False if there are more codes than the lengths allow.
     [[nodiscard]] bool Good() const { return good_; }
 
-    /// The next symbol; kNone where the bits end or are no code.
+    /// The next symbol; kNone if the bits run out or are not a code.
     [[nodiscard]] int Read(BitSource& source) const {
         int code = 0;
         int first = 0;
@@ -170,7 +170,7 @@ bool ReadFixed(BitSource& source, Output& output) {
     return ReadCoded(source, output, PrefixCode(lengths), PrefixCode(distances));
 }
 
-/// Lengths of codes, themselves coded: 16 repeats the last, 17 and 18 stand for rows of symbols that do not occur.
+/// Reads code lengths, which are coded themselves: 16 repeats the last one, 17 and 18 mean runs of unused symbols.
 bool ReadLengths(BitSource& source, const PrefixCode& code, std::span<std::uint8_t> lengths) {
     std::size_t at = 0;
     while (at < lengths.size()) {

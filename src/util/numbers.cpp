@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-// The C library's conversions: those of <charconv> would weigh a quarter of the program. A shell extension or a printer
-// driver in the process may change the C library's locale, and with it the decimal sign that the conversions use.
+// The conversions of the C library: those of <charconv> would add a quarter to the program's size. A shell extension or
+// a printer driver in the process may change the C library's locale, and with it the decimal sign of these conversions.
 namespace quillo {
 namespace {
 
@@ -19,7 +19,7 @@ std::u16string Widen(const char* first, const char* last) {
     return std::u16string(first, last);
 }
 
-/// The digits with "." for the decimal sign of the C library's locale.
+/// The digits with "." instead of the decimal sign of the C library's locale.
 std::string WithPeriod(std::string_view digits) {
     const std::string_view sign = std::localeconv()->decimal_point;
     std::string text(digits);

@@ -16,12 +16,12 @@ namespace quillo {
 
 [[nodiscard]] std::u16string FormatInteger(std::int64_t value);
 
-/// The number at the start of the text, with "." before the fraction and perhaps an exponent; it ends at the first
-/// character that cannot belong to it, a blank included. Leading blanks are passed over. No digits give 0; infinity
-/// for a number too large.
+/// The number at the start of the text, with "." before the fraction and an optional exponent; it ends at the first
+/// character that cannot belong to it, a blank included. Leading blanks are skipped. 0 if there are no digits; infinity
+/// if the number is too large.
 [[nodiscard]] double ParseLeadingNumber(std::u16string_view text);
 
-/// The nearest whole number, the even one of two; nothing outside 32 bits and for no number at all.
+/// The nearest whole number, on a tie the even one; nothing if it does not fit in 32 bits or is not a number.
 [[nodiscard]] std::optional<std::int32_t> RoundHalfEven(double value);
 
 }  // namespace quillo

@@ -4,17 +4,17 @@
 
 namespace quillo {
 
-/// The shortest way into `area`, size unchanged; what is larger than the area has its top left corner there.
+/// Moves the window into `area` by the shortest way, size unchanged; a larger window gets the area's top left corner.
 [[nodiscard]] Rect KeepInside(Rect window, const Rect& area);
 
-/// Over the middle of `owner`, inside `area`.
+/// Centered over `owner`, inside `area`.
 [[nodiscard]] Rect PlaceOver(const Rect& owner, Size size, const Rect& area);
 
-/// Beside `owner` so that neither covers the other: right of it, level with its top, where there is room, else left,
-/// below or above, and over its middle where there is room nowhere. Inside `area`; `gap` is what lies between the two.
+/// Beside `owner` without an overlap: to the right and level with its top if there is space, else to the left, below or
+/// above; centered over it if nothing else fits. Always inside `area`. `gap` is the distance between the two.
 [[nodiscard]] Rect PlaceBeside(const Rect& owner, Size size, const Rect& area, int gap);
 
-/// A resolution, lower than `dpi`, at which a window that is `window` large at `dpi` comes nearer to fitting `area`.
+/// A resolution lower than `dpi` at which a window of the size `window` at `dpi` comes closer to fitting in `area`.
 [[nodiscard]] int FittingDpi(int dpi, Size window, Size area);
 
 }  // namespace quillo

@@ -97,7 +97,7 @@ CStringBuilder& CStringBuilder::Remove(std::int32_t index, std::int32_t count) {
     return *this;
 }
 
-// Writes the text from `at` on, as far as the buffer reaches.
+// Writes the text from `at` on, up to the end of the buffer.
 void CStringBuilder::Overwrite(std::size_t at, std::u16string_view text) {
     const std::size_t end = Units(capacity_);
     if (at >= end) return;

@@ -5,7 +5,7 @@
 
 namespace quillo {
 
-/// Without the blanks (U+0020 only: no tab, no line break) at both ends.
+/// The text without leading and trailing blanks (U+0020 only: no tab, no line break).
 [[nodiscard]] std::u16string_view Trim(std::u16string_view text);
 
 [[nodiscard]] constexpr char AsciiLower(char c) {
@@ -15,10 +15,10 @@ namespace quillo {
     return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c;
 }
 
-/// True when no byte is beyond 127.
+/// True if no byte is above 127.
 [[nodiscard]] bool IsAscii(std::string_view bytes);
 
-// These compare A to Z with a to z; every other character stands for itself.
+// These treat A to Z and a to z as equal; every other character equals only itself.
 [[nodiscard]] bool EqualsIgnoringAsciiCase(std::u16string_view a, std::u16string_view b);
 [[nodiscard]] bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view b);
 [[nodiscard]] bool StartsWithIgnoringAsciiCase(std::u16string_view text, std::u16string_view prefix);

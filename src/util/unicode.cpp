@@ -38,8 +38,8 @@ void AppendUtf16(char32_t code, std::u16string& text) {
     text.push_back(static_cast<char16_t>(0xDC00 + (code & 0x3FF)));
 }
 
-/// One lead byte's meaning: the length of its sequence in bytes (0 for no lead byte), the bits of the code point in
-/// it, and the least code point that needs so many bytes.
+/// What a lead byte means: the length of its sequence in bytes (0 if it is not a lead byte), its bits of the code
+/// point, and the smallest code point that needs that many bytes.
 struct Lead {
     std::size_t length;
     char32_t bits;
@@ -54,7 +54,7 @@ Lead ReadLead(unsigned char byte) {
     return {0, 0, 0};
 }
 
-/// The code point at the start of the bytes, whose length goes to `length`; nothing for a malformed sequence.
+/// The code point at the start of the bytes; nothing for a malformed sequence. `length` receives the sequence's length.
 std::optional<char32_t> ReadCodePoint(std::string_view bytes, std::size_t& length) {
     const Lead lead = ReadLead(static_cast<unsigned char>(bytes.front()));
     if (lead.length == 0 || bytes.size() < lead.length) return std::nullopt;

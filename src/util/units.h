@@ -6,7 +6,7 @@ namespace quillo {
 
 /// Twips in an inch; note files hold rectangles in twips.
 inline constexpr int kTwipsPerInch = 1440;
-/// The resolution at which every pixel figure of the design is literal.
+/// The resolution at which the design's pixel figures apply unchanged.
 inline constexpr int kDesignDpi = 96;
 
 /// A length on the screen in device pixels.
@@ -21,8 +21,8 @@ struct Twips {
     friend constexpr bool operator==(Twips, Twips) = default;
 };
 
-/// Turns design pixels (at 96 dpi) and twips into device pixels and back, for one resolution.
-/// Lengths of different units are different types, so that they cannot be added by mistake.
+/// Turns design pixels (at 96 dpi) and twips into device pixels and back, for one resolution. Lengths of different
+/// units are different types, so that they cannot be added by mistake.
 class Scale {
   public:
     constexpr Scale() = default;
@@ -42,8 +42,8 @@ class Scale {
         if (!(pixels > -kLimit)) return Pixels{static_cast<int>(-kLimit)};
         return Pixels{static_cast<int>(pixels < kLimit ? pixels : kLimit)};
     }
-    /// Rounded to whole twips: a fraction would be written with the locale's decimal separator,
-    /// which in many locales is the comma that separates the numbers of a note's position.
+    /// Rounded to whole twips: a fraction would be written with the locale's decimal separator, which in many locales
+    /// is the comma that separates the numbers of a note's position.
     [[nodiscard]] Twips ToTwips(Pixels pixels) const {
         return Twips{static_cast<float>(std::nearbyint(static_cast<double>(pixels.value) * kTwipsPerInch / dpi_))};
     }
