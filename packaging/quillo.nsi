@@ -32,7 +32,7 @@ CRCCheck on
 !include files.nsh
 !include settings.nsh
 
-; ---- Exit codes, which docs/releasing.md and the help list. 1 is the compiler's own: cancelled by the user.
+; ---- Exit codes, which docs/releasing.md and the help list. 1 is the compiler's own: canceled by the user.
 !define EXIT_IN_USE 2      ; Quillo stayed open, or a file is held: nothing was changed
 !define EXIT_NEWER 3       ; a newer version is installed
 !define EXIT_NO_ROOM 4     ; the disk is full: nothing was changed

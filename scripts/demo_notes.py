@@ -11,7 +11,7 @@ import sys
 
 TWIPS_PER_PIXEL = 15  # at 96 dpi
 
-# Note, border and text colour as 0xRRGGBB; the palette that the program itself offers.
+# Note, border and text color as 0xRRGGBB; the palette that the program itself offers.
 LEMON = (0xFFFDD0, 0xFECF38, 0x000000)
 SKY = (0xE0EEF4, 0x7BA9D3, 0x000000)
 MINT = (0xE9FDEC, 0x72AE7F, 0x000000)
@@ -88,7 +88,7 @@ def samples():
             (824, 334, 240, 178), NIGHT_GREEN)),
         ("Night train", note_bytes("Coach 21\nBerth 64", (1088, 334, 144, 178), NIGHT_YELLOW, large=True)),
         ("Thanks", note_bytes(
-            "Thank-you cards: Ines, Pál, the neighbours (they fed the cat), and the library desk.",
+            "Thank-you cards: Ines, Pál, the neighbors (they fed the cat), and the library desk.",
             (48, 490, 216, 130), LILAC)),
         ("Quote", note_bytes(
             "Short notes make long friendships.", (288, 536, 212, 84), LEMON)),

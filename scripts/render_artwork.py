@@ -44,11 +44,11 @@ PLATE_STRENGTHS = (0.0, 0.14, 0.26)  # the columns: normal, hot, pressed
 GLYPHS = ("alert-bell.svg", "note-close.svg", "option-browse.svg", "option-play.svg")
 GLYPH_SIZES = (20, 25, 30, 35, 40)  # at 100 to 200 percent
 
-# The main menu: planes of coverage, which the program colours.
+# The main menu: planes of coverage, which the program colors.
 MENU = "menu.svg"
 MENU_SIZE = (300, 180)  # pixels at 96 dpi
 MENU_SCALES = (100, 125, 150, 175, 200)
-# Groups of the drawing in the order in which they are laid over each other, with their colours in the normal face.
+# Groups of the drawing in the order in which they are laid over each other, with their colors in the normal face.
 MENU_PLANES = {
     "panel": (0xFF, 0xFD, 0xD0),
     "tile": None,  # only in the highlighted face
@@ -195,7 +195,7 @@ def plane_of(image, channel=3):
 
 
 def icon_bitmap(image):
-    """An icon entry: the colours, then the mask that is 1 where nothing is drawn; the header counts both."""
+    """An icon entry: the colors, then the mask that is 1 where nothing is drawn; the header counts both."""
     bits = bgra_bottom_up(image)
     mask = bytearray()
     stride = (image.width + 31) // 32 * 4
@@ -265,7 +265,7 @@ class Artwork:
         return [self.render(name, size) for size, name in (sources or ICON_SOURCES).items()]
 
     def strip(self, scale):
-        """Coverages, not colours: A is the glyph's, R the plate's; the program tints both for each note."""
+        """Coverages, not colors: A is the glyph's, R the plate's; the program tints both for each note."""
         frame = FRAME * scale // 100
         plate = self.render(PLATE, frame)
         strip = Image(frame * len(PLATE_STRENGTHS), frame * len(BUTTON_ROWS))
@@ -284,7 +284,7 @@ def mix(under, over, coverage):
 
 
 def enlarge(sheet, left, top, image, zoom, shade):
-    """Draws `image` at `zoom` times its size; `shade` turns a pixel into a colour."""
+    """Draws `image` at `zoom` times its size; `shade` turns a pixel into a color."""
     for y in range(image.height):
         for x in range(image.width):
             at = 4 * (y * image.width + x)
@@ -357,7 +357,7 @@ def menu_face(planes):
 
 
 def menu_sheet(menus):
-    """The menu at every scale, one below the other on a desktop's colour; the smallest once more, magnified."""
+    """The menu at every scale, one below the other on a desktop's color; the smallest once more, magnified."""
     faces = [menu_face(planes) for planes in menus.values()]
     zoom = 3
     height = sum(face.height + GAP for face in faces) + faces[0].height * zoom + 2 * GAP

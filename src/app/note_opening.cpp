@@ -96,7 +96,7 @@ OpenNote* NoteOpening::CreateNote(const NoteFile& content, std::u16string_view o
         note.DestroyNote();  // kept, it would be saved without the rest of its text
         return nullptr;
     }
-    // Whether the tags put the note on the screen, in its colours, or said that it stays off it.
+    // Whether the tags put the note on the screen, in its colors, or said that it stays off it.
     const bool settled = content.hasTags && note.SetupNoteFromTags(content, openedPath);
     if (!content.hasTags && program_.settings.randomNoteColor) {
         const ColorScheme& scheme = RandomScheme(random_);

@@ -56,13 +56,13 @@ class OpenNotes : public NoteOwner {
     std::vector<Entry> removed_;
 };
 
-/// Gives every open note its colours, font, scroll bar and drop target anew.
+/// Gives every open note its colors, font, scroll bar and drop target anew.
 void ApplySettingsToAllNotes(OpenNotes& notes);
 /// A tick of the main timer for every open note; what goes wrong with one does not keep the others from theirs.
 void BroadcastTimer(OpenNotes& notes);
 /// Brings every open note into view; the last of the collection ends in front.
 void SurfaceAllNotes(OpenNotes& notes);
-/// For a task bar that was made anew: the icons of minimised notes come back.
+/// For a task bar that was made anew: the icons of minimized notes come back.
 void RecreateNoteIcons(OpenNotes& notes);
 /// Every open note that has changed writes its storage copy.
 void PersistAllNotes(OpenNotes& notes);

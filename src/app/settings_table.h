@@ -36,7 +36,7 @@ struct NumberSetting {
     int most;
 };
 
-/// A colour word; the default only for a value that is not there, so that black, 0, stays black.
+/// A color word; the default only for a value that is not there, so that black, 0, stays black.
 struct ColorSetting {
     ColorWord& (*member)(Settings&);
     ColorWord defaultColor;

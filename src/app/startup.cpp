@@ -24,7 +24,7 @@ namespace quillo {
 
 namespace {
 
-// The colours of the first run, which are not those of the settings.
+// The colors of the first run, which are not those of the settings.
 constexpr ColorWord kFirstNoteColor{0xC0FFFF};
 constexpr ColorWord kFirstBorderColor{0xC0FF};
 constexpr ColorWord kFirstTextColor{0};

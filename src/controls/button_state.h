@@ -20,7 +20,7 @@ struct ButtonResponse {
     enum class Event { None, Click, ShiftClick, MouseDown } event = Event::None;
 };
 
-/// The flat button's behaviour, free of any window. Coordinates are pixels inside the button.
+/// The flat button's behavior, free of any window. Coordinates are pixels inside the button.
 class ButtonState {
   public:
     void Resize(Size size) { size_ = size; }

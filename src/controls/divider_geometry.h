@@ -18,7 +18,7 @@ struct DividerGeometry {
 /// A control that is taller than wide is vertical. `caption` is the room that its text takes; no width, no caption.
 [[nodiscard]] DividerGeometry LayOutDivider(Size control, Size caption, const Scale& scale);
 
-/// Draws the groove in the system's colours.
+/// Draws the groove in the system's colors.
 void PaintDivider(Canvas& canvas, const DividerGeometry& geometry);
 
 }  // namespace quillo

@@ -30,7 +30,7 @@ class NoteButton : public Window, private AccessibleSource {
     static void EndHover();
     /// Draws the button at rest on its note: before it has a window of its own nobody can tell the difference.
     void PaintAtRest(HDC dc, const Rect& place);
-    /// The bar behind the button and the colour of its glyph.
+    /// The bar behind the button and the color of its glyph.
     void SetTint(const ButtonTint& tint, const Scale& scale);
 
     // Raised to the note; a handler may end the note.

@@ -13,8 +13,8 @@ namespace quillo {
 /// The rows of the button image strip.
 enum class ButtonPicture : int { Close = 0, Pushpin = 1, PushpinPressed = 2, Menu = 3, Warning = 4 };
 
-/// What the strip's images are drawn on and in: the vertical gradient of the bar behind them and the glyphs' colour.
-/// Plain RGB colours.
+/// What the strip's images are drawn on and in: the vertical gradient of the bar behind them and the glyphs' color.
+/// Plain RGB colors.
 struct ButtonTint {
     ColorWord top;
     ColorWord bottom;

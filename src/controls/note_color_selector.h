@@ -9,7 +9,7 @@
 
 namespace quillo {
 
-/// A strip of colour schemes to pick one from, with the mouse or with the arrow keys and Space or Enter. It always has
+/// A strip of color schemes to pick one from, with the mouse or with the arrow keys and Space or Enter. It always has
 /// the size of its strip, and keeps no picked scheme: whoever holds it remembers what was delivered.
 class NoteColorSelector : public Window, private AccessibleSource {
   public:

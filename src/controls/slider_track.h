@@ -25,7 +25,7 @@ struct SliderProperties {
 /// Where a key moves the value.
 enum class SliderKey { Less, More, PageLess, PageMore, ToMin, ToMax };
 
-/// The level bar's behaviour and picture, free of any window. Coordinates are pixels inside the control.
+/// The level bar's behavior and picture, free of any window. Coordinates are pixels inside the control.
 class SliderTrack {
   public:
     [[nodiscard]] std::int32_t Value() const { return properties_.value; }

@@ -8,7 +8,7 @@ namespace quillo {
 
 class Random;
 
-/// Three colours that belong together.
+/// Three colors that belong together.
 struct ColorScheme {
     ColorWord note;
     ColorWord border;

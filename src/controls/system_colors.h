@@ -4,12 +4,12 @@
 
 namespace quillo {
 
-/// A reference to one of the system's colours by its index.
+/// A reference to one of the system's colors by its index.
 [[nodiscard]] constexpr ColorWord SystemColor(std::uint32_t index) {
     return ColorWord{0x80000000U | index};
 }
 
-// The system's colours that the controls are drawn in.
+// The system's colors that the controls are drawn in.
 inline constexpr ColorWord kSystemWindow = SystemColor(5);
 inline constexpr ColorWord kSystemWindowText = SystemColor(8);
 inline constexpr ColorWord kSystemHighlight = SystemColor(13);

@@ -99,7 +99,7 @@ void TabStrip::PaintFace(Canvas& canvas, const TabProperties& properties, const 
     const Rect outer = layout_.Face(current_, top);
     if (outer.width <= 0) return;
     const int line = scale.Px(1);
-    // The face is open towards the page: it covers the line under it.
+    // The face is open toward the page: it covers the line under it.
     const Rect page = layout_.PageLine(top);
     Rect face{outer.left, top ? page.top : outer.top, outer.width, outer.height + page.height};
     canvas.Fill(face, properties.tabColor);

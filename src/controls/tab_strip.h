@@ -28,7 +28,7 @@ struct TabProperties {
 };
 
 /// What a strip has that was placed anew. intended: it differs from a form's strip in its tabs, so that there is
-/// something to see, and in the colour of its captions.
+/// something to see, and in the color of its captions.
 [[nodiscard]] TabProperties FreshTabProperties();
 
 /// What the owner of the strip is to do after an event, in this order.
@@ -42,7 +42,7 @@ struct TabResponse {
 /// Where a key moves the current tab.
 enum class TabKey { Previous, Next, First, Last };
 
-/// The tab strip's behaviour and picture, free of any window. Tabs are numbered from 1; 0 is none.
+/// The tab strip's behavior and picture, free of any window. Tabs are numbered from 1; 0 is none.
 class TabStrip {
   public:
     /// A layout of other tabs leaves no tab hot, and keeps the current one where there still is one of its number.

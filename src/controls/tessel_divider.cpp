@@ -92,7 +92,7 @@ void TesselDivider::OnPaint() {
 }
 
 void TesselDivider::PaintGround(HDC dc, const RECT& area) const {
-    // The form's own ground, and its colour for texts on it.
+    // The form's own ground, and its color for texts on it.
     const LRESULT brush = SendMessageW(GetParent(Handle()), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
                                        reinterpret_cast<LPARAM>(Handle()));
     FillRect(dc, &area, brush != 0 ? reinterpret_cast<HBRUSH>(brush) : GetSysColorBrush(COLOR_BTNFACE));

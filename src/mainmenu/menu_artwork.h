@@ -6,7 +6,7 @@
 
 namespace quillo {
 
-/// The main menu's pictures for any resolution, in its own colours or, in high contrast, in the user's. Cheap to have:
+/// The main menu's pictures for any resolution, in its own colors or, in high contrast, in the user's. Cheap to have:
 /// the drawing is loaded with the first picture that is asked for.
 class MenuArtwork {
   public:

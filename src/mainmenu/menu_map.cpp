@@ -40,9 +40,9 @@ std::optional<int> Distance(MenuItem from, MenuItem to, MenuMove move) {
     const Point a = MiddleOf(from);
     const Point b = MiddleOf(to);
     const bool sideways = move == MenuMove::Left || move == MenuMove::Right;
-    const bool backwards = move == MenuMove::Left || move == MenuMove::Up;
+    const bool backward = move == MenuMove::Left || move == MenuMove::Up;
     const int along = sideways ? b.x - a.x : b.y - a.y;
-    const int ahead = backwards ? -along : along;
+    const int ahead = backward ? -along : along;
     const int aside = std::abs(sideways ? b.y - a.y : b.x - a.x);
     if (ahead <= 0) return std::nullopt;
     const Rect start = HighlightRect(from);

@@ -15,7 +15,7 @@ class MenuPicture {
   public:
     /// Whether there is a picture for that resolution; false after DropPicture.
     [[nodiscard]] bool IsDrawn(const Scale& scale) const { return mainPic_ && scale_.Dpi() == scale.Dpi(); }
-    /// A shortcut has changed, or the colours of the system.
+    /// A shortcut has changed, or the colors of the system.
     void DropPicture() { mainPic_.Reset(); }
     /// Draws everything again, with those icons of the shortcuts that are known by now.
     void Draw(const Scale& scale, const Settings& settings, int shellIconSize, const MenuIcons& icons);

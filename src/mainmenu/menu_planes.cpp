@@ -98,7 +98,7 @@ MenuColors ColorsOf(MenuFace face) {
 }
 
 MenuColors ColorsOf(MenuFace face, const ContrastColors& contrast) {
-    // Only what carries meaning, whole, in the user's colours.
+    // Only what carries meaning, whole, in the user's colors.
     MenuColors colors;
     colors.surface = contrast.window;
     for (MenuColors::Tint& tint : colors.tints) tint = {contrast.window, 0};

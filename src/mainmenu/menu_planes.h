@@ -49,7 +49,7 @@ struct MenuPlanes {
 /// The drawing at another size; each pixel takes the mean of what it covers.
 [[nodiscard]] MenuPlanes Resize(const MenuPlanes& source, Size size);
 
-/// The colours of one face. Plain RGB.
+/// The colors of one face. Plain RGB.
 struct MenuColors {
     ColorWord surface;
     /// By plane. What a face does not show has a strength of 0.
@@ -62,7 +62,7 @@ struct MenuColors {
 
 enum class MenuFace { Normal, Highlighted, Disabled };
 
-/// The colours that the user has chosen for all programs, for high contrast. Plain RGB.
+/// The colors that the user has chosen for all programs, for high contrast. Plain RGB.
 struct ContrastColors {
     ColorWord window;
     ColorWord text;
@@ -71,7 +71,7 @@ struct ContrastColors {
     ColorWord highlightText;
 };
 
-/// The menu's own colours.
+/// The menu's own colors.
 [[nodiscard]] MenuColors ColorsOf(MenuFace face);
 [[nodiscard]] MenuColors ColorsOf(MenuFace face, const ContrastColors& contrast);
 

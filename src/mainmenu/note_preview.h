@@ -15,7 +15,7 @@ struct NotePreviewLook {
     ColorWord border;
     ColorWord text;
     BarStyle barStyle = BarStyle::Full;
-    bool manyColors = false;  ///< each new note gets colours of its own
+    bool manyColors = false;  ///< each new note gets colors of its own
     HFONT font = nullptr;     ///< borrowed until the next look
     Scale scale;
 };

@@ -8,7 +8,7 @@
 
 namespace quillo {
 
-/// The page of what notes look like: colours, font, translucency.
+/// The page of what notes look like: colors, font, translucency.
 class OptionsAppearancePage : public ContentPanel {
   public:
     OptionsAppearancePage(OptionsController& controller, BusyFlag& dialogs);

@@ -64,7 +64,7 @@ void OptionsShortcutsPage::Place(PageColumn& column) {
     int labelWidth = 0;
     for (const ProgramRow& row : kPrograms) labelWidth = std::max(labelWidth, column.TextWidth(row.label));
     for (const ProgramRow& row : kPrograms) {
-        column.PutLabelledBox(row.label, labelWidth, row.box, {row.button}, kDialogGap);
+        column.PutLabeledBox(row.label, labelWidth, row.box, {row.button}, kDialogGap);
     }
 }
 

@@ -139,7 +139,7 @@ enum class OptionKind {
 enum class OptionEffect {
     None,
     Translucency,  ///< their translucency anew
-    Appearance,    ///< their colours, font, scroll bars and drop targets anew
+    Appearance,    ///< their colors, font, scroll bars and drop targets anew
 };
 
 /// When what a control holds is written.

@@ -90,11 +90,11 @@ void PageColumn::PutFirstDivider(OptionControl divider) {
 }
 
 void PageColumn::PutBox(OptionControl box, std::initializer_list<OptionControl> smallButtons, int gapAfter) {
-    PutLabelledBox(box, 0, box, smallButtons, gapAfter);
+    PutLabeledBox(box, 0, box, smallButtons, gapAfter);
 }
 
-void PageColumn::PutLabelledBox(OptionControl label, int labelWidth, OptionControl box,
-                                std::initializer_list<OptionControl> smallButtons, int gapAfter) {
+void PageColumn::PutLabeledBox(OptionControl label, int labelWidth, OptionControl box,
+                               std::initializer_list<OptionControl> smallButtons, int gapAfter) {
     const int height = BoxHeight();
     const int step = Px(kSmallButtonWidth) + Px(kSmallButtonGap);
     const int indent = labelWidth > 0 ? labelWidth + Px(kDialogGap) : 0;

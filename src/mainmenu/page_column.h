@@ -26,8 +26,8 @@ class PageColumn {
     /// A text box as wide as the column less the small buttons at its right.
     void PutBox(OptionControl box, std::initializer_list<OptionControl> smallButtons, int gapAfter);
     /// The same with its label at its left; `labelWidth` is what the widest label of the group takes.
-    void PutLabelledBox(OptionControl label, int labelWidth, OptionControl box,
-                        std::initializer_list<OptionControl> smallButtons, int gapAfter);
+    void PutLabeledBox(OptionControl label, int labelWidth, OptionControl box,
+                       std::initializer_list<OptionControl> smallButtons, int gapAfter);
     /// A push button at the right edge, and a box or a wrapped label in the room at its left.
     void PutBoxWithButton(OptionControl box, OptionControl button, int gapAfter);
     void PutTextWithButton(OptionControl label, OptionControl button, int gapAfter);

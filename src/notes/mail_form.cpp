@@ -43,7 +43,7 @@ MailSignOn MailForm::SignOn() {
     const ULONG result = mapi_->logon.Get()(Owner(), nullptr, nullptr, MAPI_LOGON_UI, 0, &session);
     session_ = session;
     if (result == SUCCESS_SUCCESS) return MailSignOn::Done;
-    return result == MAPI_USER_ABORT ? MailSignOn::Cancelled : MailSignOn::Failed;
+    return result == MAPI_USER_ABORT ? MailSignOn::Canceled : MailSignOn::Failed;
 }
 
 void MailForm::Send(const MailMessage& message) {
@@ -62,7 +62,7 @@ void MailForm::Send(const MailMessage& message) {
     record.nFileCount = 1;
     record.lpFiles = &file;
     Ignore(mapi_->sendMail.Get()(session_, Owner(), &record, MAPI_DIALOG, 0),
-           "the user has seen it in the mail program's own window, or has cancelled there");
+           "the user has seen it in the mail program's own window, or has canceled there");
 }
 
 void MailForm::SignOff() {

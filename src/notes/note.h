@@ -23,7 +23,7 @@ inline constexpr std::size_t kMostNoteCharacters = 4'000'000;
 /// The members of one note. Its text, rectangle and visibility live in its window.
 struct Note {
     bool LargeText = false;
-    bool OwnColors = false;  ///< false: the three colours follow the settings whenever colours are applied
+    bool OwnColors = false;  ///< false: the three colors follow the settings whenever colors are applied
     ColorWord NoteColor;
     ColorWord BorderColor;
     ColorWord TextColor;

@@ -14,11 +14,11 @@ inline constexpr std::u16string_view kDefaultColorsCaption = u"Use the &default 
 inline constexpr std::u16string_view kOwnColorsCaption = u"Give this note its &own colors:";
 inline constexpr std::u16string_view kColorSelectorName = u"Colors";
 
-/// What the colour dialog asks of its note, which tells the dialog to forget it before it goes.
+/// What the color dialog asks of its note, which tells the dialog to forget it before it goes.
 class NoteColorTarget {
   public:
     virtual ~NoteColorTarget() = default;
-    /// The user's choice of colours; without `own` the note takes those of the settings. Marks the note changed.
+    /// The user's choice of colors; without `own` the note takes those of the settings. Marks the note changed.
     virtual void SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) = 0;
     /// The dialog is gone: the note can open it again.
     virtual void ColorClosing() = 0;
@@ -35,10 +35,10 @@ class NoteColorView {
     virtual void Close() = 0;
 };
 
-/// The program's one colour dialog, free of its window.
+/// The program's one color dialog, free of its window.
 ///
 /// Intended: there is one for all notes. A second note that asks for it takes the dialog over; the first one cannot
-/// open it again before it was closed, so that a user always sees one dialog and knows which note it colours.
+/// open it again before it was closed, so that a user always sees one dialog and knows which note it colors.
 class NoteColorDialog {
   public:
     explicit NoteColorDialog(NoteColorView& view) : view_(view) {}
@@ -48,7 +48,7 @@ class NoteColorDialog {
     void Shown() { loading_ = false; }
 
     void OnColorPicked(const ColorScheme& colors);
-    /// CustomOption, or DefaultOption when `own` is false. The colours picked last stay, to come back to.
+    /// CustomOption, or DefaultOption when `own` is false. The colors picked last stay, to come back to.
     void OnOptionClicked(bool own);
     void OnOk() { view_.Close(); }
     /// The window has gone, for whatever reason.

@@ -12,7 +12,7 @@
 namespace quillo {
 namespace {
 
-/// The strip of colours stands under the caption of its option. Pixels at 96 dpi.
+/// The strip of colors stands under the caption of its option. Pixels at 96 dpi.
 constexpr int kStripIndent = 17;
 
 }  // namespace

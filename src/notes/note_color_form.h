@@ -6,7 +6,7 @@
 
 namespace quillo {
 
-/// The program's one dialog in which a note is given colours. What it decides is in NoteColorDialog. Without a window
+/// The program's one dialog in which a note is given colors. What it decides is in NoteColorDialog. Without a window
 /// until it is first opened, and again once it was closed.
 class NoteColorForm : public DialogWindow, private NoteColorView {
   public:

@@ -40,7 +40,7 @@ enum class NoteHit { Nothing, Bottom, BottomRight };
 /// else the short date, two spaces and the time ("h:nn am/pm").
 [[nodiscard]] std::u16string ReminderLabel(DaySerial reminder, DaySerial now, LocaleText& locale);
 
-/// The colours a note is painted in; plain RGB, already resolved.
+/// The colors a note is painted in; plain RGB, already resolved.
 struct NotePaint {
     ColorWord note;
     ColorWord border;

@@ -42,7 +42,7 @@ struct NoteFormTools {
     BusyFlag& dialogs;  ///< set while a modal dialog stands
 };
 
-/// A note's window: a bordered, coloured face with a strip to drag it by, three buttons and a text box.
+/// A note's window: a bordered, colored face with a strip to drag it by, three buttons and a text box.
 class NoteForm : public Window, public NoteView {
   public:
     NoteForm(OpenNote& note, const NoteFormTools& tools);

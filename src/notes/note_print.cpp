@@ -36,7 +36,7 @@ constexpr double kGap = 0.06;         ///< between the rule and the body, and be
 
 constexpr std::size_t kLongestDocumentName = 40;
 
-/// The border's colour, or another of the note's where that one cannot be seen on paper.
+/// The border's color, or another of the note's where that one cannot be seen on paper.
 ColorWord RuleColor(const Note& note) {
     constexpr ColorWord kPaper = ColorWord::FromRgb(255, 255, 255);
     constexpr double kVisible = 1.2;  // contrast; the palest border of the palette has 1.4

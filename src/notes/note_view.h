@@ -62,12 +62,12 @@ class NoteView {
     /// dismissed. False on failure.
     [[nodiscard]] virtual bool OpenReminderAlert(std::u16string_view text) = 0;
 
-    /// Fills and shows the program's one colour dialog for this note. False on failure.
+    /// Fills and shows the program's one color dialog for this note. False on failure.
     [[nodiscard]] virtual bool OpenColorDialog(bool own, const ColorScheme& colors) = 0;
-    /// Asks where a copy of the note is to go: a full path, or "" when the user cancelled. The note may be gone then.
+    /// Asks where a copy of the note is to go: a full path, or "" when the user canceled. The note may be gone then.
     [[nodiscard]] virtual std::u16string AskCopyPath() = 0;
 
-    /// Applies colours, drop target, font (with LargeText) and scroll bar, and repaints.
+    /// Applies colors, drop target, font (with LargeText) and scroll bar, and repaints.
     virtual void ApplyAppearance(const Note& note, const Settings& settings) = 0;
     virtual void Repaint() = 0;
     /// A sign on the note that says that it is not saved, with the reason in its tool tip and for screen readers. An

@@ -57,7 +57,7 @@ struct NoteWorld {
 
 /// One open note: its data and every operation on it. The window is reached through NoteView.
 ///
-/// Who marks the note changed: an edit, a new size, a reminder, colours and large text always do. Where the note stands
+/// Who marks the note changed: an edit, a new size, a reminder, colors and large text always do. Where the note stands
 /// and whether it is on the screen is kept only when the user decided it, so these operations come in pairs: the plain
 /// one is silent, the one "ByUser" marks the note, and the window marks it when the user has moved it.
 class OpenNote : public ReminderOwner, public NoteColorTarget {
@@ -113,10 +113,10 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     bool PersistNote() { return saver_.PersistNote(); }
 
     // Appearance.
-    /// Gives a new note its colours; silent.
+    /// Gives a new note its colors; silent.
     void SetOwnColors(ColorWord noteColor, ColorWord borderColor, ColorWord textColor);
     void SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) override;
-    /// Opens the program's colour dialog for this note; nothing when the note has it already.
+    /// Opens the program's color dialog for this note; nothing when the note has it already.
     void AskNoteColor();
     void ColorClosing() override { colorDialogOpen_ = false; }
     void SetPinned(bool pinned);

@@ -54,7 +54,7 @@ class AccessibleObject : public IAccessible {
 
     void Disconnect() { source_ = nullptr; }
     [[nodiscard]] HWND Window() const { return window_; }
-    /// False when the system's own object, which knows the way to the neighbours, could not be had.
+    /// False when the system's own object, which knows the way to the neighbors, could not be had.
     [[nodiscard]] bool IsComplete() const { return static_cast<bool>(standard_); }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {

@@ -56,7 +56,7 @@ class DialogWindow : public Window, private AccessibleSource {
     [[nodiscard]] virtual HFONT FontOf(int /*id*/) const { return fonts_.body.Get(); }
     [[nodiscard]] virtual int WidthOfButton(HDC dc, int id) const;
     virtual void PaintGround(HDC dc) const;
-    /// The ground of a label or button, whose text colour it sets.
+    /// The ground of a label or button, whose text color it sets.
     [[nodiscard]] virtual HBRUSH ColorControl(HDC dc, HWND control) const;
 
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

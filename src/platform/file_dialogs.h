@@ -19,7 +19,7 @@ struct FileDialogPlan {
 /// The filter as the system wants it: a NUL for each "|", and two at its end.
 [[nodiscard]] std::u16string SystemFilter(std::u16string_view filter);
 
-/// The system's dialog for a file to be written, modal to `owner`. The full path chosen; "" when the user cancelled or
+/// The system's dialog for a file to be written, modal to `owner`. The full path chosen; "" when the user canceled or
 /// the dialog was ended. Messages run meanwhile: the owner and what it belongs to may be gone afterwards.
 [[nodiscard]] std::u16string BrowseForFileToSave(HWND owner, const FileDialogPlan& plan);
 

@@ -18,7 +18,7 @@ constexpr int kMostPoints = 32;
 constexpr int kPointsPerInch = 72;
 constexpr double kTenthsOfAPoint = 10;
 
-/// The colours of notes are chosen elsewhere: the list of them in the font dialog would do nothing.
+/// The colors of notes are chosen elsewhere: the list of them in the font dialog would do nothing.
 UINT_PTR CALLBACK HideColors(HWND dialog, UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) noexcept {
     constexpr int kColorList = 0x473;
     constexpr int kColorLabel = 0x443;

@@ -15,7 +15,7 @@ COLORREF ToColorRef(ColorWord color) {
 }
 
 void GdiCanvas::Fill(const Rect& area, ColorWord color) {
-    // The stock brush takes a colour without an object of its own.
+    // The stock brush takes a color without an object of its own.
     SetDCBrushColor(dc_, ToColorRef(color));
     const RECT rect = ToWin32(area);
     FillRect(dc_, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));

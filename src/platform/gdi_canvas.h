@@ -6,9 +6,9 @@
 
 namespace quillo {
 
-/// The system's colour for a colour word: resolves references to system colours.
+/// The system's color for a color word: resolves references to system colors.
 [[nodiscard]] COLORREF ToColorRef(ColorWord color);
-/// The plain RGB colour behind a colour word.
+/// The plain RGB color behind a color word.
 [[nodiscard]] ColorWord Resolve(ColorWord color);
 
 /// Draws on a device context. Text is written in `fontName`.

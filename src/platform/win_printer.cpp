@@ -113,8 +113,8 @@ bool WinPrintJob::Ask(Call call) {
     SetLastError(ERROR_SUCCESS);
     const bool done = call() > 0;
     const DWORD error = GetLastError();
-    const bool cancelled = error == ERROR_CANCELLED || error == ERROR_PRINT_CANCELLED;
-    Check(done, cancelled ? PrintOutcome::Cancelled : PrintOutcome::Failed);
+    const bool canceled = error == ERROR_CANCELLED || error == ERROR_PRINT_CANCELLED;
+    Check(done, canceled ? PrintOutcome::Canceled : PrintOutcome::Failed);
     return done;
 }
 

@@ -17,7 +17,7 @@ struct MailMessage {
 
 enum class MailSignOn {
     Done,
-    Cancelled,  ///< by the user
+    Canceled,  ///< by the user
     Failed,
 };
 

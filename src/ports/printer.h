@@ -32,7 +32,7 @@ struct PrintSheet {
 
 enum class PrintOutcome {
     Printed,
-    Cancelled,  ///< by the user, in one of the printer's own windows
+    Canceled,  ///< by the user, in one of the printer's own windows
     Failed,
 };
 

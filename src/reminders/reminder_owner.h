@@ -15,7 +15,7 @@ class ReminderOwner {
 
     /// Marks the note changed.
     virtual void SetReminder(DaySerial when) = 0;
-    /// Marks the note changed, so that a cancelled reminder does not come back after a restart.
+    /// Marks the note changed, so that a canceled reminder does not come back after a restart.
     virtual void CancelReminderByUser() = 0;
     /// To the note's own icon in the notification area and out of sight.
     virtual void MinimizeByUser() = 0;

@@ -30,7 +30,7 @@ constexpr UINT kPreviewMilliseconds = 1000;
 
 constexpr ColorWord kAccent = ColorWord::FromRgb(0xD9, 0x8E, 0x04);
 constexpr int kMessageTintPercent = 14;
-constexpr int kQuietPercent = 66;  // of the text's colour; the rest is the ground
+constexpr int kQuietPercent = 66;  // of the text's color; the rest is the ground
 
 /// From the first to the last in reading order, which is the order of the Tab key.
 constexpr std::array kInOrder = {

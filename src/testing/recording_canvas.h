@@ -18,7 +18,7 @@ class RecordingCanvas : public Canvas {
         int size = 0;  ///< thickness, or points
         std::u16string text;
         ColorWord color;
-        ColorWord second;  ///< a gradient's lower colour
+        ColorWord second;  ///< a gradient's lower color
         friend bool operator==(const Call&, const Call&) = default;
     };
 

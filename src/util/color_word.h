@@ -25,7 +25,7 @@ struct ColorWord {
     friend constexpr bool operator==(ColorWord, ColorWord) = default;
 };
 
-/// `percent` of `first` and the rest of `second`, per channel, rounded. Both must be plain RGB colours.
+/// `percent` of `first` and the rest of `second`, per channel, rounded. Both must be plain RGB colors.
 [[nodiscard]] constexpr ColorWord Mix(ColorWord first, ColorWord second, int percent) {
     const auto channel = [percent](int a, int b) { return (a * percent + b * (100 - percent) + 50) / 100; };
     return ColorWord::FromRgb(channel(first.Red(), second.Red()), channel(first.Green(), second.Green()),

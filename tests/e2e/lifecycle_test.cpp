@@ -114,7 +114,7 @@ TEST_F(Lifecycle, ANoteWithAReminderIsHiddenInsteadOfClosed) {
     EXPECT_EQ(ReadBytes(path), file.Bytes()) << "it stays hidden";
 }
 
-TEST_F(Lifecycle, WithMinimizeToTrayTheCloseButtonOnlyMinimises) {
+TEST_F(Lifecycle, WithMinimizeToTrayTheCloseButtonOnlyMinimizes) {
     Profile().SetNumber(L"Minimize to tray", 1);
     const NoteWindow note = Open("to the tray");
     EXPECT_TRUE(Until([&] { return !note.IsVisible(); }, [&] { note.ClickButton(NoteButtonId::Close); }));

@@ -13,7 +13,7 @@ COLORREF Shown(ColorWord color) {
     return RGB(color.Red(), color.Green(), color.Blue());
 }
 
-/// The program's colour dialog, seen from outside.
+/// The program's color dialog, seen from outside.
 class ColorDialogWindow {
   public:
     explicit ColorDialogWindow(HWND window) : window_(window) {}
@@ -78,7 +78,7 @@ class NoteColorTest : public OrdinaryTest {
         }));
         return ColorDialogWindow(found);
     }
-    /// The screen shows the note in those colours.
+    /// The screen shows the note in those colors.
     [[nodiscard]] static bool IsShownIn(const NoteWindow& note, const ColorScheme& scheme) {
         return note.OutlineColor() == Shown(scheme.border) && note.FaceColor() == Shown(scheme.note) &&
                note.TextBackground() == Shown(scheme.note) && note.TextPixels(Shown(scheme.text)) > 0;

@@ -148,16 +148,16 @@ TEST_F(NoteFiles, AHiddenNoteStaysHidden) {
     QuitAndExpectUntouched();
 }
 
-TEST_F(NoteFiles, ANoteHasItsOwnColours) {
+TEST_F(NoteFiles, ANoteHasItsOwnColors) {
     NoteFile file{"MMMMMMMM"};
     file.appearance = "True,True,16777088,128,16711680,0";
     const NoteWindow note = Open(file.Bytes());
     ExpectColors(note, 16777088, 128);
-    EXPECT_TRUE(Eventually([&] { return note.TextPixels(16711680) > 0; })) << "the text has its colour";
+    EXPECT_TRUE(Eventually([&] { return note.TextPixels(16711680) > 0; })) << "the text has its color";
     QuitAndExpectUntouched();
 }
 
-TEST_F(NoteFiles, WithoutOwnColoursTheSettingsDecide) {
+TEST_F(NoteFiles, WithoutOwnColorsTheSettingsDecide) {
     Profile().SetNumber(L"Note color", 0x404040);
     Profile().SetNumber(L"Note border color", 0);  // present: black, not the default
     Profile().SetNumber(L"Note text color", 0xFFFFFF);
@@ -200,7 +200,7 @@ TEST_F(NoteFiles, ANoteWithAReminderShowsIt) {
         }
         return count;
     };
-    EXPECT_TRUE(Eventually([&] { return borderPixelsInFoot() > 30; })) << "the label is in the border's colour";
+    EXPECT_TRUE(Eventually([&] { return borderPixelsInFoot() > 30; })) << "the label is in the border's color";
     QuitAndExpectUntouched();
 }
 

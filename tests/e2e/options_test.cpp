@@ -233,9 +233,9 @@ TEST_F(OptionsTest, FilesAndFoldersAreBrowsedFor) {
 
     ASSERT_TRUE(options.ClickTab(OptionsPage::Shortcuts));
     const std::wstring before = options.Text(C::ShortcutBox2);
-    const ChoiceDialog cancelled = ClickFor(options, C::BrowseButton2);
-    EXPECT_EQ(cancelled.Title(), L"Browse for program");
-    ASSERT_TRUE(cancelled.Cancel());
+    const ChoiceDialog canceled = ClickFor(options, C::BrowseButton2);
+    EXPECT_EQ(canceled.Title(), L"Browse for program");
+    ASSERT_TRUE(canceled.Cancel());
     EXPECT_EQ(options.Text(C::ShortcutBox2), before);
     ASSERT_TRUE(options.TabTo(C::BrowseButton2));
     PressKey(VK_SPACE);

@@ -164,7 +164,7 @@ TEST_F(ReminderDialogTest, KeepingAReminderChangesNothing) {
     EXPECT_TRUE(MarkOf(path_) == before) << ReadBytes(path_);
 }
 
-TEST_F(ReminderDialogTest, ACancelledReminderDoesNotComeBack) {
+TEST_F(ReminderDialogTest, ACanceledReminderDoesNotComeBack) {
     const NoteWindow note = Open(kInTheYear3000);
     const std::uint64_t before = WriteTimeOf(path_);
     const ReminderDialogWindow dialog = AskReminder(note);

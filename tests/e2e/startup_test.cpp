@@ -27,7 +27,7 @@ TEST_F(FirstRun, SetsUpTheProfileAndShowsNothing) {
     EXPECT_THAT(StorageCopies(), IsEmpty());
 }
 
-TEST_F(FirstRun, HasColoursOfItsOwn) {
+TEST_F(FirstRun, HasColorsOfItsOwn) {
     Profile().SetNumber(L"Random note color", 0);
     Profile().AddNote(L"plain.qln", "hello");
     Start();
@@ -46,7 +46,7 @@ TEST_F(FirstRun, HasColoursOfItsOwn) {
     EXPECT_TRUE(Eventually([&] { return second.OutlineColor() == kDefaultBorder; }));
 }
 
-TEST_F(FirstRun, GivesPlainFilesRandomColours) {
+TEST_F(FirstRun, GivesPlainFilesRandomColors) {
     constexpr int kFiles = 12;
     for (int i = 0; i < kFiles; ++i) {
         WriteBytes(Outside() / (std::to_wstring(i) + L".txt"), "plain");
@@ -58,7 +58,7 @@ TEST_F(FirstRun, GivesPlainFilesRandomColours) {
     }
     for (const std::wstring& path : StorageCopies()) {
         const std::string bytes = ReadBytes(path);
-        EXPECT_THAT(bytes, ::testing::HasSubstr("<appearance>False,True,")) << "the note owns its colours";
+        EXPECT_THAT(bytes, ::testing::HasSubstr("<appearance>False,True,")) << "the note owns its colors";
         looks.insert(bytes.substr(bytes.find("<appearance>")));
     }
     EXPECT_EQ(StorageCopies().size(), 12U);

@@ -186,7 +186,7 @@ TEST_F(Installing, HasOnePageThatSaysWhatHappens) {
     EXPECT_TRUE(ShowsNotes(0)) << "started at the end";
 }
 
-TEST_F(Installing, CancelledHasChangedNothing) {
+TEST_F(Installing, CanceledHasChangedNothing) {
     Family& setup = Start(L"\"" + OldSetup() + L"\"");
     HWND page = WindowWithTitle(setup.Pid(), L"Quillo " + Version() + L" Setup");
     ASSERT_NE(page, nullptr);

@@ -25,7 +25,7 @@ class ControlParent : public Window {
 
 /// A window procedure gets the message as the system would send it, while the pointer really stands there.
 void SendMouse(HWND window, UINT message, WPARAM keys, Point at);
-/// The colour that the window paints at a point, now.
+/// The color that the window paints at a point, now.
 [[nodiscard]] COLORREF PaintedAt(HWND window, Point at);
 
 }  // namespace quillo::windows_tests

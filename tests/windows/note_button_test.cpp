@@ -71,7 +71,7 @@ TEST(NoteButtonImagesTest, TheBarShowsBehindTheGlyphs) {
     }
 }
 
-TEST(NoteButtonImagesTest, GlyphsTakeTheirColourAndAreFaintAtRestOnly) {
+TEST(NoteButtonImagesTest, GlyphsTakeTheirColorAndAreFaintAtRestOnly) {
     NoteButtonImages images;
     ButtonTint tint = kTint;
     tint.top = tint.bottom = ColorWord::FromRgb(255, 255, 255);

@@ -110,7 +110,7 @@ TEST_F(NoteColorSelectorTest, SetDefaultDeliversTheFirstSchemeOnce) {
     EXPECT_EQ(picked_, std::vector<ColorScheme>{kSwatches[0]});
 }
 
-TEST_F(NoteColorSelectorTest, RandomColoursAreDealtWithoutAnEvent) {
+TEST_F(NoteColorSelectorTest, RandomColorsAreDealtWithoutAnEvent) {
     FakeRandom random;
     const ColorScheme& dealt = NoteColorSelector::GetRandomColors(random);
     EXPECT_GE(&dealt, &kSwatches[0]);
@@ -160,7 +160,7 @@ TEST_F(NoteColorSelectorTest, TabLeavesIt) {
     EXPECT_EQ(dialog_.pressed, 1);
 }
 
-TEST_F(NoteColorSelectorTest, TheSwatchesShowTheirColoursToTheBit) {
+TEST_F(NoteColorSelectorTest, TheSwatchesShowTheirColorsToTheBit) {
     SetFocus(GetDlgItem(dialog_.Handle(), IDOK));
     PaintNow(Window());
     for (int i = 0; i < 11; ++i) {

@@ -89,7 +89,7 @@ struct TestNote {
         : note(world.World(), std::move(key)), form(note, world.Tools()) {
         note.AttachView(form);
     }
-    /// Makes the window and gives it the colours of the settings.
+    /// Makes the window and gives it the colors of the settings.
     [[nodiscard]] bool Create() {
         if (!form.Create()) return false;
         note.UpdateColors();

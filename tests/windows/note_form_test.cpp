@@ -184,7 +184,7 @@ TEST_F(NoteFormTest, TheReminderIsWrittenIntoTheFoot) {
     EXPECT_EQ(drawn(), 0);
 }
 
-TEST_F(NoteFormTest, NewColoursReachTheScreen) {
+TEST_F(NoteFormTest, NewColorsReachTheScreen) {
     Show();
     note_.SetColor(true, ColorWord::FromRgb(10, 200, 30), ColorWord::FromRgb(200, 0, 0), ColorWord::FromRgb(0, 0, 9));
     PaintNow(one_.Window());
@@ -194,7 +194,7 @@ TEST_F(NoteFormTest, NewColoursReachTheScreen) {
     EXPECT_EQ(Pixel(Point{size.width / 2, size.height / 2}), RGB(10, 200, 30));
 }
 
-TEST_F(NoteFormTest, SystemColoursAreResolved) {
+TEST_F(NoteFormTest, SystemColorsAreResolved) {
     Show();
     const ColorWord window{0x80000000U | COLOR_WINDOW};
     const ColorWord edge{0x80000000U | COLOR_HIGHLIGHT};

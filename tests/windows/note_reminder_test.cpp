@@ -123,7 +123,7 @@ TEST_F(NoteReminderTest, ControlShiftWThrowsTheNoteAway) {
     EXPECT_EQ(one_->Window(), nullptr);
 }
 
-TEST_F(NoteReminderTest, ControlMMinimisesToAnIcon) {
+TEST_F(NoteReminderTest, ControlMMinimizesToAnIcon) {
     const KeysDown control({VK_CONTROL});
     ControlKey('M');
     EXPECT_FALSE(one_->form.IsVisible());

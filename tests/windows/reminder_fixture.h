@@ -28,7 +28,7 @@ class RecordingOwner : public ReminderOwner {
         when = time;
     }
     void CancelReminderByUser() override { calls.emplace_back("cancel"); }
-    void MinimizeByUser() override { calls.emplace_back("minimise"); }
+    void MinimizeByUser() override { calls.emplace_back("minimize"); }
     void HideByUser() override { calls.emplace_back("hide"); }
     void ShowIconBalloon(std::u16string_view, std::u16string_view, BalloonIcon) override {
         calls.emplace_back("balloon");

@@ -64,7 +64,7 @@ TEST_F(ReminderFormTest, StandsAboveAllInTheWorkAreaWithTheNotesText) {
     EXPECT_EQ(world_.owner.calls, Calls{});
 }
 
-TEST_F(ReminderFormTest, IsPaintedInTheNotesColours) {
+TEST_F(ReminderFormTest, IsPaintedInTheNotesColors) {
     Open();
     windows_tests::PaintNow(form_.Handle());
     EXPECT_EQ(PixelOf(form_.Handle(), Point{Px(160), Px(10)}), RGB(0xFE, 0xCF, 0x38));

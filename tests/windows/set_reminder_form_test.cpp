@@ -184,7 +184,7 @@ TEST_F(SetReminderFormTest, AGrownFormStaysOnTheScreen) {
     EXPECT_LE(window.bottom, GetSystemMetrics(SM_CYSCREEN));
 }
 
-TEST_F(SetReminderFormTest, AnExistingReminderIsKeptOrCancelled) {
+TEST_F(SetReminderFormTest, AnExistingReminderIsKeptOrCanceled) {
     Open(kExisting);
     EXPECT_EQ(Text(Control::ReminderBox), u"11/21/2026 9:00:00 AM");
     Press(Control::CancelButton);
@@ -234,13 +234,13 @@ TEST_F(SetReminderFormTest, TheNoteHidesWhenAsked) {
     EXPECT_EQ(world_.owner.calls, (Calls{"set", "hide", "dialog closing"}));
 }
 
-TEST_F(SetReminderFormTest, TheNoteMinimisesWithABalloonWhereThatIsTheSetting) {
+TEST_F(SetReminderFormTest, TheNoteMinimizesWithABalloonWhereThatIsTheSetting) {
     world_.settings.minimizeToTray = true;
     world_.os.windows2000OrLater = true;
     Open();
     SendMessageW(Of(Control::HideNoteCheck), BM_SETCHECK, BST_CHECKED, 0);
     Press(Control::OKButton);
-    EXPECT_EQ(world_.owner.calls, (Calls{"set", "minimise", "balloon", "dialog closing"}));
+    EXPECT_EQ(world_.owner.calls, (Calls{"set", "minimize", "balloon", "dialog closing"}));
 }
 
 TEST_F(SetReminderFormTest, GoesWithTheNotesWindow) {

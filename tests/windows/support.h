@@ -61,7 +61,7 @@ void PutFile(const std::u16string& path, std::string_view bytes);
 void PumpWaiting();
 /// Paints the window and its children now.
 void PaintNow(HWND window);
-/// The colour on the window's surface, at a point of its client area.
+/// The color on the window's surface, at a point of its client area.
 [[nodiscard]] COLORREF PixelOf(HWND window, Point at);
 
 }  // namespace quillo::windows_tests

@@ -43,7 +43,7 @@ TabProperties TestProperties() {
     return properties;
 }
 
-/// Three icons of 16 pixels: a square of one colour each in the mask's colour.
+/// Three icons of 16 pixels: a square of one color each in the mask's color.
 BitmapHandle IconStrip() {
     std::uint32_t* pixels = nullptr;
     BitmapHandle strip = MakeDib(Size{48, 16}, &pixels);
@@ -88,7 +88,7 @@ class TabTest : public testing::Test {
     void Mouse(UINT message, Point at) { SendMouse(tab_.Handle(), message, 0, at); }
     void Key(WPARAM key) { SendMessageW(tab_.Handle(), WM_KEYDOWN, key, 0); }
     [[nodiscard]] bool HasCapture() const { return GetCapture() == tab_.Handle(); }
-    /// How many pixels of that colour a tab shows.
+    /// How many pixels of that color a tab shows.
     [[nodiscard]] int PixelsOf(int tab, COLORREF color) const {
         PaintNow(tab_.Handle());
         return PixelsIn(FaceOf(tab), color);

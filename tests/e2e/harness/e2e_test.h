@@ -45,7 +45,7 @@ class E2eTest : public ::testing::Test {
     std::unique_ptr<QuilloProcess> quillo_;
 };
 
-/// The same on the profile of a user who is past the first run and does not want random colours.
+/// The same on the profile of a user who is past the first run and does not want random colors.
 class OrdinaryTest : public E2eTest {
   protected:
     void SetUp() override;

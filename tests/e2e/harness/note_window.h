@@ -43,7 +43,7 @@ class NoteWindow {
     [[nodiscard]] COLORREF OutlineColor() const;
     [[nodiscard]] COLORREF FaceColor() const;
     [[nodiscard]] COLORREF TextBackground() const;
-    /// How many pixels of the text box have exactly that colour.
+    /// How many pixels of the text box have exactly that color.
     [[nodiscard]] int TextPixels(COLORREF color) const;
 
     /// Whether what is typed now goes into the note's text.

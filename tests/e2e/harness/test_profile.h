@@ -26,7 +26,7 @@ class TestProfile {
     /// Puts a file into the folder of notes, which is made where it is missing. The file's full path.
     std::wstring AddNote(const std::wstring& name, const std::string& bytes) const;
 
-    /// Makes the settings of a user who is past the first run and does not want random colours.
+    /// Makes the settings of a user who is past the first run and does not want random colors.
     void UseOrdinarySettings() const;
     void SetNumber(const wchar_t* name, std::uint32_t value) const;
     void SetText(const wchar_t* name, const std::wstring& value) const;

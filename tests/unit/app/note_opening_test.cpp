@@ -217,7 +217,7 @@ TEST_F(NoteOpeningTest, AFileOfTheNotesFolderIsItsNotesStorageCopy) {
     }
 }
 
-TEST_F(NoteOpeningTest, AFileOfTheNotesFolderIsRecognisedInAnyCase) {
+TEST_F(NoteOpeningTest, AFileOfTheNotesFolderIsRecognizedInAnyCase) {
     const std::u16string path = u"c:\\users\\ANN\\appdata\\local\\marrowind\\NOTES\\a.qln";
     OpenNote* note = OpenBytes(path, "text");
     ASSERT_NE(note, nullptr);
@@ -321,7 +321,7 @@ TEST_F(NoteOpeningTest, TimestampsGoIntoNewNotesOnly) {
     EXPECT_EQ(OpenBytes(kOutside, "text")->Text(), u"text");
 }
 
-TEST_F(NoteOpeningTest, NewAndUntaggedNotesTakeTheColoursOfTheSettings) {
+TEST_F(NoteOpeningTest, NewAndUntaggedNotesTakeTheColorsOfTheSettings) {
     settings_.noteColor = ColorWord{0x111111};
     test_.opening.CreateNewNote();
     OpenBytes(kOutside, "text");
@@ -331,7 +331,7 @@ TEST_F(NoteOpeningTest, NewAndUntaggedNotesTakeTheColoursOfTheSettings) {
     }
 }
 
-TEST_F(NoteOpeningTest, RandomColoursGoToNewAndUntaggedNotesOnly) {
+TEST_F(NoteOpeningTest, RandomColorsGoToNewAndUntaggedNotesOnly) {
     settings_.randomNoteColor = true;
     settings_.noteColor = ColorWord{0x111111};
     const auto isPaleScheme = [](const Note& note) {

@@ -97,7 +97,7 @@ TEST_F(OpenNotesTest, TheKeyboardGoesThroughTheVisibleNotesInOrder) {
     EXPECT_EQ(next(u"A", NoteDirection::Forward), "") << "there is no other";
 }
 
-TEST_F(OpenNotesTest, ATaskBarMadeAnewGetsTheIconsOfMinimisedNotesBack) {
+TEST_F(OpenNotesTest, ATaskBarMadeAnewGetsTheIconsOfMinimizedNotesBack) {
     Add(u"A").Popup();
     Add(u"B").Popup();
     notes_.Find(u"B")->MinimizeByUser();

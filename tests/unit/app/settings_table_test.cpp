@@ -213,7 +213,7 @@ TEST_F(SettingsTableTest, CharsetAppliesAboveZeroOnly) {
     }
 }
 
-TEST_F(SettingsTableTest, StoredZeroIsBlackAndAMissingColourIsTheDefault) {
+TEST_F(SettingsTableTest, StoredZeroIsBlackAndAMissingColorIsTheDefault) {
     api_.Put(kUserKey, u"Note color", 0);
     api_.Put(kUserKey, u"Note border color", std::int32_t{-2147483643});
     const Settings s = Load();
@@ -222,7 +222,7 @@ TEST_F(SettingsTableTest, StoredZeroIsBlackAndAMissingColourIsTheDefault) {
     EXPECT_EQ(s.noteTextColor, ColorWord{0});
 }
 
-TEST_F(SettingsTableTest, EmptyTextInPlaceOfAColourCountsAsAbsent) {
+TEST_F(SettingsTableTest, EmptyTextInPlaceOfAColorCountsAsAbsent) {
     api_.Put(kUserKey, u"Note color", u"");
     EXPECT_EQ(Load().noteColor, ColorWord{14155262});
 }

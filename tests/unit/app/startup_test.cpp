@@ -185,7 +185,7 @@ TEST_F(StartupTest, WithoutAPlaceForTheNotesTheProgramEndsWithAMessage) {
 
 // The first run.
 
-TEST_F(StartupTest, TheFirstRunHasItsOwnColoursAndOpensTheHelp) {
+TEST_F(StartupTest, TheFirstRunHasItsOwnColorsAndOpensTheHelp) {
     test_.registry.Put(kUserKey, u"Shown Help", 0);
     test_.registry.Put(kUserKey, u"Note color", 0x111111);
     PutStored(u"a.qln", "text");

@@ -62,7 +62,7 @@ class FakeViewFactory : public NoteViewFactory {
 inline constexpr std::u16string_view kTestNotesFolder = u"C:\\Users\\ann\\AppData\\Local\\Marrowind\\Notes";
 inline constexpr std::u16string_view kTestDesktop = u"C:\\Users\\ann\\Desktop";
 
-/// The application core on fakes: a running program with no note, an existing notes folder and plain colours.
+/// The application core on fakes: a running program with no note, an existing notes folder and plain colors.
 class TestProgram {
   public:
     TestProgram() {

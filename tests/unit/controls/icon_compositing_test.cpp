@@ -9,7 +9,7 @@ constexpr ColorWord kMagenta = ColorWord::FromRgb(0xFF, 0, 0xFF);
 constexpr ColorWord kGround = ColorWord::FromRgb(10, 20, 30);
 constexpr std::uint32_t kGroundPixel = 0x000A141EU;
 
-TEST(CompositeIconsTest, TheMaskColourBecomesTheGround) {
+TEST(CompositeIconsTest, TheMaskColorBecomesTheGround) {
     const PixelPicture result =
         CompositeIcons(PixelPicture{2, 2, {0x00FF00FFU, 0x00123456U, 0x00FF00FEU, 0x00FF00FFU}}, kMagenta, kGround);
     EXPECT_EQ(result.width, 2);
@@ -17,7 +17,7 @@ TEST(CompositeIconsTest, TheMaskColourBecomesTheGround) {
     EXPECT_EQ(result.pixels, (std::vector<std::uint32_t>{kGroundPixel, 0x00123456U, 0x00FF00FEU, kGroundPixel}));
 }
 
-TEST(CompositeIconsTest, AnyColourCanBeTheMask) {
+TEST(CompositeIconsTest, AnyColorCanBeTheMask) {
     const PixelPicture result =
         CompositeIcons(PixelPicture{2, 1, {0x00FF00FFU, 0x00123456U}}, ColorWord::FromRgb(0x12, 0x34, 0x56), kGround);
     EXPECT_EQ(result.pixels, (std::vector<std::uint32_t>{0x00FF00FFU, kGroundPixel}));

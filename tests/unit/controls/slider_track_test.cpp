@@ -327,7 +327,7 @@ TEST_F(SliderTrackTest, OneTooNarrowIsItsOutline) {
     EXPECT_EQ(Painted(), std::vector{OutlineOf(Rect{0, 0, 2, 20}, 1)});
 }
 
-TEST_F(SliderTrackTest, ColoursAreThoseGiven) {
+TEST_F(SliderTrackTest, ColorsAreThoseGiven) {
     slider_.SetForeColor(ColorWord{0x112233});
     slider_.SetBackColor(ColorWord{0x445566});
     slider_.SetValue(50);

@@ -24,7 +24,7 @@ class FixedRandom : public Random {
     double number_;
 };
 
-TEST(SwatchPalette, ColourWordsHaveRedInTheLowByte) {
+TEST(SwatchPalette, ColorWordsHaveRedInTheLowByte) {
     EXPECT_EQ(kSwatches[0].note.Number(), 0xD0FDFF);
     EXPECT_EQ(kSwatches[0].border.Number(), 3723262);
     EXPECT_EQ(kSwatches[8].text.Number(), 0x00FEFE);

@@ -106,7 +106,7 @@ TEST_F(TabStripTest, DraggingDataOverATabChoosesItOnce) {
     EXPECT_EQ(strip_.Hot(), 0) << "a drag makes nothing hot";
 }
 
-TEST_F(TabStripTest, KeysChooseANeighbourOrAnEnd) {
+TEST_F(TabStripTest, KeysChooseANeighborOrAnEnd) {
     struct Case {
         int from;
         TabKey key;
@@ -151,7 +151,7 @@ TEST_F(TabStripTest, ALostCaptureLeavesNoTabHot) {
     EXPECT_EQ(strip_.MouseUp(), kNothing);
 }
 
-TEST_F(TabStripTest, ACaptionsColourAndLineTellItsState) {
+TEST_F(TabStripTest, ACaptionsColorAndLineTellItsState) {
     const TabProperties properties = FreshTabProperties();
     strip_.SetCurrent(1);
     (void)strip_.MouseMove(kOnSecond);
@@ -166,14 +166,14 @@ TEST_F(TabStripTest, ACaptionsColourAndLineTellItsState) {
     EXPECT_FALSE(strip_.IsUnderlined(1));
 }
 
-TEST(TabPropertiesTest, AFreshStripHasThreeTabsAndTextInTheWindowsColour) {
+TEST(TabPropertiesTest, AFreshStripHasThreeTabsAndTextInTheWindowsColor) {
     const TabProperties fresh = FreshTabProperties();
     EXPECT_EQ(fresh.tabs, u"Tab 1|Tab 2|Tab 3");
     EXPECT_EQ(fresh.foreColor.value, 0x80000008U);
 }
 
 TEST(TabPropertiesTest, WhatAFormLeavesUnsaidHasItsDefaults) {
-    // Intended: a form's strip that says nothing has no tabs and captions in the colour of buttons' texts.
+    // Intended: a form's strip that says nothing has no tabs and captions in the color of buttons' texts.
     const TabProperties unsaid;
     EXPECT_EQ(unsaid.tabs, u"");
     EXPECT_EQ(unsaid.foreColor.value, 0x80000012U);
@@ -201,7 +201,7 @@ Call FillOf(const Rect& area, ColorWord color) {
     return call;
 }
 
-TEST_F(TabStripTest, TheGroundIsTheBackColourAndTheLineOfThePage) {
+TEST_F(TabStripTest, TheGroundIsTheBackColorAndTheLineOfThePage) {
     RecordingCanvas canvas;
     const TabProperties properties;
     strip_.PaintGround(canvas, properties, kControl, Scale());
@@ -209,7 +209,7 @@ TEST_F(TabStripTest, TheGroundIsTheBackColourAndTheLineOfThePage) {
                                            FillOf(Rect{0, 39, 400, 1}, properties.dividerColor)}));
 }
 
-TEST_F(TabStripTest, TheCurrentTabsFaceIsOpenTowardsThePage) {
+TEST_F(TabStripTest, TheCurrentTabsFaceIsOpenTowardThePage) {
     strip_.SetCurrent(1);
     RecordingCanvas canvas;
     const TabProperties properties;

@@ -37,7 +37,7 @@ class DoubleByteText : public LocaleText {
     std::u16string GeneralDate(DaySerial) override { return {}; }
 };
 
-/// A notification area that behaves as the system's does towards one icon, and keeps what it was told.
+/// A notification area that behaves as the system's does toward one icon, and keeps what it was told.
 class FakeTray : public TrayShell {
   public:
     struct Call {

@@ -83,14 +83,14 @@ TEST_F(NoteColorDialogTest, WhatTheControlsReportWhileLoadingIsNotTheUsers) {
     EXPECT_EQ(note_.given, (Given{{true, kSwatches[3]}})) << "the note's own, untouched by what came meanwhile";
 }
 
-TEST_F(NoteColorDialogTest, PickingASwatchTurnsADefaultNoteIntoOneWithColoursOfItsOwnAtOnce) {
+TEST_F(NoteColorDialogTest, PickingASwatchTurnsADefaultNoteIntoOneWithColorsOfItsOwnAtOnce) {
     Show(note_);
     dialog_.OnColorPicked(kSwatches[8]);
     EXPECT_EQ(view_.calls, Calls{"select own"});
     EXPECT_EQ(note_.given, (Given{{true, kSwatches[8]}}));
 }
 
-TEST_F(NoteColorDialogTest, TheDefaultOptionKeepsTheColoursPickedLast) {
+TEST_F(NoteColorDialogTest, TheDefaultOptionKeepsTheColorsPickedLast) {
     Show(note_);
     dialog_.OnColorPicked(kSwatches[4]);
     dialog_.OnOptionClicked(false);

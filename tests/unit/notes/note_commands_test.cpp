@@ -179,7 +179,7 @@ TEST_F(Performing, ClosingFromTheMenuClosesAlsoWithAReminderSet) {
     EXPECT_EQ(SavedFiles().size(), 1U);
 }
 
-TEST_F(Performing, ClosingFromTheMenuMinimisesWhenThatIsOn) {
+TEST_F(Performing, ClosingFromTheMenuMinimizesWhenThatIsOn) {
     settings_.minimizeToTray = true;
     ShowStored(u"Milk");
     Perform(NoteAction::Close, note_);

@@ -151,7 +151,7 @@ Call Lined(Point from, Point to, int thickness) {
     return call;
 }
 
-Call Labelled(Point at, const char16_t* text) {
+Call Labeled(Point at, const char16_t* text) {
     Call call;
     call.kind = Kind::Text;
     call.from = at;
@@ -175,7 +175,7 @@ TEST(PaintNote, TheLabelComesBeforeTheGripAndNeverCoversIt) {
     RecordingCanvas canvas;
     PaintNote(canvas, kNewNote, kDesign, kColors, u"5:05 pm");
     const std::vector<Call> expected{
-        Boxed({0, 0, 188, 163}, 1),       Filled({1, 1, 186, 161}),         Labelled({4, 151}, u"5:05 pm"),
+        Boxed({0, 0, 188, 163}, 1),       Filled({1, 1, 186, 161}),         Labeled({4, 151}, u"5:05 pm"),
         Filled({168, 154, 19, 8}),        Lined({179, 162}, {187, 154}, 1), Lined({182, 162}, {187, 157}, 1),
         Lined({185, 162}, {187, 160}, 1),
     };
@@ -186,7 +186,7 @@ TEST(PaintNote, ScalesEveryFigure) {
     RecordingCanvas canvas;
     PaintNote(canvas, {376, 326}, Scale{192}, kColors, u"5:05 pm");
     const std::vector<Call> expected{
-        Boxed({0, 0, 376, 326}, 2),       Filled({2, 2, 372, 322}),         Labelled({8, 302}, u"5:05 pm"),
+        Boxed({0, 0, 376, 326}, 2),       Filled({2, 2, 372, 322}),         Labeled({8, 302}, u"5:05 pm"),
         Filled({336, 308, 38, 16}),       Lined({358, 325}, {375, 308}, 2), Lined({364, 325}, {375, 314}, 2),
         Lined({370, 325}, {375, 320}, 2),
     };
@@ -228,7 +228,7 @@ TEST(ContrastRatio, KnownPairs) {
     EXPECT_NEAR(ContrastRatio(ColorWord::FromRgb(0x77, 0x77, 0x77), white), 4.48, 0.01);
 }
 
-TEST(DragBarColors, GradientFromTheBorderTowardsTheNote) {
+TEST(DragBarColors, GradientFromTheBorderTowardTheNote) {
     const ColorWord note = ColorWord::FromRgb(200, 100, 0);
     const ColorWord border = ColorWord::FromRgb(0, 0, 100);
     const DragBarPaint active = DragBarColors(note, border, BarStyle::Full, true);
@@ -240,7 +240,7 @@ TEST(DragBarColors, GradientFromTheBorderTowardsTheNote) {
     EXPECT_EQ(inactive.bottom, ColorWord::FromRgb(135, 68, 33));
 }
 
-TEST(DragBarColors, FlatIsOneColour) {
+TEST(DragBarColors, FlatIsOneColor) {
     const DragBarPaint active = DragBarColors(kColors.note, kColors.border, BarStyle::Flat, true);
     EXPECT_EQ(active.top, kColors.border);
     EXPECT_EQ(active.bottom, kColors.border);
@@ -288,7 +288,7 @@ TEST(DragBarColors, GlyphsStandOutOnEveryScheme) {
     }
 }
 
-TEST(DragBarColors, GlyphsStandOutOnAFlatBarOfAnyColour) {
+TEST(DragBarColors, GlyphsStandOutOnAFlatBarOfAnyColor) {
     std::mt19937 engine(7);
     std::uniform_int_distribution<int> channel(0, 255);
     for (int i = 0; i < 5'000; ++i) {

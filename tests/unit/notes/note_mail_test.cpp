@@ -101,7 +101,7 @@ TEST_F(SendMailTest, DeletesTheFileBeforeItSignsOff) {
 TEST_F(SendMailTest, WithoutSigningOnNothingIsSentAndNoFileStays) {
     mail_.signsOn = MailSignOn::Failed;
     EXPECT_EQ(Send(u"Buy milk"), MailResult::NoAnswer);
-    mail_.signsOn = MailSignOn::Cancelled;
+    mail_.signsOn = MailSignOn::Canceled;
     EXPECT_EQ(Send(u"Buy milk"), MailResult::Done) << "the user has seen to that";
     EXPECT_TRUE(mail_.sent.empty());
     EXPECT_EQ(mail_.calls, (std::vector<std::string>{"sign on", "close", "sign on", "close"}));

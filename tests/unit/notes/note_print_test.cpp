@@ -118,7 +118,7 @@ TEST_F(NotePrintTest, TheBodyIsInTheNotesFont) {
     EXPECT_FALSE(Pages()[0].lines[1].font.bold) << "the date line is never bold";
 }
 
-TEST_F(NotePrintTest, TheRuleIsInAColourOfTheNoteThatPaperShows) {
+TEST_F(NotePrintTest, TheRuleIsInAColorOfTheNoteThatPaperShows) {
     const ColorWord white = ColorWord::FromRgb(255, 255, 255);
     const ColorWord wine = ColorWord::FromRgb(0xA7, 0x1D, 0x23);
     const ColorWord black = ColorWord::FromRgb(0, 0, 0);

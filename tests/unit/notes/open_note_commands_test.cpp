@@ -138,7 +138,7 @@ TEST_F(OpenNoteCommands, ACopyTakesThePlaceOfAnExistingFile) {
     EXPECT_EQ(SavedFiles().size(), 1U);
 }
 
-TEST_F(OpenNoteCommands, ACancelledCopyWritesNothing) {
+TEST_F(OpenNoteCommands, ACanceledCopyWritesNothing) {
     ShowStored(u"Milk");
     note_.SaveNoteAs();
     EXPECT_EQ(view_.TakeCalls(), Calls{"AskCopyPath"});

@@ -33,7 +33,7 @@ class PumpingShell : public FakeShell {
 
 class OpenNoteLeaving : public OpenNoteTest {};
 
-// Hiding and minimising.
+// Hiding and minimizing.
 
 TEST_F(OpenNoteLeaving, HidingAppliesTheEffectsFirst) {
     ShowStored(u"text");
@@ -92,7 +92,7 @@ TEST_F(OpenNoteLeaving, ClosingANoteOfBlanksWritesNothing) {
     EXPECT_TRUE(notice_.sounds.empty());
 }
 
-TEST_F(OpenNoteLeaving, ClosingAnEmptyNoteDestroysItAlsoWhenMinimisingIsOn) {
+TEST_F(OpenNoteLeaving, ClosingAnEmptyNoteDestroysItAlsoWhenMinimizingIsOn) {
     settings_.minimizeToTray = true;
     note_.CloseButtonClick();
     EXPECT_TRUE(IsDestroyed());
@@ -144,14 +144,14 @@ TEST_F(OpenNoteLeaving, WithFileNamesForgottenANewFileIsNamedFromTheText) {
     EXPECT_EQ(SavedFiles(), std::vector<std::u16string>{kDocuments + u"\\Milk.qln"});
 }
 
-TEST_F(OpenNoteLeaving, ClosingMinimisesWhenThatIsOn) {
+TEST_F(OpenNoteLeaving, ClosingMinimizesWhenThatIsOn) {
     settings_.minimizeToTray = true;
     ShowStored(u"Milk");
     note_.CloseNote();
     EXPECT_FALSE(IsDestroyed());
     EXPECT_EQ(view_.TakeCalls(), (Calls{"ShowIcon", "SetOpacity none", "Hide"}));
     EXPECT_EQ(notice_.sounds, std::vector<SystemSound>{SystemSound::RestoreDown});
-    EXPECT_TRUE(note_.Data().Changed) << "so that it comes back minimised";
+    EXPECT_TRUE(note_.Data().Changed) << "so that it comes back minimized";
     EXPECT_TRUE(SavedFiles().empty());
 }
 
@@ -272,7 +272,7 @@ TEST_F(OpenNoteLeaving, ANoteGoneDuringThatMessageBoxIsLeftAlone) {
     EXPECT_TRUE(view.TakeCalls().empty());
 }
 
-TEST_F(OpenNoteLeaving, WithMinimisingOnTheCloseButtonMinimisesAlsoWithAReminder) {
+TEST_F(OpenNoteLeaving, WithMinimizingOnTheCloseButtonMinimizesAlsoWithAReminder) {
     settings_.minimizeToTray = true;
     ShowStored(u"Milk");
     note_.SetReminder(DaySerial{45123.75});

@@ -112,7 +112,7 @@ TEST_F(OpenNoteReminderTest, WithoutAnAlertTheNoteStaysOnTheScreen) {
     EXPECT_FALSE(note_.IsVisible()) << "an alert that never stood is not open";
 }
 
-TEST_F(OpenNoteReminderTest, AMinimisedNoteKeepsItsIconUntilTheAlertIsDismissed) {
+TEST_F(OpenNoteReminderTest, AMinimizedNoteKeepsItsIconUntilTheAlertIsDismissed) {
     note_.MinimizeByUser();
     SetSilently(0);
     note_.TimerBroadcast();
@@ -200,7 +200,7 @@ TEST_F(OpenNoteReminderTest, WhatIsNotAChangeIsNotSaved) {
     EXPECT_FALSE(IsSavePending());
 }
 
-TEST_F(OpenNoteReminderTest, SettingAndCancellingAReminderRepaints) {
+TEST_F(OpenNoteReminderTest, SettingAndCancelingAReminderRepaints) {
     note_.SetReminder(DaySerial{45123.75});
     EXPECT_TRUE(note_.Data().ReminderSet);
     EXPECT_EQ(note_.Data().ReminderTime, DaySerial{45123.75});

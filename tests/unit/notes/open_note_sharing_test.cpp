@@ -58,7 +58,7 @@ TEST_F(OpenNoteSharingTest, WhatHasFailedIsWithdrawnBeforeTheUserIsTold) {
 }
 
 TEST_F(OpenNoteSharingTest, PrintingThatTheUserCancelsIsNoError) {
-    printer_.opens = PrintOutcome::Cancelled;
+    printer_.opens = PrintOutcome::Canceled;
     note_.PrintNote();
     EXPECT_TRUE(notice_.warnings.empty());
 }

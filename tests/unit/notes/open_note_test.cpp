@@ -5,7 +5,7 @@ namespace {
 
 // A note just made.
 
-TEST_F(OpenNoteTest, StartsInTheSettingsColoursAndUnchanged) {
+TEST_F(OpenNoteTest, StartsInTheSettingsColorsAndUnchanged) {
     const Note& data = note_.Data();
     EXPECT_EQ(data.NoteKey, kKey);
     EXPECT_EQ(data.NoteColor, settings_.noteColor);
@@ -128,7 +128,7 @@ TEST_F(OpenNoteTest, AShortAppearanceLeavesBlackAndShowsTheNote) {
     EXPECT_TRUE(view_.IsVisible());
 }
 
-TEST_F(OpenNoteTest, ForeignColoursGiveWayToTheSettings) {
+TEST_F(OpenNoteTest, ForeignColorsGiveWayToTheSettings) {
     EXPECT_TRUE(note_.SetAppearanceString(u"False,False,1,2,3,1"));
     EXPECT_EQ(view_.Applied().NoteColor, settings_.noteColor);
     EXPECT_EQ(note_.AppearanceString(), u"False,False,14155262,3723262,0,1");
@@ -232,17 +232,17 @@ TEST_F(OpenNoteTest, ChangesOfTheNoteMarkIt) {
     } cases[] = {
         {"reminder", [](OpenNote& n) { n.SetReminder(DaySerial{45123.75}); }, true},
         {"large text", [](OpenNote& n) { n.SetLargeText(true); }, true},
-        {"colours", [](OpenNote& n) { n.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }, true},
-        {"default colours", [](OpenNote& n) { n.SetColor(false, {}, {}, {}); }, true},
+        {"colors", [](OpenNote& n) { n.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }, true},
+        {"default colors", [](OpenNote& n) { n.SetColor(false, {}, {}, {}); }, true},
         {"hiding by the user", [](OpenNote& n) { n.HideByUser(); }, true},
-        {"minimising by the user", [](OpenNote& n) { n.MinimizeByUser(); }, true},
-        {"cancelling by the user", [](OpenNote& n) { n.CancelReminderByUser(); }, true},
-        {"dealt colours", [](OpenNote& n) { n.SetOwnColors(ColorWord{1}, ColorWord{2}, ColorWord{3}); }, false},
-        {"colours applied again", [](OpenNote& n) { n.UpdateColors(); }, false},
+        {"minimizing by the user", [](OpenNote& n) { n.MinimizeByUser(); }, true},
+        {"canceling by the user", [](OpenNote& n) { n.CancelReminderByUser(); }, true},
+        {"dealt colors", [](OpenNote& n) { n.SetOwnColors(ColorWord{1}, ColorWord{2}, ColorWord{3}); }, false},
+        {"colors applied again", [](OpenNote& n) { n.UpdateColors(); }, false},
         {"hiding", [](OpenNote& n) { n.HideNote(); }, false},
-        {"minimising", [](OpenNote& n) { n.MinimizeToTray(); }, false},
+        {"minimizing", [](OpenNote& n) { n.MinimizeToTray(); }, false},
         {"popping up", [](OpenNote& n) { n.Popup(); }, false},
-        {"cancelling", [](OpenNote& n) { n.CancelReminder(); }, false},
+        {"canceling", [](OpenNote& n) { n.CancelReminder(); }, false},
         {"pinning", [](OpenNote& n) { n.TogglePin(); }, false},
         {"effects", [](OpenNote& n) { n.SetNoteEffects(); }, false},
     };
@@ -283,7 +283,7 @@ TEST_F(OpenNoteTest, PinningPutsItOnTopAndShowsThePin) {
     EXPECT_FALSE(view_.IsOnTop());
 }
 
-TEST_F(OpenNoteTest, DefaultColoursFollowTheSettings) {
+TEST_F(OpenNoteTest, DefaultColorsFollowTheSettings) {
     note_.UpdateColors();
     settings_.noteColor = ColorWord{0x112233};
     note_.UpdateColors();
@@ -301,7 +301,7 @@ TEST_F(OpenNoteTest, DefaultColoursFollowTheSettings) {
     EXPECT_EQ(view_.Applied().NoteColor, settings_.noteColor);
 }
 
-TEST_F(OpenNoteTest, TheColourDialogOpensOnceUntilItHasClosed) {
+TEST_F(OpenNoteTest, TheColorDialogOpensOnceUntilItHasClosed) {
     note_.SetOwnColors(ColorWord{1}, ColorWord{2}, ColorWord{3});
     static_cast<void>(view_.TakeCalls());
     note_.AskNoteColor();
@@ -315,7 +315,7 @@ TEST_F(OpenNoteTest, TheColourDialogOpensOnceUntilItHasClosed) {
     EXPECT_EQ(view_.TakeCalls(), std::vector<std::string>{"OpenColorDialog"});
 }
 
-TEST_F(OpenNoteTest, AColourDialogThatCouldNotOpenCanBeAskedForAgain) {
+TEST_F(OpenNoteTest, AColorDialogThatCouldNotOpenCanBeAskedForAgain) {
     view_.refuseColorDialog = true;
     note_.AskNoteColor();
     view_.refuseColorDialog = false;
@@ -324,7 +324,7 @@ TEST_F(OpenNoteTest, AColourDialogThatCouldNotOpenCanBeAskedForAgain) {
     EXPECT_EQ(view_.TakeCalls(), std::vector<std::string>{"OpenColorDialog"});
 }
 
-TEST_F(OpenNoteTest, TheFileSaysWhetherTheColoursAreItsOwn) {
+TEST_F(OpenNoteTest, TheFileSaysWhetherTheColorsAreItsOwn) {
     const auto second = [this] {
         const std::u16string appearance = note_.AppearanceString();
         const std::size_t start = appearance.find(u',') + 1;

@@ -40,7 +40,7 @@ TEST(AddToDate, AFractionOfASecondIsKept) {
     EXPECT_NEAR(AddToDate(beforeMidnight, Interval::Seconds, 1)->days, beforeMidnight.days + 1.0 / 86'400, resolution);
 }
 
-TEST(AddToDate, FractionsCountForwardsBeforeTheFirstSerial) {
+TEST(AddToDate, FractionsCountForwardBeforeTheFirstSerial) {
     const DaySerial start = ToDaySerial({1899, 12, 30, 6, 0, 0});
     EXPECT_EQ(AddToDate(start, Interval::Hours, -12), DaySerial{-1.75}) << "the 29th at 18:00";
     EXPECT_EQ(AddToDate(DaySerial{-1.75}, Interval::Hours, 12), start);
