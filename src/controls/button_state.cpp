@@ -26,7 +26,7 @@ ButtonResponse ButtonState::MouseMove(Point at, MouseButton held) {
     face_ = face;
     response.repaint = true;
     if (face == ButtonFace::Hot && held == MouseButton::None) {
-        captured_ = true;  // so that the mouse is seen to leave
+        captured_ = true;  // so that leaving is noticed
         response.capture = ButtonResponse::Capture::Take;
     } else if (face == ButtonFace::Normal) {
         captured_ = false;
@@ -40,13 +40,13 @@ ButtonResponse ButtonState::MouseDown(Point at, MouseButton pressed) {
     ButtonResponse response = MouseMove(at, pressed);
     if (pressed != MouseButton::Left || !menuMode_) {
         if (face_ != ButtonFace::Normal && !captured_) {
-            captured_ = true;  // a press is followed to its release, also one that no hover came before
+            captured_ = true;  // a press is followed to its release, even if the pointer did not hover before
             response.capture = ButtonResponse::Capture::Take;
         }
         return response;
     }
 
-    // The owner drops its menu down at once; the mouse belongs to the menu from here on.
+    // The owner opens its menu at once; the mouse belongs to the menu from here on.
     face_ = ButtonFace::Normal;
     captured_ = false;
     response.repaint = true;

@@ -7,34 +7,34 @@ namespace quillo {
 /// The face of a note button; the number is the column of its frame in the image strip.
 enum class ButtonFace : int { Normal = 0, Hot = 1, Pressed = 2 };
 
-/// How strongly the glyphs of an inactive note are drawn, in percent of an active one's: still at a contrast of 3 to 1.
+/// How strongly the glyphs of an inactive note are drawn, in percent of an active one's; the contrast is still 3 to 1.
 inline constexpr int kFaintGlyphPercent = 82;
 
-/// Which mouse button an event concerns or which one is held.
+/// The mouse button that an event concerns or that is held.
 enum class MouseButton { None, Left, Other };
 
-/// What the owner of the state is to do after an event, in this order.
+/// What the owner of the state has to do after an event, in this order.
 struct ButtonResponse {
     bool repaint = false;
     enum class Capture { Keep, Take, Release } capture = Capture::Keep;
     enum class Event { None, Click, ShiftClick, MouseDown } event = Event::None;
 };
 
-/// The flat button's behavior, free of any window. Coordinates are pixels inside the button.
+/// The flat button's behavior, independent of any window. Coordinates are pixels inside the button.
 class ButtonState {
   public:
     void Resize(Size size) { size_ = size; }
     void SetMenuMode(bool menuMode) { menuMode_ = menuMode; }
     [[nodiscard]] bool MenuMode() const { return menuMode_; }
     [[nodiscard]] ButtonFace Face() const { return face_; }
-    /// A button of the mouse went down here and has not been released.
+    /// True while a mouse button that was pressed here is held.
     [[nodiscard]] bool IsPressed() const { return pressed_; }
     [[nodiscard]] bool HasCapture() const { return captured_; }
 
     [[nodiscard]] ButtonResponse MouseMove(Point at, MouseButton held);
     [[nodiscard]] ButtonResponse MouseDown(Point at, MouseButton pressed);
     [[nodiscard]] ButtonResponse MouseUp(Point at, MouseButton released, bool shift);
-    /// The capture was taken away from outside: back to rest.
+    /// Another window has taken the capture: the button returns to rest.
     [[nodiscard]] ButtonResponse CaptureLost();
 
   private:

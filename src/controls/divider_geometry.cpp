@@ -26,7 +26,7 @@ DividerGeometry LayOutDivider(Size control, Size caption, const Scale& scale) {
         return geometry;
     }
     const int middle = control.height / 2;
-    // The groove stops short of the caption, which so needs no ground of its own.
+    // The groove ends before the caption, so the caption needs no background of its own.
     const int left = caption.width > 0 ? caption.width + scale.Px(kCaptionGap) : 0;
     const int width = std::max(0, control.width - left);
     geometry.shadow = Rect{left, middle - line, width, line};

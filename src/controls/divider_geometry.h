@@ -7,7 +7,7 @@ namespace quillo {
 
 class Canvas;
 
-/// Where the parts of an etched separator stand, in pixels inside the control.
+/// The places of the parts of an etched separator, in pixels inside the control.
 struct DividerGeometry {
     Rect shadow;
     Rect highlight;
@@ -15,7 +15,7 @@ struct DividerGeometry {
     bool vertical = false;
 };
 
-/// A control that is taller than wide is vertical. `caption` is the room that its text takes; no width, no caption.
+/// A control that is taller than wide is vertical. `caption` is the size of its text; a width of 0 means no caption.
 [[nodiscard]] DividerGeometry LayOutDivider(Size control, Size caption, const Scale& scale);
 
 /// Draws the groove in the system's colors.

@@ -14,9 +14,9 @@ struct PixelPicture {
     std::vector<std::uint32_t> pixels;
 };
 
-/// The picture on a ground of one color, for copying without any transparency. Pixels of the mask color become the
-/// ground. A picture that has coverage in its high bytes is laid over the ground by it as well; one that has none at
-/// all is meant to be opaque. Both colors are plain RGB.
+/// Composes the picture onto one color, so that it can be copied without transparency. Pixels of the mask color take
+/// the background color. If any pixel has a high byte above 0, the high bytes also serve as alpha; otherwise the
+/// picture is treated as opaque. Both colors are plain RGB.
 [[nodiscard]] PixelPicture CompositeIcons(const PixelPicture& picture, ColorWord mask, ColorWord ground);
 
 }  // namespace quillo

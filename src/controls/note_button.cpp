@@ -50,7 +50,7 @@ void NoteButton::SetEnabled(bool enabled) {
 
 void NoteButton::HoldDown(bool down) {
     heldDown_ = down;
-    // The menu has taken the release of the press that opened it; the press would never end.
+    // The menu has received the release of the press that opened it; without this the press would never end.
     if (!down) Answer(state_.CaptureLost());
     Invalidate();
 }
@@ -97,14 +97,14 @@ LRESULT NoteButton::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 void NoteButton::OnMouseMove(Point at, WPARAM keys) {
     if (!enabled_) return;
     Answer(state_.MouseMove(at, HeldButton(keys)));
-    // The pointer can leave unseen for another program's window, capture or not. A pressed button has no need of it:
-    // the system shows it every move until the release.
+    // The pointer can move to another program's window unnoticed, even with the capture. A pressed button needs no
+    // tracking: the system reports every move until the release.
     TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
     if (state_.Face() == ButtonFace::Hot && HeldButton(keys) == MouseButton::None) TrackMouseEvent(&track);
 }
 
 void NoteButton::OnMouseLeave() {
-    // It can come late, when a press already follows the pointer outside.
+    // The message can arrive late, when a press already follows the pointer outside.
     if (!state_.IsPressed()) OnMouseMove(Point{-1, -1}, 0);
 }
 
@@ -139,7 +139,7 @@ AccessiblePart NoteButton::Describe(int /*part*/) const {
 }
 
 void NoteButton::Activate(int /*part*/) {
-    // Later: the reader must not wait for a menu or a question to end.
+    // Posted: the screen reader must not wait until a menu or a question ends.
     PostMessageW(Handle(), BM_CLICK, 0, 0);
 }
 
@@ -147,7 +147,7 @@ void NoteButton::Answer(const ButtonResponse& response) {
     if (response.repaint) Invalidate();
     if (response.capture == ButtonResponse::Capture::Take) SetCapture(Handle());
     if (response.capture == ButtonResponse::Capture::Release && GetCapture() == Handle()) ReleaseCapture();
-    // Last: the handler may end the note and this button with it. The copy outlives that.
+    // Last: the handler may end the note and this button with it. The copy survives that.
     const auto raise = [](std::function<void()> handler) {
         if (handler) handler();
     };

@@ -14,26 +14,26 @@ class NoteButton : public Window, private AccessibleSource {
   public:
     explicit NoteButton(NoteButtonImages& images) : images_(images) {}
 
-    /// `name` is what a screen reader speaks. False on failure.
+    /// Screen readers speak `name`. False on failure.
     bool Create(HWND parent, int id, const wchar_t* name, const Rect& place = {});
 
     [[nodiscard]] ButtonPicture Picture() const { return picture_; }
     void SetPicture(ButtonPicture picture);
     [[nodiscard]] bool Enabled() const { return enabled_; }
-    /// A disabled button does not react and shows its face at rest.
+    /// A disabled button does not react and shows its normal face.
     void SetEnabled(bool enabled);
-    /// Looks pressed whatever the mouse does: while the menu that it opened stands.
+    /// Shows the pressed face regardless of the mouse: while the menu that it opened is shown.
     void HoldDown(bool down);
     [[nodiscard]] bool MenuMode() const { return state_.MenuMode(); }
     void SetMenuMode(bool menuMode) { state_.SetMenuMode(menuMode); }
-    /// Lets go of the capture that a button holds while the pointer rests on it; a press goes on.
+    /// Releases the capture that a button holds while the pointer hovers over it; a press continues.
     static void EndHover();
-    /// Draws the button at rest on its note: before it has a window of its own nobody can tell the difference.
+    /// Draws the button at rest on its note. Before the button has a window, this picture takes its place.
     void PaintAtRest(HDC dc, const Rect& place);
-    /// The bar behind the button and the color of its glyph.
+    /// The colors of the bar behind the button and of its glyph.
     void SetTint(const ButtonTint& tint, const Scale& scale);
 
-    // Raised to the note; a handler may end the note.
+    // Raised for the note; a handler may end the note.
     std::function<void()> onClick;
     std::function<void()> onShiftClick;
     std::function<void()> onMouseDown;
@@ -50,7 +50,7 @@ class NoteButton : public Window, private AccessibleSource {
     void OnPaint();
     void PaintFace(HDC dc, const Rect& place, ButtonFace face);
     void Answer(const ButtonResponse& response);
-    /// A click that no mouse has made (BM_CLICK, as for the system's buttons).
+    /// A click without the mouse (BM_CLICK, as for the system's buttons).
     void OnClickMessage();
     [[nodiscard]] AccessiblePart Describe(int part) const override;
     void Activate(int part) override;

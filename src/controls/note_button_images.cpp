@@ -14,14 +14,14 @@ namespace {
 constexpr int kRows = 5;
 constexpr int kColumns = 3;
 constexpr int kOpaque = 255;
-/// More than the schemes that a desktop shows at once, active and inactive.
+/// More than the color schemes that a desktop shows at once, active and inactive.
 constexpr std::size_t kStripsKept = 32;
 
 constexpr std::size_t PixelCount(int frame) {
     return static_cast<std::size_t>(frame) * kColumns * static_cast<std::size_t>(frame) * kRows;
 }
 
-/// `coverage` (0 to 255) of `over` on `under`.
+/// Blends `over` onto `under` with that coverage (0 to 255).
 ColorWord Cover(ColorWord under, ColorWord over, int coverage) {
     const auto channel = [coverage](int below, int above) {
         return below + ((above - below) * coverage + (above >= below ? kOpaque / 2 : -kOpaque / 2)) / kOpaque;
@@ -64,13 +64,13 @@ NoteButtonImages::Coverage NoteButtonImages::LoadCoverage(int frame) {
     return Coverage{drawn.size.width / kColumns, std::move(drawn.planes[0]), std::move(drawn.planes[1])};
 }
 
-/// Each target pixel takes the mean of the source area that it covers.
+/// Each target pixel is the mean of the source area that it covers.
 NoteButtonImages::Coverage NoteButtonImages::Resample(const Coverage& source, int frame) {
     Coverage target{frame, std::vector<unsigned char>(PixelCount(frame)),
                     std::vector<unsigned char>(PixelCount(frame))};
     const int width = frame * kColumns;
     const int sourceWidth = source.frame * kColumns;
-    // Sixteen samples a side are more than enough for any scale between the strips.
+    // Sixteen samples per side are enough for any scale between the strips.
     constexpr int kSamples = 16;
     for (int y = 0; y < frame * kRows; ++y) {
         for (int x = 0; x < width; ++x) {

@@ -13,8 +13,7 @@ namespace quillo {
 /// The rows of the button image strip.
 enum class ButtonPicture : int { Close = 0, Pushpin = 1, PushpinPressed = 2, Menu = 3, Warning = 4 };
 
-/// What the strip's images are drawn on and in: the vertical gradient of the bar behind them and the glyphs' color.
-/// Plain RGB colors.
+/// The colors of a strip's images: the vertical gradient of the bar behind them and the glyphs' color. Plain RGB.
 struct ButtonTint {
     ColorWord top;
     ColorWord bottom;
@@ -26,16 +25,16 @@ struct ButtonTint {
 /// The edge of one frame of the strip at 96 dpi.
 inline constexpr int kButtonFrame = 20;
 
-/// The shared button image strip, tinted for each kind of note: a row per picture, in it one square frame per face
-/// (normal, hot, pressed). The strips that were used last are kept.
+/// The shared strip of button images, tinted for each kind of note: a row per picture, with one square frame per face
+/// (normal, hot, pressed). The most recently used strips are cached.
 class NoteButtonImages {
   public:
-    /// A strip whose frames are `scale.Px(20)` pixels square; null when the artwork cannot be loaded. Borrowed, and
-    /// valid until the next call.
+    /// A strip whose frames are `scale.Px(20)` pixels square; null if the artwork cannot be loaded. Borrowed, and valid
+    /// until the next call.
     [[nodiscard]] HBITMAP Strip(const ButtonTint& tint, const Scale& scale);
 
   private:
-    /// How much of the glyph and of the plate behind it covers each pixel, 0 to 255.
+    /// How much of each pixel the glyph and the plate behind it cover, 0 to 255.
     struct Coverage {
         int frame = 0;  ///< edge of a frame in pixels
         std::vector<unsigned char> glyph;

@@ -28,7 +28,7 @@ std::optional<StripKey> StripKeyOf(WPARAM key) {
     }
 }
 
-/// The arrows move inside the strip, and Enter picks instead of pressing the dialog's button.
+/// The arrow keys move inside the strip, and Enter picks a swatch instead of pressing the dialog's default button.
 LRESULT WantedKeys(const MSG* message) {
     const bool enter = message != nullptr && message->message == WM_KEYDOWN && message->wParam == VK_RETURN;
     return DLGC_WANTARROWS | (enter ? DLGC_WANTMESSAGE : 0);
@@ -45,7 +45,7 @@ bool NoteColorSelector::Create(HWND parent, int id, const wchar_t* name, Point a
     const Size size = strip_.StripSize();
     WindowPlan plan;
     plan.title = name;
-    plan.style = WS_CHILD | WS_VISIBLE | WS_GROUP | WS_TABSTOP;  // the arrows of a form's options end before it
+    plan.style = WS_CHILD | WS_VISIBLE | WS_GROUP | WS_TABSTOP;  // arrow keys in the option buttons stop before it
     plan.place = Rect{at.x, at.y, size.width, size.height};
     plan.parent = parent;
     plan.childId = id;
@@ -87,7 +87,7 @@ LRESULT NoteColorSelector::HandleMessage(UINT message, WPARAM wParam, LPARAM lPa
             Invalidate();
             return Default(message, wParam, lParam);
         case WM_ERASEBKGND:
-            return 1;  // painted whole, off the screen
+            return 1;  // the strip is painted as a whole, in a memory bitmap
         case WM_PAINT:
             return OnPaint(), 0;
         default:
@@ -105,7 +105,7 @@ void NoteColorSelector::OnPress() {
     SetFocus(Handle());
     byMouse_ = true;
     Invalidate();
-    SetCapture(Handle());  // a release outside is this strip's too: it picks nothing
+    SetCapture(Handle());  // the strip also receives a release outside, which picks nothing
 }
 
 void NoteColorSelector::OnRelease(Point at, WPARAM keys) {
@@ -154,7 +154,7 @@ AccessiblePart NoteColorSelector::Describe(int part) const {
     }
     const auto swatch = static_cast<std::size_t>(part - 1);
     described.name = SwatchName(swatch);
-    described.role = ROLE_SYSTEM_PUSHBUTTON;  // it does something, and never stays chosen
+    described.role = ROLE_SYSTEM_PUSHBUTTON;  // a swatch performs an action and does not stay selected
     described.action = u"Press";
     described.place = strip_.PlaceOf(swatch);
     return described;
@@ -171,7 +171,7 @@ void NoteColorSelector::OnPaint() {
     const PaintScope paint(Handle());
     const RECT client = ToWin32(ClientRect());
     const BufferedPaint buffer(paint.Dc(), client);
-    // What shows beside the swatches is the form's.
+    // The form supplies the background beside the swatches.
     const LRESULT ground = SendMessageW(GetParent(Handle()), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(buffer.Dc()),
                                         reinterpret_cast<LPARAM>(Handle()));
     FillRect(buffer.Dc(), &client, reinterpret_cast<HBRUSH>(ground));

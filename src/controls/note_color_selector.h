@@ -9,24 +9,24 @@
 
 namespace quillo {
 
-/// A strip of color schemes to pick one from, with the mouse or with the arrow keys and Space or Enter. It always has
-/// the size of its strip, and keeps no picked scheme: whoever holds it remembers what was delivered.
+/// A strip of color schemes from which one is picked with the mouse, or with the arrow keys and Space or Enter. It
+/// always has the size of its strip, and does not store the picked scheme: its owner does.
 class NoteColorSelector : public Window, private AccessibleSource {
   public:
-    /// `name` is what a screen reader speaks. False on failure.
+    /// Screen readers speak `name`. False on failure.
     bool Create(HWND parent, int id, const wchar_t* name, Point at = {});
 
-    /// Delivers the first scheme, as if it had been picked.
+    /// Reports the first scheme, as if it had been picked.
     void SetDefault() const { Pick(0); }
-    /// One of the pale schemes, for a new note; raises nothing.
+    /// One of the pale schemes, for a new note; raises no event.
     [[nodiscard]] static const ColorScheme& GetRandomColors(Random& random) { return RandomScheme(random); }
-    /// The keys start from the first swatch again.
+    /// Moves the keyboard mark to the first swatch.
     void ResetChoice() { MoveMark(0); }
-    /// The resolution of the form that it stands on; it takes the size of its strip.
+    /// Sets the resolution of the form that contains it; the control then takes the size of its strip.
     void SetScale(const Scale& scale);
     [[nodiscard]] Size StripSize() const { return strip_.StripSize(); }
 
-    /// A scheme is picked. A handler may end the selector.
+    /// A scheme was picked. A handler may end the selector.
     std::function<void(const ColorScheme&)> onColorPicked;
 
   protected:
@@ -50,7 +50,7 @@ class NoteColorSelector : public Window, private AccessibleSource {
     [[nodiscard]] static int PartOf(std::size_t swatch) { return static_cast<int>(swatch) + 1; }
 
     SwatchStrip strip_;
-    bool byMouse_ = false;  ///< used by mouse since it has the focus: no swatch is marked until a key is pressed
+    bool byMouse_ = false;  ///< used by mouse since it got the focus: no swatch is marked until a key is pressed
     Scale scale_;
     AccessibleLink accessible_{*this};
 };

@@ -30,7 +30,7 @@ void SliderTrack::Apply(const SliderProperties& properties) {
 void SliderTrack::SetValue(std::int32_t value) {
     properties_.value = std::max(std::min(value, Max()), Min());
     Repaint();
-    const auto changed = onChange;  // outlives a slider that the handler ends
+    const auto changed = onChange;  // survives a slider that the handler ends
     if (changed) changed(Value());
 }
 
@@ -109,7 +109,7 @@ void SliderTrack::Press(SliderKey key) {
 void SliderTrack::Pick(std::int32_t value) {
     if (!Enabled() || value == Value()) return;
     const std::weak_ptr<char> life = life_;
-    // Copies outlive a slider that a handler ends.
+    // The copies survive a slider that a handler ends.
     for (const std::function<void(std::int32_t)>& handler : {onClick, onChange}) {
         if (handler && !life.expired()) handler(value);
     }
@@ -128,7 +128,7 @@ void SliderTrack::Paint(Canvas& canvas, bool focused) const {
     const double perUnit = PixelsPerUnit();
     if (inside.width > 0 && inside.height > 0) {
         const double level = (static_cast<double>(Value()) - static_cast<double>(Min())) * perUnit;
-        // Every value above the least shows, also where the range has more units than the bar has columns.
+        // Every value above the minimum is visible, even if the range has more units than the bar has columns.
         const int least = Value() > Min() ? 1 : 0;
         const int filled = perUnit > 0 ? std::max(RoundHalfEven(level).value_or(0), least) : inside.width;
         const Rect rest{inside.left + filled, inside.top, inside.width - filled, inside.height};
@@ -137,7 +137,7 @@ void SliderTrack::Paint(Canvas& canvas, bool focused) const {
     }
     canvas.Box(Rect{0, 0, size_.width, size_.height}, outline, kBlack);
     if (!focused) return;
-    // One of the two stands out from whatever the bar is filled with.
+    // One of the two contrasts with any color that fills the bar.
     canvas.Box(inside, outline, kSystemWindow);
     canvas.Box(Rect{2 * outline, 2 * outline, inside.width - 2 * outline, inside.height - 2 * outline}, outline,
                kSystemWindowText);

@@ -12,12 +12,12 @@ namespace quillo {
 
 class Canvas;
 
-/// What a slider is given by the form that it stands on; the defaults are those of a freshly placed one.
+/// The properties that a form gives its slider; the defaults are those of a newly placed one.
 struct SliderProperties {
     std::int32_t value = 0;
     std::int32_t min = 0;
     std::int32_t max = 100;
-    ColorWord foreColor = kSystemHighlight;  ///< of the part up to the value
+    ColorWord foreColor = kSystemHighlight;  ///< of the part below the value
     ColorWord backColor = kSystemWindow;     ///< of the rest
     bool enabled = true;
 };
@@ -25,7 +25,7 @@ struct SliderProperties {
 /// Where a key moves the value.
 enum class SliderKey { Less, More, PageLess, PageMore, ToMin, ToMax };
 
-/// The level bar's behavior and picture, free of any window. Coordinates are pixels inside the control.
+/// The level bar's behavior and picture, independent of any window. Coordinates are pixels inside the control.
 class SliderTrack {
   public:
     [[nodiscard]] std::int32_t Value() const { return properties_.value; }
@@ -34,14 +34,14 @@ class SliderTrack {
     [[nodiscard]] ColorWord ForeColor() const { return properties_.foreColor; }
     [[nodiscard]] ColorWord BackColor() const { return properties_.backColor; }
     [[nodiscard]] bool Enabled() const { return properties_.enabled; }
-    /// Pixels per unit; 0 when the control is too narrow or the range is empty.
+    /// Pixels per unit; 0 if the control is too narrow or the range is empty.
     [[nodiscard]] double PixelsPerUnit() const;
 
-    /// Takes everything over at once, brought into its bounds; no event.
+    /// Takes all properties at once, each clamped to its limits; no event.
     void Apply(const SliderProperties& properties);
-    /// Keeps the value in its bounds and raises onChange, also when it is the old one.
+    /// Clamps the value and raises onChange, even if the value is the old one.
     void SetValue(std::int32_t value);
-    /// The other two follow when they have to; no event.
+    /// Adjusts the other two if necessary; no event.
     void SetMin(std::int32_t min);
     void SetMax(std::int32_t max);
     void SetForeColor(ColorWord color);
@@ -53,13 +53,13 @@ class SliderTrack {
     void MouseAt(int x);
     void Press(SliderKey key);
 
-    /// With a ring inside the outline while the slider has the keyboard.
+    /// `focused` adds a ring inside the outline.
     void Paint(Canvas& canvas, bool focused = false) const;
 
-    /// A new value was picked. intended: Value() is still the old one in the handlers of a pick, so that a handler can
-    /// tell from where to where the user went; the new one is the argument. A handler may end the slider.
+    /// A new value was picked. Intended: Value() is still the old one while the handlers of a pick run, so that a
+    /// handler knows both; the new one is the argument. A handler may end the slider.
     std::function<void(std::int32_t)> onClick;
-    /// Right after onClick, and after each SetValue.
+    /// Raised right after onClick, and after each SetValue.
     std::function<void(std::int32_t)> onChange;
     std::function<void()> onRepaint;
 
@@ -71,7 +71,7 @@ class SliderTrack {
     SliderProperties properties_;
     Size size_;
     Scale scale_;
-    std::shared_ptr<char> life_ = std::make_shared<char>();  // gone with the slider
+    std::shared_ptr<char> life_ = std::make_shared<char>();  // expires with the slider
 };
 
 }  // namespace quillo

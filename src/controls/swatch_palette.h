@@ -31,10 +31,10 @@ inline constexpr std::array<ColorScheme, 11> kSwatches{{
     {ColorWord::FromRgb(0, 0, 0), ColorWord::FromRgb(0x10, 0xEF, 0xFE), ColorWord::FromRgb(0x10, 0xEF, 0xFE)},
 }};
 
-/// Only the first five, the pale ones, are dealt out at random (intended: a dark note is the user's own choice).
+/// Only the first five schemes, the pale ones, are chosen at random (intended: a dark note is the user's own choice).
 inline constexpr int kRandomSwatches = 5;
 
-/// One of the pale schemes, each as likely as the others; draws one number.
+/// One of the pale schemes, each equally likely; draws one number.
 [[nodiscard]] const ColorScheme& RandomScheme(Random& random);
 
 }  // namespace quillo

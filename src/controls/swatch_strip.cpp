@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kLabelPoints = 8;
 
-// The keyboard's mark in pixels at 96 dpi: a ring inside the swatch and a bar in the room below it.
+// The keyboard mark in pixels at 96 dpi: a ring inside the swatch and a bar in the space below it.
 constexpr int kRingInset = 2;
 constexpr int kBarGap = 2;
 constexpr int kBarHeight = 2;
@@ -50,7 +50,7 @@ Rect SwatchStrip::PlaceOf(std::size_t index) const {
 
 std::optional<std::size_t> SwatchStrip::SwatchAt(Point at) const {
     const auto inTwips = [this](int pixels) { return static_cast<int>(scale_.ToTwips(Pixels{pixels}).value); };
-    // The strip's own edge in pixels, which a fraction of a twip must not move.
+    // The strip's own edge in pixels, so that a fraction of a twip does not move it.
     const Size size = StripSize();
     if (at.x < 0 || at.x >= size.width || at.y < 0 || at.y >= size.height) return std::nullopt;
     return HitStrip(inTwips(at.x), std::min(inTwips(at.y), kStripHeight - 1));

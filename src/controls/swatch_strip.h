@@ -16,21 +16,21 @@ class Canvas;
 inline constexpr int kStripWidth = 4020;
 inline constexpr int kStripHeight = 415;
 inline constexpr int kSwatchSide = 360;
-/// Where the label "Aa" of a swatch starts, inside the swatch; 255 wide, it reaches into the next one.
+/// Where the label "Aa" starts inside its swatch; the label is 255 wide and extends into the next swatch.
 inline constexpr int kSwatchLabelInset = 120;
 
 /// The swatch at a point of the strip, in twips. None outside the strip, nor in the margin right of the last swatch,
-/// into which the last label reaches: the swatch under the pointer decides, never the label of another.
+/// into which the last label extends: only the swatch under the pointer counts, not the label of another.
 [[nodiscard]] std::optional<std::size_t> HitStrip(int x, int y);
 
-/// What a screen reader calls a swatch.
+/// The name of a swatch for screen readers.
 [[nodiscard]] std::u16string_view SwatchName(std::size_t index);
 
-/// Where a key takes the keyboard's mark.
+/// Where a key moves the keyboard mark.
 enum class StripKey { Back, Forward, First, Last };
 
-/// The strip of swatches, free of any window. It has no picked swatch; the keyboard's mark only says which one the
-/// keys would pick. Coordinates are device pixels inside the strip.
+/// The strip of swatches, independent of any window. No swatch is selected; the keyboard mark only shows which one a
+/// key would pick. Coordinates are device pixels inside the strip.
 class SwatchStrip {
   public:
     void SetScale(const Scale& scale) { scale_ = scale; }
@@ -43,7 +43,7 @@ class SwatchStrip {
     /// The mark stops at both ends.
     void Press(StripKey key);
 
-    /// Draws the swatches, and the mark when `focused`; the ground is the caller's.
+    /// Draws the swatches, and the mark if `focused`; the caller paints the background.
     void Paint(Canvas& canvas, bool focused) const;
 
   private:

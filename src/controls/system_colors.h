@@ -9,7 +9,7 @@ namespace quillo {
     return ColorWord{0x80000000U | index};
 }
 
-// The system's colors that the controls are drawn in.
+// The system colors that the controls use.
 inline constexpr ColorWord kSystemWindow = SystemColor(5);
 inline constexpr ColorWord kSystemWindowText = SystemColor(8);
 inline constexpr ColorWord kSystemHighlight = SystemColor(13);

@@ -6,7 +6,7 @@
 
 namespace quillo {
 
-/// Tells a control where data is dragged over it, and takes none of it. The control holds one reference.
+/// Reports to a control where data is dragged over it, and accepts no drop. The control holds one reference.
 class TabDropTarget : public DropTarget {
   public:
     /// `over` gets the point in the window's client area; it may end the control. `window` is borrowed.

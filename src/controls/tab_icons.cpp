@@ -38,7 +38,7 @@ BitmapHandle TabIcons::Compose(ColorWord mask, ColorWord ground) const {
     std::copy(composed.pixels.begin(), composed.pixels.end(), pixels);
     if (edge_ == composed.height) return whole;
 
-    // Scaled only now that no pixel stands for anything but itself.
+    // Scaled only after composing, when every pixel is a plain color.
     const int width = composed.width * edge_ / composed.height;
     BitmapHandle scaled = MakeDib(Size{width, edge_}, &pixels);
     if (!scaled) return scaled;

@@ -5,24 +5,24 @@
 
 namespace quillo {
 
-/// The icons of a tab strip, laid once over each of the two grounds that they are shown on.
+/// The icons of a tab strip, composed with each of the two background colors that they are shown on.
 class TabIcons {
   public:
-    /// Takes a strip of square icons over, as high as wide each; null takes the icons away. The bitmap may go.
+    /// Takes a copy of a strip of square icons, each as wide as the strip is high; null removes the icons.
     void SetPicture(HBITMAP strip);
-    /// Lays the icons over the grounds, each `edge` pixels wide; 0 leaves them as large as they are.
+    /// Composes the icons with both backgrounds, each `edge` pixels wide; 0 keeps their size.
     void Compose(ColorWord mask, ColorWord ground, ColorWord tabGround, int edge);
 
     /// The edge of an icon as it is drawn; 0 without icons.
     [[nodiscard]] int Edge() const { return edge_; }
-    /// Copies an icon, the first is 1, onto the strip's ground or onto a tab's face.
+    /// Copies an icon (the first is 1) onto the strip's background or onto a tab's face.
     void Draw(HDC dc, int icon, int x, int y, bool onTab) const;
 
   private:
     [[nodiscard]] BitmapHandle Compose(ColorWord mask, ColorWord ground) const;
 
     PixelPicture original_;
-    BitmapHandle masked_;  // on the strip's ground
+    BitmapHandle masked_;  // on the strip's background
     BitmapHandle onTab_;   // on a tab's face
     int edge_ = 0;
 };

@@ -9,20 +9,20 @@
 
 namespace quillo {
 
-/// The captions in a tabs text, which a vertical bar parts; empty ones are tabs too. An empty text has none.
+/// The captions in a tabs text, separated by vertical bars; an empty caption is a tab too. An empty text has no tabs.
 [[nodiscard]] std::vector<std::u16string> SplitTabs(std::u16string_view tabs);
 
-/// What the tabs are laid out from, in device pixels.
+/// The measures from which the tabs are laid out, in device pixels.
 struct TabMeasures {
     std::vector<int> captionWidths;  ///< of the text alone, one per tab
     int lineHeight = 0;              ///< of a line of text
     int iconEdge = 0;                ///< 0 without icons
-    bool inlineIcons = false;        ///< icons stand beside their captions instead of above
+    bool inlineIcons = false;        ///< icons are beside their captions instead of above
     int spacing = 0;                 ///< on each side of a caption and between tabs
     Size control;
 };
 
-/// Where each tab stands, in device pixels; the first tab is 1.
+/// The place of each tab, in device pixels; the first tab is 1.
 class TabLayout {
   public:
     TabLayout() = default;
@@ -31,17 +31,17 @@ class TabLayout {
     [[nodiscard]] int Count() const { return static_cast<int>(widths_.size()); }
     [[nodiscard]] int Left(int tab) const { return lefts_[Index(tab)]; }
     [[nodiscard]] int Width(int tab) const { return widths_[Index(tab)]; }
-    /// Just outside the face of the tab, which is where the face of the next one begins.
+    /// One past the face of the tab, which is where the next face begins.
     [[nodiscard]] int Right(int tab) const { return Left(tab) + Width(tab) + measures_.spacing; }
     /// The tab at a point; 0 for none.
     [[nodiscard]] int Hit(Point at) const;
-    /// The left and right ends of the room for a tab's caption, its top and its bottom line.
+    /// The box for a tab's caption.
     [[nodiscard]] Rect CaptionBox(int tab, bool alignTop) const;
     /// The top left corner of a tab's icon.
     [[nodiscard]] Point IconAt(int tab, bool alignTop) const;
-    /// The face of a tab without the line that parts it from the page.
+    /// The face of a tab without the line between the tabs and the page.
     [[nodiscard]] Rect Face(int tab, bool alignTop) const;
-    /// The line that parts the tabs from the page.
+    /// The line between the tabs and the page.
     [[nodiscard]] Rect PageLine(bool alignTop) const;
 
   private:

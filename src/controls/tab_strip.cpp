@@ -32,7 +32,7 @@ TabResponse TabStrip::MouseMove(Point at) {
     if (hit == 0) {
         response.capture = TabResponse::Capture::Release;
     } else if (hot_ == 0) {
-        response.capture = TabResponse::Capture::Take;  // so that the mouse is seen to leave
+        response.capture = TabResponse::Capture::Take;  // so that leaving is noticed
         response.repaint = hit != current_;
     }
     hot_ = hit;
@@ -99,7 +99,7 @@ void TabStrip::PaintFace(Canvas& canvas, const TabProperties& properties, const 
     const Rect outer = layout_.Face(current_, top);
     if (outer.width <= 0) return;
     const int line = scale.Px(1);
-    // The face is open toward the page: it covers the line under it.
+    // The face opens toward the page: it covers the line between them.
     const Rect page = layout_.PageLine(top);
     Rect face{outer.left, top ? page.top : outer.top, outer.width, outer.height + page.height};
     canvas.Fill(face, properties.tabColor);

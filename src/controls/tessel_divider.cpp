@@ -54,7 +54,7 @@ LRESULT TesselDivider::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
         case WM_SYSCOLORCHANGE:
             return Invalidate(), 0;
         case WM_ERASEBKGND:
-            return 1;  // the ground is painted with the rest
+            return 1;  // the background is painted with the rest
         case WM_PAINT:
             return OnPaint(), 0;
         default:
@@ -92,7 +92,7 @@ void TesselDivider::OnPaint() {
 }
 
 void TesselDivider::PaintGround(HDC dc, const RECT& area) const {
-    // The form's own ground, and its color for texts on it.
+    // The form supplies the background and the color of text on it.
     const LRESULT brush = SendMessageW(GetParent(Handle()), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
                                        reinterpret_cast<LPARAM>(Handle()));
     FillRect(dc, &area, brush != 0 ? reinterpret_cast<HBRUSH>(brush) : GetSysColorBrush(COLOR_BTNFACE));

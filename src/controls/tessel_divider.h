@@ -9,8 +9,8 @@
 
 namespace quillo {
 
-/// An etched line that parts the groups of a page, with a caption or without. Its font is set as for every control, by
-/// WM_SETFONT.
+/// An etched line between groups of a page, with or without a caption. Its font is set with WM_SETFONT, as for every
+/// control.
 class TesselDivider : public Window, private AccessibleSource {
   public:
     /// False on failure.
@@ -18,7 +18,7 @@ class TesselDivider : public Window, private AccessibleSource {
 
     [[nodiscard]] std::u16string Caption() const;
     void SetCaption(std::u16string_view caption);
-    /// The resolution of the form that it stands on.
+    /// Sets the resolution of the form that contains it.
     void SetScale(const Scale& scale);
 
   protected:
@@ -32,7 +32,7 @@ class TesselDivider : public Window, private AccessibleSource {
     [[nodiscard]] AccessiblePart Describe(int part) const override;
 
     Scale scale_;
-    HFONT font_ = nullptr;  // the form's
+    HFONT font_ = nullptr;  // borrowed from the form
     AccessibleLink accessible_{*this};
 };
 

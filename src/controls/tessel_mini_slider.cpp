@@ -37,7 +37,7 @@ std::optional<SliderKey> SliderKeyOf(WPARAM key) {
 
 TesselMiniSlider::TesselMiniSlider() {
     track_.onRepaint = [this] { OnTrackChanged(); };
-    // Copies outlive a slider that the handler ends.
+    // The copies survive a slider that the handler ends.
     track_.onClick = [this](std::int32_t value) {
         if (const auto handler = onClick) handler(value);
     };

@@ -10,18 +10,18 @@
 
 namespace quillo {
 
-/// A flat level bar whose value the user sets by pressing, by dragging, or with the arrow keys, Page Up and Down, Home
+/// A flat level bar. The user sets its value by pressing, by dragging, or with the arrow keys, Page Up and Down, Home
 /// and End.
 class TesselMiniSlider : public Window, private AccessibleSource {
   public:
     TesselMiniSlider();
 
-    /// `name` is what a screen reader speaks. False on failure.
+    /// Screen readers speak `name`. False on failure.
     bool Create(HWND parent, int id, const wchar_t* name, const SliderProperties& properties = {},
                 const Rect& place = {});
 
     [[nodiscard]] std::int32_t Value() const { return track_.Value(); }
-    /// Keeps the value in its bounds and raises onChange, also when it is the old one.
+    /// Clamps the value and raises onChange, even if the value is the old one.
     void SetValue(std::int32_t value) { track_.SetValue(value); }
     [[nodiscard]] std::int32_t Min() const { return track_.Min(); }
     void SetMin(std::int32_t min) { track_.SetMin(min); }
@@ -32,18 +32,18 @@ class TesselMiniSlider : public Window, private AccessibleSource {
     [[nodiscard]] ColorWord BackColor() const { return track_.BackColor(); }
     void SetBackColor(ColorWord color) { track_.SetBackColor(color); }
     [[nodiscard]] bool Enabled() const { return track_.Enabled(); }
-    /// A disabled slider passes the keyboard and the mouse over.
+    /// A disabled slider ignores the keyboard and the mouse.
     void SetEnabled(bool enabled);
-    /// The resolution of the form that it stands on.
+    /// Sets the resolution of the form that contains it.
     void SetScale(const Scale& scale);
-    /// A message box that says what the control is; lets messages run.
+    /// Shows a message box that says what the control is, and pumps messages.
     void AboutBox() const;
 
-    // Raised when the user picks a value, in this order; Value() is still the old one then, the new one is the
-    // argument. onChange also follows each SetValue. A handler may end the slider.
+    // Raised when the user picks a value, in this order; Value() is still the old one then, and the argument is the new
+    // one. Each SetValue raises onChange too. A handler may end the slider.
     std::function<void(std::int32_t)> onClick;
     std::function<void(std::int32_t)> onChange;
-    /// What a screen reader speaks for a value; without it the number itself.
+    /// The text that a screen reader speaks for a value; without it the number itself.
     std::function<std::u16string(std::int32_t)> describeValue;
 
   protected:
@@ -60,7 +60,7 @@ class TesselMiniSlider : public Window, private AccessibleSource {
 
     SliderTrack track_;
     Scale scale_;
-    std::int32_t announced_ = 0;  // the value that screen readers were told of
+    std::int32_t announced_ = 0;  // the value last announced to screen readers
     AccessibleLink accessible_{*this};
 };
 

@@ -15,7 +15,7 @@ namespace quillo {
 namespace {
 
 constexpr Point kNowhere{-1, -1};
-constexpr int kFocusMargin = 2;  // pixels at 96 dpi between a caption's room and the mark of the focus
+constexpr int kFocusMargin = 2;  // pixels at 96 dpi between a caption's box and the focus mark
 
 std::optional<TabKey> TabKeyOf(WPARAM key) {
     switch (key) {
@@ -158,7 +158,7 @@ void TesselTab::TakeDrops() {
 
 void TesselTab::OnMouseMove(Point at) {
     Answer(strip_.MouseMove(at));
-    // The pointer can leave unseen for another program's window, capture or not.
+    // The pointer can move to another program's window unnoticed, even with the capture.
     TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Handle(), 0};
     if (strip_.Hot() != 0) TrackMouseEvent(&track);
 }
@@ -206,7 +206,7 @@ void TesselTab::Answer(const TabResponse& response) {
     if (response.change == 0) return;
     NotifyWinEvent(EVENT_OBJECT_SELECTION, Handle(), OBJID_CLIENT, response.change);
     if (GetFocus() == Handle()) NotifyWinEvent(EVENT_OBJECT_FOCUS, Handle(), OBJID_CLIENT, response.change);
-    // Last: the handler may end the strip. The copy outlives that.
+    // Last: the handler may end the strip. The copy survives that.
     if (const auto handler = onChange) handler(response.change);
 }
 
@@ -250,7 +250,7 @@ void TesselTab::PaintFocus(HDC dc) const {
     RECT mark = ToWin32(strip_.Layout().Face(CurrentTab(), properties_.alignTop));
     const int margin = scale_.Px(kFocusMargin) + scale_.Px(properties_.thickBorder ? 2 : 1);
     InflateRect(&mark, -margin, -margin);
-    SetTextColor(dc, RGB(0, 0, 0));  // the mark inverts what lies under it
+    SetTextColor(dc, RGB(0, 0, 0));  // the mark inverts the pixels below it
     SetBkColor(dc, RGB(255, 255, 255));
     for (int line = 0; line < scale_.Px(1); ++line) {
         DrawFocusRect(dc, &mark);

@@ -12,34 +12,34 @@
 
 namespace quillo {
 
-/// A flat strip of tabs, with or without icons. It holds no pages: its form shows them when onChange tells it to. The
-/// mouse, the arrow keys, Home and End, and data dragged over a tab choose one. Its font is set as for every control,
-/// by WM_SETFONT.
+/// A flat strip of tabs, with or without icons. It has no pages: its form shows them on onChange. The mouse, the arrow
+/// keys, Home and End choose a tab, and so does data dragged over it. Its font is set with WM_SETFONT, as for every
+/// control.
 class TesselTab : public Window, private AccessibleSource {
   public:
     ~TesselTab() override;
 
-    /// `name` is what a screen reader speaks. False on failure.
+    /// Screen readers speak `name`. False on failure.
     bool Create(HWND parent, int id, const wchar_t* name, const TabProperties& properties = FreshTabProperties(),
                 const Rect& place = {});
 
     [[nodiscard]] const TabProperties& Properties() const { return properties_; }
-    /// Takes every property over at once, icons, layout and picture included.
+    /// Takes all properties at once, icons, layout and picture included.
     void SetProperties(const TabProperties& properties);
-    /// The captions, parted by vertical bars.
+    /// The captions, separated by vertical bars.
     void SetTabs(std::u16string_view tabs);
-    /// A horizontal strip of square icons, one per tab, each as wide as the strip is high; null for none. A 32-bit one
-    /// may have soft edges in its alpha channel. `edge` is the size in which they are drawn, in device pixels; 0 draws
-    /// them as they are. The bitmap may go afterwards.
+    /// A horizontal strip of square icons, one per tab, each as wide as the strip is high; null for none. A 32-bit
+    /// strip may have soft edges in its alpha channel. `edge` is the size in which the icons are drawn, in device
+    /// pixels; 0 keeps their size. The strip is copied.
     void SetPicture(HBITMAP strip, int edge = 0);
     [[nodiscard]] int CurrentTab() const { return strip_.Current(); }
-    /// No event; a number that no tab has means none.
+    /// No event; a number without a tab means none.
     void SetCurrentTab(int tab);
     [[nodiscard]] int TabCount() const { return strip_.Layout().Count(); }
-    /// The resolution of the form that it stands on.
+    /// Sets the resolution of the form that contains it.
     void SetScale(const Scale& scale);
 
-    /// The user chose a tab, perhaps the current one again. A handler may end the strip.
+    /// The user chose a tab, possibly the current one again. A handler may end the strip.
     std::function<void(int)> onChange;
 
   protected:
@@ -70,9 +70,9 @@ class TesselTab : public Window, private AccessibleSource {
     TabIcons icons_;
     int iconEdge_ = 0;  // device pixels; 0 for the picture's own
     Scale scale_;
-    HFONT font_ = nullptr;  // the form's
+    HFONT font_ = nullptr;  // borrowed from the form
     FontHandle underlined_;
-    OleSession ole_;  // before what it serves
+    OleSession ole_;  // declared before the members that need OLE
     DropRegistration drops_;
     AccessibleLink accessible_{*this};
 };

@@ -58,7 +58,7 @@ TrayHandle TesselTrayLite::CallbackWindow() {
 
 bool TesselTrayLite::Notify(TrayCommand command, const TrayRecord& record) {
     if (record.window == 0) return false;
-    // The system's type is longer in newer headers; the size in the record says how much of it is meant.
+    // The system's type is longer in newer headers; the size in the record says which part is valid.
     NOTIFYICONDATAA data{};
     std::memcpy(&data, &record, sizeof record);
     return Shell_NotifyIconA(static_cast<DWORD>(command), &data) != FALSE;
@@ -74,8 +74,8 @@ void TesselTrayLite::EnableRetryTimer(bool enabled) {
 }
 
 void TesselTrayLite::OnNotification(WPARAM wParam, LPARAM lParam) {
-    // The shell may send instead of post, and then in the middle of a call of ours into the shell: a handler that
-    // destroys a control must not find one there.
+    // The shell may send instead of post, and then in the middle of our own call into the shell: a handler that
+    // destroys a control must not run at that point.
     if (!rules_.Busy() && InSendMessageEx(nullptr) != ISMEX_NOSEND) {
         PostMessageW(Handle(), kTrayCallbackMessage, wParam, lParam);
         return;

@@ -42,10 +42,10 @@ static_assert(offsetof(Record64, timeoutOrVersion) == 432);
 static_assert(offsetof(Record64, infoTitle) == 436);
 static_assert(offsetof(Record64, infoFlags) == 500);
 
-/// The part of the tip that is written.
+/// The bytes of the tip that are written.
 constexpr std::size_t kTipBytes = 64;
 
-/// The longest start of `text` of at most `most` code units that ends with a whole character.
+/// The longest start of `text` of at most `most` code units that ends after a whole character.
 std::u16string_view WholeCharacters(std::u16string_view text, std::size_t most) {
     if (text.size() <= most) return text;
     if (most == 0) return {};
@@ -59,7 +59,7 @@ void WriteText(std::span<char> field, std::size_t mostCharacters, std::u16string
     const std::size_t mostBytes = field.size() - 1;
     text = WholeCharacters(text, mostCharacters);
     std::string bytes = locale.ToNarrow(text).value_or(std::string());
-    // Shortened in characters, not in bytes: half a double-byte character would swallow the NUL after it.
+    // Shortened by characters, not bytes: half of a double-byte character would absorb the NUL after it.
     while (bytes.size() > mostBytes) {
         text = WholeCharacters(text, text.size() - 1);
         bytes = locale.ToNarrow(text).value_or(std::string());
@@ -94,7 +94,7 @@ void WriteBalloon(TrayRecordOf<HandleWord>& record, std::u16string_view text, st
     record.infoFlags = iconType;
 }
 
-// Both layouts in every build, so that each is tested on any machine.
+// Every build has both layouts, so that any machine can test them.
 template void FillForAdding(Record32&, std::uint32_t, std::uint32_t);
 template void FillForAdding(Record64&, std::uint64_t, std::uint64_t);
 template void WriteTip(Record32&, std::u16string_view, LocaleText&);

@@ -37,7 +37,7 @@ TrayEvent EventOf(std::uint32_t message) {
 }
 
 TrayEvent ClickMerger::Next(std::uint32_t message) {
-    if (message == kMouseMove) return TrayEvent::None;  // the pointer may tremble between the two
+    if (message == kMouseMove) return TrayEvent::None;  // the pointer may move a little between the two
     const bool sameClick = message == kSelect && selectionFollows_;
     selectionFollows_ = message == kLeftUp;
     return sameClick ? TrayEvent::None : EventOf(message);
@@ -59,7 +59,7 @@ void TrayRules::Load(const TrayProperties& properties) {
     toolTipText_ = properties.toolTipText;
     icon_ = properties.icon;
     enabled_ = properties.enabled;
-    shown_ = false;  // whatever is loaded is applied as a change
+    shown_ = false;  // so that the loaded visibility is applied as a change
     SetVisible(properties.visible);
 }
 
@@ -107,7 +107,7 @@ void TrayRules::ShowBalloon(std::u16string_view text, std::u16string_view title,
     } else {
         shell_.StartBalloonTimer(BalloonInterval(timeoutSeconds));
     }
-    // A later change of tip or picture must not show the balloon anew.
+    // A later change of tip or picture must not show the balloon again.
     record_.flags &= ~kTrayBalloonFlag;
 }
 
@@ -131,7 +131,7 @@ void TrayRules::Receive(std::uint32_t message, const std::function<void(TrayEven
     const TrayEvent event = merger_.Next(message);
     if (Busy() || !enabled_ || event == TrayEvent::None) return;
 
-    // Clears the flag also when the handler throws.
+    // Clears the flag even if the handler throws.
     class BusyScope {
       public:
         explicit BusyScope(bool*& flag) : flag_(flag) { flag_ = &destroyed_; }
@@ -162,7 +162,7 @@ void TrayRules::Add() {
     }
     shell_.Notify(TrayCommand::SetVersion, record_);
     if (retrying_) {
-        // Another way than the timer: a further try would find the icon there and go on for ever.
+        // Set here and not by the timer: another attempt would find the icon present and retry forever.
         shown_ = true;
         retrying_ = false;
         shell_.EnableRetryTimer(false);

@@ -4,19 +4,19 @@
 
 namespace quillo {
 
-/// The note's colors, in which its alert shows; resolved to plain RGB.
+/// The note's colors, which its alert uses; resolved to plain RGB.
 struct AlertColors {
     ColorWord paper;
     ColorWord edge;
     ColorWord text;
 };
 
-/// What the parts of an alert are drawn in.
+/// The colors of the parts of an alert.
 struct AlertPaint {
     ColorWord paper;
     ColorWord strip;
     ColorWord edge;
-    ColorWord ink;    ///< of the note's text: its own color where that can be read
+    ColorWord ink;    ///< of the note's text: its own color if that is readable
     ColorWord quiet;  ///< of the hint below it
     ColorWord glyph;  ///< of the title and the glyphs on the strip
 };

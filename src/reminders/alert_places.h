@@ -5,8 +5,8 @@
 
 namespace quillo {
 
-/// Which places of the alerts' cascade are taken (see PlaceAlert). A new alert gets the first free one, so that it
-/// never covers another wholly, whichever of them were dismissed before.
+/// The occupied places of the alerts' cascade (see PlaceAlert). A new alert gets the first free one, so that it never
+/// covers another completely, whichever alerts were dismissed before.
 class AlertPlaces {
   public:
     [[nodiscard]] std::size_t Take();

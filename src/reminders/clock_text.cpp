@@ -10,7 +10,7 @@
 namespace quillo {
 namespace {
 
-/// Hour, minute and second, as far as they are written.
+/// Hour, minute and second, as far as they are given.
 struct ClockNumbers {
     std::array<int, 3> numbers{};
     std::size_t count = 0;
@@ -44,7 +44,7 @@ DaySerial TimeAlone(int hour, const ClockNumbers& clock) {
 
 /// A phrase that ends in "a", "am", "p" or "pm" after a digit or a blank.
 struct HalfDayPhrase {
-    std::u16string_view stem;  ///< what stands before the suffix, without the blanks between
+    std::u16string_view stem;  ///< the text before the suffix, without the blanks between
     bool afternoon = false;
 };
 
@@ -58,15 +58,15 @@ std::optional<HalfDayPhrase> SplitHalfDay(std::u16string_view phrase) {
     return HalfDayPhrase{Trim(phrase), afternoon};
 }
 
-// "9", "3:00" or "12:05:30" with the half of the day known.
+// "9", "3:00" or "12:05:30" with a known half of the day.
 std::optional<DaySerial> ReadHalfDayTime(const HalfDayPhrase& phrase) {
     const std::optional<ClockNumbers> clock = SplitClock(phrase.stem);
     if (!clock || clock->numbers[0] < 1 || clock->numbers[0] > 12) return std::nullopt;
     return TimeAlone(clock->numbers[0] % 12 + (phrase.afternoon ? 12 : 0), *clock);
 }
 
-// Locales put blanks that do not break, and marks of direction, into the dates they write, which may stand in the
-// box and come back here. Empty when there are none.
+// Locales put no-break blanks and direction marks into the dates that they format, and such a date may be in the box
+// and come back here. Empty if there are none.
 std::u16string WithPlainBlanks(std::u16string_view phrase) {
     std::u16string plain;
     bool changed = false;
@@ -96,7 +96,7 @@ std::optional<DaySerial> ReadDigitTime(std::u16string_view text) {
 }
 
 std::optional<DaySerial> ReadDateOrTime(std::u16string_view phrase, LocaleText& locale) {
-    // Spares the platform's conversion, which gives the same but takes many times as long.
+    // A shortcut for the platform's conversion, which gives the same result but takes many times as long.
     if (const auto read = ReadDigitTime(phrase)) return read;
     if (const auto read = ReadPlain(phrase, locale)) return read;
     const std::u16string plain = WithPlainBlanks(phrase);

@@ -24,7 +24,7 @@ std::int64_t SecondsOf(Interval interval) {
     return 0;
 }
 
-// The seconds since midnight. What lies nearer to a whole second than the serial can tell apart is that second.
+// The seconds since midnight. A time too close to a whole second to be distinguished from it is that second.
 double SecondOfDay(DaySerial when) {
     constexpr double kPerDay = static_cast<double>(kSecondsPerDay);
     const double seconds = std::fabs(when.days - std::trunc(when.days)) * kPerDay;

@@ -10,9 +10,9 @@ constexpr int kKeyW = 87;
 // Pixels at 96 dpi.
 constexpr int kStripHeight = 35;
 constexpr int kStripRightGap = 40;
-constexpr int kCascadeStep = 35;  // leaves the strip of the alert beneath in sight
+constexpr int kCascadeStep = 35;  // leaves the strip of the alert below visible
 
-// How far the alert at one place of the cascade lies from the start, going round where the room ends.
+// The offset of a place of the cascade from the start; it wraps around at the end of the work area.
 int CascadeOffset(std::size_t place, int room, int step) {
     const int places = std::max(room / step, 0) + 1;
     return static_cast<int>(place % static_cast<std::size_t>(places)) * step;

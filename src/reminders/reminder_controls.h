@@ -6,7 +6,7 @@
 
 namespace quillo {
 
-/// Everything that stands in the reminder dialog, in the order of the table below.
+/// Every control of the reminder dialog, in the order of the table below.
 enum class ReminderControl {
     MainPanel,
     ReminderBox,
@@ -19,13 +19,13 @@ enum class ReminderControl {
     TomorrowLabel,       ///< completed with TomorrowExample
     OKButton,
     CancelButton,
-    CancelPanel,  ///< in the place of MainPanel once the user is asked whether to keep a reminder
+    CancelPanel,  ///< replaces MainPanel when the user is asked whether to keep a reminder
     CancelHeadingLabel,
     ActiveReminderLabel,
     CancelExplanationLabel,
     MessageLabel,
     DividerBar,
-    PreviewLabel,  ///< beside the message's place, quiet
+    PreviewLabel,  ///< in the message's place, quiet
 };
 
 struct ReminderControlText {
@@ -71,12 +71,12 @@ inline constexpr std::array<ReminderControlText, 18> kReminderControls = {{
     return kReminderControls[static_cast<std::size_t>(control)];
 }
 
-/// OKButton's caption once the user is asked whether to keep a reminder.
+/// OKButton's caption when the user is asked whether to keep a reminder.
 inline constexpr std::u16string_view kKeepReminderCaption = u"Keep reminder";
 /// Intended in lower case, unlike the captions that it names.
 inline constexpr std::u16string_view kKeepOrCancelHint = u"Click \"keep reminder\" or \"cancel reminder\" above.";
 
-/// Shown on a note's own icon the first times that a reminder hides it there.
+/// Shown on a note's own icon the first few times that a reminder hides the note there.
 inline constexpr std::u16string_view kMinimizedBalloonTitle = u"Note minimized";
 inline constexpr std::u16string_view kMinimizedBalloonText =
     u"Your note has been minimized to this icon.  You can click this icon at any time to display it again.";

@@ -56,7 +56,7 @@ ReminderStep ReminderDialog::PressOk(std::u16string_view text, NoteAway away, Da
     }
     const ReminderPhrase phrase = ParseReminderPhrase(text, now, locale_);
     if (!phrase.when) return ShowMessage(phrase.message);
-    if (!hasNote_) return step;  // nothing to set, and the form stays
+    if (!hasNote_) return step;  // there is nothing to set, and the form stays open
     step.setReminder = phrase.when;
     step.noteAway = away;
     step.unload = true;
@@ -72,7 +72,7 @@ ReminderStep ReminderDialog::PressCancel() {
     }
     cancelPanelShown_ = true;
     activeReminder_ = locale_.GeneralDate(existing_);
-    message_ = kKeepOrCancelHint;  // intended: to be seen only where an earlier message has opened the line
+    message_ = kKeepOrCancelHint;  // intended: visible only if an earlier message has opened the line
     return step;
 }
 

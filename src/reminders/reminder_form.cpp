@@ -59,7 +59,7 @@ bool ReminderForm::Initialize(std::u16string_view text, const AlertColors& color
     scale_ = PointScale(POINT{workArea.left + workArea.width / 2, workArea.top + workArea.height / 2});
     place_ = tools_.places.Take();
     WindowPlan plan;
-    plan.title = Wide(text_);  // what a screen reader speaks
+    plan.title = Wide(text_);  // screen readers speak it
     plan.style = WS_POPUP | WS_SYSMENU;
     plan.exStyle = WS_EX_TOPMOST;
     plan.place = PlaceAlert(Size{scale_.Px(kAlertSize.width), scale_.Px(kAlertSize.height)}, workArea, *place_, scale_);
@@ -103,7 +103,7 @@ LRESULT ReminderForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_GETOBJECT:
             return accessible_.Answer(Handle(), wParam, lParam);
         case WM_ERASEBKGND:
-            return 1;  // painted whole, off the screen
+            return 1;  // the alert is painted as a whole, in a memory bitmap
         case WM_PAINT:
             return OnPaint(), 0;
         default:
@@ -121,7 +121,7 @@ LRESULT ReminderForm::OnCreate() {
 void ReminderForm::OnDestroy() {
     soundTimer_.Stop();
     if (place_) tools_.places.Free(*place_);
-    if (tools_.places.AllFree()) StopReminderSound(tools_.sound);  // a long one would go on
+    if (tools_.places.AllFree()) StopReminderSound(tools_.sound);  // a long one would continue
     if (owner_ != nullptr) owner_->ReminderClosing();
 }
 
@@ -164,7 +164,7 @@ AccessiblePart ReminderForm::Describe(int /*part*/) const {
 }
 
 void ReminderForm::Activate(int /*part*/) {
-    PostMessageW(Handle(), WM_CLOSE, 0, 0);  // later: the reader is still talking to this alert
+    PostMessageW(Handle(), WM_CLOSE, 0, 0);  // posted: the screen reader is still calling this alert
 }
 
 void ReminderForm::Dismiss() {
@@ -239,7 +239,7 @@ void ReminderForm::PaintText(HDC dc, const Rect& area) const {
     DrawTextW(dc, WideData(shown), length, &needed, kWrapped | DT_CALCRECT);
     TEXTMETRICW metrics{};
     GetTextMetricsW(dc, &metrics);
-    // A short text stands in the middle, a long one fills whole lines and ends in an ellipsis.
+    // A short text is centered; a long one fills whole lines and ends in an ellipsis.
     const int lines = std::max<int>(area.height / metrics.tmHeight, 1);
     const int height = std::min<int>(needed.bottom, lines * metrics.tmHeight);
     const int top = area.top + (area.height - height) / 2;

@@ -18,18 +18,18 @@ namespace quillo {
 class ReminderOwner;
 struct ReminderTools;
 
-/// The alert of a reminder that has fallen due: shows the note's text above all windows and repeats the reminder's
-/// sound until the user dismisses it, which brings the note back.
+/// The alert of a due reminder: it shows the note's text above all windows and repeats the reminder's sound until the
+/// user dismisses it, which shows the note again.
 class ReminderForm : public Window, private AccessibleSource {
   public:
     /// `owner` is the note, or null; both are borrowed.
     ReminderForm(ReminderOwner* owner, ReminderTools& tools);
     ~ReminderForm() override { Destroy(); }
 
-    /// Shows the alert, plays the sound and lets waiting messages run: the alert may be dismissed already afterwards,
-    /// the note gone. Once per object; false on failure.
+    /// Shows the alert, plays the sound and pumps waiting messages: on return the alert may already be dismissed and
+    /// the note closed. Once per object; false on failure.
     bool Initialize(std::u16string_view text, const AlertColors& colors);
-    /// Ends the alert without bringing the note back.
+    /// Ends the alert without showing the note.
     void Unload() { Destroy(); }
 
   protected:
@@ -66,7 +66,7 @@ class ReminderForm : public Window, private AccessibleSource {
     FontHandle hintFont_;
     std::optional<std::size_t> place_;  ///< in the cascade of alerts
     UiTimer soundTimer_;
-    bool pressed_ = false;  ///< the button went down where a click dismisses
+    bool pressed_ = false;  ///< the button was pressed where a click dismisses
     AccessibleLink accessible_{*this};
 };
 

@@ -7,8 +7,8 @@
 
 namespace quillo {
 
-/// What the reminder dialog and the alert ask of their note. They may outlive nothing: the note tells its forms to
-/// close before it goes.
+/// The note as the reminder dialog and the alert see it. They never outlive it: the note closes its forms before it
+/// ends.
 class ReminderOwner {
   public:
     virtual ~ReminderOwner() = default;
@@ -17,19 +17,19 @@ class ReminderOwner {
     virtual void SetReminder(DaySerial when) = 0;
     /// Marks the note changed, so that a canceled reminder does not come back after a restart.
     virtual void CancelReminderByUser() = 0;
-    /// To the note's own icon in the notification area and out of sight.
+    /// Hides the note and shows its own icon in the notification area.
     virtual void MinimizeByUser() = 0;
     virtual void HideByUser() = 0;
-    /// A balloon on the note's own icon.
+    /// Shows a balloon on the note's own icon.
     virtual void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) = 0;
-    /// Brings the note back into view.
+    /// Shows the note again.
     virtual void Popup() = 0;
-    /// Gives the note the keyboard.
+    /// Gives the note the keyboard focus.
     virtual void Activate() = 0;
 
-    /// The reminder dialog is gone.
+    /// The reminder dialog has closed.
     virtual void SetReminderClosing() = 0;
-    /// The alert is gone.
+    /// The alert has closed.
     virtual void ReminderClosing() = 0;
 };
 

@@ -42,7 +42,7 @@ constexpr std::array<UnitWord, 18> kUnitWords = {{
 }};
 
 /// A phrase in lower case. Phrases are short and mostly plain letters: those need neither the heap nor the locale,
-/// for A to Z fold alike in every one.
+/// because A to Z fold alike in all of them.
 class LowerCase {
   public:
     LowerCase(std::u16string_view text, LocaleText& locale) {
@@ -61,7 +61,7 @@ class LowerCase {
     [[nodiscard]] std::u16string_view Text() const { return text_; }
 
   private:
-    std::array<char16_t, 64> short_;  // filled as far as text_ reaches
+    std::array<char16_t, 64> short_;  // filled up to the length of text_
     std::u16string long_;
     std::u16string_view text_;
 };
@@ -111,12 +111,12 @@ std::optional<std::int32_t> ReadAmount(std::u16string_view amount, LocaleText& l
     return RoundHalfEven(*number);
 }
 
-// What follows "in".
+// The text after "in".
 ReminderPhrase ReadRelative(std::u16string_view rest, DaySerial now, LocaleText& locale) {
     std::u16string_view amount = u"1";
     std::u16string_view unit;
     if (StartsWith(rest, u"a")) {
-        // Intended: an article is any leading "a" or "an", so that "in a20 minutes" asks for a known period of time.
+        // Intended: an article is any leading "a" or "an", so "in a20 minutes" asks for a known period of time.
         unit = Trim(rest.substr(StartsWith(rest, u"an") ? 2 : 1));
         if (unit.empty()) return {std::nullopt, kPhraseFormatMessage};
     } else {
@@ -135,12 +135,12 @@ ReminderPhrase ReadRelative(std::u16string_view rest, DaySerial now, LocaleText&
     return {std::nullopt, kPhrasePeriodMessage};
 }
 
-// Moves what was read to the time that a user means by it at this moment; it may still lie in the past.
+// Moves the time that was read to the one that a user means by it at this moment; it may still be in the past.
 std::optional<DaySerial> Adjust(DaySerial read, std::u16string_view phrase, DaySerial now) {
     CivilTime fields = ToCivilTime(read);
     const CivilTime today = ToCivilTime(DayOf(now));
     if (fields.year < today.year) {
-        // A time alone stands in 1899. Intended: a whole date of an earlier year is read as its time today.
+        // A time alone is in 1899. Intended: a whole date of an earlier year is read as its time today.
         fields.year = today.year;
         fields.month = today.month;
         fields.day = today.day;

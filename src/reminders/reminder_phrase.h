@@ -20,13 +20,13 @@ inline constexpr std::u16string_view kPhrasePeriodMessage =
 inline constexpr std::u16string_view kPhraseUnknownMessage =
     u"I don't understand what you mean.  See the examples for suggestions on how to type a reminder time.";
 
-/// What a phrase means: either a time, which may lie in the past, or what to tell the user.
+/// The meaning of a phrase: either a time, which may be in the past, or a message for the user.
 struct ReminderPhrase {
     std::optional<DaySerial> when;
     std::u16string_view message;  ///< one of the messages above; empty when the phrase was understood
 };
 
-/// Reads a phrase as "in 20 minutes", "noon", "tomorrow", "3:00" or a date and time in the user's locale.
+/// Reads a phrase such as "in 20 minutes", "noon", "tomorrow", "3:00" or a date and time in the user's locale.
 [[nodiscard]] ReminderPhrase ParseReminderPhrase(std::u16string_view text, DaySerial now, LocaleText& locale);
 
 }  // namespace quillo

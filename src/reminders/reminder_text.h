@@ -12,7 +12,7 @@ class LocaleText;
 [[nodiscard]] std::u16string TwentyMinutesExample(DaySerial now, LocaleText& locale);
 /// The third example: this time tomorrow, with its date.
 [[nodiscard]] std::u16string TomorrowExample(DaySerial now, LocaleText& locale);
-/// How a phrase was understood: weekday, date and time ("Sunday, 11/15/2026, 2:30:00 PM").
+/// The interpretation of a phrase: weekday, date and time ("Sunday, 11/15/2026, 2:30:00 PM").
 [[nodiscard]] std::u16string PreviewText(DaySerial when, LocaleText& locale);
 
 }  // namespace quillo

@@ -13,7 +13,7 @@ class UserNotice;
 struct OsFacts;
 struct Settings;
 
-/// What every reminder's windows work with. One object serves them all and outlives them.
+/// What the windows of all reminders share. One object serves them all and outlives them.
 struct ReminderTools {
     const Settings& settings;
     const OsFacts& os;

@@ -30,7 +30,7 @@ constexpr UINT kPreviewMilliseconds = 1000;
 
 constexpr ColorWord kAccent = ColorWord::FromRgb(0xD9, 0x8E, 0x04);
 constexpr int kMessageTintPercent = 14;
-constexpr int kQuietPercent = 66;  // of the text's color; the rest is the ground
+constexpr int kQuietPercent = 66;  // of the text's color; the rest is the background
 
 /// From the first to the last in reading order, which is the order of the Tab key.
 constexpr std::array kInOrder = {
@@ -61,7 +61,7 @@ constexpr std::array kCancelPanel = {
     Control::CancelExplanationLabel,
 };
 
-/// The default button has the number that the Enter key asks for. None has that of Esc, which closes the dialog.
+/// The default button has the id that the Enter key sends. None has that of Esc, which closes the dialog.
 int IdOf(Control control) {
     constexpr int kFirstId = 100;
     return control == Control::OKButton ? IDOK : kFirstId + static_cast<int>(control);
@@ -132,7 +132,7 @@ void SetReminderForm::OnCommand(int id, int notification) {
     if (notification == EN_CHANGE) UpdatePreview();
 }
 
-// What stands in it.
+// Content.
 
 void SetReminderForm::CreateControls() {
     for (const ReminderControl control : kInOrder) {
@@ -175,10 +175,10 @@ HFONT SetReminderForm::FontOf(int id) const {
     return heading ? Fonts().heading.Get() : Fonts().body.Get();
 }
 
-// Where it stands. Every text is measured: dates are long in some locales, and nothing is ever cut.
+// Layout. Every text is measured: dates are long in some locales, and nothing is ever cut.
 
 int SetReminderForm::PreviewWidth(HDC dc) const {
-    // Any of these may be the longest, with its weekday and the digits of an evening hour.
+    // Any of these may be the longest, with its weekday and a late hour of two digits.
     constexpr int kMonths = 12;
     constexpr int kFirstDay = 22;
     constexpr int kLastDay = 28;
@@ -256,7 +256,7 @@ void SetReminderForm::LayOutPreview(HDC dc, int buttonsLeft) const {
 }
 
 void SetReminderForm::LayOutMessage(HDC dc, int width) {
-    // High enough for each of the messages, so that a second one finds its room.
+    // High enough for each of the messages, so that a later one fits.
     int highest = 0;
     for (const std::u16string_view message : {kNoPhraseMessage, kPhraseFormatMessage, kPhraseAmountMessage,
                                               kPhrasePeriodMessage, kPhraseUnknownMessage, kKeepOrCancelHint}) {
@@ -271,7 +271,7 @@ void SetReminderForm::FitWindow() const {
     FitClient(FootBottom() + (dialog_->MessageShown() ? messageHeight_ : 0));
 }
 
-// How it looks: a warm band for the message below the foot.
+// Appearance: a warm band for the message below the foot.
 
 void SetReminderForm::PaintGround(HDC dc) const {
     DialogWindow::PaintGround(dc);
@@ -296,7 +296,7 @@ HBRUSH SetReminderForm::ColorControl(HDC dc, HWND control) const {
     return ground;
 }
 
-// What it does.
+// Behavior.
 
 void SetReminderForm::Press(bool ok) {
     const bool hide = SendMessageW(ControlWindow(Control::HideNoteCheck), BM_GETCHECK, 0, 0) == BST_CHECKED;
@@ -315,7 +315,7 @@ void SetReminderForm::ShowState(const ReminderStep& step) {
     SetWindowTextW(ControlWindow(Control::MessageLabel), Wide(std::u16string(dialog_->Message())));
     for (const ReminderControl control : kCancelPanel) ShowWindow(ControlWindow(control), asking ? SW_SHOWNA : SW_HIDE);
     if (asking) {
-        SetFocus(ControlWindow(Control::OKButton));  // not into a text box that hides
+        SetFocus(ControlWindow(Control::OKButton));  // not into a text box that is about to be hidden
         for (const ReminderControl control : kMainPanel) ShowWindow(ControlWindow(control), SW_HIDE);
     }
     if (step.growForMessage) {

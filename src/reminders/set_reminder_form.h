@@ -13,15 +13,15 @@ namespace quillo {
 
 struct ReminderTools;
 
-/// The dialog in which the user types when a note is to remind them. What it decides is in ReminderDialog.
+/// The dialog in which the user types when to be reminded of a note. ReminderDialog has its logic.
 class SetReminderForm : public DialogWindow {
   public:
     /// `owner` is the note, or null; both are borrowed.
     SetReminderForm(ReminderOwner* owner, ReminderTools& tools);
     ~SetReminderForm() override { Destroy(); }
 
-    /// Shows the dialog, owned by the note's window. `existing` is the note's reminder or kNoReminder. Once per
-    /// object; false on failure.
+    /// Shows the dialog, owned by the note's window. `existing` is the note's reminder or kNoReminder. Once per object;
+    /// false on failure.
     bool Initialize(HWND noteWindow, DaySerial existing);
     void BringForward();
 
@@ -50,7 +50,7 @@ class SetReminderForm : public DialogWindow {
     void FitWindow() const;
 
     void Press(bool ok);
-    /// Shows what the dialog's members say.
+    /// Shows the state of the dialog's members.
     void ShowState(const ReminderStep& step);
     void UpdatePreview();
     void SelectBox() const;
@@ -62,7 +62,7 @@ class SetReminderForm : public DialogWindow {
     ReminderTools& tools_;
     std::unique_ptr<ReminderDialog> dialog_;
     DaySerial existing_ = kNoReminder;
-    DaySerial opened_;  ///< the moment that the examples are made from
+    DaySerial opened_;  ///< the time on which the examples are based
     BrushHandle messageBrush_;
     UiTimer previewTimer_;   ///< a phrase such as "in 15 minutes" means another time every second
     int messageHeight_ = 0;  ///< of the message's container, below the foot
