@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint64_t kLeastBytes = std::uint64_t{256} * 1024;
 
-/// Bytes that no file system makes smaller by compressing them.
+/// Bytes that no file system makes smaller by compression.
 std::string Filling(std::uint64_t size) {
     std::string bytes(static_cast<std::size_t>(size), '\0');
     std::uint32_t state = 1;

@@ -7,15 +7,15 @@ namespace quillo {
 
 class FileStore;
 
-/// A file beside the notes folder that only takes room. On a full disk it is given up, so that the notes still fit.
+/// A file next to the notes folder that only reserves space. On a full disk it is deleted, so that the notes still fit.
 class DiskReserve {
   public:
-    /// `notesFolder` may be filled in later, before the first call.
+    /// `notesFolder` may be set later, before the first call.
     DiskReserve(FileStore& files, const std::u16string& notesFolder) : files_(files), notesFolder_(notesFolder) {}
 
-    /// Makes room. False when there was no reserve.
+    /// Deletes the reserve. False if there was none.
     [[nodiscard]] bool GiveUp();
-    /// Makes the reserve, or a larger one, if the disk has room: at least `bytes`, what all open notes need.
+    /// Creates or enlarges the reserve if the disk has space: at least `bytes`, the size of all open notes.
     void Keep(std::uint64_t bytes);
 
   private:
@@ -23,7 +23,7 @@ class DiskReserve {
 
     FileStore& files_;
     const std::u16string& notesFolder_;
-    std::uint64_t size_ = 0;  ///< of the reserve as it was last seen; 0 when unknown
+    std::uint64_t size_ = 0;  ///< of the reserve when last checked; 0 if unknown
 };
 
 }  // namespace quillo

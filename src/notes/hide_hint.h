@@ -7,8 +7,8 @@ class UserNotice;
 struct OsFacts;
 struct Settings;
 
-/// Tells how a hidden note is seen again, the first time that any note is hidden, and notes down that it was told. On
-/// old systems a message box does, which pumps messages.
+/// Explains how to see a hidden note again when any note is hidden for the first time, and records that in the
+/// registry. On old systems the hint is a message box, which pumps messages.
 void ShowHideHintOnce(RegistryApi& registry, const Settings& settings, const OsFacts& os, UserNotice& notice);
 
 }  // namespace quillo

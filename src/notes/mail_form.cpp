@@ -47,7 +47,7 @@ MailSignOn MailForm::SignOn() {
 }
 
 void MailForm::Send(const MailMessage& message) {
-    // The records take pointers to writable text.
+    // The records need pointers to writable text.
     std::string subject = message.subject;
     std::string body = message.body;
     std::string name = message.attachmentName;

@@ -8,17 +8,17 @@ namespace quillo {
 
 class LocaleText;
 
-/// A hidden window for one sending: it signs on to the user's mail program by Simple MAPI, and owns whatever that
-/// program shows. Its messages run meanwhile.
+/// A hidden window for one message: it signs on to the user's mail program with Simple MAPI, and owns every window that
+/// this program shows. Messages are pumped meanwhile.
 class MailForm : public Window, public MailSession {
   public:
-    /// `dialogs` is set as long as the form lasts: the mail program's windows are modal.
+    /// `dialogs` is set for the life of the form: the mail program's windows are modal.
     MailForm(LocaleText& locale, BusyFlag& dialogs);
     MailForm(const MailForm&) = delete;
     MailForm& operator=(const MailForm&) = delete;
     ~MailForm() override;
 
-    /// Makes the window; `library` is the system's mail interface. False when the system lacks it.
+    /// Creates the window; `library` is the system's mail interface. False if the system lacks it.
     [[nodiscard]] bool Load(const wchar_t* library);
 
     // MailSession
@@ -34,7 +34,7 @@ class MailForm : public Window, public MailSession {
   private:
     struct Interface;
 
-    /// The path in the code page, by its short name where the long one does not fit into it.
+    /// The path in the code page; its short form if the code page cannot hold the long one.
     [[nodiscard]] std::string NarrowPath(const std::u16string& path) const;
     [[nodiscard]] ULONG_PTR Owner() const { return reinterpret_cast<ULONG_PTR>(Handle()); }
 
@@ -44,7 +44,7 @@ class MailForm : public Window, public MailSession {
     ULONG_PTR session_ = 0;
 };
 
-/// The mail interface of the system, loaded at the first sending.
+/// The system's mail interface, loaded for the first message.
 class MapiMail : public MailSystem {
   public:
     MapiMail(LocaleText& locale, BusyFlag& dialogs, const wchar_t* library = L"mapi32.dll")

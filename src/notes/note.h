@@ -8,11 +8,11 @@
 
 namespace quillo {
 
-/// Whether a note is on the desktop; the numbers are those of the note file.
+/// Whether a note is on the desktop; the numbers are those in the note file.
 enum class WindowState : int { Shown = 0, Hidden = 1, Minimized = 2 };
 
-/// The longest text of a note, in UTF-16 units: what is typed, pasted, dropped or read beyond it is refused, so that
-/// every note that can be made can also be opened again.
+/// The maximum length of a note's text, in UTF-16 units: typing, pasting, dropping or reading more is refused, so that
+/// every note that can be created can also be opened again.
 inline constexpr std::size_t kMostNoteCharacters = 4'000'000;
 
 /// Whether a note of `present` characters can take `added` more.
@@ -20,10 +20,10 @@ inline constexpr std::size_t kMostNoteCharacters = 4'000'000;
     return present <= kMostNoteCharacters && added <= kMostNoteCharacters - present;
 }
 
-/// The members of one note. Its text, rectangle and visibility live in its window.
+/// The data of one note. Its text, rectangle and visibility are in its window.
 struct Note {
     bool LargeText = false;
-    bool OwnColors = false;  ///< false: the three colors follow the settings whenever colors are applied
+    bool OwnColors = false;  ///< false: the three colors are taken from the settings
     ColorWord NoteColor;
     ColorWord BorderColor;
     ColorWord TextColor;
@@ -31,8 +31,8 @@ struct Note {
     DaySerial ReminderTime;
     bool Pinned = false;         ///< always on top
     bool Changed = false;        ///< differs from its storage copy; cleared only by PersistNote
-    std::u16string StoragePath;  ///< its storage copy in the notes folder; empty until first persisted
-    std::u16string FileName;     ///< its own file outside the notes folder, or empty
+    std::u16string StoragePath;  ///< the storage copy in the notes folder; empty until first saved
+    std::u16string FileName;     ///< the note's own file outside the notes folder, or empty
     std::u16string NoteKey;      ///< its key among the open notes
 };
 

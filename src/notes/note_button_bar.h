@@ -13,37 +13,37 @@ namespace quillo {
 /// The ids of the children of a note's window.
 enum NoteChildId : int { kMessageBoxId = 1, kCloseButtonId, kPushpinId, kMenuButtonId, kSaveSignId };
 
-/// What is in the strip of a note: its three buttons and, while it could not be saved, a sign; with their tool tips.
+/// The content of a note's strip: its three buttons, a sign while the note is not saved, and their tool tips.
 class NoteButtonBar {
   public:
     explicit NoteButtonBar(NoteButtonImages& images);
 
     /// OpenMenu, TogglePin, ClickClose or QuickDelete; it may end the note.
     std::function<void(NoteAction)> onAction;
-    /// What the tips are to say now.
+    /// Supplies the current texts of the tool tips.
     std::function<NoteButtonTips()> describe;
 
-    /// Makes the buttons' windows; until then PaintAtRest stands in for them.
+    /// Creates the buttons' windows; before that, PaintAtRest draws the buttons.
     void Create(HWND note, const NoteLayout& layout);
     [[nodiscard]] bool IsCreated() const { return menu_.Handle() != nullptr; }
     void PaintAtRest(HDC dc, const NoteLayout& layout);
     void MoveTo(const NoteLayout& layout);
     void SetTint(const ButtonTint& tint, const Scale& scale);
     void ShowPinned(bool pinned);
-    /// The sign that the note is not saved, with its reason; an empty reason takes it away.
+    /// Shows the sign that the note is not saved, with its reason; an empty reason removes it.
     void ShowSaveProblem(HWND note, std::u16string_view reason, const NoteLayout& layout);
 
-    /// On the screen, in device pixels.
+    /// In screen coordinates, in device pixels.
     [[nodiscard]] Rect MenuButtonPlace() const;
-    /// The menu button looks pressed, and no tip covers the menu, until the menu has closed.
+    /// Shows the menu button pressed, and no tool tip over the menu, until the menu has closed.
     void MenuOpens();
     void MenuHasClosed();
 
-    /// The pointer moves over a child of the note, which does not know it yet: the time to make the tips.
+    /// The pointer moves over a child of the note that the tips do not know yet: creates the tool tips.
     void PointerIsOver(HWND child);
-    /// A control of the note asks or tells something.
+    /// Handles a notification from a control of the note.
     void Notify(NMHDR& notification);
-    /// The note's window goes, and the tips' with it.
+    /// Called when the note's window is destroyed, and the tool tips' window with it.
     void DropToolTips() { tips_.DropHandle(); }
 
   private:
@@ -55,7 +55,7 @@ class NoteButtonBar {
     Scale scale_;
 };
 
-/// Moves a child of a window, if it has been made.
+/// Moves a child of a window, if it exists.
 void MoveChild(HWND child, const Rect& place);
 
 }  // namespace quillo

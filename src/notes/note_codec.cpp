@@ -29,7 +29,7 @@ constexpr double kLastDay = 2'958'465;
 
 using Entry = std::optional<std::u16string_view>;
 
-/// The entries between commas; a text that is empty has none.
+/// The entries between commas; an empty text has none.
 template <std::size_t kCount>
 std::array<Entry, kCount> SplitEntries(std::u16string_view text) {
     std::array<Entry, kCount> entries;
@@ -43,7 +43,7 @@ std::array<Entry, kCount> SplitEntries(std::u16string_view text) {
     return entries;
 }
 
-// A missing entry is 0; one that is present but no number, or empty, is not present in the value.
+// A missing entry is 0; an entry that is empty or not a number leaves the value absent.
 
 std::optional<float> ReadLength(const Entry& entry, LocaleText& locale) {
     const auto number = entry ? locale.ParseNumber(*entry) : 0.0;
@@ -64,7 +64,7 @@ std::optional<bool> ReadFlag(const Entry& entry, LocaleText& locale) {
     return number ? std::optional(*number != 0) : std::nullopt;
 }
 
-/// The absolute value counts. Any other number, a fraction included, changes nothing.
+/// Reads the absolute value. Any other number, including a fraction, changes nothing.
 std::optional<WindowState> ReadState(const Entry& entry, LocaleText& locale) {
     const auto number = entry ? locale.ParseNumber(*entry) : 0.0;
     if (!number) return std::nullopt;
@@ -106,15 +106,15 @@ bool IsNoteFileName(std::u16string_view path) {
 
 // Elements.
 
-/// One element of the tag block, in the order of writing. A new one is a member of NoteFile and a row here.
+/// One element of the tag block, in the order of writing. A new element is a member of NoteFile and a row here.
 struct ElementRow {
     std::u16string_view name;
-    /// The least offset at which the closing tag may begin. It counts (intended) from the start of the tag text, not
+    /// The smallest offset at which the closing tag may begin. It counts (intended) from the start of the tag text, not
     /// from the opening tag.
     std::size_t threshold;
-    /// Takes the content over, in lower case; an element that the reader does not look at has none.
+    /// Reads the content, which is in lower case; null for an element that the reader ignores.
     void (*read)(std::u16string_view content, NoteFile& file, LocaleText& locale);
-    /// The content; nothing where the file has no such element.
+    /// The content; nothing if the file has no such element.
     std::optional<std::u16string> (*write)(const NoteFile& file, LocaleText& locale);
 };
 
@@ -166,7 +166,7 @@ std::u16string ClosingTag(std::u16string_view name) {
     return u"</" + std::u16string(name) + u">";
 }
 
-/// The content of the first element of that name; nothing unless it can be used.
+/// The content of the first element with that name; nothing if it cannot be used.
 std::optional<std::u16string_view> ContentOf(std::u16string_view tags, const ElementRow& row) {
     const std::u16string opening = OpeningTag(row.name);
     const std::size_t open = tags.find(opening);
@@ -189,7 +189,7 @@ std::u16string FormatBlock(const NoteFile& file, LocaleText& locale) {
 
 // The text.
 
-// The text is head and tail joined, so a line break may be cut between the two.
+// The text is head and tail joined, so a line break may be split between the two.
 void DropLeadingLineBreak(std::string_view& head, std::string_view& tail) {
     if (head.substr(0, 2) == kLineBreak) {
         head.remove_prefix(2);
@@ -220,8 +220,8 @@ bool BeginsWith(std::string_view bytes, std::string_view mark) {
     return bytes.substr(0, mark.size()) == mark;
 }
 
-/// The text of a file without a tag block. A byte-order mark names the encoding. Without one, bytes beyond ASCII that
-/// form well-formed UTF-8 are hardly ever meant as anything else, except in a code page of double bytes.
+/// The text of a file without a tag block. A byte-order mark identifies the encoding. Without one, bytes beyond ASCII
+/// that form well-formed UTF-8 are almost certainly UTF-8, except in a double-byte code page.
 std::u16string DecodePlainText(std::string_view bytes, LocaleText& locale) {
     constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
     constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
@@ -236,7 +236,7 @@ std::u16string DecodePlainText(std::string_view bytes, LocaleText& locale) {
     return locale.FromNarrow(bytes);
 }
 
-/// True when the single-byte form brings another text back, or one that its own tags have cut.
+/// True if the single-byte form yields another text when read, or one that its own tags have cut.
 bool IsDestroyedByCodePage(std::u16string_view text, std::string_view narrow, LocaleText& locale) {
     if (FindTag(narrow, "<quillo>", 0) != std::string_view::npos) return true;
     if (FindTag(narrow, "</quillo>", 0) != std::string_view::npos) return true;
@@ -273,7 +273,7 @@ NoteFile ParseNoteFile(std::string_view bytes, LocaleText& locale) {
     file.keepsFile = bytes.find(kKeepMarker) != std::string_view::npos;
     if (std::optional<UnicodeNote> whole = ReadUnicodeElement(bytes)) {
         file.hasTags = true;
-        // Intended as for every note file: an empty first line is lost.
+        // Intended, as in every note file: an empty first line is lost.
         const bool emptyFirstLine = whole->text.substr(0, 2) == u"\r\n";
         file.text = emptyFirstLine ? whole->text.substr(2) : std::move(whole->text);
         ReadTagText(locale.FromNarrow(whole->tags), file, locale);
@@ -304,14 +304,14 @@ void ReadTagText(std::u16string_view tagText, NoteFile& file, LocaleText& locale
     const std::u16string lower = locale.ToLower(Trim(tagText));
     std::u16string_view tags = lower;
     if (tags.substr(0, kOpenRoot.size()) == kOpenRoot) tags.remove_prefix(kOpenRoot.size());
-    // Intended: a text that still has its closing root tag keeps nothing of its elements. What the reader of files
-    // passes never does, so no user meets it.
+    // Intended: if the text still has its closing root tag, none of its elements is read. The reader of files never
+    // passes such a text, so no user is affected.
     const std::size_t kept = kCloseRoot.size() + 1;
     const bool closed = tags.size() >= kept && tags.substr(tags.size() - kCloseRoot.size()) == kCloseRoot;
     if (closed) tags.remove_prefix(tags.size() - kept);
 
     for (const ElementRow& row : kElements) {
-        // The real place of a file counts more than the path in this element, so its opening tag alone is enough.
+        // The real place of a file takes precedence over the path in this element, so its opening tag is enough.
         if (row.name == kOwnFileName && tags.find(OpeningTag(row.name)) != std::u16string_view::npos) {
             file.kind = FileKind::OwnFile;
             file.path.clear();
@@ -329,7 +329,7 @@ std::u16string FileNameOf(const NoteFile& file, std::u16string_view openedPath, 
         if (!file.path.empty()) return file.path;
     }
     if (file.kind == FileKind::ProgramNamed && name.empty()) {
-        // The file holds its path in the code page; the path that it is compared with has to be in the same form.
+        // The file has its path in the code page; the path to compare it with must have the same form.
         const std::u16string asStored =
             locale.ToLower(locale.FromNarrow(locale.ToNarrow(openedPath).value_or(std::string())));
         if (file.path != asStored) name = openedPath;

@@ -14,46 +14,47 @@ inline constexpr std::u16string_view kDefaultColorsCaption = u"Use the &default 
 inline constexpr std::u16string_view kOwnColorsCaption = u"Give this note its &own colors:";
 inline constexpr std::u16string_view kColorSelectorName = u"Colors";
 
-/// What the color dialog asks of its note, which tells the dialog to forget it before it goes.
+/// The note as the color dialog sees it. The note calls DropTarget before it ends.
 class NoteColorTarget {
   public:
     virtual ~NoteColorTarget() = default;
-    /// The user's choice of colors; without `own` the note takes those of the settings. Marks the note changed.
+    /// Sets the colors that the user chose; without `own`, those of the settings. Marks the note changed.
     virtual void SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) = 0;
-    /// The dialog is gone: the note can open it again.
+    /// The dialog has closed: the note can open it again.
     virtual void ColorClosing() = 0;
 };
 
-/// What the dialog asks of its window.
+/// The window as the dialog sees it.
 class NoteColorView {
   public:
     virtual ~NoteColorView() = default;
     virtual void ResetChoice() = 0;
     /// Selects CustomOption, or DefaultOption when `own` is false.
     virtual void SelectOption(bool own) = 0;
-    /// Ends the window, which answers with NoteColorDialog::OnGone.
+    /// Closes the window, which then calls NoteColorDialog::OnGone.
     virtual void Close() = 0;
 };
 
-/// The program's one color dialog, free of its window.
+/// The program's one color dialog, independent of its window.
 ///
-/// Intended: there is one for all notes. A second note that asks for it takes the dialog over; the first one cannot
-/// open it again before it was closed, so that a user always sees one dialog and knows which note it colors.
+/// Intended: there is one for all notes. A second note that opens it takes it over; the first note cannot open it again
+/// until it has closed, so that a user always sees one dialog and knows which note it colors.
 class NoteColorDialog {
   public:
     explicit NoteColorDialog(NoteColorView& view) : view_(view) {}
 
-    /// Fills the dialog for a note. What the controls report meanwhile and until Shown is not the user's.
+    /// Fills the dialog for a note. Reports from the controls until Shown do not come from the user.
     void Load(NoteColorTarget& note, bool own, const ColorScheme& colors);
     void Shown() { loading_ = false; }
 
     void OnColorPicked(const ColorScheme& colors);
-    /// CustomOption, or DefaultOption when `own` is false. The colors picked last stay, to come back to.
+    /// CustomOption, or DefaultOption if `own` is false. The dialog keeps the last picked colors for a later switch
+    /// back.
     void OnOptionClicked(bool own);
     void OnOk() { view_.Close(); }
-    /// The window has gone, for whatever reason.
+    /// The window has closed, for any reason.
     void OnGone();
-    /// The note goes. A dialog that is open for it closes.
+    /// Called when the note ends. The dialog closes if it is open for that note.
     void DropTarget(NoteColorTarget& note);
 
   private:
@@ -61,7 +62,7 @@ class NoteColorDialog {
 
     NoteColorView& view_;
     NoteColorTarget* target_ = nullptr;
-    std::vector<NoteColorTarget*> asked_;  ///< every note that has opened the dialog since it was closed last
+    std::vector<NoteColorTarget*> asked_;  ///< every note that has opened the dialog since it last closed
     bool loading_ = false;
     bool own_ = false;
     ColorScheme colors_{};

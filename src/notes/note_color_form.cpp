@@ -12,7 +12,7 @@
 namespace quillo {
 namespace {
 
-/// The strip of colors stands under the caption of its option. Pixels at 96 dpi.
+/// The strip of colors is below the caption of its option. Pixels at 96 dpi.
 constexpr int kStripIndent = 17;
 
 }  // namespace
@@ -23,7 +23,7 @@ NoteColorForm::NoteColorForm(MessageLoop& loop) : DialogWindow(loop) {
 
 bool NoteColorForm::ShowFor(HWND noteWindow, NoteColorTarget& note, bool own, const ColorScheme& colors) {
     if (Handle() != nullptr) {
-        SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(noteWindow));  // its owner
+        SetWindowLongPtrW(Handle(), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(noteWindow));  // sets its owner
     } else if (!CreateHidden(DialogPlan{L"QuilloNoteColor", kNoteColorCaption, noteWindow})) {
         return false;
     }
@@ -82,7 +82,7 @@ void NoteColorForm::SelectOption(bool own) {
 }
 
 void NoteColorForm::PlaceBesideNote(HWND noteWindow) const {
-    // The note stays in sight: what is chosen shows on it.
+    // The note stays visible: it shows the chosen colors.
     RECT note{};
     GetWindowRect(noteWindow, &note);
     const Rect window = WindowRect();

@@ -6,8 +6,8 @@
 
 namespace quillo {
 
-/// The program's one dialog in which a note is given colors. What it decides is in NoteColorDialog. Without a window
-/// until it is first opened, and again once it was closed.
+/// The program's one dialog for a note's colors. NoteColorDialog has its logic. It has no window until first opened,
+/// and none after it has closed.
 class NoteColorForm : public DialogWindow, private NoteColorView {
   public:
     enum ControlId : int {
@@ -22,10 +22,10 @@ class NoteColorForm : public DialogWindow, private NoteColorView {
     explicit NoteColorForm(MessageLoop& loop);
     ~NoteColorForm() override { Destroy(); }
 
-    /// Fills and shows the dialog for a note, owned by its window and beside it; one that is open turns to that note.
-    /// False on failure.
+    /// Fills and shows the dialog for a note, owned by the note's window and beside it; an open dialog switches to that
+    /// note. False on failure.
     bool ShowFor(HWND noteWindow, NoteColorTarget& note, bool own, const ColorScheme& colors);
-    /// The note's window goes; a dialog that is open for it closes.
+    /// Called when the note's window is destroyed; the dialog closes if it is open for that note.
     void DropTarget(NoteColorTarget& note) { dialog_.DropTarget(note); }
 
   protected:

@@ -11,11 +11,11 @@ namespace {
 /// The context-menu key between the right Windows and Ctrl keys.
 constexpr int kContextMenuKey = 0x5D;
 
-/// Shift counts for W and the tab; with the other letters it does not matter.
+/// The Shift key matters for W and Tab only.
 enum class ShiftRule { Any, Up, Down };
 
 struct Shortcut {
-    char key;  ///< letters and the tab are their own virtual keys
+    char key;  ///< letters and Tab are their own virtual keys
     ShiftRule shift;
     NoteAction action;
 };

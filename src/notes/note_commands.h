@@ -10,7 +10,7 @@ class OpenNote;
 struct Note;
 struct Settings;
 
-/// Every command that a note takes, whether by a key, from one of its menus or by a button.
+/// Every command of a note, from a key, one of its menus or a button.
 enum class NoteAction {
     None,
     SelectAll,
@@ -22,30 +22,30 @@ enum class NoteAction {
     Mail,
     SaveCopy,
     Print,
-    Hide,  ///< with the hint that comes once
+    Hide,  ///< with the hint that is shown once
     QueryDelete,
-    Close,       ///< also with a reminder set
-    ClickClose,  ///< as the close button does
+    Close,       ///< even with a reminder set
+    ClickClose,  ///< the close button's command
     QuickDelete,
     Minimize,
     TogglePin,
-    NextNote,      ///< the keyboard goes to the next visible note
-    PreviousNote,  ///< or to the one before
+    NextNote,      ///< moves the keyboard focus to the next visible note
+    PreviousNote,  ///< the same, to the previous one
     Show           ///< from its icon
 };
 
-/// What is held down with a key.
+/// The modifier keys that are held down.
 struct NoteKeyState {
     bool control = false;
     bool shift = false;
     bool rightAlt = false;  ///< AltGr, which the system also reports as Ctrl: a character, not a command
 };
 
-/// The action of a key going down in a note; the character that would follow it is swallowed too.
+/// The action of a key press in a note; the key's character is then discarded as well.
 [[nodiscard]] NoteAction NoteKeyAction(int virtualKey, NoteKeyState held);
 
-/// What the user reads of the keys of an action: "Ctrl+Shift+W"; "" for an action without keys. Tool tips and the Help
-/// page show it, and scripts/check_keys.py holds the help to the same table.
+/// The name of an action's keys as the user reads it, "Ctrl+Shift+W"; "" for an action without keys. Tool tips and the
+/// Help page show it, and scripts/check_keys.py compares the help with the same table.
 [[nodiscard]] std::u16string KeyTextOf(NoteAction action);
 
 /// One line of a menu.
@@ -53,7 +53,7 @@ struct NoteMenuItem {
     std::u16string_view caption;
     NoteAction action = NoteAction::None;
     bool checked = false;
-    bool bold = false;  ///< what a double click would do
+    bool bold = false;  ///< the action of a double click
 
     friend bool operator==(const NoteMenuItem&, const NoteMenuItem&) = default;
 };
@@ -63,16 +63,16 @@ struct NoteMenuItem {
 /// The menu of a note's own icon in the notification area.
 [[nodiscard]] std::vector<NoteMenuItem> IconMenuItems();
 
-/// The tool tips of a note's buttons: what each would do now, and the keys that do the same.
+/// The tool tips of a note's buttons: each button's current action, and the keys that do the same.
 struct NoteButtonTips {
     std::u16string menu;
     std::u16string pushpin;
-    std::u16string close;  ///< two lines, CR LF between them: its second action too
+    std::u16string close;  ///< two lines with CR LF between them: its second action too
 };
 [[nodiscard]] NoteButtonTips DescribeNoteButtons(const Note& note, std::u16string_view text, const Settings& settings);
 
-/// Carries out an action on a note, which may be gone afterwards. What concerns the window alone (SelectAll, OpenMenu)
-/// is the window's.
+/// Carries out an action on a note, which may be closed afterwards. The window handles actions of its own (SelectAll,
+/// OpenMenu).
 void Perform(NoteAction action, OpenNote& note);
 
 }  // namespace quillo

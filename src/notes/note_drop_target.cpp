@@ -32,8 +32,8 @@ DWORD NoteDropTarget::OnEnter(IDataObject* data, Point at, DWORD offered) {
 
 DWORD NoteDropTarget::OnOver(Point /*at*/, DWORD offered) {
     if (!welcome_) return DROPEFFECT_NONE;
-    // A copy whatever keys are held: what is dropped stays where it came from. Links offer nothing else than a link,
-    // and some sources nothing else than moving.
+    // Copying has priority, whatever keys are held, so that the source keeps its data. Links offer nothing but a link,
+    // and some sources nothing but a move.
     for (const DWORD effect : {DROPEFFECT_COPY, DROPEFFECT_LINK, DROPEFFECT_MOVE}) {
         if ((offered & effect) != 0) return effect;
     }
@@ -47,9 +47,9 @@ DWORD NoteDropTarget::OnDrop(IDataObject* data, Point at, DWORD offered) {
     welcome_ = false;
     if (effect == DROPEFFECT_NONE) return effect;
     const std::u16string text = TextOf(data, format);
-    // Whatever was asked of the source let messages run: the note may be closed or busy by now.
+    // The calls to the source have pumped messages: the note may be closed or busy by now.
     const bool inserted = !text.empty() && TakesDrops() && insert_(text);
-    // A source that hears of a move deletes what it has handed over.
+    // A source that is told of a move deletes its data.
     return inserted && effect != DROPEFFECT_MOVE ? effect : DWORD{DROPEFFECT_NONE};
 }
 
@@ -58,7 +58,7 @@ DropFormat NoteDropTarget::FormatOf(IDataObject* data) const {
     offer.link = OffersFormat(data, LinkFormat());
     offer.text = OffersFormat(data, CF_UNICODETEXT) || OffersFormat(data, CF_TEXT);
     offer.files = OffersFormat(data, CF_HDROP);
-    // Asked last: the questions before it let messages run.
+    // Checked last: the calls before it pump messages.
     return ChooseDropFormat(offer, TakesDrops());
 }
 

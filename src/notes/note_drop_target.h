@@ -15,10 +15,10 @@ class Shell;
 /// The clipboard format in which web browsers offer a link.
 [[nodiscard]] CLIPFORMAT LinkFormat();
 
-/// Takes links, text and lists of files dropped onto a text box. The note holds one reference.
+/// Accepts links, text and lists of files dropped onto a text box. The note holds one reference.
 class NoteDropTarget : public DropTarget {
   public:
-    /// `insert` gets the text of what was dropped and says whether it took it. `textBox` is borrowed.
+    /// `insert` gets the dropped text and returns whether it inserted it. `textBox` is borrowed.
     NoteDropTarget(HWND textBox, LocaleText& locale, Shell& shell, std::function<bool(std::u16string_view)> insert);
 
   private:
@@ -29,7 +29,7 @@ class NoteDropTarget : public DropTarget {
     void OnLeave() override { welcome_ = false; }
     [[nodiscard]] DWORD OnDrop(IDataObject* data, Point at, DWORD offered) override;
 
-    /// Messages may run meanwhile, in this and in the next.
+    /// Messages may be pumped meanwhile, in this function and the next.
     [[nodiscard]] DropFormat FormatOf(IDataObject* data) const;
     [[nodiscard]] std::u16string TextOf(IDataObject* data, DropFormat format) const;
 

@@ -58,7 +58,7 @@ NoteLayout LayOutNote(Size client, const Scale& scale) {
     NoteLayout layout;
     layout.dragBar = Rect{inner.left, inner.top, inner.width, std::min(button, inner.height)};
     const Rect& bar = layout.dragBar;
-    // On a note too narrow for all three the close button stays whole longest, then the menu.
+    // On a note too narrow for all three, the close button stays whole longest, then the menu button.
     const int close = std::min(button, bar.width);
     const int menu = std::min(button, bar.width - close);
     const int pin = std::min(button, bar.width - close - menu);
@@ -82,7 +82,8 @@ NoteHit HitTestNote(Point at, Size client, const Scale& scale) {
 
 std::u16string ReminderLabel(DaySerial reminder, DaySerial now, LocaleText& locale) {
     const CivilTime due = ToCivilTime(reminder);
-    // Intended: only the day's number counts, so the label of a reminder a month ahead is as short as today's.
+    // Intended: only the day of the month is compared, so the label of a reminder in another month may be as short as
+    // today's.
     if (due.day == ToCivilTime(now).day) return ClockTime(due);
     return locale.ShortDate(reminder) + u"  " + ClockTime(due);
 }
@@ -99,11 +100,11 @@ void PaintNote(Canvas& canvas, Size client, const Scale& scale, const NotePaint&
     FillUnlessEmpty(canvas, inner, colors.note);
     if (!reminderLabel.empty()) {
         canvas.Text(Point{scale.Px(kLabelLeft), height - scale.Px(kFoot)}, reminderLabel, kLabelPoints, colors.border);
-        // A long label must not run into the grip.
+        // A long label must not overlap the grip.
         const Rect corner{width - scale.Px(20), height - scale.Px(9), scale.Px(20), scale.Px(9)};
         FillUnlessEmpty(canvas, Intersection(corner, inner), colors.note);
     }
-    // Rounded down, or the grip's lines would run together at 150 percent.
+    // Rounded down, or the grip's lines would merge at 150 percent.
     const int gripStroke = std::max(1, scale.Dpi() / kDesignDpi);
     for (const int reach : {9, 6, 3}) {
         canvas.Line(Point{width - scale.Px(reach), height - 1}, Point{width - 1, height - scale.Px(reach)}, gripStroke,

@@ -13,12 +13,12 @@ namespace quillo {
 
 class LocaleText;
 
-/// Where the parts of a note stand in a client area, in device pixels.
+/// The places of the parts of a note in a client area, in device pixels.
 struct NoteLayout {
     Rect menuButton;
     Rect pushpin;
     Rect closeButton;
-    Rect saveSign;  ///< beside the menu button; empty where the buttons leave no room
+    Rect saveSign;  ///< beside the menu button; empty if the buttons leave no space
     Rect dragBar;   ///< the whole strip, buttons included
     Rect messageBox;
 };
@@ -30,7 +30,7 @@ inline constexpr int kNewNoteHeight = 2445;
 /// At any size no part has a negative extent and none overlaps another.
 [[nodiscard]] NoteLayout LayOutNote(Size client, const Scale& scale);
 
-/// What a point of the note does when it is pressed.
+/// The effect of a press at a point of the note.
 enum class NoteHit { Nothing, Bottom, BottomRight };
 
 /// `at` is in pixels from the window's top left corner. Only the bottom edge and its right corner resize a note.
@@ -54,15 +54,15 @@ void PaintNote(Canvas& canvas, Size client, const Scale& scale, const NotePaint&
 struct DragBarPaint {
     ColorWord top;
     ColorWord bottom;
-    ColorWord glyph;  ///< ink or its light counterpart, whichever stands out better from the whole bar
+    ColorWord glyph;  ///< ink or its light counterpart, whichever contrasts more with the whole bar
 };
 
 enum class BarStyle {
     Full,    ///< a gradient from the border color to a 35 % mix with the note color
     Flat,    ///< the border color alone
-    Subtle,  ///< one color that is little more than the note's
+    Subtle,  ///< one color, slightly different from the note's
 };
-/// What the user asks for counts for more than the system's high contrast, under which a gradient would be noise.
+/// The user's wish has priority over the system's high contrast, in which a gradient would distract.
 [[nodiscard]] BarStyle BarStyleFor(bool subtleWanted, bool systemHighContrast);
 /// The drag bar's colors; paler while the note is inactive.
 [[nodiscard]] DragBarPaint DragBarColors(ColorWord note, ColorWord border, BarStyle style, bool active);

@@ -8,10 +8,10 @@
 
 namespace quillo {
 
-/// The fonts of the notes' text boxes. Notes that look alike share one: a font costs its first measuring each time.
+/// The fonts of the notes' text boxes, shared between notes that look alike: each new font is slow to measure at first.
 class NoteFonts {
   public:
-    /// The note font, half as large again and bold when `large`. Borrowed; lives as long as this object.
+    /// The note font; if `large`, bold and half as large again. Borrowed; lives as long as this object.
     [[nodiscard]] HFONT Get(const FontSetting& setting, bool large, const Scale& scale);
 
   private:

@@ -28,7 +28,7 @@ namespace quillo {
 namespace {
 
 constexpr int kBalloonSeconds = 10;
-/// Timers come after painting: whatever this one starts, the note is on the screen before.
+/// Timer messages have a lower priority than painting: the note is on the screen before this timer fires.
 constexpr UINT kSettleMilliseconds = 10;
 /// The smallest size that the user can give a note, at 96 dpi: the buttons side by side over one line of text.
 constexpr Size kSmallestNote{80, 56};
@@ -64,7 +64,7 @@ bool NoteForm::Create() {
     WindowPlan plan;
     plan.title = L"Quillo";
     plan.style = WS_POPUP | WS_SYSMENU | WS_CLIPCHILDREN;  // the system menu moves a note by keyboard
-    plan.exStyle = WS_EX_TOOLWINDOW;                       // notes stay out of the task bar
+    plan.exStyle = WS_EX_TOOLWINDOW;                       // notes do not appear in the task bar
     plan.place = Rect{scale.ToPixels(Twips{static_cast<float>(place.x)}).value,
                       scale.ToPixels(Twips{static_cast<float>(place.y)}).value,
                       scale.ToPixels(Twips{kNewNoteWidth}).value, scale.ToPixels(Twips{kNewNoteHeight}).value};
@@ -106,7 +106,7 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NOTIFY:
             return buttons_.Notify(*reinterpret_cast<NMHDR*>(lParam)), 0;
         case WM_ERASEBKGND:
-            return 1;  // painted whole, off the screen
+            return 1;  // the note is painted as a whole, in a memory bitmap
         case WM_PAINT:
             return OnPaint(), 0;
         case WM_SYSCOLORCHANGE:
@@ -196,7 +196,7 @@ Rect NoteForm::WindowPlace() const {
     if (IsIconic(Handle()) == 0) return FromWin32(window);
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
-    // In pixels of the screen for a window outside the task bar, as notes are.
+    // A window outside the task bar, such as a note, has screen coordinates here.
     return GetWindowPlacement(Handle(), &placement) != 0 ? FromWin32(placement.rcNormalPosition) : FromWin32(window);
 }
 
@@ -236,11 +236,11 @@ void NoteForm::Hide() {
 }
 
 void NoteForm::BringToFront(bool pinned) {
-    // A button that the pointer rests on would take the next press from what covers it now.
+    // A hovered button would receive the next press instead of the window that now covers it.
     NoteButton::EndHover();
     RestoreIfMinimized();
-    // Only by way of the topmost windows can one that is not active come to the front of another program's; a window
-    // that was shown first is there already.
+    // A window that is not active can come in front of another program's only by becoming topmost for a moment; a
+    // window that was just shown for the first time is already in front.
     if (!pinned && IsInFront(Handle())) return;
     SetTopmost(Handle(), true);
     if (!pinned) SetTopmost(Handle(), false);
@@ -251,7 +251,7 @@ bool NoteForm::TakesInput() const {
 }
 
 void NoteForm::Activate() {
-    if (!TakesInput()) return;  // a dialog has the keyboard until it is closed
+    if (!TakesInput()) return;  // a dialog keeps the keyboard until it closes
     RestoreIfMinimized();
     SetForegroundWindow(Handle());
     SetFocus(messageBox_.Handle());
@@ -331,7 +331,7 @@ void NoteForm::ApplyBarColors() {
 }
 
 void NoteForm::Repaint() {
-    // Without a window the call would mean every window on the desktop.
+    // Without a window the call would redraw every window on the desktop.
     if (Handle() != nullptr) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
@@ -370,7 +370,7 @@ void NoteForm::OnActivate(bool active) {
 }
 
 void NoteForm::FocusTextBox() {
-    // A hidden note that is active for the menu of its icon must not take keys that nobody sees go there.
+    // A hidden note that is active for its icon's menu must not receive keys, because the user cannot see it.
     if (IsVisible()) SetFocus(messageBox_.Handle());
 }
 
@@ -399,16 +399,16 @@ void NoteForm::Perform(NoteAction action) {
 }
 
 void NoteForm::OpenMenu() {
-    Settle();  // a key may come before the buttons have windows
+    Settle();  // a key may arrive before the buttons have windows
     buttons_.MenuOpens();
     const NoteAction chosen = tools_.resForm.ShowArrowMenu(note_.Data(), Handle(), buttons_.MenuButtonPlace());
-    if (Handle() == nullptr) return;  // the note has gone while its menu was open
+    if (Handle() == nullptr) return;  // the note was closed while its menu was open
     buttons_.MenuHasClosed();
     Perform(chosen);
 }
 
 void NoteForm::OpenIconMenu() {
-    // The menu makes the note's window, which may be hidden, the foreground one.
+    // The menu makes the note's window, which may be hidden, the foreground window.
     const HWND foregroundBefore = GetForegroundWindow();
     const NoteAction chosen = tools_.resForm.ShowIconMenu(note_.Data(), Handle());
     if (Handle() != nullptr) Perform(chosen);
@@ -421,7 +421,7 @@ std::u16string NoteForm::AskCopyPath() {
     plan.title = u"Save sticky note...";
     plan.filter = u"Sticky notes|*.qln|All files|*.*";
     plan.defaultExtension = u"qln";
-    // Intended: the last flag says nothing to a dialog that saves, and is kept.
+    // Intended: the last flag has no effect in a save dialog, and is kept.
     plan.flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST;
     const BusyFlag::Scope busy(tools_.dialogs);
     return BrowseForFileToSave(Handle(), plan);
@@ -439,7 +439,7 @@ void NoteForm::OnDragBarPressed(Point at) {
     Settle();
     const HWND button = ChildWindowFromPoint(Handle(), screen);
     if (button != nullptr && button != Handle()) {
-        // Pressed when it was only drawn yet.
+        // The button was pressed while it was only a picture.
         MapWindowPoints(Handle(), button, &screen, 1);
         SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(screen.x, screen.y));
         return;

@@ -26,7 +26,7 @@ class BusyFlag;
 class Random;
 class ResForm;
 
-/// What every note's window works with.
+/// What the windows of all notes share.
 struct NoteFormTools {
     const Settings& settings;
     Clock& clock;
@@ -39,7 +39,7 @@ struct NoteFormTools {
     ReminderTools& reminders;
     NoteColorForm& colorDialog;
     ResForm& resForm;
-    BusyFlag& dialogs;  ///< set while a modal dialog stands
+    BusyFlag& dialogs;  ///< set while a modal dialog is open
 };
 
 /// A note's window: a bordered, colored face with a strip to drag it by, three buttons and a text box.
@@ -48,7 +48,7 @@ class NoteForm : public Window, public NoteView {
     NoteForm(OpenNote& note, const NoteFormTools& tools);
     ~NoteForm() override;
 
-    /// Makes the hidden window at the place and size of a new note. False on failure.
+    /// Creates the hidden window at the place and size of a new note. False on failure.
     [[nodiscard]] bool Create();
 
     // NoteView
@@ -103,18 +103,18 @@ class NoteForm : public Window, public NoteView {
     void OpenMenu();
     void OpenIconMenu();
     void SetUpParts();
-    /// What the notes of a start must not wait for: the buttons' windows (until then the note draws them at rest) and
-    /// the drop target.
+    /// Creates the parts that a start must not wait for: the buttons' windows (until then the note draws the buttons at
+    /// rest) and the drop target.
     void Settle();
     void UpdateTitle();
     [[nodiscard]] NoteLayout Layout() const;
-    /// Puts the parts in their places; while the note is hidden only notes down that it is to be done.
+    /// Lays out the parts; while the note is hidden, only records that this is due.
     void LayOut();
     void LayOutNow();
     void Place(const Rect& place, UINT flags);
     /// Where the window is on the screen, or was before the system minimized it.
     [[nodiscard]] Rect WindowPlace() const;
-    /// Undoes what "Show desktop" and the like do; a note minimizes itself in another way.
+    /// Restores a note that "Show desktop" or the like has minimized; notes themselves minimize in another way.
     void RestoreIfMinimized();
     [[nodiscard]] bool InsertDropped(std::u16string_view text);
     void ApplyFont();
@@ -136,12 +136,12 @@ class NoteForm : public Window, public NoteView {
     ColorWord textColor_;
     DropRegistration drops_;
     UiTimer settleTimer_;
-    std::unique_ptr<SetReminderForm> reminderDialog_;  ///< without a window once it was closed
+    std::unique_ptr<SetReminderForm> reminderDialog_;  ///< has no window after it has closed
     std::unique_ptr<ReminderForm> reminderAlert_;
     std::u16string title_;  ///< of the window, once there was a text
     bool active_ = false;
-    bool layoutDue_ = true;  ///< the parts stand where an earlier size had them
-    bool placing_ = false;   ///< the window moves by the program's hand
+    bool layoutDue_ = true;  ///< the parts have the places of an earlier size
+    bool placing_ = false;   ///< set while we move the window ourselves, so that it is not taken for the user's move
 };
 
 }  // namespace quillo

@@ -9,7 +9,7 @@ namespace quillo {
 
 namespace {
 
-// Intended that they differ: a text that is only a little too long is not cut for the sake of three dots.
+// Intended that they differ: a text that is only slightly too long is not cut for three dots.
 constexpr std::size_t kCutFrom = 65;
 constexpr std::size_t kCutTo = 61;
 

@@ -11,7 +11,7 @@ class LocaleText;
 class NoteStore;
 struct NoteFile;
 
-/// The text, cut to its beginning and an ellipsis when it is long. Line breaks stay in it.
+/// The text; a long one is cut and ends in an ellipsis. Line breaks stay in it.
 [[nodiscard]] std::u16string MailSubject(std::u16string_view text);
 /// The text, and below it what the receiver can do with the attached note.
 [[nodiscard]] std::u16string MailBody(std::u16string_view text);
@@ -21,11 +21,11 @@ struct NoteFile;
 enum class MailResult {
     Done,      ///< sent, or discarded by the user
     NotSaved,  ///< the note's file could not be written
-    NoAnswer,  ///< no mail program has let us sign on
+    NoAnswer,  ///< no mail program accepted the sign-on
 };
 
-/// Writes the note to a temporary file, hands it to the user in the mail program's window, and deletes the file again.
-/// Messages run meanwhile: whose note it is may be gone afterwards.
+/// Writes the note to a temporary file, gives it to the user in the mail program's window, and deletes the file again.
+/// Messages are pumped meanwhile: the note may be closed afterwards.
 [[nodiscard]] MailResult SendMail(MailSession& session, NoteStore& store, const NoteFile& note, LocaleText& locale);
 
 }  // namespace quillo

@@ -19,7 +19,7 @@ namespace {
 constexpr std::u16string_view kHeading = u"Sticky note";
 constexpr std::u16string_view kReminderLabel = u"Reminder:  ";
 constexpr std::u16string_view kPrintedLabel = u"Printed  ";
-/// What a line of the body is as high as.
+/// The text whose height is the line height of the body.
 constexpr std::u16string_view kTallText = u"Wg";
 
 // Sizes in points.
@@ -36,7 +36,7 @@ constexpr double kGap = 0.06;         ///< between the rule and the body, and be
 
 constexpr std::size_t kLongestDocumentName = 40;
 
-/// The border's color, or another of the note's where that one cannot be seen on paper.
+/// The border's color, or another of the note's colors if the border would be invisible on paper.
 ColorWord RuleColor(const Note& note) {
     constexpr ColorWord kPaper = ColorWord::FromRgb(255, 255, 255);
     constexpr double kVisible = 1.2;  // contrast; the palest border of the palette has 1.4
@@ -46,7 +46,7 @@ ColorWord RuleColor(const Note& note) {
     return note.TextColor;
 }
 
-/// The part of the paper inside the margins, as far as ink reaches.
+/// The part of the paper inside the margins that the printer can reach.
 Rect UsableArea(const PrintSheet& sheet, int marginAcross, int marginDown) {
     const int left = std::max(marginAcross, sheet.printable.left);
     const int top = std::max(marginDown, sheet.printable.top);
@@ -83,7 +83,7 @@ class NotePages {
         font.bold = bold;
         job_.SetFont(font);
     }
-    /// Writes a line at the left margin; the answer is where the next one goes.
+    /// Writes a line at the left margin; returns the place of the next one.
     int WriteLine(int y, std::u16string_view line) {
         job_.Text(Point{usable_.left, y}, line);
         return y + job_.Measure(line).height;
@@ -92,7 +92,7 @@ class NotePages {
         job_.Text(Point{usable_.Right() - job_.Measure(line).width, y}, line);
     }
 
-    /// Heading, date line and rule; the answer is where the body begins.
+    /// Heading, date line and rule; returns the start of the body.
     int PrintHead() {
         UseFont(kHeadingPoints, true);
         int y = WriteLine(usable_.top, kHeading);
@@ -104,8 +104,8 @@ class NotePages {
         return ruleBottom + Down(kGap);
     }
 
-    /// The maker's address at the foot of the page, the page's number level with the heading; the answer is where the
-    /// body ends.
+    /// The maker's address at the foot of the page, and the page number level with the heading; returns the end of the
+    /// body.
     int PrintFooter() {
         UseFont(kFooterPoints, false);
         const int y = usable_.Bottom() - job_.Measure(kMakerHost).height;
@@ -118,7 +118,7 @@ class NotePages {
         UseFont(kBodyPoints, note_.font.bold);
         const int height = std::max(1, job_.Measure(kTallText).height);
         int y = top;
-        // Even paper too low for a line takes one on each page, so that the pages come to an end.
+        // A page too low for a single line still gets one, so that printing ends.
         while (!lines_.AtEnd() && (y + height <= bottom || y == top)) {
             const std::u16string_view line = lines_.Next(job_, usable_.width);
             if (!line.empty()) job_.Text(Point{usable_.left, y}, line);

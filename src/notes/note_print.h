@@ -13,22 +13,22 @@ class LocaleText;
 struct FontSetting;
 struct Note;
 
-/// What is printed of a note.
+/// The parts of a note that are printed.
 struct PrintedNote {
     std::u16string text;
     std::u16string dateLine;
-    PrintFont font;  ///< of the text; heading, date line and footer are its sisters in other sizes
+    PrintFont font;  ///< of the text; heading, date line and footer use it in other sizes
     ColorWord rule;
 };
 
-/// `text` and `font` are those of the note's text box. Large text prints as any other.
+/// `text` and `font` are those of the note's text box. Large text is printed in the normal size.
 [[nodiscard]] PrintedNote MakePrintedNote(std::u16string_view text, const Note& note, const FontSetting& font,
                                           DaySerial now, LocaleText& locale);
 
-/// How the printer's queue names the note: by its first words.
+/// The note's name in the printer's queue: its first words.
 [[nodiscard]] std::u16string PrintDocumentName(std::u16string_view text);
 
-/// Lays the note out on as many pages as it takes, and finishes the job.
+/// Prints the note on as many pages as necessary, and finishes the job.
 [[nodiscard]] PrintOutcome PrintPages(PrintJob& job, const PrintedNote& note);
 
 }  // namespace quillo

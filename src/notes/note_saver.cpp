@@ -6,9 +6,9 @@
 namespace quillo {
 namespace {
 
-/// How long after its last change a note is saved: long enough not to write at every key.
+/// The delay between the last change of a note and its save: long enough not to write at every key.
 constexpr std::uint64_t kPauseMilliseconds = 2000;
-/// No change stays longer in memory alone, however steadily the user types.
+/// No change exists only in memory for longer, however steadily the user types.
 constexpr std::uint64_t kLatestMilliseconds = 5000;
 constexpr std::uint32_t kRetryMilliseconds = 10'000;
 
@@ -32,7 +32,7 @@ void NoteSaver::Wait() {
     const std::uint64_t now = services_.timers.Milliseconds();
     if (!firstChange_) firstChange_ = now;
     const std::uint64_t latest = *firstChange_ + kLatestMilliseconds;
-    // The system's timers come after all other messages: a thread that is never idle has to look for itself.
+    // Timer messages have the lowest priority: a thread that is never idle must check the time itself.
     if (now >= latest) {
         PersistNote();
         return;
@@ -45,7 +45,7 @@ bool NoteSaver::PersistNote() {
     timer_->Stop();
     ChooseStoragePath();
     const SavedNote saved = services_.store.SaveStorageCopy(content_(), note_.StoragePath);
-    note_.Changed = false;  // intended after a failure too; what could not be written is remembered here
+    note_.Changed = false;  // intended after a failure too; failure_ records that the note could not be written
     firstChange_.reset();
     stored_ = saved.error == FileError::None;
     if (stored_) hash_ = saved.hash;

@@ -12,7 +12,7 @@
 
 namespace quillo {
 
-/// Hears of every note that cannot be saved, and of the end of the trouble.
+/// Is notified of every note that cannot be saved, and when it has been saved after all.
 class SaveFailureListener {
   public:
     virtual ~SaveFailureListener() = default;
@@ -26,35 +26,35 @@ struct SaverServices {
     SaveFailureListener& failures;
 };
 
-/// Keeps the storage copy of one note current: two seconds after its last change, five seconds after its first unsaved
-/// one at the latest, and every ten seconds while the disk refuses it.
+/// Keeps the storage copy of one note current: it saves two seconds after the last change, at the latest five seconds
+/// after the first unsaved one, and every ten seconds while the disk refuses it.
 class NoteSaver {
   public:
-    /// `content` gives the note as it is now. `showFailure` shows on the note itself why it cannot be saved; it gets
-    /// FileError::None when the note is saved again.
+    /// `content` returns the note as it is now. `showFailure` shows on the note itself why it cannot be saved; it gets
+    /// FileError::None when the note has been saved again.
     NoteSaver(SaverServices services, Note& note, std::function<NoteFile()> content,
               std::function<void(FileError)> showFailure);
     NoteSaver(const NoteSaver&) = delete;
     NoteSaver& operator=(const NoteSaver&) = delete;
 
-    /// The note differs from its storage copy. May write the copy at once: a busy thread has no turn for the timer.
+    /// The note differs from its storage copy. May save at once: a busy thread never gets to the timer.
     void MarkChanged();
-    /// Writes the storage copy when the note is changed, or when its last change could not be written. True when the
-    /// storage copy is whole on the disk afterwards.
+    /// Writes the storage copy if the note has changed or its last change could not be written. True if the storage
+    /// copy is complete on the disk afterwards.
     bool PersistNote();
-    /// A storage copy that has disappeared counts as a change.
+    /// Treats a missing storage copy as a change.
     void LookForStorageCopy();
     /// The note was opened from this file of the notes folder, which becomes its storage copy.
     void SetStorageCopy(FileVersion copy);
-    /// Gives a note that has none the path of a storage copy.
+    /// Gives the note a path for its storage copy, unless it has one.
     void ChooseStoragePath();
     /// The storage copy as it was last written or opened.
     [[nodiscard]] FileVersion StorageCopy() const { return {note_.StoragePath, hash_}; }
-    /// True when the storage copy holds the note as it is.
+    /// True if the storage copy has the note's current content.
     [[nodiscard]] bool IsStored() const { return stored_ && !HasUnsavedChange(); }
     /// True while a change is on no disk.
     [[nodiscard]] bool HasUnsavedChange() const { return note_.Changed || failure_ != FileError::None; }
-    /// The note is closed: it must not write its storage copy again.
+    /// The note was closed: its storage copy must not be written again.
     void Stop();
 
   private:

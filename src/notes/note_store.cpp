@@ -12,10 +12,10 @@
 namespace quillo {
 namespace {
 
-/// How often a name is taken by somebody else between the choice and the writing before the search ends.
+/// The number of attempts to find a name, in case another program takes the chosen one before it is used.
 constexpr int kMostNames = 20;
 
-/// The names under which a storage copy is prepared: "a.qln.new", "a.qln.2.new", ...
+/// The names of a storage copy's new content while it is being written: "a.qln.new", "a.qln.2.new", ...
 std::u16string PreparedCopyName(std::u16string_view path, int number) {
     std::u16string name(path);
     if (number > 1) name += u"." + FormatInteger(number);
@@ -50,7 +50,7 @@ SavedNote NoteStore::SaveNote(const NoteFile& content, const SaveTarget& target,
         if (saved.error != FileError::NameTaken) break;
     }
     if (saved.error == FileError::None || target.isTempName) return saved;
-    // Once more, under a name made from the text.
+    // Another attempt, under a name made from the text.
     return SaveNote(content, {u"", true, target.noDelete, false}, leaving);
 }
 
@@ -158,7 +158,7 @@ std::u16string NoteStore::NewStoragePath() {
 
 void NoteStore::DeleteStorageCopy(const FileVersion& copy, std::u16string record) {
     if (copy.path.empty()) return journal_.End(record);
-    // Before the copy: what was being prepared for it would take its place at the next start.
+    // Before the copy itself: otherwise the next start would move the prepared file to the copy's place.
     for (int number = 1; number <= kMostNames; ++number) {
         const std::u16string prepared = PreparedCopyName(copy.path, number);
         if (!files_.FileExists(prepared)) break;

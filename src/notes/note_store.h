@@ -16,29 +16,29 @@ namespace quillo {
 class LocaleText;
 class NoteNames;
 
-/// Which file SaveNote is to write.
+/// The file that SaveNote has to write.
 struct SaveTarget {
-    std::u16string fileName;  ///< may be empty: a name is made from the text
+    std::u16string fileName;  ///< may be empty: the name is then made from the text
     bool isTempName = false;  ///< the program chose the name
     bool noDelete = false;    ///< the file is a storage copy or an attachment
-    bool overwrite = false;   ///< false: an existing file of that name is never touched
+    bool overwrite = false;   ///< false: an existing file of that name is never changed
 };
 
-/// Where a note leaves when it is saved: its storage copy, and what becomes of the file that is written.
+/// A note that moves to the file being saved: its storage copy, and what the move is for.
 struct LeavingNote {
     PendingStep::Kind kind = PendingStep::Kind::Move;  ///< Move or Recycle
-    FileVersion storageCopy;                           ///< an empty path: the note has none
+    FileVersion storageCopy;                           ///< the path is empty if the note has none
 };
 
 struct SavedNote {
-    std::u16string path;  ///< full; "" when nothing could be written
+    std::u16string path;  ///< full; "" if nothing could be written
     FileError error = FileError::None;
     std::uint64_t hash = 0;   ///< of the bytes written
-    std::u16string record;    ///< of a leaving note: to be ended when its storage copy has gone
+    std::u16string record;    ///< of a leaving note: ended once its storage copy has been deleted
     bool isTempName = false;  ///< the program chose the name
 };
 
-/// Writes notes to files and chooses their names. A file is whole under another name before it takes its place.
+/// Writes notes to files and chooses their names. A file is complete under another name before it gets its own.
 class NoteStore {
   public:
     NoteStore(FileStore& files, LocaleText& locale, Shell& shell, NoteNames& names, const std::u16string& notesFolder)
@@ -50,35 +50,35 @@ class NoteStore {
           journal_(files, shell, notesFolder),
           reserve_(files, notesFolder) {}
 
-    /// Writes a file of the user's. When the name was the user's and fails, it tries once more under a name made from
-    /// the text. With `leaving`, the step is recorded before anything is written, for DeleteStorageCopy to end.
+    /// Writes a file for the user. If the user's own name fails, tries once more under a name made from the text. With
+    /// `leaving`, records the step before writing anything; DeleteStorageCopy ends the record.
     [[nodiscard]] SavedNote SaveNote(const NoteFile& content, const SaveTarget& target,
                                      const LeavingNote& leaving = {});
-    /// Two paths of one file differ in letter case at most when both are given in this form.
+    /// In this form, two paths of one file differ in letter case at most.
     [[nodiscard]] std::u16string FullLongPath(std::u16string_view path) const;
-    /// Writes a note that its storage copy cannot hold to the first folder that takes it: the "Note folder", the
+    /// Writes a note whose storage copy cannot be written to the first folder that accepts it: the "Note folder", the
     /// desktop, the temporary folder.
     [[nodiscard]] SavedNote Rescue(const NoteFile& content);
-    /// Puts a file where one that SaveNote had written has disappeared.
+    /// Writes a file again where one that SaveNote had written has disappeared.
     [[nodiscard]] SavedNote WriteAgain(const NoteFile& content, const SavedNote& gone);
     /// Moves a file to the Recycle Bin.
     [[nodiscard]] RecycleResult Recycle(std::u16string_view path);
-    /// Replaces a storage copy. A missing notes folder is made again; on a full disk the reserve is given up.
+    /// Replaces a storage copy. Creates a missing notes folder again; on a full disk, deletes the reserve.
     [[nodiscard]] SavedNote SaveStorageCopy(const NoteFile& content, std::u16string_view path);
-    /// The bytes that SaveStorageCopy writes; nothing when the text cannot be converted.
+    /// The bytes that SaveStorageCopy writes; nothing if the text cannot be converted.
     [[nodiscard]] std::optional<std::string> FormatStorageCopy(const NoteFile& content);
 
-    /// A path for a new storage copy in the notes folder; "" when the system gives no identifier.
+    /// A path for a new storage copy in the notes folder; "" if the system supplies no identifier.
     [[nodiscard]] std::u16string NewStoragePath();
-    /// Deletes a storage copy and what was being prepared for it, and ends the record. A copy that another program has
-    /// open is deleted by RetryDeletions, or by the next start.
+    /// Deletes a storage copy and files prepared for it, and ends the record. If another program has the copy open,
+    /// RetryDeletions or the next start deletes it.
     void DeleteStorageCopy(const FileVersion& copy, std::u16string record);
     void RetryDeletions();
 
-    /// Writes the note to a free file of the temporary folder, as one that survives being opened. Its full path, or ""
-    /// when it could not be written.
+    /// Writes the note to a free file in the temporary folder, marked as one that is kept when opened. Its full path,
+    /// or "" if it could not be written.
     [[nodiscard]] std::u16string SaveTemporaryFile(const NoteFile& content);
-    /// A failure is passed over.
+    /// Ignores a failure.
     void DeleteTemporaryFile(std::u16string_view path);
 
     [[nodiscard]] SaveJournal& Journal() { return journal_; }
@@ -86,7 +86,7 @@ class NoteStore {
     [[nodiscard]] FileStore& Files() { return files_; }
 
   private:
-    /// Writes a file of that folder, under a name made from the text.
+    /// Writes a file in that folder, under a name made from the text.
     [[nodiscard]] SavedNote SaveInFolder(const NoteFile& content, std::u16string_view folder);
     struct Deletion {
         FileVersion copy;
@@ -105,10 +105,10 @@ class NoteStore {
     const std::u16string& notesFolder_;
     SaveJournal journal_;
     DiskReserve reserve_;
-    std::vector<Deletion> deletions_;  ///< storage copies that are still to be deleted
+    std::vector<Deletion> deletions_;  ///< storage copies that still have to be deleted
 };
 
-/// What is being prepared for a storage copy has its name and this ending.
+/// A file prepared for a storage copy has the copy's name and this ending.
 inline constexpr std::u16string_view kPreparedExtension = u".new";
 
 }  // namespace quillo

@@ -33,7 +33,7 @@ void Select(HWND box, Selection selection) {
 }  // namespace
 
 bool NoteTextBox::Create(HWND parent, int id, const Rect& place, bool scrollBar) {
-    // A bar that the control was not made with does not follow the text when it is shown later.
+    // A bar that the control was not created with does not follow the text when it is shown later.
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
     const auto childId = static_cast<UINT_PTR>(id);
     const HWND box = CreateWindowExW(0, L"EDIT", L"", style, place.left, place.top, place.width, place.height, parent,
@@ -52,7 +52,7 @@ bool NoteTextBox::Create(HWND parent, int id, const Rect& place, bool scrollBar)
 void NoteTextBox::ShowScrollBar(bool shown) {
     if (shown == scrollBar_ || box_ == nullptr) return;
     scrollBar_ = shown;
-    // The text wraps at another width: the line at the top is found again by its first character.
+    // The new width wraps the text differently: the first character of the top line identifies the place.
     const LRESULT top = SendMessageW(box_, EM_GETFIRSTVISIBLELINE, 0, 0);
     const LRESULT character = SendMessageW(box_, EM_LINEINDEX, static_cast<WPARAM>(top), 0);
     ::ShowScrollBar(box_, SB_VERT, shown ? TRUE : FALSE);
@@ -60,19 +60,19 @@ void NoteTextBox::ShowScrollBar(bool shown) {
     SendMessageW(box_, EM_LINESCROLL, 0, line - SendMessageW(box_, EM_GETFIRSTVISIBLELINE, 0, 0));
 }
 
-/// The control shows its bar again as soon as its text or its size asks for one.
+/// The control shows its bar again as soon as its text or its size requires one.
 void NoteTextBox::KeepScrollBarHidden(HWND box) {
     if (scrollBar_ || hidingBar_ || (GetWindowLongPtrW(box, GWL_STYLE) & WS_VSCROLL) == 0) return;
     const FlagScope hiding(hidingBar_);
     ::ShowScrollBar(box, SB_VERT, FALSE);
-    // The bar may have been drawn already, over what is text all the time.
+    // The control may have drawn the bar already, over an area that belongs to the text.
     RECT drawn{};
     GetClientRect(box, &drawn);
     drawn.left = drawn.right - GetSystemMetrics(SM_CXVSCROLL);
     InvalidateRect(box, &drawn, TRUE);
 }
 
-/// Readers take the name of a text box from the static text before it. One without a size shows nothing.
+/// Screen readers take the name of a text box from the static text before it. One without a size is invisible.
 void NoteTextBox::NameForScreenReaders() {
     if (label_ != nullptr) return;
     label_ = CreateWindowExW(0, L"STATIC", L"Note text", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, GetParent(box_), nullptr,
@@ -88,7 +88,7 @@ std::u16string NoteTextBox::Text() const {
 }
 
 bool NoteTextBox::SetText(std::u16string_view text) {
-    // The control's own limit holds for what the user enters, not for this.
+    // The control's own limit applies to the user's input, not to this call.
     if (!HasRoomFor(0, text.size())) return false;
     const FlagScope byProgram(byProgram_);
     SetWindowTextW(box_, Wide(std::u16string(text)));
@@ -140,7 +140,7 @@ void NoteTextBox::SelectAll() {
 void NoteTextBox::SetFont(HFONT font, const Scale& scale) {
     SendMessageW(box_, WM_SETFONT, reinterpret_cast<WPARAM>(font), IsWindowVisible(box_) != 0 ? TRUE : FALSE);
     SetTextMargins(box_, scale.Px(kTextMargin));
-    // One tab stop, in units that follow the font. It holds as long as the font does, shown or hidden.
+    // One tab stop, in units that depend on the font. It stays valid as long as the font, shown or hidden.
     const UINT dialogUnits = 8;
     SendMessageW(box_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
 }
@@ -150,7 +150,7 @@ LRESULT CALLBACK NoteTextBox::Procedure(HWND box, UINT message, WPARAM wParam, L
     try {
         if (self.Swallow(message, wParam, lParam)) return 0;
     } catch (...) {
-        return 0;  // the system could not unwind it; the shortcut is given up
+        return 0;  // the system could not unwind the exception; the shortcut is given up
     }
     const LRESULT result = CallWindowProcW(self.procedure_, box, message, wParam, lParam);
     if (message != WM_NCDESTROY) self.KeepScrollBarHidden(box);
@@ -163,7 +163,7 @@ bool NoteTextBox::Swallow(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_NCCALCSIZE:
             // Without its bar the whole window is text: while the control shows the bar and it is hidden again, the
-            // text must not wrap anew.
+            // text must not wrap a second time.
             return !scrollBar_;
         case WM_GETOBJECT:
             if (static_cast<LONG>(lParam) == OBJID_CLIENT) NameForScreenReaders();
@@ -176,13 +176,13 @@ bool NoteTextBox::Swallow(UINT message, WPARAM wParam, LPARAM lParam) {
             return wParam == VK_F10 && OnMenuKeys((lParam & kWasDown) != 0);
         case WM_KEYUP:
         case WM_SYSKEYUP:
-            // The characters of a key come before its release; the next may come without a key, by Alt and the number
-            // pad.
+            // The characters of a key arrive before its release; the next one may arrive without a key, by Alt and the
+            // number pad.
             keySwallowed_ = false;
-            // These have opened the menu when they went down; F10 alone would now go to the window's system menu.
+            // Pressing these has opened the menu; F10 alone would now open the window's system menu.
             return wParam == VK_APPS || (wParam == VK_F10 && menuKeysHeld_);
         case WM_CONTEXTMENU:
-            // By other ways of the keyboard; a right click in the text opens the edit control's own menu.
+            // Other keyboard requests; a right click in the text opens the edit control's own menu.
             if (lParam == kByKeyboard) onAction(NoteAction::OpenMenu);
             return lParam == kByKeyboard;
         default:
@@ -201,13 +201,13 @@ bool NoteTextBox::OnKey(int virtualKey, bool repeated) {
     const NoteKeyState held{isDown(VK_CONTROL), isDown(VK_SHIFT), isDown(VK_RMENU)};
     if (virtualKey == VK_BACK && held.control && !held.shift && !held.rightAlt) {
         DeleteWordBefore();
-        keySwallowed_ = true;  // its character is a box in the text
+        keySwallowed_ = true;  // otherwise its character would appear as a box in the text
         return true;
     }
     const NoteAction action = NoteKeyAction(virtualKey, held);
     const bool swallowed = action != NoteAction::None;
     keySwallowed_ = swallowed;
-    // A key held down acts once: Ctrl+W would go on to close one note after the other.
+    // A held key acts once: Ctrl+W would otherwise close one note after the other.
     if (swallowed && !repeated) onAction(action);
     return swallowed;
 }

@@ -22,7 +22,7 @@ std::u16string NoteTitle(std::u16string_view text) {
     line = line.substr(0, line.find_last_not_of(kBlanks) + 1);
     if (line.size() <= kLongestTitle) return std::u16string(line);
 
-    // At the end of a word; a single word that is too long is cut, though not inside a character.
+    // At the end of a word; a single word that is too long is cut, but not inside a character.
     std::u16string_view cut = line.substr(0, kLongestTitle + 1);
     const std::size_t blank = cut.find_last_of(kBlanks);
     cut = cut.substr(0, blank == std::u16string_view::npos ? kLongestTitle : blank);

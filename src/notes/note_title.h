@@ -6,11 +6,11 @@
 
 namespace quillo {
 
-/// How much of a text NoteTitle looks at.
+/// How much of a text NoteTitle reads.
 inline constexpr std::size_t kTitleSource = 256;
 
-/// The title of a note's window, by which screen readers and lists of windows name it: the first words of its text,
-/// from one line, and an ellipsis for the rest of that line. "Quillo" for a note without words.
+/// The title of a note's window, which screen readers and lists of windows show: the first words of its first line with
+/// words, and an ellipsis for the rest of that line. "Quillo" for a note without words.
 [[nodiscard]] std::u16string NoteTitle(std::u16string_view text);
 
 }  // namespace quillo

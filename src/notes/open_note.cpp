@@ -39,7 +39,7 @@ constexpr std::u16string_view kCopyNotSaved = u"Quillo was unable to save a copy
 const std::u16string kCopyElsewhere =
     u"Quillo was unable to save the copy where you wanted it.  It was saved under another name:";
 
-/// A caption of more characters is cut to this many and an ellipsis.
+/// A longer caption is cut to this many characters and an ellipsis.
 constexpr std::size_t kLongestCaption = 60;
 
 std::u16string WithBlanksForLineBreaks(std::u16string_view text) {
@@ -58,7 +58,7 @@ std::u16string IconCaption(std::u16string_view text) {
     if (caption.size() <= kLongestCaption) return caption;
     caption.resize(kLongestCaption);
     const char16_t last = caption.back();
-    if (last >= 0xD800 && last < 0xDC00) caption.pop_back();  // half of a character shows as a box
+    if (last >= 0xD800 && last < 0xDC00) caption.pop_back();  // half of a character would appear as a box
     return caption + u"...";
 }
 
@@ -94,7 +94,7 @@ bool OpenNote::IsTextOf(std::string_view bytes) const {
 SaveTarget OpenNote::OwnFileTarget() const {
     SaveTarget target;
     if (!world_.settings.doNotRememberFilenames) target.fileName = note_.FileName;
-    // The storage copy is deleted when the note leaves: it must not be what was saved last.
+    // The storage copy is deleted when the note leaves: it must not be the file that was just saved.
     if (world_.locale.ToLower(target.fileName) == world_.locale.ToLower(note_.StoragePath)) target.fileName.clear();
     target.isTempName = target.fileName.empty();
     return target;
@@ -122,7 +122,7 @@ void OpenNote::SetPosition(const NotePosition& position) {
 }
 
 NoteAppearance OpenNote::Appearance() const {
-    // Not whether the icon shows: the shell may refuse it for a while.
+    // Whether the icon is visible does not matter: the shell may refuse it for a while.
     const WindowState hidden = iconWanted_ ? WindowState::Minimized : WindowState::Hidden;
     return NoteAppearance{note_.LargeText,   note_.OwnColors, note_.NoteColor,
                           note_.BorderColor, note_.TextColor, view_->IsVisible() ? WindowState::Shown : hidden};
@@ -198,7 +198,7 @@ void OpenNote::SetColor(bool own, ColorWord noteColor, ColorWord borderColor, Co
 }
 
 void OpenNote::AskNoteColor() {
-    // Intended also while the dialog shows another note: only its closing lets this one open it again.
+    // Intended also while the dialog shows another note: this note can open it again only after it has closed.
     if (colorDialogOpen_) return;
     colorDialogOpen_ = true;
     const ColorScheme colors{note_.NoteColor, note_.BorderColor, note_.TextColor};
@@ -231,7 +231,7 @@ void OpenNote::UpdateColors() {
 }
 
 void OpenNote::SetNoteEffects() {
-    // Intended also at 255, which looks the same: such a note is layered all the same.
+    // Intended also at 255, which looks the same: such a note is still layered.
     view_->SetOpacity(world_.settings.noteTransparency ? std::optional(world_.settings.noteOpacity) : std::nullopt);
 }
 
@@ -330,7 +330,7 @@ void OpenNote::DeleteNote() {
         world_.owner.SaveUnsavedNotes();
         saved = SaveLeaving(PendingStep::Kind::Recycle);
         const bool safe = saved.path.empty() ? RescueDeleted() : Recycle(saved);
-        // Messages may have run.
+        // Messages may have been pumped.
         if (!safe || !IsOpen()) return world_.store.Journal().End(saved.record);
     }
     world_.notice.Play(SystemSound::RestoreDown);
@@ -375,7 +375,7 @@ void OpenNote::QueryDeleteNote() {
 }
 
 void OpenNote::QuickDelete() {
-    // Intended without a question, also where nothing is recycled: the fast way to throw a note away.
+    // Intended without a question, even if nothing is recycled: the fast way to discard a note.
     if (!view_->Text().empty() && !world_.settings.dontRecycleNotes) {
         DeleteNote();
     } else {
@@ -425,13 +425,13 @@ void OpenNote::TimerBroadcast() {
     const ReminderCheck check = CheckReminder(note_.ReminderSet, note_.ReminderTime, world_.clock.Now(), alertOpen_);
     if (check == ReminderCheck::Nothing) return;
     saver_.PersistNote();
-    // Intended without marking the note changed: a reminder that nobody has answered before a crash comes again.
+    // Intended without marking the note changed: after a crash, an unanswered reminder is due again.
     CancelReminder();
     if (check != ReminderCheck::ClearAndAlert) return;
     alertOpen_ = true;
     const bool opened = view_->OpenReminderAlert(view_->Text());
     if (!opened) alertOpen_ = false;
-    // Messages have run: who dismissed the alert already wants to see the note.
+    // Messages have been pumped: a user who has already dismissed the alert wants to see the note.
     if (alertOpen_ && IsOpen()) HideNote();
 }
 

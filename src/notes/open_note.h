@@ -21,24 +21,24 @@ class RegistryApi;
 class UserNotice;
 struct OsFacts;
 
-/// Through the visible notes, in the order of their making and around at the ends.
+/// The direction through the visible notes in the order of their creation; wraps around at both ends.
 enum class NoteDirection { Forward, Backward };
 
-/// What an open note asks of the collection it stands in.
+/// The collection of open notes as a note sees it.
 class NoteOwner {
   public:
     virtual ~NoteOwner() = default;
-    /// Takes the note out of the open notes. The object lives on until its own handlers have returned.
+    /// Removes the note from the open notes. The object lives until its own handlers have returned.
     virtual void RemoveNote(const std::u16string& noteKey) = 0;
-    /// False once the note was removed: to be asked after anything that pumps messages.
+    /// False once the note was removed: must be checked after anything that pumps messages.
     [[nodiscard]] virtual bool IsOpen(const std::u16string& noteKey) const = 0;
     /// Saves every open note that has an unsaved change: before a call that may block the program for long.
     virtual void SaveUnsavedNotes() = 0;
-    /// Gives the keyboard to the neighbor of a note; nothing without another visible note.
+    /// Gives the keyboard focus to the next or previous visible note, if there is one.
     virtual void ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) = 0;
 };
 
-/// The program-wide things that every note works with.
+/// What all notes share.
 struct NoteWorld {
     const Settings& settings;
     const OsFacts& os;
@@ -57,9 +57,9 @@ struct NoteWorld {
 
 /// One open note: its data and every operation on it. The window is reached through NoteView.
 ///
-/// Who marks the note changed: an edit, a new size, a reminder, colors and large text always do. Where the note stands
-/// and whether it is on the screen is kept only when the user decided it, so these operations come in pairs: the plain
-/// one is silent, the one "ByUser" marks the note, and the window marks it when the user has moved it.
+/// Which operations mark the note changed: an edit, a new size, a reminder, colors and large text always do. The place
+/// of the note and whether it is on the screen are stored only if the user chose them, so these operations come in
+/// pairs: the plain one is silent, the one "ByUser" marks the note, and the window marks it when the user has moved it.
 class OpenNote : public ReminderOwner, public NoteColorTarget {
   public:
     OpenNote(NoteWorld world, std::u16string noteKey);
@@ -73,41 +73,41 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     [[nodiscard]] const std::u16string& NoteKey() const { return note_.NoteKey; }
     [[nodiscard]] std::u16string Text() const { return view_->Text(); }
     [[nodiscard]] bool IsVisible() const { return view_->IsVisible(); }
-    /// False when the window does not take the whole text: such a note must not be kept.
+    /// False if the window does not take the whole text: such a note must not be kept.
     [[nodiscard]] bool SetText(std::u16string_view text) { return view_->SetText(text); }
-    /// True when a note file with these bytes holds the note's text.
+    /// True if a note file with these bytes has the note's text.
     [[nodiscard]] bool IsTextOf(std::string_view bytes) const;
     /// In UTF-16 units.
     [[nodiscard]] std::size_t TextLength() const { return view_->Text().size(); }
-    /// Moves the note; what is not present keeps its value.
+    /// Moves the note; an absent number keeps its value.
     void SetPosition(const NotePosition& position);
-    /// Gives the note the keyboard.
+    /// Gives the note the keyboard focus.
     void Activate() override { view_->Activate(); }
     void GoToNeighbor(NoteDirection direction) { world_.owner.ActivateNeighbor(note_.NoteKey, direction); }
 
     // The note file.
-    /// The full path written, "" when nothing could be written.
+    /// The full path of the written file, "" if nothing could be written.
     std::u16string SaveNote(const SaveTarget& target);
-    /// The note as its file holds it.
+    /// The note as its file stores it.
     [[nodiscard]] NoteFile Content() const;
-    /// Applies the elements of a file to a note just made; `openedPath` is the file it came from, or empty. True when
-    /// they settled whether the note is on the screen; after false the caller shows it.
+    /// Applies the elements of a file to a new note; `openedPath` is its file, or empty. True if they determine whether
+    /// the note is on the screen; otherwise the caller shows it.
     [[nodiscard]] bool SetupNoteFromTags(const NoteFile& file, std::u16string_view openedPath);
     [[nodiscard]] std::u16string AppearanceString() const;
-    /// Applies the fields at once, which may show or hide the note. True when the window state was one of the three.
+    /// Applies the fields at once, which may show or hide the note. True if the window state was one of the three.
     bool SetAppearanceString(std::u16string_view text);
     [[nodiscard]] std::u16string ReminderString() const;
     void SetReminderString(std::u16string_view text);
     void SetFileName(std::u16string fileName) { note_.FileName = std::move(fileName); }
-    /// Its storage copy and the times at which it is written.
+    /// The storage copy and the schedule of its saves.
     [[nodiscard]] NoteSaver& Saver() { return saver_; }
-    /// The note was opened from a file that has stayed: the same bytes are not opened a second time.
+    /// The note was opened from a file that still exists: the same bytes are not opened a second time.
     void SetSource(FileVersion source) { source_ = std::move(source); }
     [[nodiscard]] const FileVersion& Source() const { return source_; }
 
-    /// Asks for a file and writes a copy of the note to it; the note's own files stay as they are.
+    /// Asks for a file and writes a copy of the note to it; the note's own files stay unchanged.
     void SaveNoteAs();
-    /// The note differs from its storage copy, which is written again soon.
+    /// The note differs from its storage copy, which is saved again soon.
     void MarkChanged() { saver_.MarkChanged(); }
     /// See NoteSaver::PersistNote.
     bool PersistNote() { return saver_.PersistNote(); }
@@ -116,7 +116,7 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     /// Gives a new note its colors; silent.
     void SetOwnColors(ColorWord noteColor, ColorWord borderColor, ColorWord textColor);
     void SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) override;
-    /// Opens the program's color dialog for this note; nothing when the note has it already.
+    /// Opens the program's color dialog for this note; does nothing if the note has it open already.
     void AskNoteColor();
     void ColorClosing() override { colorDialogOpen_ = false; }
     void SetPinned(bool pinned);
@@ -127,10 +127,10 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     /// Puts the date and time in front of the text. Marks the note changed.
     void AddTimestamp();
     void UpdateColors();
-    /// Takes the translucency from the settings.
+    /// Applies the translucency of the settings.
     void SetNoteEffects();
 
-    // Coming back to the screen.
+    // Returning to the screen.
     /// Shows the note and brings it to the front; silent.
     void Popup() override;
     void PopupByUser();
@@ -140,18 +140,18 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     // Leaving the screen.
     void HideNote();
     void HideByUser() override;
-    /// The menu's command: says, the first time, how to see the note again.
+    /// The menu's command: explains, the first time, how to see the note again.
     void HideWithHint();
     /// Shows the note's own icon; the window stays as it is.
     void MinimizeToTray();
-    /// To its own icon and out of sight.
+    /// Hides the note and shows its own icon.
     void MinimizeByUser() override;
-    /// For a task bar that was made anew.
+    /// Called when the task bar has been created again.
     void RecreateIcon() {
         if (iconWanted_) view_->RecreateIcon();
     }
     void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
-    /// Any of these may leave the note destroyed: its object lives on until its owner lets go of it.
+    /// Each of these may destroy the note: the object lives until its owner releases it.
     void CloseNote();
     void CloseButtonClick();
     void DeleteNote();
@@ -159,10 +159,10 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void QuickDelete();
     void DestroyNote();
 
-    // Leaving on paper or by mail; the note itself is not changed. Messages run meanwhile: it may be gone afterwards.
+    // Printing and mailing do not change the note. Messages are pumped meanwhile: it may be closed afterwards.
     /// Prints the note on the default printer.
     void PrintNote();
-    /// Hands the note to the user's mail program, as the attachment of a new message.
+    /// Passes the note to the user's mail program, as the attachment of a new message.
     void MailNote();
 
     // Reminders.
@@ -172,25 +172,24 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void SetReminder(DaySerial when) override;
     void CancelReminder();
     void CancelReminderByUser() override;
-    /// A tick of the main timer: a reminder that has fallen due opens its alert, and the note hides. It may be gone
-    /// afterwards.
+    /// A tick of the main timer: a due reminder opens its alert, and the note hides. The note may be closed afterwards.
     void TimerBroadcast();
     void SetReminderClosing() override { dialogOpen_ = false; }
     void ReminderClosing() override { alertOpen_ = false; }
 
   private:
-    /// Applies the fields that are present. True when the window state was one of the three.
+    /// Applies the fields that are present. True if the window state was one of the three.
     bool Apply(const NoteAppearance& appearance);
     void Apply(const NoteReminder& reminder);
     [[nodiscard]] NoteAppearance Appearance() const;
     [[nodiscard]] std::optional<NoteReminder> Reminder() const;
     [[nodiscard]] SaveTarget OwnFileTarget() const;
     [[nodiscard]] SavedNote SaveLeaving(PendingStep::Kind kind);
-    /// False when the user keeps a note that can be saved nowhere.
+    /// False if the user keeps a note that cannot be saved anywhere.
     [[nodiscard]] bool RescueDeleted();
-    /// The same, for a note whose file the Recycle Bin has lost and that can be saved nowhere.
+    /// The same for a note whose file the Recycle Bin has lost and that cannot be saved anywhere.
     [[nodiscard]] bool Recycle(const SavedNote& saved);
-    /// Destroys a note that was saved elsewhere.
+    /// Destroys a note that was saved to another file.
     void Leave(const SavedNote& saved);
     void Destroy(std::u16string record);
     [[nodiscard]] bool IsOpen() const { return world_.owner.IsOpen(note_.NoteKey); }
@@ -199,11 +198,10 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     Note note_;
     NoteSaver saver_;
     FileVersion source_;
-    bool iconWanted_ = false;  ///< the note is to have its own icon, whether or not the shell has taken it yet
+    bool iconWanted_ = false;  ///< the note should have its own icon, whether or not the shell has accepted it yet
     bool dialogOpen_ = false;
     bool alertOpen_ = false;
-    bool colorDialogOpen_ =
-        false;  ///< from the note's asking until the dialog, whichever note it shows by then, closes
+    bool colorDialogOpen_ = false;  ///< from opening the dialog until it closes, even if it shows another note by then
     NoteView* view_ = nullptr;
 };
 

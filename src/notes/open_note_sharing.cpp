@@ -1,4 +1,4 @@
-// A note on its way to others: on paper, or by mail.
+// Printing and mailing a note.
 #include <memory>
 
 #include "notes/note_mail.h"
@@ -30,7 +30,7 @@ void OpenNote::PrintNote() {
         MakePrintedNote(text, note_, world_.settings.noteFont, world_.clock.Now(), world_.locale);
     std::unique_ptr<PrintJob> job = world_.printer.Open(PrintDocumentName(text));
     const PrintOutcome outcome = PrintPages(*job, printed);
-    job.reset();  // what has failed is withdrawn before the user is told
+    job.reset();  // a failed job is withdrawn before the message is shown
     if (outcome == PrintOutcome::Failed) world_.notice.Warn(kPrintProblem);
 }
 

@@ -8,9 +8,9 @@ namespace quillo {
 
 namespace {
 
-/// How much of a long paragraph is measured for a line: a little more than lines have, and more only where that fits.
+/// How much of a long paragraph is measured for a line at first: slightly more than usual lines have.
 constexpr std::size_t kFirstMeasured = 256;
-/// No line is longer, however narrow its characters are: the system takes no more at once.
+/// The maximum length of a line, however narrow its characters are: the limit of the system call.
 constexpr std::size_t kLongestLine = 4096;
 constexpr std::size_t kBlanksOfTab = 2;
 
@@ -25,7 +25,7 @@ std::u16string Printable(std::u16string_view text) {
         } else if (c == u'\t') {
             printable.append(kBlanksOfTab, u' ');
         } else {
-            printable.push_back(c < u' ' ? u' ' : c);  // a control character has no shape on paper
+            printable.push_back(c < u' ' ? u' ' : c);  // a control character has no glyph
         }
     }
     return printable;
@@ -39,8 +39,8 @@ std::size_t CountThatFit(PrintJob& job, std::u16string_view paragraph, int width
     }
 }
 
-/// Where a word of which `fit` characters stand in a line is broken: after one at least, and never inside a character
-/// of two units.
+/// Where to break a word of which `fit` characters fit in a line: after at least one, and never inside a character of
+/// two units.
 std::size_t BreakInWord(std::u16string_view word, std::size_t fit) {
     const auto isSecondHalf = [word](std::size_t i) { return i < word.size() && (word[i] & 0xFC00) == 0xDC00; };
     std::size_t at = std::max<std::size_t>(fit, 1);

@@ -23,7 +23,7 @@ MenuHandle MakeMenu(const std::vector<NoteMenuItem>& items) {
     return menu;
 }
 
-/// Where the user has menus stand left of what they belong to (as for the right-handed on a tablet).
+/// On a system set to align menus right, as for the right-handed on a tablet, they open to the left.
 UINT SideFlag() {
     return GetSystemMetrics(SM_MENUDROPALIGNMENT) != 0 ? TPM_RIGHTALIGN : TPM_LEFTALIGN;
 }
@@ -48,7 +48,7 @@ void ResForm::Resume() {
 }
 
 void ResForm::OnTick() {
-    // Stopped meanwhile: a tick that opens alerts takes its time, and its messages must not bring the next one.
+    // Stopped meanwhile: a tick that opens alerts takes time, and the messages it pumps must not start the next one.
     mainTimer_.Stop();
     onMainTimer_();
     if (running_) mainTimer_.Start(interval_);
@@ -62,7 +62,7 @@ NoteAction ResForm::ShowArrowMenu(const Note& note, HWND window, const Rect& but
     keepFree.rcExclude = ToWin32(button);
     const UINT side = SideFlag();
     const Point corner{side == TPM_RIGHTALIGN ? button.Right() : button.left, button.Bottom()};
-    // Below the button, and above it where there is no room below.
+    // Below the button, or above it if there is not enough space below.
     return Track(ArrowMenuItems(note), side | TPM_TOPALIGN | TPM_VERTICAL, corner, window, &keepFree);
 }
 
@@ -82,7 +82,7 @@ void ResForm::NoteClosing(const Note& note) {
 NoteAction ResForm::Track(const std::vector<NoteMenuItem>& items, UINT flags, Point at, HWND window,
                           TPMPARAMS* keepFree) {
     const MenuHandle menu = MakeMenu(items);
-    // Without the keyboard the menu would stay when the user clicks elsewhere.
+    // Without the keyboard focus the menu would stay open when the user clicks elsewhere.
     SetForegroundWindow(window);
     const BOOL chosen =
         TrackPopupMenuEx(menu.Get(), flags | TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, window, keepFree);

@@ -10,28 +10,28 @@
 
 namespace quillo {
 
-/// How often every open note looks at its reminder, in milliseconds.
+/// The interval at which every open note checks its reminder, in milliseconds.
 inline constexpr UINT kMainTimerInterval = 10'000;
 
-/// What all notes share and nobody sees: the main timer, by which reminders fall due, and the menus.
+/// Shared by all notes and invisible: the main timer, which checks reminders, and the menus.
 class ResForm {
   public:
-    /// `onMainTimer` gives every open note its tick; it may let messages run.
+    /// `onMainTimer` ticks every open note; it may pump messages.
     explicit ResForm(std::function<void()> onMainTimer, UINT interval = kMainTimerInterval);
 
     /// Starts the main timer.
     void Load();
-    /// No tick comes until Resume; also from within a tick.
+    /// Stops the ticks until Resume; may be called during a tick.
     void Pause();
     void Resume();
 
-    // Each answers what the user chose for the note, None when nothing. Messages run meanwhile: the note may be gone
+    // Each returns the user's choice for the note, or None. Messages are pumped meanwhile: the note may be closed
     // afterwards. `window` is the note's own.
-    /// At the note's menu button, which stands there on the screen.
+    /// Shows the menu at the note's menu button; `button` is in screen coordinates.
     [[nodiscard]] NoteAction ShowArrowMenu(const Note& note, HWND window, const Rect& button);
     /// At the pointer.
     [[nodiscard]] NoteAction ShowIconMenu(const Note& note, HWND window);
-    /// The note goes: a menu that is open for it closes.
+    /// Called when the note ends: closes a menu that is open for it.
     void NoteClosing(const Note& note);
 
   private:
@@ -43,7 +43,7 @@ class ResForm {
     UINT interval_;
     UiTimer mainTimer_;
     bool running_ = false;
-    std::u16string currentNote_;  ///< the key of the note that a menu is open for; empty when none is
+    std::u16string currentNote_;  ///< the key of the note that has an open menu; empty if none has
 };
 
 }  // namespace quillo

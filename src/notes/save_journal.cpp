@@ -50,7 +50,7 @@ std::string Format(const PendingStep& step) {
     return text;
 }
 
-/// The lines of a whole record; nothing for any other text.
+/// The lines of a complete record; nothing for any other text.
 std::optional<std::array<std::string_view, kLines>> SplitLines(std::string_view text) {
     std::array<std::string_view, kLines> lines;
     for (std::string_view& line : lines) {

@@ -42,7 +42,7 @@ bool SaveSign::Make(HWND note, int id, const Rect& place) {
 
 void SaveSign::SetTint(const ButtonTint& tint, const Scale& scale) {
     tint_ = tint;
-    tint_.faint = false;  // it is to be seen on an inactive note too
+    tint_.faint = false;  // it must be visible on an inactive note too
     scale_ = scale;
     Invalidate();
 }
@@ -77,7 +77,7 @@ void SaveSign::OnPaint() {
     const HBITMAP strip = images_.Strip(tint_, scale_);
     if (strip == nullptr) return;
     const int frame = scale_.Px(kButtonFrame);
-    // On the narrowest notes the frame loses its empty rim on both sides alike.
+    // On the narrowest notes both sides of the frame lose the same part of its empty rim.
     const int cut = std::max(0, frame - face.width) / 2;
     const MemoryDc source(CreateCompatibleDC(buffer.Dc()));
     const SelectScope selected(source.Get(), strip);

@@ -9,17 +9,17 @@
 
 namespace quillo {
 
-/// The sign in a note's strip that says that the note is not saved, and why. The strip still moves the note here.
+/// The sign in a note's strip that says that the note is not saved, and why. The strip can still be dragged there.
 class SaveSign : public Window, private AccessibleSource {
   public:
     explicit SaveSign(NoteButtonImages& images) : images_(images) {}
     ~SaveSign() override { Destroy(); }
 
-    /// Shows the sign with its reason, which a screen reader speaks; an empty reason takes the sign away. False when
-    /// the window could not be made.
+    /// Shows the sign with its reason, which a screen reader speaks; an empty reason removes the sign. False if the
+    /// window could not be created.
     bool Show(HWND note, int id, std::u16string_view reason, const Rect& place);
     [[nodiscard]] const std::u16string& Reason() const { return reason_; }
-    /// The bar behind the sign and the color of its glyph.
+    /// The colors of the bar behind the sign and of its glyph.
     void SetTint(const ButtonTint& tint, const Scale& scale);
 
   protected:

@@ -6,7 +6,7 @@
 
 namespace quillo {
 
-/// What a note tells the user whose last change could not be saved; "" for FileError::None.
+/// The message to the user whose last change to a note could not be saved; "" for FileError::None.
 [[nodiscard]] std::u16string_view SaveProblemText(FileError error);
 
 }  // namespace quillo

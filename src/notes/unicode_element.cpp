@@ -35,7 +35,7 @@ std::string Decimal(std::size_t number) {
     return text;
 }
 
-/// Where the last tag of that name begins, in any letter case; npos when there is none.
+/// The start of the last tag with that name, in any letter case; npos if there is none.
 std::size_t FindLastTag(std::string_view bytes, std::string_view tag) {
     for (std::size_t at = bytes.rfind('<'); at != std::string_view::npos; at = bytes.rfind('<', at - 1)) {
         if (EqualsIgnoringAsciiCase(bytes.substr(at, tag.size()), tag)) return at;
@@ -44,7 +44,7 @@ std::size_t FindLastTag(std::string_view bytes, std::string_view tag) {
     return std::string_view::npos;
 }
 
-/// What is before the first comma; the comma goes from `rest` with it.
+/// Returns the text before the first comma and removes both from `rest`.
 std::string_view TakeField(std::string_view& rest) {
     const std::size_t comma = rest.find(',');
     const std::string_view field = rest.substr(0, comma);
