@@ -11,7 +11,7 @@ namespace {
 constexpr std::u16string_view kClose = u"/close";
 constexpr std::u16string_view kNew = u"/new";
 
-/// The path of a command line that begins with "@" or is a path; blanks around it removed.
+/// The path of a command line that begins with "@" or is a path, without blanks around it.
 std::u16string_view PathOf(std::u16string_view commandLine) {
     commandLine = Trim(commandLine);
     if (!commandLine.empty() && commandLine.front() == u'@') commandLine = Trim(commandLine.substr(1));
@@ -24,7 +24,7 @@ Command ClassifyFirstStart(std::u16string_view commandLine) {
     const std::u16string_view trimmed = Trim(commandLine);
     if (trimmed.empty()) return {};
     if (StartsWithIgnoringAsciiCase(trimmed, kClose)) return {Command::Kind::Close, {}};
-    // Intended: "/new" is for a running instance only; a first start calls it unknown.
+    // Intended: "/new" is for a running instance only; in a first start it is unknown.
     if (trimmed.front() == u'/') return {Command::Kind::Unknown, std::u16string(trimmed)};
     return {Command::Kind::OpenFile, std::u16string(PathOf(trimmed))};
 }

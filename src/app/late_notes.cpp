@@ -12,7 +12,7 @@ namespace quillo {
 namespace {
 
 constexpr std::uint64_t kLargeBytes = std::uint64_t{256} * 1024;
-/// Timers come after painting and input: whatever this one starts, the other notes answer before.
+/// Timer messages come after painting and input: the other notes respond before this timer fires.
 constexpr std::uint32_t kBetweenMilliseconds = 10;
 constexpr std::uint32_t kRetryMilliseconds = 3000;
 constexpr std::uint64_t kLastRetryMilliseconds = 60'000;
@@ -45,7 +45,7 @@ void LateNotes::OpenNow(const std::u16string& path) {
         if (outcome == OpenOutcome::InUse) locked_.push_back(path);
         if (outcome == OpenOutcome::TooLarge) tooLarge_.append(u"\r\n").append(FileNameOfPath(path));
     } catch (const std::exception&) {
-        // Memory was short, for example. The file is as it was; the next start tries again.
+        // Memory was low, for example. The file is unchanged; the next start tries again.
     }
 }
 
@@ -59,7 +59,7 @@ void LateNotes::Begin() {
 }
 
 void LateNotes::OpenNext() {
-    if (!opening_.CanOpenAnotherNote()) return large_.clear();  // one message, not one for each file left
+    if (!opening_.CanOpenAnotherNote()) return large_.clear();  // one message, not one for each remaining file
     const std::u16string path = large_.front();
     large_.pop_front();
     OpenNow(path);

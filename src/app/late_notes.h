@@ -13,15 +13,15 @@ class NoteOpening;
 class UserNotice;
 struct Settings;
 
-/// The saved notes that a start does not wait for: large files are opened one at a time when the other notes have been
-/// painted, and files that another program has open are tried again during the first minute.
+/// The saved notes that a start does not wait for. Large files are opened one at a time after the other notes have been
+/// painted; files that another program has open are tried again during the first minute.
 class LateNotes {
   public:
     LateNotes(NoteOpening& opening, Timers& timers, UserNotice& notice, const Settings& settings);
 
-    /// Opens a saved note now, or leaves it for later. A failure concerns this file alone.
+    /// Opens a saved note now, or postpones it. A failure affects this file alone.
     void Open(const std::u16string& path, std::uint64_t size);
-    /// No more files come from this start. Tells of those that are too large.
+    /// No more files come from this start. Reports those that are too large.
     void Begin();
     /// The program ends: nothing more is opened.
     void Stop();
@@ -39,7 +39,7 @@ class LateNotes {
     std::unique_ptr<Timer> lockedTimer_;
     std::deque<std::u16string> large_;
     std::deque<std::u16string> locked_;
-    std::u16string tooLarge_;  ///< file names, one a line
+    std::u16string tooLarge_;  ///< file names, one per line
     std::uint64_t start_;      ///< in milliseconds
 };
 

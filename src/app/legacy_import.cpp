@@ -23,7 +23,7 @@ namespace quillo {
 
 namespace {
 
-/// How many notes there are, and the values of each, whose names its number follows.
+/// The number of notes, and the values of each, whose names end in the note's number.
 constexpr std::u16string_view kCount = u"Notes";
 constexpr std::u16string_view kText = u"Note ";
 constexpr std::u16string_view kSize = u"Note size ";
@@ -32,8 +32,8 @@ constexpr std::u16string_view kAppearance = u"Note appearance ";
 constexpr std::u16string_view kFileName = u"Note filename ";
 constexpr std::array kOfEachNote = {kText, kSize, kReminder, kAppearance, kFileName};
 constexpr std::u16string_view kUnknownSize = u"0,0,2000,2000,0";
-/// Up to here a note without any value is an empty note; behind it only numbers that some value bears are notes, so
-/// that a damaged count does not fill the desktop.
+/// Up to this number, a note without any value is an empty note. Above it, only numbers with a value are notes, so that
+/// a damaged count does not fill the desktop.
 constexpr std::int64_t kSurelyMeant = 50;
 
 std::u16string Numbered(std::u16string_view name, std::int64_t number) {
@@ -51,7 +51,7 @@ std::vector<std::u16string_view> SplitFields(std::u16string_view text) {
     return fields;
 }
 
-/// Four numbers in twips. A field that is missing or no number is not present.
+/// Four numbers in twips. A field that is missing or not a number is absent.
 NotePosition ReadRectangle(const std::vector<std::u16string_view>& fields, LocaleText& locale) {
     const auto field = [&](std::size_t i) -> std::optional<float> {
         const std::optional<double> number = i < fields.size() ? locale.ParseNumber(fields[i]) : std::nullopt;
@@ -139,7 +139,7 @@ OpenNote* LegacyNotes::ImportNote(NoteWorld world, const TesselRegistry& store, 
 }
 
 void LegacyNotes::TakeBackImport() {
-    // Kept open, they would be saved to files while the store still has them: the next start would open each twice.
+    // Left open, they would be saved to files while the store still has them: the next start would open each twice.
     for (const auto& [key, text] : std::exchange(unsaved_, {})) {
         if (OpenNote* note = notes_.Find(key)) note->DestroyNote();
     }
@@ -151,7 +151,7 @@ void LegacyNotes::ClearWhatIsSaved() {
         OpenNote* note = notes_.Find(entry.first);
         return note == nullptr || note->Saver().IsStored();
     });
-    // Before the import the store holds the only copy of its notes: a quit during start-up must not touch it.
+    // Before the import the store has the only copy of its notes: a quit during start-up must not clear it.
     if (imported_ && unsaved_.empty()) Clear();
 }
 

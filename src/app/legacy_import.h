@@ -14,25 +14,25 @@ class Random;
 class RegistryApi;
 class TesselRegistry;
 
-/// The old store, which kept notes as registry values. Its notes are turned into open notes once, at start-up; its
-/// values go only when every one of them is in a file.
+/// The old store, which kept notes as registry values. Start-up turns its notes into open notes once; the values are
+/// deleted only when every one of the notes is in a file.
 class LegacyNotes {
   public:
     LegacyNotes(RegistryApi& registry, OpenNotes& notes, Random& random)
         : registry_(registry), notes_(notes), random_(random) {}
 
-    /// Opens every note of the store, however many notes are open. True when one of them is not visible afterwards.
-    /// When the store cannot be read whole, or one of its notes cannot be made whole, nothing is imported in this start
-    /// and the store keeps them all.
+    /// Opens every note of the store, even above the limit of open notes. True if one of them is not visible
+    /// afterwards. If the store cannot be read completely, or a note cannot be created completely, this start imports
+    /// nothing and the store keeps all notes.
     [[nodiscard]] bool Import(NoteWorld world);
 
-    /// Called when all open notes have saved themselves: the store is cleared if that has worked for all of its notes.
+    /// Called after all open notes have been saved: clears the store if that has worked for all of its notes.
     void ClearWhatIsSaved();
-    /// True while the store still has the note, with this very text.
+    /// True while the store still has the note with exactly this text.
     [[nodiscard]] bool StillHolds(const OpenNote& note) const;
 
   private:
-    /// Null when the note's window cannot be made or does not take the whole text.
+    /// Null if the note's window cannot be created or does not take the whole text.
     [[nodiscard]] OpenNote* ImportNote(NoteWorld world, const TesselRegistry& store, std::int64_t number);
     /// Closes the notes imported so far, which are in no file yet.
     void TakeBackImport();
@@ -42,8 +42,8 @@ class LegacyNotes {
     OpenNotes& notes_;
     Random& random_;
     bool imported_ = false;
-    std::set<std::int64_t> numbers_;  // of the notes imported; no value of another is touched
-    /// The texts, by their keys, of imported notes that are not yet in a file.
+    std::set<std::int64_t> numbers_;  // of the imported notes; values of other numbers are not changed
+    /// The texts of imported notes that are not in a file yet, by note key.
     std::map<std::u16string, std::u16string> unsaved_;
 };
 

@@ -1,6 +1,6 @@
-// What the C++ library throws when it is misused, for the program alone. GCC's own helpers throw std::logic_error and
-// its kin, whose messages bring two more implementations of narrow strings with them: a tenth of what the program
-// consists of beside its pictures. Here the same faults are an exception without a text, which ends at the same
+// Replaces the exceptions that the C++ library throws when it is misused, for the program only. GCC's own helpers throw
+// std::logic_error and related types, whose messages link two more implementations of narrow strings: a tenth of the
+// program apart from its pictures. Here the same faults throw an exception without a text, which is caught at the same
 // boundaries.
 #include <exception>
 #include <new>

@@ -7,8 +7,8 @@
 #if defined(__MINGW32__)
 namespace __gnu_cxx {
 
-/// Takes the place of the run-time library's own handler, which writes the type of an uncaught exception to a console
-/// that this program does not have, and would bring a tenth of the program's code along for it.
+/// Replaces the run-time library's handler, which writes the type of an uncaught exception to a console that this
+/// program does not have, and would link in a tenth of the program's code.
 void __verbose_terminate_handler() {
     std::abort();
 }
@@ -18,7 +18,7 @@ void __verbose_terminate_handler() {
 
 namespace {
 
-/// What follows the program's own name on the command line, untouched.
+/// The part of the command line after the program's own name, unchanged.
 std::u16string_view ArgumentsOf(std::wstring_view commandLine) {
     bool quoted = false;
     std::size_t i = 0;

@@ -30,7 +30,7 @@ std::u16string NewNoteIdentifier(const OpenNotes& notes, Random& random) {
         std::u16string key = Hexadecimal(number);
         if (!notes.Find(key)) return key;
     }
-    // So many clashes mean numbers that are not random at all: count on from the last.
+    // So many collisions mean that the numbers are not random at all: continue from the last one.
     while (notes.Find(Hexadecimal(number))) ++number;
     return Hexadecimal(number);
 }

@@ -10,10 +10,10 @@ namespace quillo {
 
 namespace {
 
-/// A name made from the text has at most this many characters, before its number and extension.
+/// The maximum length of a name made from the text, without its number and extension.
 constexpr std::size_t kLongestName = 20;
 
-/// The character that stands in a file name for one of the text; 0 for none.
+/// The character that replaces one of the text in a file name; 0 to omit it.
 char16_t InFileName(char16_t c) {
     switch (c) {
         case u'\r':
@@ -47,7 +47,7 @@ std::u16string CleanForFileName(std::u16string_view text) {
         const char16_t next = i + 1 < text.size() ? text[i + 1] : char16_t{0};
         if (text[i] == u'\r' && next == u'\n') continue;  // a pair is one blank
         if ((text[i] & 0xF800) == 0xD800) {
-            // Half a character is left out: file systems that keep their names in UTF-8 refuse it.
+            // Half of a character is omitted: file systems that keep names in UTF-8 refuse it.
             const bool whole = (text[i] & 0xFC00) == 0xD800 && (next & 0xFC00) == 0xDC00;
             if (whole) clean.append(text.substr(i++, 2));
             continue;
@@ -57,7 +57,7 @@ std::u16string CleanForFileName(std::u16string_view text) {
     return std::u16string(Trim(clean));
 }
 
-/// Up to the last blank among characters 2 to 20; without one, the first 20 characters.
+/// The text up to the last blank among characters 2 to 20; without one, the first 20 characters.
 std::u16string_view BeginningOf(std::u16string_view clean) {
     const std::size_t blank = clean.substr(0, kLongestName).find_last_of(u' ');
     if (blank != std::u16string_view::npos && blank >= 1) return clean.substr(0, blank);
@@ -65,7 +65,7 @@ std::u16string_view BeginningOf(std::u16string_view clean) {
     return clean.substr(0, cutsPair ? kLongestName - 1 : kLongestName);
 }
 
-/// The names of devices, which the system looks for in the part of a file name before its first period.
+/// The names of devices, which the system recognizes in the part of a file name before its first period.
 bool IsDeviceName(std::u16string_view name) {
     const std::u16string_view base = Trim(name.substr(0, name.find(u'.')));
     for (const std::u16string_view device : {u"con", u"prn", u"aux", u"nul", u"conin$", u"conout$", u"clock$"}) {
@@ -74,7 +74,7 @@ bool IsDeviceName(std::u16string_view name) {
     constexpr std::size_t kPortName = 4;
     if (base.size() != kPortName) return false;
     const bool port = StartsWithIgnoringAsciiCase(base, u"com") || StartsWithIgnoringAsciiCase(base, u"lpt");
-    // The raised digits count too.
+    // The superscript digits count too.
     constexpr std::u16string_view kDigits = u"0123456789\u00B9\u00B2\u00B3";
     return port && kDigits.find(base.back()) != std::u16string_view::npos;
 }
@@ -91,7 +91,7 @@ std::u16string NoteNames::SuggestNoteFileName(std::u16string_view text, std::u16
     const std::u16string clean = CleanForFileName(text);
     if (clean.empty()) return FreeName(JoinPath(folder, u"Note "), u"", 1);
     std::u16string name(BeginningOf(clean));
-    // A file named like a device cannot be made in any folder, and always seems to exist.
+    // A file named like a device cannot be created in any folder, and always seems to exist.
     if (IsDeviceName(name)) name.insert(name.begin(), u'_');
     const std::u16string base = JoinPath(folder, name);
     std::u16string plain = base + std::u16string(kNoteExtension);
@@ -113,7 +113,7 @@ std::u16string NoteNames::MakeTemporaryFileName() {
 }
 
 std::u16string_view StripQuotes(std::u16string_view path) {
-    // A lone quote is both the leading and the trailing one.
+    // A single quote character is both the leading and the trailing one.
     if (!path.empty() && path.front() == u'"') path.remove_prefix(1);
     if (!path.empty() && path.back() == u'"') path.remove_suffix(1);
     return path;
@@ -136,7 +136,7 @@ std::u16string JoinPath(std::u16string_view folder, std::u16string_view name) {
 
 std::u16string_view NameWithoutExtension(std::u16string_view path) {
     const std::u16string_view plain = StripQuotes(path);
-    return plain.substr(0, plain.find_last_of(u'.'));  // without a "." the whole
+    return plain.substr(0, plain.find_last_of(u'.'));  // the whole name if there is no "."
 }
 
 std::u16string ResolveShortcut(std::u16string_view path, Shell& shell) {

@@ -18,8 +18,8 @@ class NoteNames {
     NoteNames(FileStore& files, Shell& shell, const Settings& settings)
         : files_(files), shell_(shell), settings_(settings) {}
 
-    /// A free full path ending in ".qln", made from the note's text, in the "Note folder"; "" when every name that
-    /// could be made is taken.
+    /// A free full path ending in ".qln", made from the note's text, in the "Note folder"; "" if every possible name is
+    /// taken.
     [[nodiscard]] std::u16string SuggestNoteFileName(std::u16string_view text);
     /// The same in another folder.
     [[nodiscard]] std::u16string SuggestNoteFileName(std::u16string_view text, std::u16string_view folder);
@@ -36,15 +36,15 @@ class NoteNames {
 
 /// Without a leading and, independently, a trailing double-quote character.
 [[nodiscard]] std::u16string_view StripQuotes(std::u16string_view path);
-/// What follows the last backslash.
+/// The part after the last backslash.
 [[nodiscard]] std::u16string_view FileNameOfPath(std::u16string_view path);
-/// What stands before the last backslash; "" when there is none.
+/// The part before the last backslash; "" if there is none.
 [[nodiscard]] std::u16string_view FolderOfPath(std::u16string_view path);
-/// A backslash between the two unless the folder ends with one.
+/// Joins the two with a backslash unless the folder ends with one.
 [[nodiscard]] std::u16string JoinPath(std::u16string_view folder, std::u16string_view name);
-/// Quotes stripped, up to the last "." when there is one.
+/// Without quotes, up to the last "." if there is one.
 [[nodiscard]] std::u16string_view NameWithoutExtension(std::u16string_view path);
-/// The target of a path ending in ".lnk" (any case); any other path, or a link without target, unchanged.
+/// The target of a path ending in ".lnk" (any case); any other path, or a link without a target, unchanged.
 [[nodiscard]] std::u16string ResolveShortcut(std::u16string_view path, Shell& shell);
 
 }  // namespace quillo

@@ -54,21 +54,21 @@ OpenOutcome NoteOpening::OpenNoteFile(std::u16string_view path, OpenMode mode) {
     if (mode == OpenMode::ByUser && !program_.startingUp) saveAll_.Run();
 
     const std::u16string plainPath(StripQuotes(path));
-    // From reading to deletion nobody else can change the file.
+    // No other program can change the file between reading and deletion.
     const HoldResult held = HoldNoteFile(world_.store.Files(), plainPath);
     if (!held.file) {
         if (held.error == FileError::InUse) return OpenOutcome::InUse;
         return held.error == FileError::TooLarge ? OpenOutcome::TooLarge : OpenOutcome::Failed;
     }
     const FileVersion source{plainPath, ContentHash(held.file->Bytes())};
-    // While the saved notes are loaded no file comes twice.
+    // While the saved notes are loaded, no file occurs twice.
     if (OpenNote* open = program_.loadingNotes ? nullptr : FindOpen(plainPath, source)) {
         open->Popup();
         if (mode == OpenMode::ByUser) open->Activate();
         return OpenOutcome::Done;
     }
     NoteFile content = ParseNoteFile(held.file->Bytes(), world_.locale);
-    if (content.text.find(u'\0') != std::u16string::npos) return OpenOutcome::Failed;  // no text
+    if (content.text.find(u'\0') != std::u16string::npos) return OpenOutcome::Failed;  // not a text
     if (!content.hasTags && content.text.empty()) content.text = NameWithoutExtension(FileNameOfPath(plainPath));
 
     OpenNote* note = CreateNote(content, plainPath, mode);
@@ -93,10 +93,10 @@ OpenNote* NoteOpening::CreateNote(const NoteFile& content, std::u16string_view o
     if (IsNew(content)) {
         FillNewNote(note);
     } else if (!note.SetText(content.text)) {
-        note.DestroyNote();  // kept, it would be saved without the rest of its text
+        note.DestroyNote();  // if kept, it would be saved without the rest of its text
         return nullptr;
     }
-    // Whether the tags put the note on the screen, in its colors, or said that it stays off it.
+    // Whether the tags have put the note on the screen, in its colors, or determined that it stays hidden.
     const bool settled = content.hasTags && note.SetupNoteFromTags(content, openedPath);
     if (!content.hasTags && program_.settings.randomNoteColor) {
         const ColorScheme& scheme = RandomScheme(random_);
@@ -118,7 +118,7 @@ void NoteOpening::CreateNewNote() {
 }
 
 /// The open note whose storage copy is that file, or which was opened from it before. Two notes on one file would
-/// overwrite each other's text, and closing one would delete the file under the other.
+/// overwrite each other's text, and closing one would delete the file of the other.
 OpenNote* NoteOpening::FindOpen(std::u16string_view path, const FileVersion& source) {
     const auto comparable = [this](std::u16string_view name) {
         return name.empty() ? std::u16string() : world_.locale.ToLower(world_.store.FullLongPath(name));
@@ -136,7 +136,7 @@ OpenNote* NoteOpening::FindOpen(std::u16string_view path, const FileVersion& sou
     return found;
 }
 
-/// Intended: a file that holds nothing but "(new)" or "/new" also makes an empty note.
+/// Intended: a file that contains only "(new)" or "/new" also creates an empty note.
 bool NoteOpening::IsNew(const NoteFile& content) {
     if (content.hasTags) return false;
     const std::u16string lower = world_.locale.ToLower(content.text);
@@ -149,7 +149,7 @@ void NoteOpening::FillNewNote(OpenNote& note) const {
 
 void NoteOpening::MoveIntoNotesFolder(OpenNote& note, const NoteFile& content, HeldFile& source,
                                       std::u16string_view path) {
-    // A file that the program named for the note is no file of its own: the note keeps none.
+    // A file that the program named for the note is not the note's own file: the note keeps none.
     note.SetFileName(content.kind == FileKind::ProgramNamed ? FileNameOf(content, path, {}, world_.locale)
                                                             : std::u16string(path));
     const FileVersion from{std::u16string(path), ContentHash(source.Bytes())};
@@ -167,7 +167,7 @@ void NoteOpening::MoveIntoNotesFolder(OpenNote& note, const NoteFile& content, H
     world_.store.Journal().End(record);
 }
 
-/// True when the storage copy gives the text back that was read, except for an empty first line.
+/// True if the storage copy yields the text that was read, except for an empty first line.
 bool NoteOpening::IsStoredWhole(const OpenNote& note, const NoteFile& content) {
     if (note.Text() != content.text) return false;
     const std::optional<std::string> bytes = world_.store.Files().Read(note.Data().StoragePath);

@@ -14,38 +14,37 @@ class Random;
 class SaveAll;
 struct Program;
 
-/// Content that asks for a new note.
+/// The content that means a new note.
 inline constexpr std::u16string_view kNewNoteContent = u"(new)";
 
-/// Who opens a file: a start never pins the note by itself, never gives it the keyboard and never asks other notes to
-/// save themselves first.
+/// Who opens a file. A start does not pin the note or give it the keyboard focus, and does not save other notes first.
 enum class OpenMode { ByUser, AtStart };
 
 enum class OpenOutcome {
     Done,      ///< the file is a note now, or its note was shown
-    InUse,     ///< another program has the file open: a later try may work
-    TooLarge,  ///< left alone
-    Failed,    ///< no text file, not there, or no room for another note
+    InUse,     ///< another program has the file open: a later attempt may work
+    TooLarge,  ///< left unchanged
+    Failed,    ///< not a text file, missing, or too many notes are open
 };
 
-/// Makes open notes: new ones, and those of files.
+/// Creates open notes: new ones, and those of files.
 class NoteOpening {
   public:
     /// `world.owner` is the program's collection of open notes.
     NoteOpening(Program& program, NoteWorld world, Random& random, SaveAll& saveAll)
         : program_(program), world_(world), random_(random), saveAll_(saveAll) {}
 
-    /// False, after telling the user, when 50 notes are open.
+    /// False, after a message to the user, if 50 notes are open.
     [[nodiscard]] bool CanOpenAnotherNote();
-    /// Opens a file as a note. One from outside the notes folder moves in: once its note is stored with all that was
-    /// read, the file is deleted, unless it holds the keep marker; else it stays. A file that cannot be read as text
-    /// stays, and nothing happens.
+    /// Opens a file as a note. A file outside the notes folder moves in: once its note is stored with everything that
+    /// was read, the file is deleted, unless it contains the keep marker. A file that cannot be read as text stays, and
+    /// nothing happens.
     OpenOutcome OpenNoteFile(std::u16string_view path, OpenMode mode = OpenMode::ByUser);
-    /// Makes a note and shows it where its content says nothing else; null when 50 notes are open, and when its window
-    /// cannot be made or does not take the whole text. `openedPath` is the file that the content came from, or empty.
+    /// Creates a note and shows it unless its content says otherwise; null if 50 notes are open, or if its window
+    /// cannot be created or does not take the whole text. `openedPath` is the file of the content, or empty.
     OpenNote* CreateNote(const NoteFile& content, std::u16string_view openedPath = {},
                          OpenMode mode = OpenMode::ByUser);
-    /// The user's command: a new empty note with the keyboard. Nothing when 50 notes are open.
+    /// The user's command: a new empty note with the keyboard focus. Does nothing if 50 notes are open.
     void CreateNewNote();
 
   private:
@@ -62,8 +61,8 @@ class NoteOpening {
     SaveAll& saveAll_;
 };
 
-/// A file of more bytes is no note. One whose text needs the element for characters beyond the code page may be twice
-/// as large, because a note of the most characters that a text box takes has to open again.
+/// A larger file, in bytes, is not a note. A file whose text needs the element for characters beyond the code page may
+/// be twice as large, because the longest possible note must open again.
 inline constexpr std::uint64_t kLargestNoteFile = 16U << 20;
 
 }  // namespace quillo

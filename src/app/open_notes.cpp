@@ -76,7 +76,7 @@ void BroadcastTimer(OpenNotes& notes) {
         try {
             note.TimerBroadcast();
         } catch (...) {
-            // Given up for this note until the next tick.
+            // Skipped for this note until the next tick.
         }
     });
 }

@@ -11,39 +11,39 @@
 
 namespace quillo {
 
-/// At most this many notes may be open at once.
+/// The maximum number of open notes.
 inline constexpr std::size_t kMaxOpenNotes = 50;
 
-/// Makes the window of a note.
+/// Creates the window of a note.
 class NoteViewFactory {
   public:
     virtual ~NoteViewFactory() = default;
-    /// Null when the system has no room for another window.
+    /// Null if the system cannot create another window.
     [[nodiscard]] virtual std::unique_ptr<NoteView> MakeView(OpenNote& note) = 0;
 };
 
-/// The program's one collection of open notes, in the order of their making.
+/// The program's one collection of open notes, in the order of their creation.
 class OpenNotes : public NoteOwner {
   public:
     explicit OpenNotes(NoteViewFactory& factory) : factory_(factory) {}
 
-    /// Adds a note with its window; null, and no note is added, when the window cannot be made. `world.owner` is this
+    /// Adds a note with its window; null, and no note is added, if the window cannot be created. `world.owner` is this
     /// collection.
     [[nodiscard]] OpenNote* Add(NoteWorld world, std::u16string noteKey);
-    /// The note with that key, or null: after anything that pumps messages a note may be gone.
+    /// The note with that key, or null: after anything that pumps messages the note may be closed.
     [[nodiscard]] OpenNote* Find(std::u16string_view noteKey) const;
     [[nodiscard]] std::size_t Count() const { return notes_.size(); }
 
-    /// Calls `action` for every note in order. A note that leaves meanwhile is skipped, one that comes is not visited.
+    /// Calls `action` for every note in order. A note removed meanwhile is skipped; one added is not visited.
     void ForEach(const std::function<void(OpenNote&)>& action);
 
     void RemoveNote(const std::u16string& noteKey) override;
     [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return Find(noteKey) != nullptr; }
     void SaveUnsavedNotes() override;
     void ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) override;
-    /// Destroys the notes that were removed; called when none of their handlers can be running.
+    /// Destroys the removed notes; called when none of their handlers can be running.
     void ReleaseRemoved() { removed_.clear(); }
-    /// Closes and removes every note without touching its files.
+    /// Closes and removes every note without changing its files.
     void UnloadAll();
 
   private:
@@ -56,17 +56,17 @@ class OpenNotes : public NoteOwner {
     std::vector<Entry> removed_;
 };
 
-/// Gives every open note its colors, font, scroll bar and drop target anew.
+/// Applies the settings to every open note: colors, font, scroll bar and drop target.
 void ApplySettingsToAllNotes(OpenNotes& notes);
-/// A tick of the main timer for every open note; what goes wrong with one does not keep the others from theirs.
+/// A tick of the main timer for every open note; a failure in one does not affect the others.
 void BroadcastTimer(OpenNotes& notes);
-/// Brings every open note into view; the last of the collection ends in front.
+/// Shows every open note; the last of the collection ends in front.
 void SurfaceAllNotes(OpenNotes& notes);
-/// For a task bar that was made anew: the icons of minimized notes come back.
+/// Restores the icons of minimized notes when the task bar has been created again.
 void RecreateNoteIcons(OpenNotes& notes);
-/// Every open note that has changed writes its storage copy.
+/// Saves the storage copy of every open note that has changed.
 void PersistAllNotes(OpenNotes& notes);
-/// Gives every open note its translucency anew.
+/// Applies the translucency to every open note.
 void ApplyTranslucencyToAllNotes(OpenNotes& notes);
 
 }  // namespace quillo

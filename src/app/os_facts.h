@@ -2,7 +2,7 @@
 
 namespace quillo {
 
-/// What the program wants to know of the system that it runs on.
+/// The facts about the system that the program depends on.
 struct OsFacts {
     int major = 10;
     int minor = 0;

@@ -9,7 +9,7 @@
 
 namespace quillo {
 
-/// The program-wide state, built once by the composition root and passed down. Open notes refer to its members, so it
+/// The program-wide state, created once by the composition root and passed down. Open notes refer to its members, so it
 /// outlives them and never moves.
 struct Program {
     explicit Program(NoteViewFactory& factory) : openNotes(factory) {}
@@ -20,11 +20,11 @@ struct Program {
     OsFacts os;
     std::u16string notesFolder;
     std::int16_t urlClipboardFormat =
-        0;                      ///< "UniformResourceLocator"; negative, for registered formats are above 32767
-    bool startingUp = false;    ///< until the first command line was handled
+        0;                      ///< "UniformResourceLocator"; negative, because registered formats are above 32767
+    bool startingUp = false;    ///< true until the first command line has been handled
     bool loadingNotes = false;  ///< while the saved notes are being opened
     bool quitting = false;      ///< from the first step of the quit procedure on
-    OpenNotes openNotes;        // last: its notes go before what they refer to
+    OpenNotes openNotes;        // last: its notes are destroyed before the members that they use
 };
 
 }  // namespace quillo

@@ -5,18 +5,18 @@
 
 namespace quillo {
 
-/// A program shortcut in its parts.
+/// The parts of a program shortcut.
 struct ShortcutParts {
     std::u16string file;
     std::u16string arguments;
     friend bool operator==(const ShortcutParts&, const ShortcutParts&) = default;
 };
 
-/// A path, or a path in quotes with arguments behind it.
+/// A path, or a path in quotes followed by arguments.
 [[nodiscard]] ShortcutParts SplitShortcut(std::u16string_view shortcut);
 
-/// Whether the system can start something that long: 260 characters for a file and 32,767 for a command line, each with
-/// the NUL at its end. The shell overruns a buffer of its own with a longer file, so that such a shortcut is neither
+/// Whether the shortcut is short enough for the system to start: 260 characters for a file and 32,767 for a command
+/// line, each with the NUL at its end. A longer file overruns one of the shell's buffers, so such a shortcut is neither
 /// stored nor run.
 [[nodiscard]] bool ShortcutFits(std::u16string_view shortcut);
 

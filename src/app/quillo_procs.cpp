@@ -84,7 +84,7 @@ void QuilloProcs::OpenOptions() {
 int QuilloProcs::Main(std::u16string_view commandLine) {
     Startup startup(*this, StartupWorld{program_, noteWorld_, opening_, legacy_, late_, recovery_, registry_, files_,
                                         shell_, notice_});
-    resForm_.Load();  // reminders fall due also while start-up waits for an answer
+    resForm_.Load();  // reminders must work also while start-up waits for an answer
     if (startup.Run(commandLine) == StartupOutcome::EndProcess) return 0;
     for (const std::u16string& command : std::exchange(waitingCommands_, {})) OnCommand(command);
     loop_.RunWhenIdle([this] { mainForm_.WatchSession(); });
@@ -104,7 +104,7 @@ void QuilloProcs::SendToRunningInstance(std::u16string_view commandLine) {
 }
 
 void QuilloProcs::InitializeShell() {
-    // Before the first window, as the system demands.
+    // Before the first window, as the system requires.
     Ignore(TakeRegisteredAppId(kAppId), "balloons then carry the name of the file");
     Ignore(shell_.FolderPath(SpecialFolder::Desktop), "only warms the special-folder service up");
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
@@ -117,7 +117,7 @@ std::int16_t QuilloProcs::RegisterLinkFormat() {
 }
 
 OsFacts QuilloProcs::ReadOsFacts() {
-    // The kernel's own answer: GetVersionEx tells what the manifest was written for.
+    // The kernel's own function: GetVersionEx reports the version that the manifest names.
     static LateFunction<LONG WINAPI(OSVERSIONINFOW*)> getVersion(L"ntdll.dll", "RtlGetVersion");
     OSVERSIONINFOW version{};
     version.dwOSVersionInfoSize = sizeof version;

@@ -41,16 +41,16 @@
 
 namespace quillo {
 
-/// The composition root: makes every object of the program once, hands each what it needs, and gives start-up, the
-/// commands of later starts and the quit procedure their windows.
+/// The composition root: creates every object of the program once, passes each the objects that it needs, and performs
+/// start-up, the commands of later starts and the quit procedure.
 class QuilloProcs : private StartupStage, private NoteViewFactory {
   public:
     QuilloProcs();
     QuilloProcs(const QuilloProcs&) = delete;
     QuilloProcs& operator=(const QuilloProcs&) = delete;
 
-    /// The program, from its start to its end; the answer is the exit code. `commandLine` is what follows the
-    /// program's name.
+    /// Runs the program from its start to its end; returns the exit code. `commandLine` is the part after the program's
+    /// name.
     int Main(std::u16string_view commandLine);
 
   private:
@@ -66,13 +66,13 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     // NoteViewFactory
     [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note) override;
 
-    /// A command line that a later start has sent. What comes during start-up waits for its end.
+    /// A later start has sent a command line. Commands during start-up wait for its end.
     void OnCommand(std::u16string_view text);
     void BindMainForm();
     void OpenOptions();
     void EndProgram(QuitReason reason);
 
-    BusyFlag dialogs_;  ///< set while a modal dialog of the program stands
+    BusyFlag dialogs_;  ///< set while a modal dialog of the program is open
 
     // The system behind the ports.
     WinFileStore files_;
@@ -92,7 +92,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     // The program.
     NoteButtonImages buttonImages_;
     NoteFonts noteFonts_;
-    NoteColorForm colorDialog_{loop_};  // before the notes, which tell it that they go
+    NoteColorForm colorDialog_{loop_};  // before the notes, which call DropTarget when they end
     ResForm resForm_;                   // before the notes, which close its menus
     Program program_;
     NoteNames names_;
@@ -108,7 +108,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     Recovery recovery_;
     Quit quit_;
     MainForm mainForm_;
-    std::unique_ptr<OptionsForm> options_;  ///< from its first opening on
+    std::unique_ptr<OptionsForm> options_;  ///< created when first opened
     AboutForm aboutForm_;
     NotifyWindow notifyWindow_;
     std::vector<std::u16string> waitingCommands_;

@@ -40,7 +40,7 @@ bool Quit::RescueNotes(QuitReason reason) {
     bool anyLost = false;
     program_.openNotes.ForEach([&](OpenNote& note) {
         if (!note.Saver().HasUnsavedChange()) return;
-        if (Trim(note.Text()).empty() && !note.Data().ReminderSet) return;  // nothing in it
+        if (Trim(note.Text()).empty() && !note.Data().ReminderSet) return;  // it is empty
         if (legacy_.StillHolds(note)) return;                               // the next start imports it again
         if (!Rescue(note)) anyLost = true;
     });
@@ -50,14 +50,14 @@ bool Quit::RescueNotes(QuitReason reason) {
 }
 
 bool Quit::Rescue(OpenNote& note) {
-    // The file that the note was opened from may still hold all of it.
+    // The file that the note was opened from may still have all of it.
     const std::optional<std::string> source = store_.Files().Read(note.Source().path);
     if (source && ContentHash(*source) == note.Source().hash && note.IsTextOf(*source)) return true;
     const SavedNote saved = store_.Rescue(note.Content());
     if (saved.path.empty()) return false;
     const std::u16string& copy = note.Data().StoragePath;
     const std::optional<std::string> now = store_.Files().Read(copy);
-    // A copy that another program has open cannot be read either: it is what it was.
+    // A copy that another program has open cannot be read either: it counts as unchanged.
     const std::uint64_t known = store_.Files().FileExists(copy) ? note.Saver().StorageCopy().hash : 0;
     const FileVersion from{copy, now ? ContentHash(*now) : known};
     const FileVersion to{saved.path, saved.hash};

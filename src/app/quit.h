@@ -14,20 +14,20 @@ class SaveAll;
 class UserNotice;
 struct Program;
 
-/// Who ends the program. Only a user who is there can be asked.
+/// Who ends the program. Only a user who is present can be asked.
 enum class QuitReason { User, Command, SessionEnd };
 
-/// The quit procedure up to the windows that are no notes.
+/// The quit procedure up to the windows that are not notes.
 class Quit {
   public:
     Quit(Program& program, SaveAll& saveAll, const LegacyNotes& legacy, NoteStore& store, RegistryApi& registry,
          UserNotice& notice)
         : program_(program), saveAll_(saveAll), legacy_(legacy), store_(store), registry_(registry), notice_(notice) {}
 
-    /// Saves every note, or writes those that cannot be saved to other files, clears the old store, takes the program
-    /// out of those that start with Windows where the settings say so, and unloads the notes. The caller then unloads
-    /// its forms and ends the process. False, and nothing happens, when the user keeps a note that can be saved
-    /// nowhere, and when the program is quitting already: closing a window can ask for the quit that closes it.
+    /// Saves every note, or writes those that cannot be saved to other files; clears the old store; deletes the value
+    /// that starts the program with Windows if the settings require it; and unloads the notes. The caller then unloads
+    /// its forms and ends the process. False, with no effect, if the user keeps a note that cannot be saved anywhere,
+    /// or if the program is quitting already: closing a window can request the quit that closes it.
     [[nodiscard]] bool Run(QuitReason reason);
 
   private:
@@ -37,7 +37,7 @@ class Quit {
     };
 
     [[nodiscard]] bool RescueNotes(QuitReason reason);
-    /// False when no folder takes the note.
+    /// False if no folder accepts the note.
     [[nodiscard]] bool Rescue(OpenNote& note);
     void TakeBackRescue();
     void LeaveRunKey();

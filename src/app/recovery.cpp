@@ -11,7 +11,7 @@
 namespace quillo {
 namespace {
 
-/// A storage copy that a newer one has replaced is kept under this ending until the next start.
+/// A storage copy that was replaced by a newer one is kept with this ending until the next start.
 constexpr std::u16string_view kReplacedExtension = u".old";
 constexpr std::string_view kEndOfStorageCopy = "<nodelete></nodelete></quillo>";
 
@@ -76,7 +76,7 @@ void Recovery::Finish(const SaveJournal::Record& record, Result& result) {
 
 void Recovery::FinishMove(const SaveJournal::Record& record) {
     const PendingStep& step = record.step;
-    // The note may be whole in what was prepared for its new home.
+    // The file prepared for the note's new place may be complete.
     if (!step.to.path.empty()) AdoptPreparedCopies(step.to.path);
     const bool arrived = step.to.path.empty() || IsStill(step.to);
     if (arrived && IsStill(step.from)) {
@@ -88,20 +88,20 @@ void Recovery::FinishMove(const SaveJournal::Record& record) {
 }
 
 void Recovery::FinishRecycling(const PendingStep& step) {
-    // Where the file has gone already, nothing tells the bin from a deletion for good: the note then stays.
+    // If the file is missing already, it may be in the bin or deleted for good: the note then stays.
     if (!IsStill(step.from) || !IsStill(step.to)) return;
     if (store_.Recycle(step.to.path) == RecycleResult::Gone) return;
     store_.DeleteStorageCopy(step.from, {});
 }
 
 bool Recovery::FinishRescue(const PendingStep& step, Result& result) {
-    if (!IsStill(step.to)) return true;  // opened or changed by the user since
+    if (!IsStill(step.to)) return true;  // the user has opened or changed it since
     const NoteFile note = ParseNoteFile(files_.Read(step.to.path).value_or(std::string()), locale_);
     const std::optional<std::string> bytes = store_.FormatStorageCopy(note);
     const std::uint64_t now = HashOf(step.from.path);
     const bool placed = bytes && now == ContentHash(*bytes);
     if (!placed && now != step.from.hash) {
-        result.files.push_back(step.to.path);  // both are somebody's text
+        result.files.push_back(step.to.path);  // both are texts of the user
         return true;
     }
     if (!placed && store_.SaveStorageCopy(note, step.from.path).error != FileError::None) {

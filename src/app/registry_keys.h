@@ -12,7 +12,7 @@ inline constexpr std::u16string_view kMachineKey = u"HKEY_LOCAL_MACHINE\\Softwar
 inline constexpr std::u16string_view kRunKey = u"HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 inline constexpr std::u16string_view kRunValue = u"Quillo";
 
-/// How a flag is written; any number but 0 reads as true.
+/// The number written for a flag that is true; any number but 0 is read as true.
 inline constexpr int kTrueNumber = -1;
 
 }  // namespace quillo

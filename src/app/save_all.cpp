@@ -11,9 +11,9 @@
 namespace quillo {
 namespace {
 
-/// The bytes that a note's file has besides its text, and then some.
+/// The bytes of a note's file in addition to its text, rounded up.
 constexpr std::uint64_t kTagBytes = 1024;
-/// The bytes of one UTF-16 unit at the most: one in the narrow text, and its UTF-8 form in base 32.
+/// The maximum bytes of one UTF-16 unit: one in the narrow text, and its UTF-8 form in base 32.
 constexpr std::uint64_t kBytesPerUnit = 6;
 
 constexpr std::u16string_view kTitle = u"Quillo cannot save your notes";

@@ -12,8 +12,8 @@ class OpenNotes;
 class UserNotice;
 struct Settings;
 
-/// The program's save-all: every open note saves itself, the old store is cleared, and the disk reserve is kept as
-/// large as the notes need.
+/// The program's save-all: saves every open note, clears the old store, and keeps the disk reserve as large as the
+/// notes need.
 class SaveAll {
   public:
     SaveAll(OpenNotes& notes, LegacyNotes& legacy, NoteStore& store) : notes_(notes), legacy_(legacy), store_(store) {}
@@ -26,7 +26,7 @@ class SaveAll {
     NoteStore& store_;
 };
 
-/// Tells the user once when notes cannot be saved; the notes themselves show which and why.
+/// Informs the user once when notes cannot be saved; the notes themselves show which and why.
 class SaveFailures : public SaveFailureListener {
   public:
     SaveFailures(UserNotice& notice, const Settings& settings) : notice_(notice), settings_(settings) {}

@@ -45,7 +45,7 @@ struct Settings {
     int newNoteHotkey = 78;    ///< virtual key
     int showNotesHotkey = 83;  ///< virtual key
     bool shownHelp = false;
-    int startupMode = 0;  ///< 1 or more: the Run value goes when the program ends with no note open
+    int startupMode = 0;  ///< 1 or more: the Run value is deleted when the program ends with no note open
     bool hasHiddenNotes = false;
     int notes = 0;  ///< notes in the legacy registry store
     bool useRoamingProfile = false;

@@ -24,7 +24,7 @@ constexpr int kItalic = 2;
 constexpr int kUnderline = 4;
 constexpr int kStrikeThrough = 8;
 
-/// A program of the Windows folder, or of the system folder when it stands only there.
+/// A program in the Windows folder, or in the system folder if it exists only there.
 std::u16string SystemProgram(Shell& shell, FileStore& files, std::u16string_view name) {
     std::u16string inWindows = JoinPath(shell.WindowsFolder(), name);
     if (files.FileExists(inWindows)) return inWindows;
@@ -59,7 +59,7 @@ std::u16string& Shortcut(Settings& s) {
     return s.shortcuts[index];
 }
 
-/// The member of Settings that a pointer names, as the plain function that a row holds.
+/// Accesses the member of Settings that a pointer names, as a plain function for a row.
 template <auto member>
 auto& Member(Settings& s) {
     return s.*member;
@@ -118,7 +118,7 @@ std::vector<SettingRow> MakeTable() {
 /// Reads one row into the settings.
 struct Loader {
     const TesselRegistry& registry;
-    Shell* shell;  // null where the system's folders are not known
+    Shell* shell;  // null if the system's folders are unknown
     FileStore* files;
     Settings& settings;
     std::u16string_view name;
@@ -161,7 +161,7 @@ struct Loader {
 /// Writes one row from the settings.
 struct Saver {
     TesselRegistry& registry;
-    Settings& settings;  // the rows reach their members for writing as well as for reading
+    Settings& settings;  // the rows need access to their members for writing as well as for reading
     std::u16string_view name;
 
     void operator()(const TextSetting& row) const { registry.SetValue(name, row.member(settings)); }

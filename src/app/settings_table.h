@@ -13,22 +13,22 @@ class FileStore;
 class Shell;
 class TesselRegistry;
 
-/// A text; an empty one takes the default.
+/// A text; an empty one means the default.
 struct TextSetting {
     std::u16string& (*member)(Settings&);
     bool trimmed;
     std::u16string (*defaultText)(Shell&, FileStore&);
-    bool (*accepts)(std::u16string_view text) = nullptr;  ///< what it refuses gives the default; null for any text
+    bool (*accepts)(std::u16string_view text) = nullptr;  ///< refused text means the default; null: any text
 };
 
 /// A number, -1 for true and 0 for false; any number but 0 reads as true.
 struct FlagSetting {
     bool& (*member)(Settings&);
     bool defaultFlag;
-    bool inverted;  ///< the member is the negation of what is stored
+    bool inverted;  ///< the member is the negation of the stored value
 };
 
-/// A number from `least` to `most`; any other counts as the default.
+/// A number from `least` to `most`; any other means the default.
 struct NumberSetting {
     int& (*member)(Settings&);
     int defaultNumber;
@@ -36,13 +36,13 @@ struct NumberSetting {
     int most;
 };
 
-/// A color word; the default only for a value that is not there, so that black, 0, stays black.
+/// A color word; the default only for a missing value, so that black, 0, stays black.
 struct ColorSetting {
     ColorWord& (*member)(Settings&);
     ColorWord defaultColor;
 };
 
-/// A number from `least` to `most` kept as text with "." as its decimal separator; any other counts as the default.
+/// A number from `least` to `most` stored as text with "." as its decimal separator; any other means the default.
 struct NumberTextSetting {
     double& (*member)(Settings&);
     double defaultNumber;
@@ -57,25 +57,25 @@ struct FontStyleSetting {};
 struct SettingRow {
     std::u16string_view name;
     std::variant<TextSetting, FlagSetting, NumberSetting, ColorSetting, NumberTextSetting, FontStyleSetting> kind;
-    /// False for what the program notes down for itself; saving the options leaves such a value alone.
+    /// False for values that the program records for itself; saving the options leaves them unchanged.
     bool isOption = true;
 };
 
 /// Every setting of the user, in the order of loading and saving.
 [[nodiscard]] const std::vector<SettingRow>& SettingsTable();
 
-/// Reads every row from the user's key, which is created where it is missing; no value is written.
-/// "Use roaming profile" keeps its value: it is not the user's.
+/// Reads every row from the user's key, which is created if it is missing; no value is written. "Use roaming profile"
+/// keeps its value: it is not the user's.
 void LoadSettings(TesselRegistry& registry, Shell& shell, FileStore& files, Settings& settings);
-/// The same for a program that knows the registry and nothing else of the system: a text that is not stored stays empty
-/// where its default is a place on the disk.
+/// The same for a program that has access to the registry only: a text that is not stored stays empty if its default is
+/// a place on the disk.
 void LoadStoredSettings(TesselRegistry& registry, Settings& settings);
-/// The machine's one setting; false where it cannot be read.
+/// The machine's one setting; false if it cannot be read.
 [[nodiscard]] bool LoadUseRoamingProfile(TesselRegistry& registry);
 
 /// Writes every option to the user's key.
 void SaveSettings(TesselRegistry& registry, const Settings& settings);
-/// Writes one row, named as in the table in any letter case; false when there is no such row.
+/// Writes one row, named as in the table in any letter case; false if there is no such row.
 bool SaveSetting(TesselRegistry& registry, const Settings& settings, std::u16string_view name);
 
 }  // namespace quillo

@@ -11,7 +11,7 @@ class LocaleText;
 /// The date and time in parentheses and an empty line, for the top of a note.
 [[nodiscard]] std::u16string TimeStampText(DaySerial now, LocaleText& locale);
 
-/// What the user sees of a virtual key: the character of 33 to 90, "Key # 112" for any other.
+/// The name of a virtual key for the user: the character for 33 to 90, "Key # 112" for any other.
 [[nodiscard]] std::u16string KeyName(int virtualKey);
 
 }  // namespace quillo

@@ -10,12 +10,12 @@ class SoundDevice;
 /// through the media control interface. A blank path is silence; so is a file that cannot be played.
 void PlayReminderSound(std::u16string_view path, SoundDevice& device);
 
-/// Ends the sound of a reminder, whichever way it is played.
+/// Stops the sound of a reminder, whichever player plays it.
 void StopReminderSound(SoundDevice& device);
 
-/// Plays a file through the media control interface in the place of the one that plays; at most one plays at a time.
+/// Plays a file through the media control interface and stops the previous one; at most one plays at a time.
 void PlayThroughMediaControl(std::u16string_view path, SoundDevice& device);
-/// Ends what the media control interface plays.
+/// Stops the media control interface.
 void StopSound(SoundDevice& device);
 /// Plays a wave file through the simple wave player.
 void PlayWaveSound(std::u16string_view path, SoundDevice& device);

@@ -24,12 +24,12 @@ namespace quillo {
 
 namespace {
 
-// The colors of the first run, which are not those of the settings.
+// The colors of the first run, which differ from those of the settings.
 constexpr ColorWord kFirstNoteColor{0xC0FFFF};
 constexpr ColorWord kFirstBorderColor{0xC0FF};
 constexpr ColorWord kFirstTextColor{0};
 
-/// A step that fails costs itself, never the start.
+/// The failure of a step affects that step only, never the start.
 template <typename Step>
 void Try(Step step) {
     try {
@@ -103,13 +103,13 @@ void Startup::GreetFirstRun() {
     OpenHelp(world_.shell);
 }
 
-/// True when a note of the old store is not visible. Notes of files never count.
+/// True if a note of the old store is not visible. Notes of files never count.
 bool Startup::OpenSavedNotes() {
     Program& program = world_.program;
     program.loadingNotes = true;
     const bool anyHidden = world_.legacy.Import(world_.notes);
     for (const FileEntry& file : world_.files.List(program.notesFolder, kNoteExtension)) {
-        if (!world_.opening.CanOpenAnotherNote()) break;  // one message, not one for each file left
+        if (!world_.opening.CanOpenAnotherNote()) break;  // one message, not one for each remaining file
         world_.late.Open(file.path, file.size);
     }
     program.loadingNotes = false;

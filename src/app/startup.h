@@ -20,26 +20,26 @@ class UserNotice;
 struct NoteWorld;
 struct Program;
 
-/// What start-up asks of the process and its windows.
+/// The process and its windows as start-up sees them.
 class StartupStage {
   public:
     virtual ~StartupStage() = default;
 
     [[nodiscard]] virtual bool AnotherInstanceRuns() = 0;
-    /// Hands a command line to the running instance; waits a bounded time for one that is still starting.
+    /// Passes a command line to the running instance; waits a bounded time for one that is still starting.
     virtual void SendToRunningInstance(std::u16string_view commandLine) = 0;
-    /// Warms the special-folder service and the common controls up and lets pending messages run once.
+    /// Initializes the special-folder service and the common controls, and pumps pending messages once.
     virtual void InitializeShell() = 0;
     /// The low 16 bits of the number of the clipboard format "UniformResourceLocator".
     [[nodiscard]] virtual std::int16_t RegisterLinkFormat() = 0;
     [[nodiscard]] virtual OsFacts ReadOsFacts() = 0;
-    /// From now on later instances find this one.
+    /// From now on, later instances find this one.
     virtual void LoadNotifyWindow() = 0;
     /// The main form draws its shortcuts, registers the hotkeys and shows its icon beside the clock.
     virtual void LoadMainForm() = 0;
 };
 
-/// What start-up works with besides its stage.
+/// What start-up uses in addition to its stage.
 struct StartupWorld {
     Program& program;
     NoteWorld& notes;
@@ -55,8 +55,8 @@ struct StartupWorld {
 
 enum class StartupOutcome { Running, EndProcess };
 
-/// The program's start, from the question whether it runs already to its command line. After EndProcess the process is
-/// to end without the quit procedure.
+/// The program's start, from the check for a running instance to the command line. After EndProcess the process must
+/// end without the quit procedure.
 class Startup {
   public:
     Startup(StartupStage& stage, StartupWorld world) : stage_(stage), world_(world) {}
@@ -75,10 +75,10 @@ class Startup {
 
     StartupStage& stage_;
     StartupWorld world_;
-    std::vector<std::u16string> rescued_;  ///< files of notes that are not back at their place
+    std::vector<std::u16string> rescued_;  ///< files of notes that are not back in their place
 };
 
-/// Opens the help file; a missing one shows nothing.
+/// Opens the help file; does nothing if it is missing.
 void OpenHelp(Shell& shell);
 
 }  // namespace quillo

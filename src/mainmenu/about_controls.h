@@ -5,7 +5,7 @@
 
 namespace quillo {
 
-/// The parts of the about box, from the first to the last in reading order, which is the order of the Tab key.
+/// The parts of the about box in reading order, which is the order of the Tab key.
 enum class AboutControl : int {
     Image,
     TitleLabel,
@@ -22,9 +22,9 @@ enum class AboutControl : int {
 
 inline constexpr std::u16string_view kAboutCaption = u"About Quillo";
 
-/// Captions, to the letter. The title goes on with the maker's notice; version and link are filled in.
+/// The exact captions. The maker's notice follows the title; version and link are filled in.
 inline constexpr std::array<std::u16string_view, static_cast<std::size_t>(AboutControl::Count)> kAboutTexts{
-    u"Notes in three colors and a quill",  // what a screen reader says of the picture
+    u"Notes in three colors and a quill",  // what a screen reader says about the picture
     u"Quillo ",
     u"",
     u"This program is freeware.  For more information, visit our website:",

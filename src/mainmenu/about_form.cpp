@@ -29,7 +29,7 @@ constexpr ColorWord kPaper = ColorWord::FromRgb(0xFF, 0xFD, 0xD0);
 constexpr ColorWord kEdge = ColorWord::FromRgb(0xFE, 0xCF, 0x38);
 constexpr ColorWord kPaperInk = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
 
-/// Enter presses the close button, wherever no other has the focus.
+/// Enter presses the close button unless another button has the focus.
 constexpr int IdOf(Control control) {
     constexpr int kFirstId = 100;
     return control == Control::CloseButton ? IDOK : kFirstId + static_cast<int>(control);
@@ -130,7 +130,7 @@ void AboutForm::LayOut(HDC dc) {
                                 size(Control::FreewareLabel, CaptionOf(Control::FreewareLabel)).width,
                                 FootWidth(dc, {IdOf(Control::UpdateButton), IdOf(Control::HelpButton), IDOK})});
 
-    // The yellow box: the picture, and beside its middle the title over the version.
+    // The yellow box: the picture, and beside its middle the title above the version.
     yellowBoxBottom_ = Px(kYellowBoxHeight);
     const int edge = Px(kPicture);
     MoveWindow(ControlWindow(Control::Image), margin, (yellowBoxBottom_ - edge) / 2, edge, edge, FALSE);
@@ -146,14 +146,14 @@ void AboutForm::LayOut(HDC dc) {
     const int siteTop = column.Bottom();
     const int linkLeft = margin + site.width + gap;
     MoveWindow(ControlWindow(Control::WebsiteLabel), margin, siteTop, site.width, site.height, FALSE);
-    // A little more than the words, for the focus rectangle.
+    // Slightly more than the words, for the focus rectangle.
     MoveWindow(ControlWindow(Control::WebLink), linkLeft, siteTop, link.width + Px(2), link.height, FALSE);
     LayOutFoot(dc, width, siteTop + site.height + Px(kDialogMargin) + gap, IdOf(Control::DividerLine),
                {IdOf(Control::UpdateButton), IdOf(Control::HelpButton), IDOK});
     FitClient(FootBottom());
 }
 
-// How it looks.
+// Appearance.
 
 void AboutForm::PaintGround(HDC dc) const {
     DialogWindow::PaintGround(dc);
@@ -181,7 +181,7 @@ void AboutForm::OnDrawItem(const DRAWITEMSTRUCT& item) const {
                item.rcItem.bottom - item.rcItem.top, 0, nullptr, DI_NORMAL);
 }
 
-// What it does.
+// Behavior.
 
 void AboutForm::OnCommand(int id, int notification) {
     if (notification != BN_CLICKED) return;

@@ -11,7 +11,7 @@ namespace quillo {
 
 class Shell;
 
-/// The about box: the version, the way to the maker's site, updates and the help. Not modal.
+/// The about box: the version, the link to the maker's site, updates and the help. Not modal.
 class AboutForm : public DialogWindow {
   public:
     AboutForm(Shell& shell, MessageLoop& loop, ProgramVersion version)
@@ -20,8 +20,8 @@ class AboutForm : public DialogWindow {
     }
     ~AboutForm() override { Destroy(); }
 
-    /// Shows the box in the middle of the monitor on which `owner` stands, or brings the one that is open to the front.
-    /// False on failure.
+    /// Shows the box in the middle of the monitor that shows `owner`, or brings the open one to the front. False on
+    /// failure.
     bool Open(HWND owner);
 
     [[nodiscard]] HWND ControlWindow(AboutControl control) const;

@@ -18,13 +18,13 @@ constexpr ColorWord kLightGlyph = ColorWord::FromRgb(0xF4, 0xF1, 0xE6);
 constexpr int kGlyphSize = 20;  // pixels at 96 dpi
 constexpr int kHalfLight = 128;
 
-// Every control is a group of its own: the arrows stay in it, the Tab key leads on.
-constexpr ControlKind kPageLabel{L"STATIC", SS_LEFT};  // an ampersand marks the access key of the box that follows
-// On the middle of its height, beside a button; a font's name may be long.
+// Every control is a group of its own: the arrow keys stay inside it, the Tab key moves on.
+constexpr ControlKind kPageLabel{L"STATIC", SS_LEFT};  // an ampersand marks the access key of the following box
+// Centered vertically beside a button; a font's name may be long.
 constexpr ControlKind kFontLabel{L"STATIC", SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS};
 constexpr ControlKind kPageCheck{L"BUTTON", WS_TABSTOP | WS_GROUP | BS_AUTOCHECKBOX | BS_MULTILINE};
 constexpr ControlKind kPageButton{L"BUTTON", WS_TABSTOP | WS_GROUP | BS_PUSHBUTTON};
-// Shows a picture; its text is what a screen reader speaks.
+// Shows a picture; screen readers speak its text.
 constexpr ControlKind kGlyphButton{L"BUTTON", WS_TABSTOP | WS_GROUP | BS_PUSHBUTTON | BS_ICON};
 constexpr ControlKind kPageBox{L"EDIT", WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE};
 constexpr ControlKind kPagePath{L"EDIT", WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL | ES_READONLY, WS_EX_CLIENTEDGE};
@@ -100,7 +100,7 @@ void ContentPanel::SetFonts(const DialogFonts& fonts, Scale scale) {
 void ContentPanel::SetGlyphs() {
     const bool light = Lightness(ColorWord{GetSysColor(COLOR_BTNTEXT)}) > kHalfLight;
     std::list<IconHandle> old;
-    std::swap(old, glyphs_);  // these go at the end of this scope, after every button has let go of them
+    std::swap(old, glyphs_);  // deleted at the end of this scope, when no button uses them any more
     for (const OptionRow& row : OptionsTable()) {
         if (row.page != page_ || row.kind != OptionKind::GlyphButton) continue;
         const bool play = row.control == OptionControl::PlaySoundButton;

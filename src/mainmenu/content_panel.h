@@ -16,21 +16,21 @@ namespace quillo {
 class BusyFlag;
 class OptionsController;
 
-/// One page of the options dialog: its controls are made from the table of options, filled from the controller, and
-/// report to it.
+/// One page of the options dialog. Its controls are created from the table of options and filled from the controller,
+/// and report to it.
 class ContentPanel : public Window, private AccessibleSource {
   public:
-    /// `dialogs` is set while a page asks something in a dialog of the system.
+    /// `dialogs` is set while a page has a dialog of the system open.
     ContentPanel(OptionsPage page, OptionsController& controller, BusyFlag& dialogs)
         : page_(page), controller_(controller), dialogs_(dialogs) {}
 
-    /// Makes the page and its controls, hidden. False on failure.
+    /// Creates the page and its controls, hidden. False on failure.
     bool Create(HWND dialog);
-    /// Gives every control its fonts; `fonts` is borrowed until the next call.
+    /// Sets the fonts of every control; `fonts` is borrowed until the next call.
     void SetFonts(const DialogFonts& fonts, Scale scale);
-    /// Places the controls in that width; the answer is the height that they take, both in device pixels.
+    /// Places the controls in that width; returns the height that they take, both in device pixels.
     int LayOut(HDC dc, int width);
-    /// Shows what the settings hold.
+    /// Shows the current settings.
     virtual void Load();
 
     [[nodiscard]] OptionsPage Page() const { return page_; }
@@ -38,12 +38,12 @@ class ContentPanel : public Window, private AccessibleSource {
     [[nodiscard]] HWND Item(OptionControl control) const;
 
   protected:
-    /// Makes a control that is more than one of the system's; false for every other one.
+    /// Creates a control that is more than one of the system's; false for every other one.
     virtual bool CreateSpecial(const OptionRow& /*row*/) { return false; }
     virtual void Place(class PageColumn& column) = 0;
     virtual void OnCommand(OptionControl control, int notification);
     virtual void OnScaleChanged() {}
-    /// The system's colors, which the glyphs of the small buttons follow.
+    /// Called when the system's colors change; the glyphs of the small buttons follow them.
     virtual void OnColorsChanged() { SetGlyphs(); }
     void SetGlyphs();
     [[nodiscard]] virtual HFONT FontOf(const OptionRow& row) const;

@@ -31,7 +31,7 @@ struct IconFinder::Shared {
     explicit Shared(IconLookUp find) : lookUp(find ? std::move(find) : &AskShell) {}
 
     const IconLookUp lookUp;
-    // The rest only under the lock.
+    // The lock protects the members below it.
     SRWLOCK lock = SRWLOCK_INIT;
     std::deque<IconRequest> requests;
     std::vector<FoundIcon> found;
@@ -60,7 +60,7 @@ bool IconFinder::Start() const {
     auto ofThread = std::make_unique<std::shared_ptr<Shared>>(shared_);
     const auto thread = _beginthreadex(nullptr, 0, &IconFinder::Run, ofThread.get(), 0, nullptr);
     if (thread == 0) return false;  // the slots stay without icons until the next request
-    (void)ofThread.release();       // the thread's own now
+    (void)ofThread.release();       // the thread owns it now
     CloseHandle(reinterpret_cast<HANDLE>(thread));
     return true;
 }

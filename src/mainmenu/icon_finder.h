@@ -18,25 +18,25 @@ struct FoundIcon {
 
 using IconLookUp = std::function<ShortcutIcon(const IconRequest&)>;
 
-/// Looks icons up on a thread of its own, because a file on a network that is gone keeps the shell waiting for a
-/// minute. It is the only other thread of the program. Nothing waits for it: at the end it is left to finish by itself,
-/// or to go with the process.
+/// Looks icons up on a thread of its own, because a file on an unreachable network blocks the shell for up to a minute.
+/// It is the program's only other thread. Nothing waits for it: when the program ends, it finishes on its own or ends
+/// with the process.
 class IconFinder {
   public:
-    /// `lookUp` is called on the other thread; the shell is asked when it is empty.
+    /// `lookUp` is called on the other thread; if it is empty, the shell is asked.
     explicit IconFinder(IconLookUp lookUp = {});
     IconFinder(const IconFinder&) = delete;
     IconFinder& operator=(const IconFinder&) = delete;
     ~IconFinder();
 
-    /// Looks for the icons one after the other. Each time one is found, `message` is posted to the window. The thread
-    /// lasts as long as there is something to look for.
+    /// Looks the icons up one after the other. For each icon found, `message` is posted to the window. The thread runs
+    /// as long as there is something to look up.
     void Ask(HWND window, UINT message, std::vector<IconRequest> requests);
-    /// What has been found since the last call.
+    /// The icons found since the last call.
     [[nodiscard]] std::vector<FoundIcon> Take();
 
   private:
-    struct Shared;  // with the thread; whichever of the two ends last frees it
+    struct Shared;  // shared with the thread; the last owner frees it
 
     [[nodiscard]] bool Start() const;
     static unsigned __stdcall Run(void* shared);

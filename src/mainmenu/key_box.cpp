@@ -8,7 +8,7 @@
 namespace quillo {
 namespace {
 
-// Read-only: what is pasted or chosen from the box's menu changes nothing either.
+// Read-only: pasting, or the box's own menu, cannot change it either.
 constexpr ControlKind kKeyBox{L"EDIT", WS_TABSTOP | WS_GROUP | ES_CENTER | ES_READONLY, WS_EX_CLIENTEDGE};
 
 }  // namespace
@@ -27,7 +27,7 @@ LRESULT CALLBACK KeyBox::Procedure(HWND window, UINT message, WPARAM wParam, LPA
             try {
                 if (handler) handler(static_cast<int>(wParam));
             } catch (...) {
-                // Only misuse of a class throws; the key is given up.
+                // Only misuse of a class throws; the key is ignored.
             }
             return 0;
         }
@@ -35,7 +35,7 @@ LRESULT CALLBACK KeyBox::Procedure(HWND window, UINT message, WPARAM wParam, LPA
             return 0;
         case WM_SETFOCUS: {
             const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-            SendMessageW(window, EM_SETSEL, 0, -1);  // the next key takes the place of this one
+            SendMessageW(window, EM_SETSEL, 0, -1);  // the next key replaces this one
             return result;
         }
         case WM_NCDESTROY:

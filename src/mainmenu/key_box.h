@@ -6,18 +6,18 @@
 
 namespace quillo {
 
-/// A text box in which a key is chosen by pressing it: it never takes what is typed, but reports every key that goes
-/// down in it and shows what it is told to.
+/// A text box in which a key is chosen by pressing it. It ignores typed text, reports every key pressed in it, and
+/// shows the text that it is given.
 class KeyBox {
   public:
     KeyBox() = default;
     KeyBox(const KeyBox&) = delete;
     KeyBox& operator=(const KeyBox&) = delete;
 
-    /// A control of no size yet; null on failure. This object must outlive it.
+    /// Creates the control with an empty size; null on failure. This object must outlive it.
     HWND Create(HWND parent, int id);
 
-    /// A virtual key has gone down.
+    /// A virtual key was pressed.
     std::function<void(int)> onKey;
 
   private:

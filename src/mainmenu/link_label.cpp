@@ -7,7 +7,7 @@
 namespace quillo {
 namespace {
 
-/// From a screen reader: what the link opens must not keep the reader's call waiting.
+/// From a screen reader: its call must not wait for the program that the link opens.
 constexpr UINT kFollowMessage = WM_APP;
 
 HCURSOR HandCursor() {
@@ -63,7 +63,7 @@ LRESULT LinkLabel::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SYSCOLORCHANGE:
             return Invalidate(), 0;
         case WM_ERASEBKGND:
-            return 1;  // painted whole, off the screen
+            return 1;  // the label is painted as a whole, in a memory bitmap
         case WM_PAINT:
             return OnPaint(), 0;
         default:

@@ -10,16 +10,16 @@
 
 namespace quillo {
 
-/// A label that is followed like a link, by a click, Enter or Space. Its window's text is what it shows and nothing
-/// else, which is why it is not the link control of the system: the text of that one is markup.
+/// A label that is followed like a link, by a click, Enter or Space. The window's text is exactly what it shows; the
+/// system's link control does not fit, because its text is markup.
 class LinkLabel : public Window, private AccessibleSource {
   public:
     ~LinkLabel() override { Destroy(); }
 
-    /// `address` is what a screen reader gives as the link's value. False on failure.
+    /// Screen readers report `address` as the link's value. False on failure.
     bool Create(HWND parent, int id, std::u16string_view text, std::u16string address);
 
-    /// The link is followed. A handler may end the label.
+    /// The link was followed. A handler may end the label.
     std::function<void()> onFollow;
 
   protected:

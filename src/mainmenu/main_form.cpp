@@ -19,14 +19,14 @@ namespace quillo {
 namespace {
 
 constexpr std::u16string_view kDesktopMetrics = u"HKEY_CURRENT_USER\\Control Panel\\Desktop\\WindowMetrics";
-/// What the system shows when the end of the session waits for the notes.
+/// The system shows this text when the end of the session waits for the notes.
 constexpr wchar_t kSavingReason[] = L"Quillo is saving your notes.";
 constexpr int kBalloonSeconds = 15;
 
 enum HotKeyId : int { kNewNoteHotKey = 1, kShowNotesHotKey = 2 };
 constexpr UINT kWindowsKey = 8;
 
-/// From the thread that looks the shortcuts' icons up.
+/// Posted by the thread that looks the shortcuts' icons up.
 constexpr UINT kIconsFoundMessage = WM_APP + 1;
 
 }  // namespace
@@ -44,7 +44,7 @@ bool MainForm::Load() {
     windowClass.hCursor = ArrowCursor();
     layered_ = tools_.program.os.windows2000OrLater;
     WindowPlan plan;
-    plan.title = L"Quillo menu";  // what a screen reader speaks
+    plan.title = L"Quillo menu";  // screen readers speak it
     plan.style = WS_POPUP;
     plan.exStyle = WS_EX_TOOLWINDOW | WS_EX_TOPMOST | (layered_ ? DWORD{WS_EX_LAYERED} : 0);
     if (!Create(windowClass, plan)) return false;
@@ -71,7 +71,7 @@ void MainForm::WatchSession() {
     static LateFunction<BOOL WINAPI(HWND, DWORD)> watch(L"wtsapi32.dll", "WTSRegisterSessionNotification");
     constexpr DWORD kThisSession = 0;
     if (watch.Get() == nullptr || Handle() == nullptr || !tools_.program.os.windowsXpOrLater) return;
-    watching_ = watch.Get()(Handle(), kThisSession) != 0;  // unwatched, notes are saved two seconds after a change
+    watching_ = watch.Get()(Handle(), kThisSession) != 0;  // without it, notes are saved two seconds after a change
 }
 
 void MainForm::Unload() {
@@ -131,7 +131,7 @@ LRESULT MainForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_THEMECHANGED:
             return OnSystemChanged(), 0;
         case WM_ERASEBKGND:
-            return 1;  // painted whole, off the screen
+            return 1;  // the menu is painted as a whole, in a memory bitmap
         case WM_PAINT:
             return OnPaint(), 0;
         default:
@@ -177,7 +177,7 @@ void MainForm::OnHotKey(int id) const {
     if (id == kShowNotesHotKey) SurfaceAllNotes(tools_.program.openNotes);
 }
 
-// The system's word.
+// Messages of the system.
 
 void MainForm::OnSessionEndAsked() const {
     const SessionEndBlock saving(tools_.sessionEnd, Handle(), kSavingReason);

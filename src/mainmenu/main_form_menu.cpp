@@ -11,19 +11,19 @@
 #include "platform/gdi_scope.h"
 #include "platform/monitors.h"
 
-// The main form as the menu that slides up: hovering, choosing, what screen readers are told, coming and going.
+// The main form as the menu that slides up: hovering, choosing, screen readers, sliding in and out.
 
 namespace quillo {
 namespace {
 
 constexpr BYTE kOpaque = 255;
 
-/// The parts that a screen reader knows are the items in their order, from 1.
+/// The parts for screen readers are the items in their order, from 1.
 MenuItem ItemOfPart(int part) {
     return MenuOrder().at(static_cast<std::size_t>(part) - 1);
 }
 
-/// The time on a clock that is much finer than a frame.
+/// The time on a clock with a resolution much finer than a frame.
 long long FineMilliseconds() {
     LARGE_INTEGER count{};
     LARGE_INTEGER perSecond{};
@@ -67,7 +67,7 @@ void MainForm::RepaintItem(MenuItem item) {
 }
 
 void MainForm::OnMouseMove(Point at) {
-    // The system repeats the last move when a window comes or goes; it must not undo what the keyboard has reached.
+    // The system repeats the last move when a window appears or disappears; that must not undo a keyboard move.
     if (at == pointer_) return;
     pointer_ = at;
     byKeyboard_ = false;
@@ -88,9 +88,9 @@ void MainForm::OnButtonDown(Point at) {
 }
 
 void MainForm::OnButtonUp(Point at, bool right) {
-    // The release that ends a drag is the drag's, whichever window the system sends it to.
+    // The release that ends a drag belongs to the drag, whichever window the system sends it to.
     if (dragOver_ || std::exchange(dropped_, false)) return;
-    // Any other counts, also of a button that went down elsewhere.
+    // Any other release counts, also that of a button pressed elsewhere.
     if (GetCapture() == Handle()) ReleaseCapture();
     Hover(MenuItemAt(ToDesign(at), State()));
     Choose(hovered_, right);
@@ -128,7 +128,7 @@ void MainForm::Choose(MenuItem item, bool rightButton) {
         if (onQuit) onQuit();
         return;
     }
-    // These stay until the user closes them: the menu must not wait beside them.
+    // These stay until the user closes them, so the menu must not stay open beside them.
     if (item == MenuItem::Options || item == MenuItem::About) SlideForm(false);
     Perform(item);
     SlideForm(false);
@@ -151,7 +151,7 @@ void MainForm::Perform(MenuItem item) {
         case MenuItem::About:
             return raise(onAbout);
         default:
-            raise(onGoingAway);  // a dead network path can hold the shell for long
+            raise(onGoingAway);  // a dead network path can block the shell for long
             RunShortcut(tools_.program.settings.shortcuts.at(static_cast<std::size_t>(ShortcutNumber(item)) - 1),
                         tools_.shell);
     }
@@ -191,7 +191,7 @@ void MainForm::Activate(int part) {
     if (IsEnabled(item, State())) PostMessageW(Handle(), kChooseMessage, static_cast<WPARAM>(item), 0);
 }
 
-// Coming and going.
+// Sliding in and out.
 
 void MainForm::SlideForm(bool show) {
     if (Handle() == nullptr || show == IsShowing()) return;
@@ -217,7 +217,7 @@ void MainForm::SlideForm(bool show) {
 }
 
 void MainForm::CreateToolTips() {
-    toolTips_.Destroy();  // the scale and the shortcuts may be others
+    toolTips_.Destroy();  // the scale and the shortcuts may have changed
     if (!toolTips_.Create(Handle(), scale_)) return;
     for (const MenuItem item : MenuOrder()) {
         if (!MenuItemTip(item, tools_.program.settings.shortcuts).empty()) {

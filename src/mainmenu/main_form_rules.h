@@ -15,7 +15,7 @@ enum class SessionChange { Nothing, Away, Back };
 [[nodiscard]] constexpr SessionChange SessionChangeOf(unsigned code) {
     constexpr unsigned kConsoleConnect = 1;
     constexpr unsigned kConsoleDisconnect = 2;
-    constexpr unsigned kRemoteConnect = 3;  // the user sits before another machine
+    constexpr unsigned kRemoteConnect = 3;  // the user works on another machine
     if (code == kConsoleDisconnect) return SessionChange::Away;
     return code == kConsoleConnect || code == kRemoteConnect ? SessionChange::Back : SessionChange::Nothing;
 }

@@ -6,20 +6,20 @@
 
 namespace quillo {
 
-/// The main menu's pictures for any resolution, in its own colors or, in high contrast, in the user's. Cheap to have:
-/// the drawing is loaded with the first picture that is asked for.
+/// The main menu's pictures for any resolution, in its own colors or, in high contrast, in the user's. Creating it
+/// costs little: the drawing is loaded for the first picture requested.
 class MenuArtwork {
   public:
-    /// Twice the menu, stacked: the normal face over the highlighted one, in which every item looks as it does under
-    /// the mouse. Empty slots show a well in the normal face. The caller may draw into it; null on failure.
+    /// The menu twice, stacked: the normal face over the highlighted one, which shows every item as it looks under the
+    /// mouse. In the normal face, empty slots show a well. The caller may draw into it; null on failure.
     [[nodiscard]] BitmapHandle MainPic(const Scale& scale, const FilledSlots& filled);
-    /// What stands at kShowAllPlace while there is no note to show; null on failure.
+    /// The picture for kShowAllPlace while there is no note to show; null on failure.
     [[nodiscard]] BitmapHandle ShowAllDisabledPic(const Scale& scale);
 
   private:
     const MenuPlanes& PlanesFor(const Scale& scale);
 
-    MenuPlanes planes_;  ///< of the resolution that was asked for last
+    MenuPlanes planes_;  ///< at the resolution requested last
 };
 
 }  // namespace quillo

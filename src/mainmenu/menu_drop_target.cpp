@@ -3,7 +3,7 @@
 namespace quillo {
 namespace {
 
-/// A copy where the source allows one: what is dropped stays where it came from.
+/// Copying where the source allows it, so that the source keeps its data.
 DWORD CopyEffect(DWORD offered, bool taken) {
     return taken ? offered & DROPEFFECT_COPY : DROPEFFECT_NONE;
 }
@@ -27,7 +27,7 @@ DWORD MenuDropTarget::OnOver(Point at, DWORD offered) {
 
 DWORD MenuDropTarget::OnDrop(IDataObject* data, Point at, DWORD offered) {
     SetDragOver(false);
-    // Messages run while the source is asked: the menu may be gone or disabled afterwards.
+    // Calls to the source pump messages: the menu may be closed or disabled afterwards.
     const std::vector<std::u16string> files = DroppedFiles(data);
     return CopyEffect(offered, TakesDrops() && drop_(at, files));
 }

@@ -8,16 +8,16 @@
 
 namespace quillo {
 
-/// Takes files dragged onto the main menu. The menu holds one reference.
+/// Accepts files dragged onto the main menu. The menu holds one reference.
 class MenuDropTarget : public DropTarget {
   public:
-    /// Both get a point of the screen. `accepts` says whether so many files may be dropped there, `drop` takes them
-    /// and says whether it did. `menu` is borrowed.
+    /// Both get a point of the screen. `accepts` returns whether that many files may be dropped there; `drop` takes the
+    /// files and returns whether it used them. `menu` is borrowed.
     MenuDropTarget(HWND menu, std::function<bool(Point, int)> accepts,
                    std::function<bool(Point, const std::vector<std::u16string>&)> drop)
         : DropTarget(menu), accepts_(std::move(accepts)), drop_(std::move(drop)) {}
 
-    /// Whether something is dragged over the menu now. False after the drop.
+    /// Raised with true while something is dragged over the menu. False after the drop.
     std::function<void(bool)> onDragOver;
 
   private:
@@ -32,7 +32,7 @@ class MenuDropTarget : public DropTarget {
 
     std::function<bool(Point, int)> accepts_;
     std::function<bool(Point, const std::vector<std::u16string>&)> drop_;
-    int files_ = 0;  ///< how many are dragged
+    int files_ = 0;  ///< the number of dragged files
 };
 
 }  // namespace quillo

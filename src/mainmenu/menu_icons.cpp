@@ -11,7 +11,7 @@ void MenuIcons::LookUp(HWND window, UINT message, const std::array<std::u16strin
 bool MenuIcons::Collect() {
     bool isNew = false;
     for (FoundIcon& found : finder_.Take()) {
-        if (!wanted_.IsWanted(found.request)) continue;  // the slot has another program by now
+        if (!wanted_.IsWanted(found.request)) continue;  // the slot has another program now
         known_.at(static_cast<std::size_t>(found.request.slot) - 1) = std::move(found);
         isNew = true;
     }

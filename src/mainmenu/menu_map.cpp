@@ -10,14 +10,14 @@ namespace {
 
 constexpr int kHead = 40;        // the strip with about and close
 constexpr int kFoot = 120;       // where the slots begin
-constexpr int kAboutLeft = 230;  // this column belongs to nobody
+constexpr int kAboutLeft = 230;  // this column belongs to no item
 constexpr int kCloseLeft = 265;
 constexpr int kPillar = 100;       // right end of "new note", left end of the slots
 constexpr int kMiddleRight = 200;  // this column belongs to "show all notes"
 constexpr int kSlot = 50;
 
-/// Item 5 to 8 of a column. Halves round to the even number, so that the middle between two pixels at a higher
-/// resolution falls to the right of a slot's edge and to the left of the menu's.
+/// Item 5 to 8 of a column. Halves round to the even number, so that the point between two pixels at a higher
+/// resolution belongs to the right side of a slot's edge and to the left side of the menu's.
 MenuItem SlotAt(double x) {
     const int column = static_cast<int>(std::nearbyint(x));
     const int item = column / kSlot + 3;
@@ -29,13 +29,13 @@ Point MiddleOf(MenuItem item) {
     return Point{area.left + area.width / 2, area.top + area.height / 2};
 }
 
-/// Whether two areas stand in one row, or in one column.
+/// Whether two areas are in one row, or in one column.
 bool ShareALine(const Rect& a, const Rect& b, bool row) {
     return row ? a.top < b.Bottom() && b.top < a.Bottom() : a.left < b.Right() && b.left < a.Right();
 }
 
-/// How far `to` lies in the direction of the move: the gap between the two areas and how far the middles are off the
-/// straight way; nothing when it is not ahead. Items in each other's row (or column) come before those that lie aslant.
+/// The distance to `to` in the direction of the move: the gap between the two areas, and how far their middles are off
+/// the straight line; nothing if it is not ahead. Items in the same row (or column) come before diagonal ones.
 std::optional<int> Distance(MenuItem from, MenuItem to, MenuMove move) {
     const Point a = MiddleOf(from);
     const Point b = MiddleOf(to);
@@ -73,7 +73,7 @@ MenuItem MenuAreaAt(MenuPoint at) {
     if (!inside) return MenuItem::None;
     if (y < kHead) {
         if (x >= kCloseLeft) return MenuItem::Close;
-        // Intended: exactly 230 is nobody's.
+        // Intended: exactly 230 belongs to no item.
         return x > kAboutLeft ? MenuItem::About : MenuItem::None;
     }
     if (x < kPillar) return MenuItem::NewNote;

@@ -7,7 +7,7 @@
 
 namespace quillo {
 
-/// What can be chosen in the main menu; the numbers are those of the table of hit areas.
+/// The items of the main menu; the numbers are those of the table of hit areas.
 enum class MenuItem : int {
     None = -1,
     Close = 0,
@@ -21,13 +21,13 @@ enum class MenuItem : int {
     Shortcut4 = 8,
 };
 
-/// A point of the menu in pixels at 96 dpi, from its top left corner; at other resolutions it falls between them.
+/// A point of the menu in pixels at 96 dpi, from its top left corner; at other resolutions it can be between pixels.
 struct MenuPoint {
     double x = 0;
     double y = 0;
 };
 
-/// What decides whether an item can be chosen now.
+/// The state that decides which items can be chosen now.
 struct MenuState {
     bool hasNotes = false;
     FilledSlots hasShortcut{};
@@ -35,7 +35,7 @@ struct MenuState {
     friend bool operator==(const MenuState&, const MenuState&) = default;
 };
 
-/// The item whose area holds the point, enabled or not.
+/// The item whose area contains the point, enabled or not.
 [[nodiscard]] MenuItem MenuAreaAt(MenuPoint at);
 /// The item at the point; None for one that cannot be chosen now.
 [[nodiscard]] MenuItem MenuItemAt(MenuPoint at, const MenuState& state);
@@ -56,12 +56,12 @@ struct MenuState {
 /// The rectangle that shows an item's highlighted face while it is hovered. Empty for None.
 [[nodiscard]] Rect HighlightRect(MenuItem item);
 
-/// All items, in the order in which Tab visits them and a screen reader reads them.
+/// All items, in the order in which Tab visits them and screen readers read them.
 [[nodiscard]] const std::vector<MenuItem>& MenuOrder();
 
 enum class MenuMove { Left, Right, Up, Down, Next, Previous };
-/// Where the keyboard goes from an item; only to items that can be chosen. From None it goes to the first (or, with
-/// Previous, to the last) of the order. An arrow with nothing in its direction stays.
+/// The item that the keyboard reaches from another one; only items that can be chosen. From None it is the first of the
+/// order (with Previous, the last). If nothing is in an arrow's direction, the item does not change.
 [[nodiscard]] MenuItem MoveInMenu(MenuItem from, MenuMove move, const MenuState& state);
 
 }  // namespace quillo

@@ -7,7 +7,7 @@
 namespace quillo {
 namespace {
 
-/// An area of the design on the screen: its edges are rounded, so that neighbors meet.
+/// An area of the design on the screen: its edges are rounded, so that neighbors touch.
 RECT Scaled(const Rect& area, const Scale& scale) {
     return RECT{scale.Px(area.left), scale.Px(area.top), scale.Px(area.Right()), scale.Px(area.Bottom())};
 }

@@ -10,14 +10,14 @@ namespace quillo {
 
 struct Settings;
 
-/// The menu as it is painted, at one resolution: the artwork with the icons of the program shortcuts in it.
+/// The menu as painted at one resolution: the artwork with the icons of the program shortcuts in it.
 class MenuPicture {
   public:
     /// Whether there is a picture for that resolution; false after DropPicture.
     [[nodiscard]] bool IsDrawn(const Scale& scale) const { return mainPic_ && scale_.Dpi() == scale.Dpi(); }
-    /// A shortcut has changed, or the colors of the system.
+    /// Called when a shortcut or the colors of the system have changed.
     void DropPicture() { mainPic_.Reset(); }
-    /// Draws everything again, with those icons of the shortcuts that are known by now.
+    /// Draws everything again, with the icons of the shortcuts that are known so far.
     void Draw(const Scale& scale, const Settings& settings, int shellIconSize, const MenuIcons& icons);
 
     /// Paints the whole menu with its top left corner at the origin. `hovered` shows its highlighted face.
@@ -32,7 +32,7 @@ class MenuPicture {
     Scale scale_;
 };
 
-/// Which slots hold a program.
+/// Which slots have a program.
 [[nodiscard]] FilledSlots FilledSlotsOf(const Settings& settings);
 
 }  // namespace quillo

@@ -17,7 +17,7 @@ constexpr ColorWord kSurface = ColorWord::FromRgb(0xFB, 0xF9, 0xF1);
 constexpr ColorWord kPaper = ColorWord::FromRgb(0xFF, 0xFD, 0xD0);
 constexpr ColorWord kEdge = ColorWord::FromRgb(0xFE, 0xCF, 0x38);
 constexpr ColorWord kAccent = ColorWord::FromRgb(0xD9, 0x8E, 0x04);
-/// The accent, darkened until a glyph of it stands out at 3 to 1 from the lit tile and from its own paper.
+/// The accent, darkened until a glyph in it has a contrast of 3 to 1 with the lit tile and with its own paper.
 constexpr ColorWord kLitGlyph = ColorWord::FromRgb(0xA8, 0x6C, 0x02);
 constexpr ColorWord kLine = ColorWord::FromRgb(0x8C, 0x87, 0x75);
 constexpr int kHoverPercent = 14;
@@ -40,7 +40,7 @@ MenuColors::Tint& TintOf(MenuColors& colors, MenuPlane plane) {
     return colors.tints[static_cast<std::size_t>(plane)];
 }
 
-/// Takes the wells of filled slots out of a plane of wells.
+/// Removes the wells of filled slots from a plane of wells.
 std::vector<std::uint8_t> EmptyWells(const MenuPlanes& planes, const FilledSlots& filled) {
     const auto wells = planes[MenuPlane::Well];
     std::vector<std::uint8_t> shown(wells.begin(), wells.end());
@@ -98,7 +98,7 @@ MenuColors ColorsOf(MenuFace face) {
 }
 
 MenuColors ColorsOf(MenuFace face, const ContrastColors& contrast) {
-    // Only what carries meaning, whole, in the user's colors.
+    // Only the meaningful planes, at full strength, in the user's colors.
     MenuColors colors;
     colors.surface = contrast.window;
     for (MenuColors::Tint& tint : colors.tints) tint = {contrast.window, 0};

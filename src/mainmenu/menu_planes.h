@@ -14,16 +14,16 @@ namespace quillo {
 
 /// The main menu at 96 dpi.
 inline constexpr Size kMenuSize{300, 180};
-/// What the picture of the disabled "show all notes" covers, at 96 dpi.
+/// The area of the disabled "show all notes" picture, at 96 dpi.
 inline constexpr Rect kShowAllPlace{100, 40, 100, 80};
 inline constexpr int kMenuSlots = 4;
 
-/// The parts of the menu's drawing, in the order in which they are laid over each other.
+/// The parts of the menu's drawing, in the order in which they are painted over each other.
 enum class MenuPlane : int {
-    Panel,   ///< the ground of "new note"
+    Panel,   ///< the background of "new note"
     Tile,    ///< under the item that the mouse is over
-    Shade,   ///< along the border, and the ground of the slots
-    Line,    ///< the border, and what parts the areas
+    Shade,   ///< along the border, and the background of the slots
+    Line,    ///< the border, and the lines between the areas
     Well,    ///< the frames of empty slots
     Paper,   ///< the sheets of the glyphs
     Edge,    ///< their bars and corners
@@ -33,7 +33,7 @@ enum class MenuPlane : int {
     Count
 };
 
-/// The drawing at one scale: how much each part covers of each pixel, 0 to 255, row by row from the top.
+/// The drawing at one scale: how much of each pixel each part covers, 0 to 255, row by row from the top.
 struct MenuPlanes {
     Size size;  ///< device pixels; width and height are 0 when there is no drawing
     std::array<CoveragePlane, static_cast<std::size_t>(MenuPlane::Count)> planes;
@@ -43,16 +43,16 @@ struct MenuPlanes {
     }
 };
 
-/// The planes of the rendered drawing by name. An empty answer for another number of planes.
+/// The planes of the rendered drawing by name. Empty if the number of planes differs.
 [[nodiscard]] MenuPlanes ToMenuPlanes(CoveragePlanes drawing);
 
-/// The drawing at another size; each pixel takes the mean of what it covers.
+/// The drawing at another size; each pixel is the mean of the area that it covers.
 [[nodiscard]] MenuPlanes Resize(const MenuPlanes& source, Size size);
 
 /// The colors of one face. Plain RGB.
 struct MenuColors {
     ColorWord surface;
-    /// By plane. What a face does not show has a strength of 0.
+    /// By plane. A plane that the face does not show has a strength of 0.
     struct Tint {
         ColorWord color;
         int percent = 100;
@@ -75,7 +75,7 @@ struct ContrastColors {
 [[nodiscard]] MenuColors ColorsOf(MenuFace face);
 [[nodiscard]] MenuColors ColorsOf(MenuFace face, const ContrastColors& contrast);
 
-/// Which of the slots hold a program; these show no well.
+/// Which of the slots have a program; these show no well.
 using FilledSlots = std::array<bool, kMenuSlots>;
 
 /// The face as rows of 0x00RRGGBB from the top, as a device-independent bitmap holds them.

@@ -43,7 +43,7 @@ bool TakesDrop(MenuPoint at, int fileCount) {
 int ShellIconSize(std::u16string_view stored) {
     const double size = ParseLeadingNumber(stored);
     constexpr double kSmallest = 1;
-    constexpr double kLargest = 256;  // no icon has more
+    constexpr double kLargest = 256;  // no icon is larger
     return size >= kSmallest && size <= kLargest ? static_cast<int>(size) : kUsualShellIcon;
 }
 

@@ -9,7 +9,7 @@
 
 namespace quillo {
 
-/// What a new note will look like.
+/// The look of a new note.
 struct NotePreviewLook {
     ColorWord note;
     ColorWord border;
@@ -20,10 +20,10 @@ struct NotePreviewLook {
     Scale scale;
 };
 
-/// A small note that shows how new notes will look. It only shows: neither the mouse nor the keys do anything in it.
+/// A small note that shows the look of new notes. It does not react to the mouse or the keys.
 class NotePreview : public Window, private AccessibleSource {
   public:
-    /// `name` is what a screen reader speaks. False on failure.
+    /// Screen readers speak `name`. False on failure.
     bool Create(HWND parent, int id, const wchar_t* name);
     void Show(const NotePreviewLook& look);
 

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kMessageBoxId = 1;
 
-/// The text box is the system's own under another name.
+/// The text box is the system's own control under another class name.
 bool RegisterTextBoxClass() {
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof windowClass;
@@ -56,7 +56,7 @@ void NotifyWindow::OnTextChanged() {
 }
 
 bool SendToRunningInstance(std::u16string_view commandLine, DWORD patience) {
-    // The other instance may be starting still: it is given the time to open its channel.
+    // The other instance may still be starting: it gets time to open its channel.
     HWND box = AwaitNotifyBox(patience);
     if (box == nullptr) return false;
     SendToNotifyBox(box, Wide(std::u16string(commandLine)));

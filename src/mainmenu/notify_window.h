@@ -8,8 +8,8 @@
 
 namespace quillo {
 
-/// The hidden window through which a later start of the program hands its command line to this one. The names of its
-/// classes are a protocol: any sender that knows them is understood.
+/// The hidden window through which a later start of the program passes its command line to this one. The names of its
+/// window classes are a protocol: any sender that knows them can use it.
 class NotifyWindow : public Window {
   public:
     ~NotifyWindow() override { Destroy(); }
@@ -18,7 +18,7 @@ class NotifyWindow : public Window {
     bool Load();
     void Unload() { Destroy(); }
 
-    /// A command line has come. It must not unload this window before it returns.
+    /// A command line has arrived. The handler must not unload this window.
     std::function<void(std::u16string_view)> onCommand;
 
   protected:
@@ -30,8 +30,8 @@ class NotifyWindow : public Window {
     HWND messageBox_ = nullptr;
 };
 
-/// Hands a command line to the running instance; false when none is to be found before `patience` milliseconds have
-/// passed. Returns when the other one has dealt with it, however long that takes.
+/// Passes a command line to the running instance; false if none is found within `patience` milliseconds. Returns when
+/// the other instance has handled it, however long that takes.
 bool SendToRunningInstance(std::u16string_view commandLine, DWORD patience);
 
 }  // namespace quillo

@@ -8,7 +8,7 @@
 
 namespace quillo {
 
-/// The page of what notes look like: colors, font, translucency.
+/// The page for the look of notes: colors, font, translucency.
 class OptionsAppearancePage : public ContentPanel {
   public:
     OptionsAppearancePage(OptionsController& controller, BusyFlag& dialogs);
@@ -26,7 +26,7 @@ class OptionsAppearancePage : public ContentPanel {
     void PlaceLook(PageColumn& column) const;
     void PlaceSlider(PageColumn& column) const;
     void BrowseForFont();
-    /// The font's description, set in that font, and a note that looks as new ones will.
+    /// Shows the font's description in that font, and a note with the look of new ones.
     void ShowLook();
 
     NotePreview preview_;

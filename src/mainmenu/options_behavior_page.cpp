@@ -21,7 +21,7 @@ namespace {
 
 using C = OptionControl;
 
-constexpr int kColumnGap = 28;  // pixels at 96 dpi between the two columns, the line in the middle of it
+constexpr int kColumnGap = 28;  // pixels at 96 dpi between the two columns, with the line in the middle
 constexpr int kLineWidth = 2;
 
 }  // namespace
@@ -81,10 +81,10 @@ void OptionsBehaviorPage::OnStartupChecked() {
         notice_.WarnOfChoice(kStartupWarning);
         if (Handle() != nullptr) {
             SetTopmost(Dialog(), true);
-            SetForegroundWindow(Dialog());  // the box belonged to no window: any other could have got the keyboard
+            SetForegroundWindow(Dialog());  // the box had no owner: another window could have got the focus
         }
     }
-    // Written also when the dialog went while the box was open: the user has read the warning.
+    // Written even if the dialog was closed while the box was open: the user has read the warning.
     Controller().SetChecked(C::SpecialStartupCheck, checked);
 }
 

@@ -8,7 +8,7 @@ namespace quillo {
 
 class UserNotice;
 
-/// The page of what notes do: making, closing and deleting them, balloons, files, reminders, starting with Windows.
+/// The page for the behavior of notes: creating, closing, deleting, balloons, files, reminders, starting with Windows.
 class OptionsBehaviorPage : public ContentPanel {
   public:
     OptionsBehaviorPage(OptionsController& controller, BusyFlag& dialogs, UserNotice& notice)

@@ -30,7 +30,7 @@ const FlagSetting* FindFlag(std::u16string_view name) {
     return nullptr;
 }
 
-/// From 0 for the first program shortcut.
+/// 0 for the first program shortcut.
 std::size_t ShortcutIndex(C box) {
     constexpr auto kStep = static_cast<std::size_t>(C::ShortcutBox2) - static_cast<std::size_t>(C::ShortcutBox1);
     return (static_cast<std::size_t>(box) - static_cast<std::size_t>(C::ShortcutBox1)) / kStep;
@@ -78,7 +78,7 @@ bool OptionsController::NeedsWarning(OptionControl check, bool checked) const {
 }
 
 void OptionsController::SetStartupMode(int mode) {
-    // Only notes it down: the value that starts the program with Windows is the quit procedure's.
+    // Only stored: the quit procedure sets or deletes the value that starts the program with Windows.
     world_.settings.startupMode = mode;
     TesselRegistry registry(world_.registry, kUserKey);
     registry.SetValueLong(RowOf(C::SpecialStartupCheck).settings.front(), mode);
@@ -220,7 +220,7 @@ void OptionsController::Close(const OptionsTexts& texts) {
     Save(RowOf(C::SurfaceKeyBox));
     world_.owner.RegisterHotKeys();
 
-    // An emptied box is silence until the next start, which puts the default sound back.
+    // An emptied box means silence until the next start, which restores the default sound.
     world_.settings.reminder = texts.reminder;
     Save(RowOf(C::ReminderSoundBox));
     world_.settings.noteFolder = std::u16string(Trim(texts.noteFolder));

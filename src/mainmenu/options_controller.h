@@ -16,7 +16,7 @@ class RegistryApi;
 class Shell;
 class SoundDevice;
 
-/// What the options dialog asks of the main form.
+/// The main form as the options dialog sees it.
 class OptionsOwner {
   public:
     virtual ~OptionsOwner() = default;
@@ -28,7 +28,7 @@ class OptionsOwner {
     virtual void RedrawResources() = 0;
 };
 
-/// What the options dialog works with. One object serves every opening and outlives it.
+/// What the options dialog uses. One object serves every opening and outlives it.
 struct OptionsWorld {
     Settings& settings;
     const std::u16string& notesFolder;
@@ -48,10 +48,10 @@ struct OptionsTexts {
 };
 
 /// What the controls of the options dialog show, and what a change of one does: the setting, its registry value, the
-/// open notes. While the dialog fills its controls, until FinishLoading, changes do nothing.
+/// open notes. While the dialog fills its controls, until FinishLoading, changes have no effect.
 class OptionsController {
   public:
-    /// The opacity at the slider's right end: faint, but there.
+    /// The opacity at the slider's right end: faint, but visible.
     static constexpr int kFaintest = 32;
     static constexpr int kOpaque = 255;
     /// The slider runs from 0, which is opaque, to this.
@@ -59,14 +59,14 @@ class OptionsController {
 
     explicit OptionsController(const OptionsWorld& world) : world_(world) {}
 
-    /// The dialog opens again.
+    /// Called when the dialog opens again.
     void StartLoading() { loading_ = true; }
-    /// Writes "Startup mode" as it was read, and nothing else; changes count from now on.
+    /// Writes "Startup mode" as it was read, and nothing else; changes have effect from now on.
     void FinishLoading();
 
     [[nodiscard]] bool IsChecked(OptionControl check) const;
     void SetChecked(OptionControl check, bool checked);
-    /// True when the user is to be warned before SetChecked.
+    /// True if the user must be warned before SetChecked.
     [[nodiscard]] bool NeedsWarning(OptionControl check, bool checked) const;
 
     void PickColors(ColorWord note, ColorWord border, ColorWord text);
@@ -77,19 +77,19 @@ class OptionsController {
     void ChooseFont(const FontSetting& font);
 
     [[nodiscard]] int SliderValue() const;
-    /// What a screen reader says of that value: how opaque notes are, in percent.
+    /// That value for screen readers: the opacity of notes, in percent.
     [[nodiscard]] static std::u16string OpacityText(int sliderValue);
     /// Also makes the notes translucent.
     void MoveSlider(int value);
 
-    /// What a text box, a key box or the label of a folder shows.
+    /// The text of a text box, a key box or the label of a folder.
     [[nodiscard]] std::u16string TextOf(OptionControl control) const;
-    /// A key going down in a key box; true when it is that hotkey's key from now on.
+    /// A key pressed in a key box; true if it becomes that hotkey's key.
     bool PressKey(OptionControl keyBox, int virtualKey);
-    /// The keys of a line on the Help page, with the hotkeys as they are now.
+    /// The keys of a line on the Help page, with the current hotkeys.
     [[nodiscard]] std::u16string HelpKeys(const OptionsHelpKey& line) const;
 
-    /// Says which hotkeys do not work because another program has them, and what to do about it; "" when all work.
+    /// Names the hotkeys that do not work because another program owns them, and the remedy; "" if all work.
     [[nodiscard]] std::u16string HotkeysTakenText() const;
 
     void PlaySound(std::u16string_view path);
@@ -98,7 +98,7 @@ class OptionsController {
 
     /// The close button: shortcuts, hotkeys, texts, the menu's artwork.
     void Close(const OptionsTexts& texts);
-    /// Ends the sound that was tried out; also for a dialog that goes with the program.
+    /// Stops the sound that was tried out; also for a dialog that ends with the program.
     void StopSound();
 
   private:

@@ -37,7 +37,7 @@ constexpr std::array<TabIconStrip, 8> kTabIconStrips{{{16, IDR_TAB_ICONS_16},
                                                       {40, IDR_TAB_ICONS_40},
                                                       {48, IDR_TAB_ICONS_48}}};
 
-/// The strip of that size, else the next larger one, which shrinks better than a smaller one grows.
+/// The strip of that size, or the next larger one: shrinking looks better than enlarging.
 int TabIconsFor(int edge) {
     const auto fits = std::find_if(kTabIconStrips.begin(), kTabIconStrips.end(),
                                    [edge](const TabIconStrip& strip) { return strip.edge >= edge; });
@@ -74,7 +74,7 @@ bool OptionsForm::Open() {
         SetTopmost(Handle(), true);
         SetFocus(tabStrip_.Handle());
     }
-    // What it asks in a dialog of the system comes forward with it.
+    // A dialog of the system that it has open comes forward with it.
     SetForegroundWindow(GetLastActivePopup(Handle()));
     return true;
 }
@@ -106,7 +106,7 @@ void OptionsForm::MoveToMiddle() const {
 LRESULT OptionsForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE) OnActivated();
     const LRESULT result = DialogWindow::HandleMessage(message, wParam, lParam);
-    // The system has given the focus back to the control that had it, whose page a drag may have hidden meanwhile.
+    // The system returns the focus to the control that had it; a drag may have hidden its page meanwhile.
     if (message == WM_ACTIVATE || message == WM_SETFOCUS) KeepFocusShown();
     return result;
 }
@@ -184,7 +184,7 @@ void OptionsForm::ShowPage(OptionsPage page) {
 bool OptionsForm::OnKeyDown(WPARAM key) {
     if (key != VK_TAB || GetKeyState(VK_CONTROL) >= 0) return false;
     const std::size_t step = GetKeyState(VK_SHIFT) < 0 ? kOptionsPageCount - 1 : 1;
-    SetFocus(tabStrip_.Handle());  // not in a control of a page that hides
+    SetFocus(tabStrip_.Handle());  // not in a control on a page that is about to be hidden
     ShowPage(static_cast<OptionsPage>((static_cast<std::size_t>(current_) + step) % kOptionsPageCount));
     return true;
 }

@@ -18,22 +18,22 @@ namespace quillo {
 class UserNotice;
 
 /// The options dialog: a strip of tabs, the page of the current tab, and a button that closes. While it is open, the
-/// windows that the program had before take no input; notes show each change at once all the same. Open returns when
-/// the dialog is on the screen, because hotkeys, later starts and reminders go on. It can be opened again after it has
+/// program's earlier windows accept no input; notes still show each change at once. Open returns as soon as the dialog
+/// is on the screen, because hotkeys, later starts and reminders keep working. It can be opened again after it has
 /// closed.
 class OptionsForm : public DialogWindow {
   public:
     OptionsForm(const OptionsWorld& world, UserNotice& notice, MessageLoop& loop, BusyFlag& dialogs);
     ~OptionsForm() override { Unload(); }
 
-    /// Opens the dialog, or brings the open one forward. False on failure.
+    /// Opens the dialog, or brings the open one to the front. False on failure.
     bool Open();
-    /// Takes the dialog away with the program: what is typed in its boxes is not saved.
+    /// Closes the dialog with the program: text typed in its boxes is not saved.
     void Unload();
 
     [[nodiscard]] OptionsPage CurrentPage() const { return current_; }
     void ShowPage(OptionsPage page);
-    /// The window of one of its controls, on whatever page; null while the dialog is not open.
+    /// The window of one of its controls, on any page; null while the dialog is not open.
     [[nodiscard]] HWND ControlWindow(OptionControl control) const;
     [[nodiscard]] HWND TabStripWindow() const { return tabStrip_.Handle(); }
     [[nodiscard]] HWND CloseButton() const { return Item(IDOK); }
@@ -42,10 +42,10 @@ class OptionsForm : public DialogWindow {
     void CreateControls() override;
     void LayOut(HDC dc) override;
     void OnCommand(int id, int notification) override;
-    /// Esc, the window's own close box and the button all save alike.
+    /// Esc, the window's own close box and the button all save in the same way.
     void OnClose() override;
     void OnGone() override;
-    /// Ctrl+Tab goes to the next page, with Shift to the one before.
+    /// Ctrl+Tab selects the next page, with Shift the previous one.
     bool OnKeyDown(WPARAM key) override;
     void OnFontsChanged() override;
     void OnColorsChanged() override { SetTabIcons(); }
@@ -56,12 +56,12 @@ class OptionsForm : public DialogWindow {
     void CreateToolTips();
     void SetTabIcons();
     void MoveToMiddle() const;
-    /// The keyboard never stays in a page that is hidden.
+    /// Moves the focus if its control is on a hidden page.
     void KeepFocusShown() const;
     void OnActivated();
-    /// Input goes to the dialog alone, and the program counts as busy.
+    /// Directs input to the dialog alone and makes the program busy.
     void TakeInput();
-    /// Before the window goes: the system gives the keyboard to a window that can take it.
+    /// Called before the window ends: the system then gives the focus to a window that accepts it.
     void GiveInputBack();
 
     BusyFlag& dialogs_;

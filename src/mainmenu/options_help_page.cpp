@@ -14,7 +14,7 @@ namespace {
 
 using C = OptionControl;
 
-constexpr int kNoId = -1;  // a label that nothing refers to
+constexpr int kNoId = -1;  // a label that no code refers to
 
 // Pixels at 96 dpi.
 constexpr int kLineGap = 3;
@@ -49,7 +49,7 @@ void OptionsHelpPage::Load() {
 }
 
 int OptionsHelpPage::PlaceKeys(PageColumn& column) const {
-    // Two columns of the same build, the first half of the lines in the left one.
+    // Two columns, with the first half of the lines in the left one.
     constexpr std::size_t kHalf = (std::tuple_size_v<decltype(lines_)> + 1) / 2;
     const int height = column.LineHeight();
     const int step = height + column.Px(kLineGap);

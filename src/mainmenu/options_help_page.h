@@ -6,13 +6,13 @@
 
 namespace quillo {
 
-/// The page that answers what most people ask: the keys, where notes are, how to have a deleted one back.
+/// The page with the most frequent questions: the keys, the place of the notes, how to restore a deleted one.
 class OptionsHelpPage : public ContentPanel {
   public:
     OptionsHelpPage(OptionsController& controller, BusyFlag& dialogs)
         : ContentPanel(OptionsPage::Help, controller, dialogs) {}
 
-    /// Also names the hotkeys as they are now.
+    /// Also shows the current hotkeys.
     void Load() override;
 
   protected:

@@ -15,8 +15,8 @@ class OptionsShortcutsPage : public ContentPanel {
         : ContentPanel(OptionsPage::Shortcuts, controller, dialogs) {}
 
     void Load() override;
-    /// Shows what the settings hold now where the user has not changed the box: programs can be dropped on the menu
-    /// while the dialog is open.
+    /// Shows the current settings in every box that the user has not changed: programs can be dropped on the menu while
+    /// the dialog is open.
     void Refresh();
     [[nodiscard]] std::array<std::u16string, 4> Shortcuts() const;
 
@@ -29,7 +29,7 @@ class OptionsShortcutsPage : public ContentPanel {
     void OnKey(OptionControl keyBox, int virtualKey);
     void BrowseForProgram(OptionControl box);
 
-    std::array<std::u16string, 4> loaded_;  ///< what the boxes were filled with
+    std::array<std::u16string, 4> loaded_;  ///< the initial content of the boxes
     KeyBox newNoteBox_;
     KeyBox surfaceBox_;
 };

@@ -16,12 +16,12 @@ constexpr OptionSaving kOnClose = OptionSaving::OnClose;
 
 constexpr std::u16string_view kShortcutTip = u"Click the [...] button to browse for programs.";
 
-/// A check box that holds one flag.
+/// A check box for one flag.
 constexpr OptionRow Check(C control, OptionsPage page, std::u16string_view caption, std::u16string_view setting,
                           E effect = E::None) {
     return {control, page, K::Check, caption, u"", kAtOnce, {setting}, effect, false};
 }
-/// The same where the registry holds the opposite.
+/// The same, with the opposite value in the registry.
 constexpr OptionRow InvertedCheck(C control, OptionsPage page, std::u16string_view caption, std::u16string_view setting,
                                   E effect = E::None) {
     return {control, page, K::Check, caption, u"", kAtOnce, {setting}, effect, true};

@@ -14,16 +14,16 @@ enum class OptionsPage { Appearance, Shortcuts, Behavior, Help };
 inline constexpr std::size_t kOptionsPageCount = 4;
 inline constexpr std::u16string_view kOptionsCaption = u"Quillo options";
 inline constexpr std::u16string_view kOptionsTabs = u"Appearance|Shortcuts|Behavior|Help";
-/// The words of a page's tab.
+/// The caption of a page's tab.
 [[nodiscard]] std::u16string_view NameOf(OptionsPage page);
 inline constexpr std::u16string_view kCloseButtonCaption = u"&Close";
 
-/// What is asked before Quillo no longer starts with Windows.
+/// The question before Quillo no longer starts with Windows.
 inline constexpr std::u16string_view kStartupWarning =
     u"Please note that this is an option intended mainly for advanced users.  While this is checked, Quillo will "
     u"always be unavailable unless you run it explicitly.  Be sure that this is what you want before you continue.";
 
-/// Everything that stands on the pages, in reading order, which is the order of the Tab key.
+/// Every control of the pages in reading order, which is the order of the Tab key.
 enum class OptionControl {
     // Appearance
     AppearanceHeading,
@@ -109,7 +109,7 @@ enum class OptionControl {
     OpenHelpButton,
 };
 
-/// The numbers of the windows: of a page's panel, and of a control on it.
+/// The ids of the windows: of a page's panel, and of a control on it.
 inline constexpr int kFirstPanelId = 100;
 inline constexpr int kFirstOptionId = 200;
 [[nodiscard]] constexpr int PanelIdOf(OptionsPage page) {
@@ -135,17 +135,17 @@ enum class OptionKind {
     KeyList
 };
 
-/// What a change asks of the open notes.
+/// What a change applies to the open notes again.
 enum class OptionEffect {
     None,
-    Translucency,  ///< their translucency anew
-    Appearance,    ///< their colors, font, scroll bars and drop targets anew
+    Translucency,  ///< their translucency
+    Appearance,    ///< their colors, font, scroll bars and drop targets
 };
 
-/// When what a control holds is written.
+/// When the value of a control is saved.
 enum class OptionSaving { Never, AtOnce, OnClose };
 
-/// One control: what it says, and the settings that it writes.
+/// One control: its caption, and the settings that it changes.
 struct OptionRow {
     OptionControl control;
     OptionsPage page;
@@ -153,10 +153,10 @@ struct OptionRow {
     std::u16string_view caption;
     std::u16string_view toolTip{};
     OptionSaving saving = OptionSaving::Never;
-    /// The registry values, from the first on; the rest is empty.
+    /// The registry values, from the first on; the remaining entries are empty.
     std::array<std::u16string_view, 4> settings{};
     OptionEffect effect = OptionEffect::None;
-    bool inverted = false;  ///< a check box: the registry holds the opposite of what is checked
+    bool inverted = false;  ///< a check box: the registry has the opposite of the box's state
 };
 
 [[nodiscard]] const OptionRow& RowOf(OptionControl control);
@@ -165,19 +165,19 @@ struct OptionRow {
 inline constexpr std::size_t kOptionControlCount = static_cast<std::size_t>(OptionControl::OpenHelpButton) + 1;
 [[nodiscard]] const std::array<OptionRow, kOptionControlCount>& OptionsTable();
 
-/// Where the keys of a line on the Help page come from.
+/// The source of the keys of a line on the Help page.
 enum class HelpKeySource {
-    NewNoteHotkey,  ///< as the user has chosen it
+    NewNoteHotkey,  ///< the key that the user has chosen
     SurfaceHotkey,
     Note,  ///< the table of a note's keys
-    Edit   ///< the system's own in a text box
+    Edit   ///< the system's keys in a text box
 };
 /// A line of the list of keys on the Help page.
 struct OptionsHelpKey {
     HelpKeySource source;
     std::u16string_view meaning;
-    NoteAction action = NoteAction::None;  ///< of the source Note
-    std::u16string_view keys{};            ///< of the source Edit
+    NoteAction action = NoteAction::None;  ///< if the source is Note
+    std::u16string_view keys{};            ///< if the source is Edit
 };
 [[nodiscard]] const std::array<OptionsHelpKey, 13>& OptionsHelpKeys();
 

@@ -16,7 +16,7 @@ constexpr int kHeadingGap = 6;
 constexpr int kCheckGap = 3;
 constexpr int kAirAboveDivider = 8;
 constexpr int kDividerGap = 6;
-constexpr int kDividerAir = 4;  // what a divider is higher than its caption
+constexpr int kDividerAir = 4;  // how much higher a divider is than its caption
 constexpr int kSmallButtonGap = 4;
 constexpr int kSmallButtonWidth = 30;
 

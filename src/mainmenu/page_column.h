@@ -9,8 +9,8 @@ namespace quillo {
 
 class ContentPanel;
 
-/// Stacks the controls of a page below each other, each at the height that its text needs. Gaps are pixels at 96 dpi,
-/// places and lengths device pixels.
+/// Stacks the controls of a page, each as high as its text needs. Gaps are pixels at 96 dpi, places and lengths device
+/// pixels.
 class PageColumn {
   public:
     PageColumn(ContentPanel& panel, HDC dc, int left, int top, int width)
@@ -20,20 +20,20 @@ class PageColumn {
     /// A label, wrapped at the column's width.
     void PutText(OptionControl label, int gapAfter);
     void PutCheck(OptionControl check);
-    /// A captioned line; with air above unless it is the first of its column.
+    /// A captioned line; with space above unless it is the first of its column.
     void PutDivider(OptionControl divider);
     void PutFirstDivider(OptionControl divider);
-    /// A text box as wide as the column less the small buttons at its right.
+    /// A text box as wide as the column minus the small buttons to its right.
     void PutBox(OptionControl box, std::initializer_list<OptionControl> smallButtons, int gapAfter);
-    /// The same with its label at its left; `labelWidth` is what the widest label of the group takes.
+    /// The same with a label to its left; `labelWidth` is the width of the widest label of the group.
     void PutLabeledBox(OptionControl label, int labelWidth, OptionControl box,
                        std::initializer_list<OptionControl> smallButtons, int gapAfter);
-    /// A push button at the right edge, and a box or a wrapped label in the room at its left.
+    /// A push button at the right edge, and a box or a wrapped label in the space to its left.
     void PutBoxWithButton(OptionControl box, OptionControl button, int gapAfter);
     void PutTextWithButton(OptionControl label, OptionControl button, int gapAfter);
-    /// A control of that size somewhere in the column.
+    /// A control of that size at a given place in the column.
     void PlaceAt(OptionControl control, int left, int top, int width, int height) const;
-    /// A label at the height of a text box at `top`, its text on the line of the box's.
+    /// A label for a text box at `top`, with both texts on one line.
     void PlaceLabelAt(OptionControl label, int left, int top, int width) const;
     void Advance(int height, int gapAfter);
 
@@ -46,7 +46,7 @@ class PageColumn {
     [[nodiscard]] HDC Dc() const { return dc_; }
     [[nodiscard]] int Left() const { return left_; }
     [[nodiscard]] int Width() const { return width_; }
-    /// Below everything so far, the last gap included.
+    /// The bottom of all controls so far, the last gap included.
     [[nodiscard]] int Bottom() const { return bottom_; }
 
   private:

@@ -13,7 +13,7 @@
 namespace quillo {
 namespace {
 
-// Not every toolchain's library has it.
+// Some toolchains' libraries lack it.
 constexpr IID kImageListId{0x46EB5926, 0x582E, 0x4017, {0x9F, 0xDF, 0xE8, 0x99, 0x8D, 0xAA, 0x09, 0x50}};
 
 HIMAGELIST FindIcon(const std::u16string& file, int& index) {
@@ -38,7 +38,7 @@ int EdgeOf(HIMAGELIST list) {
 
 ShortcutIcon::ShortcutIcon(const std::u16string& file, int size) : list_(FindIcon(file, index_)), size_(size) {
     if (list_ == nullptr || EdgeOf(list_) == size) return;
-    // The system's list is made for one resolution: a larger picture, where there is one, shrinks better than it grows.
+    // The system's list has one resolution: shrinking a larger picture, if there is one, looks better than enlarging.
     ComPtr<IImageList> larger;
     const bool grows = EdgeOf(list_) < size;
     if (grows) Ignore(SHGetImageList(SHIL_EXTRALARGE, kImageListId, larger.PutVoid()), "then the small one grows");

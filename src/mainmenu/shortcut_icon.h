@@ -10,7 +10,7 @@
 
 namespace quillo {
 
-/// The shell's icon of a file, `size` pixels square; the icon of its kind when the file is not there.
+/// The shell's icon of a file, `size` pixels square; the icon of its type if the file does not exist.
 class ShortcutIcon {
   public:
     ShortcutIcon(const std::u16string& file, int size);
@@ -18,10 +18,10 @@ class ShortcutIcon {
     void Draw(HDC dc, Point at) const;
 
   private:
-    int index_ = 0;              // before the list, with which it is found
+    int index_ = 0;              // declared before the list, which is found together with it
     HIMAGELIST list_ = nullptr;  ///< the system's own
     int size_;
-    IconHandle resized_;  ///< where the system's list has another size
+    IconHandle resized_;  ///< used if the system's list has another size
 };
 
 }  // namespace quillo

@@ -8,7 +8,7 @@
 
 namespace quillo {
 
-/// An icon that is to be looked up for a slot of the menu.
+/// The request for the icon of a slot of the menu.
 struct IconRequest {
     int slot = 0;  ///< 1 to 4; 0 for none
     std::u16string file;
@@ -16,14 +16,14 @@ struct IconRequest {
     friend bool operator==(const IconRequest&, const IconRequest&) = default;
 };
 
-/// Which icons the menu's slots need, and which of the answers, that come later and in any order, are still of use.
+/// Which icons the menu's slots need, and which of the answers, which arrive later and in any order, are still useful.
 class SlotIcons {
   public:
-    /// The icons that nobody has been asked for yet.
+    /// The icons that have not been requested yet.
     [[nodiscard]] std::vector<IconRequest> ToLookUp(const std::array<std::u16string, kMenuSlots>& shortcuts, int size);
-    /// Whether this icon is what its slot waits for or shows.
+    /// Whether its slot waits for this icon or shows it.
     [[nodiscard]] bool IsWanted(const IconRequest& request) const;
-    /// The files may have other icons by now: all are to be looked up again.
+    /// The files may have other icons now: all of them must be looked up again.
     void DropRequests() { asked_ = {}; }
 
   private:
