@@ -11,7 +11,9 @@ NoteButtonBar::NoteButtonBar(NoteButtonImages& images)
     : close_(images), pushpin_(images), menu_(images), sign_(images) {
     menu_.SetPicture(ButtonPicture::Menu);
     menu_.SetMenuMode(true);
-    menu_.onMouseDown = [this] { onAction(NoteAction::OpenMenu); };
+    menu_.onMouseDown = [this] {
+        if (!HasClosedMenu(static_cast<DWORD>(GetMessageTime()))) onAction(NoteAction::OpenMenu);
+    };
     pushpin_.SetPicture(ButtonPicture::Pushpin);
     pushpin_.onClick = [this] { onAction(NoteAction::TogglePin); };
     close_.SetPicture(ButtonPicture::Close);
@@ -70,9 +72,12 @@ void NoteButtonBar::MenuOpens() {
 void NoteButtonBar::MenuHasClosed() {
     menu_.HoldDown(false);
     tips_.SetActive(true);
-    // A press on the button closes the menu; it must not open the next one.
-    MSG press{};
-    PeekMessageW(&press, menu_.Handle(), WM_LBUTTONDOWN, WM_LBUTTONDOWN, PM_REMOVE);
+    menuClosedAt_ = GetTickCount();
+}
+
+bool NoteButtonBar::HasClosedMenu(DWORD pressedAt) const {
+    // Both times wrap around together.
+    return menuClosedAt_ && static_cast<LONG>(pressedAt - *menuClosedAt_) <= 0;
 }
 
 void NoteButtonBar::PointerIsOver(HWND child) {

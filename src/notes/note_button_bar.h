@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "controls/note_button.h"
 #include "notes/note_commands.h"
@@ -47,12 +48,17 @@ class NoteButtonBar {
     void DropToolTips() { tips_.DropHandle(); }
 
   private:
+    /// A press on the button while the menu is open closes the menu, and reaches the button afterwards: it must not
+    /// open the next menu. `pressedAt` is in milliseconds since the system's start.
+    [[nodiscard]] bool HasClosedMenu(DWORD pressedAt) const;
+
     NoteButton close_;
     NoteButton pushpin_;
     NoteButton menu_;
     SaveSign sign_;
     ToolTips tips_;
     Scale scale_;
+    std::optional<DWORD> menuClosedAt_;  ///< in milliseconds since the system's start
 };
 
 /// Moves a child of a window, if it exists.

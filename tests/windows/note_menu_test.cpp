@@ -141,6 +141,36 @@ TEST_F(NoteMenuTest, TheMenuButtonDoesNotStayLitAfterItsMenuWasClosed) {
     EXPECT_NE(GetCapture(), button);
 }
 
+TEST_F(NoteMenuTest, ThePressThatClosesTheMenuDoesNotOpenItAgain) {
+    ASSERT_TRUE(one_.Settle());
+    Show();
+    const HWND button = one_.Child(ChildId::kMenuButton);
+    const auto press = [button] {
+        PostMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+        PostMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    };
+    int opened = 0;
+    const auto first = WhenAMenuIsOpen([&](HWND) {
+        press();
+        EndMenu();
+        ++opened;
+    });
+    PressMenuButton();
+    EXPECT_TRUE(first.IsDone());
+    const auto second = WhenAMenuIsOpen([&](HWND) {
+        EndMenu();
+        ++opened;
+    });
+    PumpWaiting();
+    EXPECT_EQ(opened, 1);
+    // The next press opens it.
+    const DWORD closedAt = GetTickCount();
+    EXPECT_TRUE(PumpUntil([closedAt] { return GetTickCount() != closedAt; }));
+    press();
+    EXPECT_TRUE(PumpUntil([&] { return second.IsDone(); }));
+    EXPECT_EQ(opened, 2);
+}
+
 TEST_F(NoteMenuTest, TheKeyboardOpensTheMenuAndChooses) {
     ASSERT_TRUE(one_.Settle());
     Show();
