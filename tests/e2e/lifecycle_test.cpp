@@ -83,8 +83,8 @@ TEST_F(Lifecycle, ACoveredButtonIsNotPressed) {
     EXPECT_EQ(RunToEnd(L"above.txt", Outside().Path()), 0U);
     const NoteWindow above = WaitForNote(Quillo(), L"above");
     ASSERT_TRUE(Eventually([&] { return WindowFromPoint(at) == above.Button(NoteButtonId::Close); }));
-    PressMouse();
-    ReleaseMouse();
+    PressMouse(at);
+    ReleaseMouse(at);
     EXPECT_TRUE(Eventually([&] { return !above.Exists() || !below.Exists(); }));
     EXPECT_TRUE(below.Exists()) << "the covered note was closed";
     EXPECT_FALSE(above.Exists());

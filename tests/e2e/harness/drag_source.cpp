@@ -117,9 +117,10 @@ class SourceWindow {
                 return pressed;
             },
             [] {
-                ReleaseMouse();
-                MoveMouse(POINT{20, 20});
-                PressMouse();
+                constexpr POINT kInside{20, 20};
+                ReleaseMouse(kInside);
+                MoveMouse(kInside);
+                PressMouse(kInside);
             });
     }
 
@@ -128,7 +129,8 @@ class SourceWindow {
 };
 
 void ReleaseIfDown() {
-    if (GetAsyncKeyState(VK_LBUTTON) < 0) ReleaseMouse();
+    POINT now{};
+    if (GetAsyncKeyState(VK_LBUTTON) < 0 && GetCursorPos(&now) != 0) ReleaseMouse(now);
 }
 
 }  // namespace

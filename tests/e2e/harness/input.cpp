@@ -14,6 +14,18 @@ INPUT MouseInput(DWORD flags) {
     return input;
 }
 
+/// Moves the pointer to a place on the screen, in device pixels.
+INPUT MoveInput(POINT to) {
+    constexpr int kSpan = 65536;  // what the system divides the virtual screen into
+    const int width = GetSystemMetrics(SM_CXVIRTUALSCREEN);
+    const int height = GetSystemMetrics(SM_CYVIRTUALSCREEN);
+    INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK);
+    // Rounded up: the system rounds down on the way back.
+    input.mi.dx = ((to.x - GetSystemMetrics(SM_XVIRTUALSCREEN)) * kSpan + width - 1) / width;
+    input.mi.dy = ((to.y - GetSystemMetrics(SM_YVIRTUALSCREEN)) * kSpan + height - 1) / height;
+    return input;
+}
+
 INPUT KeyInput(WORD key, bool up) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
@@ -62,42 +74,42 @@ void MoveMouse(POINT to) {
         std::chrono::seconds(1));
 }
 
-void PressMouse() {
-    Send({MouseInput(MOUSEEVENTF_LEFTDOWN)});
+void PressMouse(POINT at) {
+    Send({MoveInput(at), MouseInput(MOUSEEVENTF_LEFTDOWN)});
 }
 
-void ReleaseMouse() {
-    Send({MouseInput(MOUSEEVENTF_LEFTUP)});
+void ReleaseMouse(POINT at) {
+    Send({MoveInput(at), MouseInput(MOUSEEVENTF_LEFTUP)});
 }
 
 void DragMouse(POINT from, POINT to) {
     constexpr int kSteps = 8;
     MoveMouse(from);
-    PressMouse();
+    PressMouse(from);
     (void)MouseIsTaken(from);
     for (int i = 1; i <= kSteps; ++i) {
         MoveMouse(POINT{from.x + (to.x - from.x) * i / kSteps, from.y + (to.y - from.y) * i / kSteps});
     }
-    ReleaseMouse();
+    ReleaseMouse(to);
 }
 
 void ClickMouse(POINT at) {
     MoveMouse(at);
-    PressMouse();
-    ReleaseMouse();
+    PressMouse(at);
+    ReleaseMouse(at);
 }
 
 void RightClickMouse(POINT at) {
     MoveMouse(at);
-    Send({MouseInput(MOUSEEVENTF_RIGHTDOWN)});
-    Send({MouseInput(MOUSEEVENTF_RIGHTUP)});
+    Send({MoveInput(at), MouseInput(MOUSEEVENTF_RIGHTDOWN)});
+    Send({MoveInput(at), MouseInput(MOUSEEVENTF_RIGHTUP)});
 }
 
 void ClickMouseHolding(WORD key, POINT at) {
     MoveMouse(at);
     Send({KeyInput(key, false)});
-    PressMouse();
-    ReleaseMouse();
+    PressMouse(at);
+    ReleaseMouse(at);
     Send({KeyInput(key, true)});
 }
 
