@@ -59,6 +59,26 @@ bool MouseIsTaken(POINT at) {
         std::chrono::seconds(2));
 }
 
+/// True unless a window of the active program that `at` is not over has the mouse: a button takes it while the pointer
+/// is over it, to see it leave.
+bool MouseIsFreeFor(POINT at) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    if (GetGUIThreadInfo(0, &info) == 0 || info.hwndCapture == nullptr) return true;
+    if ((info.flags & GUI_INMENUMODE) != 0) return true;
+    RECT place{};
+    return GetWindowRect(info.hwndCapture, &place) == 0 || PtInRect(&place, at) != 0;
+}
+
+/// Lets the button that the pointer has left see that, before it takes a press that is not its own.
+void LeaveOtherButtons(POINT at) {
+    constexpr int kAttempts = 8;
+    for (int i = 0; i < kAttempts; ++i) {
+        if (Eventually([at] { return MouseIsFreeFor(at); }, std::chrono::milliseconds(250))) return;
+        Send({MoveInput(POINT{at.x + 1, at.y}), MoveInput(at)});
+    }
+}
+
 }  // namespace
 
 void MoveMouse(POINT to) {
@@ -95,6 +115,7 @@ void DragMouse(POINT from, POINT to) {
 
 void ClickMouse(POINT at) {
     MoveMouse(at);
+    LeaveOtherButtons(at);
     PressMouse(at);
     ReleaseMouse(at);
 }
