@@ -19,7 +19,7 @@ LateFunction<decltype(LresultFromObject)>& ToLresult() {
     return function;
 }
 
-/// S_FALSE and null for an empty text, as readers expect.
+/// S_FALSE and null for an empty text, as screen readers expect.
 HRESULT GiveText(const std::u16string& text, BSTR* out) {
     static LateFunction<decltype(SysAllocStringLen)> allocate(L"oleaut32.dll", "SysAllocStringLen");
     *out = nullptr;
@@ -41,7 +41,8 @@ HRESULT GiveNothing(VARIANT* out) {
 
 }  // namespace
 
-/// What a reader holds. It can outlive its control: it then answers that there is nothing any more.
+/// The object that a screen reader holds. It can outlive its control: it then reports that the control no longer
+/// exists.
 class AccessibleObject : public IAccessible {
   public:
     AccessibleObject(HWND window, AccessibleSource& source) : window_(window), source_(&source) {
@@ -54,7 +55,7 @@ class AccessibleObject : public IAccessible {
 
     void Disconnect() { source_ = nullptr; }
     [[nodiscard]] HWND Window() const { return window_; }
-    /// False when the system's own object, which knows the way to the neighbors, could not be had.
+    /// False if the system's own object, which finds the neighboring objects, could not be created.
     [[nodiscard]] bool IsComplete() const { return static_cast<bool>(standard_); }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
@@ -71,7 +72,7 @@ class AccessibleObject : public IAccessible {
         return left;
     }
 
-    // Readers use the interface itself, never the names of its members.
+    // Screen readers call the interface directly, never by the names of its members.
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
         *count = 0;
         return S_OK;
@@ -90,7 +91,7 @@ class AccessibleObject : public IAccessible {
     }
     HRESULT STDMETHODCALLTYPE get_accChild(VARIANT part, IDispatch** child) override {
         if (HoldsWindows()) return standard_->get_accChild(part, child);
-        *child = nullptr;  // the parts are no objects of their own
+        *child = nullptr;  // the parts are not objects of their own
         return S_FALSE;
     }
     HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* name) override {
@@ -197,7 +198,7 @@ class AccessibleObject : public IAccessible {
     }
 
     HWND window_;
-    AccessibleSource* source_;  // null after its control has gone
+    AccessibleSource* source_;  // null after its control has ended
     ComPtr<IAccessible> standard_;
     ULONG references_ = 1;
 };
@@ -214,9 +215,9 @@ void AccessibleLink::Cut() {
 }
 
 LRESULT AccessibleLink::Answer(HWND window, WPARAM wParam, LPARAM lParam) {
-    // The number is negative, and only 32 bits of it arrive from a program of the other size.
+    // The number is negative, and a 32-bit program passes only 32 bits of it.
     if (static_cast<LONG>(lParam) == OBJID_CLIENT && ToLresult().Get() != nullptr) {
-        if (object_ != nullptr && object_->Window() != window) Cut();  // the control was made anew
+        if (object_ != nullptr && object_->Window() != window) Cut();  // the control has a new window
         if (object_ == nullptr) object_ = new AccessibleObject(window, source_);
         if (object_->IsComplete()) return ToLresult().Get()(IID_IAccessible, wParam, object_);
     }

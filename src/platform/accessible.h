@@ -10,14 +10,14 @@
 
 namespace quillo {
 
-/// What a screen reader is told of a drawn control, or of one part of it.
+/// The description of a drawn control, or of one of its parts, for screen readers.
 struct AccessiblePart {
     std::u16string name;
     LONG role = ROLE_SYSTEM_CLIENT;
-    LONG state = 0;  ///< of the control itself focus, visibility and being disabled are added
+    LONG state = 0;  ///< for the control itself, focus, visibility and the disabled state are added
     std::u16string value;
     std::u16string description;
-    std::u16string action;  ///< the verb for what activating it does; empty when it cannot be activated
+    std::u16string action;  ///< the verb for activating it; empty if it cannot be activated
     Rect place;             ///< of a part, in pixels of the client area
 };
 
@@ -25,19 +25,19 @@ struct AccessiblePart {
 class AccessibleSource {
   public:
     virtual ~AccessibleSource() = default;
-    /// The name is the window's text when it is left empty.
+    /// An empty name means the window's text.
     [[nodiscard]] virtual AccessiblePart Describe(int part) const = 0;
     [[nodiscard]] virtual int PartCount() const { return 0; }
-    /// The part that has the keyboard while the control has it; 0 for the control itself.
+    /// The part that has the focus while the control has it; 0 for the control itself.
     [[nodiscard]] virtual int FocusedPart() const { return 0; }
-    /// Whether it is a window around others, which readers reach through it as through any window of the system.
+    /// Whether it contains other windows, which screen readers reach as in any window of the system.
     [[nodiscard]] virtual bool HoldsWindows() const { return false; }
     virtual void Activate(int /*part*/) {}
 };
 
 class AccessibleObject;
 
-/// Stands in the control, answers WM_GETOBJECT for it, and cuts the readers off when the control goes.
+/// A member of the control that answers its WM_GETOBJECT, and disconnects the screen readers when the control ends.
 class AccessibleLink {
   public:
     explicit AccessibleLink(AccessibleSource& source) : source_(source) {}

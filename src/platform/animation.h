@@ -2,12 +2,13 @@
 
 namespace quillo {
 
-/// Whether the user wants windows to move at all, as set for every program.
+/// Whether the user has allowed animation for all programs.
 [[nodiscard]] bool SystemAnimates();
 /// Whether the screen is shown on another machine.
 [[nodiscard]] bool IsRemoteSession();
 
-/// For its length the system's clock ticks every millisecond: a short sleep would last two or three times as long.
+/// Sets the system's timer resolution to a millisecond for a scope: a short sleep would last two or three times as
+/// long.
 class FineClockScope {
   public:
     FineClockScope();

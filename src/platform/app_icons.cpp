@@ -50,7 +50,7 @@ void WindowIcons::GiveTo(HWND window, const Scale& scale) {
     IconHandle large = LoadIconOfSize(IDI_QUILLO, LargeIconEdge(scale));
     SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
     SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large.Get()));
-    // The old ones go only now that the window has let go of them.
+    // The old icons are destroyed only now that the window no longer uses them.
     small_ = std::move(small);
     large_ = std::move(large);
 }

@@ -5,8 +5,8 @@
 
 namespace quillo {
 
-/// The icon of a resource from its own picture of that size. Never a handle that others share: the system hands out a
-/// shared icon in whichever size was asked for first.
+/// Loads the icon of a resource from its picture of that size. Never a shared handle: the system returns a shared icon
+/// in the size that was requested first.
 [[nodiscard]] IconHandle LoadIconOfSize(int resource, int edge);
 /// The edges of the system's small and large icons at a resolution.
 [[nodiscard]] int SmallIconEdge(const Scale& scale);
@@ -17,9 +17,9 @@ namespace quillo {
 /// The program's icon for the notification area, loaded again when the task bar's resolution has changed.
 class TrayPicture {
   public:
-    /// Borrowed, and valid until the next call that answers true to HasChanged.
+    /// Borrowed, and valid until the next call after HasChanged has returned true.
     [[nodiscard]] HICON Handle();
-    /// Whether the next picture is another one.
+    /// Whether the next picture differs.
     [[nodiscard]] bool HasChanged() const;
 
   private:
@@ -30,7 +30,7 @@ class TrayPicture {
 /// The two icons of a window, for its caption, the task bar and the list of Alt+Tab.
 class WindowIcons {
   public:
-    /// Gives the window icons of its resolution, and takes back those that it had.
+    /// Sets the window's icons for its resolution, and destroys its earlier ones.
     void GiveTo(HWND window, const Scale& scale);
 
   private:

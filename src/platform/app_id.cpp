@@ -12,7 +12,7 @@ namespace quillo {
 bool TakeRegisteredAppId(std::u16string_view id, HRESULT(WINAPI* take)(PCWSTR)) {
     const std::u16string name(id);
     const std::u16string key = u"Software\\Classes\\AppUserModelId\\" + name;
-    // Asked for without opening the key for writing, which would make it.
+    // Checked without opening the key for writing, which would create it.
     if (RegGetValueW(HKEY_CURRENT_USER, Wide(key), L"DisplayName", RRF_RT_REG_SZ, nullptr, nullptr, nullptr) !=
         ERROR_SUCCESS) {
         return false;

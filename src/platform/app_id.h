@@ -6,9 +6,9 @@
 
 namespace quillo {
 
-/// Gives the process the name under which an installer has registered the program's name and icon, so that its balloons
-/// carry them. Without the registration nothing is taken: the system would show the bare id instead. `take` is the
-/// system's own call but in tests. True when it was called and has worked.
+/// Sets the application id under which an installer has registered the program's name and icon, so that its balloons
+/// show them. Does nothing without the registration: the system would show the bare id instead. `take` replaces the
+/// system call in tests. True if the call was made and succeeded.
 bool TakeRegisteredAppId(std::u16string_view id, HRESULT(WINAPI* take)(PCWSTR) = nullptr);
 
 }  // namespace quillo

@@ -34,7 +34,7 @@ std::uint32_t Pixel(std::uint8_t red, std::uint8_t green, std::uint8_t blue, std
            static_cast<std::uint32_t>(green) << 8 | blue;
 }
 
-/// A glyph's coverage at that size, from the next larger drawing where it is not drawn for that size.
+/// A glyph's coverage at that size, scaled down from the next larger drawing if it has none of that size.
 CoveragePlane GlyphCoverage(Glyph glyph, int edge) {
     const auto fits = std::find_if(kRendered.begin(), kRendered.end(),
                                    [edge](const RenderedGlyphs& rendered) { return rendered.edge >= edge; });
@@ -70,7 +70,7 @@ IconHandle MakeGlyphIcon(Glyph glyph, int edge, ColorWord color) {
     const CoveragePlane coverage = GlyphCoverage(glyph, edge);
     std::uint32_t* pixels = nullptr;
     const BitmapHandle picture = MakeDib(Size{edge, edge}, &pixels);
-    // The mask is asked for and, beside pixels that have an alpha, not used.
+    // The call requires a mask, but ignores it for pixels that have an alpha.
     const BitmapHandle mask(CreateBitmap(edge, edge, 1, 1, nullptr));
     if (coverage.empty() || pixels == nullptr || !mask) return {};
     const auto channel = [](int value) { return static_cast<std::uint8_t>(value); };

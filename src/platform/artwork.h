@@ -11,7 +11,7 @@ namespace quillo {
 /// The glyphs that the program colors, in the order of their planes.
 enum class Glyph : int { Bell, Close, Browse, Play, Count };
 
-/// The planes of an embedded drawing; empty where it cannot be read.
+/// The planes of an embedded drawing; empty if it cannot be read.
 [[nodiscard]] CoveragePlanes LoadPlanes(int resource, std::size_t count);
 
 /// An embedded picture of four planes (red, green, blue, alpha) as a bitmap of 32-bit pixels; null on failure.

@@ -16,7 +16,7 @@ class ComPtr {
     [[nodiscard]] Interface* Get() const { return object_; }
     Interface* operator->() const { return object_; }
     explicit operator bool() const { return object_ != nullptr; }
-    /// For a call that fills it in; only while it is empty.
+    /// For a call that fills it; allowed only while it is empty.
     [[nodiscard]] Interface** Put() { return &object_; }
     [[nodiscard]] void** PutVoid() { return reinterpret_cast<void**>(&object_); }
 

@@ -7,7 +7,7 @@
 
 namespace quillo {
 
-/// COM for the length of a call; harmless where the thread has it already.
+/// Initializes COM for the length of a call; harmless if the thread has it already.
 class ComScope {
   public:
     ComScope() : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}

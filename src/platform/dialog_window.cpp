@@ -32,14 +32,14 @@ bool DialogWindow::CreateHidden(const DialogPlan& dialog) {
     WNDCLASSEXW windowClass{};
     windowClass.lpszClassName = dialog.className;
     windowClass.hCursor = ArrowCursor();
-    windowClass.cbWndExtra = DLGWINDOWEXTRA;  // the system's dialog procedure keeps focus and default button there
+    windowClass.cbWndExtra = DLGWINDOWEXTRA;  // the system's dialog procedure stores focus and default button there
     const std::u16string caption(dialog.caption);
     WindowPlan plan;
     plan.title = Wide(caption);
     plan.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
     plan.exStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
     plan.parent = dialog.owner;
-    // Made where it will open, so that the system gives it that monitor's resolution.
+    // Created where it will open, so that the system gives it that monitor's resolution.
     const Rect area = WorkAreaOf(dialog.owner);
     plan.place = Rect{area.left, area.top, 0, 0};
     return Window::Create(windowClass, plan);
@@ -88,7 +88,7 @@ void DialogWindow::OnCreate() {
     CreateControls();
     LayOutOnMonitor();
     SendMessageW(Handle(), DM_SETDEFID, IDOK, 0);
-    // Focus marks and underlined letters as the user was working last: with the keyboard or with the mouse.
+    // Focus marks and underlined letters depend on what the user used last, the keyboard or the mouse.
     SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
     loop_.AddDialog(Handle(), [this](WPARAM key) { return OnKeyDown(key); });
 }
@@ -129,7 +129,7 @@ void DialogWindow::PassColorsOn(UINT message, WPARAM wParam, LPARAM lParam) {
 void DialogWindow::ApplyFonts() {
     DialogFonts fonts = MakeDialogFonts(scale_);
     std::swap(fonts_, fonts);
-    // The old fonts go at the end of this scope, after every control has let go of them.
+    // The old fonts are deleted at the end of this scope, when no control uses them any more.
     for (HWND child = GetWindow(Handle(), GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
         SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(GetDlgCtrlID(child))), FALSE);
     }
@@ -172,7 +172,7 @@ void DialogWindow::WrapToolTips() const {
     if (toolTips_) SendMessageW(toolTips_.Get(), TTM_SETMAXTIPWIDTH, 0, Px(kToolTipWidth));
 }
 
-// Where everything stands.
+// Layout.
 
 Rect DialogWindow::WindowRect() const {
     return PlaceOf(Handle());
@@ -225,7 +225,7 @@ void ControlColumn::PutText(HWND label, HFONT font, std::u16string_view text, in
     Put(label, indent, MeasureText(dc_, font, text, width_ - indent).height, gapAfter);
 }
 
-// How it looks.
+// Appearance.
 
 void DialogWindow::PaintGround(HDC dc) const {
     const Rect client = ClientRect();

@@ -5,7 +5,7 @@
 namespace quillo {
 namespace {
 
-/// Hidden windows of others, such as those of an input method, are none of the user's.
+/// Hidden windows, such as those of an input method, do not belong to the user.
 bool TakesInput(HWND window) {
     const bool own = reinterpret_cast<HINSTANCE>(GetClassLongPtrW(window, GCLP_HMODULE)) == ThisModule();
     return IsWindowEnabled(window) != 0 && (own || IsWindowVisible(window) != 0);
@@ -19,7 +19,7 @@ DisabledWindows::DisabledWindows(HWND spared) : spared_(spared) {
 
 DisabledWindows::~DisabledWindows() {
     for (HWND window : windows_) {
-        // The handle of a window that has gone may belong to another thread's by now.
+        // The handle of a window that has ended may belong to another thread by now.
         if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId()) EnableWindow(window, TRUE);
     }
 }

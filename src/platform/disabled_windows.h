@@ -6,12 +6,12 @@
 
 namespace quillo {
 
-/// While it is alive, the top-level windows of this thread that could take input when it was made take none. Windows
-/// made later do. Scopes can nest: each enables only what it has disabled itself.
+/// While it is alive, the top-level windows of this thread that accepted input at its construction accept none. Windows
+/// created later do. Scopes can nest: each enables only the windows that it has disabled itself.
 class DisabledWindows {
   public:
-    /// `spared` keeps its input; it may be null. The owner of a dialog of the system is spared, because such a dialog
-    /// disables its owner itself and enables it again before it goes: otherwise another program would come forward.
+    /// `spared` still accepts input; it may be null. Spare the owner of a system dialog: such a dialog disables its
+    /// owner itself and enables it again before it ends; otherwise another program would come to the front.
     explicit DisabledWindows(HWND spared = nullptr);
     DisabledWindows(const DisabledWindows&) = delete;
     DisabledWindows& operator=(const DisabledWindows&) = delete;

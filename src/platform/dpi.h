@@ -6,12 +6,12 @@
 
 namespace quillo {
 
-/// The resolution that the session started with: the one in which places on the screen are stored.
+/// The resolution at the start of the session, in which places on the screen are stored.
 [[nodiscard]] Scale SystemScale();
-/// The resolution of the monitor that a window stands on; the system's where the system has only one.
+/// The resolution of a window's monitor; the system's if it has only one.
 [[nodiscard]] Scale WindowScale(HWND window);
-/// What a top-level window of these styles takes on the screen around a client area of that size, with the frame of a
-/// monitor of that resolution.
+/// The size on the screen of a top-level window with these styles around a client area of that size, with the frame of
+/// a monitor of that resolution.
 [[nodiscard]] Size WindowSizeFor(Size client, DWORD style, DWORD exStyle, const Scale& scale);
 /// The resolution of the monitor nearest to a point.
 [[nodiscard]] Scale PointScale(POINT point);

@@ -13,7 +13,7 @@ bool DropRegistration::Register(OleSession& ole, DropTargetPtr target) {
 
 void DropRegistration::Release() {
     if (!target_) return;
-    // Emptied first: OLE may let messages run.
+    // Emptied first: OLE may pump messages.
     const DropTargetPtr target = std::exchange(target_, nullptr);
     target->Disconnect();
     RevokeDragDrop(target->Window());

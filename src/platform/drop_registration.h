@@ -6,13 +6,13 @@
 
 namespace quillo {
 
-/// A drop target's reference of its maker.
+/// Releases the reference that the creator of a drop target holds.
 struct ReleaseDropTarget {
     void operator()(DropTarget* target) const { target->Release(); }
 };
 using DropTargetPtr = std::unique_ptr<DropTarget, ReleaseDropTarget>;
 
-/// A window that takes drops for as long as this lives and is not released.
+/// Registers a window for drops, as long as this lives and is not released.
 class DropRegistration {
   public:
     DropRegistration() = default;
@@ -20,9 +20,10 @@ class DropRegistration {
     DropRegistration& operator=(const DropRegistration&) = delete;
     ~DropRegistration() { Release(); }
 
-    /// Takes drops on the target's window. False when OLE refuses: `target` is given up, and another try may succeed.
+    /// Accepts drops on the target's window. False if OLE refuses: `target` is released, and another attempt may
+    /// succeed.
     [[nodiscard]] bool Register(OleSession& ole, DropTargetPtr target);
-    /// No drop comes any more; while the window still exists.
+    /// Ends the drops; must be called while the window still exists.
     void Release();
     [[nodiscard]] bool IsRegistered() const { return target_ != nullptr; }
 

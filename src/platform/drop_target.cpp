@@ -14,7 +14,7 @@ FORMATETC GlobalMemory(CLIPFORMAT format) {
     return FORMATETC{format, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
 }
 
-/// Data handed over in global memory, released at the end of the scope.
+/// Dropped data in global memory, released at the end of the scope.
 class DroppedMemory {
   public:
     DroppedMemory(IDataObject* data, CLIPFORMAT format) {
@@ -40,7 +40,7 @@ class DroppedMemory {
     const char* bytes_ = nullptr;
 };
 
-/// Keeps a target alive while it answers: its owner may let go of it in a message that runs meanwhile.
+/// Keeps a target alive during a call: its owner may release it in a message pumped meanwhile.
 class OwnReference {
   public:
     explicit OwnReference(IUnknown& object) : object_(object) { object_.AddRef(); }
@@ -104,12 +104,12 @@ ULONG STDMETHODCALLTYPE DropTarget::AddRef() {
 
 ULONG STDMETHODCALLTYPE DropTarget::Release() {
     const ULONG left = --references_;
-    if (left == 0) delete this;  // the one kind of object whose owner is OLE
+    if (left == 0) delete this;  // the only kind of object that OLE owns
     return left;
 }
 
 bool DropTarget::TakesDrops() const {
-    // Both calls answer FALSE for a window that has gone.
+    // Both calls return FALSE for a window that no longer exists.
     return connected_ && IsWindowEnabled(window_) != 0 && IsWindowEnabled(GetAncestor(window_, GA_ROOT)) != 0;
 }
 

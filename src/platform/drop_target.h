@@ -13,7 +13,7 @@
 
 namespace quillo {
 
-/// OLE for the user-interface thread. It starts at the first use and ends with the program.
+/// OLE for the user-interface thread. It is started at its first use and ended with the program.
 class OleSession {
   public:
     OleSession() = default;
@@ -21,24 +21,24 @@ class OleSession {
     OleSession& operator=(const OleSession&) = delete;
     ~OleSession();
 
-    /// False when the system refuses; what needs OLE is then done without.
+    /// False if the system refuses; features that need OLE are then unavailable.
     [[nodiscard]] bool Start();
 
   private:
     bool started_ = false;
 };
 
-/// Whether dragged data comes in that format, in global memory.
+/// Whether dragged data is available in that format, in global memory.
 [[nodiscard]] bool OffersFormat(IDataObject* data, CLIPFORMAT format);
-/// The bytes of dragged data in that format; "" when it does not have it.
+/// The bytes of dragged data in that format; "" if it does not have it.
 [[nodiscard]] std::string DroppedBytes(IDataObject* data, CLIPFORMAT format);
-/// The full paths of the files that are dragged; none when the data is no list of files.
+/// The full paths of the dragged files; none if the data is not a list of files.
 [[nodiscard]] std::vector<std::u16string> DroppedFiles(IDataObject* data);
 
-/// A drop target of one window. OLE counts its references, and whoever made it holds one.
+/// The drop target of one window. OLE counts its references, and its creator holds one.
 ///
-/// Every question to the dragged data may let messages run, in which the window can be disabled or end. A handler asks
-/// TakesDrops again after each of them. What a handler throws ends here: OLE could not unwind it.
+/// Every call to the dragged data may pump messages, in which the window can be disabled or destroyed. A handler checks
+/// TakesDrops again after each call. Exceptions from a handler are caught here: OLE could not unwind them.
 class DropTarget : public IDropTarget {
   public:
     /// `window` is borrowed.
@@ -56,17 +56,17 @@ class DropTarget : public IDropTarget {
     HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) final;
 
     [[nodiscard]] HWND Window() const { return window_; }
-    /// The window's owner goes, or wants no drops any more: no handler is called from now on.
+    /// The window's owner ends, or no longer accepts drops: no handler is called from now on.
     void Disconnect() { connected_ = false; }
 
   protected:
     virtual ~DropTarget() = default;
 
-    /// False once nothing may be taken: the target is disconnected, or its window or the window around that is
-    /// disabled or gone.
+    /// False once no drop may be accepted: the target is disconnected, or its window or the window around that is
+    /// disabled or destroyed.
     [[nodiscard]] bool TakesDrops() const;
 
-    // Each gets a point of the screen and the effects that the source offers, and answers the one that it chooses.
+    // Each gets a point of the screen and the effects that the source offers, and returns the one that it chooses.
     [[nodiscard]] virtual DWORD OnEnter(IDataObject* data, Point at, DWORD offered) = 0;
     [[nodiscard]] virtual DWORD OnOver(Point at, DWORD offered) = 0;
     virtual void OnLeave() {}

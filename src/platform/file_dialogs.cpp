@@ -12,7 +12,8 @@
 namespace quillo {
 namespace {
 
-/// The current folder as it was: a file dialog leaves it at the folder the user was in, which nobody could then remove.
+/// Restores the current folder: a file dialog changes it to the folder that the user was in, which then could not be
+/// deleted.
 class CurrentFolderScope {
   public:
     CurrentFolderScope() {
@@ -36,9 +37,9 @@ bool IsDialog(HWND window) {
 
 BOOL CALLBACK CancelDialogOf(HWND window, LPARAM owner) {
     if (GetWindow(window, GW_OWNER) != reinterpret_cast<HWND>(owner) || !IsDialog(window)) return TRUE;
-    CancelDialogsOf(window);  // its own question, such as whether to replace a file
+    CancelDialogsOf(window);  // the dialog's own question, such as whether to replace a file
     SendMessageW(window, WM_COMMAND, IDCANCEL, 0);
-    // A question without a Cancel button does not hear that.
+    // A question without a Cancel button ignores that.
     if (IsWindowVisible(window) != 0) EndDialog(window, IDCANCEL);
     return TRUE;
 }

@@ -7,26 +7,26 @@
 
 namespace quillo {
 
-/// What a file dialog shows and asks for.
+/// The content of a file dialog.
 struct FileDialogPlan {
     std::u16string_view title;
-    std::u16string_view filter;  ///< captions and patterns in turn, with "|" between them
+    std::u16string_view filter;  ///< captions and patterns alternately, separated by "|"
     std::u16string_view defaultExtension;
     DWORD flags = 0;               ///< OFN_...
-    std::u16string_view folder{};  ///< where the dialog starts; "" leaves that to the system
+    std::u16string_view folder{};  ///< where the dialog starts; "" lets the system decide
 };
 
-/// The filter as the system wants it: a NUL for each "|", and two at its end.
+/// The filter in the system's form: a NUL for each "|", and two at its end.
 [[nodiscard]] std::u16string SystemFilter(std::u16string_view filter);
 
-/// The system's dialog for a file to be written, modal to `owner`. The full path chosen; "" when the user canceled or
-/// the dialog was ended. Messages run meanwhile: the owner and what it belongs to may be gone afterwards.
+/// The system's dialog for a file to be written, modal to `owner`. The full path chosen; "" if the user canceled or the
+/// dialog was ended. Messages are pumped meanwhile: the owner and its object may be destroyed afterwards.
 [[nodiscard]] std::u16string BrowseForFileToSave(HWND owner, const FileDialogPlan& plan);
 
-/// The same for a file that is there.
+/// The same for an existing file.
 [[nodiscard]] std::u16string BrowseForFileToOpen(HWND owner, const FileDialogPlan& plan);
 
-/// Cancels the system's dialogs that belong to `owner`, to be called before it is destroyed.
+/// Cancels the system's dialogs that belong to `owner`; called before it is destroyed.
 void CancelDialogsOf(HWND owner);
 
 }  // namespace quillo

@@ -11,7 +11,7 @@
 namespace quillo {
 namespace {
 
-/// `data` is the path of the folder to start at, null-terminated.
+/// `data` is the path of the initial folder, null-terminated.
 int CALLBACK SelectStart(HWND browser, UINT message, LPARAM /*wParam*/, LPARAM data) noexcept {
     if (message == BFFM_INITIALIZED) SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, data);
     return 0;

@@ -7,7 +7,7 @@
 
 namespace quillo {
 
-/// Lets the user choose a folder in the system's folder browser, which starts at `folder`. "" when the user cancels.
+/// Lets the user choose a folder in the system's folder browser, which starts at `folder`. "" if the user cancels.
 /// Pumps messages.
 [[nodiscard]] std::u16string AskForFolder(HWND owner, std::u16string_view prompt, std::u16string_view folder);
 

@@ -12,13 +12,13 @@
 namespace quillo {
 namespace {
 
-// What can be stored; see Settings.
+// The sizes that can be stored; see Settings.
 constexpr int kLeastPoints = 7;
 constexpr int kMostPoints = 32;
 constexpr int kPointsPerInch = 72;
 constexpr double kTenthsOfAPoint = 10;
 
-/// The colors of notes are chosen elsewhere: the list of them in the font dialog would do nothing.
+/// Another dialog chooses the colors of notes: the list of colors in the font dialog would have no effect.
 UINT_PTR CALLBACK HideColors(HWND dialog, UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) noexcept {
     constexpr int kColorList = 0x473;
     constexpr int kColorLabel = 0x443;

@@ -7,8 +7,8 @@
 
 namespace quillo {
 
-/// Lets the user choose a note font in the system's font dialog, which starts with `font`. Nothing when the user
-/// cancels. Pumps messages.
+/// Lets the user choose a note font in the system's font dialog, which starts with `font`. Nothing if the user cancels.
+/// Pumps messages.
 [[nodiscard]] std::optional<FontSetting> AskForFont(HWND owner, const FontSetting& font);
 
 }  // namespace quillo

@@ -15,7 +15,7 @@ COLORREF ToColorRef(ColorWord color) {
 }
 
 void GdiCanvas::Fill(const Rect& area, ColorWord color) {
-    // The stock brush takes a color without an object of its own.
+    // The stock brush takes a color without creating an object.
     SetDCBrushColor(dc_, ToColorRef(color));
     const RECT rect = ToWin32(area);
     FillRect(dc_, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
@@ -33,7 +33,7 @@ void GdiCanvas::Line(Point from, Point to, int thickness, ColorWord color) {
     const SelectScope selected(dc_, pen.Get());
     MoveToEx(dc_, from.x, from.y, nullptr);
     LineTo(dc_, to.x, to.y);
-    // LineTo leaves its last point out.
+    // LineTo omits its last point.
     if (thickness <= 1) SetPixelV(dc_, to.x, to.y, ToColorRef(color));
 }
 

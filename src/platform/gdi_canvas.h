@@ -8,10 +8,10 @@ namespace quillo {
 
 /// The system's color for a color word: resolves references to system colors.
 [[nodiscard]] COLORREF ToColorRef(ColorWord color);
-/// The plain RGB color behind a color word.
+/// The plain RGB color that a color word means.
 [[nodiscard]] ColorWord Resolve(ColorWord color);
 
-/// Draws on a device context. Text is written in `fontName`.
+/// Draws on a device context. Text uses the font `fontName`.
 class GdiCanvas : public Canvas {
   public:
     /// `dc` is borrowed.

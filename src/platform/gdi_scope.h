@@ -50,7 +50,7 @@ class WindowDcScope {
     HDC dc_;
 };
 
-/// Drawing goes to an off-screen bitmap that is copied out in one step at the end of the scope, so that nothing
+/// Directs drawing to an off-screen bitmap, which is copied in one step at the end of the scope, so that nothing
 /// flickers. Coordinates are those of the target.
 class BufferedPaint {
   public:

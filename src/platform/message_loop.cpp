@@ -9,7 +9,7 @@ int MessageLoop::Run() {
     for (;;) {
         if (!idle_.empty() && PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) == 0) {
             RunIdleActions();
-            continue;  // an action may have asked for another one: no message need come to wake the loop
+            continue;  // an action may have added another one, and no message will wake the loop
         }
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got == 0) return static_cast<int>(message.wParam);
@@ -17,7 +17,7 @@ int MessageLoop::Run() {
         Dispatch(message);
         if (afterEach_) afterEach_();
         if (exitCode_) {
-            // The loop of a menu may have taken the system's notice of the end for itself.
+            // A menu's loop may have removed the system's quit message.
             PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
             return *exitCode_;
         }
@@ -32,7 +32,7 @@ void MessageLoop::Quit(int exitCode) {
 void MessageLoop::RunPending() {
     MSG message{};
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
-        if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));  // Run's to see
+        if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));  // left for Run
         Dispatch(message);
     }
 }

@@ -9,26 +9,27 @@
 
 namespace quillo {
 
-/// The program's one message loop, and what is to be done between two messages.
+/// The program's one message loop, and the work to do between two messages.
 class MessageLoop {
   public:
-    /// Runs until Quit; the answer is the exit code.
+    /// Runs until Quit; returns the exit code.
     int Run();
-    /// Ends Run after the message in hand, and the modal loops in between with theirs.
+    /// Ends Run after the current message, and the modal loops in between with theirs.
     void Quit(int exitCode);
-    /// Dispatches what waits now, in the middle of a handler: whatever the caller works with may be gone afterwards.
+    /// Dispatches the waiting messages in the middle of a handler: any object of the caller may be destroyed
+    /// afterwards.
     void RunPending();
 
-    /// While a window stands here, the keys of dialogs (Tab, Enter, Esc, the arrows) work among its controls.
-    /// `ownKeys`, when given, sees each key that goes down there first: true for one that is done with.
+    /// While a window is registered here, the keys of dialogs (Tab, Enter, Esc, the arrows) work among its controls.
+    /// `ownKeys`, if given, gets each key press first: true if it needs no further handling.
     void AddDialog(HWND dialog, std::function<bool(WPARAM)> ownKeys = {}) {
         dialogs_.push_back({dialog, std::move(ownKeys)});
     }
     void RemoveDialog(HWND dialog);
 
-    /// `action` runs once, when no message is waiting: for what start-up must not wait for.
+    /// `action` runs once, when no message is waiting: for work that start-up must not wait for.
     void RunWhenIdle(std::function<void()> action) { idle_.push_back(std::move(action)); }
-    /// `action` runs after every message that the loop has dispatched; no handler of a window is running then.
+    /// `action` runs after every message that the loop has dispatched, when no handler of a window is running.
     void RunAfterEach(std::function<void()> action) { afterEach_ = std::move(action); }
 
   private:

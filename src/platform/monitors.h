@@ -9,7 +9,7 @@ namespace quillo {
 
 /// The work areas of all monitors in screen pixels, the primary one first.
 [[nodiscard]] std::vector<Rect> WorkAreas();
-/// That of the monitor on which a window stands, or which is nearest to it; the primary one's for null.
+/// The work area of a window's monitor, or of the nearest one; the primary monitor's for null.
 [[nodiscard]] Rect WorkAreaOf(HWND window);
 /// The primary screen's whole size in pixels.
 [[nodiscard]] Size ScreenSize();

@@ -3,7 +3,7 @@
 namespace quillo {
 namespace {
 
-// What a sender looks for first.
+// Senders look for this class first.
 constexpr wchar_t kOlderFormClass[] = L"ThunderFormDC";
 constexpr wchar_t kOlderBoxClass[] = L"ThunderTextBox";
 
@@ -29,12 +29,12 @@ HWND AwaitNotifyBox(DWORD patience) {
 }
 
 void SendToNotifyBox(HWND box, const wchar_t* commandLine) {
-    // The user has just asked this process for something: the right to come to the front goes to the one that does it.
+    // The user has just started this process: its right to come to the front passes to the process that acts.
     DWORD process = 0;
     GetWindowThreadProcessId(box, &process);
     AllowSetForegroundWindow(process);
-    // Without a limit: the other one may be busy for longer than the system gives a program before it calls it hung,
-    // and the command would be lost.
+    // Without a limit: the other process may be busy for longer than the time after which the system treats a program
+    // as hung, and the command would be lost.
     SendMessageW(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(commandLine));
 }
 

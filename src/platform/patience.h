@@ -8,17 +8,17 @@
 
 namespace quillo {
 
-/// How long the program waits in all for files that other programs have open: a virus scanner, an indexer or a backup
-/// reads a fresh file for a moment. A second in any ten seconds, however many files are concerned.
+/// The total time that the program waits for files that other programs have open: a virus scanner, an indexer or a
+/// backup reads a new file for a moment. One second in any ten seconds, however many files are concerned.
 class Patience {
   public:
     using Sleeper = std::function<void(std::uint32_t milliseconds)>;
 
     Patience() : Patience([](std::uint32_t milliseconds) { Sleep(milliseconds); }) {}
-    /// `sleep` is what is done between two attempts.
+    /// `sleep` is called between two attempts.
     explicit Patience(Sleeper sleep) : sleep_(std::move(sleep)) {}
 
-    /// Sleeps for a moment; false when the time is used up.
+    /// Sleeps for a moment; false if the time is used up.
     [[nodiscard]] bool Wait() {
         constexpr std::uint64_t kWindowMilliseconds = 10'000;
         constexpr std::uint32_t kMostMilliseconds = 1000;
@@ -36,7 +36,7 @@ class Patience {
 
   private:
     Sleeper sleep_;
-    std::uint64_t since_ = 0;  ///< the tick count at the first wait of these ten seconds; 0 before any
+    std::uint64_t since_ = 0;  ///< the tick count at the first wait of this period; 0 before any
     std::uint32_t used_ = 0;   ///< milliseconds
 };
 

@@ -6,16 +6,16 @@
 
 namespace quillo {
 
-/// How the system is told that the end of the session has to wait, and that it may go on.
+/// The calls that delay the end of the session and let it continue.
 struct SessionEndCalls {
     std::function<void(HWND, const wchar_t*)> block;
     std::function<void(HWND)> allow;
 };
 
-/// The system's own; a system that does not have them is not told.
+/// The system's own calls; null on a system that lacks them.
 [[nodiscard]] SessionEndCalls SystemSessionEndCalls();
 
-/// While it lives, the system does not end the process for taking its time, and shows the user the reason.
+/// While it lives, the system does not end the process for being slow, and shows the user the reason.
 class SessionEndBlock {
   public:
     /// `calls` is borrowed, and so is `window`, which must be a top-level window of this thread.

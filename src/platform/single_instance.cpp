@@ -7,7 +7,7 @@
 namespace quillo {
 namespace {
 
-/// The user's security identifier as hexadecimal digits; "" when the system does not tell.
+/// The user's security identifier as hexadecimal digits; "" if it cannot be read.
 std::u16string UserMark() {
     HANDLE opened = nullptr;
     if (OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened) == 0) return {};
@@ -31,7 +31,7 @@ std::u16string UserMark() {
 }  // namespace
 
 SingleInstance::SingleInstance() {
-    // "Local" is the session: a user who is logged on twice has two desktops and a program on each.
+    // "Local" means the session: a user who is logged on twice has two desktops and a program on each.
     const std::u16string name = u"Local\\Quillo-" + UserMark();
     mutex_.Reset(CreateMutexW(nullptr, FALSE, Wide(name)));
     anotherRuns_ = GetLastError() == ERROR_ALREADY_EXISTS || (!mutex_ && GetLastError() == ERROR_ACCESS_DENIED);

@@ -6,8 +6,8 @@
 
 namespace quillo {
 
-/// Tells whether another process of the same user runs the program in this session. The system drops the mark with
-/// its process, so that a crashed predecessor leaves nothing behind.
+/// Detects whether another process of the same user runs the program in this session. The system deletes the mutex with
+/// its process, so a crashed process leaves nothing behind.
 class SingleInstance {
   public:
     SingleInstance();

@@ -9,13 +9,13 @@
 
 namespace quillo {
 
-/// A font of that many points; `weight` is FW_NORMAL or FW_BOLD, a `charset` of 0 is the system's choice.
+/// A font with that many points; `weight` is FW_NORMAL or FW_BOLD; with a `charset` of 0 the system chooses.
 [[nodiscard]] FontHandle MakeFont(std::u16string_view name, int points, int weight, Scale scale, int charset = 0);
 
-/// The room that a text takes, in device pixels: on one line, or wrapped at `wrapWidth` when that is above 0.
+/// The size of a text in device pixels: on one line, or wrapped at `wrapWidth` if that is above 0.
 [[nodiscard]] Size MeasureText(HDC dc, HFONT font, std::u16string_view text, int wrapWidth = 0);
 
-/// The caption of a window of this process, or what stands in a control.
+/// The caption of a window of this process, or the text of a control.
 [[nodiscard]] std::u16string WindowText(HWND window);
 
 }  // namespace quillo

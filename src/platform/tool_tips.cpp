@@ -9,11 +9,11 @@
 namespace quillo {
 namespace {
 
-/// Wide enough for a line of a tip; longer ones wrap. At 96 dpi.
+/// The maximum width of a line of a tip, at 96 dpi; longer lines wrap.
 constexpr int kWidestTip = 360;
 
-/// The user's own font for such texts at that scale; none where the system can tell it for one scale only, which is
-/// then the right one.
+/// The user's own font for tool tips at that scale; none if the system supports one scale only, whose font is then the
+/// right one.
 FontHandle TipFont(const Scale& scale) {
     static LateFunction<BOOL WINAPI(UINT, UINT, void*, UINT, UINT)> parametersForDpi(L"user32.dll",
                                                                                      "SystemParametersInfoForDpi");

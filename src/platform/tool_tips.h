@@ -10,8 +10,8 @@
 
 namespace quillo {
 
-/// The tool tips of a window's children. The control is made when the first of them is about to be wanted, and asks
-/// the window for each text when it shows it (TTN_GETDISPINFOW).
+/// The tool tips of a window's children. The control is created when one of them is about to be needed, and requests
+/// each text from the window when it shows it (TTN_GETDISPINFOW).
 class ToolTips {
   public:
     ToolTips() = default;
@@ -20,19 +20,19 @@ class ToolTips {
     ~ToolTips() { Destroy(); }
 
     [[nodiscard]] bool IsCreated() const { return tips_ != nullptr; }
-    /// Above topmost windows too. The window owns the control, which goes with it. False on failure.
+    /// In front of topmost windows too. The window owns the control, which is destroyed with it. False on failure.
     bool Create(HWND window, const Scale& scale);
     void Add(HWND child);
-    /// A part of the window itself, in its own pixels; `id` comes back with the question for its text.
+    /// Adds a part of the window itself, in device pixels; the request for its text has the same `id`.
     void AddArea(UINT_PTR id, const RECT& area);
-    /// While they are not active none stands: they would cover a menu that is open.
+    /// While inactive, no tip is shown: it would cover an open menu.
     void SetActive(bool active);
-    /// Until the next Create: for a window that has another scale now.
+    /// Destroys the control until the next Create: for a window whose scale has changed.
     void Destroy();
-    /// The window has gone, and the control with it.
+    /// Called when the window has been destroyed, and the control with it.
     void DropHandle() { tips_ = nullptr; }
 
-    /// Answers the control's question with a text, CR LF between its lines.
+    /// Answers the control's request with a text; CR LF separates its lines.
     void Answer(NMTTDISPINFOW& question, std::u16string text);
 
   private:

@@ -11,8 +11,8 @@ struct Running {
     UiTimer* timer;
 };
 
-/// The running timers of the one user-interface thread: a message that was already under way when its timer was
-/// stopped finds nothing here.
+/// The running timers of the one user-interface thread: a message that was already posted when its timer was stopped
+/// finds nothing here.
 std::vector<Running>& RunningTimers() {
     static std::vector<Running> timers;
     return timers;
@@ -55,7 +55,7 @@ void CALLBACK UiTimer::OnTimer(HWND, UINT, UINT_PTR id, DWORD) noexcept {
         const auto tick = timer->tick_;  // a copy: the tick may destroy its timer
         tick();
     } catch (...) {
-        // A tick that fails is given up; the next one comes.
+        // A failed tick is dropped; the next one follows.
     }
     if (destroyed) return;
     timer->ticking_ = false;

@@ -7,7 +7,7 @@
 
 namespace quillo {
 
-/// A timer of the user-interface thread. It never fires after it was stopped, and never while its tick still runs.
+/// A timer of the user-interface thread. It never fires after it has been stopped, nor while its own tick is running.
 class UiTimer {
   public:
     explicit UiTimer(std::function<void()> tick) : tick_(std::move(tick)) {}
@@ -15,7 +15,7 @@ class UiTimer {
     UiTimer& operator=(const UiTimer&) = delete;
     ~UiTimer();
 
-    /// Starts, or starts anew. An interval of 0 leaves the timer inert.
+    /// Starts or restarts the timer. An interval of 0 leaves it inactive.
     void Start(UINT milliseconds);
     void Stop();
     [[nodiscard]] bool IsRunning() const { return id_ != 0; }
@@ -26,7 +26,7 @@ class UiTimer {
     std::function<void()> tick_;
     UINT_PTR id_ = 0;
     bool ticking_ = false;
-    bool* destroyed_ = nullptr;  ///< set while ticking: tells the running tick that its timer has gone
+    bool* destroyed_ = nullptr;  ///< set while ticking: tells the running tick that its timer was destroyed
 };
 
 }  // namespace quillo

@@ -6,7 +6,7 @@
 
 namespace quillo {
 
-/// Owns one handle of the system and closes it with the function named by the type.
+/// Owns one handle of the system and closes it with the function in its type.
 template <typename Handle, auto CloseFunction, auto kNone = nullptr>
 class UniqueHandle {
   public:
@@ -24,7 +24,7 @@ class UniqueHandle {
     [[nodiscard]] Handle Get() const { return handle_; }
     explicit operator bool() const { return handle_ != None(); }
 
-    /// Gives the handle up without closing it.
+    /// Releases the handle without closing it.
     [[nodiscard]] Handle Release() { return std::exchange(handle_, None()); }
     void Reset(Handle handle = None()) {
         if (handle_ != None()) (void)CloseFunction(handle_);  // nothing can be done about a failed close

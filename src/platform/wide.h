@@ -9,7 +9,7 @@ namespace quillo {
 
 static_assert(sizeof(wchar_t) == sizeof(char16_t), "Windows text is UTF-16");
 
-// The core's text and the system's are the same code units under two types.
+// The core's text and the system's have the same code units under two types.
 
 /// Null-terminated, for a system call; valid as long as `text` is.
 [[nodiscard]] inline const wchar_t* Wide(const std::u16string& text) {

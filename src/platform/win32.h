@@ -1,6 +1,6 @@
 #pragma once
 
-// The only include of windows.h. UNICODE stays off and every call is suffixed (CreateWindowExW), because the generic
+// The only include of windows.h. UNICODE is off and every call has its suffix (CreateWindowExW), because the generic
 // names are macros and some of them (MessageBox, DrawText, FindWindow) are member names of ours.
 #ifdef UNICODE
 #undef UNICODE

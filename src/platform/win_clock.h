@@ -11,7 +11,7 @@ class WinClock : public Clock {
     [[nodiscard]] DaySerial Now() override;
 };
 
-/// A generator seeded from the system's clock and process: scatters notes and deals out colors, no more.
+/// A generator seeded from the system's clock and process: good enough to scatter notes and choose colors, no more.
 class WinRandom : public Random {
   public:
     WinRandom();

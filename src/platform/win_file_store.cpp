@@ -11,7 +11,7 @@
 namespace quillo {
 namespace {
 
-/// ERROR_DISK_QUOTA_EXCEEDED, which not every set of system headers has.
+/// ERROR_DISK_QUOTA_EXCEEDED, which some system headers lack.
 constexpr DWORD kDiskQuotaExceeded = 1295;
 
 DWORD Attributes(const std::u16string& path) {
@@ -54,7 +54,7 @@ FileError LastFileError() {
     return error == FileError::None ? FileError::Failed : error;
 }
 
-/// Writes every byte, in pieces that any file system takes. A full disk can show as a short count only.
+/// Writes every byte, in pieces that any file system accepts. A full disk may show only as a short count.
 FileError WriteAll(HANDLE file, std::string_view bytes) {
     constexpr std::size_t kPiece = 1U << 24;
     while (!bytes.empty()) {
@@ -74,7 +74,7 @@ std::optional<std::string> ReadAll(HANDLE file, std::uint64_t size) {
         DWORD read = 0;
         const auto wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size() - done, 1U << 30));
         if (ReadFile(file, bytes.data() + done, wanted, &read, nullptr) == 0) return std::nullopt;
-        if (read == 0) return std::nullopt;  // shorter than it said: somebody is writing it
+        if (read == 0) return std::nullopt;  // shorter than reported: another program is writing it
         done += read;
     }
     return bytes;
@@ -87,7 +87,7 @@ bool HasExtension(std::u16string_view name, std::u16string_view extension) {
                           WideData(extension), static_cast<int>(extension.size())) == CSTR_EQUAL;
 }
 
-/// False for what no waiting makes writable: a folder or a read-only file.
+/// False if no wait can make it writable: a folder or a read-only file.
 bool CanBecomeWritable(const std::u16string& path) {
     const DWORD attributes = Attributes(path);
     return attributes == INVALID_FILE_ATTRIBUTES ||
@@ -98,7 +98,7 @@ std::uint64_t Joined(DWORD high, DWORD low) {
     return static_cast<std::uint64_t>(high) << 32 | low;
 }
 
-/// Deletes the file as soon as its handle, which has the right to, is closed.
+/// Deletes the file as soon as its handle, which needs the right to delete, is closed.
 FileError DeleteOnClose(HANDLE file) {
     FILE_DISPOSITION_INFO disposition{};
     disposition.DeleteFile = TRUE;
@@ -160,7 +160,7 @@ std::optional<std::string> WinFileStore::Read(std::u16string_view path) {
                                       OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!file || GetFileType(file.Get()) != FILE_TYPE_DISK) return std::nullopt;
     LARGE_INTEGER size{};
-    constexpr LONGLONG kLargest = 0x1000'0000;  // 256 MB: far beyond every note file
+    constexpr LONGLONG kLargest = 0x1000'0000;  // 256 MB: far larger than any note file
     if (GetFileSizeEx(file.Get(), &size) == 0 || size.QuadPart > kLargest) return std::nullopt;
     return ReadAll(file.Get(), static_cast<std::uint64_t>(size.QuadPart));
 }
@@ -185,7 +185,7 @@ FileError WinFileStore::Create(std::u16string_view path, std::string_view bytes)
     FileHandle file(
         CreateFileW(Wide(name), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return LastFileError();
-    // Many systems take "nul.qln" in any folder for the device that swallows everything.
+    // Many systems treat "nul.qln" in any folder as the device that discards everything.
     if (GetFileType(file.Get()) != FILE_TYPE_DISK) return FileError::Failed;
     const FileError error = WriteAll(file.Get(), bytes);
     // Before the file is closed: a moment later another program may have it open.
@@ -229,7 +229,7 @@ std::vector<FileEntry> WinFileStore::List(std::u16string_view folder, std::u16st
     const FindHandle search(FindFirstFileW(Wide(pattern), &entry));
     if (!search) return files;
     do {
-        // The pattern takes everything, because the system would match a short name, too ("*.qln" finds "x.qlnx").
+        // The pattern matches everything, because the system would also match a short name ("*.qln" finds "x.qlnx").
         const std::u16string_view name = FromWide(entry.cFileName);
         if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 || !HasExtension(name, extension)) continue;
         files.push_back({prefix + std::u16string(name), Joined(entry.nFileSizeHigh, entry.nFileSizeLow),

@@ -28,7 +28,7 @@ class WinFileStore : public FileStore {
     [[nodiscard]] std::u16string TemporaryFolder() override;
 
   private:
-    /// Repeats a call that another program's open file blocks. `target` is the file that has to be writable.
+    /// Repeats a call that another program's open file blocks. `target` is the file that must be writable.
     template <typename Call>
     FileError Patiently(const std::u16string& target, Call call);
 

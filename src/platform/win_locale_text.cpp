@@ -15,14 +15,15 @@ constexpr std::size_t kLongestConversion = 0x3FFF'FFFF;
 std::u16string FromCodePage(UINT codePage, std::string_view bytes) {
     if (bytes.empty() || bytes.size() > kLongestConversion) return {};
     const int size = static_cast<int>(bytes.size());
-    // No code page gives more UTF-16 units than it has bytes.
+    // A code page never yields more UTF-16 units than bytes.
     std::u16string text(bytes.size(), u'\0');
     const int length = MultiByteToWideChar(codePage, 0, bytes.data(), size, WideBuffer(text), size);
     text.resize(static_cast<std::size_t>(length));
     return text;
 }
 
-/// Whole numbers need no locale: every one reads a sign and digits alike. Spares start-up the automation library.
+/// Whole numbers need no locale: all of them read a sign and digits alike. Keeps the automation library out of
+/// start-up.
 std::optional<double> ParsePlainNumber(std::u16string_view text) {
     const bool negative = !text.empty() && text.front() == u'-';
     const std::u16string_view digits = text.substr(negative ? 1 : 0);

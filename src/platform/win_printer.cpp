@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kPointsPerInch = 72;
 
-/// "" when there is none.
+/// "" if there is none.
 std::u16string DefaultPrinter() {
     static LateFunction<BOOL WINAPI(wchar_t*, DWORD*)> getDefault(L"winspool.drv", "GetDefaultPrinterW");
     if (getDefault.Get() == nullptr) return {};
@@ -23,7 +23,7 @@ std::u16string DefaultPrinter() {
     return name;
 }
 
-/// The pointer says that the program is at work; the next move of the mouse sets it right again.
+/// Shows the wait pointer; the next move of the mouse restores the right one.
 class WaitPointer {
   public:
     WaitPointer() : previous_(SetCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(kHourglass)))) {}
@@ -58,8 +58,8 @@ class WinPrintJob : public PrintJob {
   private:
     /// Remembers the first failure.
     void Check(bool done, PrintOutcome otherwise = PrintOutcome::Failed);
-    /// Makes a call at which the printer may show windows of its own; the user can cancel there. Such a call answers
-    /// with a number above 0.
+    /// Makes a call during which the printer may show windows of its own; the user can cancel there. Such a call
+    /// returns a number above 0 on success.
     template <typename Call>
     bool Ask(Call call);
     void ReadSheet();
@@ -67,10 +67,10 @@ class WinPrintJob : public PrintJob {
     BusyFlag::Scope busy_;
     WaitPointer waiting_;
     FontHandle font_;
-    MemoryDc dc_;  // after the font, which it must let go of before
+    MemoryDc dc_;  // after the font, which it must release first
     PrintSheet sheet_;
     PrintOutcome outcome_ = PrintOutcome::Printed;
-    bool open_ = false;  ///< the document was started and is neither ended nor withdrawn
+    bool open_ = false;  ///< the document was started and has been neither ended nor withdrawn
 };
 
 WinPrintJob::WinPrintJob(std::u16string_view documentName, BusyFlag& dialogs) : busy_(dialogs) {
@@ -84,7 +84,7 @@ WinPrintJob::WinPrintJob(std::u16string_view documentName, BusyFlag& dialogs) : 
     document.cbSize = sizeof document;
     document.lpszDocName = Wide(name);
     open_ = Ask([&] { return StartDocW(dc_.Get(), &document); });
-    // The surface begins where ink reaches; the job counts from the corner of the paper.
+    // The surface begins at the printable area; the job counts from the corner of the paper.
     SetViewportOrgEx(dc_.Get(), -sheet_.printable.left, -sheet_.printable.top, nullptr);
     SetBkMode(dc_.Get(), TRANSPARENT);
     SetTextColor(dc_.Get(), RGB(0, 0, 0));
@@ -164,7 +164,7 @@ void WinPrintJob::Text(Point at, std::u16string_view line) {
 }
 
 void WinPrintJob::Fill(const Rect& area, ColorWord color) {
-    // A brush of its own: not every printer's driver knows the system's changeable one.
+    // A new brush: some printer drivers do not support the system's changeable one.
     const BrushHandle brush(CreateSolidBrush(ToColorRef(color)));
     const RECT rect = ToWin32(area);
     Check(brush && FillRect(dc_.Get(), &rect, brush.Get()) != 0);

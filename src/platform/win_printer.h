@@ -6,10 +6,10 @@ namespace quillo {
 
 class BusyFlag;
 
-/// The default printer of the moment, by way of GDI. The spooler's library is loaded at the first printing.
+/// The current default printer, through GDI. The spooler's library is loaded for the first document.
 class WinPrinter : public Printer {
   public:
-    /// `dialogs` is set as long as a job lasts: the printer may show windows of its own.
+    /// `dialogs` is set for the life of a job: the printer may show windows of its own.
     explicit WinPrinter(BusyFlag& dialogs) : dialogs_(dialogs) {}
     [[nodiscard]] std::unique_ptr<PrintJob> Open(std::u16string_view documentName) override;
 

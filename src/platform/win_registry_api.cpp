@@ -17,8 +17,8 @@ HKEY AsRoot(RegistryApi::Key root) {
     return reinterpret_cast<HKEY>(static_cast<LONG_PTR>(static_cast<LONG>(static_cast<ULONG>(root))));
 }
 
-/// The registry's data as text: two bytes a character, without the last one, which is the null that the system
-/// returns. A value of another type is read the same way.
+/// The registry's data as text: two bytes per character, without the last one, which is the null that the system
+/// returns. A value of another type is read in the same way.
 std::u16string DataAsText(const void* data, DWORD bytes) {
     const std::size_t characters = bytes / sizeof(char16_t);
     if (characters == 0) return {};
@@ -48,7 +48,7 @@ std::optional<std::u16string> WinRegistryApi::QueryText(Key key, std::u16string_
     if (RegQueryValueExW(AsKey(key), Wide(valueName), nullptr, nullptr, nullptr, &bytes) != ERROR_SUCCESS) {
         return std::nullopt;
     }
-    // One unit more, so that text stored without its null is still read whole.
+    // One extra unit, so that text stored without its null is still read completely.
     std::u16string buffer(bytes / sizeof(char16_t) + 2, u'\0');
     DWORD type = 0;
     DWORD size = bytes;
@@ -113,7 +113,7 @@ std::optional<RegistryApi::ValueEntry> WinRegistryApi::EnumerateValue(Key key, s
             name.resize(nameLength);
             return ValueEntry{name, DataAsText(data.data(), bytes)};
         }
-        // The size that the system names may be that of the largest data so far, so the buffer also doubles.
+        // The size that the system reports may be that of the largest data so far, so the buffer also doubles.
         constexpr std::size_t kLargest = 0x400'0000;
         if (status != ERROR_MORE_DATA || data.size() > kLargest) return std::nullopt;
         data.resize(std::max<std::size_t>(data.size() * 2, bytes / sizeof(char16_t) + 1));

@@ -16,7 +16,7 @@
 namespace quillo {
 namespace {
 
-/// The text that a system call writes into a buffer that it wants to be larger every time.
+/// The text that a system call writes into a buffer, which is enlarged until the text fits.
 template <typename Call>
 std::u16string GrowingText(Call call) {
     std::u16string text(MAX_PATH, u'\0');
@@ -30,14 +30,14 @@ std::u16string GrowingText(Call call) {
     }
 }
 
-/// False for a file that has been deleted, although a handle keeps it readable.
+/// False for a deleted file, even if a handle keeps it readable.
 bool IsStillSomewhere(HANDLE file) {
     FILE_STANDARD_INFO info{};
     if (GetFileInformationByHandleEx(file, FileStandardInfo, &info, sizeof info) == 0) return false;
     return info.DeletePending == FALSE && info.NumberOfLinks > 0;
 }
 
-/// What no two files have in common at one moment; it stays when a file is moved on its volume.
+/// Identifies a file uniquely at one moment; it does not change when the file is moved within its volume.
 struct FileIdentity {
     DWORD volume = 0;
     DWORD high = 0;
@@ -51,7 +51,7 @@ std::optional<FileIdentity> IdentityOf(HANDLE file) {
     return FileIdentity{info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow};
 }
 
-/// Shared with everybody, this handle hinders nobody, and stays with the file wherever the shell moves it.
+/// Shared with everyone, this handle blocks nobody, and refers to the file wherever the shell moves it.
 FileHandle OpenToWatch(const std::u16string& path) {
     return FileHandle(CreateFileW(Wide(path), FILE_READ_ATTRIBUTES,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING, 0,
@@ -97,7 +97,7 @@ std::u16string WinShell::FullPath(std::u16string_view path) {
 
 std::u16string WinShell::FullLongPath(std::u16string_view path) {
     std::u16string full = FullPath(path);
-    // The longest part of the path that exists is resolved; what is missing below it has no other name.
+    // The longest existing part of the path is resolved; the missing parts below it have no other name.
     for (std::size_t end = full.size(); end != std::u16string::npos && end > 0; end = full.rfind(u'\\', end - 1)) {
         const std::u16string existing = full.substr(0, end);
         const std::u16string resolved =
@@ -153,7 +153,7 @@ std::u16string WinShell::LinkTarget(std::u16string_view path) {
     return target;
 }
 
-/// Waits, not for long, until the file could be opened for nobody else: then it can be moved.
+/// Waits briefly until the file can be opened exclusively: then it can be moved.
 void WinShell::WaitUntilUnused(const std::u16string& path) {
     for (;;) {
         const FileHandle alone(CreateFileW(Wide(path), DELETE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
@@ -180,7 +180,7 @@ RecycleResult WinShell::Recycle(std::u16string_view path) {
     list.pop_back();
     const bool hasMoved = !IsAt(identity, list) && IsStillSomewhere(watched.Get());
     watched.Reset();
-    // A deleted file may have kept its place for as long as it was watched.
+    // A deleted file may have kept its name while this handle was open.
     if (IsAt(identity, list)) return RecycleResult::Stays;
     return hasMoved ? RecycleResult::Moved : RecycleResult::Gone;
 }

@@ -10,7 +10,7 @@ class WinSoundDevice : public SoundDevice {
     WinSoundDevice() = default;
     WinSoundDevice(const WinSoundDevice&) = delete;
     WinSoundDevice& operator=(const WinSoundDevice&) = delete;
-    /// Closes what was left open: a player that still runs while the process ends can bring it down.
+    /// Closes players that are still open: a player that runs while the process ends can crash it.
     ~WinSoundDevice() override;
 
     int SendCommand(std::u16string_view command) override;

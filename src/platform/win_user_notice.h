@@ -9,18 +9,18 @@ namespace quillo {
 
 class BusyFlag;
 
-/// The window that a message box belongs to: the note or dialog that the user works in, for nothing else asks. Null
-/// when that is another program's, or hidden.
+/// The owner of a message box: the note or dialog in which the user works, since nothing else asks. Null if that window
+/// belongs to another program or is hidden.
 [[nodiscard]] HWND MessageBoxOwner();
 
-/// Of every message box: it comes forward, and above pinned notes.
+/// For every message box: it comes to the front, above pinned notes.
 inline constexpr UINT kMessageBoxFlags = MB_SETFOREGROUND | MB_TOPMOST;
 
-/// Message boxes, balloons and the system's sounds. A message box lies above pinned notes, and no other window of the
-/// program takes input until it is answered.
+/// Message boxes, balloons and the system's sounds. A message box appears above pinned notes, and no other window of
+/// the program accepts input until it is answered.
 class WinUserNotice : public UserNotice {
   public:
-    /// `dialogs` is set while a message box stands.
+    /// `dialogs` is set while a message box is open.
     explicit WinUserNotice(BusyFlag& dialogs) : dialogs_(dialogs) {}
 
     void Fail(std::u16string_view text) override;

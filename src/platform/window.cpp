@@ -70,7 +70,7 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
     try {
         result = self->HandleMessage(message, wParam, lParam);
     } catch (...) {
-        // Only misuse of a class throws; the message is given up and the program goes on with its notes.
+        // Only misuse of a class throws; the message is dropped and the program continues with its notes.
         result = DefWindowProcW(window, message, wParam, lParam);
     }
     if (message == WM_NCDESTROY) {

@@ -5,7 +5,7 @@
 
 namespace quillo {
 
-/// What CreateWindow needs besides the class.
+/// The parameters of CreateWindow other than the class.
 struct WindowPlan {
     const wchar_t* title = L"";
     DWORD style = 0;
@@ -21,32 +21,32 @@ class Window {
   public:
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
-    /// Ends the window unheard: a class that has something to do at its window's end calls Destroy in its own
-    /// destructor, while its handlers still exist.
+    /// Destroys the window without calling its handlers: a class with work to do at its window's end calls Destroy in
+    /// its own destructor, while its handlers still exist.
     virtual ~Window();
 
-    /// Null before Create and after the window has gone.
+    /// Null before Create and after the window has been destroyed.
     [[nodiscard]] HWND Handle() const { return handle_; }
 
   protected:
     Window() = default;
 
-    /// Whether a mark for the keyboard's focus is to be drawn: it has the focus, and Windows shows keyboard cues.
+    /// Whether to draw a focus mark: the window has the focus, and Windows shows keyboard cues.
     [[nodiscard]] bool ShowsFocus() const;
-    /// A key was pressed in a control whose keys are its own: Windows shows keyboard cues from now on.
+    /// Called when a key was pressed in a control that handles its own keys: Windows shows keyboard cues from now on.
     void ShowKeyboardCues() const;
 
-    /// Registers the class on first use (its procedure is filled in here) and makes the window. False on failure.
+    /// Registers the class on first use (with its procedure) and creates the window. False on failure.
     bool Create(WNDCLASSEXW windowClass, const WindowPlan& plan);
     void Destroy();
 
-    /// One line per message to a named handler; what is left goes to Default. An exception that leaves it is caught
-    /// at the boundary to the system, which could not unwind it.
+    /// One line per message, calling a named handler; all others are passed to Default. Exceptions are caught at the
+    /// boundary to the system, which could not unwind them.
     virtual LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
 
     [[nodiscard]] Rect ClientRect() const;
-    /// Everything in the window is painted anew.
+    /// The whole window is painted again.
     void Invalidate() const;
 
   private:

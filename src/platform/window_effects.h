@@ -6,14 +6,14 @@
 
 namespace quillo {
 
-/// Puts a window among the topmost ones or back among the others, in front either way, without moving, sizing or
+/// Puts a window among the topmost ones or back among the others, in front in either case, without moving, sizing or
 /// activating it.
 void SetTopmost(HWND window, bool topmost);
-/// True when no visible window stands above this one but those that are topmost.
+/// True if no visible window is above this one except topmost windows.
 [[nodiscard]] bool IsInFront(HWND window);
-/// Makes a window layered with a constant alpha (1 to 255), or not layered for none.
+/// Makes a window layered with a constant alpha (1 to 255), or not layered without a value.
 void SetTranslucency(HWND window, std::optional<int> alpha);
-/// Gives the window's class a drop shadow where the user has shadows switched on. Shows at the next showing.
+/// Adds a drop shadow to the window's class if the user has enabled shadows. Visible the next time it is shown.
 void AddDropShadow(HWND window);
 /// Sets a text box's left and right inner margins, in pixels.
 void SetTextMargins(HWND textBox, int margin);

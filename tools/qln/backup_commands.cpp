@@ -17,7 +17,7 @@ struct BackedUp {
     std::string bytes;
 };
 
-/// The notes of a backup, in the order of their names; nothing after a complaint.
+/// The notes of a backup, in the order of their names; nothing after an error message.
 std::optional<std::vector<BackedUp>> ReadBackup(const Session& session) {
     const std::string& folder = session.options.folder;
     const auto files = ListFiles(folder);
@@ -62,7 +62,7 @@ int Backup(const Session& session) {
     int code = kDone;
     for (const FolderEntry& file : *files) {
         const std::string from = JoinPaths(session.place.notesFolder, file.name);
-        // A file that is gone was a note that has been closed meanwhile.
+        // A missing file belonged to a note that was closed meanwhile.
         if (IsFile(from) && !CopyWhole(session.Terminal(), from, JoinPaths(folder, file.name))) code = kFailed;
     }
     if (!WriteNewFile(JoinPaths(folder, kSettingsName), session.place.settingsText)) {

@@ -14,11 +14,11 @@ class CodePage {
     static constexpr int kWesternEuropean = 1252;
     static constexpr int kUtf8 = 65001;
 
-    /// Nothing for a code page that is not known here: those of East Asia.
+    /// Nothing for an unsupported code page: those of East Asia.
     [[nodiscard]] static std::optional<CodePage> Find(int number);
 
     [[nodiscard]] std::u16string Decode(std::string_view bytes) const;
-    /// What the code page lacks becomes "?".
+    /// Characters that the code page lacks become "?".
     [[nodiscard]] std::string Encode(std::u16string_view text) const;
     [[nodiscard]] bool HasSingleBytes() const { return !utf8_; }
 

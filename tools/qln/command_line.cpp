@@ -13,7 +13,7 @@
 namespace quillo::qln {
 namespace {
 
-/// The exit code of a command line that was not to be carried out: help and version are no mistake.
+/// The exit code of a command line that requires no action: help and version are not errors.
 int Explain(const CLI::App& app, const CLI::ParseError& problem, Console& console) {
     std::ostringstream out;
     std::ostringstream error;
@@ -23,7 +23,7 @@ int Explain(const CLI::App& app, const CLI::ParseError& problem, Console& consol
     return code == 0 ? kDone : kWrongUse;
 }
 
-/// Switches for the build and the installer, which are in no help. Nothing for any other command line.
+/// Options for the build and the installer, which the help omits. Nothing for any other command line.
 std::optional<int> RunInternal(const std::vector<std::string>& arguments, const CLI::App& app, Host& host) {
 #ifndef QLN_WRITES_NO_HELP
     if (arguments.size() == 2 && arguments[0] == "--internal-generate") {
@@ -34,7 +34,7 @@ std::optional<int> RunInternal(const std::vector<std::string>& arguments, const 
 #else
     static_cast<void>(app);
 #endif
-    // --internal-path add|remove user|machine [FOLDER]: without a folder the program's own
+    // --internal-path add|remove user|machine [FOLDER]: without a folder, the program's own
     if ((arguments.size() == 3 || arguments.size() == 4) && arguments[0] == "--internal-path") {
         const bool add = arguments[1] == "add";
         const bool machine = arguments[2] == "machine";
@@ -55,7 +55,7 @@ constexpr Runner kRunners[] = {
     {"restore", Restore}, {"doctor", Doctor}, {"open", OpenFile},  {"quit", Quit},
 };
 
-/// What carries out the command that was chosen.
+/// The function that carries out the chosen command.
 const Runner* ChosenRunner(const CLI::App& app) {
     for (const Runner& runner : kRunners) {
         if (app.got_subcommand(runner.name)) return &runner;

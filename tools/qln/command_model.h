@@ -17,7 +17,7 @@ struct CommandRow {
 /// Every command, in the order of the help.
 [[nodiscard]] const std::vector<CommandRow>& Commands();
 
-/// The command line with every command and option; what it reads goes to `options`.
+/// The command line with every command and option; parsing stores the values in `options`.
 [[nodiscard]] std::unique_ptr<CLI::App> BuildModel(Options& options);
 
 }  // namespace quillo::qln

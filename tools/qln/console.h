@@ -6,15 +6,15 @@
 
 namespace quillo::qln {
 
-/// Where the program's words go to and come from; UTF-8.
+/// The program's input and output; UTF-8.
 class Console {
   public:
     virtual ~Console() = default;
     virtual void Out(std::string_view text) = 0;
     virtual void Error(std::string_view text) = 0;
-    /// Whether somebody reads along: then matches are marked, and nothing that a note holds may act on the terminal.
+    /// Whether a person reads the output: then matches are marked, and no content of a note may act on the terminal.
     [[nodiscard]] virtual bool IsTerminal() const = 0;
-    /// All of the standard input, `most` bytes and one more at most.
+    /// The whole standard input, at most `most` bytes and one more.
     [[nodiscard]] virtual std::string ReadInput(std::size_t most) = 0;
 };
 

@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view kOpen = "<quillo>";
 constexpr std::string_view kUnicode = "<unicode>";
 
-/// Where the last line begins that starts with the opening tag: a note's own text may hold the tag elsewhere.
+/// Where the last line that starts with the opening tag begins: a note's own text may have the tag elsewhere.
 std::size_t TornBlockAt(std::string_view bytes) {
     std::size_t found = std::string_view::npos;
     for (std::size_t at = FindTag(bytes, kOpen, 0); at != std::string_view::npos; at = FindTag(bytes, kOpen, at + 1)) {
@@ -21,7 +21,7 @@ std::size_t TornBlockAt(std::string_view bytes) {
     return found;
 }
 
-/// The block ends the file, and its last element is a whole text that cannot be used.
+/// The block is at the end of the file, and its last element is a whole text that cannot be used.
 bool HasDamagedUnicode(std::string_view bytes) {
     const NoteFileParts parts = SplitNoteFile(bytes);
     return parts.tags && FindTag(*parts.tags, kUnicode, 0) != std::string_view::npos && !ReadUnicodeElement(bytes);
@@ -53,7 +53,7 @@ std::optional<std::string> Mended(const Finding& finding, LocaleText& locale) {
         return FormatNoteFile(file, locale);
     }
     if (finding.fault == Fault::DamagedUnicode) {
-        // The reader has taken the text that can be seen; one line break more at its start keeps an empty first line.
+        // The reader has taken the visible text; one more line break at its start keeps an empty first line.
         std::string longer = "\r\n";
         longer += finding.bytes;
         return FormatNoteFile(ParseNoteFile(longer, locale), locale);

@@ -10,30 +10,30 @@
 namespace quillo::qln {
 
 enum class Fault {
-    Empty,           ///< no bytes: the program would make a note of the file's name
-    Nulls,           ///< null characters: the program takes it for no text
+    Empty,           ///< no bytes: the program would create a note with the file's name
+    Nulls,           ///< null characters: the program does not treat the file as text
     Torn,            ///< the tag block begins and does not end
-    DamagedUnicode,  ///< the whole text is kept, but does not fit the text beside it
+    DamagedUnicode,  ///< the file has the whole text, but it does not match the text beside it
     TooLarge,        ///< more text than a note can have
-    Doubled,         ///< byte for byte another note
-    Leftover,        ///< what an interrupted write has left behind
+    Doubled,         ///< identical to another note, byte for byte
+    Leftover,        ///< the remainder of an interrupted write
 };
 
-/// What is wrong with one file, with the bytes that were looked at.
+/// The fault of one file, with the bytes that were examined.
 struct Finding {
     std::string path;
     Fault fault = Fault::Empty;
     std::string bytes;
-    std::string other;  ///< of a doubled note: the one that it doubles
+    std::string other;  ///< of a duplicate: the other note
 };
 
-/// Whether a file of that name may be the rest of an interrupted write.
+/// Whether a file with that name may be the remainder of an interrupted write.
 [[nodiscard]] bool IsLeftoverName(std::string_view name);
 
-/// What is wrong with the bytes of a note alone; nothing for a sound note and for any plain text.
+/// The fault in the bytes of a note; nothing for a sound note or any plain text.
 [[nodiscard]] std::optional<Fault> Diagnose(std::string_view bytes, LocaleText& locale);
 
-/// The bytes of the note as they should be; nothing for a fault that is not mended in the file itself.
+/// The corrected bytes of the note; nothing for a fault that is not repaired in the file itself.
 [[nodiscard]] std::optional<std::string> Mended(const Finding& finding, LocaleText& locale);
 
 [[nodiscard]] const char* Describe(Fault fault);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kLeftoverEndings[] = {"-part", ".new"};
 
-/// The findings of the notes folder, in the order of the files' names; nothing after a complaint.
+/// The findings in the notes folder, in the order of the files' names; nothing after an error message.
 std::optional<std::vector<Finding>> Examine(const Session& session) {
     const std::string& folder = session.place.notesFolder;
     auto files = ListFiles(folder);
@@ -23,14 +23,14 @@ std::optional<std::vector<Finding>> Examine(const Session& session) {
     }
     std::sort(files->begin(), files->end(), [](const auto& a, const auto& b) { return a.name < b.name; });
     std::vector<Finding> findings;
-    std::map<std::string, std::string> seen;  // bytes to the first file that has them
+    std::map<std::string, std::string> seen;  // bytes to the first file with them
     for (const FolderEntry& file : *files) {
         Finding finding;
         finding.path = JoinPaths(folder, file.name);
         const bool leftover = IsLeftoverName(file.name);
         if (!leftover && !HasNoteEnding(file.name)) continue;
         if (!ReadInto(finding.path, finding.bytes)) {
-            if (file.size <= kLargestFile) continue;  // gone, or being written
+            if (file.size <= kLargestFile) continue;  // deleted, or being written
             finding.fault = Fault::TooLarge;
             findings.push_back(std::move(finding));
             continue;
@@ -50,7 +50,7 @@ std::optional<std::vector<Finding>> Examine(const Session& session) {
     return findings;
 }
 
-/// The name that an interrupted write was to give the file.
+/// The name that the file would have had after a complete write.
 std::string NameMeant(std::string path) {
     for (bool cut = true; cut;) {
         cut = false;
@@ -63,12 +63,12 @@ std::string NameMeant(std::string path) {
     return path;
 }
 
-/// Takes what was examined out of the way; its copy is kept.
+/// Removes the examined file; its copy is kept.
 bool TakeAway(const Finding& finding) {
     return RemoveFile(finding.path);
 }
 
-/// Mends one file of which a copy is kept; what was done, or "" for nothing.
+/// Repairs one file that has a copy; returns what was done, or "" for nothing.
 std::string Mend(const Session& session, const Finding& finding) {
     LocaleText& locale = *session.place.locale;
     switch (finding.fault) {
@@ -80,7 +80,7 @@ std::string Mend(const Session& session, const Finding& finding) {
         case Fault::Empty:
             return TakeAway(finding) ? "taken away, it holds no note" : "";
         case Fault::Leftover: {
-            // A whole note whose file is missing was about to be saved for the first time.
+            // A complete note whose file is missing was about to be saved for the first time.
             const std::string meant = NameMeant(finding.path);
             const bool whole = !Diagnose(finding.bytes, locale) && ParseNoteFile(finding.bytes, locale).hasTags;
             if (whole && !IsFile(meant)) return MoveToFreeName(finding.path, meant) ? "made a note again" : "";

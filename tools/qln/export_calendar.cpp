@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kWordsShown = 60;
 constexpr std::size_t kLongestLine = 75;  // octets, without the line break
 
-/// One content line, folded: no part of it is longer, and no character is cut.
+/// One content line, folded: no part of it is longer, and no character is split.
 std::string Line(const std::string& content) {
     std::string folded;
     std::size_t length = 0;
@@ -57,7 +57,7 @@ DaySerial SerialOf(FileTime time) {
     return DaySerial{kSerialOf1970 + static_cast<double>(time / kSecond) / kSecondsOfDay};
 }
 
-/// The same for the same note in every export: its file's name.
+/// The same for one note in every export: its file's name.
 std::string StableId(const NoteEntry& note) {
     std::string name;
     for (const char c : note.name.substr(0, note.name.size() - std::min<std::size_t>(note.name.size(), 4))) {

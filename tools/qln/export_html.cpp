@@ -44,7 +44,7 @@ std::string Escaped(std::u16string_view text) {
     return ToUtf8(result);
 }
 
-/// The name of a font inside quotes; one with other characters than fonts have is left out.
+/// The name of a font inside quotes; omitted if it has characters that fonts do not have.
 std::string FontStyle(const FontSetting& font) {
     const auto belongs = [](char16_t c) {
         return c == u' ' || c == u'-' || (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') ||
@@ -63,7 +63,7 @@ std::string FontStyle(const FontSetting& font) {
     return style + " }\n";
 }
 
-/// A color of the system is not known elsewhere.
+/// A system color is unknown elsewhere.
 std::string CssColor(ColorWord color, ColorWord otherwise) {
     const ColorWord plain = color.value > 0xFFFFFFU ? otherwise : color;
     return ColorText(ColorWord{plain.value & 0xFFFFFFU});
@@ -88,7 +88,7 @@ std::string ArticleStyle(const NoteFile& file, const Settings& settings) {
            "px; min-height: " + std::to_string(InPixels(position.height, 160)) + "px";
 }
 
-/// From the top of the screen to its foot; notes without a place come last.
+/// From the top of the screen to the bottom; notes without a place come last.
 std::vector<const StoredNote*> ByPlace(const std::vector<StoredNote>& notes) {
     std::vector<const StoredNote*> sorted;
     for (const StoredNote& note : notes) sorted.push_back(&note);

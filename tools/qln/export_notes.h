@@ -8,23 +8,23 @@
 
 namespace quillo::qln {
 
-/// For readers: each text under a line with what the note is.
+/// For people: each text below a line with the note's properties.
 [[nodiscard]] std::string NotesAsText(const std::vector<StoredNote>& notes);
 /// The text alone, with a line feed at its end.
 [[nodiscard]] std::string NoteAsText(const StoredNote& note);
 
-/// A heading, a list of what the note is and the text in a fence, so that it comes back as it was.
+/// A heading, a list of the note's properties and the text in a fence, so that it can be imported unchanged.
 [[nodiscard]] std::string NotesAsMarkdown(const std::vector<StoredNote>& notes);
-/// The texts of what NotesAsMarkdown wrote; nothing for any other Markdown.
+/// The texts in the output of NotesAsMarkdown; nothing for any other Markdown.
 [[nodiscard]] std::optional<std::vector<std::u16string>> TextsFromMarkdown(std::u16string_view markdown);
 
-/// One page that needs no other file, the notes in their colors and sizes, from the top of the screen to its foot.
+/// One self-contained page, the notes in their colors and sizes, from the top of the screen to the bottom.
 [[nodiscard]] std::string NotesAsHtml(const std::vector<StoredNote>& notes, const Settings& settings);
 
-/// The reminders as entries of a calendar, in local time wherever it is read.
+/// The reminders as calendar entries, in the local time of the reader.
 [[nodiscard]] std::string RemindersAsCalendar(const std::vector<StoredNote>& notes);
 
-/// "shown, reminder 2026-11-22 15:30, yellow": what the note is, in words.
+/// "shown, reminder 2026-11-22 15:30, yellow": the note's properties in words.
 [[nodiscard]] std::string DescribeNote(const StoredNote& note);
 
 }  // namespace quillo::qln

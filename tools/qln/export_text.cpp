@@ -15,7 +15,7 @@ std::u16string TextOf(const StoredNote& note) {
     return WithLineFeeds(note.file.text);
 }
 
-/// Backticks, more than stand together anywhere in the text.
+/// More backticks than the longest run of them in the text.
 std::u16string FenceFor(std::u16string_view text) {
     std::size_t longest = 2;
     std::size_t run = 0;
@@ -26,7 +26,7 @@ std::u16string FenceFor(std::u16string_view text) {
     return std::u16string(longest + 1, u'`');
 }
 
-/// First words as a heading: what Markdown would take for a mark of its own is escaped.
+/// The first words as a heading, with Markdown's special characters escaped.
 std::string Heading(const StoredNote& note) {
     std::u16string heading;
     for (const char16_t unit : FirstWords(note.file.text, kWordsShown)) {
@@ -44,7 +44,7 @@ std::u16string_view TakeLine(std::u16string_view& rest) {
     return line;
 }
 
-/// The fence that a line opens; "" when it opens none of ours.
+/// The fence that a line opens; "" if it opens none of ours.
 std::u16string_view OpenedFence(std::u16string_view line) {
     const std::size_t ticks = std::min(line.find_first_not_of(u'`'), line.size());
     return ticks >= 3 && line.substr(ticks) == kInfo ? line.substr(0, ticks) : std::u16string_view{};

@@ -8,8 +8,9 @@
 
 namespace quillo::qln {
 
-// The disk, as far as this program needs it; one implementation for each system. Paths are UTF-8 with the system's own
-// separator. A file is opened with all sharing, read at once and closed, so that nobody who writes it is disturbed.
+// The disk as this program uses it; one implementation for each system. Paths are UTF-8 with the system's own
+// separator. A file is opened with all sharing, read at once and closed, so that programs that write it are not
+// disturbed.
 
 #ifdef _WIN32
 inline constexpr char kSeparator = '\\';
@@ -20,7 +21,7 @@ inline constexpr char kSeparator = '/';
 /// A moment in nanoseconds since the start of 1970, UTC.
 using FileTime = std::int64_t;
 
-/// More than any note that the program opens; larger files are not read.
+/// Larger than any note that the program opens; larger files are not read.
 inline constexpr std::uint64_t kLargestFile = 64U << 20U;
 
 struct FolderEntry {
@@ -29,32 +30,32 @@ struct FolderEntry {
     FileTime modified = 0;
 };
 
-/// The files of a folder, without folders in it, in no order; nothing when it cannot be read.
+/// The files of a folder, without subfolders, in no order; nothing if it cannot be read.
 [[nodiscard]] std::optional<std::vector<FolderEntry>> ListFiles(const std::string& folder);
 [[nodiscard]] bool IsFile(const std::string& path);
 [[nodiscard]] bool IsFolder(const std::string& path);
 /// Size and time of one file; its name is the path's last part.
 [[nodiscard]] std::optional<FolderEntry> FactsOf(const std::string& path);
-/// The whole content; nothing when it is missing, locked, a folder, or larger than kLargestFile. `bytes` keeps its
+/// The whole content; false if the file is missing, locked, a folder, or larger than kLargestFile. `bytes` keeps its
 /// memory from one call to the next.
 [[nodiscard]] bool ReadInto(const std::string& path, std::string& bytes);
 [[nodiscard]] std::optional<std::string> ReadBytes(const std::string& path);
 
-/// Creates a file that does not exist yet and makes its bytes durable. False leaves nothing behind.
+/// Creates a file that does not exist yet and makes its bytes durable. On failure, leaves no file.
 [[nodiscard]] bool WriteNewFile(const std::string& path, std::string_view bytes);
-/// Creates or replaces a file, made durable under another name first.
+/// Creates or replaces a file; the bytes are durable under another name first.
 [[nodiscard]] bool OverwriteFile(const std::string& path, std::string_view bytes);
-/// Moves a file to a name that must be free. False leaves it where it was.
+/// Moves a file to a name that must be free. On failure, the file stays in its place.
 [[nodiscard]] bool MoveToFreeName(const std::string& from, const std::string& to);
 [[nodiscard]] bool RemoveFile(const std::string& path);
-/// Creates the last folder of a path; false when it exists already or cannot be made.
+/// Creates the last folder of a path; false if it exists already or cannot be created.
 [[nodiscard]] bool MakeFolder(const std::string& path);
-/// The same path without "." and ".." and from the root; of what does not exist, too.
+/// The absolute path without "." and ".."; the file need not exist.
 [[nodiscard]] std::string AbsolutePath(const std::string& path);
-/// Gives a file another time of its last change.
+/// Sets the time of a file's last change.
 [[nodiscard]] bool SetModified(const std::string& path, FileTime modified);
 
-// The same on every system.
+// Common to all systems.
 
 [[nodiscard]] std::string JoinPaths(std::string_view folder, std::string_view name);
 [[nodiscard]] std::string_view LastPart(std::string_view path);

@@ -14,7 +14,7 @@
 namespace quillo::qln {
 namespace {
 
-/// A file descriptor that closes itself.
+/// A file descriptor that is closed automatically.
 class Descriptor {
   public:
     explicit Descriptor(int number) : number_(number) {}
@@ -95,7 +95,7 @@ bool ReadInto(const std::string& path, std::string& bytes) {
     while (done < bytes.size()) {
         const ssize_t count = read(file.Get(), bytes.data() + done, bytes.size() - done);
         if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;  // shorter than it said: somebody is writing it
+        if (count <= 0) return false;  // shorter than reported: another program is writing it
         done += static_cast<std::size_t>(count);
     }
     return true;
@@ -128,7 +128,7 @@ bool MoveToFreeName(const std::string& from, const std::string& to) {
         return true;
     }
     if (errno != EINVAL && errno != ENOSYS) return false;
-    // An older file system: a second name never replaces either.
+    // An older file system: creating a second name never replaces a file either.
     if (link(from.c_str(), to.c_str()) != 0) return false;
     Ignore(unlink(from.c_str()), "both names then lead to the same bytes");
     FlushFolderOf(to);

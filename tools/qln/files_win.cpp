@@ -78,7 +78,7 @@ bool ReadInto(const std::string& path, std::string& bytes) {
         DWORD count = 0;
         const auto wanted = static_cast<DWORD>(bytes.size() - done);
         if (ReadFile(file.Get(), bytes.data() + done, wanted, &count, nullptr) == 0) return false;
-        if (count == 0) return false;  // shorter than it said: somebody is writing it
+        if (count == 0) return false;  // shorter than reported: another program is writing it
         done += count;
     }
     return true;

@@ -24,7 +24,7 @@ struct LowerPair {
 constexpr std::size_t kBlock = std::size(kFoldBlocks[0]);
 constexpr char32_t kLast = std::size(kFoldPages) * kBlock - 1;
 
-/// Calls `add(units, from)` for each character with what it folds to and where it begins.
+/// Calls `add(units, from)` for each character, with its folded form and its position.
 template <typename Add>
 void ForEachFolded(std::u16string_view text, const Add& add) {
     for (std::size_t i = 0; i < text.size();) {

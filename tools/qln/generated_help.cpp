@@ -25,7 +25,7 @@ std::string OptionText(const CLI::Option& option) {
     return type.empty() ? text : text + " " + type;
 }
 
-/// The words that an option is given, such as the formats of an export.
+/// The values that an option accepts, such as the formats of an export.
 std::vector<std::string> ChoicesOf(const CLI::Option& option) {
     std::vector<std::string> choices;
     const std::string type = option.get_type_name();
@@ -141,7 +141,7 @@ std::vector<std::string> CommandNames(const CLI::App& app) {
     return names;
 }
 
-/// Calls `use` for each option that takes one of several words, once for each of its names.
+/// Calls `use` for each option that accepts one of several words, once for each of its names.
 void ForEachChoice(const CLI::App& app,
                    const std::function<void(const std::string&, const std::vector<std::string>&)>& use) {
     for (const CLI::App* command : CommandsOf(app)) {

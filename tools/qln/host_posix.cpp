@@ -41,7 +41,7 @@ class PosixConsole : public Console {
     static void Write(int stream, std::string_view text) {
         while (!text.empty()) {
             const ssize_t written = write(stream, text.data(), text.size());
-            if (written <= 0) return;  // whoever reads has gone
+            if (written <= 0) return;  // the reader has closed the pipe
             text.remove_prefix(static_cast<std::size_t>(written));
         }
     }
@@ -104,7 +104,7 @@ int CodePageOf(RegistryApi& api) {
     return number > 0 && number < 65536 ? static_cast<int>(number) : CodePage::kWesternEuropean;
 }
 
-/// The notes folder as the program chooses it.
+/// The notes folder that the program would choose.
 std::string NotesFolderOf(RegistryApi& api, const WinePrefix& prefix, bool roaming) {
     const TesselRegistry folders(
         api, u"HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders");

@@ -46,7 +46,7 @@ class WinConsole : public Console {
             WriteBytes(stream, text);
             return;
         }
-        // Marks of matches are a terminal's own language; older consoles have to be told to understand it.
+        // The marks of matches are terminal sequences; older consoles must have them enabled.
         constexpr DWORD kUnderstandsMarks = 0x0004;
         DWORD mode = 0;
         if (GetConsoleMode(stream, &mode) != 0) {
@@ -95,12 +95,12 @@ class WinConsole : public Console {
     }
 };
 
-/// The channel of the program, as any second start uses it.
+/// The program's channel, as any second start uses it.
 class WinChannel : public Channel {
   public:
     [[nodiscard]] bool Answers() override { return AwaitNotifyBox(0) != nullptr; }
     [[nodiscard]] bool Send(const std::string& commandLine) override {
-        constexpr DWORD kPatience = 2000;  // milliseconds: a program that is just starting
+        constexpr DWORD kPatience = 2000;  // milliseconds: for a program that is just starting
         const HWND box = AwaitNotifyBox(kPatience);
         if (box == nullptr) return false;
         SendToNotifyBox(box, ToWide(commandLine).c_str());
@@ -121,7 +121,7 @@ class WinChannel : public Channel {
     }
 };
 
-/// The notes folder as the program chooses it.
+/// The notes folder that the program would choose.
 std::string NotesFolderOf(WinShell& shell, bool roaming) {
     std::u16string folder;
     if (!roaming) folder = shell.FolderPath(SpecialFolder::LocalApplicationData);
@@ -135,7 +135,7 @@ struct PathValue {
     DWORD type = REG_EXPAND_SZ;
 };
 
-/// Nothing when the value is there but cannot be read: then it must not be written either.
+/// Nothing if the value exists but cannot be read: then it must not be written either.
 std::optional<PathValue> ReadPath(HKEY key) {
     PathValue value;
     DWORD bytes = 0;
@@ -212,10 +212,10 @@ bool WinHost::EditPath(bool add, bool machine, const std::string& folder) {
     PathValue edited = *value;
     edited.text = add ? WithPathEntry(value->text, entry) : WithoutPathEntry(value->text, entry);
     if (edited.text == value->text) return true;
-    // A value that held nothing else was made by an installer of ours.
+    // An installer of ours created a value that had no other entry.
     const bool stays = add || !edited.text.empty();
     if (stays ? !WritePath(key.Get(), edited) : RegDeleteValueW(key.Get(), L"Path") != ERROR_SUCCESS) return false;
-    // For each window that does not answer, and the setup that waits for this program has some.
+    // Each window that does not respond costs this time, and the setup that waits for this program has some.
     constexpr UINT kPatience = 250;
     SendMessageTimeoutW(HWND_BROADCAST, WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"Environment"), SMTO_ABORTIFHUNG,
                         kPatience, nullptr);

@@ -5,7 +5,7 @@
 
 namespace quillo::qln {
 
-/// The notes of the user who runs this.
+/// The notes of the user who runs the program.
 class WinHost : public Host {
   public:
     explicit WinHost(Console& console) : console_(console) {}

@@ -6,7 +6,7 @@
 namespace quillo::qln {
 namespace {
 
-/// As many digits as asked for; the position moves behind them.
+/// Reads that many digits and removes them from `text`.
 std::optional<int> TakeNumber(std::u16string_view& text, std::size_t digits) {
     if (text.size() < digits) return std::nullopt;
     int number = 0;

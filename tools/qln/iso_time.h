@@ -8,12 +8,12 @@
 
 namespace quillo::qln {
 
-/// "2026-11-22T15:30:05"; `separator` stands between date and time.
+/// "2026-11-22T15:30:05"; `separator` is between date and time.
 [[nodiscard]] std::string FormatIsoTime(DaySerial when, char separator);
 /// "2026-11-22 15:30", without the seconds.
 [[nodiscard]] std::string FormatIsoMinute(DaySerial when);
-/// A date, or a date and a time with or without seconds; a blank or "T" between them. Nothing for a day that the
-/// calendar does not have.
+/// A date, or a date and a time with or without seconds, separated by a blank or "T". Nothing for a day that does not
+/// exist.
 [[nodiscard]] std::optional<DaySerial> ParseIsoTime(std::u16string_view text);
 
 }  // namespace quillo::qln

@@ -24,11 +24,11 @@ std::string StateOf(const StoredNote& note) {
 
 std::string Write(const Json& json) {
     constexpr int kIndent = 2;
-    // Every text was made well-formed; names of files may not be.
+    // Every text has been made well-formed; names of files may not be.
     return json.dump(kIndent, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-// One member for each field that the file has, none for one that it has not.
+// One member for each field that the file has; absent fields have none.
 
 template <typename T>
 void Put(Json& json, const char* name, const std::optional<T>& value) {
@@ -77,7 +77,7 @@ Json NoteJson(const StoredNote& note) {
     return json;
 }
 
-// Reading. What is not of the form throws, and is reported by its one caller.
+// Reading. Input in another form throws, and the one caller reports it.
 
 std::u16string TextOf(const Json& json) {
     return DecodeUtf8(json.get<std::string>(), LoneSurrogates::Refuse).value();
@@ -121,7 +121,7 @@ NoteReminder ReminderFrom(const Json& json) {
     const std::u16string at = TextOf(json.at("at"));
     const auto when = ParseIsoTime(at);
     if (!when) throw std::invalid_argument("the reminder is no time");
-    // The serial has fractions of a second; whoever has changed the time by hand means the time.
+    // The serial has fractions of a second; a user who has edited the time means the time.
     const auto serial = Get<double>(json, "serial");
     if (serial && FormatIsoTime(DaySerial{*serial}, 'T') == FormatIsoTime(*when, 'T')) {
         return NoteReminder{DaySerial{*serial}};

@@ -15,7 +15,7 @@ namespace quillo::qln {
 /// Whole notes, as docs/qln-notes.schema.json describes them.
 [[nodiscard]] std::string NotesAsJson(const std::vector<StoredNote>& notes);
 
-/// The notes of what NotesAsJson wrote; nothing, with the reason in `error`, for anything else.
+/// The notes in the output of NotesAsJson; nothing, with the reason in `error`, for anything else.
 [[nodiscard]] std::optional<std::vector<NoteFile>> NotesFromJson(std::string_view json, std::string& error);
 
 }  // namespace quillo::qln

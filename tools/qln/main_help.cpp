@@ -3,7 +3,7 @@
 #include "command_model.h"
 #include "generated_help.h"
 
-/// Writes the documents that qln itself writes with --internal-generate, where a build cannot run qln.
+/// Writes the documents that qln writes with --internal-generate, for a build that cannot run qln.
 int main(int count, char** arguments) {
     quillo::qln::Options options;
     const std::string kind = count == 2 ? arguments[1] : "";

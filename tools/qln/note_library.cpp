@@ -55,7 +55,7 @@ std::string IdOfName(std::string_view name) {
 std::optional<std::vector<NoteEntry>> ListNotes(const Surroundings& place, bool closed) {
     std::vector<NoteEntry> notes;
     if (!AddFolder(place.notesFolder, false, notes)) return std::nullopt;
-    // A folder for closed notes that is not there holds none.
+    // A missing folder for closed notes has none.
     if (closed && !place.closedFolder.empty()) AddFolder(place.closedFolder, true, notes);
     int number = 0;
     for (NoteEntry& note : notes) {
@@ -83,7 +83,7 @@ NoteFile ReadNote(std::string_view bytes, LocaleText& locale) {
     if (const auto whole = ReadUnicodeElement(bytes)) {
         file.text = whole->text;
     } else if (bytes.substr(0, 2) == "\r\n") {
-        // The reader takes one line break from the start: with another one before it, it takes that.
+        // The reader removes one line break from the start: an additional one protects the text's own.
         std::string longer = "\r\n";
         file.text = ParseNoteFile(longer.append(bytes), locale).text;
     }
@@ -97,7 +97,7 @@ std::vector<StoredNote> LoadNotes(const std::vector<NoteEntry>& entries, LocaleT
     for (const NoteEntry& entry : entries) {
         if (ReadInto(entry.path, bytes)) {
             notes.push_back({entry, ReadNote(bytes, locale)});
-        } else if (IsFile(entry.path)) {  // one that is gone was closed meanwhile
+        } else if (IsFile(entry.path)) {  // a missing file was closed meanwhile
             unread.push_back(entry.path);
         }
     }

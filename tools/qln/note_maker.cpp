@@ -26,7 +26,7 @@ std::string NoteMaker::Store(std::string_view bytes, const std::string& name) {
     const std::string& folder = session_.place.notesFolder;
     std::string path = name.empty() ? std::string() : JoinPaths(folder, name);
     if (path.empty() || IsFile(path)) path = JoinPaths(folder, session_.host.NewGuid() + ".qln");
-    // The program takes every *.qln of the folder for a note; this is none before it is whole.
+    // The program treats every *.qln in the folder as a note; this file is not one before it is complete.
     const std::string part = path + "-part";
     if (WriteNewFile(part, bytes)) {
         if (MoveToFreeName(part, path)) {

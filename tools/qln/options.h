@@ -7,12 +7,12 @@
 
 namespace quillo::qln {
 
-/// What the command line asks for.
+/// The values of the command line.
 struct Options {
     FolderChoice where;
     bool json = false;
     bool closed = false;
-    std::vector<std::string> words;  ///< what a command works on: words, a note, files
+    std::vector<std::string> words;  ///< the words, note or files that a command works on
     std::string format;
     std::string output;
     std::string folder;  ///< of a backup
@@ -24,7 +24,7 @@ struct Options {
     bool repair = false;
 };
 
-/// What a command works with.
+/// What every command uses.
 struct Session {
     const Options& options;
     Host& host;
@@ -33,7 +33,7 @@ struct Session {
     [[nodiscard]] Console& Terminal() const { return host.Terminal(); }
 };
 
-/// One line of an error.
+/// Writes one line of an error message.
 void Complain(Console& console, std::string_view message);
 
 }  // namespace quillo::qln

@@ -8,7 +8,7 @@
 namespace quillo::qln {
 namespace {
 
-/// The entry as it is compared.
+/// The entry in the form in which it is compared.
 std::u16string_view Bare(std::u16string_view entry) {
     entry = Trim(entry);
     if (entry.size() >= 2 && entry.front() == u'"' && entry.back() == u'"') entry = entry.substr(1, entry.size() - 2);
@@ -20,7 +20,7 @@ bool IsEntry(std::u16string_view entry, std::u16string_view folder) {
     return EqualsIgnoringAsciiCase(Bare(entry), Bare(folder));
 }
 
-/// The entries between semicolons; one inside quotes does not count.
+/// The entries between semicolons; a semicolon inside quotes does not count.
 std::vector<std::u16string_view> Entries(std::u16string_view path) {
     std::vector<std::u16string_view> entries;
     std::size_t from = 0;

@@ -5,10 +5,10 @@
 
 namespace quillo::qln {
 
-/// The value of PATH with `folder` at its end, unless it is in it already in any letter case, with or without quotes or
-/// a backslash at its end. Everything else stays as it is, at any length.
+/// The value of PATH with `folder` at its end, unless PATH already has it in any letter case, with or without quotes or
+/// a trailing backslash. Everything else stays unchanged, at any length.
 [[nodiscard]] std::u16string WithPathEntry(std::u16string_view path, std::u16string_view folder);
-/// The value without every entry that is `folder`.
+/// The value without any entry that equals `folder`.
 [[nodiscard]] std::u16string WithoutPathEntry(std::u16string_view path, std::u16string_view folder);
 
 }  // namespace quillo::qln

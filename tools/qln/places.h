@@ -7,10 +7,10 @@
 
 namespace quillo::qln {
 
-/// Below the first of the user's folders that the program takes: "\Marrowind\Notes".
+/// Below the first of the user's folders that the program accepts: "\Marrowind\Notes".
 inline constexpr std::u16string_view kNotesBelow = u"\\Marrowind\\Notes";
 
-/// Makes the notes folder where it is missing, as the program does when it starts; its last two parts at most.
+/// Creates the notes folder if it is missing, as the program does when it starts; at most its last two parts.
 void PrepareFolder(const std::string& folder);
 
 /// The user's settings, and every stored one as a line "name=value".

@@ -31,7 +31,7 @@ struct Moment {
     int weekday;
 };
 
-/// What `count` times the letter stands for in a pattern of the system; the letters themselves where it is none.
+/// The meaning of `count` times the letter in a pattern of the system; the letters themselves if it has none.
 std::u16string Field(char16_t letter, std::size_t count, const Moment& when, const Regional& regional) {
     const CivilTime& civil = when.civil;
     const int hour12 = civil.hour % 12 == 0 ? 12 : civil.hour % 12;

@@ -5,7 +5,7 @@
 
 namespace quillo::qln {
 
-/// How a user's dates and numbers look, as a prefix's registry says it; the defaults are those of the United States.
+/// The format of a user's dates and numbers, from a prefix's registry; the defaults are those of the United States.
 struct Regional {
     std::u16string decimal = u".";
     std::u16string shortDate = u"M/d/yyyy";
@@ -14,7 +14,7 @@ struct Regional {
     std::u16string afternoon = u"PM";
 };
 
-/// The text of a user whose Windows is a Wine prefix that is looked at from outside.
+/// The locale of a user whose Windows is a Wine prefix, seen from outside.
 class PrefixLocale : public LocaleText {
   public:
     PrefixLocale(CodePage page, Regional regional) : page_(std::move(page)), regional_(std::move(regional)) {}
@@ -26,7 +26,7 @@ class PrefixLocale : public LocaleText {
     [[nodiscard]] std::u16string DecimalSeparator() override { return regional_.decimal; }
     /// Plain digits with a sign, a fraction and an exponent; no group signs.
     [[nodiscard]] std::optional<double> ParseNumber(std::u16string_view text) override;
-    /// "2026-11-22 15:30", "2026-11-22T15:30:05" or "2026-11-22": the platform's own reader is not to be had here.
+    /// "2026-11-22 15:30", "2026-11-22T15:30:05" or "2026-11-22": the platform's own reader is not available here.
     [[nodiscard]] std::optional<DaySerial> ParseDate(std::u16string_view text) override;
     [[nodiscard]] std::u16string ShortDate(DaySerial when) override;
     [[nodiscard]] std::u16string LongTime(DaySerial when) override;

@@ -14,7 +14,7 @@ constexpr std::string_view kMarkOn = "\x1b[1;31m";
 constexpr std::string_view kMarkOff = "\x1b[0m";
 constexpr std::size_t kLongestLine = 200;
 
-/// A part of a line for the console: nothing in it acts on a terminal.
+/// A part of a line for the console, made harmless to terminals.
 std::string Plain(std::u16string_view part) {
     std::u16string text = Harmless(part);
     std::replace(text.begin(), text.end(), u'\t', u' ');

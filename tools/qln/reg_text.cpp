@@ -22,7 +22,7 @@ int HexDigit(char c) {
     return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
-/// Reads a text up to `end`, which is passed over; the position moves along. Characters beyond ASCII are escaped.
+/// Reads a text up to `end`, which is skipped; advances the position. Characters beyond ASCII are escaped.
 std::u16string ReadEscaped(std::string_view text, std::size_t& at, char end) {
     std::u16string result;
     while (at < text.size() && text[at] != end) {
@@ -124,7 +124,7 @@ std::optional<RegValue> ReadValue(std::string_view line) {
     return value;
 }
 
-/// The next line without its end; a line that ends in a backslash goes on in the next one.
+/// The next line without its end; a line that ends in a backslash continues in the next one.
 std::string NextLine(std::string_view file, std::size_t& at) {
     std::string line;
     while (at < file.size()) {
@@ -182,7 +182,7 @@ std::optional<std::u16string> RegTextApi::QueryText(Key key, std::u16string_view
     const RegValue* value = Find(key, name);
     if (value == nullptr) return std::nullopt;
     std::u16string text = DecodeUtf16(value->data, ByteOrder::LittleEndian);
-    if (!text.empty()) text.pop_back();  // the null; of data that is no text, as the system's call, the last unit
+    if (!text.empty()) text.pop_back();  // the null; for data that is not text, the last unit, as in the system call
     return text;
 }
 

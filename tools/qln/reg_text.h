@@ -10,7 +10,7 @@
 
 namespace quillo::qln {
 
-/// One value of a registry file: its type's number and its data, as the system's own call gives them.
+/// One value of a registry file: the number of its type and its data, as the system call returns them.
 struct RegValue {
     std::u16string name;
     std::uint32_t type = 1;
@@ -18,8 +18,8 @@ struct RegValue {
     bool operator==(const RegValue&) const = default;
 };
 
-/// The registry of a Wine prefix, read from its files "user.reg" and "system.reg". It only reads: a key that is missing
-/// is an empty one, and nothing can be set.
+/// The registry of a Wine prefix, read from its files "user.reg" and "system.reg". Read-only: a missing key is empty,
+/// and nothing can be set.
 class RegTextApi : public RegistryApi {
   public:
     RegTextApi(std::string user, std::string system) : user_(std::move(user)), system_(std::move(system)) {}
@@ -45,8 +45,8 @@ class RegTextApi : public RegistryApi {
     std::vector<Values> open_;  // key N is open_[N - 1]
 };
 
-/// The values of a section, `key` with single backslashes; empty when there is none. What cannot be read is passed
-/// over.
+/// The values of a section, `key` with single backslashes; empty if there is none. Lines that cannot be read are
+/// skipped.
 [[nodiscard]] std::vector<RegValue> ReadRegSection(std::string_view file, std::u16string_view key);
 
 }  // namespace quillo::qln

@@ -10,7 +10,7 @@
 namespace quillo::qln {
 namespace {
 
-/// Whether the bytes hold the word, which is in lower case, in any letter case.
+/// Whether the bytes contain the word, which is in lower case, in any letter case.
 bool HoldsPlainWord(std::string_view lowered, const std::string& word) {
     return lowered.find(word) != std::string_view::npos;
 }
@@ -22,7 +22,7 @@ std::u16string_view WithoutBlanks(std::u16string_view line) {
     return line.substr(first, line.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// Overlapping matches as one.
+/// Merges overlapping matches.
 std::vector<Match> Merged(std::vector<Match> matches) {
     std::sort(matches.begin(), matches.end(), [](const Match& a, const Match& b) { return a.at < b.at; });
     std::vector<Match> merged;
@@ -60,7 +60,7 @@ bool Search::Matches(std::u16string_view text) const {
 }
 
 bool Search::MayMatch(std::string_view bytes) const {
-    // Only bytes that are letters for themselves can be looked at without reading the file's text.
+    // Only ASCII bytes can be searched without decoding the file's text.
     if (!IsAscii(bytes) || EndsWithUnicodeElement(bytes)) return true;
     if (!allPlain_) return false;
     static thread_local std::string lowered;
@@ -79,7 +79,7 @@ std::vector<Match> Search::MatchesIn(std::u16string_view line, std::size_t& foun
         if (at != std::u16string::npos) ++found;
         for (; at != std::u16string::npos; at = folded.folded.find(word, at + word.size())) {
             const std::size_t from = folded.origin[at];
-            // Marks that fold to nothing belong to the letter before them.
+            // Marks that fold to nothing belong to the preceding letter.
             const std::size_t end = folded.origin[at + word.size()];
             const std::size_t last = std::max(end, folded.origin[at + word.size() - 1] + 1);
             matches.push_back({from, last - from});

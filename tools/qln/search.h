@@ -23,19 +23,19 @@ struct Hit {
     std::vector<Match> matches;
 };
 
-/// Words that are looked for without regard to case and accents.
+/// A search for words without regard to case and accents.
 class Search {
   public:
     explicit Search(const std::vector<std::string>& words);
 
     /// Whether the text has every word.
     [[nodiscard]] bool Matches(std::u16string_view text) const;
-    /// False for a file that cannot have every word; true says nothing yet.
+    /// False for a file that cannot have every word; true means that it may.
     [[nodiscard]] bool MayMatch(std::string_view bytes) const;
-    /// The line with most of the words, its blanks at the ends removed, and where they are in it.
+    /// Finds the line with most of the words, trimmed, and the places of the words in it.
     void DescribeHit(Hit& hit) const;
 
-    /// The notes among `entries` that have every word, in their order. Files that cannot be read go to `unread`.
+    /// The notes among `entries` that have every word, in their order. `unread` receives the files that cannot be read.
     [[nodiscard]] std::vector<Hit> Find(const std::vector<NoteEntry>& entries, LocaleText& locale,
                                         std::vector<std::string>& unread) const;
 
@@ -43,7 +43,7 @@ class Search {
     [[nodiscard]] std::vector<Match> MatchesIn(std::u16string_view line, std::size_t& found) const;
 
     std::vector<std::u16string> words_;
-    std::vector<std::string> plainWords_;  // the same in ASCII; none where a word is not
+    std::vector<std::string> plainWords_;  // the same in ASCII; none if a word is not ASCII
     bool allPlain_ = true;
 };
 

@@ -60,14 +60,14 @@ std::string ReminderText(const NoteFile& file) {
     return file.reminder && file.reminder->when ? FormatIsoMinute(*file.reminder->when) : "-";
 }
 
-/// The notes that the words name, read; several, one or none.
+/// The notes that the words name, read from their files; several, one or none.
 std::vector<StoredNote> Candidates(const Session& session, const std::vector<NoteEntry>& notes,
                                    std::vector<std::string>& unread) {
     const std::string which = Joined(session.options.words);
     LocaleText& locale = *session.place.locale;
     std::vector<NoteEntry> named;
     if (IsDigits(which)) named = WithNumber(notes, NumberOf(which));
-    // An id may be digits alone; only then is it meant when there is no note of such a number.
+    // An id may be digits alone; it counts as an id only if no note has that number.
     if (named.empty() && IsId(which)) named = WithId(notes, which);
     if (!named.empty()) return LoadNotes(named, locale, unread);
     if (IsDigits(which)) return {};

@@ -8,7 +8,7 @@
 
 namespace quillo::qln {
 
-// Names of files may hold lone surrogates; as three bytes each they come back.
+// File names may have lone surrogates; three bytes each preserve them.
 
 [[nodiscard]] inline std::wstring ToWide(std::string_view text) {
     const std::u16string units = DecodeUtf8(text, LoneSurrogates::Accept).value_or(std::u16string());

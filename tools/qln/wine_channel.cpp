@@ -47,7 +47,7 @@ bool SameFolder(const std::string& a, const std::string& b) {
     return fs::equivalent(a, b, error);
 }
 
-/// Runs wine with the streams on nothing; the process's number, -1 on failure.
+/// Runs wine with its streams redirected to nothing; returns the process id, -1 on failure.
 pid_t Launch(const std::string& prefix, const std::string& display, std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "wine");
     std::vector<char*> pointers;
@@ -66,7 +66,7 @@ pid_t Launch(const std::string& prefix, const std::string& display, std::vector<
     _exit(127);
 }
 
-/// False when the process has not ended well within a minute.
+/// False if the process has not ended successfully within a minute.
 bool AwaitEnd(pid_t child) {
     constexpr auto kPatience = std::chrono::seconds(60);
     constexpr auto kBetweenLooks = std::chrono::milliseconds(20);
@@ -91,7 +91,7 @@ std::optional<WineChannel::Running> WineChannel::FindRunning() const {
         const std::string program = Contents(entry.path() / "cmdline").c_str();
         if (!IsQuillo(program)) continue;
         const std::string environment = Contents(entry.path() / "environ");
-        if (environment.empty()) continue;  // of another user
+        if (environment.empty()) continue;  // belongs to another user
         if (!prefix_.empty() && !SameFolder(ValueOf(environment, "WINEPREFIX"), prefix_)) continue;
         return Running{program, ValueOf(environment, "DISPLAY")};
     }

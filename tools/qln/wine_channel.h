@@ -7,11 +7,11 @@
 
 namespace quillo::qln {
 
-/// The way to a Quillo under Wine: a second start of the program hands a command line to the running one.
+/// The channel to a Quillo under Wine: a second start of the program passes a command line to the running one.
 class WineChannel : public Channel {
   public:
-    /// `prefix` is "" where the notes belong to no prefix that is known: then nothing can be sent, and every Quillo of
-    /// this user counts as running. `registeredProgram` is what the session starts; "" where it is not known.
+    /// `prefix` is "" if the notes belong to no known prefix: then nothing can be sent, and every Quillo of this user
+    /// counts as running. `registeredProgram` is the program that the session starts; "" if unknown.
     WineChannel(std::string prefix, std::string registeredProgram)
         : prefix_(std::move(prefix)), registeredProgram_(std::move(registeredProgram)) {}
 

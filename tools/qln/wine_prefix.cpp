@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The entry of a folder with that name in any letter case; the name itself where there is none.
+/// The entry of a folder with that name in any letter case; the name itself if there is none.
 std::string EntryNamed(const fs::path& folder, const std::string& name) {
     std::error_code error;
     if (fs::exists(folder / name, error)) return name;

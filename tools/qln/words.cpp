@@ -23,7 +23,7 @@ bool IsHarmless(char16_t unit) {
     return !direction && !noCharacter;
 }
 
-/// U+1FFFE, U+2FFFF and so on are no characters; their second halves end alike.
+/// U+1FFFE, U+2FFFF and so on are not characters; their second halves end alike.
 bool IsNoCharacter(char16_t high, char16_t low) {
     return (low & 0x3FE) == 0x3FE && (high & 0x3F) == 0x3F;
 }

@@ -14,7 +14,7 @@
 namespace quillo::qln {
 namespace {
 
-/// As many bytes as the longest note can have in UTF-8.
+/// The size in UTF-8 of the longest possible note.
 constexpr std::size_t kLongestInput = kMostNoteCharacters * 3;
 
 std::string Joined(const std::vector<std::string>& words) {
@@ -30,7 +30,7 @@ std::string_view WithoutLastBreak(std::string_view bytes) {
     return bytes;
 }
 
-/// The text that is asked for; nothing after a complaint.
+/// The text of the new note; nothing after an error message.
 std::optional<std::u16string> NewText(const Session& session) {
     const std::vector<std::string>& words = session.options.words;
     const bool fromInput = words.size() == 1 && words.front() == "-";
@@ -41,7 +41,7 @@ std::optional<std::u16string> NewText(const Session& session) {
     return text;
 }
 
-/// The colors of the one who has asked, else those of any new note; nothing after a complaint.
+/// The colors that the user requested, else those of any new note; nothing after an error message.
 std::optional<NoteAppearance> NewAppearance(const Session& session) {
     const Settings& settings = session.place.settings;
     NoteAppearance look{false,
@@ -72,7 +72,7 @@ std::optional<NoteAppearance> NewAppearance(const Session& session) {
     return look;
 }
 
-/// Sets the reminder that is asked for and says how it was understood; false after a complaint.
+/// Sets the requested reminder and says how it was understood; false after an error message.
 bool TakeReminder(const Session& session, NoteFile& file) {
     if (session.options.remind.empty()) return true;
     LocaleText& locale = *session.place.locale;
@@ -87,7 +87,7 @@ bool TakeReminder(const Session& session, NoteFile& file) {
     return true;
 }
 
-/// The notes of one file: those of an export, or the file's text; nothing after a complaint.
+/// The notes in one file: those of an export, or the file's text; nothing after an error message.
 std::optional<std::vector<NoteFile>> NotesOfFile(const Session& session, const std::string& path) {
     const auto refuse = [&](const std::string& reason) {
         Complain(session.Terminal(), HarmlessName(path) + " is refused: " + reason);
@@ -144,7 +144,7 @@ int New(const Session& session) {
 }
 
 int Import(const Session& session) {
-    // All files are read first: of a file that is refused nothing is made, nor of those beside it.
+    // All files are read first: if one is refused, no note is created from any of them.
     std::vector<NoteFile> notes;
     for (const std::string& path : session.options.words) {
         auto read = NotesOfFile(session, path);

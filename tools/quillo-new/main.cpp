@@ -1,20 +1,19 @@
-// Makes a new note: for a shortcut, a key or a gesture of the user's own choice. When Quillo runs it is asked for the
-// note; when it does not, it is started first. (A first start of quillo.exe with "/new" would call that command
-// unknown.)
+// Creates a new note, for a shortcut, a key or a gesture of the user's own choice. Passes the command to a running
+// Quillo, or starts Quillo first. (A first start of quillo.exe with "/new" would call that command unknown.)
 #include "platform/notify_channel.h"
 
 namespace {
 
 constexpr wchar_t kProgram[] = L"quillo.exe";
 constexpr wchar_t kCommand[] = L"/new";
-/// How long a Quillo that was just started may take to open its channel, in milliseconds.
+/// How long a newly started Quillo may take to open its channel, in milliseconds.
 constexpr DWORD kPatience = 10'000;
-/// The longest path of the system, with the null at its end.
+/// The system's maximum length of a path, with the null at its end.
 constexpr DWORD kLongestPath = 32'768;
 
 enum ExitCode : int { kDone = 0, kNotStarted = 1, kNoAnswer = 2 };
 
-/// Room for one path, from the heap: the stack is too small for it, and a static one would lie in the file as zeros.
+/// A buffer for one path, on the heap: the stack is too small for it, and a static one would be in the file as zeros.
 class PathBuffer {
   public:
     PathBuffer() : text_(static_cast<wchar_t*>(HeapAlloc(GetProcessHeap(), 0, kLongestPath * sizeof(wchar_t)))) {}
@@ -30,7 +29,7 @@ class PathBuffer {
     wchar_t* text_;
 };
 
-/// Writes the path of Quillo, which lies in the folder of this program; false when that has no room.
+/// Writes the path of Quillo, which is in the folder of this program; false if it does not fit.
 bool FindQuillo(wchar_t* path) {
     const DWORD length = GetModuleFileNameW(nullptr, path, kLongestPath);
     if (length == 0 || length >= kLongestPath) return false;
@@ -41,7 +40,7 @@ bool FindQuillo(wchar_t* path) {
     return true;
 }
 
-/// Without arguments, as by a double click.
+/// Starts Quillo without arguments, like a double click.
 bool StartQuillo() {
     const PathBuffer path;
     if (path.Text() == nullptr || !FindQuillo(path.Text())) return false;
@@ -73,7 +72,7 @@ int Run() {
 
 }  // namespace
 
-/// The entry point itself: nothing here needs what a run-time library would prepare.
+/// The entry point itself: this program needs no initialization by a run-time library.
 extern "C" [[noreturn]] void QuilloNewMain() {
     ExitProcess(static_cast<UINT>(Run()));
 }
