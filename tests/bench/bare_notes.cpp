@@ -1,4 +1,4 @@
-// The yardstick for start-up: the least program that puts the same files on the screen. It lists a folder, and shows
+// The yardstick for start-up: the smallest program that puts the same files on the screen. It lists a folder and shows
 // each file's bytes in a plain window with one edit box. Usage: bare_notes FOLDER
 
 #include "platform/wide.h"

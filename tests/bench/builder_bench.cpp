@@ -1,4 +1,4 @@
-// What appending 16 characters many times costs, against std::u16string.
+// The cost of appending 16 characters many times, compared with std::u16string.
 #include <cstdio>
 #include <string>
 

@@ -1,4 +1,4 @@
-// How fast a note file is split, against copying the same bytes.
+// The speed of splitting a note file, compared with copying the same bytes.
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -27,7 +27,7 @@ int main() {
          {std::size_t{200}, std::size_t{10'000}, std::size_t{1'000'000}, std::size_t{50'000'000}}) {
         const std::string file = MakeFile(size);
         std::vector<char> copy(file.size());
-        const char* volatile source = file.data();  // read anew each time, so that nothing is done once for all calls
+        const char* volatile source = file.data();  // volatile: read again for each call
         const std::size_t calls = 100'000'000 / file.size();
         const auto [split, copying] = quillo::bench::Compare(
             15, calls,

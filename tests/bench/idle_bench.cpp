@@ -1,4 +1,4 @@
-// What the program costs while nobody touches it: processor time with 50 notes on the screen, over a minute or more.
+// The cost of the idle program: processor time with 50 notes on the screen, over a minute or more.
 // Usage: idle_bench QUILLO.EXE [SECONDS [NOTES]]
 // It uses the notes folder of the user who runs it, and refuses one that holds notes.
 
@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
     const ProgramRun quillo(argv[1], notes);
     if (!quillo.IsReady()) return std::printf("the notes did not come\n"), 1;
 
-    // Start-up leaves timers behind that fire once; the main timer's first tick warms its own path up.
+    // Start-up leaves timers that fire once; the main timer's first tick warms its own code up.
     constexpr DWORD kSettleMilliseconds = 15'000;
     Sleep(kSettleMilliseconds);
     const double before = quillo.ProcessorMilliseconds();

@@ -1,6 +1,7 @@
-// What the program holds for the notes on the screen, against the bare program that shows the same files: private
-// memory, memory with what is shared counted in proportion, GDI and user objects. Usage: memory_bench QUILLO.EXE
-// BARE_NOTES.EXE [NOTES] It uses the notes folder of the user who runs it, and refuses one that holds notes.
+// The memory that the program uses for the notes on the screen, compared with the bare program that shows the same
+// files: private memory, memory with shared pages counted in proportion, GDI and user objects. Usage: memory_bench
+// QUILLO.EXE BARE_NOTES.EXE [NOTES]. It uses the notes folder of the user who runs it, and refuses one that contains
+// notes.
 
 #include <cstdio>
 #include <cstdlib>
@@ -23,7 +24,7 @@ struct Held {
 
 constexpr double kMegabyte = 1024.0 * 1024.0;
 
-/// Each page of the working set by the number of processes that share it, of which the system tells at most seven.
+/// Divides each page of the working set by the number of processes that share it, which the system counts up to seven.
 double ProportionalByWorkingSet(HANDLE process) {
     std::vector<ULONG_PTR> pages(1U << 20U);
     if (QueryWorkingSet(process, pages.data(), static_cast<DWORD>(pages.size() * sizeof(ULONG_PTR))) == 0) return 0;
@@ -43,9 +44,9 @@ double Kilobytes(const std::string& text, const char* name) {
     return at == std::string::npos ? 0 : std::atof(text.c_str() + text.find(':', at) + 1);
 }
 
-/// Wine does not tell who shares a page, nor what is private; Linux does, in a file that Wine's drive Z: shows. `name`
-/// is the program's, as far as Linux keeps it, and `prefix` the entry of its environment that tells it from other runs.
-/// Nothing on Windows.
+/// Wine does not report which pages are shared or private; Linux does, in a file that Wine's drive Z: makes available.
+/// `name` is the program's name as Linux shortens it, and `prefix` the entry of its environment that distinguishes it
+/// from other runs. Nothing on Windows.
 std::optional<Held> HeldByLinux(const std::string& name, const std::string& prefix) {
     WIN32_FIND_DATAW found{};
     HANDLE search = FindFirstFileW(L"Z:\\proc\\*", &found);
@@ -102,7 +103,7 @@ int main(int argc, char** argv) {
     const int notes = argc > 3 ? std::atoi(argv[3]) : 50;
     const NotesFolder folder(notes);
     if (!folder.IsReady()) return std::printf("the notes folder holds notes, or cannot be written\n"), 2;
-    // Start-up leaves timers behind that fire once, and windows that are made after the first painting.
+    // Start-up leaves timers that fire once, and windows that are created after the first painting.
     constexpr DWORD kSettleMilliseconds = 15'000;
     Held held[2];
     {

@@ -1,5 +1,5 @@
-// How long one phrase takes to read, by kind of phrase. The last three need the platform's conversion and cost
-// what it costs.
+// How long one phrase takes to read, by kind of phrase. The last three need the platform's conversion, which dominates
+// their cost.
 #include <cstdio>
 #include <limits>
 #include <string>

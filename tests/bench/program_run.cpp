@@ -88,7 +88,7 @@ std::vector<HWND> ProgramRun::TextBoxes() const {
 }
 
 bool ProgramRun::SaveAll() const {
-    // What the system sends before a session ends: everything is on the disk when the answer comes.
+    // The system's message before a session ends: everything is on the disk when the answer arrives.
     HWND form = FindWindowW(L"QuilloMenu", nullptr);
     constexpr UINT kPatienceMilliseconds = 60'000;
     DWORD_PTR agreed = 0;

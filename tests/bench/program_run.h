@@ -8,7 +8,7 @@
 
 namespace quillo::bench {
 
-/// The folder that the program takes its notes from, filled with samples; they are gone with the object.
+/// The folder from which the program takes its notes, filled with samples; the destructor deletes them.
 class NotesFolder {
   public:
     explicit NotesFolder(int notes);
@@ -16,7 +16,7 @@ class NotesFolder {
     NotesFolder& operator=(const NotesFolder&) = delete;
     ~NotesFolder();
 
-    /// False when the folder holds notes of the user's, or cannot be written.
+    /// False if the folder has notes of the user, or cannot be written.
     [[nodiscard]] bool IsReady() const { return ready_; }
     [[nodiscard]] const std::wstring& Path() const { return path_; }
     /// The full paths of the samples.
@@ -31,8 +31,8 @@ class NotesFolder {
 /// One start of the program under measurement, ended with the object.
 class ProgramRun {
   public:
-    /// Waits until so many windows of that class stand and the program has nothing left to do. `arguments` follow the
-    /// program's name in the command line, with the blank before them.
+    /// Waits until that many windows of the class exist and the program is idle. `arguments` is appended to the
+    /// program's name in the command line, with a leading blank.
     ProgramRun(const std::string& exe, int notes, const std::wstring& arguments = L"",
                const wchar_t* windowClass = L"QuilloNote");
     ProgramRun(const ProgramRun&) = delete;
@@ -41,11 +41,11 @@ class ProgramRun {
 
     [[nodiscard]] bool IsReady() const { return ready_; }
     [[nodiscard]] HANDLE Process() const { return process_.Get(); }
-    /// Spent in user mode and in the system, since the start.
+    /// Time in user mode and in the system since the start.
     [[nodiscard]] double ProcessorMilliseconds() const;
     /// The text boxes of all notes.
     [[nodiscard]] std::vector<HWND> TextBoxes() const;
-    /// Has every changed note written, and comes back when that is done; false on failure.
+    /// Makes the program save every changed note, and returns when that is done; false on failure.
     [[nodiscard]] bool SaveAll() const;
 
   private:
@@ -54,10 +54,10 @@ class ProgramRun {
     bool ready_ = false;
 };
 
-/// All of a file's bytes; "" when it cannot be read.
+/// All bytes of a file; "" if it cannot be read.
 [[nodiscard]] std::string ReadAll(const std::wstring& path);
 
-/// The same of a file that has no length until it is read.
+/// The same for a file whose length is unknown until it is read.
 [[nodiscard]] std::string ReadAllOfDevice(const std::wstring& path);
 
 }  // namespace quillo::bench

@@ -1,5 +1,5 @@
-// Saving all of 50 changed notes in the running program, against plain writes of the same bytes: the same run,
-// interleaved, the ratio of the medians.
+// Saving all of 50 changed notes in the running program, compared with plain writes of the same bytes in the same run,
+// interleaved; prints the ratio of the medians.
 // Usage: save_bench QUILLO.EXE [RUNS [NOTES]]
 // It uses the notes folder of the user who runs it, and refuses one that holds notes.
 
@@ -20,10 +20,10 @@ double MillisecondsSince(Clock::time_point begin) {
     return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
 }
 
-/// What was changed is painted by then, and not yet saved by itself.
+/// By then the change has been painted, but not yet saved automatically.
 constexpr DWORD kPaintedMilliseconds = 500;
 
-/// How careful a plain write is. What is saved must outlive a power failure, so only the last one is a fair measure.
+/// How durable a plain write is. Saved notes must survive a power failure, so only the last one is a fair comparison.
 enum class Care { None, Flush, FlushAndReplace };
 
 bool WritePlainly(const std::wstring& path, const std::string& bytes, Care care) {
@@ -41,7 +41,7 @@ bool WritePlainly(const std::wstring& path, const std::string& bytes, Care care)
     return MoveFileExW(name.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
 }
 
-/// The same bytes as the notes', under names beside them that the program does not look at.
+/// Files with the same bytes as the notes, under names in the same folder that the program ignores.
 class PlainFiles {
   public:
     explicit PlainFiles(const std::vector<std::wstring>& notes) {
@@ -71,7 +71,7 @@ class PlainFiles {
 
 void ChangeAll(const quillo::bench::ProgramRun& quillo) {
     for (HWND box : quillo.TextBoxes()) {
-        // One character in the place of the first: the files stay as long as they are.
+        // Replaces the first character: the length of the files does not change.
         SendMessageW(box, EM_SETSEL, 0, 1);
         SendMessageW(box, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L"M"));
     }
@@ -105,7 +105,7 @@ int main(int argc, char** argv) {
     std::vector<double> bare;
     std::vector<double> flushed;
     std::vector<double> replaced;
-    for (int run = -1; run < runs; ++run) {  // the first round only warms the machine up
+    for (int run = -1; run < runs; ++run) {  // the first round only warms up
         const auto before = WriteTimes(folder.Files());
         ChangeAll(quillo);
         Sleep(kPaintedMilliseconds);

@@ -1,5 +1,5 @@
-// How long the whole program takes from its start until every note is painted, against the bare program that shows the
-// same files: the same run, interleaved, the ratio of the medians.
+// The time from the program's start until every note is painted, compared with the bare program that shows the same
+// files in the same run, interleaved; prints the ratio of the medians.
 // Usage: startup_bench QUILLO.EXE BARE_NOTES.EXE [RUNS]
 // It uses the notes folder of the user who runs it, and refuses one that holds notes.
 
@@ -25,8 +25,8 @@ bool IsPainted(HWND window) {
            !GetUpdateRect(box, nullptr, FALSE);
 }
 
-/// Whether that many windows of the class stand painted. Looks as little as it can: every look takes time from the
-/// program that is being timed.
+/// Whether that many windows of the class have been painted. Checks as little as possible: every check takes time from
+/// the program under measurement.
 bool ArePainted(const wchar_t* windowClass, int notes) {
     std::vector<HWND> windows;
     HWND window = FindWindowExW(nullptr, nullptr, windowClass, nullptr);
@@ -34,7 +34,7 @@ bool ArePainted(const wchar_t* windowClass, int notes) {
     return static_cast<int>(windows.size()) >= notes && std::all_of(windows.begin(), windows.end(), &IsPainted);
 }
 
-/// Milliseconds from the start of the command until `notes` windows are painted; negative when that never comes.
+/// Milliseconds from the start of the command until `notes` windows are painted; negative on a timeout.
 double TimeStart(const std::wstring& command, const wchar_t* windowClass, int notes) {
     std::wstring line = command;
     STARTUPINFOW startup{};
@@ -100,7 +100,7 @@ int main(int argc, char** argv) {
         }
         std::vector<double> ours;
         std::vector<double> theirs;
-        for (int run = -1; run < runs; ++run) {  // the first pair only warms the machine up
+        for (int run = -1; run < runs; ++run) {  // the first pair only warms up
             const double a = TimeStart(quilloCommand, L"QuilloNote", notes);
             const double b = TimeStart(bareCommand, L"BareNote", notes);
             if (a < 0 || b < 0) return std::printf("the notes did not come\n"), 1;

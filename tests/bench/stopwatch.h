@@ -8,7 +8,7 @@
 
 namespace quillo::bench {
 
-/// Keeps a result alive that nothing else uses.
+/// Keeps the compiler from removing a result that nothing else uses.
 template <typename T>
 inline void Keep(const T& value) {
     static const volatile void* kept = nullptr;
@@ -16,7 +16,7 @@ inline void Keep(const T& value) {
     static_cast<void>(kept);
 }
 
-/// Seconds that one call of the action takes, measured over `calls` calls.
+/// Seconds per call of the action, measured over `calls` calls.
 template <typename Action>
 [[nodiscard]] double Measure(std::size_t calls, Action&& action) {
     const auto start = std::chrono::steady_clock::now();
@@ -29,7 +29,7 @@ template <typename Action>
     return values[values.size() / 2];
 }
 
-/// The medians of two actions in seconds a call; their runs alternate, so that the machine treats both alike.
+/// The medians of two actions in seconds per call; their runs alternate, so that both see the same load of the machine.
 template <typename First, typename Second>
 [[nodiscard]] std::pair<double, double> Compare(int runs, std::size_t calls, First&& first, Second&& second) {
     std::vector<double> a;

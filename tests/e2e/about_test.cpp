@@ -26,14 +26,14 @@ class AboutTest : public OrdinaryTest {
         constexpr int kFirstId = 100;
         return GetDlgItem(Box(), control == Control::CloseButton ? IDOK : kFirstId + static_cast<int>(control));
     }
-    /// Until the close button has the keyboard.
+    /// Opens it and waits until the close button has the focus.
     void Open() {
         const MainMenu menu(Quillo().Pid());
         ASSERT_TRUE(menu.Open());
         ASSERT_TRUE(menu.Choose(MenuItem::About));
         ASSERT_TRUE(Eventually([this] { return Box() != nullptr && KeyboardWindow() == Of(Control::CloseButton); }));
     }
-    /// The Tab key from the close button round to there.
+    /// Moves the focus with the Tab key from the close button to that control.
     [[nodiscard]] bool TabTo(AboutControl control) {
         for (const Control next :
              {Control::WebLink, Control::UpdateButton, Control::HelpButton, Control::CloseButton}) {

@@ -9,7 +9,7 @@ const std::wstring kText =
     L"Precious \xd83d\xde00 \u0394\u03ad\u03bb\u03c4\u03b1 \u0416\u0443\u043a \u65e5\u672c e\u0301\r\n\xd83d.\r\n"
     L"<quillo><position>1,2,3,4</position></quillo> </quillo>";
 
-/// Every character comes back, wherever a note goes.
+/// Every character is preserved, wherever a note is moved.
 class Characters : public OrdinaryTest {
   protected:
     void SetUp() override {
@@ -25,7 +25,7 @@ class Characters : public OrdinaryTest {
         EXPECT_EQ(note.Text(), text);
         return note;
     }
-    /// The file of that note, closed.
+    /// The file of that note after it was closed.
     std::wstring Closed(const std::wstring& text = kText) {
         const NoteWindow note = Typed(text);
         PostMessageW(note.Handle(), WM_CLOSE, 0, 0);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr char kInTheYear3000[] = "#402133.25";
 
-/// A note closed by keys: to a file, and back from it.
+/// A note closed with keys: to a file, and back from it.
 class Closing : public OrdinaryTest {
   protected:
     void SetUp() override {
@@ -141,7 +141,7 @@ TEST_F(Closing, ALetterWithAltGrIsNoShortcut) {
     const NoteWindow note = Open(NoteFile{"Milk"});
     ASSERT_TRUE(note.TakeKeyboard());
     for (const WORD letter : {'W', 'M', 'T', 'A', 'R'}) PressKey(letter, {VK_LCONTROL, VK_RMENU});
-    TypeText(L"\u20AC");  // what such a key writes comes after all of them
+    TypeText(L"\u20AC");  // the character of such a key would come after all of them
     ASSERT_TRUE(Eventually([&] { return note.Text().find(L'\u20AC') != std::wstring::npos; }));
     EXPECT_TRUE(note.IsVisible());
     EXPECT_THAT(note.Text(), ::testing::StartsWith(L"Milk")) << "neither a time stamp nor the whole text replaced";

@@ -16,7 +16,7 @@ class Console : public OrdinaryTest {
         run_ = RunQln(arguments);
         EXPECT_EQ(run_.code, code) << Narrow(arguments) << "\n" << run_.out << run_.error;
     }
-    /// The path that the last run has printed first.
+    /// The first path that the last run has printed.
     std::wstring MadePath() const { return Widen(run_.out.substr(0, run_.out.find('\n'))); }
 
     ConsoleRun run_;
@@ -152,7 +152,7 @@ TEST_F(Console, APathThatHeldNothingElseIsGoneAgain) {
     EXPECT_TRUE(UserPath::Read() == UserPath::Value{});
 }
 
-/// Fifty notes are changed twenty times while another process lists them over and over.
+/// Changes fifty notes twenty times while another process lists them continuously.
 TEST_F(Console, AThousandSavesSucceedWhileTheNotesAreListed) {
     constexpr int kNotes = 50;
     constexpr int kRounds = 20;

@@ -23,11 +23,11 @@ struct Findings {
     int doubled = 0;
     int torn = 0;
     int leftOver = 0;
-    int cameBack = 0;  ///< thrown away and in the Recycle Bin, but open again
+    int cameBack = 0;  ///< deleted and in the Recycle Bin, but open again
 };
 
-/// The program is ended by force, again and again, while notes are made, typed into, moved, minimized, closed, opened
-/// and thrown away. QUILLO_CRASH_KILLS says how often, QUILLO_CRASH_SEED in which way.
+/// Kills the program again and again while notes are created, edited, moved, minimized, closed, opened and deleted.
+/// QUILLO_CRASH_KILLS is the number of kills, QUILLO_CRASH_SEED the random seed.
 class CrashCampaign : public OrdinaryTest {
   protected:
     static constexpr std::size_t kFewestNotes = 4;
@@ -66,7 +66,7 @@ class CrashCampaign : public OrdinaryTest {
         for (unsigned i = 0; i < words; ++i) text += kWords[Any(std::size(kWords))];
         return text + L"end";
     }
-    /// The next version of that note's text, which is what the note may hold from now on.
+    /// The next version of that note's text; the note may contain it from now on.
     const std::wstring& NextText(int number) {
         KnownNote& note = notes_[number];
         note.versions.push_back(
@@ -88,7 +88,7 @@ class CrashCampaign : public OrdinaryTest {
         return files.empty() ? L"" : Outside() / files.at(Any(static_cast<unsigned>(files.size())));
     }
 
-    // What is done to them. False when the program has gone meanwhile.
+    // The actions. False if the program has ended meanwhile.
 
     static bool Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         constexpr UINT kLongest = 10'000;
@@ -121,7 +121,7 @@ class CrashCampaign : public OrdinaryTest {
         if (Command(L"@ \"" + path + L"\" ") && number) IsStored(*number);
     }
     static void Close(const NoteWindow& note) { PostMessageW(note.Handle(), WM_CLOSE, 0, 0); }
-    /// A click on the close button with the Shift key.
+    /// Clicks the close button with the Shift key held.
     void ThrowAway(int number, const NoteWindow& note) {
         HWND button = GetDlgItem(note.Handle(), static_cast<int>(NoteButtonId::Close));
         if (bin_.empty() || button == nullptr) return Close(note);
@@ -135,7 +135,7 @@ class CrashCampaign : public OrdinaryTest {
                      150 + static_cast<int>(Any(200)), 120 + static_cast<int>(Any(200)),
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS);
     }
-    /// A stored note that is opened once more has the keyboard.
+    /// Opening a stored note again gives it the focus.
     void MinimizeOne() {
         const std::vector<std::wstring> copies = StorageCopies();
         if (copies.empty()) return;
@@ -172,7 +172,7 @@ class CrashCampaign : public OrdinaryTest {
                 }
         }
     }
-    /// Several things that write files, all at once.
+    /// Several actions that write files, all at once.
     void ActAtOnce() {
         const auto open = OpenNotes();
         const unsigned what = Any(5);
@@ -190,7 +190,7 @@ class CrashCampaign : public OrdinaryTest {
         if (what == 4) OpenAClosedNote();
     }
 
-    // The end by force.
+    // The kills.
 
     void KillAt(Moment moment) {
         killer_ = std::thread([this, moment] {
@@ -211,7 +211,7 @@ class CrashCampaign : public OrdinaryTest {
     [[nodiscard]] std::vector<std::wstring> Folders() const {
         return {Profile().NotesFolder(), Outside().Path(), Profile().MakersFolder() + L"\\Recovery"};
     }
-    /// A few milliseconds after the folders first look otherwise.
+    /// Kills it a few milliseconds after the folders have begun to change.
     void KillDuringWrites() {
         const auto before = FolderState();
         const Moment latest = std::chrono::steady_clock::now() + std::chrono::milliseconds(300);
@@ -229,7 +229,7 @@ class CrashCampaign : public OrdinaryTest {
         while (Quillo().IsRunning()) Act();
         killer_.join();
     }
-    /// In the middle of a start, which finishes what the last run has left.
+    /// Kills it in the middle of a start, which finishes the steps of the last run.
     void KillAStart() {
         QuilloProcess starting;
         std::this_thread::sleep_for(std::chrono::milliseconds(Any(500)));
@@ -256,7 +256,7 @@ class CrashCampaign : public OrdinaryTest {
         LookForTornFiles();
     }
 
-    // What has come of it.
+    // The results.
 
     void Report(int& count, const std::string& what) {
         ++count;
@@ -277,7 +277,7 @@ class CrashCampaign : public OrdinaryTest {
         for (const std::wstring& folder : Folders()) {
             for (const std::wstring& name : FilesIn(folder)) {
                 const bool note = name.size() > 4 && name.substr(name.size() - 4) == L".qln";
-                // A storage copy that a newer one has replaced is kept until the next start.
+                // A storage copy that was replaced by a newer one is kept until the next start.
                 const bool replaced = name.size() > 4 && name.substr(name.size() - 4) == L".old";
                 if (!note && !(replaced && folder == Profile().NotesFolder() && oldCopies_.insert(name).second)) {
                     Report(findings_.leftOver, "left over: " + Narrow(folder + L"\\" + name));
@@ -297,7 +297,7 @@ class CrashCampaign : public OrdinaryTest {
             for (const std::wstring& name : FilesIn(bin_ + part)) DeleteFileW((bin_ + part + L"\\" + name).c_str());
         }
     }
-    /// Looks at every note after a start, and takes what was found for true.
+    /// Examines every note after a start, and takes the result as the new baseline.
     void TakeStock() {
         std::map<int, Places> found;
         for (const NoteWindow& note : NotesOf(Quillo())) {
@@ -314,7 +314,7 @@ class CrashCampaign : public OrdinaryTest {
         LookForLeftOvers();
         EmptyBin();
     }
-    /// False for a note that is no more.
+    /// False for a note that no longer exists.
     bool Check(int number, KnownNote& note, const Places& places) {
         const std::string name = "note " + std::to_string(number);
         std::vector<std::wstring> alive = places.open;
@@ -336,7 +336,7 @@ class CrashCampaign : public OrdinaryTest {
     std::mt19937 random_;
     std::map<int, KnownNote> notes_;
     Findings findings_;
-    std::wstring bin_;  ///< the folder of the Recycle Bin; "" where the tests do not know it, and throw nothing away
+    std::wstring bin_;  ///< the folder of the Recycle Bin; "" if the tests cannot find it, and then delete nothing
     std::set<std::wstring> oldCopies_;
     std::thread killer_;
     Moment killed_;

@@ -10,7 +10,7 @@ namespace {
 constexpr int kRounds = 20;
 constexpr std::size_t kNotes = 4;
 
-/// The program is ended by force, at random moments, while notes move between the screen and their files.
+/// Kills the program at random moments while notes are moved between the screen and their files.
 class Crashes : public OrdinaryTest {
   protected:
     void SetUp() override {
@@ -18,7 +18,7 @@ class Crashes : public OrdinaryTest {
         if (Profile().IsReady()) Profile().SetText(L"Note folder", Outside().Path());
     }
 
-    /// Some 50 kB that begin with the note's number and are told apart by the letter.
+    /// About 50 kB that begin with the note's number; the letter distinguishes versions.
     static std::string LongText(std::size_t number, char letter) {
         constexpr int kLines = 1000;
         const std::string line = std::to_string(number) + std::string(48, letter);
@@ -27,7 +27,7 @@ class Crashes : public OrdinaryTest {
         return text;
     }
     static std::wstring NameOf(std::size_t number) { return L"note " + std::to_wstring(number) + L".qln"; }
-    /// Two of them beside the two others, so that none covers another's middle.
+    /// Two of them beside the other two, so that none covers the middle of another.
     static NoteFile FileOf(std::size_t number, char letter) {
         constexpr std::array<const char*, kNotes> kPlaces{"1500,1500,3000,2400", "6000,1500,3000,2400",
                                                           "1500,6000,3000,2400", "6000,6000,3000,2400"};
@@ -43,7 +43,7 @@ class Crashes : public OrdinaryTest {
             for (const std::wstring& name : FilesIn(folder)) DeleteFileW((folder + L"\\" + name).c_str());
         }
     }
-    /// What both folders look like from outside; it changes as soon as a file is begun, written or deleted.
+    /// A fingerprint of both folders; it changes as soon as a file is created, written or deleted.
     [[nodiscard]] std::vector<std::uint64_t> FolderState() const {
         std::vector<std::uint64_t> state;
         for (const std::wstring& folder : {Profile().NotesFolder(), Outside().Path()}) {
@@ -53,11 +53,11 @@ class Crashes : public OrdinaryTest {
         }
         return state;
     }
-    /// Ends the program a little after the folders first look otherwise than `before`.
+    /// Kills the program shortly after the folders begin to differ from `before`.
     void KillDuringTheNextWrites(const std::vector<std::uint64_t>& before) {
         constexpr int kLongestMicroseconds = 4'000;
         EXPECT_TRUE(Eventually([&] {
-            // Without a pause between the looks for a while: the writes are over in a few milliseconds.
+            // Polls without a pause for a while: the writes are over in a few milliseconds.
             const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
             while (std::chrono::steady_clock::now() < end) {
                 if (FolderState() != before) return true;
@@ -70,7 +70,7 @@ class Crashes : public OrdinaryTest {
         }
         Quillo().Kill();
     }
-    /// The number of whole files, in both folders, that begin with that text and go on with the program's own data.
+    /// The number of complete files, in both folders, with that text followed by the program's own data.
     [[nodiscard]] int WholeFilesWith(const std::string& text) const {
         int count = 0;
         for (const std::wstring& folder : {Profile().NotesFolder(), Outside().Path()}) {

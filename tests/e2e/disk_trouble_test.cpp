@@ -7,7 +7,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// The disk does not take a note, and the note is not lost.
+/// The disk refuses a note, and the note is not lost.
 class DiskTrouble : public OrdinaryTest {
   protected:
     void SetUp() override {
@@ -24,7 +24,7 @@ class DiskTrouble : public OrdinaryTest {
     bool FailureIsTold() {
         return Eventually([this] { return Quillo().HasShownBalloon(); });
     }
-    /// What the only file in the note folder holds.
+    /// The content of the only file in the note folder.
     [[nodiscard]] std::wstring RescuedText() {
         const std::vector<std::wstring> names = FilesIn(Outside().Path(), L".qln");
         EXPECT_EQ(names.size(), 1U);
@@ -98,7 +98,7 @@ TEST_F(DiskTrouble, ANoteOfAWriteProtectedDiskIsRescued) {
     ASSERT_TRUE(FailureIsTold());
     Quit();
     EXPECT_EQ(RescuedText(), L"not write-protected");
-    // It cannot be put back to its place, so it is opened beside the old one, and stays a file.
+    // It cannot be restored to its place, so it is opened beside the old one, and stays a file.
     Start();
     std::vector<std::wstring> texts = Texts();
     EXPECT_THAT(texts, ::testing::UnorderedElementsAre(L"write-protected", L"not write-protected"));

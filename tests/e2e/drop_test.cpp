@@ -4,7 +4,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// What is dragged from another program and dropped on the text.
+/// Data dragged from another program and dropped on the text.
 class Drop : public OrdinaryTest {
   protected:
     NoteWindow Open() {
@@ -14,7 +14,7 @@ class Drop : public OrdinaryTest {
         SendMessageW(note.TextBox(), EM_SETSEL, 6, 6);
         return note;
     }
-    /// Drops until the text is as expected: the first drag after a cold start can come to nothing.
+    /// Drops until the text is as expected: the first drag after a cold start can have no effect.
     static bool DropOn(const NoteWindow& note, const DragData& data, const std::wstring& expected) {
         for (int attempt = 0; attempt < 4 && note.Text() == L"before"; ++attempt) {
             (void)DragTo(data, note.OnScreen(note.Width() / 2, note.Height() / 2));

@@ -12,9 +12,9 @@ class Editing : public OrdinaryTest {
         Profile().AddNote(L"other.qln", other.Bytes());
         other_ = MarkOf(Profile().NotesFolder() + L"\\other.qln");
         Start();
-        return WaitForNote(Quillo(), Widen(text));  // a large one comes after the others
+        return WaitForNote(Quillo(), Widen(text));  // a large one opens after the others
     }
-    /// Ends the program; exactly the note typed into is written, with that text.
+    /// Ends the program; only the edited note is saved, with that text.
     void QuitAndExpectText(const std::string& text) {
         Quit();
         EXPECT_EQ(ReadBytes(path_), NoteFile{text}.Bytes());

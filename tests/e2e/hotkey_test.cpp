@@ -4,8 +4,8 @@
 namespace quillo::e2e {
 namespace {
 
-/// The two global hotkeys, pressed while another program has the keyboard. The keys are ones that no desktop uses: what
-/// a desktop does with its own (the default N among them) is not for a test to depend on.
+/// The two global hotkeys, pressed while another program has the focus. The test uses keys that no desktop uses,
+/// because a desktop may handle its own keys (the default N among them) itself.
 class Hotkey : public OrdinaryTest {
   protected:
     static constexpr WORD kNewNoteKey = VK_F23;
@@ -20,7 +20,7 @@ class Hotkey : public OrdinaryTest {
         Profile().AddNote(L"hidden.qln", hidden.Bytes());
     }
 
-    /// Another program's window, which has the keyboard.
+    /// Another program's window, which has the focus.
     class OtherWindow {
       public:
         OtherWindow()

@@ -32,7 +32,7 @@ class OldStore : public OrdinaryTest {
         Profile().SetText((L"Note filename " + n).c_str(), note.fileName);
     }
     void PutCount(std::uint32_t count) const { Profile().SetNumber(kCount, count); }
-    /// How many values of the store are there, of notes up to that number.
+    /// How many values of the store still exist, for notes up to that number.
     [[nodiscard]] int ValuesLeft(int count) const {
         int left = Profile().HasValue(kCount) ? 1 : 0;
         for (int number = 1; number <= count; ++number) {
@@ -134,7 +134,7 @@ TEST_F(OldStore, DamagedNotesComeAsWholeAsTheyAre) {
     Start();
     for (const wchar_t* text : {L"too few fields", L"no numbers", L"far away"}) {
         const NoteWindow note = WaitForNote(Quillo(), text);
-        const bool unknown = std::wstring(text) == L"no numbers";  // whether it is to be seen
+        const bool unknown = std::wstring(text) == L"no numbers";  // whether it should be visible
         EXPECT_EQ(note.IsVisible(), !unknown) << "a state that is not known";
         EXPECT_GT(note.Width(), 20);
         EXPECT_NE(MonitorFromWindow(note.Handle(), MONITOR_DEFAULTTONULL), nullptr) << "can be reached";
@@ -149,7 +149,7 @@ TEST_F(OldStore, StaysWholeWhileANoteCannotBeWritten) {
     PutTwo();
     Start();
     ASSERT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 2; }));
-    // A file in the place of the folder: nothing can be written there.
+    // A file instead of the folder: nothing can be written there.
     ASSERT_TRUE(Eventually([&] {
         std::error_code ignored;
         std::filesystem::remove_all(Profile().NotesFolder(), ignored);

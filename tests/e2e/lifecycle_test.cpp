@@ -37,7 +37,7 @@ class Lifecycle : public OrdinaryTest {
     static long long RecycledItems() {
         SHQUERYRBINFO info{};
         info.cbSize = sizeof info;
-        // An error is the answer as long as nothing was ever thrown away.
+        // The call fails as long as nothing has ever been deleted.
         return SHQueryRecycleBinW(nullptr, &info) == S_OK ? info.i64NumItems : 0;
     }
 };
@@ -72,7 +72,7 @@ TEST_F(Lifecycle, AnExistingFileIsNeverOverwritten) {
 }
 
 TEST_F(Lifecycle, ACoveredButtonIsNotPressed) {
-    // The pointer rests on a note's close button when another note comes up over it: the press is for the one in sight.
+    // The pointer is over a note's close button when another note appears over it: the press is for the visible one.
     const NoteWindow below = Open("below");
     RECT button{};
     GetWindowRect(below.Button(NoteButtonId::Close), &button);

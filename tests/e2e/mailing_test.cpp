@@ -14,7 +14,7 @@ const std::string kBelowTheText =
     "This message has a sticky note attached to it.  To view the sticky note, you will need Quillo.  You can get it at "
     "www.marrowind.example -- it's free!\r\n";
 
-/// How many files of ours lie in the system's temporary folder.
+/// How many of our files are in the system's temporary folder.
 std::size_t TemporaryFiles() {
     std::array<wchar_t, MAX_PATH + 1> folder{};
     GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());
@@ -54,7 +54,7 @@ class MailingTest : public OrdinaryTest {
         ASSERT_TRUE(menu);
         ASSERT_TRUE(menu->ChooseByKeys(static_cast<int>(NoteMenuLine::Email), kNoteMenuLines));
     }
-    /// The message window of the mail program, which the user sends or discards.
+    /// Answers the message window of the mail program: sends or discards.
     void Answer(int button) {
         const auto box = MessageBoxWindow::WaitFor(Quillo().Pid());
         ASSERT_TRUE(box);
@@ -96,7 +96,7 @@ TEST_F(MailingTest, ANoteTravelsAsTheAttachmentOfAMessage) {
     EXPECT_TRUE(Eventually([] { return FindWindowW(nullptr, L"QuilloMail") == nullptr; })) << "made for one sending";
     EXPECT_EQ(Now(), Before()) << "the note was not even saved anew";
 
-    // The receiver opens it: it is the same note, and the file stays where it is.
+    // The receiver opens it: it is the same note, and its file is not moved.
     EXPECT_EQ(mail.Attachment(), Before().bytes);
     ASSERT_TRUE(note.TakeKeyboard());
     PressKey('W', {VK_CONTROL, VK_SHIFT});
@@ -110,7 +110,7 @@ TEST_F(MailingTest, ANoteTravelsAsTheAttachmentOfAMessage) {
 
 TEST_F(MailingTest, TheAttachmentIsFoundWhateverTheTemporaryFolderIsCalled) {
     const TestMailProgram mail;
-    const std::wstring folder = Outside() / L"\x437\x430\x43C\x435\x442\x43A\x438";  // in no Western code page
+    const std::wstring folder = Outside() / L"\x437\x430\x43C\x435\x442\x43A\x438";  // not in any Western code page
     ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
     const TemporaryFolderScope scope(folder);
     MailByMenu(Open("Call Bob"));

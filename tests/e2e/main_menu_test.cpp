@@ -15,12 +15,12 @@ namespace {
 
 constexpr UINT kLeftUp = 514;
 
-/// The icon beside the clock and the menu behind it. What only the forms behind "options" and "about" can show is
-/// tested with them; the backup timer's five minutes are not waited for here.
+/// The icon beside the clock and its menu. Effects of the forms behind "options" and "about" are tested with them; the
+/// backup timer's five minutes are not tested here.
 class MainMenuTest : public OrdinaryTest {
   protected:
     [[nodiscard]] MainMenu Menu() { return MainMenu(Quillo().Pid()); }
-    /// What the menu shows where the icon of slot 1 to 4 stands.
+    /// The area of the menu with the icon of slot 1 to 4.
     [[nodiscard]] std::vector<COLORREF> IconOf(int slot) { return Menu().Look(Rect{59 + 50 * slot, 132, 32, 32}); }
     [[nodiscard]] static bool IsEmpty(const std::vector<COLORREF>& pixels) {
         return std::adjacent_find(pixels.begin(), pixels.end(), std::not_equal_to<>()) == pixels.end();
@@ -84,7 +84,7 @@ TEST_F(MainMenuTest, WithoutNotesShowAllNotesLooksDisabledAndOnlyCloses) {
     ASSERT_TRUE(Menu().Open());
     const auto disabled = Menu().Look(MenuItem::ShowAllNotes);
     MoveMouse(Menu().MiddleOf(MenuItem::ShowAllNotes));
-    MoveMouse(Menu().MiddleOf(MenuItem::Options));  // which shows that the move before it has been dealt with
+    MoveMouse(Menu().MiddleOf(MenuItem::Options));  // proves that the previous move has been handled
     const auto options = Menu().Look(MenuItem::Options);
     EXPECT_EQ(Menu().Look(MenuItem::ShowAllNotes), disabled);
     EXPECT_TRUE(Menu().Choose(MenuItem::ShowAllNotes));
@@ -147,7 +147,7 @@ TEST_F(MainMenuTest, AltAndF4InTheMenuEndTheProgram) {
 
 TEST_F(MainMenuTest, AFileDroppedOnEachSlotIsStoredAndItsIconStandsInThatColumn) {
     for (const wchar_t* name : {L"Shortcut 1", L"Shortcut 2", L"Shortcut 3", L"Shortcut 4"}) {
-        // The picture of a drive to begin with: a text's is another, on every system.
+        // A drive's icon first: a text's differs from it on every system.
         Profile().SetText(name, L"C:\\");
     }
     const std::wstring path = Outside() / L"some text.txt";
@@ -164,7 +164,7 @@ TEST_F(MainMenuTest, AFileDroppedOnEachSlotIsStoredAndItsIconStandsInThatColumn)
                 copied = DragTo({{CF_HDROP, FileListBytes({path})}}, Menu().MiddleOf(ShortcutItem(slot)));
             }
         };
-        // Again: the press that begins a drag can get lost.
+        // Repeated: the press that begins a drag can get lost.
         ASSERT_TRUE(Until([&] { return Profile().Text(value.c_str()) == path; }, drag)) << slot;
         EXPECT_TRUE(copied) << "nothing is moved, and no link made";
         const auto standsWhereDropped = [&] {
@@ -199,7 +199,7 @@ TEST_F(MainMenuTest, WhatIsDroppedElsewhereOrNotAloneIsNotTaken) {
 }
 
 TEST_F(MainMenuTest, ASlotStartsItsProgramWithItsArguments) {
-    // The program that tells us so is this one: started once more, it asks the first for a note.
+    // The program that confirms it is this one: started again, it asks the first instance for a note.
     Profile().SetText(L"Shortcut 4", L"\"" + QuilloExe() + L"\" /new");
     Start();
     ASSERT_TRUE(Menu().Open());

@@ -9,7 +9,7 @@ namespace {
 /// quillo-new.exe, which a shortcut or a key starts.
 class NewNoteProgram : public OrdinaryTest {
   protected:
-    /// One run of it. What it starts ends with the object.
+    /// One run of it. The destructor ends the processes that it has started.
     class Run {
       public:
         explicit Run(const std::filesystem::path& folder)
@@ -37,7 +37,7 @@ class NewNoteProgram : public OrdinaryTest {
     [[nodiscard]] static std::filesystem::path ProgramFolder() {
         return std::filesystem::path(QuilloExe()).parent_path();
     }
-    /// The visible notes of the program that answers, whoever has started it.
+    /// The visible notes of the running program, regardless of who started it.
     [[nodiscard]] static std::size_t NotesOnTheScreen() {
         DWORD process = 0;
         GetWindowThreadProcessId(FindChannel(), &process);

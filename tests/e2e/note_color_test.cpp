@@ -55,7 +55,7 @@ class NoteColorTest : public OrdinaryTest {
         }
         return false;
     }
-    /// "Change note color..." from the note's menu, by keyboard.
+    /// Chooses "Change note color..." in the note's menu with the keyboard.
     void ChooseChangeColor(const NoteWindow& note) {
         ASSERT_TRUE(note.TakeKeyboard());
         MoveMouse(POINT{note.Rectangle().right + Px(400), note.Rectangle().top});  // a menu follows the pointer too
@@ -67,7 +67,7 @@ class NoteColorTest : public OrdinaryTest {
         PressKey(VK_RETURN);
         ASSERT_TRUE(Eventually([&] { return !MenuIsOpen(); }));
     }
-    /// The dialog that opens for the note, or turns to it; null when none does.
+    /// The dialog that opens for the note, or switches to it; null if none does.
     ColorDialogWindow AskNoteColor(const NoteWindow& note) {
         ChooseChangeColor(note);
         HWND found = nullptr;

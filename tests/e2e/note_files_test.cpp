@@ -6,10 +6,10 @@ namespace {
 constexpr COLORREF kDefaultNote = 0xD7FDFE;
 constexpr COLORREF kDefaultBorder = 0x38CFFE;
 
-/// Prepared files, each opened by the real program and looked at on the screen.
+/// Prepared files, each opened by the real program and checked on the screen.
 class NoteFiles : public OrdinaryTest {
   protected:
-    /// Puts the file into the folder, starts the program, and gives the one note.
+    /// Writes the file into the folder, starts the program, and returns the one note.
     NoteWindow Open(const std::string& bytes) {
         path_ = Profile().AddNote(L"note.qln", bytes);
         before_ = MarkOf(path_);
@@ -18,7 +18,7 @@ class NoteFiles : public OrdinaryTest {
         EXPECT_EQ(notes.size(), 1U);
         return notes.empty() ? NoteWindow() : notes.front();
     }
-    /// Ends the program; fails the test when the file was written anew.
+    /// Ends the program; fails the test if the file was written again.
     void QuitAndExpectUntouched() {
         Quit();
         EXPECT_TRUE(MarkOf(path_) == before_) << "the file of an untouched note was written anew: " << ReadBytes(path_);

@@ -11,15 +11,15 @@
 namespace quillo::e2e {
 namespace {
 
-/// A note's two menus, and what they do.
+/// A note's two menus, and their commands.
 class NoteMenu : public OrdinaryTest {
   protected:
     void SetUp() override {
         OrdinaryTest::SetUp();
         if (Profile().IsReady()) Profile().SetText(L"Note folder", Outside().Path());
     }
-    /// Notes one below the other, so that none covers another. They are wider than their menu: a pointer that stands in
-    /// a menu, or moves out of it, has a say in what the keys choose.
+    /// Adds notes below each other, so that none covers another. They are wider than their menu: a pointer that is over
+    /// a menu, or leaves it, would affect the choice by keys.
     void AddNotes(const std::vector<std::string>& texts) const {
         for (std::size_t i = 0; i < texts.size(); ++i) {
             NoteFile file{texts[i]};
@@ -47,19 +47,19 @@ class NoteMenu : public OrdinaryTest {
         PressKey(VK_F10, {VK_SHIFT});
         return PopupMenu::WaitFor(Quillo().Pid());
     }
-    /// Chooses from the note's menu; false when the menu does not come or does not go.
+    /// Chooses from the note's menu; false if the menu does not open or does not close.
     bool Choose(const NoteWindow& note, NoteMenuLine line, bool byKeys = true) {
         const std::optional<PopupMenu> menu = byKeys ? OpenMenuByKeys(note) : OpenMenuByMouse(note);
         if (!menu) return false;
         const int index = static_cast<int>(line);
         return byKeys ? menu->ChooseByKeys(index, kNoteMenuLines) : menu->Click(index, kNoteMenuLines);
     }
-    /// Chooses until it has taken effect: a click can get lost between the desktop and the system.
+    /// Chooses until it has had its effect: a click can get lost between the desktop and the system.
     template <typename Effect>
     bool Does(const NoteWindow& note, NoteMenuLine line, bool byKeys, Effect effect) {
         return Until(effect, [&] { (void)Choose(note, line, byKeys); });
     }
-    /// The first window of that class that the program shows.
+    /// The first visible window of that class in the program.
     HWND Shown(const wchar_t* className) {
         for (HWND window : WindowsOf(Quillo().Pid())) {
             if (IsWindowVisible(window) != 0 && ClassOf(window) == className) return window;
@@ -179,7 +179,7 @@ TEST_F(NoteMenu, TheTimeStampIsInTheUsersOwnFormat) {
     ASSERT_TRUE(Eventually([&] { return note.Text() != L"Milk"; }));
     SYSTEMTIME after{};
     GetLocalTime(&after);
-    // Every second that it may have been.
+    // Tries every second in the interval.
     FILETIME from{};
     FILETIME to{};
     SystemTimeToFileTime(&before, &from);
@@ -234,7 +234,7 @@ TEST_F(NoteMenu, ACopyReplacesNoFileWithoutAQuestion) {
     }));
     EXPECT_EQ(ReadBytes(path), "mine");
     ASSERT_TRUE(question);
-    // "No", to a message box or to what newer systems ask with.
+    // "No", in a message box or in the dialog of newer systems.
     constexpr UINT kClickButton = WM_USER + 102;
     PostMessageW(question->Handle(), WM_COMMAND, IDNO, 0);
     PostMessageW(question->Handle(), kClickButton, IDNO, 0);
@@ -333,7 +333,7 @@ class NoteIconMenu : public NoteMenu {
 TEST_F(NoteIconMenu, ShowsTheNoteAndDeletesIt) {
     const NoteWindow note = Open("Small");
     ASSERT_TRUE(MinimizeByKeys(note));
-    // A click beside the menu closes it, too: then it is opened again.
+    // A click beside the menu also closes it: then it is opened again.
     EXPECT_TRUE(Until([&] { return note.IsVisible(); },
                       [&] {
                           const auto menu = OpenIconMenu(L"Small");

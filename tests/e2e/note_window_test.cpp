@@ -3,7 +3,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// What the window itself does under the mouse and by the settings.
+/// The behavior of the window itself under the mouse and with the settings.
 class NoteWindowTest : public OrdinaryTest {
   protected:
     NoteWindow Open() {
@@ -11,7 +11,7 @@ class NoteWindowTest : public OrdinaryTest {
         Start();
         return FindNote(Quillo(), L"one\r\ntwo");
     }
-    /// The position element that the note's file must have for the place where its window is now.
+    /// The position element that the note's file must have for its window's current place.
     static std::string PositionElement(const NoteWindow& note) {
         const RECT area = note.Rectangle();
         return "<position>" + PositionOfPixels(area.left, area.top, note.Width(), note.Height()) + "</position>";

@@ -46,12 +46,12 @@ class OptionsTest : public OrdinaryTest {
     bool Holds(const wchar_t* name, std::uint32_t value) {
         return Eventually([&] { return Profile().Number(name) == value; });
     }
-    /// What a check box that is checked or not has in the registry.
+    /// The registry value of a check box in that state.
     static std::uint32_t StoredFor(const OptionRow& row, bool checked) {
         if (row.control == C::SpecialStartupCheck) return checked ? 1 : 0;
         return checked != row.inverted ? kTrue : 0;
     }
-    /// Presses a check box twice, and looks for both values; the warning is answered.
+    /// Presses a check box twice, and checks both values; answers the warning.
     void ExpectSwitches(const OptionsWindow& options, const OptionRow& row, const std::function<void()>& press) {
         const std::wstring name = Wide(row.settings.front());
         for (int i = 0; i < 2; ++i) {
@@ -65,7 +65,7 @@ class OptionsTest : public OrdinaryTest {
             EXPECT_TRUE(Holds(name.c_str(), StoredFor(row, wanted))) << "control " << static_cast<int>(row.control);
         }
     }
-    /// Clicks a button until the dialog that it opens has the keyboard.
+    /// Clicks a button until the dialog that it opens has the focus.
     static ChoiceDialog ClickFor(const OptionsWindow& options, OptionControl button) {
         std::optional<ChoiceDialog> dialog;
         EXPECT_TRUE(Until([&] { return (dialog = ChoiceDialog::Find(options.Handle())).has_value(); },
@@ -111,7 +111,7 @@ TEST_F(OptionsTest, IsModalButHotkeysLaterStartsAndTheEndActAsAlways) {
     EXPECT_FALSE(menu.IsShowing()) << "the icon is busy";
     const NoteWindow second = FindNote(Quillo(), L"");
     EXPECT_TRUE(IsWindowEnabled(second.Handle()));
-    // Not by a click: the dialog may lie above the note.
+    // Not by a click: the dialog may cover the note.
     ASSERT_TRUE(Eventually([&] { return second.HasKeyboard(); }));
     TypeText(L"Bread");
     EXPECT_TRUE(Eventually([&] { return second.Text() == L"Bread"; }));
@@ -265,7 +265,7 @@ TEST_F(OptionsTest, FilesAndFoldersAreBrowsedFor) {
     EXPECT_TRUE(Eventually([&] { return options.Text(C::NoteFolderBox) == Outside().Path(); }))
         << "the browser starts at the folder in the box";
 
-    // The window's own close box, as the mouse would press it.
+    // The window's own close box, as if pressed with the mouse.
     PostMessageW(options.Handle(), WM_SYSCOMMAND, SC_CLOSE, 0);
     ASSERT_TRUE(Goes(options));
     EXPECT_EQ(Profile().Text(L"Shortcut 2"), program);

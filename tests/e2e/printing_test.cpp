@@ -58,13 +58,13 @@ TEST_F(PrintingTest, WithoutADefaultPrinterTheUserIsTold) {
     ExpectTheNoteUnchanged();
 }
 
-/// What comes out of a printer. Needs the one that scripts/check_printing.sh describes.
+/// The output of a printer. Needs the one that scripts/check_printing.sh sets up.
 class PaperTest : public PrintingBase {
   protected:
-    /// The head and the foot that every page has. On paper two blanks cannot be told from one.
+    /// The head and the foot of every page. On paper, two blanks look like one.
     static void ExpectFrame(const Page& page, int number, const std::string& dateLine) {
         ASSERT_GE(page.size(), 4U);
-        // The page's number stands level with the heading, far to the right, a little higher or lower than its ink.
+        // The page number is level with the heading, far to the right, slightly higher or lower than its ink.
         const std::string head = page[0] + " " + page[1];
         EXPECT_THAT(head, HasSubstr("Sticky note"));
         EXPECT_THAT(head, HasSubstr(std::to_string(number)));
@@ -107,7 +107,7 @@ TEST_F(PaperTest, ANoteComesOutOnAsManyPagesAsItTakes) {
     ExpectTheNoteUnchanged();
 }
 
-// Its page stands in the documents, too: see scripts/printed_page.sh.
+// Its page is also in the documents: see scripts/printed_page.sh.
 TEST_F(PaperTest, ParagraphsAreWrappedBetweenWords) {
     const TestPrinter printer;
     Profile().SetText(L"Note font", L"Arial");

@@ -20,7 +20,7 @@ std::wstring PathOf(const wchar_t* program) {
     return (std::filesystem::path(QuilloExe()).parent_path() / program).wstring();
 }
 
-/// A program's file, opened to be read: none of its code runs.
+/// A program's file, opened as data: none of its code runs.
 class ProgramFile {
   public:
     explicit ProgramFile(const std::wstring& path)
@@ -48,7 +48,7 @@ class ProgramFile {
         const auto* bytes = static_cast<const char*>(LockResource(LoadResource(module_, found)));
         return {bytes, SizeofResource(module_, found)};
     }
-    /// How many sizes an icon has; 0 when there is none of that number.
+    /// How many sizes an icon has; 0 if no icon has that number.
     [[nodiscard]] int IconSizes(int number) const {
         HRSRC found = FindResourceW(module_, MAKEINTRESOURCEW(number), MAKEINTRESOURCEW(14));
         if (found == nullptr) return 0;

@@ -9,7 +9,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// A start finds what an earlier run has left in the middle of a step.
+/// A start after an earlier run that ended in the middle of a step.
 class RecoveryAtStart : public OrdinaryTest {
   protected:
     void SetUp() override {
@@ -24,7 +24,7 @@ class RecoveryAtStart : public OrdinaryTest {
         std::filesystem::create_directories(RecoveryFolder());
         WriteBytes(RecoveryFolder() + L"\\" + name, bytes);
     }
-    /// The record of a note on its way from one file to another; the paths have no character beyond ASCII.
+    /// The record of a note that is being moved from one file to another; the paths are ASCII.
     static std::string MoveRecord(const std::wstring& from, const std::string& fromBytes, const std::wstring& to,
                                   const std::string& toBytes) {
         std::array<char, 2 * 17> hashes{};
@@ -43,7 +43,7 @@ class RecoveryAtStart : public OrdinaryTest {
 TEST_F(RecoveryAtStart, APreparedStorageCopyThatIsWholeTakesItsPlace) {
     Profile().AddNote(L"a.qln.new", NoteFile{"never in its place"}.Bytes());
     Profile().AddNote(L"b.qln", NoteFile{"old"}.Bytes());
-    // The times tell which is newer; file systems round them.
+    // The times show which is newer; file systems round them.
     const std::wstring fresh = Profile().AddNote(L"b.qln.2.new", NoteFile{"new"}.Bytes());
     const FileHandle file(CreateFileW(fresh.c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                       OPEN_EXISTING, 0, nullptr));
@@ -108,7 +108,7 @@ TEST_F(RecoveryAtStart, ANoteThatHasChangedSinceItsRecordStays) {
 }
 
 TEST_F(RecoveryAtStart, ANoteOnItsWayFromAFileIsOpenOnce) {
-    // The storage copy was prepared, and had not taken its place.
+    // The storage copy was prepared, but not moved to its place.
     const std::string source = "precious";
     const std::wstring path = Outside() / L"precious.txt";
     WriteBytes(path, source);

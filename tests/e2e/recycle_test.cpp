@@ -4,7 +4,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// A note thrown away with the keyboard, and brought back.
+/// A note deleted with the keyboard, and restored.
 class Recycling : public OrdinaryTest {
   protected:
     void SetUp() override {
@@ -16,7 +16,7 @@ class Recycling : public OrdinaryTest {
         PressKey('W', {VK_CONTROL, VK_SHIFT});
         return Eventually([&] { return !note.Exists(); });
     }
-    /// The bytes that a note thrown away, or closed, leaves at that path.
+    /// The bytes that a deleted or closed note leaves at that path.
     static std::string BytesAt(const std::wstring& path, NoteFile file, const std::string& element) {
         file.last = "<" + element + ">" + Narrow(path) + "</" + element + ">";
         return file.Bytes();

@@ -12,7 +12,7 @@ constexpr char kShown[] = "False,False,14155262,3723262,0,0";
 constexpr char kHidden[] = "False,False,14155262,3723262,0,1";
 constexpr char kMinimized[] = "False,False,14155262,3723262,0,2";
 
-/// A reminder that has fallen due, and what the user does with its alert.
+/// A reminder that is due, and the user's reactions to its alert.
 class ReminderAlert : public OrdinaryTest {
   protected:
     void SetUp() override {
@@ -26,7 +26,7 @@ class ReminderAlert : public OrdinaryTest {
         if (position != nullptr) file.position = position;
         return Profile().AddNote(Widen(text) + L".qln", file.Bytes());
     }
-    /// Starts the program on one note that is due, and gives its alert; null when none comes.
+    /// Starts the program with one note that is due, and returns its alert; null if none appears.
     HWND StartDue(const char* appearance = kShown) {
         AddDue("Call Bob", appearance);
         Start();

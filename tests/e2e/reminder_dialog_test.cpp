@@ -35,7 +35,7 @@ class ReminderDialogTest : public OrdinaryTest {
         Start();
         return FindNote(Quillo(), L"Call Bob");
     }
-    /// Ctrl+R in the note; fails the test when no dialog comes.
+    /// Presses Ctrl+R in the note; fails the test if no dialog appears.
     ReminderDialogWindow AskReminder(const NoteWindow& note) {
         EXPECT_TRUE(note.TakeKeyboard());
         PressKey('R', {VK_CONTROL});
@@ -46,7 +46,7 @@ class ReminderDialogTest : public OrdinaryTest {
     static bool Goes(const ReminderDialogWindow& dialog) {
         return Eventually([&] { return !dialog.Exists(); });
     }
-    /// What the note's file says of its reminder; 0 for none.
+    /// The reminder in the note's file; 0 for none.
     [[nodiscard]] double StoredReminder() const {
         const std::string bytes = ReadBytes(path_);
         const std::string opening = "<reminder>";

@@ -20,7 +20,7 @@ class Robustness : public OrdinaryTest {
             Profile().AddNote(NameOf(i), NoteFile{"note " + std::to_string(i)}.Bytes());
         }
     }
-    /// Some 50 kB that tell the note's number and which letter they were written with.
+    /// About 50 kB that contain the note's number and the letter of their version.
     static std::string LongText(std::size_t number, char letter) {
         constexpr int kLines = 1000;
         const std::string line = std::to_string(number) + std::string(48, letter);
@@ -28,7 +28,7 @@ class Robustness : public OrdinaryTest {
         for (int i = 1; i < kLines; ++i) text += "\r\n" + line;
         return text;
     }
-    /// What the folder of notes looks like from outside; it changes as soon as a save begins.
+    /// A fingerprint of the folder of notes; it changes as soon as a save begins.
     [[nodiscard]] std::vector<std::uint64_t> FolderState() const {
         std::vector<std::uint64_t> state{FilesIn(Profile().NotesFolder()).size()};
         for (const std::wstring& path : StorageCopies()) state.push_back(WriteTimeOf(path));
@@ -122,7 +122,7 @@ TEST_F(Robustness, APowerFailureDuringASaveLeavesEveryFileWhole) {
             note.Edit(0, -1, text);
         }
         const auto latest = std::chrono::steady_clock::now() + std::chrono::seconds(1);
-        // The power goes somewhere in the saving.
+        // The power fails during the save.
         const auto before = FolderState();
         PostMessageW(MainMenu(Quillo().Pid()).Handle(), WM_QUERYENDSESSION, 0, 0);
         while (FolderState() == before && std::chrono::steady_clock::now() < latest) {
@@ -146,7 +146,7 @@ TEST_F(Robustness, APowerFailureDuringASaveLeavesEveryFileWhole) {
 }
 
 TEST_F(Robustness, AReaderOfTheFileDoesNotCostTheText) {
-    // A virus scanner or a backup has the file open, for a moment, just when the note is saved.
+    // A virus scanner or a backup has the file open briefly, just when the note is saved.
     AddNotes(1);
     const std::wstring path = StorageCopies().at(0);
     Start();

@@ -3,7 +3,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// What each command line of a second start does to the running program.
+/// The effect of each command line of a second start on the running program.
 class SecondStart : public OrdinaryTest {
   protected:
     void SetUp() override {

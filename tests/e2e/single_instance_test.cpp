@@ -9,7 +9,7 @@ class SingleInstance : public OrdinaryTest {
   protected:
     static constexpr std::size_t kManyNotes = 40;
 
-    /// Enough for start-up to take a while.
+    /// Enough notes for start-up to take a while.
     void AddManyNotes() const {
         for (std::size_t i = 0; i < kManyNotes; ++i) {
             const std::string name = "many " + std::to_string(i);
@@ -56,7 +56,7 @@ TEST_F(SingleInstance, ACommandSentDuringStartUpIsNotLost) {
     const std::wstring path = Outside() / L"late.txt";
     WriteBytes(path, "came early");
     const QuilloProcess first;
-    // Not before the first has become the running one: until then the second could be it.
+    // Not before the first is the running instance: until then the second could become it.
     ASSERT_TRUE(Eventually([&] { return first.Channel() != nullptr; }));
     EXPECT_EQ(RunToEnd(L"\"" + path + L"\""), 0U);
     ASSERT_TRUE(first.WaitUntilReady());
@@ -73,7 +73,7 @@ TEST_F(SingleInstance, ACommandSentBeforeTheChannelIsOpenWaitsForIt) {
         const QuilloProcess first;
         const QuilloProcess second(L"/new");
         ASSERT_TRUE(Eventually([&] { return first.IsRunning() != second.IsRunning() || first.Notes().size() > 0; }));
-        if (!first.IsRunning() || MessageBoxWindow::Find(second.Pid())) continue;  // the second was quicker
+        if (!first.IsRunning() || MessageBoxWindow::Find(second.Pid())) continue;  // the second was faster
         EXPECT_EQ(second.WaitForExit(), 0U);
         ASSERT_TRUE(first.WaitUntilReady());
         EXPECT_TRUE(Eventually([&] { return first.Notes().size() == kManyNotes + 1; }));

@@ -20,7 +20,7 @@ unsigned NumberFromEnvironment(const char* name, unsigned usual) {
     return text != nullptr ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : usual;
 }
 
-/// Whatever a user may do, one thing after the other. QUILLO_SOAK_ACTIONS says how many things, QUILLO_SOAK_SEED which.
+/// Random user actions, one after another. QUILLO_SOAK_ACTIONS is their number, QUILLO_SOAK_SEED the random seed.
 class Soak : public OrdinaryTest {
   protected:
     static constexpr std::size_t kMostNotes = 12;
@@ -33,7 +33,7 @@ class Soak : public OrdinaryTest {
 
     unsigned Any(unsigned below) { return std::uniform_int_distribution<unsigned>(0, below - 1)(random_); }
     [[nodiscard]] MainMenu Menu() { return MainMenu(Quillo().Pid()); }
-    /// The shell's message about the program's icon: the menu and notes may cover it.
+    /// Sends the shell's message about the program's icon: the menu and notes may cover it.
     void TellIcon(UINT message) const { PostMessageW(icon_, 512, 1, static_cast<LPARAM>(message)); }
     [[nodiscard]] std::wstring SomeText() {
         static constexpr const wchar_t* kWords[] = {L"milk ", L"call Ann ", L"<b> ", L"\u00e9t\u00e9 ", L"1 2 3 "};
@@ -71,7 +71,7 @@ class Soak : public OrdinaryTest {
         const NoteWindow note = AnyNote();
         if (note.Handle() != nullptr) note.Edit(0, static_cast<LPARAM>(Any(3)), SomeText());
     }
-    /// A stored note that is opened once more comes to the front with the keyboard; then a shortcut.
+    /// Opening a stored note again brings it to the front with the focus; then presses a shortcut.
     void KeyInANote() {
         const std::vector<std::wstring> copies = StorageCopies();
         if (copies.empty()) return;
@@ -131,12 +131,12 @@ class Soak : public OrdinaryTest {
     static void Close(const NoteWindow& note) {
         if (note.Handle() != nullptr) PostMessageW(note.Handle(), WM_CLOSE, 0, 0);
     }
-    /// What was asked by message has been done.
+    /// Waits until the commands sent as messages have been carried out.
     void LetItHappen() {
         ASSERT_TRUE(Quillo().WaitUntilReady());
         ASSERT_EQ(Quillo().Crash(), "");
     }
-    /// Closes notes until so many are left; reminders that are still to come keep theirs.
+    /// Closes notes until that many are left; future reminders are kept.
     void CloseDownTo(std::size_t count) {
         EXPECT_TRUE(Eventually([&] {
             DismissAlerts();
@@ -185,7 +185,7 @@ TEST_F(Soak, WhateverTheUserDoesNothingIsLost) {
     const std::vector<HWND> icons = TrayIconWindows(Quillo().Pid());
     ASSERT_EQ(icons.size(), 1U);
     icon_ = icons.front();
-    // Everything once, so that what is loaded at its first use is there.
+    // Runs everything once, so that libraries loaded at their first use are present.
     OpenAndLeaveMenu();
     Remind();
     KeyInANote();
@@ -209,7 +209,7 @@ TEST_F(Soak, WhateverTheUserDoesNothingIsLost) {
     const std::multiset<std::wstring> texts = TextsOnScreen();
     EXPECT_EQ(TextsOnDisk(), texts);
     CloseDownTo(0);
-    constexpr DWORD kSystemsOwn = 12;  // the system keeps some for itself: a thread of its pool, a file of fonts
+    constexpr DWORD kSystemsOwn = 12;  // the system uses some itself: a thread of its pool, a file of fonts
     EXPECT_LE(Handles(), before + kSystemsOwn);
 }
 

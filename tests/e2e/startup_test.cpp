@@ -32,7 +32,7 @@ TEST_F(FirstRun, HasColorsOfItsOwn) {
     Profile().AddNote(L"plain.qln", "hello");
     Start();
     const NoteWindow first = FindNote(Quillo(), L"hello");
-    // The help of the first run comes when its viewer is up, and may come over the note.
+    // The help of the first run appears when its viewer is ready, and may cover the note.
     SetWindowPos(first.Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     EXPECT_TRUE(Eventually([&] { return first.TextBackground() == kFirstRunNote; }));
     EXPECT_TRUE(Eventually([&] { return first.FaceColor() == kFirstRunNote; }));

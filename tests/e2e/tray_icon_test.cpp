@@ -4,7 +4,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// A note minimized to an icon of its own beside the clock, and back.
+/// A note minimized to an icon of its own beside the clock, and restored.
 class TrayIcon : public OrdinaryTest {
   protected:
     NoteWindow Open(const NoteFile& file) {

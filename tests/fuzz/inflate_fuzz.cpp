@@ -1,5 +1,5 @@
-// Packed bytes may be any: unpacking them must neither fail nor write past what was asked for. What is stored unpacked
-// comes out as it went in.
+// Packed bytes may be arbitrary: unpacking them must neither crash nor write past the requested size. Data that is
+// stored uncompressed must be restored exactly.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
-// A note file may hold any bytes: reading them must neither fail nor lose text, and what was read can be written and is
-// then read as the same value.
+// A note file may contain any bytes: reading them must neither crash nor lose text. The result can be written, and
+// reading that gives the same value.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -22,12 +22,12 @@ void RequireNothingIsLost(std::string_view content) {
     const std::string text = parts.JoinedText();
     if (!parts.tags) return Require(text == content);
     Require(!parts.tags->empty());
-    // Besides the root tags (17 bytes) at most two line breaks are dropped.
+    // Besides the root tags (17 bytes), at most two line breaks are dropped.
     const std::size_t lost = content.size() - text.size() - parts.tags->size();
     Require(lost == 17 || lost == 19 || lost == 21);
 }
 
-/// The bytes that the single-byte form has always had.
+/// The bytes of the single-byte form.
 std::string SingleByteForm(const quillo::NoteFile& file, quillo::LocaleText& locale) {
     std::u16string block = u"\r\n<quillo>";
     if (file.position) {
@@ -59,7 +59,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     quillo::FakeLocaleText locale;
     quillo::NoteFile file = quillo::ParseNoteFile(content, locale);
-    // A path from a file comes back as the code page holds it; a text that is no date becomes no reminder.
+    // A path from a file comes back in the code page's form; a text that is not a date becomes no reminder.
     file.path = locale.ToLower(locale.FromNarrow(locale.ToNarrow(file.path).value_or("")));
     if (file.kind == quillo::FileKind::StorageCopy || file.path.find(u'<') != std::u16string::npos) {
         file.kind = quillo::FileKind::StorageCopy;
@@ -78,7 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(again.position.has_value() == file.position.has_value());
     Require(again.kind == file.kind && again.path == file.path);
 
-    // The same bytes once more: writing what was read changes nothing.
+    // The same bytes again: writing what was read changes nothing.
     const std::optional<std::string> third = quillo::FormatNoteFile(again, locale);
     Require(third.has_value() &&
             quillo::ParseNoteFile(*third, locale).text ==

@@ -1,4 +1,4 @@
-// A tag block may hold any bytes: reading them must not fail, and every value that was read is one a note can have.
+// A tag block may contain any bytes: reading them must not crash, and every value must be one that a note can have.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

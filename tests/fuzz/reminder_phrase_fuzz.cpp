@@ -1,5 +1,5 @@
-// Anything may be typed into the reminder dialog: it is either understood as one time within the calendar or answered
-// with one message, whatever the case of its letters and the blanks around it.
+// Any text may be typed into the reminder dialog: it is either understood as one time within the calendar or rejected
+// with one message, regardless of letter case and surrounding blanks.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

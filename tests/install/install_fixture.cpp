@@ -62,10 +62,10 @@ void InstallTest::CloseInstalled() {
 }
 
 void InstallTest::Remove(const std::wstring& options) {
-    // It goes on from a copy of itself, because it could not delete its own file.
+    // It continues as a copy of itself, because it could not delete its own file.
     Start(L"\"" + Installed(L"uninstall.exe") + L"\" /S " + options);
     EXPECT_TRUE(Eventually([&] { return !std::filesystem::exists(folder_) && !HasUserKey(kUninstallKey); }));
-    // It may still be removing values; it has ended when the mark of a running setup is gone.
+    // It may still be deleting values; it has ended when the mutex of a running setup is gone.
     EXPECT_TRUE(Eventually([] {
         const KernelHandle mark(OpenMutexW(SYNCHRONIZE, FALSE, L"Local\\Quillo-setup"));
         return !mark;

@@ -18,32 +18,32 @@
 
 namespace quillo::e2e {
 
-/// A user who has no Quillo. What the test installs is gone afterwards.
+/// A user without Quillo. The fixture removes what a test installs.
 class InstallTest : public ::testing::Test {
   protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// Starts a program that ends with the test, and so does all that it starts.
+    /// Starts a program that ends with the test, together with its child processes.
     Family& Start(const std::wstring& commandLine);
-    /// Runs an installer without a page to its end. The exit code; nothing when it stayed.
+    /// Runs a silent installer to its end. Returns the exit code; nothing if it is still running after the deadline.
     std::optional<DWORD> Setup(const std::wstring& setup, const std::wstring& options = L"");
     /// Installs the older version and waits until it shows this many notes.
     void Install(std::size_t notes, const std::wstring& options = L"");
-    /// Starts what is installed, and waits until it shows this many notes.
+    /// Starts the installed program, and waits until it shows this many notes.
     void StartInstalled(std::size_t notes);
-    /// Ends it as a user does.
+    /// Closes the program as a user does.
     void CloseInstalled();
-    /// Removes without a page, and waits until the program's folder is gone.
+    /// Uninstalls silently, and waits until the program's folder is gone.
     void Remove(const std::wstring& options = L"");
 
     [[nodiscard]] static bool ShowsNotes(std::size_t number);
-    /// Whether every installed file is that of the later version, or none is; fails the test on a mixture.
+    /// Whether the installed files are those of the later version (true) or the earlier one; a mixture fails the test.
     [[nodiscard]] bool IsNew() const;
     [[nodiscard]] std::wstring Installed(const std::wstring& file) const { return (folder_ / file).wstring(); }
     [[nodiscard]] const std::filesystem::path& Folder() const { return folder_; }
     void UseFolder(const std::filesystem::path& folder) { folder_ = folder; }
-    /// Nothing that an update needs on the way is left.
+    /// No temporary file of an update is left.
     void ExpectNoLeftovers() const;
 
     [[nodiscard]] const TestProfile& Profile() const { return profile_; }

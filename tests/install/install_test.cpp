@@ -19,7 +19,7 @@ std::wstring Version() {
     return {version.begin(), version.end()};
 }
 
-/// Target and key of a shell link; the key is 0 when it has none.
+/// Target and key of a shell link; the key is 0 if it has none.
 struct Link {
     std::filesystem::path target;
     WORD hotkey = 0;
@@ -44,7 +44,7 @@ Link ReadLink(const std::filesystem::path& path) {
     return link;
 }
 
-/// The whole of a first installation.
+/// A complete first installation.
 class Installing : public InstallTest {};
 
 TEST_F(Installing, PutsTheProgramInPlaceAndStartsIt) {
@@ -148,7 +148,7 @@ TEST_F(Installing, MakesTwoEntriesOfTheStartMenu) {
     EXPECT_EQ(ReadLink(StartMenu() / L"Quillo - new note.lnk").hotkey, ctrlAltN) << "an update keeps the choice";
 }
 
-/// A window of the process with that title, once it is on the screen.
+/// A window of the process with that title, when it is on the screen.
 HWND WindowWithTitle(DWORD process, const std::wstring& title) {
     HWND found = nullptr;
     const bool there = Eventually([&] {
@@ -160,7 +160,7 @@ HWND WindowWithTitle(DWORD process, const std::wstring& title) {
     return there ? found : nullptr;
 }
 
-/// The texts of all the parts of a window, one after the other.
+/// The texts of all the parts of a window, one after another.
 std::wstring TextsIn(HWND window) {
     std::wstring texts;
     EnumChildWindows(

@@ -28,7 +28,7 @@ std::filesystem::path KnownFolder(const KNOWNFOLDERID& id) {
     return path;
 }
 
-/// A function of the system's lowest library that holds or releases a process.
+/// A function of ntdll that suspends or resumes a process.
 using HoldFunction = LONG(WINAPI*)(HANDLE);
 HoldFunction FindHold(const char* name) {
     return reinterpret_cast<HoldFunction>(

@@ -12,13 +12,13 @@
 
 namespace quillo::e2e {
 
-/// A text under the current user's key; nothing when there is no such value. "" names the key's own value.
+/// A text under the current user's key; nothing if the value does not exist. "" names the key's default value.
 [[nodiscard]] std::optional<std::wstring> UserText(const std::wstring& key, const std::wstring& name);
 [[nodiscard]] std::optional<std::uint32_t> UserNumber(const std::wstring& key, const std::wstring& name);
 void SetUserText(const std::wstring& key, const std::wstring& name, const std::wstring& text);
 [[nodiscard]] bool HasUserKey(const std::wstring& key);
 
-/// A process that a test starts, with all that it starts in its turn: the whole family ends with this object.
+/// A process that a test starts, with all its descendants: the destructor ends the whole family.
 class Family {
   public:
     explicit Family(const std::wstring& commandLine);
@@ -26,9 +26,9 @@ class Family {
     Family& operator=(const Family&) = delete;
 
     [[nodiscard]] DWORD Pid() const { return GetProcessId(process_.Get()); }
-    /// The exit code of the process itself; nothing when it still runs after `patience`.
+    /// The exit code of the process itself; nothing if it is still running after `patience`.
     [[nodiscard]] std::optional<DWORD> ExitCode(std::chrono::milliseconds patience = std::chrono::seconds(60)) const;
-    /// Ends the process at once, and leaves what it has started.
+    /// Ends the process at once, but not its descendants.
     void Kill() const;
 
   private:
@@ -36,7 +36,7 @@ class Family {
     KernelHandle process_;
 };
 
-/// Holds a whole process, as a debugger does, until the object goes.
+/// Suspends a whole process, as a debugger does, for the life of the object.
 class Suspension {
   public:
     explicit Suspension(DWORD process);
@@ -48,14 +48,14 @@ class Suspension {
     KernelHandle process_;
 };
 
-/// The program that listens now, whoever has started it; 0 when none does.
+/// The program that currently listens, regardless of who started it; 0 if none does.
 [[nodiscard]] DWORD RunningProgram();
 /// The path of its file.
 [[nodiscard]] std::filesystem::path RunningFile();
-/// Its notes' windows; shown ones alone, or all.
+/// The windows of its notes: the visible ones, or all.
 [[nodiscard]] std::vector<HWND> NotesOnTheScreen();
 
-/// The two installers: the program as it is, and a later version whose files end in kNewMark.
+/// The two installers: the program itself, and a later version whose files end in kNewMark.
 [[nodiscard]] std::wstring OldSetup();
 [[nodiscard]] std::wstring NewSetup();
 inline constexpr char kNewMark[] = "\r\nnew";
@@ -67,11 +67,11 @@ inline constexpr wchar_t kExtensionKey[] = L"Software\\Classes\\.qln";
 inline constexpr wchar_t kTypeKey[] = L"Software\\Classes\\Quillo.Note";
 inline constexpr wchar_t kAppIdKey[] = L"Software\\Classes\\AppUserModelId\\Marrowind.Quillo";
 
-/// Where the installer puts the program when nobody names a folder.
+/// Where the installer puts the program when no folder is given.
 [[nodiscard]] std::filesystem::path UsualFolder();
-/// Where its entries of the start menu lie.
+/// Where its entries in the start menu are.
 [[nodiscard]] std::filesystem::path StartMenu();
-/// What ships, by name.
+/// The names of the files that ship.
 [[nodiscard]] std::vector<std::wstring> ShippedFiles();
 
 }  // namespace quillo::e2e

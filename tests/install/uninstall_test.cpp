@@ -94,7 +94,7 @@ TEST_F(Removing, WaitsForAProgramThatDoesNotEnd) {
     Install(2);
     {
         const Suspension hung(RunningProgram());
-        // Without the copy of itself, so that its exit code is seen.
+        // Without a copy of itself, so that the exit code is available.
         EXPECT_EQ(Start(L"\"" + Installed(L"uninstall.exe") + L"\" /S /WAIT=1 _?=" + Folder().wstring()).ExitCode(),
                   2U);
     }

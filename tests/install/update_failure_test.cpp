@@ -6,7 +6,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// An update that fails leaves the old program, and it works.
+/// After a failed update the old program is unchanged, and it works.
 class FailingUpdate : public InstallTest {
   protected:
     void SetUp() override {
@@ -29,13 +29,13 @@ class FailingUpdate : public InstallTest {
         EXPECT_TRUE(held);
         return held;
     }
-    /// Whether any process of the installed program is there: the system lets nobody write to the file meanwhile.
+    /// Whether any process of the installed program is running: the system then denies writing to the file.
     [[nodiscard]] bool IsRunning() const {
         const FileHandle file(CreateFileW(Installed(L"quillo.exe").c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                           OPEN_EXISTING, 0, nullptr));
         return !file;
     }
-    /// A dialog of the process on the screen, but not this one; null when there is none.
+    /// A visible dialog of the process other than this one; null if there is none.
     [[nodiscard]] static HWND VisibleDialog(DWORD process, HWND butNot) {
         for (HWND window : WindowsOf(process)) {
             if (window != butNot && IsWindowVisible(window) != 0 && ClassOf(window) == L"#32770") return window;
@@ -49,7 +49,7 @@ TEST_F(FailingUpdate, AProgramThatDoesNotEndStaysAsItIs) {
         const Suspension hung(RunningProgram());
         EXPECT_EQ(Setup(NewSetup(), L"/WAIT=1"), 2U);
     }
-    // It ends now, because it was asked to; what has not changed starts again.
+    // It ends now, because it was asked to; a program that was not replaced is started again.
     EXPECT_TRUE(Eventually([] { return FindChannel() == nullptr; }));
     StartInstalled(1);
     ExpectTheOldProgram();
@@ -85,15 +85,14 @@ TEST_F(FailingUpdate, AsksWhetherToTryAgain) {
 
 TEST_F(FailingUpdate, AFileThatIsHeldStaysAndTheProgramComesBack) {
     FileHandle held = Hold(L"Quillo.chm", 0);
-    // Long enough for the program to end on a busy machine: only one that has ended is started again.
+    // Long enough for the program to end on a busy machine: only a program that has ended is started again.
     EXPECT_EQ(Setup(NewSetup(), L"/WAIT=8"), 2U);
     held.Reset();
     ExpectTheOldProgram();
 }
 
 TEST_F(FailingUpdate, AFileThatCannotBeReplacedPutsTheOthersBack) {
-    // The holder allows others to write, but not to put another file in its place; Quillo.chm has been replaced by
-    // then.
+    // The other program allows writing, but not replacing the file; Quillo.chm has been replaced by then.
     FileHandle held = Hold(L"Reminder.wma", FILE_SHARE_READ | FILE_SHARE_WRITE);
     EXPECT_EQ(Setup(NewSetup()), 7U);
     held.Reset();
@@ -131,7 +130,7 @@ TEST_F(FailingUpdate, KilledBetweenTwoFilesLeavesAProgramThatWorks) {
         Family& setup = Start(L"\"" + NewSetup() + L"\" /S /NOSTART");
         ASSERT_TRUE(Eventually([&] { return FileExists(Installed(moment)) || setup.ExitCode({}) == 0U; }));
         setup.Kill();
-        // Whole, of one version or the other; so are all the others.
+        // Complete, of one version or the other; so are all the others.
         const std::string program = ReadBytes(Installed(L"quillo.exe"));
         const std::string old = ReadBytes(QuilloExe());
         EXPECT_TRUE(program == old || program == old + kNewMark);
@@ -158,7 +157,7 @@ class FullDisk : public InstallTest {
         InstallTest::SetUp();
         UseFolder(disk_ + L"\\Quillo");
     }
-    /// Leaves this much room on the disk.
+    /// Leaves this much free space on the disk.
     void Fill(std::uintmax_t room) const {
         const std::uintmax_t free = std::filesystem::space(disk_ + L"\\").available;
         ASSERT_GT(free, room);

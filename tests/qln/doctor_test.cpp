@@ -10,7 +10,7 @@ namespace {
 
 class QlnDoctor : public QlnTest {
   protected:
-    /// A note whose whole text does not fit the text beside it any more.
+    /// A note whose whole text no longer matches the text beside it.
     std::string DamagedUnicode() {
         EXPECT_EQ(Qln({"new", "\u65E5\u672C!"}), kDone);
         const std::string path = Out().substr(0, Out().find('\n'));

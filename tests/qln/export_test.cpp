@@ -8,7 +8,7 @@
 namespace quillo::qln {
 namespace {
 
-/// Notes with everything that could break a format.
+/// Notes with every character that could break a format.
 class QlnExport : public QlnTest {
   protected:
     void SetUp() override {

@@ -24,7 +24,7 @@ constexpr const char* kSystemRegistry = R"(WINE REGISTRY Version 2
 "ACP"="1251"
 )";
 
-/// A Wine prefix with one note, as far as the program looks at it.
+/// A Wine prefix with one note, with only the files that the program reads.
 class QlnPrefix : public QlnTest {
   protected:
     void SetUp() override {

@@ -11,7 +11,7 @@
 
 namespace quillo::qln {
 
-/// A console that remembers.
+/// A console that records its output.
 class RecordingConsole : public Console {
   public:
     void Out(std::string_view text) override { out += text; }
@@ -25,7 +25,7 @@ class RecordingConsole : public Console {
     bool terminal = false;
 };
 
-/// What a running program was sent.
+/// The commands that a running program received.
 struct ChannelLog {
     bool answers = false;
     bool starts = false;
@@ -56,7 +56,7 @@ class FakeHost : public Host {
     int guids_ = 0;
 };
 
-/// A folder of its own with the folders "notes" and "closed", gone with the test.
+/// A temporary folder with the folders "notes" and "closed", deleted after the test.
 class QlnTest : public ::testing::Test {
   protected:
     QlnTest();
@@ -66,11 +66,11 @@ class QlnTest : public ::testing::Test {
     [[nodiscard]] std::string Notes(std::string_view name = {}) const;
     [[nodiscard]] std::string Closed(std::string_view name = {}) const;
 
-    /// Writes a file; each one is a minute younger than the one before.
+    /// Writes a file; each one is a minute newer than the previous one.
     void Put(const std::string& path, std::string_view bytes);
     /// A storage copy of a yellow note with the text.
     [[nodiscard]] static std::string Copy(std::string_view text, std::string_view reminder = "", int state = 0);
-    /// Runs the program; what it printed before is forgotten.
+    /// Runs the program; clears the output of the previous run first.
     int Qln(const std::vector<std::string>& arguments);
     [[nodiscard]] const std::string& Out() const { return host.console.out; }
     [[nodiscard]] const std::string& Error() const { return host.console.error; }

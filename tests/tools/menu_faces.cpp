@@ -1,6 +1,6 @@
-// Shows the main menu as the program composes it: menu_faces PLANES PICTURE
-// PLANES is one of the rendered drawings, PICTURE becomes a PPM file: the normal, the highlighted and the disabled
-// face, in the menu's own colors and below them in those of a dark high-contrast scheme.
+// Renders the main menu as the program composes it: menu_faces PLANES PICTURE. PLANES is one of the rendered drawings,
+// PICTURE becomes a PPM file: the normal, the highlighted and the disabled face, in the menu's own colors and below
+// them in those of a dark high-contrast scheme.
 #include <cstdio>
 #include <iterator>
 #include <memory>

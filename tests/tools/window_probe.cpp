@@ -1,4 +1,4 @@
-// Tells the scripts how the program under test stands.
+// Reports the state of the program under test to scripts.
 //   window_probe wait SECONDS   waits until it is up; prints the notes folder and the visible notes
 //   window_probe gone SECONDS   waits until it has ended
 //   window_probe alert SECONDS  waits until a reminder's alert is on the screen
@@ -46,7 +46,7 @@ HWND FindNotifyWindow() {
     return FindWindowW(nullptr, L"Quillo Notify");
 }
 
-/// The path as the host knows it, or empty on a system that has no other paths than its own.
+/// The path on the host, or empty on a system whose only paths are its own.
 std::wstring HostPath(const std::wstring& path) {
     using ToHostPath = char*(CDECL*)(const wchar_t*);
     const auto procedure = GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name");
@@ -75,7 +75,7 @@ void PrintNotesFolder() {
     const int folder = UsesRoamingProfile() ? CSIDL_APPDATA : CSIDL_LOCAL_APPDATA;
     if (FAILED(SHGetFolderPathW(nullptr, folder, nullptr, SHGFP_TYPE_CURRENT, base))) return;
     PrintLine(L"folder\t" + std::wstring(base) + L"\\Marrowind\\Notes");
-    // The host is asked for the base alone: it has no answer for a folder that is not there yet.
+    // Only the base is converted: the host has no answer for a folder that does not exist yet.
     const std::wstring host = HostPath(base);
     if (!host.empty()) PrintLine(L"hostfolder\t" + host + L"/Marrowind/Notes");
 }
@@ -97,7 +97,7 @@ BOOL CALLBACK CollectNote(HWND window, LPARAM parameter) {
     return TRUE;
 }
 
-/// A name, left, top, width and height in pixels, parted by tabs.
+/// A name, left, top, width and height in pixels, separated by tabs.
 std::wstring BoxLine(const std::wstring& name, HWND window) {
     RECT box{};
     GetWindowRect(window, &box);
@@ -113,7 +113,7 @@ void PrintNotes(DWORD process) {
     }
 }
 
-/// Posts a message to the hidden window's text box and waits until it has come out of the queue: the message loop runs.
+/// Posts a message to the hidden window's text box and waits until it has left the queue: the message loop runs.
 bool QueueRuns(HWND notify, const Deadline& deadline) {
     const HWND box = GetWindow(notify, GW_CHILD);
     DWORD_PTR marked = 0;
@@ -128,7 +128,7 @@ bool QueueRuns(HWND notify, const Deadline& deadline) {
     return false;
 }
 
-/// Up means: the hidden window is there, and start-up is over.
+/// "Up" means that the hidden window exists and start-up is over.
 int WaitUntilUp(DWORD seconds) {
     for (const Deadline deadline(seconds); !deadline.Passed(); Sleep(kPollMilliseconds)) {
         const HWND notify = FindNotifyWindow();
@@ -154,7 +154,7 @@ int WaitUntilGone(DWORD seconds) {
     return result == WAIT_OBJECT_0 ? 0 : 1;
 }
 
-/// The first visible window of a class, once there is one; null when there is none in time.
+/// The first visible window of a class; null if none appears in time.
 HWND WaitForWindow(const wchar_t* className, DWORD seconds) {
     const Deadline deadline(seconds);
     for (;; Sleep(kPollMilliseconds)) {
@@ -174,7 +174,7 @@ int PrintBox(const std::wstring& className, DWORD seconds) {
 }
 
 int Stay() {
-    // The first window of all makes the system set up the desktop.
+    // The first window makes the system set up the desktop.
     const HWND window = CreateWindowExW(0, L"Static", L"Window probe", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
                                         GetModuleHandleW(nullptr), nullptr);
     if (window == nullptr) return 1;

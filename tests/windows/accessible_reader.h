@@ -11,7 +11,7 @@
 
 namespace quillo::windows_tests {
 
-/// What a screen reader gets to hold of a window.
+/// A window as a screen reader sees it.
 class Reader {
   public:
     explicit Reader(HWND window) {

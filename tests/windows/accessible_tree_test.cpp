@@ -33,7 +33,7 @@ std::string Spoken(HWND window) {
            std::to_string(GetDlgCtrlID(window));
 }
 
-/// One of our own controls: all that a screen reader asks.
+/// One of our own controls: everything that a screen reader requests.
 void ExpectDescribed(HWND window) {
     const Reader reader(window);
     const LONG role = reader.Role();
@@ -53,12 +53,12 @@ void ExpectDescribed(HWND window) {
     }
 }
 
-/// The system describes its own controls; what it needs is a name: the control's text, or the label before it.
+/// The system describes its own controls; what they need is a name: the control's text, or the label before it.
 void ExpectNamed(HWND window) {
     const std::wstring name = ClassOf(window);
     const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
     if (name == L"Static" && (style & SS_TYPEMASK) == SS_ETCHEDHORZ) return;  // a line
-    if (name == L"Static" && IsWindowVisible(window) == 0) return;            // a message that is not said yet
+    if (name == L"Static" && IsWindowVisible(window) == 0) return;            // a message that is not shown yet
     if (name == L"Edit") {
         HWND label = GetWindow(window, GW_HWNDPREV);
         ASSERT_NE(label, nullptr) << Spoken(window);
@@ -79,7 +79,7 @@ BOOL CALLBACK ExpectSpoken(HWND window, LPARAM) noexcept {
     return TRUE;
 }
 
-/// The window and everything in it has a name, a role and a state.
+/// Checks that the window and everything in it has a name, a role and a state.
 void ExpectTreeSpoken(HWND window) {
     ASSERT_NE(window, nullptr);
     ExpectDescribed(window);

@@ -11,7 +11,7 @@
 namespace quillo {
 namespace {
 
-/// What the system would have been called with.
+/// The ids passed to the replaced system call.
 std::vector<std::wstring>& Taken() {
     static std::vector<std::wstring> taken;
     return taken;

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::uint32_t kGround = 0x00FF00FF;
 
-/// An icon drawn at its own size over a ground that no picture has.
+/// An icon drawn at its own size on a background color that no picture has.
 std::vector<std::uint32_t> Drawn(const IconHandle& icon, int edge) {
     std::uint32_t* pixels = nullptr;
     const BitmapHandle bitmap = MakeDib(Size{edge, edge}, &pixels);

@@ -3,7 +3,7 @@
 namespace quillo::windows_tests {
 
 ControlParent::ControlParent() {
-    // The pointer of an earlier test must not stand on the control.
+    // The pointer of an earlier test must not be over the control.
     SetCursorPos(900, 700);
     PumpWaiting();
     WNDCLASSEXW windowClass{};

@@ -8,7 +8,7 @@
 
 namespace quillo::windows_tests {
 
-/// A visible window on an even ground for one control to stand on.
+/// A visible window with a uniform background that contains one control.
 class ControlParent : public Window {
   public:
     static constexpr COLORREF kGround = RGB(251, 249, 241);
@@ -23,9 +23,9 @@ class ControlParent : public Window {
     BrushHandle ground_{CreateSolidBrush(kGround)};
 };
 
-/// A window procedure gets the message as the system would send it, while the pointer really stands there.
+/// Sends a mouse message as the system would, with the real pointer at that point.
 void SendMouse(HWND window, UINT message, WPARAM keys, Point at);
-/// The color that the window paints at a point, now.
+/// The color that the window currently paints at a point.
 [[nodiscard]] COLORREF PaintedAt(HWND window, Point at);
 
 }  // namespace quillo::windows_tests

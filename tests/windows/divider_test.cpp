@@ -27,7 +27,7 @@ class DividerTest : public testing::Test {
         divider_.SetScale(Scale());
         SendMessageW(divider_.Handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), FALSE);
     }
-    /// How many pixels left of `right` are neither ground nor groove.
+    /// How many pixels left of `right` are neither background nor groove.
     [[nodiscard]] int CaptionPixels(int right) const {
         PaintNow(divider_.Handle());
         int found = 0;

@@ -16,7 +16,7 @@ namespace quillo::windows_tests {
 /// A real main form over a program on fakes: no animation, hotkeys that nobody presses, four empty slots.
 class MainFormTest : public testing::Test {
   protected:
-    /// A backup timer that ticks so often.
+    /// The interval of the backup timer.
     static constexpr UINT kTick = 10;
 
     MainFormTest() {
@@ -34,7 +34,7 @@ class MainFormTest : public testing::Test {
         form_.onPresence = [this](bool present) { heard_ += present ? "back " : "gone "; };
     }
 
-    /// What has been asked of the program since the last call.
+    /// The events raised since the last call.
     [[nodiscard]] std::string Heard() { return std::exchange(heard_, {}); }
     void AddNote(std::u16string key) { ASSERT_NE(test_.program.openNotes.Add(test_.world, std::move(key)), nullptr); }
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
@@ -53,8 +53,8 @@ class MainFormTest : public testing::Test {
                                                  [this](HWND) { heard_ += "released "; }}},
                    kTick};
     int backups_ = 0;
-    HWND heldBy_ = nullptr;  ///< the window for which the end of the session was held last
-    std::u16string reason_;  ///< and why
+    HWND heldBy_ = nullptr;  ///< the window that last held up the end of the session
+    std::u16string reason_;  ///< the reason that it gave
 
   private:
     std::string heard_;

@@ -22,7 +22,7 @@ class MainFormWindow : public MainFormTest {
   protected:
     MainFormWindow() { EXPECT_TRUE(form_.Load()); }
 
-    /// A message about a point of the menu, given at 96 dpi.
+    /// Sends a message about a point of the menu, given at 96 dpi.
     void Mouse(UINT message, int x, int y) {
         RECT client{};
         GetClientRect(form_.Handle(), &client);
@@ -35,7 +35,7 @@ class MainFormWindow : public MainFormTest {
         Mouse(WM_LBUTTONUP, x, y);
     }
     void Key(WPARAM key) { Send(WM_KEYDOWN, key); }
-    /// Shows the menu without what is said meanwhile.
+    /// Shows the menu and drops the events raised meanwhile.
     void Show() {
         form_.SlideForm(true);
         test_.notice.Clear();
@@ -47,7 +47,7 @@ class MainFormWindow : public MainFormTest {
         return PixelOf(form_.Handle(),
                        Point{static_cast<int>(x * client.right / 300), static_cast<int>(y * client.bottom / 180)});
     }
-    /// The window that the shell tells about the icon.
+    /// The window that receives the shell's messages about the icon.
     [[nodiscard]] static HWND IconWindow() {
         HWND window = nullptr;
         while ((window = FindWindowExW(HWND_MESSAGE, window, L"QuilloTrayIcon", nullptr)) != nullptr) {
@@ -61,7 +61,7 @@ class MainFormWindow : public MainFormTest {
         PostMessageW(IconWindow(), 512, 1, static_cast<LPARAM>(message));
         PumpWaiting();
     }
-    /// Whether another program could have that hotkey now.
+    /// Whether another program could register that hotkey now.
     static bool IsFree(int key) {
         constexpr int kTry = 99;
         if (RegisterHotKey(nullptr, kTry, MOD_WIN, static_cast<UINT>(key)) == 0) return false;
@@ -70,7 +70,7 @@ class MainFormWindow : public MainFormTest {
     }
 };
 
-// Coming and going.
+// Showing and hiding.
 
 TEST_F(MainFormWindow, IsHiddenUntilItSlidesIntoTheCornerOfTheWorkArea) {
     EXPECT_FALSE(form_.IsShowing());
@@ -203,7 +203,7 @@ TEST_F(MainFormWindow, EveryItemDoesItsThingAndTheMenuGoes) {
         {{248, 20}, "about ", {}},
         {{280, 20}, "", {}},  // closes the menu
         {{100, 20}, "", {}},
-        {{125, 150}, "away ", {u"C:\\one.exe"}},  // changes are saved before the shell is asked
+        {{125, 150}, "away ", {u"C:\\one.exe"}},  // changes are saved before the shell is called
         {{175, 150}, "away ", {u"C:\\two.exe"}},
         {{225, 150}, "", {}},  // an empty slot
         {{275, 150}, "away ", {u"C:\\four.exe /x"}},
@@ -370,7 +370,7 @@ std::u16string ToolTipOf(HWND menu, MenuItem item) {
     return question.lpszText != nullptr ? std::u16string(FromWide(question.lpszText)) : std::u16string();
 }
 
-/// The tool tip control that belongs to a window; null when there is none.
+/// The tool tip control that belongs to a window; null if there is none.
 HWND ToolTipsOf(HWND owner) {
     for (HWND tips = nullptr; (tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr;) {
         if (GetWindow(tips, GW_OWNER) == owner) return tips;
@@ -461,7 +461,7 @@ TEST_F(MainFormWindow, AShortcutsIconStandsInItsColumnOfBothFaces) {
     EXPECT_EQ(look(), filled);
 }
 
-/// A shell that answers only when it is told to, as one that waits for a dead network.
+/// A shell that answers only when told to, like one that waits for a dead network.
 class SlowShell {
   public:
     IconLookUp LookUp() {

@@ -34,13 +34,13 @@ TEST(MenuArtwork, HasEveryResolution) {
 TEST(MenuArtwork, EveryItemLightsUpInItsArea) {
     MenuArtwork artwork;
     const BitmapHandle pic = artwork.MainPic(Scale(96), {});
-    // A corner of each item's tile, clear of its drawing.
+    // A corner of each item's tile, outside its drawing.
     const POINT inside[] = {{240, 8},   {274, 8},   {10, 60},   {110, 60}, {210, 60},
                             {110, 140}, {160, 140}, {210, 140}, {260, 140}};
     for (const POINT& point : inside) {
         EXPECT_NE(PixelAt(pic, point.x, point.y), PixelAt(pic, point.x, point.y + 180)) << point.x << ", " << point.y;
     }
-    // Nothing lies under the word mark, and what parts the areas stays.
+    // Nothing is drawn under the word mark, and the lines between the areas stay.
     for (const POINT& point : {POINT{60, 35}, POINT{100, 100}, POINT{150, 40}, POINT{200, 120}, POINT{0, 0}}) {
         EXPECT_EQ(PixelAt(pic, point.x, point.y), PixelAt(pic, point.x, point.y + 180)) << point.x << ", " << point.y;
     }
@@ -51,13 +51,13 @@ TEST(MenuArtwork, TheDisabledItemHasTheNormalOnesGround) {
     const BitmapHandle pic = artwork.MainPic(Scale(96), {});
     const BitmapHandle disabled = artwork.ShowAllDisabledPic(Scale(96));
     EXPECT_EQ(PixelAt(disabled, 5, 20), PixelAt(pic, 105, 60));
-    EXPECT_EQ(PixelAt(disabled, 0, 40), PixelAt(pic, 100, 80));  // the line at its left
+    EXPECT_EQ(PixelAt(disabled, 0, 40), PixelAt(pic, 100, 80));  // the line to its left
     int fainter = 0;
     for (int y = 0; y < kShowAllPlace.height; ++y) {
         for (int x = 0; x < kShowAllPlace.width; ++x) {
             const int shown = static_cast<int>(PixelAt(disabled, x, y) & 0xFFU);
             const int normal = static_cast<int>(PixelAt(pic, 100 + x, 40 + y) & 0xFFU);
-            // Blue is low in ink and in the yellow edge alike.
+            // Blue is low both in ink and in the yellow edge.
             EXPECT_GE(shown, normal) << x << ", " << y;
             if (shown > normal + 100) ++fainter;
         }

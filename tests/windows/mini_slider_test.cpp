@@ -137,7 +137,7 @@ TEST_F(MiniSliderTest, TheKeyboardsFocusShows) {
     EXPECT_EQ(PaintedAt(slider_.Handle(), ring), kBack);
 }
 
-/// Windows hides the keyboard cues until a control asks for them. Wine always shows them, so that this stands in.
+/// Windows hides the keyboard cues until a control requests them. Wine always shows them; this replaces its answer.
 LRESULT CALLBACK HideCues(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id, DWORD_PTR) {
     if (message == WM_QUERYUISTATE) return UISF_HIDEFOCUS;
     if (message == WM_CHANGEUISTATE && wParam == MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS)) {

@@ -64,7 +64,7 @@ TEST(NoteButtonImagesTest, AStripHasFiveRowsOfThreeFramesAtEveryResolution) {
 TEST(NoteButtonImagesTest, TheBarShowsBehindTheGlyphs) {
     NoteButtonImages images;
     const HBITMAP strip = images.Strip(kTint, Scale());
-    // The corner of a frame at rest is never drawn on.
+    // Nothing is ever drawn in the corner of a frame at rest.
     for (int row = 0; row < 4; ++row) {
         EXPECT_EQ(StripPixel(strip, Point{0, row * 20}), RGB(200, 100, 50));
         EXPECT_EQ(StripPixel(strip, Point{0, row * 20 + 19}), RGB(250, 240, 200));
@@ -106,7 +106,7 @@ TEST(NoteButtonImagesTest, KeepsTheStripsUsedLast) {
         EXPECT_NE(images.Strip(other, Scale()), nullptr);
         EXPECT_EQ(images.Strip(kTint, Scale()), first) << "used between the others";
     }
-    // One that was not used for long has gone, and comes again.
+    // A strip that has not been used for long is dropped, and created again on demand.
     other.top = ColorWord::FromRgb(0, 0, 0);
     EXPECT_NE(images.Strip(other, Scale()), nullptr);
 }
@@ -129,7 +129,7 @@ class NoteButtonTest : public testing::Test {
     }
     ~NoteButtonTest() override { DestroyWindow(parent_); }
 
-    /// As the system would: the pointer really stands there.
+    /// Sends it as the system would, with the real pointer at that point.
     void Send(UINT message, WPARAM keys, Point at) {
         POINT screen{at.x, at.y};
         ClientToScreen(button_.Handle(), &screen);
@@ -137,7 +137,7 @@ class NoteButtonTest : public testing::Test {
         SendMessageW(button_.Handle(), message, keys, MAKELPARAM(at.x, at.y));
     }
     [[nodiscard]] bool HasCapture() const { return GetCapture() == button_.Handle(); }
-    /// Whether the window's pixels are those of the strip's frame.
+    /// Whether the window's pixels equal the strip's frame.
     [[nodiscard]] bool Shows(ButtonFace face, ButtonPicture picture) {
         PaintNow(button_.Handle());
         const HBITMAP strip = images_.Strip(kTint, Scale());
@@ -201,7 +201,7 @@ TEST_F(NoteButtonTest, APressIsFollowedOutsideAndBack) {
     Send(WM_MOUSEMOVE, 0, kInside);
     Send(WM_LBUTTONDOWN, MK_LBUTTON, kInside);
     Send(WM_MOUSEMOVE, MK_LBUTTON, kOutside);
-    // A late word that the pointer has left must not end the press.
+    // A late report that the pointer has left must not end the press.
     SendMessageW(button_.Handle(), WM_MOUSELEAVE, 0, 0);
     EXPECT_TRUE(HasCapture());
     EXPECT_TRUE(Shows(ButtonFace::Hot, ButtonPicture::Close));
@@ -250,7 +250,7 @@ TEST_F(NoteButtonTest, TheMiddleButtonIsNotForIt) {
     Send(WM_MBUTTONUP, 0, kInside);
     EXPECT_EQ(events_, "");
     EXPECT_FALSE(HasCapture());
-    // Nor does it leave a press behind that a later drag over the button would end as a click.
+    // Nor does it leave a press that a later drag over the button would complete as a click.
     Send(WM_MOUSEMOVE, MK_LBUTTON, kInside);
     Send(WM_LBUTTONUP, 0, kInside);
     EXPECT_EQ(events_, "");

@@ -47,7 +47,7 @@ class NoteColorFormTest : public testing::Test {
         SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
     }
     bool IsSelected(int id) { return SendMessageW(Item(id), BM_GETCHECK, 0, 0) == BST_CHECKED; }
-    /// As the message loop brings it to the control that has the focus.
+    /// Delivered as the message loop does, to the control that has the focus.
     void Key(int key) {
         PostMessageW(GetFocus(), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
         PostMessageW(GetFocus(), WM_KEYUP, static_cast<WPARAM>(key), static_cast<LPARAM>(0xC0000001));

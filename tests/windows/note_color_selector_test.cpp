@@ -32,7 +32,7 @@ class SelectorDialog : public DialogWindow {
     }
 
     NoteColorSelector selector;
-    int pressed = 0;  ///< how often the button was
+    int pressed = 0;  ///< how often the button was pressed
 
   protected:
     void CreateControls() override {
@@ -59,7 +59,7 @@ class NoteColorSelectorTest : public testing::Test {
     NoteColorSelector& Selector() { return dialog_.selector; }
     HWND Window() { return Selector().Handle(); }
     void Release(int x, int y, UINT message = WM_LBUTTONUP) { SendMessageW(Window(), message, 0, MAKELPARAM(x, y)); }
-    /// As the message loop brings it.
+    /// Delivered as the message loop does.
     void Key(int key) {
         PostMessageW(GetFocus(), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
         loop_.RunPending();

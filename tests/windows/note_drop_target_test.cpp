@@ -23,7 +23,7 @@ using windows_tests::NoteWorldForTests;
 using windows_tests::PumpUntil;
 using windows_tests::TestNote;
 
-/// What another program drags: bytes in global memory for each format that it offers.
+/// Data dragged by another program: bytes in global memory for each format that it offers.
 class DraggedData : public IDataObject {
   public:
     virtual ~DraggedData() = default;
@@ -44,7 +44,7 @@ class DraggedData : public IDataObject {
         Offer(CF_HDROP, bytes + std::string(2, '\0'));
     }
     int references = 1;
-    std::function<void()> whileAsked;  ///< the messages that run while the source hands its data over
+    std::function<void()> whileAsked;  ///< the messages handled while the source supplies its data
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
         *object = this;
@@ -114,8 +114,8 @@ class NoteDropTargetTest : public testing::Test {
     HWND box_ = nullptr;
     NoteDropTarget* target_ = nullptr;
     std::u16string inserted_;
-    bool full_ = false;   ///< the note has no room left
-    bool fails_ = false;  ///< the system has no memory left
+    bool full_ = false;   ///< the note is full
+    bool fails_ = false;  ///< the system is out of memory
 };
 
 TEST_F(NoteDropTargetTest, ADropThatANoteHasNoRoomForIsToldToItsSource) {
@@ -183,7 +183,7 @@ TEST_F(NoteDropTargetTest, ADisconnectedTargetRefusesEverything) {
 
 TEST_F(NoteDropTargetTest, ATargetThatIsLetGoWhileTheSourceIsAskedInsertsNothing) {
     data_.OfferText(u"text");
-    target_->AddRef();  // OLE's own, given back when the target is revoked
+    target_->AddRef();  // OLE's own reference, released when the target is revoked
     data_.whileAsked = [this] {
         target_->Disconnect();
         target_->Release();
@@ -259,7 +259,7 @@ TEST_F(NoteDropTargetTest, AnswersForItsInterfacesOnly) {
 
 /// OLE keeps the registered target as a property of the window.
 bool TakesDrops(HWND box) {
-    // A second registration is refused with this error as long as the first stands.
+    // A second registration is refused with this error as long as the first exists.
     NoteWorldForTests world;
     auto* probe = new NoteDropTarget(box, world.locale, world.shell, [](std::u16string_view) { return true; });
     const HRESULT result = RegisterDragDrop(box, probe);

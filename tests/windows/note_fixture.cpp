@@ -5,7 +5,7 @@
 namespace quillo::windows_tests {
 
 NoteWorldForTests::NoteWorldForTests() {
-    // Colors whose every channel differs, so that no mix-up passes.
+    // Colors with three different channels, so that a mix-up shows.
     settings.noteColor = ColorWord::FromRgb(0xFE, 0xFD, 0xD7);
     settings.noteBorderColor = ColorWord::FromRgb(0xFE, 0xCF, 0x38);
     settings.noteTextColor = ColorWord::FromRgb(0x20, 0x10, 0x40);

@@ -33,14 +33,14 @@ namespace quillo::windows_tests {
 
 enum ChildId : int { kMessageBox = 1, kCloseButton, kPushpin, kMenuButton, kSaveSign };
 
-/// Real notes in real windows, over a disk folder of their own and a user who does not exist.
+/// Real notes in real windows, with a temporary folder as their disk and a fake user.
 class NoteWorldForTests : public NoteOwner {
   public:
     NoteWorldForTests();
 
     void RemoveNote(const std::u16string& noteKey) override { removed = noteKey; }
     [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return removed != noteKey; }
-    void SaveUnsavedNotes() override {}  // a note here is written when a test says so
+    void SaveUnsavedNotes() override {}  // a note here is saved when a test says so
     void ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) override {
         neighborAsked = (direction == NoteDirection::Forward ? u"after " : u"before ") + noteKey;
     }
@@ -80,7 +80,7 @@ class NoteWorldForTests : public NoteOwner {
     NoteColorForm colorDialog{loop};
     ResForm resForm{[] {}};
     std::u16string removed;
-    std::u16string neighborAsked;  ///< "after one": which note was to have the keyboard last
+    std::u16string neighborAsked;  ///< "after one": the note whose neighbor was last to get the focus
 };
 
 /// One note with its window.
@@ -89,13 +89,13 @@ struct TestNote {
         : note(world.World(), std::move(key)), form(note, world.Tools()) {
         note.AttachView(form);
     }
-    /// Makes the window and gives it the colors of the settings.
+    /// Creates the window and applies the colors of the settings.
     [[nodiscard]] bool Create() {
         if (!form.Create()) return false;
         note.UpdateColors();
         return true;
     }
-    /// Waits for the parts that come after the first painting.
+    /// Waits for the parts that are created after the first painting.
     [[nodiscard]] bool Settle() {
         return PumpUntil([this] { return Child(kCloseButton) != nullptr; });
     }
@@ -106,7 +106,7 @@ struct TestNote {
     NoteForm form;
 };
 
-/// A rectangle of the window's client area or of a child of it, in the window's own pixels.
+/// A rectangle of the window's client area or of a child of it, in device pixels.
 [[nodiscard]] Rect PlaceIn(HWND window, HWND child);
 
 }  // namespace quillo::windows_tests

@@ -142,7 +142,7 @@ TEST_F(NoteFormTest, PaintsBorderFaceBarAndGrip) {
         DragBarColors(world_.settings.noteColor, world_.settings.noteBorderColor, BarStyle::Full, active);
     EXPECT_EQ(Pixel(Point{w / 2, bar.top}), ToColorRef(paint.top));
     EXPECT_EQ(Pixel(Point{w / 2, bar.Bottom() - 1}), ToColorRef(paint.bottom));
-    // The three strokes of the grip cross the column next to the right edge.
+    // The three lines of the grip cross the column next to the right edge.
     int strokes = 0;
     for (int y = h - scale_.Px(10); y < h - 1; ++y) strokes += Pixel(Point{w - scale_.Px(2), y}) == border ? 1 : 0;
     EXPECT_GE(strokes, 2);
@@ -475,13 +475,13 @@ TEST_F(NoteFormTest, TheTextBoxHasItsMarginsAndOneTabStop) {
 TEST_F(NoteFormTest, AClickOnTheCloseButtonMayEndTheNote) {
     form_.Show();
     const HWND window = one_.Window();
-    Click(one_.Child(ChildId::kCloseButton));  // an empty note goes for good
+    Click(one_.Child(ChildId::kCloseButton));  // an empty note is deleted permanently
     EXPECT_EQ(world_.removed, u"one");
     EXPECT_EQ(IsWindow(window), FALSE);
     EXPECT_EQ(form_.Handle(), nullptr);
     EXPECT_EQ(GetCapture(), nullptr);
     PumpWaiting();
-    // The object stands until its owner lets go of it, and answers as a note without a window.
+    // The object lives until its owner releases it, and answers as a note without a window.
     EXPECT_EQ(form_.Text(), u"");
     EXPECT_FALSE(form_.IsVisible());
     EXPECT_FALSE(form_.SetText(u"nothing to see"));

@@ -13,8 +13,8 @@ using windows_tests::NoteWorldForTests;
 using windows_tests::PumpWaiting;
 using windows_tests::TestNote;
 
-/// GDI objects, windows and kernel handles of this process. The system's own counter of GDI objects answers 0 on some
-/// systems, so that every handle number there can be is asked instead; the first test shows that this sees a leak.
+/// GDI objects, windows and kernel handles of this process. The system's own counter of GDI objects returns 0 on some
+/// systems, so every possible handle number is checked instead; the first test shows that this detects a leak.
 struct Handles {
     int gdi = 0;
     int windows = 0;
@@ -35,13 +35,13 @@ BOOL CALLBACK CountWindow(HWND window, LPARAM count) {
 
 Handles Count() {
     Handles handles;
-    // A GDI handle is a table index in its low word; GetObjectType knows the whole handle only, whose upper bits hold
-    // the type and, on Windows, a counter: there the system's counter is right.
+    // A GDI handle has a table index in its low word; GetObjectType needs the whole handle, whose upper bits hold the
+    // type and, on Windows, a counter: there the system's counter is right.
     handles.gdi = static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
     if (handles.gdi == 0) {
         for (ULONG_PTR index = 1; index < 0x10000; ++index) {
             for (ULONG_PTR generation = 0; generation < 8; ++generation) {
-                // Wine's generations are few while few objects were made at an index.
+                // Wine's generations are few while few objects were created at an index.
                 if (GetObjectType(reinterpret_cast<HGDIOBJ>(generation << 16 | index)) != 0) {
                     ++handles.gdi;
                     break;
@@ -58,7 +58,7 @@ Handles Count() {
     }
     GetProcessHandleCount(GetCurrentProcess(), &handles.kernel);
     if (handles.kernel == 0) {
-        // Wine does not count; but it has the numbers, multiples of 4 from the lowest free one on.
+        // Wine does not count them; but it uses the numbers in order, multiples of 4 from the lowest free one on.
         DWORD flags = 0;
         for (ULONG_PTR number = 4; number < 0x10000; number += 4) {
             if (GetHandleInformation(reinterpret_cast<HANDLE>(number), &flags) != 0) ++handles.kernel;
@@ -100,11 +100,11 @@ TEST(HandlesTest, AThousandNotesLeaveNothingBehind) {
         }
         PumpWaiting();
     };
-    openAndClose(20);  // caches of ours and of the system fill once
+    openAndClose(20);  // our own caches and the system's are filled once
     const Handles before = Count();
     openAndClose(1000);
     const Handles after = Count();
-    // Far below one handle a note.
+    // Far less than one handle per note.
     EXPECT_LE(after.gdi, before.gdi + 20);
     EXPECT_EQ(after.windows, before.windows);
     EXPECT_LE(after.kernel, before.kernel + 20);

@@ -23,10 +23,10 @@ using windows_tests::PumpUntil;
 using windows_tests::PumpWaiting;
 using windows_tests::TestNote;
 
-/// What the shell sends to the window of an icon.
+/// The shell's message to the window of an icon.
 constexpr UINT kTrayCallback = 512;
 
-/// The window of the menu that stands open on this thread; null when none does.
+/// The window of the menu that is open on this thread; null if none is.
 HWND OpenMenuWindow() {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
@@ -40,7 +40,7 @@ HMENU MenuOf(HWND window) {
     return reinterpret_cast<HMENU>(SendMessageW(window, kGetMenu, 0, 0));
 }
 
-/// Calls again and again, inside the modal loops too, until it is told to stop.
+/// Calls a function repeatedly, inside modal loops too, until told to stop.
 class Meanwhile {
   public:
     explicit Meanwhile(std::function<bool()> done) : done_(std::move(done)) { timer_.Start(20); }
@@ -73,7 +73,7 @@ class NoteMenuTest : public testing::Test {
     void PressMenuButton() const {
         SendMessageW(one_.Child(ChildId::kMenuButton), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
     }
-    /// As soon as a menu stands open, `act` is called with its window.
+    /// Calls `act` with the window of a menu as soon as one is open.
     [[nodiscard]] static Meanwhile WhenAMenuIsOpen(std::function<void(HWND)> act) {
         return Meanwhile([act = std::move(act)] {
             const HWND menu = OpenMenuWindow();
@@ -291,7 +291,7 @@ TEST_F(NoteMenuTest, ARightClickInTheTextKeepsTheTextBoxesOwnMenu) {
 
 // Tool tips.
 
-/// The tool tip control of a window; null when it has none.
+/// The tool tip control of a window; null if it has none.
 HWND TipsOf(HWND window) {
     HWND tips = nullptr;
     while ((tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
@@ -404,7 +404,7 @@ TEST_F(NoteMenuTest, TheToolTipsAreMadeAnewForAnotherResolution) {
 
 // The dialog for a copy.
 
-/// The system's dialog that belongs to a window; null when none is on the screen.
+/// The visible system dialog that belongs to a window; null if there is none.
 HWND DialogOf(HWND owner) {
     HWND dialog = nullptr;
     while ((dialog = FindWindowExW(nullptr, dialog, L"#32770", nullptr)) != nullptr) {

@@ -31,7 +31,7 @@ class NoteReminderTest : public testing::Test {
     }
 
     [[nodiscard]] HWND Box() const { return one_->Child(ChildId::kMessageBox); }
-    /// A letter with Ctrl, as the message loop brings it: the key, then the control character.
+    /// Delivers a letter with Ctrl as the message loop does: the key, then the control character.
     void ControlKey(char letter, LPARAM press = kFirstPress) const {
         const HWND box = Box();
         SendMessageW(box, WM_KEYDOWN, static_cast<WPARAM>(letter), press);

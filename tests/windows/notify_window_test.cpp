@@ -77,8 +77,8 @@ TEST_F(NotifyWindowTest, ACommandDuringACommandIsNotLost) {
     EXPECT_EQ(commands_, (std::vector<std::u16string>{u"/first", u"/second"}));
 }
 
-/// A running instance on a thread of its own that is busy, its messages unread, until the system calls it hung and
-/// `release` is set; then it reads them until a command has come.
+/// A running instance on a thread of its own that does not read its messages until the system treats it as hung and
+/// `release` is set; then it reads them until a command has arrived.
 class BusyInstance {
   public:
     BusyInstance() : thread_([this] { Run(); }) {}
@@ -121,7 +121,7 @@ TEST_F(NotifyWindowTest, AnInstanceThatTheSystemCallsHungIsWaitedFor) {
         EXPECT_TRUE(SendToRunningInstance(u"/new", 0));
         returned = true;
     });
-    // Time enough for a sender that gives up on a hung window; one that waits is still there.
+    // Long enough for a sender that gives up on a hung window; a sender that waits is still there.
     const ULONGLONG grace = GetTickCount64() + 500;
     while (!returned && GetTickCount64() < grace) Sleep(1);
     EXPECT_FALSE(returned) << "the command has not been read yet";

@@ -46,7 +46,7 @@ class OptionsFormTest : public testing::Test {
         return SendMessageW(Of(check), BM_GETCHECK, 0, 0) == BST_CHECKED;
     }
     void Press(OptionControl control) const { SendMessageW(Of(control), BM_CLICK, 0, 0); }
-    /// As the message loop brings it to the control that has the focus.
+    /// Delivered as the message loop does, to the control that has the focus.
     void Key(HWND to, int key) {
         PostMessageW(to, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
         loop_.RunPending();
@@ -76,14 +76,14 @@ class OptionsFormTest : public testing::Test {
         GetWindowRect(window, &place);
         return place;
     }
-    /// Nothing of what the control says lies outside it.
+    /// No part of the control's text is outside it.
     void ExpectUncut(const OptionRow& row, int dpi) const {
         HWND control = Of(row.control);
         RECT place{};
         GetClientRect(control, &place);
         const WindowDcScope dc(control);
         const SelectScope font(dc.Dc(), reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
-        // What a check box's mark and a button's edge take.
+        // The space of a check box's mark and a button's edge.
         const int room = row.kind == OptionKind::Check ? Scale(dpi).Px(20) : row.kind == OptionKind::Button ? 8 : 0;
         RECT needed{0, 0, place.right - room, 0};
         const std::u16string text = Text(row.control);
@@ -147,7 +147,7 @@ TEST_F(OptionsFormTest, ControlTabGoesRoundThePages) {
     EXPECT_EQ(form_.CurrentPage(), OptionsPage::Help);
 }
 
-/// Counts a message of a window.
+/// Counts a message sent to a window.
 class MessageWatch {
   public:
     MessageWatch(HWND window, UINT message) : window_(window), message_(message) {
@@ -377,7 +377,7 @@ TEST_F(OptionsFormTest, DialogsOfTheSystemEndWithItWhicheverWayItCloses) {
         Open();
         bool came = false;
         bool went = false;
-        // The dialog's own loop dispatches the timer of this test.
+        // The dialog's own loop dispatches this timer.
         UiTimer closer([&] {
             HWND asked = GetLastActivePopup(form_.Handle());
             if (asked == form_.Handle() || IsWindowVisible(asked) == 0) return;
@@ -491,7 +491,7 @@ TEST_F(OptionsFormTest, AHiddenPageNeverKeepsTheKeyboard) {
     Open();
     form_.ShowPage(OptionsPage::Behavior);
     SetFocus(Of(C::AutoPinCheck));
-    form_.ShowPage(OptionsPage::Help);  // as a drag over its tab does
+    form_.ShowPage(OptionsPage::Help);  // as dragging over its tab does
     EXPECT_EQ(GetFocus(), form_.TabStripWindow());
 
     form_.ShowPage(OptionsPage::Behavior);
@@ -533,7 +533,7 @@ TEST_F(OptionsFormTest, NothingIsCutAndNothingOverlapsAtAnyResolution) {
         SetDpi(dpi);
         for (const OptionRow& row : OptionsTable()) {
             HWND control = Of(row.control);
-            if (control == nullptr || row.control == C::HotkeysTakenLabel) continue;  // nothing is taken here
+            if (control == nullptr || row.control == C::HotkeysTakenLabel) continue;  // nothing is changed here
             const bool showsText = row.kind == OptionKind::Heading || row.kind == OptionKind::Text ||
                                    row.kind == OptionKind::Check || row.kind == OptionKind::Button ||
                                    row.kind == OptionKind::Divider;

@@ -54,7 +54,7 @@ TEST(PlatformFrame, IsThatOfTheMonitorsResolution) {
 
 class PlatformNotice : public testing::Test {
   protected:
-    /// What is true of the message box that `ask` opens; it is answered with Cancel.
+    /// Examines the message box that `ask` opens, and answers it with Cancel.
     template <typename Ask, typename Look>
     bool WhileAsking(Ask ask, Look look) {
         bool came = false;
@@ -84,7 +84,7 @@ TEST_F(PlatformNotice, AMessageBoxBelongsToTheWindowThatAsksAndLiesAboveAll) {
     const bool came = WhileAsking([&] { notice_.Warn(u"Look out."); },
                                   [&](HWND box) {
                                       EXPECT_EQ(GetWindow(box, GW_OWNER), asker_.Handle());
-                                      // Wine does not heed the flag that lifts it above pinned notes.
+                                      // Wine ignores the flag that puts it above pinned notes.
                                       EXPECT_NE(kMessageBoxFlags & MB_TOPMOST, 0U);
                                       EXPECT_FALSE(IsWindowEnabled(asker_.Handle()));
                                       EXPECT_FALSE(IsWindowEnabled(other_.Handle()));

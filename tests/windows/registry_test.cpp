@@ -12,7 +12,7 @@ namespace {
 
 constexpr RegistryApi::Key kCurrentUser = 0x80000001U;
 
-/// Every test has a key of its own under the current user, and it goes with the test.
+/// Every test has a key of its own under the current user, which is deleted with the test.
 class RealRegistryTest : public testing::Test {
   protected:
     RealRegistryTest() {
@@ -23,7 +23,7 @@ class RealRegistryTest : public testing::Test {
     }
     ~RealRegistryTest() override {
         RegDeleteTreeW(HKEY_CURRENT_USER, Wide(subkey_));
-        RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\Marrowind\\QuilloTests");  // when it is empty
+        RegDeleteKeyW(HKEY_CURRENT_USER, L"Software\\Marrowind\\QuilloTests");  // if it is empty
     }
 
     [[nodiscard]] RegistryKeyHandle Open() const {
@@ -31,7 +31,7 @@ class RealRegistryTest : public testing::Test {
         RegCreateKeyW(HKEY_CURRENT_USER, Wide(subkey_), &key);
         return RegistryKeyHandle(key);
     }
-    /// Stores bytes as they are.
+    /// Stores bytes unchanged.
     void Store(const wchar_t* name, DWORD type, const void* data, std::size_t bytes) const {
         ASSERT_EQ(
             RegSetValueExW(Open().Get(), name, 0, type, static_cast<const BYTE*>(data), static_cast<DWORD>(bytes)),
@@ -184,7 +184,7 @@ TEST_F(RealRegistryTest, ANewPathAndResetCloseTheKey) {
 }
 
 TEST_F(RealRegistryTest, AValueOfAnySizeIsEnumeratedWhole) {
-    // Longer than the buffer at first; behind it one whose size the system has not named yet.
+    // Longer than the initial buffer; after it, one whose size the system has not reported yet.
     const std::u16string large(100'000, u'\u65E5');
     const std::u16string larger(300'000, u'\u2603');
     TesselRegistry registry(api_, path_);

@@ -20,7 +20,7 @@
 
 namespace quillo::windows_tests {
 
-/// A note that only remembers what its reminder's windows ask of it.
+/// A note that only records the calls of its reminder's windows.
 class RecordingOwner : public ReminderOwner {
   public:
     void SetReminder(DaySerial time) override {
@@ -42,7 +42,7 @@ class RecordingOwner : public ReminderOwner {
     DaySerial when;
 };
 
-/// Writes dates as long as any user may have set them.
+/// Writes dates as long as any user may have configured them.
 class LongDates : public FakeLocaleText {
   public:
     [[nodiscard]] std::u16string ShortDate(DaySerial when) override {
@@ -74,7 +74,7 @@ class PlainWindow : public Window {
     }
 };
 
-/// What a reminder's windows work with, at 21 November 2026, 09:30.
+/// The objects that a reminder's windows use, at 21 November 2026, 09:30.
 struct ReminderWorld {
     Settings settings;
     OsFacts os;
@@ -89,7 +89,7 @@ struct ReminderWorld {
     PlainWindow noteWindow;
 };
 
-/// Holds keys down for the messages that are sent meanwhile.
+/// Holds keys down for the messages sent in this scope.
 class KeysDown {
   public:
     explicit KeysDown(std::vector<int> keys);

@@ -22,7 +22,7 @@ TEST(ResForm, TicksOneAfterTheOtherAndNeverInsideATick) {
         [&] {
             ++ticks;
             deepest = std::max(deepest, ++depth);
-            // Messages run, as they do while an alert opens.
+            // Messages are pumped, as while an alert opens.
             (void)PumpUntil([] { return true; });
             --depth;
         },

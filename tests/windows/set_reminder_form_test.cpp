@@ -36,7 +36,7 @@ class SetReminderFormTest : public testing::Test {
     [[nodiscard]] bool IsShown(ReminderControl control) const { return IsWindowVisible(Of(control)) != 0; }
     void Type(const std::u16string& phrase) { SetWindowTextW(Of(Control::ReminderBox), Wide(phrase)); }
     void Press(ReminderControl button) { SendMessageW(Of(button), BM_CLICK, 0, 0); }
-    /// As the message loop brings it to the control that has the focus.
+    /// Delivered as the message loop does, to the control that has the focus.
     void Key(HWND to, int key) {
         PostMessageW(to, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
         world_.loop.RunPending();
@@ -57,7 +57,7 @@ class SetReminderFormTest : public testing::Test {
         const RECT place{100, 100, 500, 400};
         SendMessageW(form_.Handle(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
     }
-    /// Nothing of a label's text lies outside it.
+    /// No part of a label's text is outside it.
     void ExpectUncut(ReminderControl control, int dpi) const {
         RECT place{};
         GetClientRect(Of(control), &place);
@@ -113,7 +113,7 @@ TEST_F(SetReminderFormTest, StandsAboveAllAndBelongsToTheNote) {
 
 TEST_F(SetReminderFormTest, FourControlsHaveToolTips) {
     Open();
-    // They belong to no window: the first one of this thread is the dialog's.
+    // They have no owner: the first one of this thread belongs to the dialog.
     HWND tips = nullptr;
     do {
         tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr);
@@ -248,7 +248,7 @@ TEST_F(SetReminderFormTest, GoesWithTheNotesWindow) {
     world_.noteWindow.End();
     EXPECT_EQ(form_.Handle(), nullptr);
     EXPECT_EQ(world_.owner.calls, Calls{"dialog closing"});
-    world_.loop.RunPending();  // its keys are no dialog's any more
+    world_.loop.RunPending();  // its keys no longer belong to a dialog
 }
 
 TEST_F(SetReminderFormTest, WithoutANoteItStaysOpen) {

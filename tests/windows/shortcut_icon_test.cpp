@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kEdge = 48;
 
-/// What the icon of a file draws on white.
+/// The pixels that the icon of a file draws on white.
 std::vector<std::uint32_t> Drawn(const std::u16string& file, int size) {
     BITMAPINFO info{};
     info.bmiHeader = {sizeof(BITMAPINFOHEADER), kEdge, -kEdge, 1, 32, BI_RGB, 0, 0, 0, 0, 0};

@@ -42,7 +42,7 @@ bool IsCrash(DWORD code) {
         case 0xC0000409:  // the stack is damaged
             return true;
         default:
-            return false;  // C++ exceptions and the debugger's own among them
+            return false;  // includes C++ exceptions and the debugger's own
     }
 }
 

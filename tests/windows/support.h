@@ -9,14 +9,14 @@
 
 namespace quillo::windows_tests {
 
-/// The exit code of a test program that crashed, whoever would have swallowed the crash.
+/// The exit code of a test program that crashed, even if the system would have hidden the crash.
 inline constexpr int kCrashExitCode = 86;
 
-/// A crash anywhere in the process ends it with kCrashExitCode. The system swallows a crash inside a window procedure:
-/// the program would go on, silently broken, and the test would pass.
+/// Makes a crash anywhere in the process end it with kCrashExitCode. The system hides a crash inside a window
+/// procedure: the program would continue in a broken state, and the test would pass.
 void EndProcessOnCrash();
 
-/// A folder of the test's own; everything in it goes with the test.
+/// A temporary folder for one test, deleted with everything in it.
 class TempFolder {
   public:
     TempFolder();
@@ -32,8 +32,8 @@ class TempFolder {
     std::u16string path_;
 };
 
-/// A disk of a megabyte, empty at first and at last, for what happens on a full one. scripts/lib.sh makes it where it
-/// may, and names it in QUILLO_SMALL_DISK.
+/// A disk of a megabyte, empty before and after the test, for tests of a full disk. scripts/lib.sh creates it if it has
+/// the rights, and names it in QUILLO_SMALL_DISK.
 class SmallDisk {
   public:
     SmallDisk();
@@ -52,10 +52,10 @@ class SmallDisk {
     std::u16string path_;
 };
 
-/// Puts a file with these bytes there, in the place of whatever has its name. Fails the test when that cannot be done.
+/// Writes a file with these bytes and replaces any file with its name. Fails the test on an error.
 void PutFile(const std::u16string& path, std::string_view bytes);
 
-/// Dispatches messages until `done` says so; false when it does not within `milliseconds`.
+/// Dispatches messages until `done` returns true; false if it does not within `milliseconds`.
 [[nodiscard]] bool PumpUntil(const std::function<bool()>& done, DWORD milliseconds = 10'000);
 /// Dispatches every message that is waiting now.
 void PumpWaiting();

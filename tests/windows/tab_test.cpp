@@ -43,7 +43,7 @@ TabProperties TestProperties() {
     return properties;
 }
 
-/// Three icons of 16 pixels: a square of one color each in the mask's color.
+/// Three icons of 16 pixels: each a square of one color on the mask's color.
 BitmapHandle IconStrip() {
     std::uint32_t* pixels = nullptr;
     BitmapHandle strip = MakeDib(Size{48, 16}, &pixels);
@@ -66,7 +66,7 @@ class TabTest : public testing::Test {
         tab_.onChange = [this](int tab) { events_ += std::to_string(tab) + " "; };
     }
 
-    /// The face of a tab, as a screen reader is told.
+    /// The face of a tab, as reported to screen readers.
     [[nodiscard]] Rect FaceOf(int tab) const {
         return TabLayout(Measures(), Scale()).Face(tab, tab_.Properties().alignTop);
     }
@@ -271,7 +271,7 @@ TEST_F(TabTest, OtherTabsUnderThePointerLetGoOfTheMouse) {
     EXPECT_FALSE(HasCapture());
 }
 
-/// Drags nothing in particular until the form was told of a tab, or for too long.
+/// Drags some data until the form has been told of a tab, or until a timeout.
 class Dragging : public IDropSource {
   public:
     explicit Dragging(std::function<bool()> done) : done_(std::move(done)) {}
@@ -299,7 +299,7 @@ class Dragging : public IDropSource {
     DWORD effect_ = DROPEFFECT_COPY;
 };
 
-/// Moves of the mouse to and fro over a point, for as long as it lives; a drag waits for them.
+/// Moves the mouse back and forth over a point for its lifetime; a drag waits for these moves.
 class Trembling {
   public:
     explicit Trembling(POINT at) : timer_(SetTimer(nullptr, 0, 20, &Trembling::Move)) { SetCursorPos(at.x, at.y); }
@@ -329,9 +329,9 @@ TEST_F(TabTest, DraggingDataOverATabChoosesItOnceAndNothingCanBeDropped) {
         POINT at{On(3).x, On(3).y};
         ClientToScreen(strip.Handle(), &at);
         ComPtr<IDataObject> data;
-        ASSERT_EQ(OleGetClipboard(data.Put()), S_OK);  // any data will do
+        ASSERT_EQ(OleGetClipboard(data.Put()), S_OK);  // the kind of data does not matter
         int asked = 0;
-        constexpr int kSomeMore = 5;  // rounds over the tab that is now current
+        constexpr int kSomeMore = 5;  // rounds over the tab that is current by then
         Dragging dragging([&] { return !events_.empty() && ++asked > kSomeMore; });
         const Trembling hand(at);
         DWORD effect = DROPEFFECT_COPY;

@@ -30,7 +30,7 @@ void DispatchWaiting() {
     }
 }
 
-/// Dispatches messages until the condition holds; false when it does not within `milliseconds`.
+/// Dispatches messages until the condition holds; false if it does not within `milliseconds`.
 bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds = kDeadline) {
     const ULONGLONG end = GetTickCount64() + milliseconds;
     for (;;) {
@@ -41,14 +41,14 @@ bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds = kDeadl
     }
 }
 
-/// The places of icons are known on Wine's virtual desktop only, whose task bar comes with the first icon.
+/// The places of icons are known only on Wine's virtual desktop, whose task bar appears with the first icon.
 HWND KnownTaskBar() {
     const bool wine = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
     const HWND taskBar = wine ? FindWindowW(L"Shell_TrayWnd", nullptr) : nullptr;
     return taskBar != nullptr && IsWindowVisible(taskBar) ? taskBar : nullptr;
 }
 
-/// The messages that reached the control's window, seen from in front of it.
+/// Records the messages to the control's window before the control handles them.
 class Listener {
   public:
     explicit Listener(HWND window) : window_(window) {
@@ -90,7 +90,7 @@ class TrayTest : public testing::Test {
         tray_->onBalloonClick = [this] { events_.emplace_back("BalloonClick"); };
     }
 
-    /// False where the system has no notification area that takes icons.
+    /// False if the system has no notification area that accepts icons.
     bool Show() {
         TrayProperties properties;
         properties.toolTipText = u"Milk, eggs and tea";
@@ -173,7 +173,7 @@ TEST_F(TrayTest, AHandlerNeverRunsInsideACallOfAnotherThread) {
 TEST_F(TrayTest, ARefusedIconComesOnceTheShellTakesIt) {
     if (!Show()) GTEST_SKIP() << "no notification area";
     tray_->SetVisible(false);
-    // Its place is taken: the shell refuses a second icon of the same window and number.
+    // Its place is taken: the shell refuses a second icon with the same window and number.
     NOTIFYICONDATAW other{};
     other.cbSize = sizeof other;
     other.hWnd = tray_->Handle();
@@ -199,20 +199,20 @@ TEST_F(TrayTest, TheEndOfTheControlTakesTheIconAway) {
     EXPECT_FALSE(Shell_NotifyIconW(NIM_MODIFY, &same));
 }
 
-/// Presses a mouse button `times` times on the icon and waits for the last of the shell's messages. The input of a
-/// test can get lost before it reaches the shell: then it is given again.
+/// Presses a mouse button `times` times on the icon and waits for the last of the shell's messages. A test's input can
+/// get lost before it reaches the shell: then it is repeated.
 bool PressOnIcon(HWND taskBar, const Listener& listener, bool right, int times) {
     RECT bar{};
     GetWindowRect(taskBar, &bar);
     const UINT up = right ? WM_RBUTTONUP : WM_LBUTTONUP;
     const UINT last = right ? WM_CONTEXTMENU : static_cast<UINT>(NIN_SELECT);
-    // Presses of an earlier test at the same place, in this process or in one before it, must not make a double click
-    // of this one.
+    // Presses of an earlier test in the same place, in this process or an earlier one, must not turn this one into a
+    // double click.
     static ULONGLONG lastPress = GetTickCount64();
     WaitFor([] { return GetTickCount64() - lastPress > GetDoubleClickTime(); });
     constexpr int kAttempts = 5;
     for (int attempt = 0; attempt < kAttempts && !listener.Heard(up); ++attempt) {
-        // The first icon stands at the right end of the bar, a square of the bar's height.
+        // The first icon is at the right end of the bar, a square of the bar's height.
         const int half = (bar.bottom - bar.top) / 2;
         SetCursorPos(bar.right - half, bar.bottom - half);
         std::vector<INPUT> inputs;
@@ -256,7 +256,7 @@ TEST_F(TrayTest, ARealRightClickIsTwoEventsAsTheShellSendsTwo) {
     EXPECT_THAT(events_, ElementsAre("RightClick", "RightClick"));
 }
 
-/// Whether a balloon with this text stands on the screen; tool tips look the same from here.
+/// Whether a balloon with this text is on the screen; tool tips look the same from here.
 bool BalloonStands(const std::wstring& wanted) {
     struct Search {
         const std::wstring& wanted;

@@ -25,10 +25,10 @@ FileHandle Open(const std::u16string& path, DWORD access, DWORD share) {
     return FileHandle(CreateFileW(Wide(path), access, share, nullptr, OPEN_EXISTING, 0, nullptr));
 }
 
-/// The disk, with the waits counted and not waited for.
+/// The disk, with waits that are counted instead of taken.
 class WinFileStoreTest : public testing::Test {
   protected:
-    /// A file of the folder with that content; its full path.
+    /// Creates a file in the folder with that content; returns its full path.
     [[nodiscard]] std::u16string Put(std::u16string_view name, std::string_view bytes) const {
         std::u16string path = folder_.Of(name);
         PutFile(path, bytes);
@@ -43,7 +43,7 @@ class WinFileStoreTest : public testing::Test {
 
     TempFolder folder_;
     std::uint32_t slept_ = 0;       ///< milliseconds
-    std::function<void()> onWait_;  ///< what happens while the store waits
+    std::function<void()> onWait_;  ///< called while the store waits
     WinFileStore store_{Patience([this](std::uint32_t milliseconds) {
         slept_ += milliseconds;
         if (onWait_) onWait_();
@@ -171,12 +171,12 @@ TEST_F(WinFileStoreTest, WhoeverReadsMeanwhileSeesTheOldBytesOrTheNew) {
         WinFileStore files;
         while (!done) {
             const auto bytes = files.Read(path);
-            if (!bytes) continue;  // being replaced at this moment
+            if (!bytes) continue;  // it is being replaced at this moment
             ++reads;
             if (bytes->size() != 40'000 || bytes->find_first_not_of(bytes->front()) != std::string::npos) ++torn;
         }
     });
-    // The reader may have the file open whenever it is to be replaced.
+    // The reader may have the file open at any moment at which it is to be replaced.
     onWait_ = [] { Sleep(1); };
     int replaced = 0;
     for (int i = 0; i < 100 || reads == 0; ++i) {
@@ -242,7 +242,7 @@ TEST_F(WinFileStoreTest, TheWaitsForFiftyLockedFilesDoNotAddUp) {
 TEST_F(WinFileStoreTest, NobodyWaitsForAReadOnlyFile) {
     const std::u16string path = Put(u"note.qln", "old");
     SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_READONLY);
-    // Windows refuses it; Wine leaves it to the host, which refuses an administrator nothing.
+    // Windows refuses it; Wine leaves it to the host, which lets an administrator do anything.
     const bool replaced = store_.MoveOver(Put(u"note.qln.new", "new"), path) == FileError::None;
     EXPECT_EQ(store_.Read(path), replaced ? "new" : "old");
     SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_READONLY);

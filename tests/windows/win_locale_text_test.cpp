@@ -24,7 +24,7 @@ class WinLocaleTextTest : public testing::Test {
 TEST_F(WinLocaleTextTest, WhatTheCodePageLacksBecomesAQuestionMark) {
     if (GetACP() != 1252) GTEST_SKIP() << "the texts are made for code page 1252";
     EXPECT_EQ(locale_.ToNarrow(u"A\u00E9\u20AC"), "A\xE9\x80");
-    // Each of these has a look-alike that a plain conversion would take.
+    // Each of these has a look-alike that a plain conversion would use.
     for (const char16_t c : {u'\u0100', u'\u2212', u'\uFF21', u'\uFF11', u'\u2032', u'\u221E', u'\u03B1', u'\u2264'}) {
         EXPECT_EQ(locale_.ToNarrow(std::u16string(1, c)), "?") << std::hex << static_cast<int>(c);
     }

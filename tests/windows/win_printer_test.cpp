@@ -22,7 +22,7 @@ TEST(WinPrinter, WithoutADefaultPrinterTheJobHasFailedFromTheStart) {
     EXPECT_FALSE(dialogs.IsSet());
 }
 
-/// On the printer that scripts/check_printing.sh describes.
+/// Uses the printer that scripts/check_printing.sh sets up.
 class PaperTest : public ::testing::Test {
   protected:
     std::unique_ptr<PrintJob> StartLine(std::u16string_view text) {

@@ -109,7 +109,7 @@ TEST_F(WinShellTest, WhatIsNoLinkHasNoTarget) {
     EXPECT_EQ(shell_.LinkTarget(folder_.Path()), u"");
 }
 
-/// Files in the Recycle Bin of every drive, or -1 where the system cannot tell.
+/// Files in the Recycle Bin of every drive, or -1 if the system cannot tell.
 long long Recycled() {
     SHQUERYRBINFO info{};
     info.cbSize = sizeof info;
@@ -117,7 +117,7 @@ long long Recycled() {
 }
 
 TEST_F(WinShellTest, ARecycledFileGoesIntoTheRecycleBin) {
-    // The first file makes the bin, so that there is something to count.
+    // The first file creates the bin, so that there is something to count.
     ASSERT_NO_FATAL_FAILURE(PutFile(folder_.Of(u"first.qln"), "x"));
     EXPECT_EQ(shell_.Recycle(folder_.Of(u"first.qln")), RecycleResult::Moved);
     EXPECT_FALSE(files_.FileExists(folder_.Of(u"first.qln")));
@@ -151,8 +151,8 @@ TEST_F(WinShellTest, AFileThatStaysOpenIsLeftWhereItIs) {
         << "Wine's bin takes a file although it is open";
 }
 
-/// The user's own folder of data without the one in which Wine keeps its Recycle Bin: Wine then deletes for good, as
-/// Windows does where a volume has no bin.
+/// The user's data folder without the one in which Wine keeps its Recycle Bin: Wine then deletes permanently, as
+/// Windows does on a volume without a bin.
 class WithoutRecycleBin {
   public:
     WithoutRecycleBin() {
@@ -181,7 +181,7 @@ TEST_F(WinShellTest, AFileThatTheSystemDeletesForGoodIsGone) {
     ASSERT_NO_FATAL_FAILURE(PutFile(path, "x"));
     const RecycleResult result = shell_.Recycle(path);
     EXPECT_NE(result, RecycleResult::Moved);
-    // A process in which Wine has found its bin before does not delete: there the file stays.
+    // A process in which Wine has already found its bin does not delete: there the file stays.
     EXPECT_EQ(result == RecycleResult::Gone, !files_.FileExists(path));
 }
 

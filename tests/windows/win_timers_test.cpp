@@ -18,7 +18,7 @@ TEST(WinTimersTest, ATimerFiresOnce) {
     const auto other = timers.Make([&] { ++others; });
     timer->Start(1);
     ASSERT_TRUE(PumpUntil([&] { return ticks == 1; }));
-    // Long enough for many ticks of the first one, if it still ran.
+    // Long enough for many ticks of the first one, if it were still running.
     for (int i = 1; i <= 5; ++i) {
         other->Start(20);
         ASSERT_TRUE(PumpUntil([&] { return others == i; }));

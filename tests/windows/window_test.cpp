@@ -38,7 +38,7 @@ class TestWindow : public Window {
 
     int counted = 0;
     bool sawCreate = false;
-    bool sawLast = false;  ///< WM_NCDESTROY came while the object was still bound
+    bool sawLast = false;  ///< WM_NCDESTROY arrived while the object was still bound
 
   protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -78,7 +78,7 @@ TEST(WindowTest, TheObjectIsBoundFromTheFirstMessageToTheLast) {
     EXPECT_EQ(window.Client(), (Rect{0, 0, 100, 50}));
     EXPECT_EQ(SendMessageW(window.Handle(), kCount, 0, 0), 1);
     const HWND handle = window.Handle();
-    DestroyWindow(handle);  // by somebody else
+    DestroyWindow(handle);  // by other code
     EXPECT_TRUE(window.sawLast);
     EXPECT_EQ(window.Handle(), nullptr);
     EXPECT_EQ(IsWindow(handle), FALSE);
@@ -233,7 +233,7 @@ TEST(MessageLoopTest, RunsIdleActionsOnceWhenNothingWaits) {
         ++runs;
         countedBefore = window.counted;
         PostMessageW(window.Handle(), kCount, 0, 0);
-        // An action that an action asks for needs no message to wake the loop.
+        // An action added by an action needs no message to wake the loop.
         loop.RunWhenIdle([&] { loop.Quit(7); });
     });
     for (int i = 0; i < 3; ++i) PostMessageW(window.Handle(), kCount, 0, 0);
@@ -246,7 +246,7 @@ TEST(MessageLoopTest, RunsIdleActionsOnceWhenNothingWaits) {
 TEST(MessageLoopTest, AnIdleActionThatAnIdleActionAsksForNeedsNoMessage) {
     PumpWaiting();
     MessageLoop loop;
-    // Ends the loop of a broken program: a good one is done long before.
+    // Ends the loop of a broken program: a correct one ends long before.
     UiTimer deadline([&] { loop.Quit(1); });
     deadline.Start(10'000);
     loop.RunWhenIdle([&] { loop.RunWhenIdle([&] { loop.Quit(0); }); });

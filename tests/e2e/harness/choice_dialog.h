@@ -11,9 +11,9 @@ namespace quillo::e2e {
 /// The system's dialog for a file, a font or a folder, owned by a window of the program.
 class ChoiceDialog {
   public:
-    /// The one that has the keyboard now, if any.
+    /// The one that has the focus now, if any.
     [[nodiscard]] static std::optional<ChoiceDialog> Find(HWND owner);
-    /// Waits for that; nothing when none comes.
+    /// Waits for that; nothing if none appears.
     [[nodiscard]] static std::optional<ChoiceDialog> WaitFor(HWND owner);
 
     /// Whether one of its controls has exactly that text.
@@ -23,13 +23,13 @@ class ChoiceDialog {
     [[nodiscard]] HWND Handle() const { return window_; }
     [[nodiscard]] bool HasKeyboard() const { return IsChild(window_, KeyboardWindow()) != 0; }
     [[nodiscard]] std::wstring Title() const;
-    /// Types into the control that has the keyboard.
+    /// Types into the control that has the focus.
     [[nodiscard]] bool Type(const std::wstring& text) const;
-    /// Types into the box of a list with a box, found with the Tab key, in the place of what it holds.
+    /// Types into the box of a combo box, found with the Tab key, and replaces its content.
     [[nodiscard]] bool TypeInto(int list, const std::wstring& text) const;
-    /// Presses OK, and waits until the dialog has gone.
+    /// Presses OK, and waits until the dialog has closed.
     [[nodiscard]] bool Accept() const;
-    /// Presses Esc, and waits until the dialog has gone.
+    /// Presses Esc, and waits until the dialog has closed.
     [[nodiscard]] bool Cancel() const;
 
   private:

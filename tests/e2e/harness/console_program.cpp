@@ -41,7 +41,7 @@ ConsoleRun RunQln(const std::wstring& arguments) {
         how.hStdError = error.Get();
         std::wstring line = L"\"" + program + L"\" " + arguments;
         PROCESS_INFORMATION made{};
-        // Without a console: a window of the system would hold the two files for a moment longer.
+        // Without a console: a window of the system would keep the two files open for a moment longer.
         if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, DETACHED_PROCESS, nullptr, nullptr,
                            &how, &made) == 0) {
             ADD_FAILURE() << "qln.exe cannot be started";

@@ -8,7 +8,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// The faults that no sound program raises.
+/// The faults that no correct program raises.
 bool IsFault(DWORD code) {
     constexpr std::array kFaults{EXCEPTION_ACCESS_VIOLATION,      EXCEPTION_ILLEGAL_INSTRUCTION,
                                  EXCEPTION_STACK_OVERFLOW,        EXCEPTION_INT_DIVIDE_BY_ZERO,
@@ -36,7 +36,7 @@ CrashWatch::~CrashWatch() {
 }
 
 HANDLE CrashWatch::Start(std::wstring commandLine, const std::wstring& folder) {
-    // The thread that starts a process is the one that must watch it.
+    // The thread that starts a process must be the one that debugs it.
     thread_ = std::thread([this, commandLine, folder] { Watch(commandLine, folder); });
     if (!Eventually([this] { return started_.load(); })) return nullptr;
     return process_;
@@ -61,7 +61,7 @@ void CrashWatch::Watch(std::wstring commandLine, std::wstring folder) {
     const BOOL done = CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS,
                                      nullptr, folder.empty() ? nullptr : folder.c_str(), &startup, &started);
     if (done != 0) {
-        // It runs no line of its own before the first event is answered below.
+        // The process executes nothing before the first event is answered below.
         family_ = MakeFamily();
         AssignProcessToJobObject(family_.Get(), started.hProcess);
         CloseHandle(started.hThread);

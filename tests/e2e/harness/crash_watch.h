@@ -10,10 +10,9 @@
 
 namespace quillo::e2e {
 
-/// Starts a process and watches it as a debugger does. A fault inside a window procedure can be swallowed by the system
-/// on its way out, after which the program goes on, silently broken: here it is seen. What the process has started in
-/// its turn (a help window, a program shortcut) ends with this object, so that no test finds the windows of an earlier
-/// one.
+/// Starts a process and watches it as a debugger does. The system can hide a fault inside a window procedure, after
+/// which the program continues in a broken state: this class sees it. The destructor ends everything that the process
+/// has started (a help window, a program shortcut), so that no test finds the windows of an earlier one.
 class CrashWatch {
   public:
     CrashWatch() = default;
@@ -30,7 +29,7 @@ class CrashWatch {
     void Watch(std::wstring commandLine, std::wstring folder);
     void Note(const EXCEPTION_RECORD& fault);
 
-    KernelHandle family_;  ///< a job: the process and all that it starts
+    KernelHandle family_;  ///< a job: the process and its descendants
     std::thread thread_;
     std::atomic<bool> started_{false};
     HANDLE process_ = nullptr;  ///< written before `started_`

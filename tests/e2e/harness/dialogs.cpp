@@ -21,7 +21,7 @@ std::wstring TextOf(HWND window) {
     return text.data();
 }
 
-/// The icon's control has no fixed id on every system: it is the one static control with the icon style.
+/// The icon's control has a fixed id only on some systems: it is the one static control with the icon style.
 BOOL CALLBACK FindIcon(HWND child, LPARAM parameter) {
     const LONG_PTR kind = GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK;
     if (ClassOf(child) != L"Static" || (kind != SS_ICON && GetDlgCtrlID(child) != kIconId)) return TRUE;
@@ -59,7 +59,7 @@ bool MessageBoxWindow::ShowsIcon(std::size_t number) const {
     HWND icon = nullptr;
     EnumChildWindows(window_, &FindIcon, reinterpret_cast<LPARAM>(&icon));
     if (icon == nullptr) return false;
-    // The names of the system's icons are numbers in disguise, narrow or wide.
+    // The names of the system's icons are numbers cast to pointers, narrow or wide.
     std::vector<HICON> icons;
     constexpr WORD kFirst = 32512;
     constexpr WORD kLast = 32516;

@@ -36,7 +36,7 @@ void SetLocalDataFolder(const std::wstring& path) {
               ERROR_SUCCESS);
 }
 
-/// Writes as much of a file as there is room for. False when that is less than all.
+/// Writes as much of a file as fits. False if that is less than all.
 bool WriteAsMuchAsFits(const std::wstring& path, std::size_t size) {
     const FileHandle file(
         CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -70,7 +70,7 @@ void DataOnTestDisk::Fill() const {
     int number = 0;
     for (std::size_t size = 1U << 17; size > 0; size /= 2) {
         while (WriteAsMuchAsFits(path_ + L"\\filler " + std::to_wstring(++number), size)) {
-            if (size == 1) return;  // a file system that keeps small files beside its blocks
+            if (size == 1) return;  // a file system that stores small files outside its blocks
         }
     }
 }

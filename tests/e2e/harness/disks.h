@@ -4,12 +4,12 @@
 
 namespace quillo::e2e {
 
-/// The user's local application data, with the notes in it, on a disk of the tests' own until the object goes.
-/// scripts/lib.sh makes these disks where it may, and names them in the environment.
+/// Moves the user's local application data, with the notes in it, to a test disk for the life of the object.
+/// scripts/lib.sh creates these disks if it has the rights, and names them in the environment.
 class DataOnTestDisk {
   public:
-    /// `variable` is QUILLO_SMALL_DISK, a disk of a megabyte, or QUILLO_PROTECTED_DISK, which nobody can write to and
-    /// which holds one note.
+    /// `variable` is QUILLO_SMALL_DISK, a disk of a megabyte, or QUILLO_PROTECTED_DISK, which is read-only and has one
+    /// note.
     explicit DataOnTestDisk(const wchar_t* variable);
     DataOnTestDisk(const DataOnTestDisk&) = delete;
     DataOnTestDisk& operator=(const DataOnTestDisk&) = delete;
@@ -19,7 +19,7 @@ class DataOnTestDisk {
     [[nodiscard]] static const char* WhyNot() { return "only root can make the disks of the tests"; }
     [[nodiscard]] std::wstring MakersFolder() const { return path_ + L"\\Marrowind"; }
     [[nodiscard]] std::wstring NotesFolder() const { return MakersFolder() + L"\\Notes"; }
-    /// Writes files until there is no room for another byte.
+    /// Writes files until not another byte fits.
     void Fill() const;
     /// Deletes those files.
     void MakeRoom() const;
@@ -29,8 +29,8 @@ class DataOnTestDisk {
     std::wstring before_;
 };
 
-/// Takes the folder away in which Wine keeps its Recycle Bin: what is thrown away is then deleted for good, as Windows
-/// does on a volume that has none.
+/// Removes the folder in which Wine keeps its Recycle Bin: deleted files are then deleted permanently, as Windows does
+/// on a volume without one.
 class WithoutRecycleBin {
   public:
     WithoutRecycleBin();

@@ -13,7 +13,8 @@
 namespace quillo::e2e {
 namespace {
 
-/// OLE asks for objects that count their references; these live on the stack of the one drag, so nobody deletes them.
+/// OLE requires objects that count their references; these are on the stack during the one drag, so nobody deletes
+/// them.
 class OfferedData : public IDataObject {
   public:
     explicit OfferedData(const DragData& data) : data_(data) {}
@@ -64,7 +65,7 @@ class OfferedData : public IDataObject {
     const DragData& data_;
 };
 
-/// Drops when the button is up; gives up when the drag has lasted too long, for the release may have been lost.
+/// Drops when the button is up; gives up after too long a drag, because the release may have been lost.
 class Dragging : public IDropSource {
   public:
     virtual ~Dragging() = default;
@@ -85,7 +86,7 @@ class Dragging : public IDropSource {
         ++answers_;
         return DRAGDROP_S_USEDEFAULTCURSORS;
     }
-    /// How often what the pointer was over has said whether it would take the drop.
+    /// How often the target has said whether it would accept the drop.
     [[nodiscard]] int Answers() const { return answers_; }
 
   private:
@@ -93,7 +94,7 @@ class Dragging : public IDropSource {
     std::atomic<int> answers_{0};
 };
 
-/// A small window above all others, to drag from.
+/// A small window above all others, the source of the drag.
 class SourceWindow {
   public:
     SourceWindow()
@@ -169,16 +170,16 @@ bool DragTo(const DragData& data, POINT to) {
                 constexpr int kSteps = 10;
                 for (int i = 1; i <= kSteps; ++i) {
                     MoveMouse(POINT{20 + (to.x - 20) * i / kSteps, 20 + (to.y - 20) * i / kSteps});
-                    std::this_thread::sleep_for(std::chrono::milliseconds(30));  // the pace of a hand
+                    std::this_thread::sleep_for(std::chrono::milliseconds(30));  // the speed of a hand
                 }
-                // Not before the window there has been asked: a release decides by the last answer. The first one may
-                // still be that of a place on the way.
+                // Only after the target window has been asked: its last answer decides about a release. The first
+                // answer may still come from a window on the way.
                 const int before = dragging.Answers();
                 (void)Eventually([&] {
                     MoveMouse(to);
                     return dragging.Answers() >= before + 2 || over.load();
                 });
-                // The release, again until it has arrived, and not once more: a second one would be the target's own.
+                // Repeats the release until it has arrived, but no longer: the target would receive a second one.
                 (void)Eventually([&over, to] {
                     ReleaseIfDown();
                     MoveMouse(to);

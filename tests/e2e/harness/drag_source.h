@@ -8,7 +8,7 @@
 
 namespace quillo::e2e {
 
-/// What another program offers while it drags: the bytes of each clipboard format.
+/// The data that another program drags: the bytes of each clipboard format.
 using DragData = std::map<UINT, std::string>;
 
 [[nodiscard]] UINT LinkClipboardFormat();
@@ -17,8 +17,8 @@ using DragData = std::map<UINT, std::string>;
 [[nodiscard]] std::string NarrowTextBytes(const std::string& text);
 [[nodiscard]] std::string FileListBytes(const std::vector<std::wstring>& paths);
 
-/// Drags the data from a small window of the tests' own and drops it at `to`, with the real mouse. True when the place
-/// took it as a copy.
+/// Drags the data from a small test window and drops it at `to`, with the real mouse. True if the target accepted it as
+/// a copy.
 [[nodiscard]] bool DragTo(const DragData& data, POINT to);
 
 }  // namespace quillo::e2e

@@ -18,7 +18,7 @@
 
 namespace quillo::e2e {
 
-/// A test of the running program on a profile of its own.
+/// A test of the running program with a profile of its own.
 class E2eTest : public ::testing::Test {
   protected:
     void SetUp() override;
@@ -26,7 +26,7 @@ class E2eTest : public ::testing::Test {
 
     /// Starts the program and waits until it is ready.
     void Start(const std::wstring& arguments = L"", const std::wstring& folder = L"");
-    /// Ends the program as a user does; fails the test when it does not end, or has crashed.
+    /// Ends the program as a user does; fails the test if it does not end, or has crashed.
     void Quit();
     /// The program that was started last.
     [[nodiscard]] QuilloProcess& Quillo() { return *quillo_; }
@@ -45,7 +45,7 @@ class E2eTest : public ::testing::Test {
     std::unique_ptr<QuilloProcess> quillo_;
 };
 
-/// The same on the profile of a user who is past the first run and does not want random colors.
+/// The same with the profile of a user who has finished the first run and does not want random colors.
 class OrdinaryTest : public E2eTest {
   protected:
     void SetUp() override;

@@ -5,10 +5,10 @@
 
 namespace quillo::e2e {
 
-/// How long the tests wait for something that must happen. It happens in milliseconds; the rest is for a busy machine.
+/// How long the tests wait for an event that must occur. It takes milliseconds; the rest is for a busy machine.
 inline constexpr std::chrono::seconds kPatience{20};
 
-/// Looks until the condition holds. False when it still does not after `patience`.
+/// Polls until the condition holds. False if it does not within `patience`.
 template <typename Condition>
 [[nodiscard]] bool Eventually(Condition condition, std::chrono::milliseconds patience = kPatience) {
     constexpr std::chrono::milliseconds kBetweenLooks{10};

@@ -7,26 +7,26 @@
 
 namespace quillo::e2e {
 
-/// All of a file's bytes; fails the test and gives "" when it cannot be read.
+/// All bytes of a file; fails the test and returns "" if it cannot be read.
 [[nodiscard]] std::string ReadBytes(const std::wstring& path);
 void WriteBytes(const std::wstring& path, std::string_view bytes);
 [[nodiscard]] bool FileExists(const std::wstring& path);
 [[nodiscard]] bool FolderExists(const std::wstring& path);
 
-/// What tells whether a file was written anew: its bytes and when it was last written.
+/// Detects whether a file was written again: its bytes and the time of its last write.
 struct FileMark {
     std::string bytes;
     std::uint64_t writeTime = 0;
     friend bool operator==(const FileMark&, const FileMark&) = default;
 };
 [[nodiscard]] FileMark MarkOf(const std::wstring& path);
-/// When the file was last written, without opening it: looking again and again stands in no writer's way.
+/// The time of the file's last write, without opening it: polling does not disturb programs that write it.
 [[nodiscard]] std::uint64_t WriteTimeOf(const std::wstring& path);
 
 /// The names of the files in a folder whose names end in `ending`, sorted.
 [[nodiscard]] std::vector<std::wstring> FilesIn(const std::wstring& folder, std::wstring_view ending = L"");
 
-/// A folder of its own in the system's temporary folder, gone with the object.
+/// A folder of its own in the system's temporary folder, deleted with the object.
 class TemporaryFolder {
   public:
     explicit TemporaryFolder(std::wstring_view name);

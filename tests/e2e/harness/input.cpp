@@ -31,7 +31,7 @@ INPUT KeyInput(WORD key, bool up) {
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = key;
     input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    // The right Alt key is told from the left one by this alone.
+    // Only this flag distinguishes the right Alt key from the left one.
     const DWORD which = key == VK_RMENU ? KEYEVENTF_EXTENDEDKEY : 0;
     input.ki.dwFlags = which | (up ? KEYEVENTF_KEYUP : 0);
     return input;
@@ -45,8 +45,8 @@ INPUT CharacterInput(wchar_t character, bool up) {
     return input;
 }
 
-/// Waits until the program that owns the window at `at` has taken the mouse: what is moved and let go before that goes
-/// to whatever the pointer has reached by then. False when it does not take it, as after a press that drags nothing.
+/// Waits until the program that owns the window at `at` has captured the mouse: earlier moves and releases would reach
+/// the window that is then under the pointer. False if it does not capture it, as after a press that drags nothing.
 bool MouseIsTaken(POINT at) {
     const DWORD thread = GetWindowThreadProcessId(WindowFromPoint(at), nullptr);
     return Eventually(
@@ -83,7 +83,7 @@ void LeaveOtherButtons(POINT at) {
 
 void MoveMouse(POINT to) {
     SetCursorPos(to.x, to.y);
-    // The system moves the pointer without telling the window below it; this tells.
+    // The system moves the pointer without notifying the window below it; this message does.
     Send({MouseInput(MOUSEEVENTF_MOVE)});
     (void)Eventually(
         [to] {

@@ -21,12 +21,12 @@ void RightClickMouse(POINT at);
 /// A click while a key is down.
 void ClickMouseHolding(WORD key, POINT at);
 
-/// The keys go to whatever has the keyboard.
+/// The keys are sent to the window with the focus.
 void PressKey(WORD key, const std::vector<WORD>& held = {});
 /// Types the text by character codes, as an input method does; a line feed is the Enter key.
 void TypeText(std::wstring_view text);
 
-/// Does something with the mouse until it has taken effect: a press can get lost between the desktop and the system.
+/// Repeats a mouse action until it has had its effect: a press can get lost between the desktop and the system.
 template <typename Action, typename Effect>
 [[nodiscard]] bool Until(Effect effect, Action action) {
     constexpr int kAttempts = 8;

@@ -18,22 +18,22 @@ using Moment = std::chrono::steady_clock::time_point;
     return bytes.size() > kEnd.size() && bytes.compare(bytes.size() - kEnd.size(), kEnd.size(), kEnd) == 0;
 }
 
-/// "note 12.3 ...": the number of the note, or nothing for a text that is none of the campaign's.
+/// "note 12.3 ...": the number of the note, or nothing for a text that does not belong to the campaign.
 [[nodiscard]] inline std::optional<int> NumberOf(const std::wstring& text) {
     if (text.rfind(L"note ", 0) != 0) return std::nullopt;
     return static_cast<int>(std::wcstol(text.c_str() + 5, nullptr, 10));
 }
 
-/// What one note may hold after the next start.
+/// The possible content of one note after the next start.
 struct KnownNote {
     struct Version {
         std::wstring text;
         Moment written;
     };
     std::vector<Version> versions;
-    /// From this one on: what is older has been replaced by what is on the disk. Nothing for a note that is on no disk.
+    /// The first version that may be on the disk; older ones have been replaced. Nothing for a note that is on no disk.
     std::optional<std::size_t> stored;
-    bool deleted = false;  ///< thrown away, perhaps
+    bool deleted = false;  ///< possibly deleted
 
     [[nodiscard]] bool MayHold(const std::wstring& text) const {
         for (std::size_t i = stored.value_or(0); i < versions.size(); ++i) {

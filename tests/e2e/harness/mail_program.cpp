@@ -40,7 +40,7 @@ TestMailProgram::TestMailProgram(SignOn answer) {
     const wchar_t* signOn = answer == SignOn::Refuse ? L"refuse" : answer == SignOn::Cancel ? L"cancel" : nullptr;
     SetEnvironmentVariableW(L"QUILLO_MAIL_RECORD", record_.Path().c_str());
     SetEnvironmentVariableW(L"QUILLO_MAIL_SIGN_ON", signOn);
-    // The user's choice wins where the system looks at it; the machine's can only be changed by an administrator.
+    // The user's choice has priority if the system checks it; only an administrator can change the machine's.
     for (HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
         const std::wstring before = DefaultText(root);
         if (SetText(root, kProgramKey, L"DLLPath", ProviderPath()) && SetText(root, kMailClients, nullptr, kProgram)) {

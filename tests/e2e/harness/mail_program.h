@@ -9,8 +9,8 @@
 
 namespace quillo::e2e {
 
-/// The tests' own mail program as the system's default one, as long as the object lives. A program started meanwhile
-/// finds it; what it is given is to be read here.
+/// Makes the tests' own mail program the system's default for the life of the object. A program started meanwhile uses
+/// it; its input can be read here.
 class TestMailProgram {
   public:
     enum class SignOn { Accept, Refuse, Cancel };
@@ -34,7 +34,7 @@ class TestMailProgram {
     [[nodiscard]] std::string Recorded(const wchar_t* name) const;
 
     TemporaryFolder record_{L"mail record"};
-    std::vector<std::pair<HKEY, std::wstring>> defaults_;  ///< what was the default program before, by its root key
+    std::vector<std::pair<HKEY, std::wstring>> defaults_;  ///< the previous default program, by root key
 };
 
 }  // namespace quillo::e2e

@@ -57,7 +57,7 @@ bool MainMenu::Open() const {
     if (!icon) return false;
     const bool open = Until([this] { return IsShowing(); }, [icon] { ClickMouse(*icon); });
     MoveMouse(POINT{0, 0});
-    // The icon's tool tip would hide a part of the menu.
+    // The icon's tool tip would cover a part of the menu.
     return open && Eventually([this] { return HasKeyboard() && IsOpaque(Handle()) && !IsToolTipStanding(kToolTip); });
 }
 

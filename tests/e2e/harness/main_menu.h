@@ -16,22 +16,22 @@ class MainMenu {
     /// The main window, which becomes the menu; null while there is none.
     [[nodiscard]] HWND Handle() const;
     [[nodiscard]] bool IsShowing() const;
-    /// Clicks the program's icon beside the clock until the menu stands; the pointer is not over it then.
+    /// Clicks the program's icon beside the clock until the menu is open; the pointer is then not over it.
     [[nodiscard]] bool Open() const;
     [[nodiscard]] bool WaitUntilGone() const;
-    /// One message of the shell about the icon, without the mouse: an open menu may cover the icon. Not while a note
-    /// has, or had, an icon of its own.
+    /// Sends one message of the shell about the icon, without the mouse: an open menu may cover the icon. Not allowed
+    /// while a note has, or had, an icon of its own.
     void SendToIcon(UINT message) const;
 
     /// A point of the menu, given at 96 dpi, on the screen.
     [[nodiscard]] POINT OnScreen(int x, int y) const;
     [[nodiscard]] POINT MiddleOf(MenuItem item) const;
-    /// Clicks an item until the menu has gone: every choice ends with that.
+    /// Clicks an item until the menu has closed, which every choice does.
     [[nodiscard]] bool Choose(MenuItem item) const;
-    /// What the screen shows of an area given at 96 dpi.
+    /// The pixels on the screen of an area given at 96 dpi.
     [[nodiscard]] std::vector<COLORREF> Look(const Rect& area) const;
     [[nodiscard]] std::vector<COLORREF> Look(MenuItem item) const;
-    /// Whether the keys go to the menu.
+    /// Whether the menu has the keyboard focus.
     [[nodiscard]] bool HasKeyboard() const;
 
   private:

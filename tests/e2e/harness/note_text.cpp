@@ -14,7 +14,7 @@ int Dpi() {
     return static_cast<int>(GetDpiForSystem());
 }
 
-/// Whole twips, the way a note keeps them.
+/// Whole twips, as a note stores them.
 std::string TwipsText(int pixels) {
     return std::to_string(std::lround(static_cast<double>(pixels) * kTwipsPerInch / Dpi()));
 }

@@ -17,7 +17,7 @@ struct NoteFile {
     [[nodiscard]] std::string Bytes() const;
 };
 
-/// The text of a note file, whole also where the code page has no such characters.
+/// The complete text of a note file, even if the code page lacks its characters.
 [[nodiscard]] std::wstring TextOfFile(const std::string& bytes);
 
 /// The position element of a rectangle given in pixels at the system's dpi.
@@ -27,7 +27,7 @@ struct NoteFile {
 /// A length given at 96 dpi, in pixels at the system's dpi.
 [[nodiscard]] int Px(int at96);
 
-/// Code page text made wide, as the system does it.
+/// Converts text from the code page as the system does.
 [[nodiscard]] std::wstring Widen(std::string_view narrow);
 [[nodiscard]] std::string Narrow(std::wstring_view wide);
 

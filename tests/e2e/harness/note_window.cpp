@@ -32,7 +32,7 @@ RECT WindowRect(HWND window) {
     return area;
 }
 
-/// The window that gets the keys of the program whose window that is.
+/// The window with the focus in the program that owns `window`.
 HWND FocusOf(HWND window) {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
@@ -54,7 +54,7 @@ HWND NoteWindow::TextBox() const {
 }
 
 HWND NoteWindow::Button(NoteButtonId id) const {
-    // The buttons become windows a moment after the note's first painting.
+    // The buttons become windows shortly after the note's first painting.
     HWND button = nullptr;
     const bool stands = Eventually([&] {
         button = GetDlgItem(window_, static_cast<int>(id));

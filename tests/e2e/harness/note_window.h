@@ -22,7 +22,7 @@ class NoteWindow {
     [[nodiscard]] bool Exists() const { return IsWindow(window_) != 0; }
     [[nodiscard]] bool IsVisible() const { return IsWindowVisible(window_) != 0; }
     [[nodiscard]] bool IsTopmost() const;
-    /// The constant alpha of a layered window; nothing when the window is opaque.
+    /// The constant alpha of a layered window; nothing if the window is opaque.
     [[nodiscard]] std::optional<int> Alpha() const;
     [[nodiscard]] bool HasScrollBar() const;
 
@@ -33,22 +33,22 @@ class NoteWindow {
     [[nodiscard]] POINT OnScreen(int x, int y) const;
 
     [[nodiscard]] std::wstring Text() const;
-    /// Puts the text in the place of a part of the note's, as typing does; setting it would not count as an edit.
+    /// Replaces a part of the note's text as typing does; setting the whole text would not count as an edit.
     void Edit(WPARAM from, LPARAM to, const std::wstring& text) const;
     [[nodiscard]] int LineCount() const;
     /// From one line of the text to the next, in pixels; the text must have two lines.
     [[nodiscard]] int LineHeight() const;
 
-    /// What the screen shows of the note: its outline, the free face below the text, and the background of the text.
+    /// The colors on the screen: the note's outline, the free face below the text, and the background of the text.
     [[nodiscard]] COLORREF OutlineColor() const;
     [[nodiscard]] COLORREF FaceColor() const;
     [[nodiscard]] COLORREF TextBackground() const;
     /// How many pixels of the text box have exactly that color.
     [[nodiscard]] int TextPixels(COLORREF color) const;
 
-    /// Whether what is typed now goes into the note's text.
+    /// Whether typed text arrives in the note.
     [[nodiscard]] bool HasKeyboard() const;
-    /// Clicks into the text box until the note has the keyboard, the caret at the end of the text.
+    /// Clicks into the text box until the note has the focus, with the caret at the end of the text.
     [[nodiscard]] bool TakeKeyboard() const;
     void ClickButton(NoteButtonId id) const;
     [[nodiscard]] POINT MiddleOfButton(NoteButtonId id) const;
@@ -64,9 +64,9 @@ class NoteWindow {
 /// All notes of the program, shown or not.
 [[nodiscard]] std::vector<NoteWindow> NotesOf(const QuilloProcess& quillo);
 [[nodiscard]] std::size_t VisibleNotes(const QuilloProcess& quillo);
-/// The note with exactly that text; fails the test when there is none.
+/// The note with exactly that text; fails the test if there is none.
 [[nodiscard]] NoteWindow FindNote(const QuilloProcess& quillo, const std::wstring& text);
-/// As FindNote, but waits for it.
+/// Like FindNote, but waits for it.
 [[nodiscard]] NoteWindow WaitForNote(const QuilloProcess& quillo, const std::wstring& text);
 
 }  // namespace quillo::e2e

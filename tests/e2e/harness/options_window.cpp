@@ -11,7 +11,7 @@ namespace quillo::e2e {
 namespace {
 
 constexpr UINT kAnswerMilliseconds = 20'000;
-constexpr int kMostTabs = 40;  // more than any page has controls
+constexpr int kMostTabs = 40;  // more controls than any page has
 
 DWORD_PTR Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     DWORD_PTR answer = 0;
@@ -75,7 +75,7 @@ bool OptionsWindow::ClickTab(OptionsPage page) const {
     for (LONG x = strip.left + kStep; x < strip.right; x += kStep) {
         if (Shows(page)) return true;
         ClickMouse(POINT{x, (strip.top + strip.bottom) / 2});
-        (void)Ask(window_, WM_NULL, 0, 0);  // the click is done with
+        (void)Ask(window_, WM_NULL, 0, 0);  // returns once the click has been handled
         if (Eventually([&] { return Shows(page); }, std::chrono::milliseconds(100))) return true;
     }
     return false;

@@ -13,7 +13,7 @@ class OptionsWindow {
   public:
     /// The dialog that the process shows now, if any.
     [[nodiscard]] static std::optional<OptionsWindow> Find(DWORD process);
-    /// Waits for the dialog to be there and to have the keyboard.
+    /// Waits until the dialog exists and has the focus.
     [[nodiscard]] static std::optional<OptionsWindow> WaitFor(DWORD process);
 
     explicit OptionsWindow(HWND window) : window_(window) {}
@@ -32,16 +32,16 @@ class OptionsWindow {
 
     /// Clicks tabs from left to right until that page shows.
     [[nodiscard]] bool ClickTab(OptionsPage page) const;
-    /// Goes to that page with the Tab key and the arrows.
+    /// Moves to that page with the Tab key and the arrow keys.
     [[nodiscard]] bool KeyToTab(OptionsPage page) const;
-    /// Presses a check box or a button with the mouse, where its caption or picture stands.
+    /// Presses a check box or a button with the mouse, on its caption or picture.
     void Click(OptionControl control) const;
-    /// Presses the Tab key until the control has the keyboard.
+    /// Presses the Tab key until the control has the focus.
     [[nodiscard]] bool TabTo(HWND control) const;
     [[nodiscard]] bool TabTo(OptionControl control) const { return TabTo(Control(control)); }
-    /// Puts a text into a text box behind the user's back.
+    /// Sets the text of a text box without user input.
     [[nodiscard]] bool SetText(OptionControl box, const std::wstring& text) const;
-    /// Types in the place of what a text box holds.
+    /// Types and replaces the content of a text box.
     [[nodiscard]] bool Type(OptionControl box, const std::wstring& text) const;
 
   private:

@@ -75,9 +75,9 @@ bool PopupMenu::Click(int line, int lines) const {
 }
 
 bool PopupMenu::ChooseByKeys(int line, int lines) const {
-    // A pointer that comes to rest over the menu marks a line, too: Enter waits until the right one is.
+    // A pointer over the menu also marks a line: Enter waits until the right one is marked.
     constexpr std::chrono::milliseconds kForOneStep{100};
-    constexpr int kFewestToCompare = 3;  // of two lines none stands out from the others
+    constexpr int kFewestToCompare = 3;  // with two lines, neither differs from the others
     if (lines < kFewestToCompare) {
         for (int i = 0; i <= line; ++i) PressKey(VK_DOWN);
     } else {

@@ -25,22 +25,22 @@ inline constexpr int kNoteMenuLines = 10;
 enum class IconMenuLine : int { Show, Delete };
 inline constexpr int kIconMenuLines = 2;
 
-/// A menu that stands open, seen from outside. Its lines are of one height.
+/// An open menu, seen from outside. Its lines have one height.
 class PopupMenu {
   public:
     /// The menu that the process shows now, if any.
     [[nodiscard]] static std::optional<PopupMenu> Find(DWORD process);
-    /// The same once the menu takes input. A press that comes between its first picture and that moment is not the
-    /// menu's.
+    /// The same once the menu accepts input. A press between its first painting and that moment does not reach the
+    /// menu.
     [[nodiscard]] static std::optional<PopupMenu> FindReady(DWORD process);
-    /// Waits for a ready one; nothing when none comes.
+    /// Waits for a ready one; nothing if none appears.
     [[nodiscard]] static std::optional<PopupMenu> WaitFor(DWORD process);
 
     [[nodiscard]] bool IsOpen() const { return IsWindowVisible(window_) != 0; }
     [[nodiscard]] RECT Rectangle() const;
-    /// Clicks a line, counted from 0, until the menu closes. False when it stays.
+    /// Clicks a line, counted from 0, until the menu closes. False if it stays open.
     [[nodiscard]] bool Click(int line, int lines) const;
-    /// Goes down to a line, counted from 0, with the arrow key and presses Enter. False when the menu stays.
+    /// Moves down to a line, counted from 0, with the arrow key and presses Enter. False if the menu stays open.
     [[nodiscard]] bool ChooseByKeys(int line, int lines) const;
 
   private:

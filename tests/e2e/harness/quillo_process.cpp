@@ -39,7 +39,7 @@ BOOL CALLBACK Collect(HWND window, LPARAM parameter) {
     return TRUE;
 }
 
-/// Posts a message to the channel's box and waits until it has come out of the queue: the message loop runs.
+/// Posts a message to the channel's box and waits until it has left the queue: the message loop runs.
 bool QueueRuns(HWND box) {
     DWORD_PTR marked = 0;
     SendMessageTimeoutW(box, EM_SETMODIFY, FALSE, 0, SMTO_ABORTIFHUNG, kAnswerMilliseconds, &marked);

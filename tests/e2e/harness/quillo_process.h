@@ -17,14 +17,14 @@ namespace quillo::e2e {
 [[nodiscard]] std::vector<HWND> WindowsOf(DWORD process);
 [[nodiscard]] std::wstring ClassOf(HWND window);
 
-/// The text box of the channel that a running program listens to; null when none does.
+/// The text box of the channel of a running program; null if none is running.
 [[nodiscard]] HWND FindChannel();
 
-/// One start of quillo.exe. What still runs when the object goes is ended by force.
+/// One start of quillo.exe. The destructor kills a process that is still running.
 class QuilloProcess {
   public:
-    /// `arguments` is what stands after the program's name, as typed. `folder` is the process's current folder; "" is
-    /// that of the tests.
+    /// `arguments` is the rest of the command line after the program's name. `folder` is the process's current folder;
+    /// "" is that of the tests.
     explicit QuilloProcess(const std::wstring& arguments = L"", const std::wstring& folder = L"");
     QuilloProcess(const QuilloProcess&) = delete;
     QuilloProcess& operator=(const QuilloProcess&) = delete;
@@ -32,22 +32,22 @@ class QuilloProcess {
 
     [[nodiscard]] DWORD Pid() const { return pid_; }
     [[nodiscard]] bool IsRunning() const;
-    /// Waits until the program has done its start-up and answers to what it is sent. False when it ended instead.
+    /// Waits until the program has finished its start-up and answers messages. False if it has ended instead.
     [[nodiscard]] bool WaitUntilReady() const;
-    /// True when the window procedures answer.
+    /// True if the window procedures respond.
     [[nodiscard]] bool Answers() const;
-    /// The exit code; nothing when the process still runs after `patience`.
+    /// The exit code; nothing if the process is still running after `patience`.
     [[nodiscard]] std::optional<DWORD> WaitForExit(std::chrono::milliseconds patience = kPatience) const;
     /// Ends the process at once, as a power failure would.
     void Kill();
 
-    /// The box into which a second start would write; null when this process has none.
+    /// The box into which a second start would write; null if this process has none.
     [[nodiscard]] HWND Channel() const;
     /// The windows of all its notes, shown or not.
     [[nodiscard]] std::vector<HWND> Notes() const;
-    /// Whether it has asked for a balloon beside the clock since it was started.
+    /// Whether it has requested a balloon beside the clock since its start.
     [[nodiscard]] bool HasShownBalloon() const;
-    /// The first fault, even one that was swallowed on its way out of a window procedure; "" when there was none.
+    /// The first fault, even one that the system hid inside a window procedure; "" if there was none.
     [[nodiscard]] std::string Crash() const { return watch_.Crash(); }
 
   private:
@@ -56,7 +56,7 @@ class QuilloProcess {
     DWORD pid_ = 0;
 };
 
-/// Starts the program and waits until it has ended. The exit code; nothing when it stayed.
+/// Starts the program and waits until it has ended. Returns the exit code; nothing if it is still running.
 [[nodiscard]] std::optional<DWORD> RunToEnd(const std::wstring& arguments, const std::wstring& folder = L"");
 
 }  // namespace quillo::e2e

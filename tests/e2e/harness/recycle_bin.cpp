@@ -53,7 +53,7 @@ class Bin {
         desktop->BindToObject(place, nullptr, IID_IShellFolder2, folder_.PutVoid());
     }
 
-    /// What was thrown away from that path.
+    /// The items deleted from that path.
     [[nodiscard]] std::vector<Item> From(const std::wstring& path) const {
         std::vector<Item> found;
         ComPtr<IEnumIDList> items;
@@ -67,7 +67,7 @@ class Bin {
         return found;
     }
 
-    /// Chooses "Restore" in the thing's own menu.
+    /// Chooses "Restore" in the item's own menu.
     [[nodiscard]] bool Restore(const Item& item) const {
         ComPtr<IContextMenu> menu;
         LPCITEMIDLIST list = item.get();
@@ -92,7 +92,7 @@ class Bin {
     }
 
   private:
-    /// The name may come without its extension, as the user has the shell set.
+    /// The name may lack its extension, depending on the user's shell settings.
     [[nodiscard]] bool CameFrom(LPCITEMIDLIST item, const std::wstring& path) const {
         const std::wstring folder = Detail(item, kOriginalLocation);
         const std::wstring name = Detail(item, kName);
@@ -127,7 +127,7 @@ class Bin {
 long long RecycledItems() {
     SHQUERYRBINFO info{};
     info.cbSize = sizeof info;
-    // An error is the answer as long as nothing was ever thrown away.
+    // The call fails as long as nothing has ever been deleted.
     return SHQueryRecycleBinW(nullptr, &info) == S_OK ? info.i64NumItems : 0;
 }
 

@@ -14,7 +14,7 @@ class ReminderDialogWindow {
   public:
     /// The dialogs that the process shows now.
     [[nodiscard]] static std::vector<ReminderDialogWindow> All(DWORD process);
-    /// Waits for a dialog that has the keyboard in its box; nothing when none comes.
+    /// Waits for a dialog with the focus in its box; nothing if none appears.
     [[nodiscard]] static std::optional<ReminderDialogWindow> WaitFor(DWORD process);
 
     explicit ReminderDialogWindow(HWND window) : window_(window) {}
@@ -26,9 +26,9 @@ class ReminderDialogWindow {
     [[nodiscard]] std::wstring Text(ReminderControl control) const;
     /// Whether the whole phrase is selected.
     [[nodiscard]] bool AllIsSelected() const;
-    /// Types the phrase in the place of what the box holds, and waits until it stands there.
+    /// Types the phrase to replace the content of the box, and waits until it appears there.
     [[nodiscard]] bool Type(const std::wstring& phrase) const;
-    /// Where a control is to be clicked.
+    /// The point at which to click a control.
     [[nodiscard]] POINT MiddleOf(ReminderControl control) const;
 
   private:
@@ -37,7 +37,7 @@ class ReminderDialogWindow {
 
 /// The alerts that the process shows now, the topmost first.
 [[nodiscard]] std::vector<HWND> Alerts(DWORD process);
-/// Waits until so many alerts stand: a reminder that is due is noticed within about ten seconds.
+/// Waits until that many alerts are shown: a due reminder is noticed within about ten seconds.
 [[nodiscard]] bool WaitForAlerts(DWORD process, std::size_t count);
 
 }  // namespace quillo::e2e

@@ -6,7 +6,7 @@
 
 namespace quillo::e2e {
 
-/// What the screen shows at that point, as 0x00BBGGRR.
+/// The pixel of the screen at that point, as 0x00BBGGRR.
 [[nodiscard]] COLORREF ScreenPixel(POINT at);
 
 /// A copy of a part of the screen.
@@ -15,7 +15,7 @@ class ScreenCopy {
     explicit ScreenCopy(const RECT& area);
     [[nodiscard]] int Width() const { return width_; }
     [[nodiscard]] int Height() const { return height_; }
-    /// `x` and `y` count from the area's top left corner.
+    /// `x` and `y` are relative to the area's top left corner.
     [[nodiscard]] COLORREF At(int x, int y) const;
     [[nodiscard]] int Count(COLORREF color) const;
 

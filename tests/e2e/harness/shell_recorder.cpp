@@ -49,12 +49,12 @@ ShellRecorder::ShellRecorder(std::wstring kind, const std::wstring& folder)
     command_ = L"cmd.exe /c echo %1>\"" + file_ + L"\"";
     Register(HKEY_CURRENT_USER);
     if (IsInCharge()) return;
-    // Not every system looks at the user's own classes.
+    // Some systems do not use the user's own classes.
     PutBack();
     Register(HKEY_LOCAL_MACHINE);
 }
 
-/// The class that the user has chosen for the kind; "" when they have not.
+/// The class that the user has chosen for the kind; "" if there is none.
 std::wstring ShellRecorder::ChosenClass() const {
     const std::wstring shell = L"Software\\Microsoft\\Windows\\";
     std::array<wchar_t, 256> name{};
@@ -71,7 +71,7 @@ std::wstring ShellRecorder::ChosenClass() const {
 
 void ShellRecorder::Register(HKEY root) {
     root_ = root;
-    // A choice cannot be changed, but what the chosen class does can.
+    // A choice cannot be changed, but the action of the chosen class can.
     std::wstring openedBy = ChosenClass();
     if (openedBy.empty()) {
         const bool isScheme = kind_.front() != L'.';
@@ -88,7 +88,7 @@ void ShellRecorder::Register(HKEY root) {
 }
 
 void ShellRecorder::Replace(const std::wstring& key, const std::wstring& text) {
-    // The first of its parents that is not there yet goes again as a whole.
+    // The first parent key that does not exist yet is later deleted as a whole.
     for (std::size_t end = std::wstring(kClasses).size();;) {
         end = key.find(L'\\', end + 1);
         const std::wstring part = key.substr(0, end);
@@ -122,7 +122,7 @@ bool ShellRecorder::IsInCharge() const {
 std::string ShellRecorder::Opened() const {
     if (!FileExists(file_)) return {};
     const std::string text = ReadBytes(file_);
-    // A line, perhaps in quotation marks.
+    // A command line, possibly in quotation marks.
     const std::size_t first = text.find_first_not_of('"');
     const std::size_t last = text.find_last_not_of("\r\n \"");
     if (first == std::string::npos || last == std::string::npos) return {};

@@ -8,26 +8,26 @@
 
 namespace quillo::e2e {
 
-/// Takes the place of the program that the shell opens a kind of thing with, and remembers what it was given. What was
-/// there before comes back with the end of the object.
+/// Replaces the program with which the shell opens a kind of item, and records what it was given. The destructor
+/// restores the previous program.
 class ShellRecorder {
   public:
-    /// `kind` is a scheme ("http") or a file name's ending (".chm"), and `folder` gets the file of what was opened.
+    /// `kind` is a scheme ("http") or a file name's ending (".chm"); `folder` receives the record.
     ShellRecorder(std::wstring kind, const std::wstring& folder);
     ShellRecorder(const ShellRecorder&) = delete;
     ShellRecorder& operator=(const ShellRecorder&) = delete;
     ~ShellRecorder() { PutBack(); }
 
-    /// False where the user has chosen a program that no other can replace.
+    /// False if the user has chosen a program that cannot be replaced.
     [[nodiscard]] bool IsInCharge() const;
-    /// What was opened last; "" when nothing was.
+    /// The item that was opened last; "" if there is none.
     [[nodiscard]] std::string Opened() const;
     void DropRecord() const;
 
   private:
     struct Replaced {
         std::wstring key;
-        std::optional<std::wstring> text;  ///< the key's default value; nothing when there was no such key
+        std::optional<std::wstring> text;  ///< the key's default value; nothing if the key did not exist
     };
 
     void Register(HKEY root);

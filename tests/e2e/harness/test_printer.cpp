@@ -24,7 +24,7 @@ std::wstring Environment(const wchar_t* name) {
     return std::wstring(value.data(), length);
 }
 
-/// The system's records take pointers to writable text.
+/// The system's records need pointers to writable text.
 wchar_t* Writable(const std::wstring& text) {
     return const_cast<wchar_t*>(text.c_str());
 }

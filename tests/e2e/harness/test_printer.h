@@ -8,7 +8,7 @@
 
 namespace quillo::e2e {
 
-/// The name of the system's default printer; "" when there is none.
+/// The name of the system's default printer; "" if there is none.
 [[nodiscard]] std::wstring DefaultPrinter();
 
 /// A PostScript printer as the system's default one, as long as the object lives. scripts/check_printing.sh names in
@@ -19,20 +19,19 @@ namespace quillo::e2e {
 ///                     under the ending ".ps", and a line for each document under the ending ".count"
 class TestPrinter {
   public:
-    /// `port` is another one than that of the environment.
+    /// `port` replaces the one in the environment.
     explicit TestPrinter(std::wstring port = L"");
     TestPrinter(const TestPrinter&) = delete;
     TestPrinter& operator=(const TestPrinter&) = delete;
     ~TestPrinter();
 
-    /// Waits for the next document; its pages, each a list of lines without the blanks around them, empty ones left
-    /// out.
+    /// Waits for the next document; returns its pages, each a list of lines that are trimmed and not empty.
     [[nodiscard]] std::vector<std::vector<std::string>> TakePages() const;
-    /// Whether a document has come out that was not taken.
+    /// Whether a document has been printed that was not taken.
     [[nodiscard]] bool HasPrinted() const;
-    /// How many documents have come out since the object was made.
+    /// How many documents have been printed since the object was created.
     [[nodiscard]] std::size_t Documents() const;
-    /// What the printer was told of the last document.
+    /// The title that the printer received for the last document.
     [[nodiscard]] std::string DocumentTitle() const;
 
   private:

@@ -19,8 +19,7 @@ namespace {
 constexpr wchar_t kSettingsKey[] = L"Software\\Marrowind\\Quillo";
 constexpr wchar_t kRunKey[] = L"Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 constexpr wchar_t kRunValue[] = L"Quillo";
-/// Where the tests keep what belongs to the real user. The value "Complete" stands exactly while something is set
-/// aside.
+/// Where the tests keep the real user's data. The value "Complete" exists exactly while something is set aside.
 constexpr wchar_t kAsideKey[] = L"Software\\Quillo tests set aside";
 constexpr wchar_t kAsideSettings[] = L"Software\\Quillo tests set aside\\Settings";
 constexpr wchar_t kComplete[] = L"Complete";
@@ -76,7 +75,7 @@ std::wstring LocalApplicationData() {
 }
 
 void MoveFolder(const std::wstring& from, const std::wstring& to) {
-    // Right after the program has ended its last file may still be closing.
+    // Right after the program has ended, its last file may still be closing.
     EXPECT_TRUE(Eventually([&] { return MoveFileExW(from.c_str(), to.c_str(), 0) != 0; }));
 }
 
@@ -99,7 +98,8 @@ TestProfile::~TestProfile() {
 }
 
 void TestProfile::SetAside() const {
-    // Whenever this is interrupted, PutBack finds the way back: nothing is deleted before its copy is marked complete.
+    // An interruption at any point is safe: nothing is deleted before its copy is marked complete, and PutBack restores
+    // it.
     DeleteKey(kAsideKey);
     if (KeyExists(kSettingsKey)) CopyKey(kSettingsKey, kAsideSettings);
     if (const auto run = RunValue()) WriteText(kAsideKey, kRunValue, *run);

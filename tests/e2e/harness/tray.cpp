@@ -29,7 +29,7 @@ POINT MiddleOf(const RECT& area) {
     return POINT{(area.left + area.right) / 2, (area.top + area.bottom) / 2};
 }
 
-/// Where the shell says that the icon is; not every shell answers.
+/// The place of the icon according to the shell; some shells do not answer.
 std::optional<POINT> AskShell(HWND iconWindow) {
     using GetRect = HRESULT(WINAPI*)(const NOTIFYICONIDENTIFIER*, RECT*);
     const auto proc = GetProcAddress(GetModuleHandleW(L"shell32.dll"), "Shell_NotifyIconGetRect");
@@ -67,8 +67,8 @@ BOOL CALLBACK FindToolTip(HWND window, LPARAM parameter) {
     return FALSE;
 }
 
-/// What the program has told the shell of an icon, out of the program's own memory: what the shell has made of it
-/// cannot be seen from outside. The record lies in the control, to which its window points.
+/// The record that the program has sent to the shell for an icon, read from the program's own memory: the shell's state
+/// cannot be seen from outside. The record is in the control, to which its window points.
 std::optional<TrayRecord> RecordOf(HWND window, DWORD process) {
     const KernelHandle program(OpenProcess(PROCESS_VM_READ, FALSE, process));
     const auto control = GetWindowLongPtrW(window, GWLP_USERDATA);
@@ -108,7 +108,7 @@ std::wstring LastBalloon(DWORD process) {
 }
 
 bool HasAskedForBalloon(DWORD process) {
-    constexpr std::uint32_t kHidden = 10;  // the time-out with which a balloon is taken away
+    constexpr std::uint32_t kHidden = 10;  // the time-out with which a balloon is hidden
     const std::vector<HWND> windows = TrayIconWindows(process);
     return std::any_of(windows.begin(), windows.end(), [process](HWND window) {
         const auto record = RecordOf(window, process);
@@ -136,7 +136,7 @@ bool IsTrayIconShowing(HWND iconWindow) {
 }
 
 std::optional<POINT> FindTrayIcon(DWORD process, const std::wstring& toolTip) {
-    constexpr std::chrono::milliseconds kForOneIcon{1000};  // a tool tip comes after half a second
+    constexpr std::chrono::milliseconds kForOneIcon{1000};  // a tool tip appears after half a second
     constexpr int kRounds = 5;
     for (int round = 0; round < kRounds; ++round) {
         for (const POINT place : PossiblePlaces(process)) {

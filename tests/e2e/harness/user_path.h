@@ -6,7 +6,7 @@
 
 namespace quillo::e2e {
 
-/// The user's PATH as the registry holds it, with its type; put back when the object goes.
+/// The user's PATH in the registry, with its type; restored when the object ends.
 class UserPath {
   public:
     struct Value {

@@ -6,10 +6,10 @@
 
 namespace quillo::e2e {
 
-/// The text of a window of any process, whole; "" when it does not answer.
+/// The complete text of a window of any process; "" if it does not respond.
 [[nodiscard]] std::wstring WindowText(HWND window);
 
-/// The window that gets what is typed now; null when none does.
+/// The window that receives typed text; null if none does.
 [[nodiscard]] HWND KeyboardWindow();
 
 }  // namespace quillo::e2e

@@ -1,5 +1,5 @@
-// A mail program for the tests: a provider of Simple MAPI that writes down what it is given. Its message window is a
-// message box: OK sends, Cancel discards.
+// A mail program for the tests: a provider of Simple MAPI that records its input. Its message window is a message box:
+// OK sends, Cancel discards.
 //   QUILLO_MAIL_RECORD   the folder to write to: "calls" (one a line), "subject", "body", "attachment" (the file's
 //   bytes
 //                        at that moment) and "details" (lines of "name=value")
@@ -26,7 +26,7 @@ std::wstring Environment(const wchar_t* name) {
 
 void Append(const wchar_t* name, std::string_view bytes) {
     const std::wstring path = Environment(L"QUILLO_MAIL_RECORD") + L"\\" + name;
-    // The test may be reading it this very moment.
+    // The test may be reading it at this moment.
     HANDLE file = CreateFileW(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
                               0, nullptr);
     if (file == INVALID_HANDLE_VALUE) return;

@@ -52,9 +52,9 @@ TEST_F(NoteNamesTest, MadeFromTheText) {
         {u"a/b\\c\"d<e>f|g*h?i:j", u"D:\\Closed\\a-b-c'd(e)f-g-hi.j.qln"},
         {u"\r\nfirst\r\n", u"D:\\Closed\\first.qln"},
         {u"a  b", u"D:\\Closed\\a .qln"},
-        // Half of a character is no part of a name.
+        // Half of a character is not part of a name.
         {u"abcdefghijklmnopqrs\U0001F600x", u"D:\\Closed\\abcdefghijklmnopqrs.qln"},
-        // The names of devices make no files.
+        // The names of devices cannot be file names.
         {u"Con: too expensive", u"D:\\Closed\\_Con. too.qln"},
         {u"aux: buy a cable", u"D:\\Closed\\_aux. buy a.qln"},
         {u"NUL", u"D:\\Closed\\_NUL.qln"},

@@ -200,7 +200,7 @@ TEST_F(NoteOpeningTest, AFileNamedForItsNoteLeavesNoFileName) {
     }
 }
 
-// Files that stay where they are.
+// Files that are not moved.
 
 TEST_F(NoteOpeningTest, AFileOfTheNotesFolderIsItsNotesStorageCopy) {
     const std::u16string path = TestProgram::Stored(u"a.qln");

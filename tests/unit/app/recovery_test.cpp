@@ -16,7 +16,7 @@ namespace {
 
 const std::u16string kText = u"Buy milk \u65E5\u672C \U0001F600";
 
-/// What of the note is on the disk and would be open after the next start.
+/// The note's state on the disk and after the next start.
 struct Outcome {
     std::size_t open = 0;      ///< notes with the text that the next start opens
     std::size_t outside = 0;   ///< files with the text outside the notes folder
@@ -39,7 +39,7 @@ class FaultTest : public testing::Test {
     }
     [[nodiscard]] OpenNote& Note() { return test_->views.Note(0); }
 
-    /// The machine dies with the program and starts again: the disk is all that is left.
+    /// The machine fails with the program and starts again: only the disk is left.
     Outcome Restart() {
         test_->files.Revive();
         FakeFileStore& disk = test_->files;
@@ -62,7 +62,7 @@ class FaultTest : public testing::Test {
         return outcome;
     }
 
-    /// Cuts the power after every single call that `act` makes, and looks at the next start.
+    /// Cuts the power after each single call that `act` makes, and examines the next start.
     void CutPowerEverywhere(const std::function<void()>& prepare, const std::function<void()>& act,
                             const std::function<bool(const Outcome&)>& isRight) {
         for (int calls = 0;; ++calls) {
@@ -90,8 +90,8 @@ TEST_F(FaultTest, ClosingNeitherLosesNorDoublesANote) {
 }
 
 TEST_F(FaultTest, DeletingNeitherLosesNorDoublesANote) {
-    // Between the shell's move and the deletion of the storage copy nothing tells where the file is: the note is open
-    // then, and in the bin.
+    // Between the shell's move and the deletion of the storage copy, nothing records where the file is: the note is
+    // then open, and in the bin.
     CutPowerEverywhere([] {}, [this] { Note().DeleteNote(); },
                        [](const Outcome& o) { return o.open + o.recycled >= 1 && o.open <= 1 && o.outside == 0; });
 }
@@ -218,7 +218,7 @@ TEST_F(RescueTest, AUserWhoKeepsTheProgramRunningFindsNoCopies) {
     other->Saver().ChooseStoragePath();
     test_->files.FailPath(other->Data().StoragePath);
     other->MarkChanged();
-    // The first rescue takes the whole room.
+    // The first rescue needs all the free space.
     test_->files.SetCapacity(0);
     test_->notice.answer = false;
     EXPECT_FALSE(test_->quit.Run(QuitReason::User));
@@ -359,7 +359,7 @@ TEST_F(LateNotesTest, AnErrorCostsOneFile) {
     EXPECT_EQ(test_.files.Read(TestProgram::Stored(u"a.qln")), "a");
 }
 
-// Telling.
+// Messages.
 
 TEST(SaveFailures, TellOnceForAllNotes) {
     TestProgram test;

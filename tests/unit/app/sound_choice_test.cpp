@@ -10,7 +10,7 @@
 namespace quillo {
 namespace {
 
-/// Writes down what it is asked for; `openResult` answers the open command.
+/// Records its calls; `openResult` is the answer to the open command.
 class RecordingSoundDevice : public SoundDevice {
   public:
     int SendCommand(std::u16string_view command) override {

@@ -12,7 +12,7 @@ namespace {
 
 using Steps = std::vector<std::u16string>;
 
-/// Notes down every step in order, together with what the files, the registry and the shell see of it.
+/// Records every step in order, together with the state of the files, the registry and the shell at that step.
 class RecordingStage : public StartupStage {
   public:
     explicit RecordingStage(TestProgram& test) : test_(test) {}

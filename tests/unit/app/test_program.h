@@ -33,7 +33,7 @@
 
 namespace quillo {
 
-/// Gives every note a window that is none, and remembers the windows in the order of their making.
+/// Gives every note a fake window, and keeps the windows in the order of their creation.
 class FakeViewFactory : public NoteViewFactory {
   public:
     [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note) override {
@@ -45,13 +45,13 @@ class FakeViewFactory : public NoteViewFactory {
         return view;
     }
     [[nodiscard]] std::size_t Count() const { return views_.size(); }
-    /// Valid while its note has not been released.
+    /// Valid until its note has been released.
     [[nodiscard]] FakeNoteView& View(std::size_t index) const { return *views_.at(index); }
     [[nodiscard]] OpenNote& Note(std::size_t index) const { return *notes_.at(index); }
 
-    /// Called before each window that is made.
+    /// Called before each window is created.
     std::function<void()> onMake;
-    /// How many windows the system can make in all.
+    /// How many windows the system can create in all.
     std::size_t room = std::numeric_limits<std::size_t>::max();
 
   private:
@@ -62,7 +62,7 @@ class FakeViewFactory : public NoteViewFactory {
 inline constexpr std::u16string_view kTestNotesFolder = u"C:\\Users\\ann\\AppData\\Local\\Marrowind\\Notes";
 inline constexpr std::u16string_view kTestDesktop = u"C:\\Users\\ann\\Desktop";
 
-/// The application core on fakes: a running program with no note, an existing notes folder and plain colors.
+/// The application core on fakes: a running program without notes, an existing notes folder and plain colors.
 class TestProgram {
   public:
     TestProgram() {
@@ -98,7 +98,7 @@ class TestProgram {
     FakeRandom random;
     RecordingPrinter printer;
     RecordingMail mail;
-    FakeTimers timers;  // before the notes, whose timers it makes
+    FakeTimers timers;  // before the notes, which use its timers
     FakeViewFactory views;
     Program program{views};
     NoteNames names{files, shell, program.settings};

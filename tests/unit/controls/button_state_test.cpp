@@ -173,7 +173,7 @@ TEST(ButtonState, LosingTheCaptureBringsItToRest) {
     EXPECT_EQ(button.MouseUp(kInside, MouseButton::Left, false).event, Event::None);
 }
 
-/// Drives a button at random and keeps the books that a window would keep.
+/// Drives a button at random and tracks the state that a window would track.
 class RandomUse {
   public:
     RandomUse(unsigned seed, bool menuMode) : engine_(seed), button_(MakeButton(menuMode)), menuMode_(menuMode) {}

@@ -40,7 +40,7 @@ class SliderTrackTest : public testing::Test {
         slider_.onRepaint = [this] { log_ += "paint "; };
     }
 
-    /// An event with its argument and the value that the slider has meanwhile.
+    /// An event with its argument and the slider's value at that moment.
     void Log(const std::string& event, std::int32_t value) {
         log_ += event + std::to_string(value) + "(" + std::to_string(slider_.Value()) + ") ";
     }
@@ -162,7 +162,7 @@ TEST_F(SliderTrackTest, TheMousePicksTheValueUnderIt) {
              Case{102, 100, 0, 0},
              Case{102, 100, 1, 0},
              Case{102, 100, 2, 1},
-             Case{202, 100, 2, 0},  // a half goes to the even one: 0.5
+             Case{202, 100, 2, 0},  // a half rounds to the even number: 0.5
              Case{202, 100, 4, 2},  // 1.5
              Case{202, 100, 6, 2},  // 2.5
              Case{202, 100, 8, 4},  // 3.5

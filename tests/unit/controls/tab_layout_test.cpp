@@ -39,7 +39,7 @@ TEST(TabLayoutTest, TabsFollowEachOtherFromTheSecondPixel) {
     const TabLayout layout(MeasuresOf({30, 50, 40}), Scale());
     ASSERT_EQ(layout.Count(), 3);
     EXPECT_EQ(layout.Left(1), 2);
-    EXPECT_EQ(layout.Width(1), 40);  // 30 and once the spacing
+    EXPECT_EQ(layout.Width(1), 40);  // 30 plus the spacing
     EXPECT_EQ(layout.Left(2), 52);   // 2 + 40 + 10
     EXPECT_EQ(layout.Width(2), 60);
     EXPECT_EQ(layout.Left(3), 122);
@@ -58,7 +58,7 @@ TEST(TabLayoutTest, TabsTooWideAreAllNarrowedByTheSame) {
         int width;
         int shrink;
     };
-    // In all 120 for the captions and 60 for the spacing.
+    // 120 in all for the captions and 60 for the spacing.
     for (const Case& c : {Case{180, 0}, Case{400, 0}, Case{179, 1}, Case{177, 1}, Case{176, 2}, Case{170, 4},
                           Case{168, 4}, Case{60, 40}}) {
         const TabLayout layout(MeasuresOf({30, 50, 40}, c.width), Scale());
@@ -111,7 +111,7 @@ TEST(TabLayoutTest, TheHitTest) {
 }
 
 TEST(TabLayoutTest, OutsideTheControlNothingIsHit) {
-    // Shrunk to 100 pixels, the last tab ends beyond the control.
+    // Shrunk to 100 pixels, the last tab ends outside the control.
     const TabLayout layout(MeasuresOf({200}, 100), Scale());
     EXPECT_EQ(layout.Right(1), 102);
     EXPECT_EQ(layout.Hit(Point{99, 5}), 1);

@@ -173,7 +173,7 @@ TEST(TabPropertiesTest, AFreshStripHasThreeTabsAndTextInTheWindowsColor) {
 }
 
 TEST(TabPropertiesTest, WhatAFormLeavesUnsaidHasItsDefaults) {
-    // Intended: a form's strip that says nothing has no tabs and captions in the color of buttons' texts.
+    // Intended: a form's strip without properties has no tabs, and captions in the color of button texts.
     const TabProperties unsaid;
     EXPECT_EQ(unsaid.tabs, u"");
     EXPECT_EQ(unsaid.foreColor.value, 0x80000012U);

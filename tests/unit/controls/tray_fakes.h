@@ -8,8 +8,8 @@
 
 namespace quillo {
 
-/// A double-byte code page: ASCII takes one byte, everything else two, of which the second may look like ASCII, as in
-/// the real ones. Only the conversion to narrow text is asked for here.
+/// A double-byte code page: ASCII takes one byte, every other character two, of which the second may look like ASCII,
+/// as in real ones. Only the conversion to narrow text is used.
 class DoubleByteText : public LocaleText {
   public:
     std::optional<std::string> ToNarrow(std::u16string_view text) override {
@@ -37,7 +37,7 @@ class DoubleByteText : public LocaleText {
     std::u16string GeneralDate(DaySerial) override { return {}; }
 };
 
-/// A notification area that behaves as the system's does toward one icon, and keeps what it was told.
+/// A notification area that treats one icon as the system does, and records the calls.
 class FakeTray : public TrayShell {
   public:
     struct Call {
@@ -64,7 +64,7 @@ class FakeTray : public TrayShell {
         calls.push_back({command, record, accepted});
         return accepted;
     }
-    // A timer's interval is 0 while it is off or inert.
+    // A timer's interval is 0 while it is off or inactive.
     void StartBalloonTimer(std::uint32_t milliseconds) override { balloonTimer = milliseconds; }
     void StopBalloonTimer() override { balloonTimer = 0; }
     void EnableRetryTimer(bool enabled) override { retryTimer = enabled; }

@@ -123,7 +123,7 @@ TEST(TrayRecordTest, AShorterTextLeavesNothingOfTheLongerOne) {
 TEST(TrayRecordTest, ACharacterOfTwoBytesIsKeptWholeOrDropped) {
     DoubleByteText locale;
     TrayRecord record{};
-    // 63 characters of two bytes would need 126 bytes: 31 fit into 63 bytes, the odd byte stays free.
+    // 63 characters of two bytes would need 126 bytes: 31 fit in 63 bytes, and the odd byte stays unused.
     WriteTip(record, std::u16string(70, u'\u30C6'), locale);
     std::string expected;
     for (int i = 0; i < 31; ++i)
@@ -132,7 +132,7 @@ TEST(TrayRecordTest, ACharacterOfTwoBytesIsKeptWholeOrDropped) {
             "A";
     EXPECT_EQ(std::string(record.tip, 64), Padded(expected, 64));
 
-    // With one byte before them they fit to the last byte.
+    // With one byte before them, they fill the field exactly.
     WriteTip(record, u"x" + std::u16string(70, u'\u30C6'), locale);
     EXPECT_EQ(std::string(record.tip, 64), "x" + expected + std::string(1, '\0'));
 
@@ -146,7 +146,7 @@ TEST(TrayRecordTest, ACharacterOfTwoBytesIsKeptWholeOrDropped) {
 TEST(TrayRecordTest, ASurrogatePairIsNotCutInTwo) {
     DoubleByteText locale;
     TrayRecord record{};
-    // The pair takes the places 63 and 64 of the text: its first half alone would be within the limit.
+    // The pair has the positions 63 and 64 of the text: its first half alone would be within the limit.
     WriteTip(record, std::u16string(62, u'a') + u"\U0001F4DD" + u"b", locale);
     EXPECT_STREQ(record.tip, std::string(62, 'a').c_str());
 }

@@ -22,14 +22,14 @@ constexpr auto kSetVersion = TrayCommand::SetVersion;
 
 class TrayRulesTest : public testing::Test {
   protected:
-    /// An icon that stands, with nothing noted so far.
+    /// Shows an icon, and clears the log.
     void Show() {
         TrayProperties properties;
         properties.icon = kPicture;
         icon_->Load(properties);
         tray_.calls.clear();
     }
-    /// The events raised for messages that come one after the other.
+    /// The events raised for a sequence of messages.
     std::vector<TrayEvent> Events(const std::vector<std::uint32_t>& messages) {
         std::vector<TrayEvent> events;
         for (const std::uint32_t message : messages) {
@@ -207,7 +207,7 @@ TEST_F(TrayRulesTest, AnIconThatCameAnotherWayIsNotRetried) {
     EXPECT_FALSE(tray_.retryTimer);
 }
 
-// Intended: the visibility acts only when it changes, and a refused icon is invisible already.
+// Intended: only a change of the visibility acts, and a refused icon is invisible already.
 TEST_F(TrayRulesTest, MakingARefusedIconInvisibleDoesNotEndTheRetry) {
     tray_.ready = false;
     icon_->Load({u"", kPicture, true, true});
@@ -323,7 +323,7 @@ TEST(TrayEventTest, OnlyTheNamedMessagesAreEvents) {
     }
 }
 
-// What the shell sends for a press differs with the version that it took; a click is one click in both.
+// The shell's messages for a press depend on the version that it accepted; a click is one click in both.
 TEST_F(TrayRulesTest, OnePhysicalClickIsOneClick) {
     Show();
     EXPECT_THAT(Events({512, 513, 514}), ElementsAre(TrayEvent::Click)) << "older shell";

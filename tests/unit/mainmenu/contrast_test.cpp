@@ -11,8 +11,8 @@
 namespace quillo {
 namespace {
 
-// The least contrast of text, and of glyphs and large text. Of what a note shows, the reminder's label, the outline and
-// the grip have the border color by design and are not held to these.
+// The minimum contrast of text, and of glyphs and large text. A note's reminder label, outline and grip have the border
+// color by design and are exempt.
 constexpr double kText = 4.5;
 constexpr double kGlyph = 3;
 
@@ -25,7 +25,7 @@ TEST(Contrast, TheGlyphsOfANoteStandOutOnEverySchemeWhetherItIsActiveOrNot) {
         for (const BarStyle style : {BarStyle::Full, BarStyle::Flat, BarStyle::Subtle}) {
             for (const bool active : {true, false}) {
                 const DragBarPaint bar = DragBarColors(kSwatches[i].note, kSwatches[i].border, style, active);
-                // The glyphs lie in the midst of the bar.
+                // The glyphs are in the middle of the bar.
                 const ColorWord ground = Mix(bar.top, bar.bottom, 50);
                 const ColorWord glyph = Mix(bar.glyph, ground, active ? 100 : kFaintGlyphPercent);
                 EXPECT_GE(ContrastRatio(glyph, ground), kGlyph)
@@ -44,7 +44,7 @@ TEST(Contrast, AnAlertCanBeReadOnEveryScheme) {
     }
 }
 
-/// What a part of the menu's drawing looks like on that ground.
+/// The color of a part of the menu's drawing on that background.
 ColorWord On(ColorWord ground, const MenuColors& colors, MenuPlane plane) {
     const MenuColors::Tint& tint = colors.tints[static_cast<std::size_t>(plane)];
     return Mix(tint.color, ground, tint.percent);
@@ -58,7 +58,7 @@ TEST(Contrast, TheMenuCanBeReadAtRestAndUnderThePointer) {
             EXPECT_GE(ContrastRatio(On(ground, colors, MenuPlane::Ink), ground), kText);
             EXPECT_GE(ContrastRatio(On(ground, colors, MenuPlane::Glyph), ground), kGlyph);
         }
-        // The signs inside the glyphs lie on their sheets.
+        // The signs inside the glyphs are on their sheets.
         const ColorWord sheet = On(colors.surface, colors, MenuPlane::Paper);
         EXPECT_GE(ContrastRatio(On(sheet, colors, MenuPlane::Glyph), sheet), kGlyph);
     }

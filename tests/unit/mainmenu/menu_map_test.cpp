@@ -30,7 +30,7 @@ TEST(MenuMap, EveryBoundaryPointBelongsToItsItem) {
         // The head.
         {0, 0, Item::None},
         {229, 39, Item::None},
-        {230, 20, Item::None},  // intended: exactly 230 is nobody's
+        {230, 20, Item::None},  // intended: exactly 230 belongs to no item
         {230.5, 20, Item::About},
         {231, 0, Item::About},
         {264, 39, Item::About},
@@ -45,7 +45,7 @@ TEST(MenuMap, EveryBoundaryPointBelongsToItsItem) {
         {0, 179, Item::NewNote},
         // The middle.
         {100, 40, Item::ShowAllNotes},
-        {200, 40, Item::ShowAllNotes},  // 200 is still its
+        {200, 40, Item::ShowAllNotes},  // 200 still belongs to it
         {200, 119, Item::ShowAllNotes},
         {200.5, 119.5, Item::Options},
         {201, 40, Item::Options},
@@ -120,7 +120,7 @@ TEST(MenuMap, HighlightsCoverTheirAreasAndNeverEachOther) {
             for (const Item item : MenuOrder()) covering += HighlightRect(item).Contains(Point{x, y}) ? 1 : 0;
             EXPECT_LE(covering, 1) << x << ", " << y;
             const Item item = MenuAreaAt({static_cast<double>(x), static_cast<double>(y)});
-            // The one column where the areas' edges are not the picture's.
+            // The one column in which the edges of the areas differ from those of the picture.
             if (x == 200 || item == Item::None) continue;
             EXPECT_TRUE(HighlightRect(item).Contains(Point{x, y})) << x << ", " << y;
         }

@@ -49,7 +49,7 @@ TEST(MenuPlanes, EachFaceColorsWhatItShows) {
     PlaneOf(planes, MenuPlane::Ink) = {0, 0, 255};
     using Pixels = std::vector<std::uint32_t>;
     EXPECT_EQ(ComposeMenu(planes, ColorsOf(MenuFace::Normal), {}), (Pixels{0xFBF9F1, 0x2B2A27, 0x2B2A27}));
-    // The ground takes the hover tint and the glyph a dark accent; the words stay legible.
+    // The background takes the hover tint and the glyph a dark accent; the words stay legible.
     EXPECT_EQ(ComposeMenu(planes, ColorsOf(MenuFace::Highlighted), {}), (Pixels{0xF6EAD0, 0xA86C02, 0x2B2A27}));
     EXPECT_EQ(ComposeMenu(planes, ColorsOf(MenuFace::Disabled), {}), (Pixels{0xFBF9F1, 0xACAAA4, 0xACAAA4}));
 }

@@ -26,7 +26,7 @@ TEST(MenuShortcuts, ADropGoesIntoTheSlotOfItsColumn) {
     }
 }
 
-// Intended: where a drag is offered a copy and where a drop is taken differ by ten pixels.
+// Intended: offering a copy and accepting a drop differ by ten pixels.
 TEST(MenuShortcuts, ADragIsOfferedACopyFrom120OnADropIsTakenFrom110On) {
     struct Case {
         double y;

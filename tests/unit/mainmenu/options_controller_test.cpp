@@ -38,7 +38,7 @@ class OptionsControllerTest : public testing::Test {
     [[nodiscard]] std::optional<std::u16string> Text(std::u16string_view name) const {
         return program_.registry.Text(kUserKey, name);
     }
-    /// What was written since the log was cleared.
+    /// The values written since the log was cleared.
     [[nodiscard]] std::vector<std::u16string> Written() const {
         std::vector<std::u16string> names;
         for (const std::u16string& line : program_.registry.Log()) {
@@ -46,7 +46,7 @@ class OptionsControllerTest : public testing::Test {
         }
         return names;
     }
-    /// What a start that follows would load.
+    /// The settings that the next start would load.
     Settings Reloaded() {
         TesselRegistry registry(program_.registry);
         Settings settings;

@@ -133,7 +133,7 @@ TEST(SplitNoteFile, GivesViewsOfItsContent) {
     EXPECT_EQ(parts.tags->data(), content.data() + 14);
 }
 
-// What the single-byte form would destroy.
+// Texts that the single-byte form would destroy.
 
 constexpr const char* kElement = "<unicode>";
 
@@ -347,7 +347,7 @@ TEST(Appearance, Table) {
     FakeLocaleText locale;
     const struct {
         const char16_t* text;
-        const char16_t* expected;  // as it is written again; empty fields change nothing
+        const char16_t* expected;  // as written again; empty fields change nothing
     } cases[] = {
         {u"True,True,255", u"True,True,255,0,0,0"},
         {u"", u"False,False,0,0,0,0"},

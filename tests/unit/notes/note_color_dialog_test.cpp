@@ -11,7 +11,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-/// A window that remembers what was asked of it, and goes when it is told to.
+/// A window that records its calls, and closes when told to.
 class RecordingView : public NoteColorView {
   public:
     void ResetChoice() override { calls.emplace_back("reset"); }

@@ -205,7 +205,7 @@ TEST(NoteCommands, EveryActionWithKeysSaysThem) {
     EXPECT_EQ(KeyTextOf(NoteAction::QuickDelete), u"Ctrl+Shift+W");
     EXPECT_EQ(KeyTextOf(NoteAction::OpenMenu), u"Shift+F10");
     EXPECT_EQ(KeyTextOf(NoteAction::Print), u"");
-    // What a text says is what its keys do.
+    // The key text of an action names the keys that perform it.
     for (int letter = 'A'; letter <= 'Z'; ++letter) {
         for (const bool shift : {false, true}) {
             const NoteAction action = NoteKeyAction(letter, NoteKeyState{true, shift, false});

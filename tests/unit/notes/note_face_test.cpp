@@ -263,7 +263,7 @@ TEST(DragBarColors, ASubtleBarIsCalmerOnEveryScheme) {
             const DragBarPaint full = DragBarColors(scheme.note, scheme.border, BarStyle::Full, active);
             EXPECT_EQ(subtle.top, subtle.bottom);
             EXPECT_NE(subtle.top, scheme.note) << "there still is a bar";
-            // In the midst of the bar, which is its strongest part in one scheme and its weakest in another.
+            // In the middle of the bar, which is its strongest part in one scheme and its weakest in another.
             EXPECT_LT(ContrastRatio(subtle.top, scheme.note),
                       ContrastRatio(Mix(full.top, full.bottom, 50), scheme.note));
         }
@@ -301,7 +301,7 @@ TEST(DragBarColors, GlyphsStandOutOnAFlatBarOfAnyColor) {
 TEST(PlaceNewNote, ScattersAroundTheMiddle) {
     const Size screen{28'800, 16'200};
     const Size note{2'820, 2'445};
-    // 25980 / 2 across; 13755 / 2 leaves out the half twip down.
+    // 25980 / 2 horizontally; 13755 / 2 drops the half twip vertically.
     EXPECT_EQ(PlaceNewNote(screen, note, 0, 0), (Point{12'990 - 750, 6'877 - 750}));
     EXPECT_EQ(PlaceNewNote(screen, note, 0.5, 0.5), (Point{12'990, 6'877}));
     EXPECT_EQ(PlaceNewNote(screen, note, 0.9999, 0), (Point{12'990 + 749, 6'877 - 750}));

@@ -17,11 +17,11 @@ namespace {
 
 using Page = RecordedDocument::Page;
 
-// On letter paper at a dot to the point: the lines of the body on one page, and the characters of a line.
+// On letter paper with one dot per point: the lines of the body on one page, and the characters of a line.
 constexpr int kLinesOnAPage = 59;
 constexpr int kCharactersOfALine = 108;
 
-/// How many lines stand on a page besides those of the note: heading, date line, address and number.
+/// How many lines a page has besides those of the note: heading, date line, address and number.
 constexpr std::size_t kOwnLines = 4;
 
 class NotePrintTest : public ::testing::Test {

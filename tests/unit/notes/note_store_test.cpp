@@ -20,7 +20,7 @@ class NoteStoreTest : public ::testing::Test {
   protected:
     NoteStoreTest() { settings_.noteFolder = u"D:\\Closed"; }
 
-    /// The last element of a file, "(none)" without the file.
+    /// The last element of a file, "(none)" if there is no file.
     std::string Element(std::u16string_view path) {
         const std::string content = files_.Read(path).value_or("(none)");
         const std::size_t start = content.find("</reminder>");
@@ -41,7 +41,7 @@ class NoteStoreTest : public ::testing::Test {
     }();
 };
 
-// Files of the user's.
+// The user's own files.
 
 TEST_F(NoteStoreTest, WritesEveryKindOfFile) {
     const std::string temp = "<tempfilename>D:\\Closed\\Milk.qln</tempfilename></quillo>";

@@ -28,14 +28,14 @@ inline const std::u16string kDocuments = u"C:\\Documents";
 inline const std::u16string kKey = u"1A2B";
 using Calls = std::vector<std::string>;
 
-/// A collection of the one note with that key.
+/// A collection with only the note that has that key.
 class FakeNoteOwner : public NoteOwner {
   public:
     void RemoveNote(const std::u16string& noteKey) override { open_.erase(noteKey); }
     [[nodiscard]] bool IsOpen(const std::u16string& noteKey) const override { return open_.count(noteKey) != 0; }
     void SaveUnsavedNotes() override { ++savesAsked; }
 
-    int savesAsked = 0;  ///< how often all notes were to be saved before something that blocks
+    int savesAsked = 0;  ///< how often saving all notes was requested before something that blocks
     void ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) override {
         neighborAsked = (direction == NoteDirection::Forward ? u"after " : u"before ") + noteKey;
     }

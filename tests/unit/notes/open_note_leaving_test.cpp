@@ -5,7 +5,7 @@
 namespace quillo {
 namespace {
 
-/// While its message box is open the note goes.
+/// The note is closed while its message box is open.
 class InformingNotice : public FakeUserNotice {
   public:
     explicit InformingNotice(NoteOwner& owner) : owner_(owner) {}
@@ -18,7 +18,7 @@ class InformingNotice : public FakeUserNotice {
     NoteOwner& owner_;
 };
 
-/// While it moves a file to the Recycle Bin the note goes.
+/// The note is closed while the shell moves a file to the Recycle Bin.
 class PumpingShell : public FakeShell {
   public:
     PumpingShell(FakeFileStore& files, NoteOwner& owner) : FakeShell(files), owner_(owner) {}
@@ -306,7 +306,7 @@ TEST_F(OpenNoteLeaving, DeletingPutsANoteFileIntoTheRecycleBin) {
     EXPECT_TRUE(notice_.questions.empty());
 }
 
-// Intended: only the quick ways let an empty note disappear.
+// Intended: only the quick ways make an empty note disappear.
 TEST_F(OpenNoteLeaving, DeletingWritesAFileOfAnEmptyNoteToo) {
     ShowStored(u"");
     note_.QueryDeleteNote();
@@ -399,7 +399,7 @@ TEST_F(OpenNoteLeaving, AFileOfTheUsersOwnIsTheirOwnAgainAfterTheSystemDeletedIt
     EXPECT_NE(Content(own).find("<filename>C:\\Documents\\Shopping.qln</filename>"), std::string::npos);
 }
 
-/// The system deletes the file for good, and the disk takes nothing any more.
+/// The system deletes the file permanently, and the disk accepts no more data.
 class LosingShell : public FakeShell {
   public:
     explicit LosingShell(FakeFileStore& files) : FakeShell(files), files_(files) {}
@@ -445,7 +445,7 @@ TEST_F(OpenNoteLeaving, TheOnlyFileOfANoteIsNeverDeleted) {
     const std::u16string path = kFolder + u"\\Own.qln";
     ASSERT_TRUE(note_.SetText(u"Milk"));
     note_.Saver().SetStorageCopy({path, 0});
-    note_.SetFileName(kFolder + u"\\OWN.qln");  // in the same place, and removed from there by somebody
+    note_.SetFileName(kFolder + u"\\OWN.qln");  // in the same place, and deleted from there by another program
     note_.CloseNote();
     EXPECT_TRUE(IsDestroyed());
     EXPECT_EQ(Content(kDocuments + u"\\Milk.qln").substr(0, 6), "Milk\r\n");
@@ -454,7 +454,7 @@ TEST_F(OpenNoteLeaving, TheOnlyFileOfANoteIsNeverDeleted) {
 TEST_F(OpenNoteLeaving, ANoteClosedIntoTheNotesFolderItselfKeepsThatFile) {
     settings_.noteFolder = kFolder;
     ASSERT_TRUE(note_.SetText(u"Milk"));
-    note_.Saver().SetStorageCopy({kFolder + u"\\Milk.qln", 0});  // removed by somebody
+    note_.Saver().SetStorageCopy({kFolder + u"\\Milk.qln", 0});  // deleted by another program
     note_.CloseNote();
     EXPECT_TRUE(IsDestroyed());
     EXPECT_EQ(Content(kFolder + u"\\Milk.qln").substr(0, 6), "Milk\r\n");

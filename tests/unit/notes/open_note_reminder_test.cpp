@@ -165,7 +165,7 @@ TEST_F(OpenNoteReminderTest, TheNotesOwnIconShowsTheBalloon) {
     EXPECT_EQ(view_.BalloonTitle(), u"title");
 }
 
-// What is saved soon.
+// Changes that are saved soon.
 
 TEST_F(OpenNoteReminderTest, EveryChangeIsSavedSoon) {
     const std::vector<std::pair<const char*, std::function<void()>>> changes = {

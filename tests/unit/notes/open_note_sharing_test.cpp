@@ -3,7 +3,7 @@
 namespace quillo {
 namespace {
 
-/// A note on its way to the printer or to the mail program.
+/// A note that is printed or mailed.
 class OpenNoteSharingTest : public OpenNoteTest {
   protected:
     OpenNoteSharingTest() {
@@ -11,7 +11,7 @@ class OpenNoteSharingTest : public OpenNoteTest {
         note_.Popup();
         before_ = note_.Data();
     }
-    /// Neither its data nor its text, and nothing of it was written.
+    /// Neither its data nor its text has changed, and nothing was written.
     void ExpectUnchanged() {
         EXPECT_FALSE(note_.Data().Changed);
         EXPECT_EQ(note_.Data().StoragePath, before_.StoragePath);

@@ -3,7 +3,7 @@
 namespace quillo {
 namespace {
 
-// A note just made.
+// A new note.
 
 TEST_F(OpenNoteTest, StartsInTheSettingsColorsAndUnchanged) {
     const Note& data = note_.Data();
@@ -222,7 +222,7 @@ TEST_F(OpenNoteTest, IntendedAFailedSaveClearsTheMarkAllTheSame) {
     EXPECT_EQ(Content(note_.Data().StoragePath).substr(0, note_.Text().size()), locale_.ToNarrow(note_.Text()));
 }
 
-// What marks a note.
+// What marks a note changed.
 
 TEST_F(OpenNoteTest, ChangesOfTheNoteMarkIt) {
     const struct {

@@ -19,7 +19,7 @@ class PrintLinesTest : public ::testing::Test {
   protected:
     PrintLinesTest() : job_(printer_.Open(u"")) { job_->SetFont(PrintFont{}); }
 
-    /// The lines of a text on paper that takes so many ordinary characters side by side.
+    /// The lines of a text on paper that is that many ordinary characters wide.
     Lines Break(std::u16string_view text, int characters) {
         PrintLines lines(text);
         Lines broken;

@@ -35,7 +35,7 @@ ReminderStep MessageStep(bool grow) {
     return step;
 }
 
-/// A note that writes down what is asked of it.
+/// A note that records its calls.
 class RecordingOwner : public ReminderOwner {
   public:
     void SetReminder(DaySerial when) override {
@@ -211,7 +211,7 @@ TEST(ChooseNoteAway, AnAbsentValueMeansThatNothingWasHiddenYet) {
     FakeRegistryApi registry;
     Settings settings;
     settings.minimizeToTray = true;
-    settings.hasHiddenNotes = true;  // as loaded at start-up: the registry counts
+    settings.hasHiddenNotes = true;  // as loaded at start-up: the registry decides
     EXPECT_EQ(ChooseNoteAway(settings, OsFacts{}, registry), NoteAway::MinimizeWithBalloon);
 }
 

@@ -27,7 +27,7 @@ std::u16string Digits(int hour, int minute) {
     return two(hour) + u":" + two(minute);
 }
 
-// What a bare time of day means, worked out in minutes from today's midnight.
+// The meaning of a time of day alone, computed in minutes from today's midnight.
 int MeantMinute(int minuteOfDay, bool morning, int nowMinute) {
     int meant = minuteOfDay;
     if (minuteOfDay < 720 && !morning && meant < nowMinute) meant += 720;
@@ -70,7 +70,7 @@ TEST(ReminderPhraseTime, DigitTimesAreReadAsTheConversionReadsThem) {
     }
 }
 
-// A conversion that is never to be asked.
+// A conversion that must never be called.
 class NoConversionLocale : public FakeLocaleText {
   public:
     std::optional<DaySerial> ParseDate(std::u16string_view text) override {
@@ -145,7 +145,7 @@ TEST(ReminderPhraseTime, ShortSuffixesAreUnderstood) {
     }
 }
 
-// A locale that writes no halves of the day and whose conversion does not know them.
+// A locale without halves of the day, which its conversion does not know.
 class TwentyFourHourLocale : public FakeLocaleText {
   public:
     std::optional<DaySerial> ParseDate(std::u16string_view text) override {
@@ -165,7 +165,7 @@ TEST(ReminderPhraseTime, HalvesOfTheDayInEveryLocale) {
         EXPECT_EQ(Read(typed, kPhraseNow, locale), kUnknown) << Plain(typed);
 }
 
-// A conversion that takes everything before a half of the day for nine o'clock.
+// A conversion that reads everything before a half of the day as nine o'clock.
 class CarelessLocale : public FakeLocaleText {
   public:
     std::optional<DaySerial> ParseDate(std::u16string_view text) override {
@@ -316,7 +316,7 @@ TEST(ReminderPhraseDate, DatesThatDoNotExist) {
     }
 }
 
-// A locale whose conversion goes wrong in every way.
+// A locale whose conversion fails in every way.
 class BrokenLocale : public FakeLocaleText {
   public:
     explicit BrokenLocale(double days) : days_(days) {}
@@ -351,7 +351,7 @@ TEST(ReminderPhraseDate, TheLastBitOfTheConversionDoesNotCount) {
     EXPECT_EQ(ParseReminderPhrase(u"2:10 pm", kPhraseNow, locale).when, kPhraseNow);
 }
 
-// A locale whose conversion takes only the blank of the keyboard.
+// A locale whose conversion accepts only the keyboard's blank.
 class StrictBlankLocale : public FakeLocaleText {
   public:
     std::u16string LongTime(DaySerial when) override {

@@ -226,7 +226,7 @@ TEST(ReminderPhrase, TheLastDayOfTheCalendar) {
     EXPECT_EQ(Read(u"3:00", last), kUnknown);
 }
 
-// The platform takes a sign behind the number, too.
+// The platform also accepts a sign after the number.
 class SignBehindLocale : public FakeLocaleText {
   public:
     std::optional<double> ParseNumber(std::u16string_view text) override {

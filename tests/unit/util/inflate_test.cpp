@@ -12,8 +12,8 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-// What another implementation has made of "Quillo", of kSentence and of Pattern(): a stored block, one with the fixed
-// codes, one with codes of its own.
+// The output of another implementation for "Quillo", kSentence and Pattern(): a stored block, one with the fixed codes,
+// one with its own codes.
 const Bytes kStored{1, 6, 0, 249, 255, 81, 117, 105, 108, 108, 111};
 const Bytes kFixed{203, 203, 47, 73, 85, 200, 67, 33, 116, 20, 18, 243, 82, 20, 18, 193, 108, 0};
 const Bytes kDynamic{
@@ -45,7 +45,7 @@ Bytes Pattern() {
     return bytes;
 }
 
-/// What comes out where so many bytes are expected; empty where it is refused.
+/// The output for that expected size; empty if it is refused.
 Bytes Inflated(const Bytes& packed, std::size_t size) {
     Bytes plain(size);
     return Inflate(packed, plain) ? plain : Bytes{};
@@ -58,7 +58,7 @@ TEST(Inflate, ReadsEachKindOfBlock) {
 }
 
 TEST(Inflate, AStreamMayHaveSeveralBlocksAndEmptyOnes) {
-    Bytes packed{0, 0, 0, 0xFF, 0xFF};  // a stored block of nothing that is not the last
+    Bytes packed{0, 0, 0, 0xFF, 0xFF};  // an empty stored block that is not the last one
     packed.insert(packed.end(), kStored.begin(), kStored.end());
     EXPECT_EQ(Inflated(packed, 6), AsBytes("Quillo"));
 }
@@ -90,10 +90,10 @@ TEST(Inflate, RefusesWhatIsCutOrFollowedByMore) {
 }
 
 TEST(Inflate, RefusesDamage) {
-    EXPECT_TRUE(Inflated({7, 0, 0}, 1).empty());                 // the kind of block that means nothing
+    EXPECT_TRUE(Inflated({7, 0, 0}, 1).empty());                 // the undefined kind of block
     EXPECT_TRUE(Inflated({1, 1, 0, 0xFF, 0xFF, 9}, 1).empty());  // a stored length that its complement contradicts
-    EXPECT_TRUE(Inflated({3, 2, 0}, 3).empty());                 // repeats what was before the first byte
-    EXPECT_TRUE(Inflated({0xFD, 0xFF, 0xFF}, 3).empty());        // more codes than the format has
+    EXPECT_TRUE(Inflated({3, 2, 0}, 3).empty());                 // repeats bytes from before the start
+    EXPECT_TRUE(Inflated({0xFD, 0xFF, 0xFF}, 3).empty());        // more codes than the format allows
 }
 
 Bytes WithHead(std::uint8_t width, std::uint8_t height, std::uint8_t count, const Bytes& packed) {
