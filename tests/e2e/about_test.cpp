@@ -48,7 +48,7 @@ class AboutTest : public OrdinaryTest {
     }
 };
 
-TEST_F(AboutTest, TellsTheVersionAndClosesByKeyboard) {
+TEST_F(AboutTest, ShowsTheVersionAndClosesByKeyboard) {
     Start();
     Open();
     EXPECT_EQ(WindowText(Box()), L"About Quillo");
@@ -62,7 +62,7 @@ TEST_F(AboutTest, TellsTheVersionAndClosesByKeyboard) {
     EXPECT_TRUE(Goes());
 }
 
-TEST_F(AboutTest, HandsTheMakersAddressesToTheShell) {
+TEST_F(AboutTest, PassesTheMakersAddressesToTheShell) {
     const ShellRecorder browser(L"http", Outside().Path());
     if (!browser.IsInCharge()) GTEST_SKIP() << "this user's choice of a browser cannot be replaced for a test";
     Start();

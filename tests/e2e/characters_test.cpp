@@ -48,7 +48,7 @@ TEST_F(Characters, TheyAreTypedAndStored) {
     EXPECT_EQ(TextOfFile(ReadBytes(StorageCopies()[0])), kText);
 }
 
-TEST_F(Characters, TheyComeBackAfterAPowerFailure) {
+TEST_F(Characters, TheySurviveAPowerFailure) {
     Typed();
     ASSERT_TRUE(Eventually([&] { return StorageCopies().size() == 1; }));
     Quillo().Kill();
@@ -56,14 +56,14 @@ TEST_F(Characters, TheyComeBackAfterAPowerFailure) {
     EXPECT_EQ(NotesWithTheText(), 1U);
 }
 
-TEST_F(Characters, TheyComeBackAfterARestart) {
+TEST_F(Characters, TheySurviveARestart) {
     Typed();
     Quit();
     Start();
     EXPECT_EQ(NotesWithTheText(), 1U);
 }
 
-TEST_F(Characters, TheyComeBackFromAClosedFile) {
+TEST_F(Characters, TheyAreRestoredFromAClosedFile) {
     const std::wstring path = Closed();
     EXPECT_EQ(TextOfFile(ReadBytes(path)), kText);
     EXPECT_THAT(ReadBytes(path), ::testing::StartsWith("Precious ??")) << "other editors show what they can";
@@ -72,7 +72,7 @@ TEST_F(Characters, TheyComeBackFromAClosedFile) {
     EXPECT_FALSE(FileExists(path));
 }
 
-TEST_F(Characters, TheyComeBackFromTheRecycleBin) {
+TEST_F(Characters, TheyAreRestoredFromTheRecycleBin) {
     const NoteWindow note = Typed();
     ASSERT_TRUE(note.TakeKeyboard());
     PressKey('W', {VK_CONTROL, VK_SHIFT});
@@ -101,7 +101,7 @@ TEST_F(Characters, TheyAreCopiedWithTheFile) {
     EXPECT_TRUE(Eventually([&] { return NotesWithTheText() == 2; }));
 }
 
-TEST_F(Characters, WhatWasEditedElsewhereIsWhatCanBeSeenThere) {
+TEST_F(Characters, ATextEditedElsewhereIsRead) {
     const std::wstring path = Closed(L"Precious \u0394\u03ad\u03bb\u03c4\u03b1");
     std::string bytes = ReadBytes(path);
     ASSERT_THAT(bytes, ::testing::StartsWith("Precious ?"));
@@ -117,7 +117,7 @@ TEST_F(Characters, ANoteThatBeginsWithHalfACharacterCanBeClosed) {
     EXPECT_FALSE(MessageBoxWindow::Find(Quillo().Pid()));
 }
 
-TEST_F(Characters, SteadyTypingIsSavedAllTheSame) {
+TEST_F(Characters, SteadyTypingIsSavedToo) {
     const NoteWindow note = Typed(L"steady ");
     const auto typedAndStored = [&] {
         note.Edit(1'000'000, 1'000'000, L"x");

@@ -76,7 +76,7 @@ TEST_F(Closing, TheSystemsOwnCloseKeyIsTheCloseButton) {
     EXPECT_TRUE(Quillo().WaitUntilReady());
 }
 
-TEST_F(Closing, ANamedNoteGoesBackToItsOwnFile) {
+TEST_F(Closing, ANamedNoteIsSavedToItsOwnFile) {
     const std::wstring path = Outside() / L"shopping list.qln";
     NoteFile file{"Milk and bread"};
     file.last = Element("filename", path);
@@ -137,7 +137,7 @@ TEST_F(Closing, ABlankNoteWithAReminderIsHidden) {
     EXPECT_TRUE(FilesIn(Outside().Path()).empty());
 }
 
-TEST_F(Closing, ALetterWithAltGrIsNoShortcut) {
+TEST_F(Closing, ALetterWithAltGrIsNotAShortcut) {
     const NoteWindow note = Open(NoteFile{"Milk"});
     ASSERT_TRUE(note.TakeKeyboard());
     for (const WORD letter : {'W', 'M', 'T', 'A', 'R'}) PressKey(letter, {VK_LCONTROL, VK_RMENU});

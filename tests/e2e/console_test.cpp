@@ -91,7 +91,7 @@ TEST_F(Console, StartStartsTheProgramThatShowsTheNote) {
     EXPECT_TRUE(Eventually([] { return FindChannel() == nullptr; }));
 }
 
-TEST_F(Console, DoctorMendsAFolderFullOfDamage) {
+TEST_F(Console, DoctorRepairsAFolderFullOfDamage) {
     Profile().AddNote(L"a-sound.qln", NoteFile{"sound"}.Bytes());
     const std::wstring torn = Profile().AddNote(L"b-torn.qln", "torn\r\n<quillo><position>1,2");
     Profile().AddNote(L"c-empty.qln", "");
@@ -143,7 +143,7 @@ TEST_F(Console, APathOfFiveThousandCharactersKeepsEverythingAndItsType) {
     }
 }
 
-TEST_F(Console, APathThatHeldNothingElseIsGoneAgain) {
+TEST_F(Console, APathWithNoOtherEntryIsDeletedAgain) {
     const UserPath restored;
     UserPath::Write({});
     Qln(L"--internal-path add user C:\\Quillo", 0);

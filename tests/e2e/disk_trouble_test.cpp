@@ -43,7 +43,7 @@ class DiskTrouble : public OrdinaryTest {
     }
 };
 
-TEST_F(DiskTrouble, OnAFullDiskTheReserveMakesRoom) {
+TEST_F(DiskTrouble, OnAFullDiskTheReserveIsUsed) {
     const DataOnTestDisk disk(L"QUILLO_SMALL_DISK");
     if (!disk.IsThere()) GTEST_SKIP() << disk.WhyNot();
     Start();
@@ -63,7 +63,7 @@ TEST_F(DiskTrouble, OnAFullDiskTheReserveMakesRoom) {
     disk.MakeRoom();
 }
 
-TEST_F(DiskTrouble, WhatAFullDiskDoesNotTakeIsRescuedAndComesBack) {
+TEST_F(DiskTrouble, ANoteThatAFullDiskRefusesIsRescuedAndRestored) {
     const DataOnTestDisk disk(L"QUILLO_SMALL_DISK");
     if (!disk.IsThere()) GTEST_SKIP() << disk.WhyNot();
     Start();
@@ -106,7 +106,7 @@ TEST_F(DiskTrouble, ANoteOfAWriteProtectedDiskIsRescued) {
     EXPECT_EQ(RescuedText(), L"not write-protected");
 }
 
-TEST_F(DiskTrouble, AVanishedNotesFolderIsMadeAgain) {
+TEST_F(DiskTrouble, AVanishedNotesFolderIsCreatedAgain) {
     const std::wstring path = Profile().AddNote(L"note.qln", NoteFile{"precious"}.Bytes());
     Start();
     DeleteFileW(path.c_str());
@@ -126,7 +126,7 @@ TEST_F(DiskTrouble, AVanishedStorageCopyIsWrittenAgain) {
     EXPECT_TRUE(Holds(path, L"precious"));
 }
 
-TEST_F(DiskTrouble, ANotesFolderThatAFileReplacedCostsNoText) {
+TEST_F(DiskTrouble, ANotesFolderThatAFileReplacedLosesNoText) {
     const std::wstring path = Profile().AddNote(L"note.qln", NoteFile{"precious"}.Bytes());
     Start();
     DeleteFileW(path.c_str());
@@ -143,7 +143,7 @@ TEST_F(DiskTrouble, ANotesFolderThatAFileReplacedCostsNoText) {
     EXPECT_TRUE(FilesIn(Outside().Path()).empty());
 }
 
-TEST_F(DiskTrouble, ANoteWhoseFileIsLockedAtTheEndIsRescuedAndComesBack) {
+TEST_F(DiskTrouble, ANoteWhoseFileIsLockedAtTheEndIsRescuedAndRestored) {
     const std::wstring path = Profile().AddNote(L"note.qln", NoteFile{"precious"}.Bytes());
     Start();
     FileHandle lock = Lock(path, FILE_SHARE_READ);
@@ -162,7 +162,7 @@ TEST_F(DiskTrouble, ANoteWhoseFileIsLockedAtTheEndIsRescuedAndComesBack) {
     }
 }
 
-TEST_F(DiskTrouble, AClosedNoteWhoseCopyIsLockedDoesNotComeBack) {
+TEST_F(DiskTrouble, AClosedNoteWhoseCopyIsLockedStaysClosed) {
     const std::wstring path = Profile().AddNote(L"note.qln", NoteFile{"precious"}.Bytes());
     Start();
     FileHandle lock = Lock(path, FILE_SHARE_READ);
@@ -191,7 +191,7 @@ TEST_F(DiskTrouble, AFileThatIsLockedAtTheStartIsOpenedOnceItIsFree) {
     EXPECT_EQ(Texts().size(), 2U);
 }
 
-TEST_F(DiskTrouble, LargeFilesHoldNoNoteUp) {
+TEST_F(DiskTrouble, LargeFilesDelayNoNote) {
     const std::string line = std::string(60, 'x') + "\r\n";
     std::string large;
     while (large.size() < 300'000) large += line;

@@ -62,7 +62,7 @@ TEST_F(Drop, NothingOfTheSelectionIsReplaced) {
     EXPECT_TRUE(DropOn(note, {{CF_UNICODETEXT, WideTextBytes(L"now ")}}, L"now before"));
 }
 
-TEST_F(Drop, NothingIsTakenWithNoDragAndDrop) {
+TEST_F(Drop, NothingIsAcceptedWithNoDragAndDrop) {
     Profile().SetNumber(L"No drag and drop", 1);
     const NoteWindow note = Open();
     for (int attempt = 0; attempt < 2; ++attempt) {

@@ -62,7 +62,7 @@ TEST_F(Editing, ANoteIsSavedSoonAfterTheTyping) {
     EXPECT_EQ(ReadBytes(path_), NoteFile{"draft 2"}.Bytes());
 }
 
-TEST_F(Editing, WhatTheCodePageCannotHoldIsAQuestionMarkInTheFile) {
+TEST_F(Editing, ACharacterBeyondTheCodePageIsAQuestionMarkInTheFile) {
     const NoteWindow note = Open("");
     const std::uint64_t before = WriteTimeOf(path_);
     ASSERT_TRUE(note.TakeKeyboard());
@@ -91,7 +91,7 @@ TEST_F(Editing, UndoTakesTheLastEditBack) {
     QuitAndExpectText("keep");
 }
 
-TEST_F(Editing, CopyAndPasteGoThroughTheClipboard) {
+TEST_F(Editing, CopyAndPasteUseTheClipboard) {
     const NoteWindow note = Open("word");
     ASSERT_TRUE(note.TakeKeyboard());
     PressKey(VK_HOME, {VK_SHIFT});
@@ -105,7 +105,7 @@ TEST_F(Editing, CopyAndPasteGoThroughTheClipboard) {
     QuitAndExpectText("");
 }
 
-TEST_F(Editing, AMillionCharactersGoRound) {
+TEST_F(Editing, AMillionCharactersAreSavedAndReadBack) {
     std::string text;
     while (text.size() < 1'000'000) text += "line " + std::to_string(text.size()) + " of caf\xE9\r\n";
     const NoteWindow note = Open(text);

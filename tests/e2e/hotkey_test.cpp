@@ -64,7 +64,7 @@ TEST_F(Hotkey, OneMakesANoteToTypeInAndTheOtherSurfacesAllNotes) {
     UnregisterHotKey(nullptr, kFree);
 }
 
-TEST_F(Hotkey, AKeyThatAnotherProgramHasIsPassedOverInSilence) {
+TEST_F(Hotkey, AKeyThatAnotherProgramOwnsIsSkippedSilently) {
     constexpr int kTaken = 1;
     ASSERT_TRUE(RegisterHotKey(nullptr, kTaken, MOD_WIN, kNewNoteKey));
     Start();

@@ -109,7 +109,7 @@ TEST_F(OldStore, ANoteIsClosedIntoTheFileThatItWasSavedAs) {
     EXPECT_EQ(ValuesLeft(1), 0);
 }
 
-TEST_F(OldStore, SixtyNotesAllComeAndFilesWithoutRoomStayUntouched) {
+TEST_F(OldStore, SixtyNotesAllOpenAndFilesAboveTheLimitStayUnchanged) {
     constexpr int kNotes = 60;
     PutCount(kNotes);
     for (int number = 1; number <= kNotes; ++number) {
@@ -126,7 +126,7 @@ TEST_F(OldStore, SixtyNotesAllComeAndFilesWithoutRoomStayUntouched) {
     EXPECT_TRUE(MarkOf(file) == before);
 }
 
-TEST_F(OldStore, DamagedNotesComeAsWholeAsTheyAre) {
+TEST_F(OldStore, DamagedNotesOpenAsFarAsTheyCanBeRead) {
     PutCount(0x7FFFFFFF);
     Put(1, {L"too few fields", L"1500,1500", L"nonsense", L"x,y,z", L"nonsense"});
     Put(2, {L"no numbers", L"a,b,c,d,e", L"#", L"True,True,red,,,9", L""});

@@ -135,7 +135,7 @@ TEST_F(Lifecycle, ShiftAndTheCloseButtonRecycleTheNote) {
     EXPECT_FALSE(MessageBoxWindow::Find(Quillo().Pid())) << "without a question";
 }
 
-TEST_F(Lifecycle, ShiftAndTheCloseButtonDeleteForGoodWithoutTheRecycleBin) {
+TEST_F(Lifecycle, ShiftAndTheCloseButtonDeletePermanentlyWithoutTheRecycleBin) {
     Profile().SetNumber(L"Don't recycle notes", 1);
     const long long before = RecycledItems();
     ASSERT_TRUE(ShiftClose(Open("gone for good")));

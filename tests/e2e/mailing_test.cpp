@@ -69,7 +69,7 @@ class MailingTest : public OrdinaryTest {
     FileMark before_;
 };
 
-TEST_F(MailingTest, ANoteTravelsAsTheAttachmentOfAMessage) {
+TEST_F(MailingTest, ANoteIsSentAsTheAttachmentOfAMessage) {
     const TestMailProgram mail;
     const std::size_t temporaryFiles = TemporaryFiles();
     const std::string text = "Caf\xE9 at eight\r\nwith Bob, and do not forget the tickets for the concert";
@@ -108,7 +108,7 @@ TEST_F(MailingTest, ANoteTravelsAsTheAttachmentOfAMessage) {
     EXPECT_TRUE(FileExists(received));
 }
 
-TEST_F(MailingTest, TheAttachmentIsFoundWhateverTheTemporaryFolderIsCalled) {
+TEST_F(MailingTest, TheAttachmentIsFoundInATemporaryFolderWithAnyName) {
     const TestMailProgram mail;
     const std::wstring folder = Outside() / L"\x437\x430\x43C\x435\x442\x43A\x438";  // not in any Western code page
     ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
@@ -132,7 +132,7 @@ TEST_F(MailingTest, DiscardingTheMessageIsNoError) {
     EXPECT_FALSE(FileExists(Widen(mail.Detail("path"))));
 }
 
-TEST_F(MailingTest, TheNoteMayGoWhileItsMessageIsOpen) {
+TEST_F(MailingTest, TheNoteMayBeClosedWhileItsMessageIsOpen) {
     const TestMailProgram mail;
     const NoteWindow note = Open("Call Bob");
     MailByMenu(note);
@@ -158,7 +158,7 @@ TEST_F(MailingTest, TheProgramMayEndWhileAMessageIsOpen) {
     EXPECT_EQ(Now(), Before());
 }
 
-TEST_F(MailingTest, WithoutSigningOnTheUserIsToldOnce) {
+TEST_F(MailingTest, WithoutSigningOnTheErrorIsReportedOnce) {
     const TestMailProgram mail(TestMailProgram::SignOn::Refuse);
     const std::size_t temporaryFiles = TemporaryFiles();
     const NoteWindow note = Open("Call Bob");

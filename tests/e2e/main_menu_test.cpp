@@ -55,7 +55,7 @@ TEST_F(MainMenuTest, AClickOnTheIconOpensItInTheCornerHoveringHighlightsAndEscCl
     EXPECT_TRUE(Menu().WaitUntilGone());
 }
 
-TEST_F(MainMenuTest, NewNoteAndShowAllNotesDoWhatTheySayAndTheCrossOnlyCloses) {
+TEST_F(MainMenuTest, NewNoteAndShowAllNotesActAndTheCrossOnlyCloses) {
     NoteFile hidden{"Hidden"};
     hidden.appearance = "False,False,14155262,3723262,0,1";
     Profile().AddNote(L"hidden.qln", hidden.Bytes());
@@ -145,7 +145,7 @@ TEST_F(MainMenuTest, AltAndF4InTheMenuEndTheProgram) {
     EXPECT_EQ(Quillo().WaitForExit(), 0U);
 }
 
-TEST_F(MainMenuTest, AFileDroppedOnEachSlotIsStoredAndItsIconStandsInThatColumn) {
+TEST_F(MainMenuTest, AFileDroppedOnEachSlotIsStoredAndItsIconAppearsInThatColumn) {
     for (const wchar_t* name : {L"Shortcut 1", L"Shortcut 2", L"Shortcut 3", L"Shortcut 4"}) {
         // A drive's icon first: a text's differs from it on every system.
         Profile().SetText(name, L"C:\\");
@@ -180,7 +180,7 @@ TEST_F(MainMenuTest, AFileDroppedOnEachSlotIsStoredAndItsIconStandsInThatColumn)
     }
 }
 
-TEST_F(MainMenuTest, WhatIsDroppedElsewhereOrNotAloneIsNotTaken) {
+TEST_F(MainMenuTest, ADropElsewhereOrOfSeveralFilesIsRefused) {
     const std::wstring one = Outside() / L"one.exe";
     const std::wstring two = Outside() / L"two.exe";
     Start();
@@ -207,7 +207,7 @@ TEST_F(MainMenuTest, ASlotStartsItsProgramWithItsArguments) {
     EXPECT_TRUE(NotesBecome(1));
 }
 
-TEST_F(MainMenuTest, ATaskBarMadeAnewGetsTheIconsBack) {
+TEST_F(MainMenuTest, ANewTaskBarGetsTheIcons) {
     NoteFile small{"Small"};
     small.appearance = "False,False,14155262,3723262,0,2";
     Profile().AddNote(L"small.qln", small.Bytes());

@@ -52,7 +52,7 @@ TEST_F(MovedIn, AFileWithTheKeepMarkerStays) {
     EXPECT_EQ(ReadBytes(StorageCopies()[0]), NoteFile{"kept"}.Bytes());
 }
 
-TEST_F(MovedIn, AnEmptyFileBecomesItsName) {
+TEST_F(MovedIn, AnEmptyFileBecomesANoteOfItsName) {
     WriteBytes(Outside() / L"Shopping.list.txt", "");
     Start();
     OpenOutside(L"Shopping.list.txt");

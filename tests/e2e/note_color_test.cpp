@@ -123,7 +123,7 @@ TEST_F(NoteColorTest, ThePointerGivesTheNoteEachOfTheElevenSchemesAtOnce) {
     EXPECT_THAT(ReadBytes(path), ::testing::HasSubstr(Appearance(true, kSwatches.back())));
 }
 
-TEST_F(NoteColorTest, TheKeyboardPicksAndGoesBackToTheDefaults) {
+TEST_F(NoteColorTest, TheKeyboardPicksAndReturnsToTheDefaults) {
     const std::wstring path = AddNote(L"note.qln", "MMMM", kTop);
     Start();
     const NoteWindow note = FindNote(Quillo(), L"MMMM");

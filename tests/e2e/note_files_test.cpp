@@ -41,7 +41,7 @@ class NoteFiles : public OrdinaryTest {
     FileMark before_;
 };
 
-TEST_F(NoteFiles, APlainTextLooksLikeANewNoteAndStaysAsItIs) {
+TEST_F(NoteFiles, APlainTextLooksLikeANewNoteAndIsNotChanged) {
     const NoteWindow note = Open("caf\xE9\r\nzwei\r\n");
     EXPECT_EQ(note.Text(), L"caf\u00E9\r\nzwei\r\n");
     EXPECT_TRUE(note.IsVisible());
@@ -68,7 +68,7 @@ TEST_F(NoteFiles, APlainTextIsStoredInPlaceOnceItIsChanged) {
     EXPECT_EQ(StorageCopies().size(), 1U);
 }
 
-TEST_F(NoteFiles, ATaggedFileComesBackAsItWas) {
+TEST_F(NoteFiles, ATaggedFileIsRestoredUnchanged) {
     const NoteWindow note = Open(NoteFile{"caf\xE9 \x80\r\n\r\ndrei"}.Bytes());
     EXPECT_EQ(note.Text(), L"caf\u00E9 \u20AC\r\n\r\ndrei");
     EXPECT_TRUE(note.IsVisible());
@@ -90,7 +90,7 @@ TEST_F(NoteFiles, TagsInCapitalsAreFound) {
     QuitAndExpectUntouched();
 }
 
-TEST_F(NoteFiles, ABrokenBlockGivesWhatCanBeRead) {
+TEST_F(NoteFiles, ABrokenBlockIsReadAsFarAsPossible) {
     const NoteWindow note = Open(
         "torn\r\n<quillo><position>3000,oops,3000,2400<appearance></position>"
         "<appearance>False,True,255,65280,0</appearance><nodelete></quillo>");
@@ -108,7 +108,7 @@ TEST_F(NoteFiles, ABlockWithoutAnEndIsText) {
     QuitAndExpectUntouched();
 }
 
-TEST_F(NoteFiles, TextBehindTheBlockIsKept) {
+TEST_F(NoteFiles, TextAfterTheBlockIsKept) {
     const NoteWindow note = Open(NoteFile{"before"}.Bytes() + "\r\nafter");
     EXPECT_EQ(note.Text(), L"before\r\n\r\nafter");
     QuitAndExpectUntouched();

@@ -74,7 +74,7 @@ class NoteMenuBothWays : public NoteMenu, public ::testing::WithParamInterface<b
 INSTANTIATE_TEST_SUITE_P(By, NoteMenuBothWays, ::testing::Bool(),
                          [](const auto& how) { return how.param ? "Keys" : "Mouse"; });
 
-TEST_P(NoteMenuBothWays, EveryLineDoesWhatItSays) {
+TEST_P(NoteMenuBothWays, EveryLineCarriesOutItsCommand) {
     const bool byKeys = GetParam();
     AddNotes({"main\r\nnote", "hide", "delete", "close"});
     Start();
@@ -122,7 +122,7 @@ TEST_P(NoteMenuBothWays, EveryLineDoesWhatItSays) {
     EXPECT_TRUE(FileExists(Outside() / L"close.qln"));
 }
 
-TEST_F(NoteMenu, StandsAtItsButtonAndASecondPressClosesIt) {
+TEST_F(NoteMenu, OpensAtItsButtonAndASecondPressClosesIt) {
     const NoteWindow note = Open("Milk");
     const std::optional<PopupMenu> menu = OpenMenuByMouse(note);
     ASSERT_TRUE(menu);
@@ -137,7 +137,7 @@ TEST_F(NoteMenu, StandsAtItsButtonAndASecondPressClosesIt) {
     EXPECT_EQ(note.Text(), L"Milk");
 }
 
-TEST_F(NoteMenu, TheContextMenuKeyOpensItAndEscLeavesEverythingAsItWas) {
+TEST_F(NoteMenu, TheContextMenuKeyOpensItAndEscChangesNothing) {
     const NoteWindow note = Open("Milk");
     ASSERT_TRUE(note.TakeKeyboard());
     PressKey(VK_APPS);
@@ -243,7 +243,7 @@ TEST_F(NoteMenu, ACopyReplacesNoFileWithoutAQuestion) {
     EXPECT_EQ(ReadBytes(path), "mine");
 }
 
-TEST_F(NoteMenu, TheHintOnHidingComesOnce) {
+TEST_F(NoteMenu, TheHintOnHidingIsShownOnce) {
     AddNotes({"one", "two"});
     Start();
     const NoteWindow one = FindNote(Quillo(), L"one");
@@ -261,7 +261,7 @@ TEST_F(NoteMenu, TheHintOnHidingComesOnce) {
     EXPECT_EQ(Quillo().HasShownBalloon(), balloonOfTheStart);
 }
 
-TEST_F(NoteMenu, WithBalloonHelpOffTheHintIsOnlyNotedDown) {
+TEST_F(NoteMenu, WithBalloonHelpOffTheHintIsOnlyRecorded) {
     Profile().SetNumber(L"Disable balloon help", 1);
     const NoteWindow note = Open("one");
     ASSERT_TRUE(Choose(note, NoteMenuLine::Hide));
@@ -271,7 +271,7 @@ TEST_F(NoteMenu, WithBalloonHelpOffTheHintIsOnlyNotedDown) {
     EXPECT_FALSE(MessageBoxWindow::Find(Quillo().Pid()));
 }
 
-TEST_F(NoteMenu, TheCloseButtonsSecondActionThrowsTheNoteAway) {
+TEST_F(NoteMenu, TheCloseButtonsSecondActionDeletesTheNote) {
     AddNotes({"right", "shift"});
     Start();
     const NoteWindow first = FindNote(Quillo(), L"right");
@@ -287,7 +287,7 @@ TEST_F(NoteMenu, TheCloseButtonsSecondActionThrowsTheNoteAway) {
     EXPECT_FALSE(MessageBoxWindow::Find(Quillo().Pid())) << "without a question";
 }
 
-TEST_F(NoteMenu, DeletingForGoodIsAskedFor) {
+TEST_F(NoteMenu, DeletingPermanentlyAsksFirst) {
     Profile().SetNumber(L"Don't recycle notes", 1);
     const NoteWindow note = Open("Precious");
     const long long before = RecycledItems();
@@ -352,14 +352,14 @@ TEST_F(NoteIconMenu, ShowsTheNoteAndDeletesIt) {
 
 // The program is told to end meanwhile.
 
-TEST_F(NoteMenu, AnOpenMenuDoesNotHoldTheProgramUp) {
+TEST_F(NoteMenu, AnOpenMenuDoesNotDelayTheEnd) {
     const NoteWindow note = Open("Milk");
     ASSERT_TRUE(OpenMenuByKeys(note));
     Quit();
     EXPECT_EQ(StorageCopies().size(), 1U);
 }
 
-TEST_F(NoteMenu, AnOpenFileDialogDoesNotHoldTheProgramUp) {
+TEST_F(NoteMenu, AnOpenFileDialogDoesNotDelayTheEnd) {
     const NoteWindow note = Open("Milk");
     ASSERT_TRUE(Choose(note, NoteMenuLine::SaveCopy));
     ASSERT_TRUE(ChoiceDialog::WaitFor(note.Handle()));

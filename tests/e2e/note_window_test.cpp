@@ -147,7 +147,7 @@ TEST_F(NoteWindowTest, HasTheFontOfTheSettings) {
     EXPECT_EQ(FindNote(Quillo(), L"one\r\ntwo").LineHeight(), usual) << "a size that is none";
 }
 
-TEST_F(NoteWindowTest, ATabGoesToEveryEighthUnit) {
+TEST_F(NoteWindowTest, ATabStopsAtEveryEighthUnit) {
     Profile().AddNote(L"tab.qln", NoteFile{"\tx"}.Bytes());
     Start();
     const NoteWindow note = FindNote(Quillo(), L"\tx");

@@ -74,7 +74,7 @@ class OptionsTest : public OrdinaryTest {
     }
 };
 
-TEST_F(OptionsTest, OpeningAndClosingChangesNothingButWhatItMustSave) {
+TEST_F(OptionsTest, OpeningAndClosingSavesOnlyWhatItMust) {
     const OptionsWindow options = Open();
     EXPECT_EQ(WindowText(options.Handle()), L"Quillo options");
     EXPECT_TRUE(Eventually([&] { return options.IsTopmost(); }));
@@ -122,7 +122,7 @@ TEST_F(OptionsTest, IsModalButHotkeysLaterStartsAndTheEndActAsAlways) {
     Quit();
 }
 
-TEST_F(OptionsTest, ItsEndGivesTheNotesTheirInputBack) {
+TEST_F(OptionsTest, NotesTakeInputAgainAfterItHasClosed) {
     const OptionsWindow options = Open();
     const NoteWindow note = FindNote(Quillo(), L"Call Bob");
     PressKey(VK_ESCAPE);
@@ -223,7 +223,7 @@ TEST_F(OptionsTest, HotkeysAreChosenByPressingThem) {
     Quit();
 }
 
-TEST_F(OptionsTest, FilesAndFoldersAreBrowsedFor) {
+TEST_F(OptionsTest, FilesAndFoldersAreChosenInDialogs) {
     const std::wstring program = Outside() / L"tool.exe";
     const std::wstring sound = Outside() / L"ding.wav";
     WriteBytes(program, "MZ");
@@ -307,7 +307,7 @@ TEST_F(OptionsTest, TheHelpPageNamesTheFolderOfNotesAndOpensTheHelp) {
     Quit();
 }
 
-TEST_F(OptionsTest, TheProgramEndsOutOfWhateverTheDialogAsks) {
+TEST_F(OptionsTest, TheProgramCanEndDuringAnyQuestionOfTheDialog) {
     struct Question {
         OptionsPage page;
         OptionControl button;
@@ -324,7 +324,7 @@ TEST_F(OptionsTest, TheProgramEndsOutOfWhateverTheDialogAsks) {
     }
 }
 
-TEST_F(OptionsTest, TheStartupWarningStandsAboveTheDialog) {
+TEST_F(OptionsTest, TheStartupWarningAppearsAboveTheDialog) {
     const OptionsWindow options = Open();
     ASSERT_TRUE(options.ClickTab(OptionsPage::Behavior));
     ASSERT_TRUE(Eventually([&] { return options.IsTopmost(); }));

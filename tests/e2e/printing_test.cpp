@@ -49,7 +49,7 @@ class PrintingBase : public OrdinaryTest {
 
 class PrintingTest : public PrintingBase {};
 
-TEST_F(PrintingTest, WithoutADefaultPrinterTheUserIsTold) {
+TEST_F(PrintingTest, AMissingDefaultPrinterIsReported) {
     if (!DefaultPrinter().empty()) GTEST_SKIP() << "there is a default printer";
     const NoteWindow note = Open(NoteFile{"Buy milk"});
     PrintByMenu(note);
@@ -73,7 +73,7 @@ class PaperTest : public PrintingBase {
     }
 };
 
-TEST_F(PaperTest, ANoteComesOutOnAsManyPagesAsItTakes) {
+TEST_F(PaperTest, ANoteIsPrintedOnAsManyPagesAsItNeeds) {
     const TestPrinter printer;
     NoteFile file;
     std::vector<std::string> lines;
@@ -142,7 +142,7 @@ TEST_F(PaperTest, ParagraphsAreWrappedBetweenWords) {
     EXPECT_GT(pages[0].end() - 1 - first, static_cast<std::ptrdiff_t>(paragraphs.size())) << "some take two lines";
 }
 
-TEST_F(PaperTest, AReminderIsPrintedWithItsDateInPlaceOfToday) {
+TEST_F(PaperTest, AReminderIsPrintedWithItsDateInsteadOfToday) {
     const TestPrinter printer;
     NoteFile file{"Call Bob"};
     file.reminder = "#402133.25";
@@ -163,7 +163,7 @@ TEST_F(PaperTest, AnEmptyNotePrintsOnePage) {
     ExpectFrame(pages[0], 1, "Printed ");
 }
 
-TEST_F(PaperTest, WhenThePrinterCannotBeReachedTheUserIsTold) {
+TEST_F(PaperTest, AnUnreachablePrinterIsReported) {
     const TestPrinter printer(L"Z:\\there is no such folder\\port.ps");
     const NoteWindow note = Open(NoteFile{"Buy milk"});
     PrintByMenu(note);

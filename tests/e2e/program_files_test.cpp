@@ -60,7 +60,7 @@ class ProgramFile {
     std::vector<BYTE> version_;
 };
 
-TEST(ProgramFiles, SayWhatTheyAre) {
+TEST(ProgramFiles, HaveTheirVersionInformation) {
     struct Case {
         const wchar_t* name;
         const wchar_t* title;
@@ -82,7 +82,7 @@ TEST(ProgramFiles, SayWhatTheyAre) {
     }
 }
 
-TEST(ProgramFiles, DeclareWhatTheyAreMadeFor) {
+TEST(ProgramFiles, DeclareTheirSupportedSystems) {
     for (const wchar_t* program : {L"quillo.exe", L"quillo-new.exe"}) {
         const std::string manifest = ProgramFile(PathOf(program)).Manifest();
         EXPECT_THAT(manifest, HasSubstr("{35138b9a-5d96-4fbd-8e2d-a2440225f93a}")) << "Windows 7";
@@ -93,7 +93,7 @@ TEST(ProgramFiles, DeclareWhatTheyAreMadeFor) {
     }
 }
 
-TEST(ProgramFiles, CarryTheirIconsInEverySize) {
+TEST(ProgramFiles, HaveTheirIconsInEverySize) {
     constexpr int kMark = 101;
     constexpr int kNoteFile = 102;
     const ProgramFile quillo(PathOf(L"quillo.exe"));

@@ -40,7 +40,7 @@ class RecoveryAtStart : public OrdinaryTest {
     }
 };
 
-TEST_F(RecoveryAtStart, APreparedStorageCopyThatIsWholeTakesItsPlace) {
+TEST_F(RecoveryAtStart, ACompletePreparedStorageCopyIsUsed) {
     Profile().AddNote(L"a.qln.new", NoteFile{"never in its place"}.Bytes());
     Profile().AddNote(L"b.qln", NoteFile{"old"}.Bytes());
     // The times show which is newer; file systems round them.
@@ -60,7 +60,7 @@ TEST_F(RecoveryAtStart, APreparedStorageCopyThatIsWholeTakesItsPlace) {
         << "the older one is kept until the next start";
 }
 
-TEST_F(RecoveryAtStart, ATornPreparedCopyIsRemoved) {
+TEST_F(RecoveryAtStart, AnIncompletePreparedCopyIsRemoved) {
     const std::string bytes = NoteFile{"torn"}.Bytes();
     Profile().AddNote(L"a.qln.new", bytes.substr(0, bytes.size() - 1));
     Profile().AddNote(L"b.qln.new", "");
@@ -70,7 +70,7 @@ TEST_F(RecoveryAtStart, ATornPreparedCopyIsRemoved) {
     EXPECT_THAT(FilesIn(Profile().NotesFolder()), ::testing::ElementsAre(L"c.qln.new.txt"));
 }
 
-TEST_F(RecoveryAtStart, TornRecordsAreRemovedAndChangeNothing) {
+TEST_F(RecoveryAtStart, DamagedRecordsAreRemovedAndChangeNothing) {
     Profile().AddNote(L"note.qln", NoteFile{"precious"}.Bytes());
     const std::string whole = MoveRecord(InNotes(L"note.qln"), NoteFile{"precious"}.Bytes(), L"", "");
     AddRecord(L"empty.qlr", "");
@@ -83,7 +83,7 @@ TEST_F(RecoveryAtStart, TornRecordsAreRemovedAndChangeNothing) {
     EXPECT_TRUE(FilesIn(RecoveryFolder()).empty());
 }
 
-TEST_F(RecoveryAtStart, ANoteOnItsWayToAFileIsOnlyThereAfterwards) {
+TEST_F(RecoveryAtStart, ANoteBeingMovedToAFileIsOnlyInThatFileAfterwards) {
     const std::string closed = NoteFile{"precious"}.Bytes();
     const std::wstring path = Outside() / L"precious.qln";
     WriteBytes(path, closed);
@@ -107,7 +107,7 @@ TEST_F(RecoveryAtStart, ANoteThatHasChangedSinceItsRecordStays) {
     EXPECT_TRUE(FilesIn(RecoveryFolder()).empty());
 }
 
-TEST_F(RecoveryAtStart, ANoteOnItsWayFromAFileIsOpenOnce) {
+TEST_F(RecoveryAtStart, ANoteBeingMovedFromAFileIsOpenOnce) {
     // The storage copy was prepared, but not moved to its place.
     const std::string source = "precious";
     const std::wstring path = Outside() / L"precious.txt";

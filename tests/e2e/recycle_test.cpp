@@ -23,7 +23,7 @@ class Recycling : public OrdinaryTest {
     }
 };
 
-TEST_F(Recycling, ANoteComesBackFromTheRecycleBin) {
+TEST_F(Recycling, ANoteIsRestoredFromTheRecycleBin) {
     NoteFile file{"Precious"};
     file.appearance = "True,True,16777088,128,16711680,0";
     file.reminder = "#402133.25";
@@ -46,7 +46,7 @@ TEST_F(Recycling, ANoteComesBackFromTheRecycleBin) {
     EXPECT_EQ(ReadBytes(StorageCopies()[0]), file.Bytes());
 }
 
-TEST_F(Recycling, ANamedNoteIsThrownAwayUnderItsName) {
+TEST_F(Recycling, ANamedNoteIsDeletedUnderItsName) {
     const std::wstring path = Outside() / L"shopping list.qln";
     NoteFile file{"Milk and bread"};
     WriteBytes(path, BytesAt(path, file, "filename"));
@@ -69,7 +69,7 @@ TEST_F(Recycling, AnEmptyNoteLeavesNothing) {
     EXPECT_EQ(RecycledItems(), before);
 }
 
-TEST_F(Recycling, WithoutTheRecycleBinTheKeysDeleteForGoodWithoutAQuestion) {
+TEST_F(Recycling, WithoutTheRecycleBinTheKeysDeletePermanentlyWithoutAQuestion) {
     Profile().SetNumber(L"Don't recycle notes", 1);
     const long long before = RecycledItems();
     Profile().AddNote(L"note.qln", NoteFile{"Rubbish"}.Bytes());

@@ -52,7 +52,7 @@ class ReminderAlert : public OrdinaryTest {
     }
 };
 
-TEST_F(ReminderAlert, AReminderInThePastBringsItsAlertAndEscTheNote) {
+TEST_F(ReminderAlert, AReminderInThePastShowsItsAlertAndEscShowsTheNote) {
     const std::wstring path = AddDue("Call Bob");
     const FileMark before = MarkOf(path);
     Start();
@@ -72,7 +72,7 @@ TEST_F(ReminderAlert, AReminderInThePastBringsItsAlertAndEscTheNote) {
     EXPECT_TRUE(MarkOf(path) == before) << "a reminder that has come is no change of the note: " << ReadBytes(path);
 }
 
-TEST_F(ReminderAlert, ComesAlsoWhileStartUpWaitsForAnAnswer) {
+TEST_F(ReminderAlert, AppearsAlsoWhileStartUpWaitsForAnAnswer) {
     AddDue("Call Bob");
     Start(L"/unheard");
     const auto box = MessageBoxWindow::WaitFor(Quillo().Pid());
@@ -81,7 +81,7 @@ TEST_F(ReminderAlert, ComesAlsoWhileStartUpWaitsForAnAnswer) {
     ASSERT_TRUE(box->Answer(IDOK));
 }
 
-TEST_F(ReminderAlert, AnAlertUnansweredAtACrashComesAgain) {
+TEST_F(ReminderAlert, AnAlertUnansweredAtACrashAppearsAgain) {
     ASSERT_NE(StartDue(), nullptr);
     Quillo().Kill();
     Start();
@@ -108,7 +108,7 @@ TEST_F(ReminderAlert, CtrlWDismissesAndWAloneDoesNot) {
     EXPECT_EQ(note.Text(), L"Call Bob");
 }
 
-TEST_F(ReminderAlert, AMinimizedNoteComesBackWithoutItsIcon) {
+TEST_F(ReminderAlert, AMinimizedNoteIsShownWithoutItsIcon) {
     AddDue("Call Bob", kMinimized);
     Start();
     const NoteWindow note = FindNote(Quillo(), L"Call Bob");
@@ -169,7 +169,7 @@ TEST_F(ReminderAlert, ItIsDraggedByItsStripAndAClickBesideTheStripDismisses) {
     EXPECT_TRUE(Eventually([&] { return FindNote(Quillo(), L"Call Bob").IsVisible(); }));
 }
 
-TEST_F(ReminderAlert, AFaceThatIsPressedAndLeftIsNotDismissed) {
+TEST_F(ReminderAlert, APressThatLeavesTheAlertDoesNotDismissIt) {
     HWND alert = StartDue();
     ASSERT_NE(alert, nullptr);
     const RECT place = PlaceOf(alert);
@@ -179,7 +179,7 @@ TEST_F(ReminderAlert, AFaceThatIsPressedAndLeftIsNotDismissed) {
     EXPECT_TRUE(ClickAway(alert, POINT{Px(60), Px(100)}));
 }
 
-TEST_F(ReminderAlert, ANextReminderBringsAnotherAlert) {
+TEST_F(ReminderAlert, ANextReminderShowsAnotherAlert) {
     HWND alert = StartDue();
     ASSERT_NE(alert, nullptr);
     ASSERT_TRUE(HasKeyboard(alert));

@@ -84,7 +84,7 @@ TEST_F(ReminderDialogTest, APhraseTypedIsInTheNotesFile) {
     EXPECT_THAT(ReadBytes(path_), ::testing::StartsWith("Call Bob\r\n<quillo>")) << "no key of these is in the text";
 }
 
-TEST_F(ReminderDialogTest, WhatIsNotUnderstoodIsSaidOnceTheWindowHasGrown) {
+TEST_F(ReminderDialogTest, APhraseThatIsNotUnderstoodIsReportedInAGrownWindow) {
     const NoteWindow note = Open();
     const FileMark before = MarkOf(path_);
     const ReminderDialogWindow dialog = AskReminder(note);
@@ -127,7 +127,7 @@ TEST_F(ReminderDialogTest, WhatIsNotUnderstoodIsSaidOnceTheWindowHasGrown) {
     EXPECT_TRUE(MarkOf(path_) == before) << "nothing was set: " << ReadBytes(path_);
 }
 
-TEST_F(ReminderDialogTest, AskedTwiceItIsBroughtForwardOnce) {
+TEST_F(ReminderDialogTest, AskedTwiceThereIsOneDialogInFront) {
     NoteFile large{"Call Bob"};  // larger than the dialog that opens over its middle
     large.position = PositionOfPixels(Px(100), Px(50), Px(700), Px(600));
     Profile().AddNote(L"note.qln", large.Bytes());
@@ -164,7 +164,7 @@ TEST_F(ReminderDialogTest, KeepingAReminderChangesNothing) {
     EXPECT_TRUE(MarkOf(path_) == before) << ReadBytes(path_);
 }
 
-TEST_F(ReminderDialogTest, ACanceledReminderDoesNotComeBack) {
+TEST_F(ReminderDialogTest, ACanceledReminderStaysCanceled) {
     const NoteWindow note = Open(kInTheYear3000);
     const std::uint64_t before = WriteTimeOf(path_);
     const ReminderDialogWindow dialog = AskReminder(note);
@@ -204,7 +204,7 @@ TEST_F(ReminderDialogTest, TheNoteHidesUntilThen) {
     EXPECT_THAT(ReadBytes(path_), ::testing::HasSubstr("<appearance>False,False,14155262,3723262,0,1</appearance>"));
 }
 
-TEST_F(ReminderDialogTest, WithMinimizeToTrayTheNoteGoesToItsIconWhichSaysSo) {
+TEST_F(ReminderDialogTest, WithMinimizeToTrayTheNoteIsMinimizedWithABalloon) {
     if (!HasBareTaskBar()) GTEST_SKIP() << "balloons are no windows of their own here";
     Profile().SetNumber(L"Minimize to tray", 1);
     const NoteWindow note = Open();
@@ -223,7 +223,7 @@ TEST_F(ReminderDialogTest, WithMinimizeToTrayTheNoteGoesToItsIconWhichSaysSo) {
     EXPECT_THAT(ReadBytes(path_), ::testing::HasSubstr("<appearance>False,False,14155262,3723262,0,2</appearance>"));
 }
 
-TEST_F(ReminderDialogTest, ANoteClosedUnderItsDialogTakesItAlong) {
+TEST_F(ReminderDialogTest, ClosingANoteClosesItsDialog) {
     const NoteWindow note = Open();
     const ReminderDialogWindow dialog = AskReminder(note);
     PostMessageW(note.Handle(), WM_CLOSE, 0, 0);

@@ -37,7 +37,7 @@ class Robustness : public OrdinaryTest {
     static void PutBefore(const NoteWindow& note, const std::wstring& text) { note.Edit(0, 0, text); }
 };
 
-TEST_F(Robustness, OfFiftyOneFilesFiftyAreOpenedAndOneStaysAsItIs) {
+TEST_F(Robustness, OfFiftyOneFilesFiftyAreOpenedAndOneIsNotChanged) {
     AddNotes(kMostNotes + 1);
     std::map<std::wstring, FileMark> before;
     for (const std::wstring& path : StorageCopies()) before[path] = MarkOf(path);
@@ -68,7 +68,7 @@ TEST_F(Robustness, FiftyFilesAreOpenedWithoutABalloon) {
     EXPECT_FALSE(Quillo().HasShownBalloon());
 }
 
-TEST_F(Robustness, DisabledBalloonHelpSaysNothingOfTheFiftyFirst) {
+TEST_F(Robustness, WithoutBalloonHelpTheFiftyFirstIsNotReported) {
     Profile().SetNumber(L"Disable balloon help", 1);
     AddNotes(kMostNotes + 1);
     Start();
@@ -93,7 +93,7 @@ TEST_F(Robustness, TheEndOfTheSessionSavesTheNotes) {
     EXPECT_EQ(Quillo().WaitForExit(), 0U);
 }
 
-TEST_F(Robustness, ASessionThatGoesOnAfterAllKeepsTheProgram) {
+TEST_F(Robustness, ASessionThatDoesNotEndKeepsTheProgram) {
     AddNotes(1);
     Start();
     HWND form = MainMenu(Quillo().Pid()).Handle();
@@ -145,7 +145,7 @@ TEST_F(Robustness, APowerFailureDuringASaveLeavesEveryFileWhole) {
     RecordProperty("saves_interrupted", interrupted);
 }
 
-TEST_F(Robustness, AReaderOfTheFileDoesNotCostTheText) {
+TEST_F(Robustness, AReaderOfTheFileDoesNotLoseTheText) {
     // A virus scanner or a backup has the file open briefly, just when the note is saved.
     AddNotes(1);
     const std::wstring path = StorageCopies().at(0);
@@ -169,7 +169,7 @@ TEST_F(Robustness, AReaderOfTheFileDoesNotCostTheText) {
     EXPECT_EQ(FilesIn(Profile().NotesFolder()).size(), 1U) << "nothing is left beside the note";
 }
 
-TEST_F(Robustness, ThousandsOfLinesAndWildBytesDoNotDisturbIt) {
+TEST_F(Robustness, ThousandsOfLinesAndRandomBytesDoNotDisturbIt) {
     std::string wild;
     for (int i = 1; i < 256; ++i) wild += static_cast<char>(i);
     Profile().AddNote(L"wild.qln", wild);

@@ -82,7 +82,7 @@ TEST_F(SingleInstance, ACommandSentBeforeTheChannelIsOpenWaitsForIt) {
     FAIL() << "the first start never became the running program";
 }
 
-TEST_F(SingleInstance, AKilledPredecessorDoesNotBlockTheNextStart) {
+TEST_F(SingleInstance, AKilledInstanceDoesNotBlockTheNextStart) {
     Profile().AddNote(L"note.qln", NoteFile{"a note"}.Bytes());
     Start();
     Quillo().Kill();
@@ -92,13 +92,13 @@ TEST_F(SingleInstance, AKilledPredecessorDoesNotBlockTheNextStart) {
     EXPECT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 2; })) << "the new one hears what is sent";
 }
 
-TEST_F(SingleInstance, ASecondStartWithCloseAndNobodyThereLeavesNothing) {
+TEST_F(SingleInstance, ACloseCommandWithoutAnInstanceChangesNothing) {
     EXPECT_EQ(RunToEnd(L"/close"), 0U);
     EXPECT_EQ(FindChannel(), nullptr);
     EXPECT_THAT(StorageCopies(), IsEmpty());
 }
 
-TEST_F(SingleInstance, APredecessorThatHangsIsNotWaitedForWithNothingToSay) {
+TEST_F(SingleInstance, AnEmptyCommandDoesNotWaitForAHungInstance) {
     Start();
     // A start with an empty command line sends nothing, so it ends although nobody answers.
     const DWORD thread = GetWindowThreadProcessId(Quillo().Channel(), nullptr);

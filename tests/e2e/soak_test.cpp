@@ -176,7 +176,7 @@ class Soak : public OrdinaryTest {
     int texts_ = 0;
 };
 
-TEST_F(Soak, WhateverTheUserDoesNothingIsLost) {
+TEST_F(Soak, NoUserActionLosesAnything) {
     const unsigned seed = NumberFromEnvironment("QUILLO_SOAK_SEED", 20261121);
     const unsigned actions = NumberFromEnvironment("QUILLO_SOAK_ACTIONS", 30);
     std::cout << "QUILLO_SOAK_SEED=" << seed << " QUILLO_SOAK_ACTIONS=" << actions << std::endl;

@@ -86,7 +86,7 @@ TEST_F(Startup, WritesTheRunValueWheneverItDiffers) {
     }
 }
 
-TEST_F(Startup, Mode1TakesTheRunValueAwayWithTheLastNote) {
+TEST_F(Startup, Mode1DeletesTheRunValueWithTheLastNote) {
     Profile().SetNumber(L"Startup Mode", 1);
     Start();
     EXPECT_EQ(Profile().RunValue(), QuilloExe());
@@ -105,7 +105,7 @@ TEST_F(Startup, Mode1KeepsTheRunValueWhileANoteIsOpen) {
     EXPECT_EQ(Profile().RunValue(), QuilloExe());
 }
 
-TEST_F(Startup, TellsOfUnknownCommandsOnceTheNotesAreUp) {
+TEST_F(Startup, ReportsUnknownCommandsOnceTheNotesAreOpen) {
     Profile().AddNote(L"note.qln", NoteFile{"a note"}.Bytes());
     for (const std::wstring& command : {std::wstring(L"/new"), std::wstring(L"/x y")}) {
         Start(L" " + command + L"  ");
@@ -121,7 +121,7 @@ TEST_F(Startup, TellsOfUnknownCommandsOnceTheNotesAreUp) {
     }
 }
 
-TEST_F(Startup, ClosesWhileItTellsOfAnUnknownCommand) {
+TEST_F(Startup, ClosesWhileItReportsAnUnknownCommand) {
     Start(L"/x");
     ASSERT_TRUE(MessageBoxWindow::WaitFor(Quillo().Pid()));
     EXPECT_EQ(RunToEnd(L"/close"), 0U);
@@ -130,7 +130,7 @@ TEST_F(Startup, ClosesWhileItTellsOfAnUnknownCommand) {
     EXPECT_EQ(Quillo().WaitForExit(), 0U) << "the command is not lost";
 }
 
-TEST_F(Startup, WhatComesAfterCloseIsNotCarriedOut) {
+TEST_F(Startup, CommandsAfterCloseAreNotCarriedOut) {
     const std::wstring path = Outside() / L"late.txt";
     WriteBytes(path, "late");
     Start(L"/x");
@@ -169,7 +169,7 @@ TEST_F(Startup, OpensARelativePathFromItsOwnFolder) {
     EXPECT_FALSE(FileExists(Outside() / L"near.txt"));
 }
 
-TEST_F(Startup, PassesOverOtherFilesOfTheFolder) {
+TEST_F(Startup, IgnoresOtherFilesInTheFolder) {
     Profile().AddNote(L"note.QLN", NoteFile{"capital"}.Bytes());
     Profile().AddNote(L"note.qlnx", "longer ending");
     Profile().AddNote(L"note.txt", "text");

@@ -31,7 +31,7 @@ class TrayIcon : public OrdinaryTest {
     std::wstring path_;
 };
 
-TEST_F(TrayIcon, AMinimizedNoteComesBackByAClickOnItsIcon) {
+TEST_F(TrayIcon, AClickOnItsIconShowsAMinimizedNote) {
     const NoteFile file{"  Milk and\r\nbread "};
     const NoteWindow note = Open(file);
     const RECT before = note.Rectangle();
@@ -65,7 +65,7 @@ TEST_F(TrayIcon, ALongTextIsCutAtSixtyCharacters) {
     EXPECT_TRUE(ComesBackByAClick(cut, Widen(sixty) + L"..."));
 }
 
-TEST_F(TrayIcon, WithMinimizeToTrayEvenANoteWithAReminderGoesToItsIcon) {
+TEST_F(TrayIcon, WithMinimizeToTrayEvenANoteWithAReminderIsMinimized) {
     Profile().SetNumber(L"Minimize to tray", 1);
     NoteFile file{"Later"};
     file.reminder = "#402133.25";
@@ -76,7 +76,7 @@ TEST_F(TrayIcon, WithMinimizeToTrayEvenANoteWithAReminderGoesToItsIcon) {
     EXPECT_TRUE(ComesBackByAClick(note, L"Later"));
 }
 
-TEST_F(TrayIcon, AMinimizedNoteIsStillOneAfterARestart) {
+TEST_F(TrayIcon, AMinimizedNoteIsStillMinimizedAfterARestart) {
     NoteFile file{"Small"};
     const NoteWindow note = Open(file);
     ASSERT_TRUE(MinimizeByKeys(note));
@@ -89,7 +89,7 @@ TEST_F(TrayIcon, AMinimizedNoteIsStillOneAfterARestart) {
     EXPECT_TRUE(ComesBackByAClick(again, L"Small"));
 }
 
-TEST_F(TrayIcon, AKilledProgramHasKeptWhereItsNotesWere) {
+TEST_F(TrayIcon, AKilledProgramHasKeptThePlacesOfItsNotes) {
     NoteFile file{"Small"};
     const NoteWindow note = Open(file);
     const std::uint64_t before = WriteTimeOf(path_);

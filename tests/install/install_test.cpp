@@ -58,7 +58,7 @@ TEST_F(Installing, PutsTheProgramInPlaceAndStartsIt) {
     EXPECT_TRUE(ShowsNotes(2));
 }
 
-TEST_F(Installing, IntoAnEmptyProfileMakesAFirstRun) {
+TEST_F(Installing, IntoAnEmptyProfileStartsAFirstRun) {
     RegDeleteTreeW(HKEY_CURRENT_USER, kSettingsKey);
     ASSERT_EQ(Setup(OldSetup()), 0U);
     EXPECT_TRUE(Eventually([&] { return Profile().HasValue(L"Shown Help"); }));
@@ -66,7 +66,7 @@ TEST_F(Installing, IntoAnEmptyProfileMakesAFirstRun) {
     EXPECT_TRUE(Eventually([&] { return FolderExists(Profile().NotesFolder()); }));
 }
 
-TEST_F(Installing, PutsTheFolderOnThePathAndRemovingTakesOnlyThatEntryOut) {
+TEST_F(Installing, AddsTheFolderToThePathAndRemovingDeletesOnlyThatEntry) {
     const UserPath restored;
     const UserPath::Value before{L"%USERPROFILE%\\bin;C:\\tools", REG_EXPAND_SZ};
     UserPath::Write(before);
@@ -79,7 +79,7 @@ TEST_F(Installing, PutsTheFolderOnThePathAndRemovingTakesOnlyThatEntryOut) {
     EXPECT_TRUE(UserPath::Read() == before);
 }
 
-TEST_F(Installing, LeavesThePathAloneWhenToldTo) {
+TEST_F(Installing, DoesNotChangeThePathWhenToldNotTo) {
     const UserPath restored;
     const UserPath::Value before{L"C:\\tools", REG_SZ};
     UserPath::Write(before);
@@ -89,7 +89,7 @@ TEST_F(Installing, LeavesThePathAloneWhenToldTo) {
     EXPECT_TRUE(UserPath::Read() == before) << "the choice is kept";
 }
 
-TEST_F(Installing, IsToldToTheListOfInstalledApps) {
+TEST_F(Installing, IsInTheListOfInstalledApps) {
     ASSERT_EQ(Setup(OldSetup(), L"/NOSTART"), 0U);
     EXPECT_EQ(UserText(kUninstallKey, L"DisplayName"), L"Quillo");
     EXPECT_EQ(UserText(kUninstallKey, L"DisplayVersion"), Version());
@@ -127,14 +127,14 @@ TEST_F(Installing, OpensNoteFilesByTheRegisteredCommand) {
     EXPECT_EQ(NoteWindow(NotesOnTheScreen().at(0)).Text(), L"with a double click");
 }
 
-TEST_F(Installing, LeavesTheChoiceOfAnotherProgramAlone) {
+TEST_F(Installing, KeepsTheChoiceOfAnotherProgram) {
     SetUserText(kExtensionKey, L"", L"Other.Note");
     ASSERT_EQ(Setup(OldSetup(), L"/NOSTART"), 0U);
     EXPECT_EQ(UserText(kExtensionKey, L""), L"Other.Note");
     EXPECT_TRUE(UserText(std::wstring(kExtensionKey) + L"\\OpenWithProgids", L"Quillo.Note")) << "offered beside it";
 }
 
-TEST_F(Installing, MakesTwoEntriesOfTheStartMenu) {
+TEST_F(Installing, CreatesTwoEntriesInTheStartMenu) {
     ASSERT_EQ(Setup(OldSetup(), L"/NOSTART"), 0U);
     EXPECT_EQ(ReadLink(StartMenu() / L"Quillo.lnk").target, Folder() / L"quillo.exe");
     const Link newNote = ReadLink(StartMenu() / L"Quillo - new note.lnk");
@@ -173,7 +173,7 @@ std::wstring TextsIn(HWND window) {
     return texts;
 }
 
-TEST_F(Installing, HasOnePageThatSaysWhatHappens) {
+TEST_F(Installing, HasOnePageThatDescribesItsSteps) {
     Family& setup = Start(L"\"" + OldSetup() + L"\"");
     HWND page = WindowWithTitle(setup.Pid(), L"Quillo " + Version() + L" Setup");
     ASSERT_NE(page, nullptr);

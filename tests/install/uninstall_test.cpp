@@ -34,7 +34,7 @@ TEST_F(Removing, KeepsTheNotesAndTheSettings) {
     EXPECT_THAT(texts, ::testing::Contains(::testing::StartsWith(L"last words, ")));
 }
 
-TEST_F(Removing, TakesTheSettingsAlongWhenItIsToldTo) {
+TEST_F(Removing, DeletesTheSettingsWhenToldTo) {
     AddNotes();
     Profile().SetNumber(L"Note opacity", 100);
     Profile().SetText(L"Note folder", L"C:\\somewhere");
@@ -44,7 +44,7 @@ TEST_F(Removing, TakesTheSettingsAlongWhenItIsToldTo) {
     EXPECT_EQ(FilesIn(Profile().NotesFolder(), L".qln").size(), 2U) << "the notes stay, always";
 }
 
-TEST_F(Removing, LeavesWhatIsNotASettingOfQuillo) {
+TEST_F(Removing, KeepsValuesThatAreNotSettingsOfQuillo) {
     ASSERT_EQ(Setup(OldSetup(), L"/NOSTART"), 0U);
     Profile().SetText(L"Somebody else's", L"value");
     Remove(L"/SETTINGS");
@@ -52,7 +52,7 @@ TEST_F(Removing, LeavesWhatIsNotASettingOfQuillo) {
     EXPECT_EQ(Profile().Text(L"Somebody else's"), L"value");
 }
 
-TEST_F(Removing, TouchesNoSettingWhileOldNotesAreAmongThem) {
+TEST_F(Removing, KeepsEverySettingWhileOldNotesAreAmongThem) {
     ASSERT_EQ(Setup(OldSetup(), L"/NOSTART"), 0U);
     Profile().SetNumber(L"Notes", 1);
     Profile().SetText(L"Note 1", L"from long ago");
@@ -62,7 +62,7 @@ TEST_F(Removing, TouchesNoSettingWhileOldNotesAreAmongThem) {
     EXPECT_EQ(Profile().AllSettings(), before);
 }
 
-TEST_F(Removing, LeavesAloneWhatNamesAnotherProgram) {
+TEST_F(Removing, KeepsValuesThatNameAnotherProgram) {
     SetUserText(kExtensionKey, L"", L"Other.Note");
     ASSERT_EQ(Setup(OldSetup(), L"/NOSTART"), 0U);
     Profile().SetRunValue(L"C:\\elsewhere\\quillo.exe");
@@ -72,7 +72,7 @@ TEST_F(Removing, LeavesAloneWhatNamesAnotherProgram) {
     EXPECT_FALSE(UserText(std::wstring(kExtensionKey) + L"\\OpenWithProgids", L"Quillo.Note"));
 }
 
-TEST_F(Removing, LeavesTheTypeToAnotherInstallation) {
+TEST_F(Removing, KeepsTheFileTypeOfAnotherInstallation) {
     ASSERT_EQ(Setup(OldSetup(), L"/NOSTART"), 0U);
     const std::wstring command = std::wstring(kTypeKey) + L"\\shell\\open\\command";
     SetUserText(command, L"", L"\"C:\\elsewhere\\quillo.exe\" \"%1\"");
@@ -81,7 +81,7 @@ TEST_F(Removing, LeavesTheTypeToAnotherInstallation) {
     EXPECT_EQ(UserText(kExtensionKey, L""), L"Quillo.Note");
 }
 
-TEST_F(Removing, LeavesForeignFilesInItsFolder) {
+TEST_F(Removing, KeepsForeignFilesInItsFolder) {
     ASSERT_EQ(Setup(OldSetup(), L"/NOSTART"), 0U);
     WriteBytes(Installed(L"mine.txt"), "mine");
     Start(L"\"" + Installed(L"uninstall.exe") + L"\" /S");

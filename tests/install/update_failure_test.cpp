@@ -44,7 +44,7 @@ class FailingUpdate : public InstallTest {
     }
 };
 
-TEST_F(FailingUpdate, AProgramThatDoesNotEndStaysAsItIs) {
+TEST_F(FailingUpdate, AProgramThatDoesNotEndIsNotChanged) {
     {
         const Suspension hung(RunningProgram());
         EXPECT_EQ(Setup(NewSetup(), L"/WAIT=1"), 2U);
@@ -83,7 +83,7 @@ TEST_F(FailingUpdate, AsksWhetherToTryAgain) {
     ExpectTheOldProgram();
 }
 
-TEST_F(FailingUpdate, AFileThatIsHeldStaysAndTheProgramComesBack) {
+TEST_F(FailingUpdate, AFileThatIsInUseStaysAndTheProgramIsStartedAgain) {
     FileHandle held = Hold(L"Quillo.chm", 0);
     // Long enough for the program to end on a busy machine: only a program that has ended is started again.
     EXPECT_EQ(Setup(NewSetup(), L"/WAIT=8"), 2U);
@@ -91,7 +91,7 @@ TEST_F(FailingUpdate, AFileThatIsHeldStaysAndTheProgramComesBack) {
     ExpectTheOldProgram();
 }
 
-TEST_F(FailingUpdate, AFileThatCannotBeReplacedPutsTheOthersBack) {
+TEST_F(FailingUpdate, AFileThatCannotBeReplacedRestoresTheOthers) {
     // The other program allows writing, but not replacing the file; Quillo.chm has been replaced by then.
     FileHandle held = Hold(L"Reminder.wma", FILE_SHARE_READ | FILE_SHARE_WRITE);
     EXPECT_EQ(Setup(NewSetup()), 7U);
@@ -99,7 +99,7 @@ TEST_F(FailingUpdate, AFileThatCannotBeReplacedPutsTheOthersBack) {
     ExpectTheOldProgram();
 }
 
-TEST_F(FailingUpdate, TwoAtOnceAreOneTooMany) {
+TEST_F(FailingUpdate, TwoUpdatesCannotRunAtOnce) {
     const FileHandle held = Hold(L"Quillo.chm", 0);
     Start(L"\"" + NewSetup() + L"\" /S");
     ASSERT_TRUE(Eventually([] { return FindChannel() == nullptr; })) << "it waits for the file now";
@@ -122,7 +122,7 @@ TEST_F(FailingUpdate, KilledWhileItWaitsLeavesTheOldProgram) {
     EXPECT_TRUE(ShowsNotes(1));
 }
 
-TEST_F(FailingUpdate, KilledBetweenTwoFilesLeavesAProgramThatWorks) {
+TEST_F(FailingUpdate, KilledBetweenTwoFilesLeavesAWorkingProgram) {
     CloseInstalled();
     // From the first copy of an old file until the last one is in place.
     for (const wchar_t* moment : {L"~old\\uninstall.exe", L"~old\\Quillo.chm", L"~old\\quillo.exe"}) {
@@ -167,7 +167,7 @@ class FullDisk : public InstallTest {
     std::wstring disk_;
 };
 
-TEST_F(FullDisk, AnUpdateThatHasNoRoomLeavesTheOldProgram) {
+TEST_F(FullDisk, AnUpdateThatDoesNotFitKeepsTheOldProgram) {
     Profile().AddNote(L"note.qln", NoteFile{"mine"}.Bytes());
     Install(1);
     constexpr std::uintmax_t kTooLittle = 500'000;

@@ -20,7 +20,7 @@ TEST_F(Updating, OverTheRunningProgramLosesNothing) {
     EXPECT_EQ(UserText(kUninstallKey, L"DisplayVersion"), kNewVersion);
 }
 
-TEST_F(Updating, WithoutAPageStartsNothingThatDidNotRun) {
+TEST_F(Updating, SilentlyStartsNothingThatDidNotRun) {
     ASSERT_EQ(Setup(OldSetup(), L"/NOSTART"), 0U);
     EXPECT_EQ(Setup(NewSetup()), 0U);
     EXPECT_TRUE(IsNew());

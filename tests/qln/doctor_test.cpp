@@ -21,7 +21,7 @@ class QlnDoctor : public QlnTest {
     std::string Copies() const { return JoinPaths(Root(), "Repaired 2026-11-22-100000"); }
 };
 
-TEST_F(QlnDoctor, SoundNotesAndPlainTextsAreLeftAlone) {
+TEST_F(QlnDoctor, SoundNotesAndPlainTextsAreNotChanged) {
     Put(Notes(kFirstName), Copy("sound"));
     Put(Notes("plain.qln"), "a text about <quillo>\r\nand more");
     EXPECT_EQ(Qln({"new", "\u65E5\u672C"}), kDone);
@@ -29,7 +29,7 @@ TEST_F(QlnDoctor, SoundNotesAndPlainTextsAreLeftAlone) {
     EXPECT_EQ(Out(), "Nothing is wrong.\n");
 }
 
-TEST_F(QlnDoctor, SaysWhatIsWrong) {
+TEST_F(QlnDoctor, DescribesEachFault) {
     Put(Notes("a-torn.qln"), "text\r\n<quillo><position>15,1");
     Put(Notes("b-empty.qln"), "");
     Put(Notes("c-nulls.qln"), std::string("a\0b", 3));
@@ -52,7 +52,7 @@ TEST_F(QlnDoctor, SaysWhatIsWrong) {
     EXPECT_EQ(NamesIn(Notes()).size(), 9U) << "nothing was touched";
 }
 
-TEST_F(QlnDoctor, RepairMendsAndKeepsCopies) {
+TEST_F(QlnDoctor, RepairCorrectsFilesAndKeepsCopies) {
     const std::string unicode = DamagedUnicode();
     Put(Notes("a-torn.qln"), "\r\ntext\r\nmore\r\n<quillo><position>15,1");
     Put(Notes("b-empty.qln"), "");

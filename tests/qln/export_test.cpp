@@ -44,7 +44,7 @@ TEST_F(QlnExport, AsMarkdown) {
         "## a\uFFFD\uFFFD\uFFFD\\]\n\n- id: b0000003\n- note: shown, default\n\n```note\na\x1b\x01\u009D]\n```\n");
 }
 
-TEST_F(QlnExport, AsAPageFromTheTopOfTheScreenToItsFoot) {
+TEST_F(QlnExport, AsAPageFromTheTopOfTheScreenToTheBottom) {
     const std::string page = Exported("html");
     EXPECT_NE(page.find("<article style=\"background: #fefdd7; border-color: #fecf38; color: #000000; width: 100px; "
                         "min-height: 50px\">\n<div>a\uFFFD\uFFFD\uFFFD]</div>\n<p>shown, default</p>"),
@@ -92,7 +92,7 @@ TEST_F(QlnExport, LongLinesOfTheCalendarAreFoldedBetweenCharacters) {
     EXPECT_EQ(from, calendar.size());
 }
 
-TEST_F(QlnExport, JsonComesBackAsItWas) {
+TEST_F(QlnExport, JsonIsImportedUnchanged) {
     const std::string json = Exported("json");
     std::string error;
     const auto notes = NotesFromJson(json, error);

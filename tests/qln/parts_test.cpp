@@ -14,7 +14,7 @@
 namespace quillo::qln {
 namespace {
 
-TEST(QlnFolding, CaseAndAccentsDoNotCount) {
+TEST(QlnFolding, CaseAndAccentsAreIgnored) {
     const struct {
         std::u16string_view text, folded;
     } cases[] = {
@@ -38,13 +38,13 @@ TEST(QlnFolding, CaseAndAccentsDoNotCount) {
     EXPECT_EQ(Fold(lone), lone);
 }
 
-TEST(QlnFolding, EachFoldedUnitKnowsWhereItComesFrom) {
+TEST(QlnFolding, EachFoldedUnitHasItsOrigin) {
     const FoldedText folded = FoldWithOrigin(u"a\u00DF\U00010400b");
     EXPECT_EQ(folded.folded, u"ass\U00010428b");
     EXPECT_EQ(folded.origin, (std::vector<std::size_t>{0, 1, 1, 2, 2, 4, 5}));
 }
 
-TEST(QlnCodePage, EveryByteComesBack) {
+TEST(QlnCodePage, EveryByteIsRestored) {
     std::string all;
     for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
     for (const int number : {874, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258}) {
@@ -117,7 +117,7 @@ TEST(QlnRegistry, ReadsTheFileOfAPrefix) {
     EXPECT_EQ(TesselRegistry(api, u"HKEY_CURRENT_USER\\Software\\Other").Value(u""), u"default");
 }
 
-TEST(QlnRegistry, DamageHarmsNobody) {
+TEST(QlnRegistry, DamageIsReadSafely) {
     const std::string whole(kRegistry);
     for (std::size_t size = 0; size <= whole.size(); ++size) {
         static_cast<void>(ReadRegSection(whole.substr(0, size), u"Software\\Marrowind\\Quillo"));
@@ -135,7 +135,7 @@ TEST(QlnRegistry, GivesTheSettingsOfTheProgram) {
     EXPECT_NE(stored.lines.find("Random note color=-1\n"), std::string::npos);
 }
 
-TEST(QlnPathList, OnlyItsOwnEntryIsAddedAndTakenOut) {
+TEST(QlnPathList, OnlyItsOwnEntryIsAddedAndRemoved) {
     const std::u16string folder = u"C:\\Program Files\\Quillo";
     EXPECT_EQ(WithPathEntry(u"", folder), folder);
     EXPECT_EQ(WithPathEntry(u"C:\\a;%B%;", folder), u"C:\\a;%B%;" + folder);
@@ -149,7 +149,7 @@ TEST(QlnPathList, OnlyItsOwnEntryIsAddedAndTakenOut) {
     EXPECT_EQ(WithoutPathEntry(folder, folder), u"");
 }
 
-TEST(QlnPathList, APathOfFiveThousandCharactersComesBack) {
+TEST(QlnPathList, APathOfFiveThousandCharactersIsRestored) {
     std::u16string path;
     while (path.size() < 5000)
         path += u"C:\\Tools\\folder" + FormatInteger(static_cast<std::int64_t>(path.size())) + u";";

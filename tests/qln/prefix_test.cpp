@@ -69,7 +69,7 @@ TEST_F(QlnPrefix, FoldersCodePageAndSettingsComeFromThePrefix) {
     EXPECT_EQ(RealQln({"show", "1", "--codepage", "932"}), kFailed);
 }
 
-TEST_F(QlnPrefix, TheFolderThatIsNamedFirstCounts) {
+TEST_F(QlnPrefix, AFolderGivenExplicitlyHasPriority) {
     setenv("WINEPREFIX", "/nowhere", 1);
     EXPECT_EQ(RealQln({"list"}), kFailed);
     setenv("QUILLO_NOTES", folder_.c_str(), 1);
@@ -87,7 +87,7 @@ TEST_F(QlnPrefix, TheFolderThatIsNamedFirstCounts) {
     unsetenv("XDG_DATA_HOME");
 }
 
-TEST_F(QlnPrefix, TheNotesFolderIsMadeAsTheProgramMakesIt) {
+TEST_F(QlnPrefix, TheNotesFolderIsCreatedAsTheProgramCreatesIt) {
     setenv("WINEPREFIX", prefix_.c_str(), 1);
     fs::remove_all(prefix_ + "/drive_c/users/me/AppData/Local/Marrowind");
     EXPECT_EQ(RealQln({"new", "first"}), kDone) << console_.error;

@@ -73,7 +73,7 @@ TEST_F(QlnReading, AnIdOfDigitsAloneIsTakenWhereNoNoteHasTheNumber) {
     EXPECT_EQ(Out(), "digits\n");
 }
 
-TEST_F(QlnReading, FindWantsEveryWordWithoutCaseAndAccents) {
+TEST_F(QlnReading, FindRequiresEveryWordIgnoringCaseAndAccents) {
     EXPECT_EQ(Qln({"find", "MILK", "caf\u00C9"}), kDone);
     EXPECT_EQ(Out(), "1  3f2504e0  Buy milk\n");
     EXPECT_EQ(Qln({"find", "zoe"}), kDone);
@@ -113,7 +113,7 @@ TEST_F(QlnReading, PathOfTheFolderAndOfANote) {
     EXPECT_EQ(Out(), Notes(kSecondName) + "\n");
 }
 
-TEST_F(QlnReading, WrongUseIsTold) {
+TEST_F(QlnReading, WrongUseIsReported) {
     for (const std::vector<std::string>& arguments : {std::vector<std::string>{},
                                                       {"nonsense"},
                                                       {"find"},

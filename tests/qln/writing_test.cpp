@@ -55,7 +55,7 @@ TEST_F(QlnWriting, NewKeepsWhatTheCodePageLacks) {
     EXPECT_EQ(Out(), "\u65E5\u672C <quillo>\n");
 }
 
-TEST_F(QlnWriting, WhatIsNotUnderstoodRefusesTheWholeCommand) {
+TEST_F(QlnWriting, AnInvalidArgumentRefusesTheWholeCommand) {
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"new", "x", "--remind", "someday"}, {"new", "x", "--color", "pink"}, {"new", "-"}}) {
         host.console.input = std::string("a\0b", 3);
@@ -69,7 +69,7 @@ TEST_F(QlnWriting, WhatIsNotUnderstoodRefusesTheWholeCommand) {
     EXPECT_TRUE(NamesIn(Notes()).empty());
 }
 
-TEST_F(QlnWriting, ARunningProgramIsToldOfTheNote) {
+TEST_F(QlnWriting, ARunningProgramIsNotifiedOfTheNote) {
     host.channel.answers = true;
     EXPECT_EQ(Qln({"new", "x", "--start"}), kDone);
     EXPECT_EQ(host.channel.sent, std::vector<std::string>{MadePath()});
@@ -94,13 +94,13 @@ TEST_F(QlnWriting, WithFiftyNotesNothingIsWritten) {
     EXPECT_NE(Error().find("50"), std::string::npos);
 }
 
-TEST_F(QlnWriting, ANoteThatCannotBeWrittenLeavesNothingBehind) {
+TEST_F(QlnWriting, ANoteThatCannotBeWrittenLeavesNoFile) {
     Put(Notes("{00000001-0000-4000-8000-000000000000}.qln-part"), "in the way");
     EXPECT_EQ(Qln({"new", "x"}), kFailed);
     EXPECT_EQ(NamesIn(Notes()), std::vector<std::string>{"{00000001-0000-4000-8000-000000000000}.qln-part"});
 }
 
-TEST_F(QlnWriting, JsonComesBackByteForByte) {
+TEST_F(QlnWriting, JsonIsRestoredByteForByte) {
     Put(Notes(kFirstName), Copy("\r\nfirst line is empty \x80", "#46348.3958333333", 2));
     Put(Notes(kSecondName),
         "\x3F\r\n<quillo><position>1.5,-15,3000,2400</position>"
@@ -121,7 +121,7 @@ TEST_F(QlnWriting, JsonComesBackByteForByte) {
     EXPECT_TRUE(IsFile(export_)) << "the source stays";
 }
 
-TEST_F(QlnWriting, TextAndMarkdownBringTheTextBack) {
+TEST_F(QlnWriting, TextAndMarkdownRestoreTheText) {
     const std::vector<std::string> texts = {"one", "\r\n\r\ntwo\r\n", "```note\r\n````\r\n# x", "", "\ttab  "};
     for (std::size_t i = 0; i < texts.size(); ++i) Put(Notes("t" + std::to_string(i) + ".qln"), Copy(texts[i]));
     const std::string folder = JoinPaths(Root(), "out");
@@ -155,7 +155,7 @@ TEST_F(QlnWriting, ImportRefusesEverythingForOneBadFile) {
     EXPECT_TRUE(NamesIn(Notes()).empty());
 }
 
-TEST_F(QlnWriting, ImportNamesWhatHasNoRoom) {
+TEST_F(QlnWriting, ImportNamesNotesAboveTheLimit) {
     Fill(49);
     const std::string one = JoinPaths(Root(), "one.txt");
     const std::string two = JoinPaths(Root(), "two.txt");
@@ -181,7 +181,7 @@ TEST_F(QlnWriting, ABackupIsByteForByteAndDated) {
     EXPECT_EQ(MadePath(), folder + "-2");
 }
 
-TEST_F(QlnWriting, RestoreBringsBackWhatIsMissing) {
+TEST_F(QlnWriting, RestoreCreatesMissingNotes) {
     Put(Notes(kFirstName), Copy("\r\nfirst", "#46348.3958333333", 1));
     Put(Notes(kSecondName), Copy("second"));
     Put(Notes(kThirdName), Copy("third"));
@@ -205,7 +205,7 @@ TEST_F(QlnWriting, RestoreBringsBackWhatIsMissing) {
     EXPECT_EQ(NamesIn(backup).size(), 4U) << "the backup stays";
 }
 
-TEST_F(QlnWriting, RestoreNamesWhatHasNoRoom) {
+TEST_F(QlnWriting, RestoreNamesNotesAboveTheLimit) {
     Put(Notes(kFirstName), Copy("first"));
     EXPECT_EQ(Qln({"backup", Root()}), kDone);
     const std::string backup = MadePath();
@@ -217,7 +217,7 @@ TEST_F(QlnWriting, RestoreNamesWhatHasNoRoom) {
     EXPECT_EQ(Qln({"restore", Closed()}), kFailed) << "no notes there";
 }
 
-TEST_F(QlnWriting, OpenAndQuitGoThroughTheChannel) {
+TEST_F(QlnWriting, OpenAndQuitUseTheChannel) {
     const std::string file = JoinPaths(Root(), "a b.txt");
     Put(file, "x");
     EXPECT_EQ(Qln({"open", file}), kFailed);

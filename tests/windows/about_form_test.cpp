@@ -56,7 +56,7 @@ class AboutFormTest : public testing::Test {
     const std::u16string help_ = u"C:\\Program Files\\Quillo\\Quillo.chm";
 };
 
-TEST_F(AboutFormTest, SaysWhatItIs) {
+TEST_F(AboutFormTest, ShowsNameAndVersion) {
     Open();
     EXPECT_EQ(WindowText(form_.Handle()), u"About Quillo");
     EXPECT_EQ(Text(Control::TitleLabel), u"Quillo " + std::u16string(kMakerNotice));
@@ -108,7 +108,7 @@ TEST_F(AboutFormTest, TheLinkFollowsEnterAndTheMouse) {
     EXPECT_EQ(shell_.opened, (Opened{site_, site_}));
 }
 
-TEST_F(AboutFormTest, TheKeyboardGoesRoundAndCloses) {
+TEST_F(AboutFormTest, TheKeyboardReachesEveryControlAndCloses) {
     Open();
     EXPECT_EQ(GetFocus(), Of(Control::CloseButton));
     std::vector<HWND> order;
@@ -160,7 +160,7 @@ TEST_F(AboutFormTest, NothingIsCutAtAnyResolution) {
     }
 }
 
-TEST_F(AboutFormTest, AnotherResolutionDrawsEverythingAnew) {
+TEST_F(AboutFormTest, AnotherResolutionDrawsEverythingAgain) {
     Open();
     PaintNow(form_.Handle());
     ASSERT_EQ(GetUpdateRect(Of(Control::FreewareLabel), nullptr, FALSE), FALSE);
@@ -170,7 +170,7 @@ TEST_F(AboutFormTest, AnotherResolutionDrawsEverythingAnew) {
     }
 }
 
-TEST_F(AboutFormTest, ThePictureLiesInAYellowBox) {
+TEST_F(AboutFormTest, ThePictureIsInAYellowBox) {
     Open();
     PaintNow(form_.Handle());
     const Rect picture = PlaceOf(Of(Control::Image));

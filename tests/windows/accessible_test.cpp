@@ -65,7 +65,7 @@ TEST_F(AccessibleTest, ADividerIsASeparatorOrItsCaption) {
     EXPECT_EQ(reader.State(), 0);
 }
 
-TEST_F(AccessibleTest, ThePushpinSaysWhetherItIsIn) {
+TEST_F(AccessibleTest, ThePushpinReportsWhetherItIsPressed) {
     NoteButtonImages images;
     NoteButton pushpin(images);
     int clicks = 0;
@@ -223,7 +223,7 @@ TEST_F(AccessibleTest, EverySwatchHasItsNameAndCanBePressed) {
     EXPECT_EQ(reader.State(9) & STATE_SYSTEM_FOCUSED, 0);
 }
 
-TEST_F(AccessibleTest, AControlThatIsMadeAnewIsReadAnew) {
+TEST_F(AccessibleTest, AControlThatIsCreatedAgainIsReadAgain) {
     NoteColorSelector selector;
     ASSERT_TRUE(selector.Create(parent_.Of(), 7, L"First"));
     const Reader old(selector.Handle());

@@ -45,7 +45,7 @@ class DividerTest : public testing::Test {
     TesselDivider divider_;
 };
 
-TEST_F(DividerTest, AnEmptyCaptionIsTheGrooveAloneOnTheFormsGround) {
+TEST_F(DividerTest, AnEmptyCaptionLeavesOnlyTheGrooveOnTheFormsBackground) {
     PaintNow(divider_.Handle());
     for (const int x : {0, 100, 199}) {
         EXPECT_EQ(PixelOf(divider_.Handle(), Point{x, 8}), ControlParent::kGround);
@@ -97,7 +97,7 @@ TEST_F(DividerTest, TheGrooveGrowsWithTheResolution) {
     EXPECT_EQ(PixelOf(divider_.Handle(), Point{100, 22}), ControlParent::kGround);
 }
 
-TEST_F(DividerTest, TheMouseAndTheKeyboardPassItOver) {
+TEST_F(DividerTest, TheMouseAndTheKeyboardIgnoreIt) {
     EXPECT_EQ(SendMessageW(divider_.Handle(), WM_NCHITTEST, 0, MAKELPARAM(250, 220)), HTTRANSPARENT);
     EXPECT_EQ(SendMessageW(divider_.Handle(), WM_GETDLGCODE, 0, 0), DLGC_STATIC);
     EXPECT_EQ(GetWindowLongPtrW(divider_.Handle(), GWL_STYLE) & WS_TABSTOP, 0);

@@ -8,7 +8,7 @@
 namespace quillo::windows_tests {
 namespace {
 
-TEST(MailForm, StandsOnlyWhereTheSystemHasAMailInterface) {
+TEST(MailForm, ExistsOnlyWhereTheSystemHasAMailInterface) {
     WinLocaleText locale;
     BusyFlag dialogs;
     MapiMail missing(locale, dialogs, L"there is no such library.dll");

@@ -142,7 +142,7 @@ TEST_F(MainFormWindow, ARightClickOnTheIconSurfacesTheNotes) {
     EXPECT_FALSE(form_.IsShowing());
 }
 
-TEST_F(MainFormWindow, WhileTheProgramIsBusyTheIconIsDeaf) {
+TEST_F(MainFormWindow, WhileTheProgramIsBusyTheIconIgnoresClicks) {
     AddNote(u"A");
     const auto isDeaf = [this] {
         TellIcon(WM_LBUTTONUP);
@@ -162,7 +162,7 @@ TEST_F(MainFormWindow, WhileTheProgramIsBusyTheIconIsDeaf) {
     EXPECT_FALSE(isDeaf());
 }
 
-TEST_F(MainFormWindow, ATaskBarMadeAnewGetsTheIconsBack) {
+TEST_F(MainFormWindow, ANewTaskBarGetsTheIcons) {
     AddNote(u"A");
     test_.program.openNotes.Find(u"A")->MinimizeToTray();
     (void)test_.views.View(0).TakeCalls();
@@ -176,7 +176,7 @@ TEST_F(MainFormWindow, ATaskBarMadeAnewGetsTheIconsBack) {
     EXPECT_EQ(test_.views.View(0).TakeCalls(), std::vector<std::string>{"RecreateIcon"});
 }
 
-TEST_F(MainFormWindow, UnloadingTakesTheIconAndTheHotkeysAway) {
+TEST_F(MainFormWindow, UnloadingRemovesTheIconAndTheHotkeys) {
     NOTIFYICONDATAW icon{};
     icon.cbSize = sizeof icon;
     icon.hWnd = IconWindow();
@@ -189,7 +189,7 @@ TEST_F(MainFormWindow, UnloadingTakesTheIconAndTheHotkeysAway) {
 
 // Choosing.
 
-TEST_F(MainFormWindow, EveryItemDoesItsThingAndTheMenuGoes) {
+TEST_F(MainFormWindow, EveryItemActsAndTheMenuCloses) {
     AddNote(u"A");
     test_.program.settings.shortcuts = {u"C:\\one.exe", u"C:\\two.exe", u"", u"\"C:\\four.exe\" /x"};
     struct Case {
@@ -259,7 +259,7 @@ TEST_F(MainFormWindow, TheRightButtonEndsTheProgramWhereNothingIsOrOnTheCross) {
     EXPECT_EQ(Heard(), "new ") << "an item takes any button";
 }
 
-TEST_F(MainFormWindow, AnyReleaseChoosesWhereverItsPressWasAndWhicheverButtonItIs) {
+TEST_F(MainFormWindow, AnyReleaseOfAnyButtonChoosesWhereverItsPressWas) {
     for (const UINT release : {WM_LBUTTONUP, WM_RBUTTONUP, WM_MBUTTONUP, WM_XBUTTONUP}) {
         Show();
         Mouse(release, 50, 100);
@@ -307,7 +307,7 @@ TEST_F(MainFormWindow, WhatThePointerIsOverShowsItsHighlightedFace) {
     EXPECT_EQ(Pixel(108, 50), atRest);
 }
 
-TEST_F(MainFormWindow, TheKeyboardGoesWithArrowsAndTabAndChoosesWithEnter) {
+TEST_F(MainFormWindow, TheKeyboardMovesWithArrowsAndTabAndChoosesWithEnter) {
     test_.program.settings.shortcuts[1] = u"C:\\two.exe";
     Show();
     Key(VK_RETURN);
@@ -328,7 +328,7 @@ TEST_F(MainFormWindow, TheKeyboardGoesWithArrowsAndTabAndChoosesWithEnter) {
     EXPECT_EQ(Heard(), "");
 }
 
-TEST_F(MainFormWindow, ThePointerAtRestLeavesTheKeyboardsItemAlone) {
+TEST_F(MainFormWindow, ThePointerAtRestDoesNotChangeTheKeyboardsItem) {
     Show();
     Mouse(WM_MOUSEMOVE, 250, 80);
     Key(VK_LEFT);
@@ -427,7 +427,7 @@ TEST_F(MainFormWindow, AShortcutThatTheSystemCouldNotRunIsNotStored) {
     EXPECT_EQ(test_.program.settings.shortcuts[1], u"C:\\kept.exe");
 }
 
-TEST_F(MainFormWindow, AShortcutsIconStandsInItsColumnOfBothFaces) {
+TEST_F(MainFormWindow, AShortcutsIconIsInItsColumnOfBothFaces) {
     const auto look = [this] {
         std::vector<COLORREF> pixels;
         for (int x = 105; x < 300; x += 5) {
@@ -479,7 +479,7 @@ class SlowShell {
     std::shared_ptr<std::atomic<int>> asked_ = std::make_shared<std::atomic<int>>(0);
 };
 
-TEST_F(MainFormWindow, AFileOnADeadNetworkHoldsNeitherTheMenuNorTheEnd) {
+TEST_F(MainFormWindow, AFileOnADeadNetworkBlocksNeitherTheMenuNorTheEnd) {
     SlowShell shell;
     {
         test_.program.settings.shortcuts[0] = u"\\\\server\\tool.exe";
@@ -501,7 +501,7 @@ TEST_F(MainFormWindow, AFileOnADeadNetworkHoldsNeitherTheMenuNorTheEnd) {
     shell.Answer();
 }
 
-TEST_F(MainFormWindow, ThePictureIsDrawnAnewWithoutLosingHandles) {
+TEST_F(MainFormWindow, ThePictureIsDrawnAgainWithoutLeakingHandles) {
     Show();
     (void)Pixel(0, 0);
     const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
@@ -526,7 +526,7 @@ TEST_F(MainFormWindow, TheHotkeysAreThoseOfTheSettingsWithTheWindowsKey) {
     EXPECT_FALSE(IsFree(VK_F24));
 }
 
-TEST_F(MainFormWindow, AHotkeyThatIsTakenIsPassedOverInSilence) {
+TEST_F(MainFormWindow, AHotkeyThatIsTakenIsSkippedSilently) {
     constexpr int kTaken = 98;
     ASSERT_TRUE(RegisterHotKey(nullptr, kTaken, MOD_WIN, VK_F22));
     test_.program.settings.newNoteHotkey = VK_F22;

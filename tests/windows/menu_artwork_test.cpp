@@ -46,7 +46,7 @@ TEST(MenuArtwork, EveryItemLightsUpInItsArea) {
     }
 }
 
-TEST(MenuArtwork, TheDisabledItemHasTheNormalOnesGround) {
+TEST(MenuArtwork, TheDisabledItemHasTheBackgroundOfTheNormalOne) {
     MenuArtwork artwork;
     const BitmapHandle pic = artwork.MainPic(Scale(96), {});
     const BitmapHandle disabled = artwork.ShowAllDisabledPic(Scale(96));

@@ -61,7 +61,7 @@ TEST_F(MiniSliderTest, APressAndADragPickValuesAndFollowThePointerOutside) {
     EXPECT_EQ(slider_.Value(), 100) << "no button is held";
 }
 
-TEST_F(MiniSliderTest, ItsAboutBoxBearsTheProgramsName) {
+TEST_F(MiniSliderTest, ItsAboutBoxHasTheProgramsName) {
     bool seen = false;
     UiTimer reader([&] {
         HWND box = FindWindowW(L"#32770", L"Quillo");
@@ -74,7 +74,7 @@ TEST_F(MiniSliderTest, ItsAboutBoxBearsTheProgramsName) {
     EXPECT_TRUE(seen);
 }
 
-TEST_F(MiniSliderTest, EveryButtonServesAndTheLastOneLetsGo) {
+TEST_F(MiniSliderTest, EveryButtonDragsAndTheLastReleaseEndsTheDrag) {
     Mouse(WM_RBUTTONDOWN, MK_RBUTTON, 31);
     EXPECT_EQ(slider_.Value(), 30);
     Mouse(WM_LBUTTONDOWN, MK_RBUTTON | MK_LBUTTON, 41);
@@ -177,7 +177,7 @@ TEST_F(MiniSliderTest, ADisabledOneRaisesNothing) {
     EXPECT_EQ(events_, "c100 v100(0) ");
 }
 
-TEST_F(MiniSliderTest, ItIsBornAsItsFormSays) {
+TEST_F(MiniSliderTest, ItStartsWithItsFormsProperties) {
     SliderProperties properties;
     properties.min = 1;
     properties.max = 255;

@@ -159,7 +159,7 @@ class NoteButtonTest : public testing::Test {
 constexpr Point kInside{5, 5};
 constexpr Point kOutside{40, 30};
 
-TEST_F(NoteButtonTest, HoveringTakesTheCaptureAndLeavingGivesItBack) {
+TEST_F(NoteButtonTest, HoveringTakesTheCaptureAndLeavingReleasesIt) {
     EXPECT_TRUE(Shows(ButtonFace::Normal, ButtonPicture::Close));
     Send(WM_MOUSEMOVE, 0, kInside);
     EXPECT_TRUE(HasCapture());
@@ -245,7 +245,7 @@ TEST_F(NoteButtonTest, InMenuModeThePressCountsAndTheReleaseDoesNot) {
     EXPECT_EQ(events_, "d");
 }
 
-TEST_F(NoteButtonTest, TheMiddleButtonIsNotForIt) {
+TEST_F(NoteButtonTest, TheMiddleButtonIsIgnored) {
     Send(WM_MBUTTONDOWN, MK_MBUTTON, kInside);
     Send(WM_MBUTTONUP, 0, kInside);
     EXPECT_EQ(events_, "");
@@ -277,7 +277,7 @@ TEST_F(NoteButtonTest, EveryPictureIsItsRow) {
     }
 }
 
-TEST_F(NoteButtonTest, BearsItsNameAndItsNumber) {
+TEST_F(NoteButtonTest, HasItsNameAndItsNumber) {
     wchar_t name[32] = {};
     GetWindowTextW(button_.Handle(), name, 32);
     EXPECT_STREQ(name, L"Close note");

@@ -153,7 +153,7 @@ TEST_F(NoteColorFormTest, EscClosesAndKeepsWhatWasChosen) {
     EXPECT_EQ(ColorsOf(*first_), kSwatches[3]);
 }
 
-TEST_F(NoteColorFormTest, TheAccessKeysAreThereAndDiffer) {
+TEST_F(NoteColorFormTest, TheAccessKeysExistAndDiffer) {
     Ask(*first_);
     EXPECT_EQ(WindowText(Item(Form::kDefaultOption)), kDefaultColorsCaption);
     EXPECT_EQ(WindowText(Item(Form::kCustomOption)), kOwnColorsCaption);
@@ -176,7 +176,7 @@ TEST_F(NoteColorFormTest, AskingTwiceFromOneNoteDoesNothing) {
     EXPECT_EQ(PlaceOf(Window()).left, 20);
 }
 
-TEST_F(NoteColorFormTest, ASecondNoteTurnsTheOneDialogIntended) {
+TEST_F(NoteColorFormTest, ASecondNoteTakesOverTheOneDialogIntended) {
     Ask(*first_);
     PickSwatch(1);
     HWND before = Window();
@@ -195,7 +195,7 @@ TEST_F(NoteColorFormTest, ASecondNoteTurnsTheOneDialogIntended) {
     EXPECT_TRUE(IsSelected(Form::kCustomOption));
 }
 
-TEST_F(NoteColorFormTest, GoesWithItsNote) {
+TEST_F(NoteColorFormTest, ClosesWithItsNote) {
     Ask(*first_);
     first_->form.Close();
     EXPECT_EQ(Window(), nullptr);
@@ -204,7 +204,7 @@ TEST_F(NoteColorFormTest, GoesWithItsNote) {
     EXPECT_NE(Window(), nullptr);
 }
 
-TEST_F(NoteColorFormTest, StaysWhenAnEarlierNoteGoes) {
+TEST_F(NoteColorFormTest, StaysOpenWhenAnEarlierNoteEnds) {
     Ask(*first_);
     Ask(second_);
     first_.reset();
@@ -215,7 +215,7 @@ TEST_F(NoteColorFormTest, StaysWhenAnEarlierNoteGoes) {
     EXPECT_EQ(Window(), nullptr);
 }
 
-TEST_F(NoteColorFormTest, StandsBesideItsNoteOnTheScreen) {
+TEST_F(NoteColorFormTest, AppearsBesideItsNoteOnTheScreen) {
     const Rect screen = WorkAreaOf(nullptr);
     for (const Point corner : {Point{0, 0}, Point{screen.width - 188, 0}, Point{0, screen.height - 163},
                                Point{screen.width - 188, screen.height - 163}, Point{500, 300}}) {
@@ -232,13 +232,13 @@ TEST_F(NoteColorFormTest, StandsBesideItsNoteOnTheScreen) {
     }
 }
 
-TEST_F(NoteColorFormTest, StandsAboveAPinnedNote) {
+TEST_F(NoteColorFormTest, AppearsAboveAPinnedNote) {
     first_->note.SetPinned(true);
     Ask(*first_);
     EXPECT_NE(GetWindowLongPtrW(Window(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
 }
 
-TEST_F(NoteColorFormTest, EverythingIsPaintedAnewAtAnotherScale) {
+TEST_F(NoteColorFormTest, EverythingIsPaintedAgainAtAnotherScale) {
     Ask(*first_);
     PaintNow(Window());
     SetDpi(144);

@@ -83,7 +83,7 @@ TEST_F(NoteColorSelectorTest, AReleaseOfAnyButtonPicks) {
     EXPECT_EQ(picked_, (std::vector<ColorScheme>{kSwatches[0], kSwatches[0], kSwatches[1], kSwatches[10]}));
 }
 
-TEST_F(NoteColorSelectorTest, TheMarginAndWhatLiesOutsidePickNothing) {
+TEST_F(NoteColorSelectorTest, TheMarginAndTheOutsidePickNothing) {
     for (const Point at : {Point{264, 10}, Point{267, 10}, Point{268, 10}, Point{-1, 10}, Point{10, 28}, Point{10, -1}})
         Release(at.x, at.y);
     EXPECT_TRUE(picked_.empty());
@@ -110,7 +110,7 @@ TEST_F(NoteColorSelectorTest, SetDefaultDeliversTheFirstSchemeOnce) {
     EXPECT_EQ(picked_, std::vector<ColorScheme>{kSwatches[0]});
 }
 
-TEST_F(NoteColorSelectorTest, RandomColorsAreDealtWithoutAnEvent) {
+TEST_F(NoteColorSelectorTest, RandomColorsRaiseNoEvent) {
     FakeRandom random;
     const ColorScheme& dealt = NoteColorSelector::GetRandomColors(random);
     EXPECT_GE(&dealt, &kSwatches[0]);
@@ -144,7 +144,7 @@ TEST_F(NoteColorSelectorTest, TheKeyboardMovesAndPicks) {
     EXPECT_EQ(GetFocus(), Window()) << "the arrows stay inside";
 }
 
-TEST_F(NoteColorSelectorTest, TheKeysGoOnFromWhereTheMousePickedUntilTheChoiceIsReset) {
+TEST_F(NoteColorSelectorTest, TheKeysContinueFromThePickedSwatchUntilTheChoiceIsReset) {
     Release(5 * 24 + 3, 3);
     Key(VK_RIGHT);
     Key(VK_SPACE);
@@ -160,7 +160,7 @@ TEST_F(NoteColorSelectorTest, TabLeavesIt) {
     EXPECT_EQ(dialog_.pressed, 1);
 }
 
-TEST_F(NoteColorSelectorTest, TheSwatchesShowTheirColorsToTheBit) {
+TEST_F(NoteColorSelectorTest, TheSwatchesShowTheirExactColors) {
     SetFocus(GetDlgItem(dialog_.Handle(), IDOK));
     PaintNow(Window());
     for (int i = 0; i < 11; ++i) {

@@ -118,7 +118,7 @@ class NoteDropTargetTest : public testing::Test {
     bool fails_ = false;  ///< the system is out of memory
 };
 
-TEST_F(NoteDropTargetTest, ADropThatANoteHasNoRoomForIsToldToItsSource) {
+TEST_F(NoteDropTargetTest, ADropThatDoesNotFitIsReportedToItsSource) {
     data_.OfferText(u"one word too many");
     full_ = true;
     EXPECT_EQ(Drop(), DROPEFFECT_NONE);
@@ -145,14 +145,14 @@ TEST_F(NoteDropTargetTest, PrefersALink) {
     EXPECT_EQ(inserted_, u"http://example.org/");
 }
 
-TEST_F(NoteDropTargetTest, FilesComeOneALine) {
+TEST_F(NoteDropTargetTest, FilesAreInsertedOnePerLine) {
     world_.shell.SetLink(u"C:\\x\\link.lnk", u"D:\\target.txt");
     data_.OfferFiles({u"C:\\x\\\u65E5.txt", u"C:\\x\\link.lnk"});
     EXPECT_EQ(Drop(), DWORD{DROPEFFECT_COPY});
     EXPECT_EQ(inserted_, u"C:\\x\\\u65E5.txt\r\nD:\\target.txt\r\n");
 }
 
-TEST_F(NoteDropTargetTest, RefusesWhatItCannotUse) {
+TEST_F(NoteDropTargetTest, RefusesDataThatItCannotUse) {
     EXPECT_EQ(Drop(), DWORD{DROPEFFECT_NONE});
     data_.Offer(CF_BITMAP, "x");
     EXPECT_EQ(Drop(), DWORD{DROPEFFECT_NONE});
@@ -181,7 +181,7 @@ TEST_F(NoteDropTargetTest, ADisconnectedTargetRefusesEverything) {
     EXPECT_EQ(inserted_, u"");
 }
 
-TEST_F(NoteDropTargetTest, ATargetThatIsLetGoWhileTheSourceIsAskedInsertsNothing) {
+TEST_F(NoteDropTargetTest, ATargetReleasedWhileTheSourceIsAskedInsertsNothing) {
     data_.OfferText(u"text");
     target_->AddRef();  // OLE's own reference, released when the target is revoked
     data_.whileAsked = [this] {

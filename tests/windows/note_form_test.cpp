@@ -74,7 +74,7 @@ TEST_F(NoteFormTest, ANewNoteIsHiddenAndHasItsDesignSizeNearTheMiddle) {
     EXPECT_FALSE(fresh.note.Data().Changed);
 }
 
-TEST_F(NoteFormTest, PlacesComeBackInTwips) {
+TEST_F(NoteFormTest, PlacesAreRestoredInTwips) {
     for (const TwipsRect place : {TwipsRect{1500, 750, 2820, 2445}, TwipsRect{-300, -150, 6000, 4500}}) {
         form_.MoveTo(place);
         const TwipsRect read = form_.Rectangle();
@@ -215,7 +215,7 @@ TEST_F(NoteFormTest, TextIsKeptWhole) {
     EXPECT_FALSE(note_.Data().Changed) << "the program wrote it";
 }
 
-TEST_F(NoteFormTest, ASizeBeyondTheDesktopIsCutToIt) {
+TEST_F(NoteFormTest, ASizeBeyondTheDesktopIsLimited) {
     form_.MoveTo(TwipsRect{150, 150, 491'505, 491'505});
     RECT place{};
     GetWindowRect(one_.Window(), &place);
@@ -278,7 +278,7 @@ TEST_F(NoteFormTest, ATextThatTheBoxDoesNotHoldIsReported) {
     EXPECT_EQ(SendMessageW(Box(), EM_GETLIMITTEXT, 0, 0), LRESULT{kMostNoteCharacters}) << "for typing and pasting";
 }
 
-TEST_F(NoteFormTest, TypingMarksTheNoteChangedAndSavesItByItself) {
+TEST_F(NoteFormTest, TypingMarksTheNoteChangedAndSavesItAutomatically) {
     ASSERT_TRUE(form_.SetText(u"text"));
     EXPECT_FALSE(note_.Data().Changed);
     SendMessageW(Box(), EM_SETSEL, 4, 4);
@@ -331,7 +331,7 @@ TEST_F(NoteFormTest, ANoteThatTheSystemMinimizesKeepsItsPlaceAndComesBack) {
     EXPECT_EQ(IsIconic(one_.Window()), FALSE) << "also where notes are not adjusted";
 }
 
-TEST_F(NoteFormTest, TranslucencyComesAndGoes) {
+TEST_F(NoteFormTest, TranslucencyIsAppliedAndRemoved) {
     const auto layered = [&] { return (GetWindowLongPtrW(one_.Window(), GWL_EXSTYLE) & WS_EX_LAYERED) != 0; };
     EXPECT_FALSE(layered());
     for (const int alpha : {192, 1, 255}) {
@@ -382,7 +382,7 @@ TEST_F(NoteFormTest, TheScrollBarFollowsItsOption) {
     EXPECT_EQ(form_.Text().size(), lines.size() + 1);
 }
 
-TEST_F(NoteFormTest, TheScrollBarComesAndGoesWithoutLosingUndoCaretOrPlace) {
+TEST_F(NoteFormTest, TogglingTheScrollBarKeepsUndoCaretAndPlace) {
     form_.Show();
     std::u16string lines;
     for (int i = 0; i < 200; ++i) lines += u"line\r\n";
@@ -422,7 +422,7 @@ TEST_F(NoteFormTest, TheTitleIsTheFirstWords) {
     EXPECT_EQ(title(), u"Quillo");
 }
 
-TEST_F(NoteFormTest, AScreenReaderIsToldTheNameOfTheText) {
+TEST_F(NoteFormTest, AScreenReaderGetsTheNameOfTheText) {
     ASSERT_TRUE(form_.SetText(u"Buy milk"));
     form_.Show();
     const windows_tests::Reader reader(Box());
@@ -518,7 +518,7 @@ TEST_F(NoteFormTest, AnotherResolutionScalesTheWindow) {
     EXPECT_EQ(HitTest(Point{280, 245 - 18}), HTCLIENT);
 }
 
-TEST_F(NoteFormTest, FocusGoesToTheText) {
+TEST_F(NoteFormTest, TheTextGetsTheFocus) {
     form_.Show();
     form_.Activate();
     EXPECT_TRUE(PumpUntil([&] { return GetFocus() == Box(); }));

@@ -218,7 +218,7 @@ TEST_F(NoteMenuTest, AfterEscInTheMenuOfItsIconTheKeyboardIsWhereItWas) {
     EXPECT_EQ(GetFocus(), keyboard);
 }
 
-TEST_F(NoteMenuTest, ANoteThatGoesTakesItsOpenMenuAlong) {
+TEST_F(NoteMenuTest, TheEndOfANoteClosesItsOpenMenu) {
     ASSERT_TRUE(one_.Settle());
     Show();
     ASSERT_TRUE(form_.SetText(u"abc"));
@@ -387,7 +387,7 @@ TEST_F(NoteMenuTest, NoToolTipCoversAnOpenMenu) {
     EXPECT_FALSE(stood);
 }
 
-TEST_F(NoteMenuTest, TheToolTipsAreMadeAnewForAnotherResolution) {
+TEST_F(NoteMenuTest, TheToolTipsAreCreatedAgainForAnotherResolution) {
     ASSERT_TRUE(one_.Settle());
     Show();
     const HWND pin = one_.Child(ChildId::kPushpin);
@@ -441,7 +441,7 @@ TEST_F(NoteMenuTest, ACopyIsAskedForByTheSystemsDialog) {
     EXPECT_EQ(note_.Data().FileName, u"");
 }
 
-TEST_F(NoteMenuTest, ANoteThatGoesTakesItsDialogAlong) {
+TEST_F(NoteMenuTest, TheEndOfANoteClosesItsDialog) {
     ASSERT_TRUE(one_.Settle());
     Show();
     ASSERT_TRUE(form_.SetText(u"Milk"));

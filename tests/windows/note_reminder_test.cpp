@@ -115,7 +115,7 @@ TEST_F(NoteReminderTest, IntendedAKeyHeldDownActsOnce) {
     EXPECT_EQ(Text(), stamped) << "nor is a character typed";
 }
 
-TEST_F(NoteReminderTest, ControlShiftWThrowsTheNoteAway) {
+TEST_F(NoteReminderTest, ControlShiftWDeletesTheNote) {
     world_.settings.dontRecycleNotes = true;
     const KeysDown keys({VK_CONTROL, VK_SHIFT});
     ControlKey('W');
@@ -149,7 +149,7 @@ TEST_F(NoteReminderTest, ControlBackspaceDeletesAWord) {
     EXPECT_EQ(one_->form.Text(), u" ferns");
 }
 
-TEST_F(NoteReminderTest, ADueReminderShowsTheAlertAndEscBringsTheNoteBack) {
+TEST_F(NoteReminderTest, ADueReminderShowsTheAlertAndEscShowsTheNote) {
     one_->note.SetReminder(world_.clock.now);
     one_->note.TimerBroadcast();
     ASSERT_EQ(Alerts(), 1);
@@ -162,7 +162,7 @@ TEST_F(NoteReminderTest, ADueReminderShowsTheAlertAndEscBringsTheNoteBack) {
     EXPECT_EQ(GetFocus(), Box()) << "ready to type in";
 }
 
-TEST_F(NoteReminderTest, BothWindowsGoWithTheNote) {
+TEST_F(NoteReminderTest, BothWindowsCloseWithTheNote) {
     one_->note.AskReminder();
     one_->note.SetReminder(world_.clock.now);
     one_->note.TimerBroadcast();
@@ -173,14 +173,14 @@ TEST_F(NoteReminderTest, BothWindowsGoWithTheNote) {
     EXPECT_EQ(Alerts(), 0);
 }
 
-TEST_F(NoteReminderTest, ANoteThatIsReleasedTakesItsDialogAlong) {
+TEST_F(NoteReminderTest, ReleasingANoteClosesItsDialog) {
     one_->note.AskReminder();
     one_.reset();
     EXPECT_EQ(Dialogs(), 0);
     PumpWaiting();
 }
 
-TEST_F(NoteReminderTest, ADialogThatWasClosedOpensAnew) {
+TEST_F(NoteReminderTest, ADialogThatWasClosedOpensAgain) {
     one_->note.AskReminder();
     SendMessageW(FindWindowW(L"QuilloSetReminder", nullptr), WM_CLOSE, 0, 0);
     EXPECT_EQ(Dialogs(), 0);

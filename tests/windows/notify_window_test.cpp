@@ -38,7 +38,7 @@ TEST_F(NotifyWindowTest, ASenderFindsItByItsNames) {
     ASSERT_TRUE(window_.Load()) << "it can come again";
 }
 
-TEST_F(NotifyWindowTest, ACommandLineComesOnceAndTheBoxIsEmptyAgain) {
+TEST_F(NotifyWindowTest, ACommandLineArrivesOnceAndTheBoxIsEmptyAgain) {
     ASSERT_TRUE(window_.Load());
     EXPECT_TRUE(SendToRunningInstance(u"/new", 0));
     EXPECT_TRUE(SendToRunningInstance(u"C:\\\u65E5\u672C.qln", 0));
@@ -59,7 +59,7 @@ TEST_F(NotifyWindowTest, TheSameCommandTwiceCountsTwice) {
     EXPECT_EQ(commands_.size(), 2U);
 }
 
-TEST_F(NotifyWindowTest, LongCommandLinesComeWhole) {
+TEST_F(NotifyWindowTest, LongCommandLinesArriveWhole) {
     ASSERT_TRUE(window_.Load());
     const std::u16string text(32'000, u'x');
     EXPECT_TRUE(SendToRunningInstance(text, 0));
@@ -113,7 +113,7 @@ class BusyInstance {
     std::thread thread_;
 };
 
-TEST_F(NotifyWindowTest, AnInstanceThatTheSystemCallsHungIsWaitedFor) {
+TEST_F(NotifyWindowTest, WaitsForAnInstanceThatTheSystemTreatsAsHung) {
     BusyInstance instance;
     ASSERT_TRUE(PumpUntil([&] { return instance.IsHung(); }));
     std::atomic<bool> returned{false};
@@ -130,7 +130,7 @@ TEST_F(NotifyWindowTest, AnInstanceThatTheSystemCallsHungIsWaitedFor) {
     sender.join();
 }
 
-TEST_F(NotifyWindowTest, NobodyThereIsToldAtOnce) {
+TEST_F(NotifyWindowTest, AMissingInstanceIsReportedAtOnce) {
     EXPECT_FALSE(SendToRunningInstance(u"/new", 0));
 }
 

@@ -134,7 +134,7 @@ TEST_F(OptionsFormTest, ShowsExactlyThePageOfTheCurrentTab) {
     }
 }
 
-TEST_F(OptionsFormTest, ControlTabGoesRoundThePages) {
+TEST_F(OptionsFormTest, ControlTabCyclesThroughThePages) {
     Open();
     SetFocus(Of(C::BrowseFontButton));
     const windows_tests::KeysDown control({VK_CONTROL});
@@ -187,7 +187,7 @@ class Neighbor {
     WindowHandle window_;
 };
 
-TEST_F(OptionsFormTest, WhatWasOpenBeforeTakesNoInputUntilTheDialogCloses) {
+TEST_F(OptionsFormTest, EarlierWindowsTakeNoInputUntilTheDialogCloses) {
     const Neighbor before;
     const Neighbor disabledBefore;
     EnableWindow(disabledBefore.Handle(), FALSE);
@@ -221,7 +221,7 @@ TEST_F(OptionsFormTest, ASecondRequestFindsTheSameDialog) {
     EXPECT_EQ(form_.CurrentPage(), OptionsPage::Behavior);
 }
 
-TEST_F(OptionsFormTest, ShowsWhatTheSettingsHold) {
+TEST_F(OptionsFormTest, ShowsTheCurrentSettings) {
     Now().autoPinNewNotes = true;
     Now().disableAnimation = true;
     Now().startupMode = 1;
@@ -262,7 +262,7 @@ TEST_F(OptionsFormTest, EveryCheckBoxWritesWhenItIsPressed) {
     }
 }
 
-TEST_F(OptionsFormTest, TheWarningStandsAboveTheDialog) {
+TEST_F(OptionsFormTest, TheWarningAppearsAboveTheDialog) {
     Open();
     bool gaveWay = false;
     bool waits = false;
@@ -281,7 +281,7 @@ TEST_F(OptionsFormTest, TheWarningStandsAboveTheDialog) {
     EXPECT_EQ(Number(u"Startup mode"), 0);
 }
 
-TEST_F(OptionsFormTest, ADialogThatGoesWhileItWarnsIsLeftAlone) {
+TEST_F(OptionsFormTest, ADialogClosedDuringItsWarningIsNotUsedAgain) {
     Open();
     program_.notice.onWarnOfChoice = [&] { form_.Unload(); };
     Press(C::SpecialStartupCheck);
@@ -337,7 +337,7 @@ TEST_F(OptionsFormTest, AKeyBoxTakesKeysAndNoText) {
     EXPECT_EQ(owner_.calls, Names{});
 }
 
-TEST_F(OptionsFormTest, TheButtonTheCloseBoxAndEscSaveAlike) {
+TEST_F(OptionsFormTest, TheButtonTheCloseBoxAndEscAllSave) {
     const Names expected{u"shortcut 1 C:\\a.exe", u"shortcut 2 ", u"shortcut 3 ",
                          u"shortcut 4 ",          u"hotkeys",     u"redraw"};
     Now().shortcuts = {};
@@ -362,7 +362,7 @@ TEST_F(OptionsFormTest, TheButtonTheCloseBoxAndEscSaveAlike) {
     closeWith([&] { Key(form_.TabStripWindow(), VK_RETURN); });
 }
 
-TEST_F(OptionsFormTest, GoingWithTheProgramSavesNoTexts) {
+TEST_F(OptionsFormTest, ClosingWithTheProgramSavesNoTexts) {
     Open();
     program_.registry.ClearLog();
     SetWindowTextW(Of(C::NoteFolderBox), L"C:\\Closed");
@@ -372,7 +372,7 @@ TEST_F(OptionsFormTest, GoingWithTheProgramSavesNoTexts) {
     EXPECT_EQ(owner_.calls, Names{});
 }
 
-TEST_F(OptionsFormTest, DialogsOfTheSystemEndWithItWhicheverWayItCloses) {
+TEST_F(OptionsFormTest, SystemDialogsCloseWithItHoweverItCloses) {
     for (const bool saving : {true, false}) {
         Open();
         bool came = false;
@@ -423,7 +423,7 @@ TEST_F(OptionsFormTest, PlaysTheSoundInTheBox) {
     EXPECT_EQ(sound_.waves.back(), u"") << "the sound ends with the dialog";
 }
 
-TEST_F(OptionsFormTest, TheHelpPageOpensWhatItNames) {
+TEST_F(OptionsFormTest, TheHelpPageOpensTheFolderAndTheHelp) {
     Open();
     form_.ShowPage(OptionsPage::Help);
     Press(C::OpenNotesFolderButton);
@@ -519,7 +519,7 @@ TEST_F(OptionsFormTest, TheHelpPageSaysHowToQuitAndWhichHotkeyIsTaken) {
     EXPECT_GT(label.bottom, label.top);
 }
 
-TEST_F(OptionsFormTest, AScreenReaderHearsTheOpacityInPercent) {
+TEST_F(OptionsFormTest, AScreenReaderGetsTheOpacityInPercent) {
     Now().noteOpacity = 192;
     Open();
     const windows_tests::Reader slider(Of(C::OpacitySlider));

@@ -43,7 +43,7 @@ TEST(PlatformIcons, AWindowHasTheIconsOfItsResolution) {
     EXPECT_GT(SmallIconEdge(Scale(192)), SmallIconEdge(Scale(96)));
 }
 
-TEST(PlatformFrame, IsThatOfTheMonitorsResolution) {
+TEST(PlatformFrame, HasTheMonitorsResolution) {
     constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
     const Size client{400, 300};
     const Size at96 = WindowSizeFor(client, kStyle, WS_EX_DLGMODALFRAME, Scale(96));
@@ -77,7 +77,7 @@ class PlatformNotice : public testing::Test {
     PlainWindow other_;
 };
 
-TEST_F(PlatformNotice, AMessageBoxBelongsToTheWindowThatAsksAndLiesAboveAll) {
+TEST_F(PlatformNotice, AMessageBoxIsOwnedByTheActiveWindowAndTopmost) {
     SetForegroundWindow(asker_.Handle());
     SetActiveWindow(asker_.Handle());
     ASSERT_EQ(GetActiveWindow(), asker_.Handle());
@@ -104,7 +104,7 @@ TEST_F(PlatformNotice, AHiddenWindowOwnsNoBox) {
     EXPECT_EQ(MessageBoxOwner(), nullptr);
 }
 
-TEST(PlatformDisabledWindows, ScopesNestAndLeaveTheDisabledAlone) {
+TEST(PlatformDisabledWindows, ScopesNestAndKeepDisabledWindowsDisabled) {
     const PlainWindow first;
     const PlainWindow second;
     EnableWindow(second.Handle(), FALSE);

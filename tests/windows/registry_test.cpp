@@ -43,7 +43,7 @@ class RealRegistryTest : public testing::Test {
     WinRegistryApi api_;
 };
 
-TEST_F(RealRegistryTest, KeysAreMadeAndRootlessOnesAreNot) {
+TEST_F(RealRegistryTest, KeysAreCreatedAndRootlessOnesAreNot) {
     const auto key = api_.CreateKey(kCurrentUser, subkey_);
     EXPECT_NE(key, 0U);
     api_.CloseKey(key);
@@ -101,7 +101,7 @@ TEST_F(RealRegistryTest, AnAbbreviatedRootLeavesTheInstanceClosed) {
     EXPECT_EQ(table.rowLow, 7) << "left as it was";
 }
 
-TEST_F(RealRegistryTest, DefaultsStandInForMissingValues) {
+TEST_F(RealRegistryTest, DefaultsReplaceMissingValues) {
     const TesselRegistry registry(api_, path_);
     EXPECT_EQ(registry.Value(u"none"), u"");
     EXPECT_EQ(registry.GetValue(u"none", u"default"), u"default");

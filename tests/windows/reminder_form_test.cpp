@@ -50,7 +50,7 @@ class ReminderFormTest : public testing::Test {
     ReminderForm form_{&world_.owner, world_.tools};
 };
 
-TEST_F(ReminderFormTest, StandsAboveAllInTheWorkAreaWithTheNotesText) {
+TEST_F(ReminderFormTest, IsTopmostInTheWorkAreaWithTheNotesText) {
     Open();
     EXPECT_NE(GetWindowLongPtrW(form_.Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
     EXPECT_EQ(GetWindow(form_.Handle(), GW_OWNER), nullptr);
@@ -73,7 +73,7 @@ TEST_F(ReminderFormTest, IsPaintedInTheNotesColors) {
     EXPECT_LT(GetGValue(edge), 0xCF) << "a stronger edge than the note's";
 }
 
-TEST_F(ReminderFormTest, TheTextIsDrawnAndEndsInsideItsRoom) {
+TEST_F(ReminderFormTest, TheTextIsDrawnAndEndsInsideItsArea) {
     ASSERT_TRUE(form_.Initialize(std::u16string(5000, u'm'), kColors));
     windows_tests::PaintNow(form_.Handle());
     const auto inkedRow = [this](int y) {
@@ -112,7 +112,7 @@ TEST_F(ReminderFormTest, TheStripDragsAndDoesNotDismiss) {
     EXPECT_NE(form_.Handle(), nullptr);
 }
 
-TEST_F(ReminderFormTest, APressThatEndsOutsideIsNoClick) {
+TEST_F(ReminderFormTest, APressThatEndsOutsideIsNotAClick) {
     Open();
     Send(WM_LBUTTONDOWN, Point{Px(160), Px(100)});
     Send(WM_LBUTTONUP, Point{-5, Px(100)});
@@ -143,19 +143,19 @@ TEST_F(ReminderFormTest, OnlyControlWDismisses) {
     EXPECT_EQ(world_.owner.calls, kDismissed);
 }
 
-TEST_F(ReminderFormTest, ClosingItFromOutsideBringsTheNoteBackToo) {
+TEST_F(ReminderFormTest, ClosingItFromOutsideShowsTheNoteToo) {
     Open();
     SendMessageW(form_.Handle(), WM_CLOSE, 0, 0);
     EXPECT_EQ(world_.owner.calls, kDismissed);
 }
 
-TEST_F(ReminderFormTest, UnloadingOnlyTellsTheNote) {
+TEST_F(ReminderFormTest, UnloadingOnlyNotifiesTheNote) {
     Open();
     form_.Unload();
     EXPECT_EQ(world_.owner.calls, Calls{"alert closing"});
 }
 
-TEST_F(ReminderFormTest, TheSoundComesAtOnceAndAgainUntilTheEnd) {
+TEST_F(ReminderFormTest, TheSoundPlaysAtOnceAndRepeatsUntilTheEnd) {
     Open();
     EXPECT_EQ(TimesPlayed(), 1);
     EXPECT_EQ(world_.sound.commands.at(2), u"open \"C:\\ding.wma\" alias quillo");
@@ -185,7 +185,7 @@ TEST_F(ReminderFormTest, AnEmptySettingIsSilence) {
     EXPECT_NE(form_.Handle(), nullptr);
 }
 
-TEST_F(ReminderFormTest, EachAlertCanBeSeenAndAFreePlaceIsTakenAgain) {
+TEST_F(ReminderFormTest, EachAlertIsVisibleAndAFreePlaceIsUsedAgain) {
     ReminderForm second(nullptr, world_.tools);
     ReminderForm third(nullptr, world_.tools);
     Open();
@@ -198,7 +198,7 @@ TEST_F(ReminderFormTest, EachAlertCanBeSeenAndAFreePlaceIsTakenAgain) {
     EXPECT_EQ(PlaceOf(third), first);
 }
 
-TEST_F(ReminderFormTest, WhatWaitsRunsBeforeItReturns) {
+TEST_F(ReminderFormTest, WaitingMessagesRunBeforeItReturns) {
     bool ran = false;
     UiTimer timer([&ran] { ran = true; });
     timer.Start(1);
@@ -209,7 +209,7 @@ TEST_F(ReminderFormTest, WhatWaitsRunsBeforeItReturns) {
     EXPECT_TRUE(ran);
 }
 
-TEST_F(ReminderFormTest, TheEndOfTheProgramIsNotSwallowed) {
+TEST_F(ReminderFormTest, TheQuitMessageIsNotLost) {
     PostQuitMessage(7);
     Open();
     MSG message{};

@@ -14,7 +14,7 @@ using windows_tests::PumpUntil;
 constexpr UINT kSoon = 10;
 static_assert(kMainTimerInterval == 10'000, "a reminder is at most ten seconds late");
 
-TEST(ResForm, TicksOneAfterTheOtherAndNeverInsideATick) {
+TEST(ResForm, TicksOneAfterAnotherAndNeverInsideATick) {
     int ticks = 0;
     int depth = 0;
     int deepest = 0;

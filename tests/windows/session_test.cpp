@@ -16,7 +16,7 @@ TEST_F(SessionTest, LockingSavesOnce) {
     EXPECT_EQ(Heard(), "");
 }
 
-TEST_F(SessionTest, RemindersWaitWhileTheConsoleIsAwayAndGoOnAtARemoteOne) {
+TEST_F(SessionTest, RemindersWaitWithoutTheConsoleAndContinueRemotely) {
     Send(WM_WTSSESSION_CHANGE, WTS_CONSOLE_DISCONNECT, 1);
     EXPECT_EQ(Heard(), "gone ");
     Send(WM_WTSSESSION_CHANGE, WTS_REMOTE_CONNECT, 1);
@@ -32,7 +32,7 @@ TEST_F(SessionTest, SuspendingSavesAndIsAllowed) {
     EXPECT_EQ(Heard(), "");
 }
 
-TEST_F(SessionTest, ItsEndIsHeardInItsTwoSteps) {
+TEST_F(SessionTest, ItsEndIsHandledInItsTwoSteps) {
     EXPECT_EQ(Send(WM_QUERYENDSESSION), TRUE);
     Send(WM_ENDSESSION, FALSE);
     EXPECT_EQ(Heard(), "held ending released ") << "another program has refused";

@@ -104,7 +104,7 @@ TEST_F(SetReminderFormTest, ThePhraseIsSelectedAndHasMargins) {
     EXPECT_EQ(Selection(), (std::pair<DWORD, DWORD>{0, 13})) << "whenever it gets the focus";
 }
 
-TEST_F(SetReminderFormTest, StandsAboveAllAndBelongsToTheNote) {
+TEST_F(SetReminderFormTest, IsTopmostAndOwnedByTheNote) {
     Open();
     EXPECT_NE(GetWindowLongPtrW(form_.Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
     EXPECT_EQ(GetWindow(form_.Handle(), GW_OWNER), world_.noteWindow.Handle());
@@ -145,7 +145,7 @@ TEST_F(SetReminderFormTest, EscOnTheCancelPanelKeepsTheReminder) {
     EXPECT_EQ(world_.owner.calls, Calls{"dialog closing"});
 }
 
-TEST_F(SetReminderFormTest, TabGoesRoundInReadingOrder) {
+TEST_F(SetReminderFormTest, TabMovesInReadingOrder) {
     Open();
     SetFocus(Of(Control::ReminderBox));
     for (const Control next :
@@ -243,7 +243,7 @@ TEST_F(SetReminderFormTest, TheNoteMinimizesWithABalloonWhereThatIsTheSetting) {
     EXPECT_EQ(world_.owner.calls, (Calls{"set", "minimize", "balloon", "dialog closing"}));
 }
 
-TEST_F(SetReminderFormTest, GoesWithTheNotesWindow) {
+TEST_F(SetReminderFormTest, ClosesWithTheNotesWindow) {
     Open();
     world_.noteWindow.End();
     EXPECT_EQ(form_.Handle(), nullptr);
@@ -276,7 +276,7 @@ TEST_F(SetReminderFormTest, NothingIsCutAtAnyScaleAndWithLongDates) {
     }
 }
 
-TEST_F(SetReminderFormTest, EveryMessageFitsIntoItsRoom) {
+TEST_F(SetReminderFormTest, EveryMessageFitsInItsArea) {
     Open();
     Type(u"whenever");
     Press(Control::OKButton);

@@ -206,7 +206,7 @@ TEST_F(TabTest, PaintsTheLineOfThePageAndTheFaceOverIt) {
     EXPECT_EQ(PixelOf(tab_.Handle(), Point{20, 2}), GetSysColor(COLOR_BTNHIGHLIGHT));
 }
 
-TEST_F(TabTest, IconsTakeTheGroundOfTheirTab) {
+TEST_F(TabTest, IconsHaveTheBackgroundOfTheirTab) {
     MoveWindow(tab_.Handle(), 10, 10, 400, 60, FALSE);
     tab_.SetCurrentTab(1);
     tab_.SetPicture(IconStrip().Get());
@@ -264,7 +264,7 @@ TEST_F(TabTest, NoTabsDoNothing) {
     EXPECT_EQ(PixelOf(tab_.Handle(), Point{20, 20}), kBack);
 }
 
-TEST_F(TabTest, OtherTabsUnderThePointerLetGoOfTheMouse) {
+TEST_F(TabTest, OtherTabsUnderThePointerReleaseTheMouse) {
     Mouse(WM_MOUSEMOVE, On(3));
     ASSERT_TRUE(HasCapture());
     tab_.SetTabs(u"One");

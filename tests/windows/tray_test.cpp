@@ -124,7 +124,7 @@ TEST_F(TrayTest, AControlThatWasNeverShownHasNoWindow) {
     EXPECT_EQ(tray_->Icon(), picture_);
 }
 
-TEST_F(TrayTest, MessagesOfOlderAndOfNewerShellsBecomeEvents) {
+TEST_F(TrayTest, MessagesOfOlderAndNewerShellsBecomeEvents) {
     if (!Show()) GTEST_SKIP() << "no notification area";
     for (const bool newerShell : {false, true}) {
         events_.clear();
@@ -150,7 +150,7 @@ TEST_F(TrayTest, AHandlerMayDestroyTheControl) {
     EXPECT_FALSE(IsWindow(window));
 }
 
-TEST_F(TrayTest, WhatComesWhileAHandlerPumpsMessagesIsDropped) {
+TEST_F(TrayTest, MessagesWhileAHandlerPumpsAreDropped) {
     if (!Show()) GTEST_SKIP() << "no notification area";
     tray_->onRightClick = [this] {
         events_.emplace_back("RightClick");
@@ -170,7 +170,7 @@ TEST_F(TrayTest, AHandlerNeverRunsInsideACallOfAnotherThread) {
     EXPECT_THAT(events_, ElementsAre("posted"));
 }
 
-TEST_F(TrayTest, ARefusedIconComesOnceTheShellTakesIt) {
+TEST_F(TrayTest, ARefusedIconIsAddedOnceTheShellAcceptsIt) {
     if (!Show()) GTEST_SKIP() << "no notification area";
     tray_->SetVisible(false);
     // Its place is taken: the shell refuses a second icon with the same window and number.
@@ -188,7 +188,7 @@ TEST_F(TrayTest, ARefusedIconComesOnceTheShellTakesIt) {
     EXPECT_FALSE(Shell_NotifyIconW(NIM_ADD, &other)) << "the control's icon stands";
 }
 
-TEST_F(TrayTest, TheEndOfTheControlTakesTheIconAway) {
+TEST_F(TrayTest, TheEndOfTheControlRemovesTheIcon) {
     if (!Show()) GTEST_SKIP() << "no notification area";
     NOTIFYICONDATAW same{};
     same.cbSize = sizeof same;
@@ -286,7 +286,7 @@ TEST_F(TrayTest, ABalloonIsShownAndHidden) {
     EXPECT_TRUE(WaitFor([] { return !BalloonStands(L"You can click this icon."); }));
 }
 
-TEST_F(TrayTest, ABalloonGoesByItselfWhenItsTimeIsUp) {
+TEST_F(TrayTest, ABalloonHidesWhenItsTimeIsUp) {
     if (!Show() || KnownTaskBar() == nullptr) GTEST_SKIP() << "no task bar with balloons of a known kind";
     tray_->ShowBalloon(u"Only for a moment", u"Note minimized", 1, 5);
     EXPECT_TRUE(WaitFor([] { return BalloonStands(L"Only for a moment"); }));

@@ -50,7 +50,7 @@ class WinFileStoreTest : public testing::Test {
     })};
 };
 
-TEST_F(WinFileStoreTest, WhatADeviceSwallowsIsNotCreated) {
+TEST_F(WinFileStoreTest, ADeviceNameIsNotCreated) {
     const std::u16string path = folder_.Of(u"nul.qln");
     const FileError error = store_.Create(path, "precious");
     EXPECT_EQ(error == FileError::None, store_.Read(path) == "precious") << "newer systems make a file of it";
@@ -59,7 +59,7 @@ TEST_F(WinFileStoreTest, WhatADeviceSwallowsIsNotCreated) {
     EXPECT_EQ(store_.Read(u"NUL"), std::nullopt);
 }
 
-TEST_F(WinFileStoreTest, ReadsBackWhatWasCreated) {
+TEST_F(WinFileStoreTest, ReadsBackACreatedFile) {
     std::string large(3'000'000, '\0');
     for (std::size_t i = 0; i < large.size(); ++i) large[i] = static_cast<char>(i * 7 % 251);
     for (const std::string& bytes : {std::string(), std::string("a\0b\r\n\xE9", 6), large}) {
@@ -88,7 +88,7 @@ TEST_F(WinFileStoreTest, AMissingFolderTakesNoFile) {
     EXPECT_TRUE(Names().empty());
 }
 
-TEST_F(WinFileStoreTest, OnAFullDiskNothingIsLeftOfWhatDidNotFit) {
+TEST_F(WinFileStoreTest, OnAFullDiskNoPartialFileRemains) {
     const SmallDisk disk;
     if (!disk.IsThere()) GTEST_SKIP() << disk.WhyNot();
     const std::u16string path = disk.Of(u"large");
@@ -131,7 +131,7 @@ TEST_F(WinFileStoreTest, ALockedFileCannotBeReadAndStays) {
     EXPECT_EQ(Names().size(), 2U);
 }
 
-TEST_F(WinFileStoreTest, AFileThatSomebodyWritesIsNotReadByHalf) {
+TEST_F(WinFileStoreTest, AFileBeingWrittenIsNotReadByHalf) {
     const std::u16string path = Put(u"note.qln", "mine");
     const FileHandle writer = Open(path, GENERIC_WRITE, kShareAll);
     ASSERT_TRUE(writer);
@@ -139,7 +139,7 @@ TEST_F(WinFileStoreTest, AFileThatSomebodyWritesIsNotReadByHalf) {
     EXPECT_EQ(store_.Hold(path, kMost).error, FileError::InUse);
 }
 
-TEST_F(WinFileStoreTest, RenameTakesAFreeNameAlone) {
+TEST_F(WinFileStoreTest, RenameRequiresAFreeName) {
     const std::u16string path = Put(u"first.qln", "first");
     const std::u16string taken = Put(u"taken.qln", "taken");
     EXPECT_EQ(store_.Rename(path, taken), FileError::NameTaken);
@@ -162,7 +162,7 @@ TEST_F(WinFileStoreTest, MoveOverReplacesAndTakesAFreeNameToo) {
     EXPECT_EQ(store_.Read(path), "second");
 }
 
-TEST_F(WinFileStoreTest, WhoeverReadsMeanwhileSeesTheOldBytesOrTheNew) {
+TEST_F(WinFileStoreTest, AReaderSeesTheOldBytesOrTheNew) {
     const std::u16string path = Put(u"note.qln", std::string(40'000, 'a'));
     std::atomic<bool> done{false};
     std::atomic<int> torn{0};
@@ -201,7 +201,7 @@ TEST_F(WinFileStoreTest, AReaderThatWasThereFirstKeepsTheOldBytes) {
     EXPECT_EQ(store_.Read(path), replaced ? "newer" : "old");
 }
 
-TEST_F(WinFileStoreTest, AFileThatIsOpenForAMomentIsWaitedFor) {
+TEST_F(WinFileStoreTest, WaitsForAFileThatIsOpenBriefly) {
     const std::u16string path = Put(u"note.qln", "old");
     const std::u16string fresh = Put(u"note.qln.new", "new");
     FileHandle lock = Open(path, GENERIC_READ, FILE_SHARE_READ);
@@ -284,7 +284,7 @@ TEST_F(WinFileStoreTest, ListsFilesByTheirLongExtensionInAnyCase) {
     EXPECT_EQ(Names(u".qln"), expected);
 }
 
-TEST_F(WinFileStoreTest, AListTellsTheSizesAndTheTimes) {
+TEST_F(WinFileStoreTest, AListHasTheSizesAndTheTimes) {
     PutFile(folder_.Of(u"small.qln"), "x");
     PutFile(folder_.Of(u"large.qln"), std::string(300'000, 'x'));
     for (const FileEntry& file : store_.List(folder_.Path(), u".qln")) {
@@ -309,7 +309,7 @@ TEST_F(WinFileStoreTest, CreateFolderMakesTheLastComponentOnly) {
     EXPECT_FALSE(store_.CreateFolder(Put(u"file", "")));
 }
 
-TEST_F(WinFileStoreTest, TemporaryNamesAreFreeAndCarryThePrefix) {
+TEST_F(WinFileStoreTest, TemporaryNamesAreFreeAndHaveThePrefix) {
     const std::u16string name = store_.TemporaryName(u"qln");
     ASSERT_FALSE(name.empty());
     EXPECT_FALSE(store_.FileExists(name));
@@ -318,7 +318,7 @@ TEST_F(WinFileStoreTest, TemporaryNamesAreFreeAndCarryThePrefix) {
     EXPECT_EQ(name.substr(0, backslash), store_.TemporaryFolder());
 }
 
-TEST_F(WinFileStoreTest, PathsBeyondTheOldLimitWorkWhereTheSystemTakesThem) {
+TEST_F(WinFileStoreTest, PathsBeyondTheOldLimitWorkWhereTheSystemAllowsThem) {
     std::u16string deep = folder_.Path();
     while (deep.size() < 300) {
         deep += u"\\" + std::u16string(60, u'd');
@@ -342,7 +342,7 @@ TEST_F(WinFileStoreTest, AHeldFileIsReadWhole) {
     EXPECT_EQ(store_.Read(path), std::string("a\0b", 3)) << "others may read";
 }
 
-TEST_F(WinFileStoreTest, AFileThatIsTooLargeIsLeftAlone) {
+TEST_F(WinFileStoreTest, AFileThatIsTooLargeIsNotRead) {
     const std::u16string path = Put(u"note.qln", "1234");
     EXPECT_EQ(store_.Hold(path, 3).error, FileError::TooLarge);
     EXPECT_EQ(store_.Hold(path, 3).file, nullptr);

@@ -21,7 +21,7 @@ class WinLocaleTextTest : public testing::Test {
     WinLocaleText locale_;
 };
 
-TEST_F(WinLocaleTextTest, WhatTheCodePageLacksBecomesAQuestionMark) {
+TEST_F(WinLocaleTextTest, ACharacterThatTheCodePageLacksBecomesAQuestionMark) {
     if (GetACP() != 1252) GTEST_SKIP() << "the texts are made for code page 1252";
     EXPECT_EQ(locale_.ToNarrow(u"A\u00E9\u20AC"), "A\xE9\x80");
     // Each of these has a look-alike that a plain conversion would use.
@@ -33,7 +33,7 @@ TEST_F(WinLocaleTextTest, WhatTheCodePageLacksBecomesAQuestionMark) {
     EXPECT_EQ(locale_.ToNarrow(u""), "");
 }
 
-TEST_F(WinLocaleTextTest, EveryByteOfTheCodePageComesBack) {
+TEST_F(WinLocaleTextTest, EveryByteOfTheCodePageIsRestored) {
     CPINFO info{};
     ASSERT_NE(GetCPInfo(CP_ACP, &info), 0);
     if (info.MaxCharSize != 1) GTEST_SKIP() << "a code page of several bytes a character";
@@ -86,7 +86,7 @@ TEST_F(WinLocaleTextTest, FractionsFollowTheLocale) {
     EXPECT_EQ(locale_.ParseNumber(u"1e3"), 1000);
 }
 
-TEST_F(WinLocaleTextTest, WhatIsNoNumberFails) {
+TEST_F(WinLocaleTextTest, ATextThatIsNotANumberFails) {
     for (const char16_t* text : {u"", u" ", u"abc", u"-", u"12x", u"1 2 x", u"true", u"1e999"}) {
         EXPECT_EQ(locale_.ParseNumber(text), std::nullopt) << testing::PrintToString(std::u16string(text));
     }
@@ -112,7 +112,7 @@ TEST_F(WinLocaleTextTest, DatesAndTimesAreReadInTheLocalesForm) {
     }
 }
 
-TEST_F(WinLocaleTextTest, GeneralDateLeavesOutWhatIsNotThere) {
+TEST_F(WinLocaleTextTest, GeneralDateOmitsMissingParts) {
     const DaySerial midnight = ToDaySerial(CivilTime{2026, 11, 21, 0, 0, 0});
     const DaySerial later = ToDaySerial(CivilTime{2026, 11, 21, 2, 22, 11});
     const DaySerial timeAlone = ToDaySerial(CivilTime{1899, 12, 30, 2, 22, 11});

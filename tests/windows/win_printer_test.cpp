@@ -39,7 +39,7 @@ class PaperTest : public ::testing::Test {
     WinPrinter printer_{dialogs_};
 };
 
-TEST_F(PaperTest, AFinishedDocumentComesOutUnderItsName) {
+TEST_F(PaperTest, AFinishedDocumentIsPrintedUnderItsName) {
     const std::unique_ptr<PrintJob> job = StartLine(u"Buy milk");
     EXPECT_EQ(job->Finish(), PrintOutcome::Printed);
     EXPECT_EQ(paper_.TakePages(), (std::vector<std::vector<std::string>>{{"Buy milk"}}));
@@ -53,7 +53,7 @@ TEST_F(PaperTest, ADocumentThatIsNotFinishedIsWithdrawn) {
     EXPECT_EQ(paper_.Documents(), 1U) << "nothing of the first came out before";
 }
 
-TEST_F(PaperTest, TheSheetIsThePaperAndWhatInkReachesOfIt) {
+TEST_F(PaperTest, TheSheetHasThePaperAndItsPrintableArea) {
     const std::unique_ptr<PrintJob> job = printer_.Open(u"");
     const PrintSheet sheet = job->Sheet();
     EXPECT_EQ(sheet.dotsPerInchAcross, 600);

@@ -49,7 +49,7 @@ class WinShellTest : public testing::Test {
     WinShell shell_;
 };
 
-TEST_F(WinShellTest, FoldersStandAndBearNoTrailingBackslash) {
+TEST_F(WinShellTest, FoldersExistAndHaveNoTrailingBackslash) {
     for (const auto folder :
          {SpecialFolder::Documents, SpecialFolder::DesktopDirectory, SpecialFolder::RoamingApplicationData,
           SpecialFolder::LocalApplicationData, SpecialFolder::ProgramFiles}) {
@@ -100,7 +100,7 @@ TEST_F(WinShellTest, ALinkGivesItsTarget) {
     EXPECT_EQ(shell_.LinkTarget(folder_.Of(u"link.lnk")), target);
 }
 
-TEST_F(WinShellTest, WhatIsNoLinkHasNoTarget) {
+TEST_F(WinShellTest, AFileThatIsNotALinkHasNoTarget) {
     ASSERT_NO_FATAL_FAILURE(PutFile(folder_.Of(u"broken.lnk"), "no link"));
     ASSERT_NO_FATAL_FAILURE(PutFile(folder_.Of(u"empty.lnk"), ""));
     EXPECT_EQ(shell_.LinkTarget(folder_.Of(u"broken.lnk")), u"");
@@ -128,7 +128,7 @@ TEST_F(WinShellTest, ARecycledFileGoesIntoTheRecycleBin) {
     EXPECT_EQ(Recycled(), before + 1);
 }
 
-TEST_F(WinShellTest, AFileThatIsOpenForAMomentIsWaitedForAndThenRecycled) {
+TEST_F(WinShellTest, AFileThatIsOpenBrieflyIsRecycledAfterAWait) {
     const std::u16string path = folder_.Of(u"scanned.qln");
     ASSERT_NO_FATAL_FAILURE(PutFile(path, "x"));
     FileHandle scanner(CreateFileW(Wide(path), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
@@ -174,7 +174,7 @@ class WithoutRecycleBin {
     bool moved_ = false;
 };
 
-TEST_F(WinShellTest, AFileThatTheSystemDeletesForGoodIsGone) {
+TEST_F(WinShellTest, AFileThatTheSystemDeletesPermanentlyIsGone) {
     const WithoutRecycleBin bin;
     if (!bin.Works()) GTEST_SKIP() << "QUILLO_TEST_HOME names no home folder whose Recycle Bin can be taken away";
     const std::u16string path = folder_.Of(u"lost.qln");
@@ -185,11 +185,11 @@ TEST_F(WinShellTest, AFileThatTheSystemDeletesForGoodIsGone) {
     EXPECT_EQ(result == RecycleResult::Gone, !files_.FileExists(path));
 }
 
-TEST_F(WinShellTest, WhatIsMissingIsGone) {
+TEST_F(WinShellTest, AMissingFileCountsAsGone) {
     EXPECT_EQ(shell_.Recycle(folder_.Of(u"missing.qln")), RecycleResult::Gone);
 }
 
-TEST_F(WinShellTest, OpeningWhatIsMissingFailsQuietly) {
+TEST_F(WinShellTest, OpeningAMissingFileFailsSilently) {
     EXPECT_FALSE(shell_.Open(folder_.Of(u"missing.chm")));
 }
 

@@ -66,7 +66,7 @@ TEST(WinTimersTest, ATickMayDestroyItsTimer) {
     PumpWaiting();
 }
 
-TEST(WinTimersTest, TheClockGoesOn) {
+TEST(WinTimersTest, TheClockAdvances) {
     WinTimers timers;
     const std::uint64_t before = timers.Milliseconds();
     EXPECT_TRUE(PumpUntil([&] { return timers.Milliseconds() > before; }));

@@ -92,7 +92,7 @@ TEST(WindowTest, AWindowCanEndWithinItsOwnHandler) {
     EXPECT_EQ(window.Handle(), nullptr);
 }
 
-TEST(WindowTest, TheObjectTakesItsWindowWithIt) {
+TEST(WindowTest, TheObjectDestroysItsWindow) {
     auto window = std::make_unique<TestWindow>();
     ASSERT_TRUE(window->Make());
     const HWND handle = window->Handle();
@@ -141,7 +141,7 @@ TEST(UiTimerTest, TicksUntilItIsStopped) {
     EXPECT_EQ(ticks, atStop);
 }
 
-TEST(UiTimerTest, ATickThatWasUnderWayWhenTheTimerStoppedIsDropped) {
+TEST(UiTimerTest, ATickPostedBeforeTheTimerStoppedIsDropped) {
     int ticks = 0;
     UiTimer timer([&] { ++ticks; });
     timer.Start(1);
@@ -200,7 +200,7 @@ TEST(UiTimerTest, MayStopAndStartItselfInItsTick) {
     EXPECT_FALSE(restarting.IsRunning());
 }
 
-TEST(UiTimerTest, AnIntervalOfZeroLeavesItInert) {
+TEST(UiTimerTest, AnIntervalOfZeroLeavesItInactive) {
     int ticks = 0;
     UiTimer timer([&] { ++ticks; });
     timer.Start(1);
@@ -213,7 +213,7 @@ TEST(UiTimerTest, AnIntervalOfZeroLeavesItInert) {
     EXPECT_EQ(ticks, 0);
 }
 
-TEST(UiTimerTest, ATickThatThrowsIsGivenUpAndTheNextOneComes) {
+TEST(UiTimerTest, ATickThatThrowsIsDroppedAndTheNextOneFires) {
     int ticks = 0;
     UiTimer timer([&] {
         ++ticks;
@@ -243,7 +243,7 @@ TEST(MessageLoopTest, RunsIdleActionsOnceWhenNothingWaits) {
     EXPECT_EQ(window.counted, 4);
 }
 
-TEST(MessageLoopTest, AnIdleActionThatAnIdleActionAsksForNeedsNoMessage) {
+TEST(MessageLoopTest, AnIdleActionAddedByAnIdleActionNeedsNoMessage) {
     PumpWaiting();
     MessageLoop loop;
     // Ends the loop of a broken program: a correct one ends long before.
@@ -269,7 +269,7 @@ TEST(MessageLoopTest, RunsAfterEveryMessageOutsideItsHandler) {
     EXPECT_EQ(lastSeen, 3);
 }
 
-TEST(MessageLoopTest, EndsAlsoWhenAnInnerLoopTookTheNoticeOfTheEnd) {
+TEST(MessageLoopTest, EndsAlsoWhenAnInnerLoopRemovedTheQuitMessage) {
     TestWindow window;
     ASSERT_TRUE(window.Make());
     PumpWaiting();

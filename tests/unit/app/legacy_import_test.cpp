@@ -53,7 +53,7 @@ TEST_F(LegacyNotesTest, TwoNotesMoveFromTheRegistryIntoFiles) {
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);
 }
 
-TEST_F(LegacyNotesTest, AnImportThatHasNoWindowForANoteIsTakenBack) {
+TEST_F(LegacyNotesTest, AnImportThatHasNoWindowForANoteIsUndone) {
     PutCount(2);
     PutNote(1, u"Buy milk", u"");
     PutNote(2, u"Call Bob", u"");
@@ -67,7 +67,7 @@ TEST_F(LegacyNotesTest, AnImportThatHasNoWindowForANoteIsTakenBack) {
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U) << "the next start can import them";
 }
 
-TEST_F(LegacyNotesTest, AnImportWithATextThatNoNoteCanHoldIsTakenBack) {
+TEST_F(LegacyNotesTest, AnImportWithATextThatNoNoteCanHoldIsUndone) {
     PutCount(2);
     PutNote(1, u"Buy milk", u"");
     PutNote(2, std::u16string(kMostNoteCharacters + 1, u'x'), u"");
@@ -121,7 +121,7 @@ TEST_F(LegacyNotesTest, ADamagedSizeLeavesOnlyItsBadFieldsUnapplied) {
     }
 }
 
-TEST_F(LegacyNotesTest, AStoreThatCannotBeReadWholeIsLeftAlone) {
+TEST_F(LegacyNotesTest, AStoreThatCannotBeReadCompletelyIsLeftUnchanged) {
     PutCount(2);
     PutNote(1, u"first", u"");
     PutNote(2, u"second", u"");
@@ -156,7 +156,7 @@ TEST_F(LegacyNotesTest, ANoteInAnUnknownStateIsUnseenAndReported) {
     EXPECT_TRUE(test_.views.Note(2).Data().LargeText);
 }
 
-TEST_F(LegacyNotesTest, ALongGapHidesNoNoteBehindIt) {
+TEST_F(LegacyNotesTest, ALongGapHidesNoLaterNote) {
     PutCount(200);
     PutNote(1, u"first", u"");
     PutNote(150, u"far", u"");
@@ -203,7 +203,7 @@ TEST_F(LegacyNotesTest, AMissingCountImportsNothing) {
     EXPECT_EQ(test_.program.openNotes.Count(), 0U);
 }
 
-TEST_F(LegacyNotesTest, TheLimitOfOpenNotesDoesNotHold) {
+TEST_F(LegacyNotesTest, TheLimitOfOpenNotesDoesNotApply) {
     test_.FillUpTo(kMaxOpenNotes);
     PutCount(1);
     PutNote(1, u"one more", u"");
@@ -238,7 +238,7 @@ TEST_F(LegacyNotesTest, TheValuesAreDeletedInOrderAndTheCountLast) {
     EXPECT_EQ(test_.registry.Log(), expected);
 }
 
-TEST_F(LegacyNotesTest, NoValueGoesBeforeEveryNoteIsInAFile) {
+TEST_F(LegacyNotesTest, NoValueIsDeletedBeforeEveryNoteIsInAFile) {
     PutCount(2);
     PutNote(1, u"first", u"");
     PutNote(2, u"second", u"");
@@ -269,7 +269,7 @@ TEST_F(LegacyNotesTest, OneNoteThatCannotBeWrittenKeepsTheWholeStore) {
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 11U);
 }
 
-TEST_F(LegacyNotesTest, EveryFileIsThereBeforeTheFirstValueGoes) {
+TEST_F(LegacyNotesTest, EveryFileExistsBeforeTheFirstValueIsDeleted) {
     PutCount(3);
     for (int number = 1; number <= 3; ++number) PutNote(number, u"note " + FormatInteger(number), u"");
     EXPECT_FALSE(Import());

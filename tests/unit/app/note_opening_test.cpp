@@ -163,7 +163,7 @@ TEST_F(NoteOpeningTest, TheLargestNoteOpensAgain) {
     EXPECT_TRUE(opened->Text() == note.text);
 }
 
-TEST_F(NoteOpeningTest, ANoteWithoutAWindowIsTold) {
+TEST_F(NoteOpeningTest, ANoteWithoutAWindowIsReported) {
     test_.views.room = 0;
     OpenBytes(kOutside, "Buy milk");
     ASSERT_EQ(test_.notice.balloons.size(), 1U);
@@ -270,7 +270,7 @@ TEST_F(NoteOpeningTest, TheFiftyFirstNoteIsRefusedWithOneBalloonAndItsFileStays)
     EXPECT_EQ(test_.notice.balloons[0].icon, BalloonIcon::Warning);
 }
 
-TEST_F(NoteOpeningTest, TheLimitIsToldAsTheSettingsAndTheSystemAllow) {
+TEST_F(NoteOpeningTest, TheLimitIsReportedAsTheSettingsAndTheSystemAllow) {
     test_.FillUpTo(kMaxOpenNotes);
     settings_.disableBalloonHelp = true;
     EXPECT_FALSE(test_.opening.CanOpenAnotherNote());
@@ -281,7 +281,7 @@ TEST_F(NoteOpeningTest, TheLimitIsToldAsTheSettingsAndTheSystemAllow) {
     EXPECT_EQ(test_.notice.informs.size(), 1U);
 }
 
-TEST_F(NoteOpeningTest, AFullDeskMakesNoNewNote) {
+TEST_F(NoteOpeningTest, AtTheLimitNoNewNoteIsCreated) {
     test_.FillUpTo(kMaxOpenNotes);
     test_.opening.CreateNewNote();
     EXPECT_EQ(test_.program.openNotes.Count(), kMaxOpenNotes);
@@ -312,7 +312,7 @@ TEST_F(NoteOpeningTest, IntendedAFileThatSaysNewMakesAnEmptyNote) {
     }
 }
 
-TEST_F(NoteOpeningTest, TimestampsGoIntoNewNotesOnly) {
+TEST_F(NoteOpeningTest, OnlyNewNotesGetATimestamp) {
     settings_.timestampNewNotes = true;
     const std::u16string stamp = u"(" + test_.locale.GeneralDate(test_.clock.Now()) + u")\r\n\r\n";
     test_.opening.CreateNewNote();
@@ -331,7 +331,7 @@ TEST_F(NoteOpeningTest, NewAndUntaggedNotesTakeTheColorsOfTheSettings) {
     }
 }
 
-TEST_F(NoteOpeningTest, RandomColorsGoToNewAndUntaggedNotesOnly) {
+TEST_F(NoteOpeningTest, OnlyNewAndUntaggedNotesGetRandomColors) {
     settings_.randomNoteColor = true;
     settings_.noteColor = ColorWord{0x111111};
     const auto isPaleScheme = [](const Note& note) {
@@ -395,7 +395,7 @@ TEST_F(NoteOpeningTest, OpeningAFileSavesTheOtherNotesFirstOnceStartUpIsOver) {
     EXPECT_FALSE(first->Data().Changed);
 }
 
-TEST_F(NoteOpeningTest, OneMegabyteComesThroughWhole) {
+TEST_F(NoteOpeningTest, OneMegabyteIsKeptWhole) {
     const std::string text(1'000'000, 'x');
     OpenNote* note = OpenBytes(kOutside, text);
     ASSERT_NE(note, nullptr);

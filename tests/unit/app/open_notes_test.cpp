@@ -76,7 +76,7 @@ TEST_F(OpenNotesTest, SurfacingPopsUpEveryNoteInOrderAndTheLastEndsInFront) {
     EXPECT_FALSE(notes_.Find(u"A")->Data().Changed);
 }
 
-TEST_F(OpenNotesTest, TheKeyboardGoesThroughTheVisibleNotesInOrder) {
+TEST_F(OpenNotesTest, TheKeyboardMovesThroughTheVisibleNotesInOrder) {
     for (const char16_t key : {u'A', u'B', u'C', u'D'}) Add(std::u16string(1, key)).Popup();
     notes_.Find(u"B")->HideNote();
     const auto next = [&](std::u16string key, NoteDirection direction) {
@@ -97,7 +97,7 @@ TEST_F(OpenNotesTest, TheKeyboardGoesThroughTheVisibleNotesInOrder) {
     EXPECT_EQ(next(u"A", NoteDirection::Forward), "") << "there is no other";
 }
 
-TEST_F(OpenNotesTest, ATaskBarMadeAnewGetsTheIconsOfMinimizedNotesBack) {
+TEST_F(OpenNotesTest, ANewTaskBarGetsTheIconsOfMinimizedNotes) {
     Add(u"A").Popup();
     Add(u"B").Popup();
     notes_.Find(u"B")->MinimizeByUser();
@@ -118,13 +118,13 @@ TEST_F(OpenNotesTest, ANoteThatComesDuringAWalkIsNotVisited) {
     EXPECT_EQ(Visited(), u"AB");
 }
 
-TEST_F(OpenNotesTest, RemovingAKeyThatIsNotThereDoesNothing) {
+TEST_F(OpenNotesTest, RemovingAnUnknownKeyDoesNothing) {
     Add(u"A");
     notes_.RemoveNote(u"B");
     EXPECT_EQ(Visited(), u"A");
 }
 
-TEST_F(OpenNotesTest, UnloadingClosesEveryWindowAndTouchesNoFile) {
+TEST_F(OpenNotesTest, UnloadingClosesEveryWindowAndChangesNoFile) {
     Add(u"A").Saver().SetStorageCopy({TestProgram::Stored(u"a.qln"), 0});
     Add(u"B");
     test_.files.Put(TestProgram::Stored(u"a.qln"), "text");
@@ -161,7 +161,7 @@ TEST_F(OpenNotesTest, IdentifiersAreUpperCaseHexadecimalOfARoundedNumber) {
     }
 }
 
-TEST_F(OpenNotesTest, AnIdentifierThatIsTakenIsDrawnAgain) {
+TEST_F(OpenNotesTest, AnIdentifierInUseIsReplacedByAnother) {
     Add(u"7A120");
     test_.random.Queue({0.5, 0.5, 0.25});
     EXPECT_EQ(NewNoteIdentifier(notes_, test_.random), u"3D090");

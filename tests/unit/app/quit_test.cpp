@@ -28,7 +28,7 @@ TEST_F(QuitTest, SavesThenUnloadsEveryNote) {
     EXPECT_TRUE(test_.views.View(1).IsClosed());
 }
 
-TEST_F(QuitTest, TheRunValueGoesOnRequestAndOnlyWithNoNoteOpen) {
+TEST_F(QuitTest, TheRunValueIsDeletedOnRequestAndOnlyWithNoNoteOpen) {
     struct Case {
         int startupMode;
         std::size_t notes;

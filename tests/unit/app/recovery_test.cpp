@@ -106,7 +106,7 @@ TEST_F(FaultTest, OpeningASourceNeitherLosesNorDoublesANote) {
         [&] { test_->opening.OpenNoteFile(source); }, [](const Outcome& o) { return o.open + o.outside == 1; });
 }
 
-TEST_F(FaultTest, AMoveWhoseNewHomeWasOnlyPreparedIsFinished) {
+TEST_F(FaultTest, AMoveWhoseTargetWasOnlyPreparedIsFinished) {
     const std::u16string source = u"D:\\Source.qln";
     const std::u16string copy = TestProgram::Stored(u"new.qln");
     Note().DestroyNote();
@@ -243,7 +243,7 @@ class PreparedTest : public testing::Test {
     const std::u16string copy_ = TestProgram::Stored(u"a.qln");
 };
 
-TEST_F(PreparedTest, AWholeOneTakesThePlaceOfAMissingOrOlderCopy) {
+TEST_F(PreparedTest, ACompleteOneReplacesAMissingOrOlderCopy) {
     test_.files.Put(copy_ + u".new", Copy(u"new"));
     static_cast<void>(test_.recovery.Run());
     EXPECT_EQ(TextAt(copy_), u"new");
@@ -268,7 +268,7 @@ TEST_F(PreparedTest, TheRestIsRemoved) {
     EXPECT_TRUE(test_.files.PathsEndingIn(u".new").empty());
 }
 
-TEST_F(PreparedTest, OtherFilesAreLeftAlone) {
+TEST_F(PreparedTest, OtherFilesAreNotChanged) {
     for (const auto* name : {u"a.txt.new", u"b.new", u"c.old", u"d.qln.x.new"}) {
         test_.files.Put(TestProgram::Stored(name), "mine");
     }
@@ -345,7 +345,7 @@ TEST_F(LateNotesTest, AFileThatStaysLockedIsGivenUpAfterAMinute) {
     EXPECT_EQ(test_.timers.Running(), 0U);
 }
 
-TEST_F(LateNotesTest, AnErrorCostsOneFile) {
+TEST_F(LateNotesTest, AnErrorAffectsOneFileOnly) {
     test_.files.Put(TestProgram::Stored(u"a.qln"), "a");
     test_.files.Put(TestProgram::Stored(u"b.qln"), "b");
     bool failed = false;
@@ -361,7 +361,7 @@ TEST_F(LateNotesTest, AnErrorCostsOneFile) {
 
 // Messages.
 
-TEST(SaveFailures, TellOnceForAllNotes) {
+TEST(SaveFailures, ReportOnceForAllNotes) {
     TestProgram test;
     test.failures.NoteCannotBeSaved(u"a", FileError::DiskFull);
     test.failures.NoteCannotBeSaved(u"b", FileError::DiskFull);

@@ -69,7 +69,7 @@ TEST_F(SettingsTableTest, EveryDefaultAppliesWithoutAKeyWhichIsCreated) {
     EXPECT_EQ(api_.ValueCount(kUserKey), 0U) << "loading writes no value";
 }
 
-TEST_F(SettingsTableTest, RowsStandInTheOrderOfLoading) {
+TEST_F(SettingsTableTest, RowsAreInTheOrderOfLoading) {
     const std::u16string_view expected[] = {u"Shortcut 1",
                                             u"Shortcut 2",
                                             u"Shortcut 3",
@@ -115,7 +115,7 @@ TEST_F(SettingsTableTest, AShortcutThatTheSystemCouldNotRunGivesTheDefault) {
     EXPECT_EQ(Load().shortcuts[1], before);
 }
 
-TEST_F(SettingsTableTest, ShortcutsFallBackToTheSystemFolderOnlyForProgramsThatStandThere) {
+TEST_F(SettingsTableTest, ShortcutsFallBackToTheSystemFolderOnlyForProgramsInIt) {
     struct Case {
         std::vector<std::u16string> present;
         std::u16string_view calculator;
@@ -140,7 +140,7 @@ TEST_F(SettingsTableTest, ShortcutsFallBackToTheSystemFolderOnlyForProgramsThatS
     EXPECT_EQ(s.shortcuts[2], u"C:\\Windows\\System32\\Notepad.exe");
 }
 
-TEST_F(SettingsTableTest, TextsAreTakenAsTheyStandOrTrimmed) {
+TEST_F(SettingsTableTest, TextsAreReadUnchangedOrTrimmed) {
     api_.Put(kUserKey, u"Shortcut 2", u" C:\\a.exe ");
     api_.Put(kUserKey, u"Note font", u"  Arial ");
     api_.Put(kUserKey, u"Reminder", u" C:\\ring.wav ");
@@ -222,7 +222,7 @@ TEST_F(SettingsTableTest, StoredZeroIsBlackAndAMissingColorIsTheDefault) {
     EXPECT_EQ(s.noteTextColor, ColorWord{0});
 }
 
-TEST_F(SettingsTableTest, EmptyTextInPlaceOfAColorCountsAsAbsent) {
+TEST_F(SettingsTableTest, AnEmptyTextInsteadOfAColorCountsAsAbsent) {
     api_.Put(kUserKey, u"Note color", u"");
     EXPECT_EQ(Load().noteColor, ColorWord{14155262});
 }
@@ -312,7 +312,7 @@ TEST_F(SettingsTableTest, SavedOptionsComeBackInEveryRow) {
     EXPECT_EQ(loaded.startupMode, saved.startupMode);
 }
 
-TEST_F(SettingsTableTest, SavingOptionsKeepsTheOrderAndLeavesTheProgramsOwnValuesAlone) {
+TEST_F(SettingsTableTest, SavingOptionsKeepsTheOrderAndTheProgramsOwnValues) {
     TesselRegistry registry(api_);
     SaveSettings(registry, UnlikeTheDefaults());
     std::vector<std::u16string> expected{u"open " + std::u16string(kUserKey)};

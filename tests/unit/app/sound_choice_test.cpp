@@ -36,7 +36,7 @@ TEST(SoundChoice, BlankPathIsSilence) {
     EXPECT_TRUE(device.log.empty());
 }
 
-TEST(SoundChoice, WaveFilesGoThroughTheWavePlayerWhateverTheirCase) {
+TEST(SoundChoice, WaveFilesUseTheWavePlayerInAnyLetterCase) {
     for (const std::u16string path : {u"C:\\a.wav", u"C:\\a.WAV", u"C:\\a.Wav"}) {
         RecordingSoundDevice device;
         PlayReminderSound(u"  " + path + u" ", device);
@@ -44,7 +44,7 @@ TEST(SoundChoice, WaveFilesGoThroughTheWavePlayerWhateverTheirCase) {
     }
 }
 
-TEST(SoundChoice, EverythingElseGoesThroughTheMediaControlInterface) {
+TEST(SoundChoice, EverythingElseUsesTheMediaControlInterface) {
     for (const std::u16string path : {u"C:\\my sounds\\a.wma", u"C:\\a.mp3", u"C:\\a.mid", u"av", u"C:\\wav.txt"}) {
         RecordingSoundDevice device;
         PlayReminderSound(path, device);

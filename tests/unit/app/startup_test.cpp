@@ -87,7 +87,7 @@ class StartupTest : public testing::Test {
 
 // A second start.
 
-TEST_F(StartupTest, ASecondStartHandsItsCommandLineOverAndEnds) {
+TEST_F(StartupTest, ASecondStartPassesOnItsCommandLineAndEnds) {
     struct Case {
         std::u16string_view commandLine;
         std::vector<std::u16string> sent;
@@ -125,7 +125,7 @@ TEST_F(StartupTest, AFirstStartWithCloseLeavesNothingBehind) {
 
 // The steps.
 
-TEST_F(StartupTest, StepsComeInOrder) {
+TEST_F(StartupTest, StepsRunInOrder) {
     EXPECT_EQ(Start(), StartupOutcome::Running);
     EXPECT_EQ(stage_.steps, (Steps{u"AnotherInstanceRuns", u"InitializeShell", u"RegisterLinkFormat", u"ReadOsFacts",
                                    u"LoadNotifyWindow", u"LoadMainForm"}));
@@ -156,7 +156,7 @@ TEST_F(StartupTest, TheRunValueIsWrittenUnlessItIsExactlyTheProgramsPath) {
     for (const std::u16string& line : test_.registry.Log()) EXPECT_NE(line, u"set Quillo");
 }
 
-TEST_F(StartupTest, QuittingWithoutNotesInStartupModeOneTakesTheRunValueUntilTheNextStart) {
+TEST_F(StartupTest, QuittingWithoutNotesInStartupModeOneDeletesTheRunValue) {
     test_.registry.Put(kUserKey, u"Startup Mode", 1);
     EXPECT_EQ(Start(), StartupOutcome::Running);
     EXPECT_TRUE(test_.registry.HasValue(kRunKey, kRunValue));
@@ -166,7 +166,7 @@ TEST_F(StartupTest, QuittingWithoutNotesInStartupModeOneTakesTheRunValueUntilThe
     EXPECT_TRUE(test_.registry.HasValue(kRunKey, kRunValue));
 }
 
-TEST_F(StartupTest, RoamingNotesLiveInTheRoamingFolder) {
+TEST_F(StartupTest, RoamingNotesAreInTheRoamingFolder) {
     test_.registry.Put(kMachineKey, u"Use roaming profile", 1);
     EXPECT_EQ(Start(), StartupOutcome::Running);
     EXPECT_TRUE(program_.settings.useRoamingProfile);
@@ -214,7 +214,7 @@ TEST_F(StartupTest, LaterRunsOpenNoHelp) {
 
 // The saved notes.
 
-TEST_F(StartupTest, OldNotesComeFirstThenTheFilesOfTheNotesFolder) {
+TEST_F(StartupTest, OldNotesAreOpenedBeforeTheFilesOfTheNotesFolder) {
     test_.registry.Put(kUserKey, u"Notes", 1);
     test_.registry.Put(kUserKey, u"Note 1", u"old");
     PutStored(u"a.qln", "first");
@@ -239,7 +239,7 @@ TEST_F(StartupTest, AFileThatCannotBeReadIsSkipped) {
     EXPECT_TRUE(test_.notice.fails.empty());
 }
 
-TEST_F(StartupTest, FiftyOneFilesMakeFiftyNotesAndOneBalloon) {
+TEST_F(StartupTest, FiftyOneFilesOpenFiftyNotesAndOneBalloon) {
     for (int i = 10; i < 63; ++i) PutStored(FormatInteger(i) + u".qln", "text");
     EXPECT_EQ(Start(), StartupOutcome::Running);
     EXPECT_EQ(program_.openNotes.Count(), 50U);
@@ -247,7 +247,7 @@ TEST_F(StartupTest, FiftyOneFilesMakeFiftyNotesAndOneBalloon) {
     EXPECT_EQ(test_.StoredFiles().size(), 53U);
 }
 
-TEST_F(StartupTest, AllNotesOfTheOldStoreOpenAndFilesWithoutRoomStayUntouched) {
+TEST_F(StartupTest, AllNotesOfTheOldStoreOpenAndFilesAboveTheLimitStayUnchanged) {
     constexpr int kStored = 60;
     test_.registry.Put(kUserKey, u"Notes", kStored);
     for (int i = 1; i <= kStored; ++i) test_.registry.Put(kUserKey, u"Note " + FormatInteger(i), u"old");
@@ -264,7 +264,7 @@ TEST_F(StartupTest, AllNotesOfTheOldStoreOpenAndFilesWithoutRoomStayUntouched) {
     EXPECT_EQ(test_.files.Read(TestProgram::Stored(u"b.qln")), "second");
 }
 
-TEST_F(StartupTest, FiftyFilesMakeNoBalloon) {
+TEST_F(StartupTest, FiftyFilesShowNoBalloon) {
     for (int i = 10; i < 60; ++i) PutStored(FormatInteger(i) + u".qln", "text");
     EXPECT_EQ(Start(), StartupOutcome::Running);
     EXPECT_EQ(program_.openNotes.Count(), 50U);
@@ -287,7 +287,7 @@ struct HiddenCase {
     bool balloon;
 };
 
-TEST_F(StartupTest, ABalloonTellsOfHiddenOldNotesOnly) {
+TEST_F(StartupTest, ABalloonReportsHiddenOldNotesOnly) {
     const HiddenCase cases[] = {
         {true, false, 0, 0, 10, true},   {true, true, 0, 0, 10, true},    {false, true, 0, 0, 10, false},
         {true, false, -1, 0, 10, false}, {true, false, 0, -1, 10, false}, {true, false, 0, 0, 4, false},

@@ -46,7 +46,7 @@ TEST(ButtonState, RestsUntilTouched) {
     EXPECT_FALSE(button.MenuMode());
 }
 
-TEST(ButtonState, HoverRaisesItAndTakesTheCapture) {
+TEST(ButtonState, HoveringHighlightsItAndTakesTheCapture) {
     ButtonState button = MakeButton();
     ExpectResponse(button.MouseMove(kInside, MouseButton::None), true, Capture::Take, Event::None);
     EXPECT_EQ(button.Face(), ButtonFace::Hot);
@@ -164,7 +164,7 @@ TEST(ButtonState, MenuModeIgnoresTheOtherButton) {
     EXPECT_EQ(button.MouseUp(kInside, MouseButton::Other, false).event, Event::None);
 }
 
-TEST(ButtonState, LosingTheCaptureBringsItToRest) {
+TEST(ButtonState, LosingTheCaptureReturnsItToRest) {
     ButtonState button = PressedButton();
     ExpectResponse(button.CaptureLost(), true, Capture::Keep, Event::None);
     EXPECT_EQ(button.Face(), ButtonFace::Normal);

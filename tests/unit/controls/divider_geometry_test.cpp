@@ -46,7 +46,7 @@ TEST(DividerGeometryTest, AnyOtherIsHorizontalWithItsGrooveInTheMiddle) {
     }
 }
 
-TEST(DividerGeometryTest, TheCaptionStandsAtTheLeftAndTheGrooveStopsShortOfIt) {
+TEST(DividerGeometryTest, TheCaptionIsAtTheLeftAndTheGrooveEndsBeforeIt) {
     const DividerGeometry geometry = LayOutDivider(Size{200, 20}, Size{50, 13}, Scale());
     EXPECT_EQ(geometry.caption, (Point{0, 2}));  // (20 - 13) / 2 - 1
     EXPECT_EQ(geometry.shadow, (Rect{56, 9, 144, 1}));

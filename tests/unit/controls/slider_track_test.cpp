@@ -65,7 +65,7 @@ TEST_F(SliderTrackTest, AFreshOneRunsFromZeroToAHundred) {
     EXPECT_EQ(fresh.BackColor().value, 0x80000005U) << "the system's window";
 }
 
-TEST_F(SliderTrackTest, AWrittenValueStaysInItsBoundsAndIsReported) {
+TEST_F(SliderTrackTest, ASetValueIsClampedAndReported) {
     struct Case {
         std::int32_t written;
         std::int32_t stored;
@@ -114,7 +114,7 @@ TEST_F(SliderTrackTest, BoundsPushTheValueAndEachOtherWithoutAnEvent) {
     }
 }
 
-TEST_F(SliderTrackTest, PropertiesAreBroughtIntoOrder) {
+TEST_F(SliderTrackTest, PropertiesAreClamped) {
     SliderProperties properties;
     properties.min = 20;
     properties.max = 10;

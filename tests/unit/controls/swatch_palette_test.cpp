@@ -30,7 +30,7 @@ TEST(SwatchPalette, ColorWordsHaveRedInTheLowByte) {
     EXPECT_EQ(kSwatches[8].text.Number(), 0x00FEFE);
 }
 
-TEST(SwatchPalette, RandomSchemeDealsTheFivePaleSchemesByFifths) {
+TEST(SwatchPalette, RandomSchemeChoosesEachPaleSchemeInAFifthOfTheRange) {
     const struct {
         double number;
         std::size_t index;

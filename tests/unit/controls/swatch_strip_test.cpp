@@ -33,7 +33,7 @@ TEST(SwatchStrip, OutsideTheStripNothingIsPicked) {
     EXPECT_EQ(HitStrip(10, 414), 0U) << "below the swatches the strip counts";
 }
 
-TEST(SwatchStrip, WhereALabelReachesIntoTheNextSwatchThatSwatchWins) {
+TEST(SwatchStrip, WhereALabelExtendsIntoTheNextSwatchThatSwatchWins) {
     // The label of swatch 3 ends at 3 * 360 + 120 + 255.
     EXPECT_EQ(HitStrip(1200, 130), 3U);
     EXPECT_EQ(HitStrip(1439, 130), 3U);

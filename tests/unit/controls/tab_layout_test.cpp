@@ -16,7 +16,7 @@ TabMeasures MeasuresOf(std::vector<int> captionWidths, int width = 400) {
     return measures;
 }
 
-TEST(SplitTabsTest, BarsPartTheCaptions) {
+TEST(SplitTabsTest, BarsSeparateTheCaptions) {
     struct Case {
         std::u16string_view tabs;
         Captions captions;
@@ -119,7 +119,7 @@ TEST(TabLayoutTest, OutsideTheControlNothingIsHit) {
     EXPECT_EQ(layout.Face(1, false).Right(), 100) << "its edge stays in sight";
 }
 
-TEST(TabLayoutTest, ACaptionHasTheRoomBetweenTheHalvesOfTheSpacing) {
+TEST(TabLayoutTest, ACaptionHasTheSpaceBetweenTheHalvesOfTheSpacing) {
     TabMeasures measures = MeasuresOf({30, 50});
     const TabLayout layout(measures, Scale());
     EXPECT_EQ(layout.CaptionBox(1, false).left, 2 + 5 + 2);
@@ -132,7 +132,7 @@ TEST(TabLayoutTest, ACaptionHasTheRoomBetweenTheHalvesOfTheSpacing) {
     EXPECT_EQ(odd.CaptionBox(1, false).Right(), 2 + 37 + 3 - 1);
 }
 
-TEST(TabLayoutTest, IconsStandAboveTheirCaptionsOrBesideThem) {
+TEST(TabLayoutTest, IconsAreAboveTheirCaptionsOrBesideThem) {
     TabMeasures measures = MeasuresOf({30});
     measures.iconEdge = 16;
     const TabLayout above(measures, Scale());
@@ -148,7 +148,7 @@ TEST(TabLayoutTest, IconsStandAboveTheirCaptionsOrBesideThem) {
     EXPECT_GE(beside.CaptionBox(1, false).width, 30 - 4) << "nothing of the caption is lost but the margins";
 }
 
-TEST(TabLayoutTest, TheTabsStandOnThePageOrHangFromIt) {
+TEST(TabLayoutTest, TheTabsAreAboveThePageOrBelowIt) {
     const TabLayout layout(MeasuresOf({30}), Scale());
     EXPECT_EQ(layout.PageLine(false), (Rect{0, 39, 400, 1}));
     EXPECT_EQ(layout.Face(1, false), (Rect{2, 2, 50, 37}));

@@ -132,7 +132,7 @@ TEST_F(TabStripTest, ANumberThatNoTabHasMeansNone) {
     }
 }
 
-TEST_F(TabStripTest, FewerTabsLeaveNoneCurrentThatIsGone) {
+TEST_F(TabStripTest, ARemovedTabIsNoLongerCurrent) {
     strip_.SetCurrent(3);
     (void)strip_.MouseMove(kOnThird);
     strip_.SetLayout(LayoutOf({30, 50}));
@@ -151,7 +151,7 @@ TEST_F(TabStripTest, ALostCaptureLeavesNoTabHot) {
     EXPECT_EQ(strip_.MouseUp(), kNothing);
 }
 
-TEST_F(TabStripTest, ACaptionsColorAndLineTellItsState) {
+TEST_F(TabStripTest, ACaptionsColorAndLineShowItsState) {
     const TabProperties properties = FreshTabProperties();
     strip_.SetCurrent(1);
     (void)strip_.MouseMove(kOnSecond);
@@ -172,7 +172,7 @@ TEST(TabPropertiesTest, AFreshStripHasThreeTabsAndTextInTheWindowsColor) {
     EXPECT_EQ(fresh.foreColor.value, 0x80000008U);
 }
 
-TEST(TabPropertiesTest, WhatAFormLeavesUnsaidHasItsDefaults) {
+TEST(TabPropertiesTest, PropertiesThatAFormOmitsHaveTheirDefaults) {
     // Intended: a form's strip without properties has no tabs, and captions in the color of button texts.
     const TabProperties unsaid;
     EXPECT_EQ(unsaid.tabs, u"");
@@ -201,7 +201,7 @@ Call FillOf(const Rect& area, ColorWord color) {
     return call;
 }
 
-TEST_F(TabStripTest, TheGroundIsTheBackColorAndTheLineOfThePage) {
+TEST_F(TabStripTest, TheBackgroundIsTheBackColorAndTheLineOfThePage) {
     RecordingCanvas canvas;
     const TabProperties properties;
     strip_.PaintGround(canvas, properties, kControl, Scale());

@@ -40,7 +40,7 @@ std::string Padded(std::string text, std::size_t width) {
     return text;
 }
 
-TEST(TrayRecordTest, TheFieldsOfThe32BitRecordStandAtTheirOffsets) {
+TEST(TrayRecordTest, TheFieldsOfThe32BitRecordHaveTheirOffsets) {
     DoubleByteText locale;
     Record32 record{};
     FillForAdding<std::uint32_t>(record, 0x11223344, 0x55667788);
@@ -70,7 +70,7 @@ TEST(TrayRecordTest, TheFieldsOfThe32BitRecordStandAtTheirOffsets) {
     EXPECT_EQ(balloon.Number(484), 2u);
 }
 
-TEST(TrayRecordTest, TheFieldsOfThe64BitRecordStandAtTheirOffsets) {
+TEST(TrayRecordTest, TheFieldsOfThe64BitRecordHaveTheirOffsets) {
     DoubleByteText locale;
     Record64 record{};
     FillForAdding<std::uint64_t>(record, 0x1122334455667788, 0x99AABBCCDDEEFF00);

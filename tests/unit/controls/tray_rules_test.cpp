@@ -43,7 +43,7 @@ class TrayRulesTest : public testing::Test {
     std::unique_ptr<TrayRules> icon_ = std::make_unique<TrayRules>(tray_, locale_);
 };
 
-TEST_F(TrayRulesTest, ANewIconCountsAsVisibleAndCostsNothing) {
+TEST_F(TrayRulesTest, ANewIconCountsAsVisibleAndMakesNoCall) {
     EXPECT_TRUE(icon_->Visible());
     EXPECT_TRUE(icon_->Enabled());
     EXPECT_EQ(icon_->Icon(), 0u);
@@ -77,7 +77,7 @@ TEST_F(TrayRulesTest, LoadingAddsTheIcon) {
     EXPECT_TRUE(tray_.iconStands);
 }
 
-TEST_F(TrayRulesTest, LoadingAnInvisibleIconTellsTheShellNothing) {
+TEST_F(TrayRulesTest, LoadingAnInvisibleIconMakesNoCall) {
     icon_->Load({u"Milk", kPicture, false, false});
     EXPECT_THAT(tray_.calls, IsEmpty());
     EXPECT_EQ(tray_.windowsAskedFor, 0);
@@ -99,7 +99,7 @@ TEST_F(TrayRulesTest, VisibilityActsOnlyWhenItChanges) {
     EXPECT_THAT(tray_.Commands(), ElementsAre(kDelete, kAdd, kSetVersion));
 }
 
-TEST_F(TrayRulesTest, WithoutAPictureTheIconComesOnlyWithRecreate) {
+TEST_F(TrayRulesTest, WithoutAPictureOnlyRecreateAddsTheIcon) {
     icon_->Load({u"", 0, true, false});
     icon_->SetVisible(true);
     EXPECT_THAT(tray_.calls, IsEmpty());
@@ -150,7 +150,7 @@ TEST_F(TrayRulesTest, TheEndOfAVisibleIconDeletesIt) {
     EXPECT_FALSE(tray_.iconStands);
 }
 
-TEST_F(TrayRulesTest, TheEndOfAnInvisibleIconTellsTheShellNothing) {
+TEST_F(TrayRulesTest, TheEndOfAnInvisibleIconMakesNoCall) {
     Show();
     icon_->SetVisible(false);
     tray_.calls.clear();
@@ -197,7 +197,7 @@ TEST_F(TrayRulesTest, ARecreatedIconThatTheShellRefusesIsRetried) {
     EXPECT_TRUE(tray_.retryTimer);
 }
 
-TEST_F(TrayRulesTest, AnIconThatCameAnotherWayIsNotRetried) {
+TEST_F(TrayRulesTest, AnIconAddedAnotherWayIsNotRetried) {
     tray_.ready = false;
     icon_->Load({u"", kPicture, true, true});
     tray_.ready = true;
@@ -240,7 +240,7 @@ TEST_F(TrayRulesTest, ABalloonIsShownForTheTimeAskedFor) {
     EXPECT_EQ(tray_.balloonTimer, 15'000u);
 }
 
-TEST_F(TrayRulesTest, ALaterChangeDoesNotShowTheBalloonAnew) {
+TEST_F(TrayRulesTest, ALaterChangeDoesNotShowTheBalloonAgain) {
     Show();
     icon_->ShowBalloon(u"Text", u"Title", 1, 15);
     icon_->SetToolTipText(u"Milk");
@@ -300,7 +300,7 @@ TEST_F(TrayRulesTest, HideBalloonIsAnEmptyBalloon) {
     EXPECT_EQ(tray_.balloonTimer, 0u);
 }
 
-TEST(BalloonIntervalTest, IsCappedAtAMinuteAndInertForNothing) {
+TEST(BalloonIntervalTest, IsCappedAtAMinuteAndZeroWithoutATimeout) {
     EXPECT_EQ(BalloonInterval(1), 1'000u);
     EXPECT_EQ(BalloonInterval(59), 59'000u);
     EXPECT_EQ(BalloonInterval(60), 60'000u);
@@ -341,7 +341,7 @@ TEST_F(TrayRulesTest, ASelectionAloneOrByKeyboardIsAClick) {
     EXPECT_THAT(Events({514, 513, 1024}), ElementsAre(TrayEvent::Click, TrayEvent::Click)) << "another press";
 }
 
-TEST_F(TrayRulesTest, ADoubleClickComesBetweenTwoClicks) {
+TEST_F(TrayRulesTest, ADoubleClickIsRaisedBetweenTwoClicks) {
     Show();
     const auto expected = ElementsAre(TrayEvent::Click, TrayEvent::DblClick, TrayEvent::Click);
     EXPECT_THAT(Events({513, 514, 515, 514}), expected);
@@ -353,7 +353,7 @@ TEST_F(TrayRulesTest, TheRightButtonStaysDouble) {
     EXPECT_THAT(Events({516, 517, 123}), ElementsAre(TrayEvent::RightClick, TrayEvent::RightClick));
 }
 
-TEST_F(TrayRulesTest, ASelectionAfterTheIconCameAnewIsAClick) {
+TEST_F(TrayRulesTest, ASelectionAfterTheIconWasAddedAgainIsAClick) {
     Show();
     EXPECT_THAT(Events({514}), ElementsAre(TrayEvent::Click));
     icon_->SetVisible(false);
@@ -370,7 +370,7 @@ TEST_F(TrayRulesTest, ADisabledIconRaisesNothing) {
     EXPECT_THAT(Events({514}), ElementsAre(TrayEvent::Click));
 }
 
-TEST_F(TrayRulesTest, WhatComesWhileAHandlerRunsIsDropped) {
+TEST_F(TrayRulesTest, MessagesWhileAHandlerRunsAreDropped) {
     Show();
     std::vector<TrayEvent> events;
     icon_->Receive(517, [&](TrayEvent event) {

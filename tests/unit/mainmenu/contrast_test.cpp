@@ -20,7 +20,7 @@ TEST(Contrast, TheTextOfANoteCanBeReadOnEveryScheme) {
     for (const ColorScheme& scheme : kSwatches) EXPECT_GE(ContrastRatio(scheme.text, scheme.note), kText);
 }
 
-TEST(Contrast, TheGlyphsOfANoteStandOutOnEverySchemeWhetherItIsActiveOrNot) {
+TEST(Contrast, TheGlyphsOfANoteHaveContrastOnEverySchemeActiveOrNot) {
     for (std::size_t i = 0; i < kSwatches.size(); ++i) {
         for (const BarStyle style : {BarStyle::Full, BarStyle::Flat, BarStyle::Subtle}) {
             for (const bool active : {true, false}) {

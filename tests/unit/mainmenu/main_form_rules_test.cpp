@@ -13,7 +13,7 @@ TEST(MainFormRules, EveryFifthMinuteSaves) {
     EXPECT_EQ(saves, "----S----S-");
 }
 
-TEST(MainFormRules, RemindersWaitForTheConsoleAndASessionGoneOnElsewhereCountsAsConnected) {
+TEST(MainFormRules, RemindersWaitForTheConsoleAndARemoteSessionCountsAsConnected) {
     EXPECT_EQ(SessionChangeOf(1), SessionChange::Back);
     EXPECT_EQ(SessionChangeOf(2), SessionChange::Away);
     EXPECT_EQ(SessionChangeOf(3), SessionChange::Back) << "over a remote connection";
@@ -22,7 +22,7 @@ TEST(MainFormRules, RemindersWaitForTheConsoleAndASessionGoneOnElsewhereCountsAs
     }
 }
 
-TEST(BusyFlag, IsSetWhileAnyScopeStands) {
+TEST(BusyFlag, IsSetWhileAnyScopeIsAlive) {
     BusyFlag flag;
     EXPECT_FALSE(flag.IsSet());
     {

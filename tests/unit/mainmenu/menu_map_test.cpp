@@ -130,7 +130,7 @@ TEST(MenuMap, HighlightsCoverTheirAreasAndNeverEachOther) {
 
 // The keyboard.
 
-TEST(MenuMap, TabVisitsEveryItemOnceAndComesRound) {
+TEST(MenuMap, TabVisitsEveryItemOnceAndWrapsAround) {
     std::vector<Item> visited;
     Item item = Item::None;
     for (std::size_t i = 0; i < MenuOrder().size(); ++i) {
@@ -143,13 +143,13 @@ TEST(MenuMap, TabVisitsEveryItemOnceAndComesRound) {
     EXPECT_EQ(MoveInMenu(Item::None, MenuMove::Previous, kAll), MenuOrder().back());
 }
 
-TEST(MenuMap, TheFirstArrowGoesToNewNote) {
+TEST(MenuMap, TheFirstArrowSelectsNewNote) {
     for (const MenuMove move : {MenuMove::Left, MenuMove::Right, MenuMove::Up, MenuMove::Down, MenuMove::Next}) {
         EXPECT_EQ(MoveInMenu(Item::None, move, kAll), Item::NewNote);
     }
 }
 
-TEST(MenuMap, ArrowsGoWhereTheyPoint) {
+TEST(MenuMap, ArrowsMoveInTheirDirection) {
     struct Case {
         Item from;
         MenuMove move;
@@ -171,13 +171,13 @@ TEST(MenuMap, ArrowsGoWhereTheyPoint) {
     }
 }
 
-TEST(MenuMap, ArrowsPassOverWhatCannotBeChosen) {
+TEST(MenuMap, ArrowsSkipItemsThatCannotBeChosen) {
     EXPECT_EQ(MoveInMenu(Item::NewNote, MenuMove::Right, kNothing), Item::Options);
     EXPECT_EQ(MoveInMenu(Item::Options, MenuMove::Down, kNothing), Item::Options) << "nothing is below";
     EXPECT_EQ(MoveInMenu(Item::Options, MenuMove::Next, kNothing), Item::About);
 }
 
-TEST(MenuMap, WhateverIsEnabledTheArrowsReachAllOfIt) {
+TEST(MenuMap, ArrowsReachEveryEnabledItem) {
     for (unsigned bits = 0; bits < 32; ++bits) {
         const auto bit = [bits](unsigned n) { return (bits >> n & 1U) != 0; };
         const MenuState state{bit(0), {bit(1), bit(2), bit(3), bit(4)}};

@@ -9,7 +9,7 @@ namespace {
 
 using Texts = std::vector<std::u16string>;
 
-TEST(MenuShortcuts, ADropGoesIntoTheSlotOfItsColumn) {
+TEST(MenuShortcuts, ADropFillsTheSlotOfItsColumn) {
     struct Case {
         double x;
         std::optional<int> slot;
@@ -58,7 +58,7 @@ TEST(MenuShortcuts, ADroppedFileWithAPathThatIsTooLongIsRefused) {
     EXPECT_EQ(SlotOfDroppedFiles({175, 150}, {u"a.exe", u"b.exe"}), std::nullopt);
 }
 
-TEST(MenuShortcuts, ALimitHoldsForTheFileAndForTheWholeCommand) {
+TEST(MenuShortcuts, TheFileAndTheWholeCommandHaveLimits) {
     const auto quoted = [](std::size_t file, std::size_t arguments) {
         return u'"' + std::u16string(file, u'f') + u"\" " + std::u16string(arguments, u'a');
     };
@@ -95,7 +95,7 @@ TEST(MenuShortcuts, LargerShellIconsMoveUpAndLeftByHalfOfTheirSurplus) {
     for (const Case& c : cases) EXPECT_EQ(IconOffset(c.size), c.offset) << c.size;
 }
 
-TEST(MenuShortcuts, IconsStandInTheirColumns) {
+TEST(MenuShortcuts, IconsAreInTheirColumns) {
     EXPECT_EQ(IconPlace(1, 32), (Point{109, 132}));
     EXPECT_EQ(IconPlace(2, 32), (Point{159, 132}));
     EXPECT_EQ(IconPlace(3, 32), (Point{209, 132}));
@@ -104,7 +104,7 @@ TEST(MenuShortcuts, IconsStandInTheirColumns) {
     EXPECT_EQ(IconPlace(1, 16), (Point{117, 140}));
 }
 
-TEST(MenuShortcuts, TheShellsIconSizeIs32WhenNothingOfUseIsStored) {
+TEST(MenuShortcuts, TheShellsIconSizeIs32UnlessAValidOneIsStored) {
     for (const auto* stored : {u"", u"large", u"0", u"-16", u"100000"}) EXPECT_EQ(ShellIconSize(stored), 32);
     EXPECT_EQ(ShellIconSize(u"48"), 48);
     EXPECT_EQ(ShellIconSize(u"40"), 40);
@@ -154,7 +154,7 @@ TEST(MenuShortcuts, AProgramIsStarted) {
     EXPECT_TRUE(shell.opened.empty());
 }
 
-TEST(MenuShortcuts, WhatDoesNotStartIsOpenedByTheShell) {
+TEST(MenuShortcuts, AFileThatDoesNotStartIsOpenedByTheShell) {
     FakeShell shell;
     shell.startWorks = false;
     RunShortcut(u"C:\\Users\\ann\\List.doc", shell);
@@ -173,7 +173,7 @@ TEST(MenuShortcuts, AnEmptySlotRunsNothing) {
     EXPECT_TRUE(shell.opened.empty());
 }
 
-TEST(MenuShortcuts, WhatHasNoWordsInThePictureHasAToolTip) {
+TEST(MenuShortcuts, ItemsWithoutWordsInThePictureHaveToolTips) {
     const std::array<std::u16string, kMenuSlots> shortcuts{u"C:\\Windows\\Notepad.exe", u"", u"", u""};
     EXPECT_EQ(MenuItemTip(MenuItem::Shortcut1, shortcuts), u"Notepad");
     EXPECT_EQ(MenuItemTip(MenuItem::Shortcut2, shortcuts), u"Drop a program here to have it on the menu.");

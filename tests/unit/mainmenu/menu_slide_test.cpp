@@ -37,7 +37,7 @@ TEST(MenuSlide, AFrameLastsAtLeastSevenMilliseconds) {
     EXPECT_EQ(FramePause(500), 0);
 }
 
-TEST(MenuSlide, NothingMovesWhereSomebodyHasSwitchedItOff) {
+TEST(MenuSlide, NothingMovesWhereAnimationIsDisabled) {
     EXPECT_TRUE(IsSlideAnimated(false, true, false));
     EXPECT_FALSE(IsSlideAnimated(true, true, false)) << "the user, here";
     EXPECT_FALSE(IsSlideAnimated(false, false, false)) << "the user, for all programs";

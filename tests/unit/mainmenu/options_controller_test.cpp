@@ -96,7 +96,7 @@ TEST_F(OptionsControllerTest, OpeningWritesNothingButTheStartupModeAsItWasRead) 
     EXPECT_EQ(Number(u"Startup Mode"), 5) << "names are found in any letter case";
 }
 
-TEST_F(OptionsControllerTest, EveryFlagIsWrittenAtOnceAndComesBackAtTheNextStart) {
+TEST_F(OptionsControllerTest, EveryFlagIsWrittenAtOnceAndReadAtTheNextStart) {
     OptionsController controller = Loaded();
     for (const OptionRow& row : OptionsTable()) {
         if (row.kind != OptionKind::Check || row.control == C::SpecialStartupCheck) continue;
@@ -195,7 +195,7 @@ TEST_F(OptionsControllerTest, TheFontIsWrittenInFourValuesAndReachesOpenNotes) {
     EXPECT_EQ(note.TakeCalls(), std::vector<std::string>{"ApplyAppearance"});
 }
 
-TEST_F(OptionsControllerTest, WhatShowsOnNotesReachesThemWhenItChanges) {
+TEST_F(OptionsControllerTest, ChangesThatShowOnNotesReachThem) {
     FakeNoteView& note = OpenNote();
     OptionsController controller = Loaded();
     for (const C check : {C::ShowScrollBarsCheck, C::DragDropCheck, C::NoHighContrastCheck}) {
@@ -207,7 +207,7 @@ TEST_F(OptionsControllerTest, WhatShowsOnNotesReachesThemWhenItChanges) {
     EXPECT_EQ(note.TakeCalls(), std::vector<std::string>{});
 }
 
-TEST_F(OptionsControllerTest, StartupIsWarnedOfWhenItBecomesCheckedOnly) {
+TEST_F(OptionsControllerTest, TheStartupWarningComesOnlyWhenTheBoxBecomesChecked) {
     OptionsController controller = Loaded();
     EXPECT_TRUE(controller.NeedsWarning(C::SpecialStartupCheck, true));
     EXPECT_FALSE(controller.NeedsWarning(C::SpecialStartupCheck, false));
@@ -237,7 +237,7 @@ TEST_F(OptionsControllerTest, HotkeysChangeInMemoryAtOnceAndAreWrittenAtTheEnd) 
     EXPECT_EQ(Number(u"Show notes hotkey"), 'S');
 }
 
-TEST_F(OptionsControllerTest, AHotkeyThatAnotherProgramHasIsSaidToBeTaken) {
+TEST_F(OptionsControllerTest, AHotkeyThatAnotherProgramOwnsIsReported) {
     OptionsController controller = Loaded();
     EXPECT_EQ(controller.TextOf(C::HotkeysTakenLabel), u"");
     owner_.takenHotKeys = {0, 'S'};

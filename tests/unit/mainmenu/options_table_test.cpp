@@ -46,7 +46,7 @@ TEST(OptionsTableTest, EveryOptionCanBeReached) {
     }
 }
 
-TEST(OptionsTableTest, NoControlWritesWhatIsNoOption) {
+TEST(OptionsTableTest, ControlsWriteOptionsOnly) {
     for (const OptionRow& row : OptionsTable()) {
         for (const std::u16string& name : SettingsOf(row)) {
             const SettingRow* setting = FindSetting(name);
@@ -66,7 +66,7 @@ TEST(OptionsTableTest, OnlyTranslucencyHasTwoControls) {
     }
 }
 
-TEST(OptionsTableTest, EveryCheckBoxButTheStartupsHoldsOneFlag) {
+TEST(OptionsTableTest, EveryCheckBoxExceptStartupHasOneFlag) {
     for (const OptionRow& row : OptionsTable()) {
         if (row.kind != OptionKind::Check) continue;
         ASSERT_EQ(SettingsOf(row).size(), 1U);
@@ -83,7 +83,7 @@ TEST(OptionsTableTest, AnimationAndDragAndDropAloneAreInverted) {
     }
 }
 
-TEST(OptionsTableTest, WritesAtOnceButTheTextsAndTheKeys) {
+TEST(OptionsTableTest, WritesAtOnceExceptForTextsAndKeys) {
     for (const OptionRow& row : OptionsTable()) {
         const bool onClose =
             row.kind == OptionKind::KeyBox || (row.kind == OptionKind::TextBox && row.control != C::NotesFolderPath);
@@ -106,7 +106,7 @@ TEST(OptionsTableTest, PagesFollowTheTabs) {
     EXPECT_EQ(last, OptionsPage::Help);
 }
 
-TEST(OptionsTableTest, WhatShowsNoTextOfItsOwnHasANameOrALabelBeforeIt) {
+TEST(OptionsTableTest, AControlWithoutTextHasANameOrALabelBeforeIt) {
     const auto& table = OptionsTable();
     for (std::size_t i = 0; i < table.size(); ++i) {
         switch (table[i].kind) {
@@ -138,7 +138,7 @@ TEST(OptionsTableTest, NoTwoControlsOfAPageShareAnAccessKey) {
     }
 }
 
-TEST(OptionsTableTest, SaysWhatItSaysToTheLetter) {
+TEST(OptionsTableTest, CaptionsAreExact) {
     EXPECT_EQ(kOptionsCaption, u"Quillo options");
     EXPECT_EQ(kOptionsTabs, u"Appearance|Shortcuts|Behavior|Help");
     const std::map<OptionControl, std::u16string_view> captions = {

@@ -25,7 +25,7 @@ TEST(SlotIcons, AnotherProgramAnotherSizeAndDroppedRequestsAskAgain) {
     EXPECT_EQ(icons.ToLookUp(shortcuts, 48).size(), 2U);
 }
 
-TEST(SlotIcons, AnAnswerThatComesTooLateIsOfNoUse) {
+TEST(SlotIcons, AnAnswerThatArrivesTooLateIsDropped) {
     SlotIcons icons;
     std::array<std::u16string, kMenuSlots> shortcuts{u"C:\\1.exe", u"", u"", u""};
     const IconRequest first = icons.ToLookUp(shortcuts, 32).front();

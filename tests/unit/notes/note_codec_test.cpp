@@ -56,7 +56,7 @@ TEST(FormatNoteFile, WritesEveryByteOfTheFormat) {
               "a\r\nb" + head + "<filename>D:\\\xC4.qln</filename></quillo>");
 }
 
-TEST(FormatNoteFile, LeavesOutWhatIsNotPresent) {
+TEST(FormatNoteFile, OmitsAbsentElements) {
     NoteFile file;
     file.text = u"Milk";
     EXPECT_EQ(Written(file), "Milk\r\n<quillo><reminder></reminder><nodelete></nodelete></quillo>");
@@ -149,7 +149,7 @@ TEST(UnicodeElement, IsWrittenOnlyWhereTheTextNeedsIt) {
     EXPECT_NE(Written(Note(std::u16string(1, u'\xD800'))).find(kElement), std::string::npos) << "a lone surrogate";
 }
 
-TEST(UnicodeElement, FollowsTheFourOthersAndLeavesThemAsTheyAre) {
+TEST(UnicodeElement, FollowsTheFourOthersAndLeavesThemUnchanged) {
     EXPECT_EQ(Written(Note(u"\u0416")),
               "?\r\n<quillo><position>7200,3600,3000,2400</position>"
               "<appearance>False,False,14155262,3723262,0,0</appearance><reminder>#45123.75</reminder>"
@@ -166,7 +166,7 @@ TEST(UnicodeElement, IsNotSeenByTheReaderOfOtherElements) {
     EXPECT_EQ(read.appearance, Note(u"").appearance);
 }
 
-TEST(UnicodeElement, BringsEveryTextBack) {
+TEST(UnicodeElement, RestoresEveryText) {
     for (const FileKind kind : {FileKind::StorageCopy, FileKind::ProgramNamed, FileKind::OwnFile}) {
         const std::u16string path = kind == FileKind::StorageCopy ? u"" : u"c:\\a.qln";
         for (const std::u16string& text :
@@ -186,7 +186,7 @@ TEST(UnicodeElement, LosesAnEmptyFirstLineAsEveryNoteDoes) {
     EXPECT_EQ(Read(Written(Note(u"\r\n\r\n\u0416"))).text, u"\r\n\u0416");
 }
 
-TEST(UnicodeElement, IsPassedOverWhenTheTextWasEditedElsewhere) {
+TEST(UnicodeElement, IsIgnoredWhenTheTextWasEditedElsewhere) {
     const std::string file = Written(Note(u"a \u0416 b"));
     EXPECT_EQ(Read("x" + file).text, u"xa ? b");
     EXPECT_EQ(Read(file + "z").text, u"a ? b\r\nz") << "text after the block";
@@ -196,7 +196,7 @@ TEST(UnicodeElement, IsPassedOverWhenTheTextWasEditedElsewhere) {
     EXPECT_EQ(Read(file).text, u"a \u0416 b");
 }
 
-TEST(UnicodeElement, IsPassedOverWhenItIsDamaged) {
+TEST(UnicodeElement, IsIgnoredWhenItIsDamaged) {
     const std::string file = Written(Note(u"\u0416"));
     const std::string element = file.substr(file.find(kElement));
     const auto with = [&](const std::string& other) { return Read(file.substr(0, file.find(kElement)) + other).text; };
@@ -466,7 +466,7 @@ TEST(NoteFile, OfAMegabyteIsReadAsItWasWritten) {
     EXPECT_EQ(Read(Written(Note(text))).text, text);
 }
 
-TEST(NoteFile, DoesNoHarmWhenItIsDamaged) {
+TEST(NoteFile, IsReadSafelyWhenItIsDamaged) {
     std::mt19937 random(7);
     for (const auto* text : {u"Some text\r\n", u"\u0416 text"}) {
         const std::string whole = Written(Note(text));

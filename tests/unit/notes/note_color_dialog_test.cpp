@@ -71,7 +71,7 @@ TEST_F(NoteColorDialogTest, LoadingResetsTheChoiceAndSelectsWhatTheNoteHas) {
     EXPECT_EQ(view_.calls, (Calls{"reset", "select default"}));
 }
 
-TEST_F(NoteColorDialogTest, WhatTheControlsReportWhileLoadingIsNotTheUsers) {
+TEST_F(NoteColorDialogTest, ReportsOfTheControlsWhileLoadingAreIgnored) {
     view_.onSelect = [this](bool own) { dialog_.OnOptionClicked(own); };
     dialog_.Load(note_, true, kSwatches[3]);
     dialog_.OnOptionClicked(false);
@@ -98,7 +98,7 @@ TEST_F(NoteColorDialogTest, TheDefaultOptionKeepsTheColorsPickedLast) {
     EXPECT_EQ(note_.given, (Given{{true, kSwatches[4]}, {false, kSwatches[4]}, {true, kSwatches[4]}}));
 }
 
-TEST_F(NoteColorDialogTest, OkClosesAndTheNoteIsTold) {
+TEST_F(NoteColorDialogTest, OkClosesAndNotifiesTheNote) {
     Show(note_);
     dialog_.OnOk();
     EXPECT_EQ(view_.calls, Calls{"close"});
@@ -106,7 +106,7 @@ TEST_F(NoteColorDialogTest, OkClosesAndTheNoteIsTold) {
     EXPECT_EQ(note_.given, Given{}) << "nothing is applied by closing";
 }
 
-TEST_F(NoteColorDialogTest, TheSecondNoteTurnsTheOneDialogIntended) {
+TEST_F(NoteColorDialogTest, ASecondNoteTakesOverTheOneDialogIntended) {
     Show(note_, true, kSwatches[1]);
     Show(other_, false, kSwatches[2]);
     dialog_.OnColorPicked(kSwatches[7]);
@@ -128,7 +128,7 @@ TEST_F(NoteColorDialogTest, AfterItHasClosedEveryNoteCanOpenItAgain) {
     EXPECT_EQ(other_.closings, 1) << "it had nothing to do with this one";
 }
 
-TEST_F(NoteColorDialogTest, ItsNoteGoing) {
+TEST_F(NoteColorDialogTest, TheEndOfItsNoteClosesIt) {
     Show(note_);
     Show(other_);
     dialog_.DropTarget(other_);
@@ -137,7 +137,7 @@ TEST_F(NoteColorDialogTest, ItsNoteGoing) {
     EXPECT_EQ(note_.closings, 1);
 }
 
-TEST_F(NoteColorDialogTest, AnEarlierNoteGoing) {
+TEST_F(NoteColorDialogTest, TheEndOfAnEarlierNoteDoesNotCloseIt) {
     Show(note_);
     Show(other_);
     dialog_.DropTarget(note_);

@@ -55,7 +55,7 @@ TEST(NoteCommands, TheEditingKeysStayWithTheTextBox) {
     }
 }
 
-TEST(NoteCommands, TheContextMenuKeyOpensTheMenuWhateverIsHeld) {
+TEST(NoteCommands, TheContextMenuKeyOpensTheMenuWithAnyModifier) {
     for (int bits = 0; bits < 8; ++bits) {
         const NoteKeyState held{(bits & 1) != 0, (bits & 2) != 0, (bits & 4) != 0};
         EXPECT_EQ(NoteKeyAction(kContextMenuKey, held), NoteAction::OpenMenu) << bits;
@@ -104,7 +104,7 @@ TEST(NoteCommands, TheTipsOfTheMenuButtonAndThePin) {
     EXPECT_EQ(DescribeNoteButtons(note, u"Milk", {}).pushpin, u"No longer always on top (Ctrl+P)");
 }
 
-TEST(NoteCommands, TheTipOfTheCloseButtonTellsWhatItWouldDo) {
+TEST(NoteCommands, TheTipOfTheCloseButtonDescribesItsAction) {
     const std::u16string recycle = u"\r\nRight click: move to the Recycle Bin (Ctrl+Shift+W)";
     const std::u16string forGood = u"\r\nRight click: delete for good (Ctrl+Shift+W)";
     const struct {
@@ -163,7 +163,7 @@ TEST_F(Performing, EveryActionReachesItsOperation) {
     }
 }
 
-TEST_F(Performing, WhatIsTheWindowsLeavesTheNoteAlone) {
+TEST_F(Performing, ActionsOfTheWindowDoNotChangeTheNote) {
     ShowStored(u"Milk");
     for (const NoteAction action : {NoteAction::None, NoteAction::SelectAll, NoteAction::OpenMenu}) {
         Perform(action, note_);
@@ -199,7 +199,7 @@ TEST_F(Performing, TheTwoDeletionsDifferInTheirQuestion) {
     EXPECT_TRUE(IsDestroyed());
 }
 
-TEST(NoteCommands, EveryActionWithKeysSaysThem) {
+TEST(NoteCommands, EveryActionWithKeysNamesThem) {
     EXPECT_EQ(KeyTextOf(NoteAction::TogglePin), u"Ctrl+P");
     EXPECT_EQ(KeyTextOf(NoteAction::ClickClose), u"Ctrl+W");
     EXPECT_EQ(KeyTextOf(NoteAction::QuickDelete), u"Ctrl+Shift+W");

@@ -47,7 +47,7 @@ TEST(DroppedFiles, OneLineEach) {
     EXPECT_EQ(TextOfDroppedFiles({u"C:\\a.txt", u"D:\\\u0416\\b"}, shell), u"C:\\a.txt\r\nD:\\\u0416\\b\r\n");
 }
 
-TEST(DroppedFiles, ShortcutsStandForTheirTargets) {
+TEST(DroppedFiles, ShortcutsBecomeTheirTargets) {
     FakeShell shell;
     shell.linkTargets[u"C:\\Notes.LNK"] = u"C:\\Folder\\Real.txt";
     EXPECT_EQ(TextOfDroppedFiles({u"C:\\Notes.LNK", u"C:\\b.txt"}, shell), u"C:\\Folder\\Real.txt\r\nC:\\b.txt\r\n");

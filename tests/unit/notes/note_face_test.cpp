@@ -101,7 +101,7 @@ DaySerial At(int year, int month, int day, int hour, int minute, int second = 0)
     return ToDaySerial(CivilTime{year, month, day, hour, minute, second});
 }
 
-TEST(ReminderLabel, TodayShowsTheTimeAlone) {
+TEST(ReminderLabel, TodayShowsOnlyTheTime) {
     FakeLocaleText locale;
     const DaySerial now = At(2026, 3, 14, 9, 0);
     const struct {
@@ -121,7 +121,7 @@ TEST(ReminderLabel, AnotherDayShowsTheShortDateToo) {
     EXPECT_EQ(ReminderLabel(due, At(2026, 3, 14, 9, 0), locale), locale.ShortDate(due) + u"  8:30 am");
 }
 
-TEST(ReminderLabel, IntendedTheSameDayOfAnotherMonthShowsTheTimeAlone) {
+TEST(ReminderLabel, IntendedTheSameDayOfAnotherMonthShowsOnlyTheTime) {
     FakeLocaleText locale;
     EXPECT_EQ(ReminderLabel(At(2026, 4, 14, 8, 30), At(2026, 3, 14, 9, 0), locale), u"8:30 am");
 }
@@ -276,7 +276,7 @@ double WorstContrast(const DragBarPaint& bar) {
         {ContrastRatio(bar.glyph, bar.top), ContrastRatio(bar.glyph, middle), ContrastRatio(bar.glyph, bar.bottom)});
 }
 
-TEST(DragBarColors, GlyphsStandOutOnEveryScheme) {
+TEST(DragBarColors, GlyphsHaveContrastOnEveryScheme) {
     for (std::size_t i = 0; i < kSwatches.size(); ++i) {
         for (const BarStyle style : {BarStyle::Full, BarStyle::Flat, BarStyle::Subtle}) {
             for (const bool active : {false, true}) {
@@ -288,7 +288,7 @@ TEST(DragBarColors, GlyphsStandOutOnEveryScheme) {
     }
 }
 
-TEST(DragBarColors, GlyphsStandOutOnAFlatBarOfAnyColor) {
+TEST(DragBarColors, GlyphsHaveContrastOnAFlatBarOfAnyColor) {
     std::mt19937 engine(7);
     std::uniform_int_distribution<int> channel(0, 255);
     for (int i = 0; i < 5'000; ++i) {

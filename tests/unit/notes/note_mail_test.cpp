@@ -81,7 +81,7 @@ TEST_F(SendMailTest, AttachesTheNoteAtTheBodysLastCharacter) {
     EXPECT_EQ(attached, "caf\xE9\r\n<quillo><reminder></reminder><nodelete></nodelete></quillo>");
 }
 
-TEST(NoteMail, TheBodyIsTheWholeTextWhateverTheSubjectLost) {
+TEST(NoteMail, TheBodyIsTheWholeTextEvenIfTheSubjectIsCut) {
     for (const std::size_t length : {61U, 62U, 64U, 65U, 66U}) {
         const std::u16string text = std::u16string(length - 2, u'x') + u"\r\n";
         EXPECT_EQ(MailBody(text), text + MailBody(u"")) << length;
@@ -98,7 +98,7 @@ TEST_F(SendMailTest, DeletesTheFileBeforeItSignsOff) {
     EXPECT_EQ(left, 0U);
 }
 
-TEST_F(SendMailTest, WithoutSigningOnNothingIsSentAndNoFileStays) {
+TEST_F(SendMailTest, WithoutSigningOnNothingIsSentAndNoFileRemains) {
     mail_.signsOn = MailSignOn::Failed;
     EXPECT_EQ(Send(u"Buy milk"), MailResult::NoAnswer);
     mail_.signsOn = MailSignOn::Canceled;

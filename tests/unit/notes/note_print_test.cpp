@@ -138,7 +138,7 @@ TEST_F(NotePrintTest, TheRuleIsInAColorOfTheNoteThatPaperShows) {
     }
 }
 
-TEST_F(NotePrintTest, AReminderStandsInPlaceOfTheDateOfPrinting) {
+TEST_F(NotePrintTest, AReminderReplacesTheDateOfPrinting) {
     note_.ReminderSet = true;
     note_.ReminderTime = DaySerial{45123.75};
     ASSERT_EQ(Print(u"Buy milk"), PrintOutcome::Printed);
@@ -157,7 +157,7 @@ TEST_F(NotePrintTest, AnEmptyNotePrintsOnePage) {
     EXPECT_EQ(Pages().size(), 1U);
 }
 
-TEST_F(NotePrintTest, LinesFillThePageAndGoOnOnTheNext) {
+TEST_F(NotePrintTest, LinesFillThePageAndContinueOnTheNext) {
     ASSERT_EQ(Print(Numbered(kLinesOnAPage)), PrintOutcome::Printed);
     EXPECT_EQ(Pages().size(), 1U) << "no empty page follows a full one";
     ASSERT_EQ(Print(Numbered(kLinesOnAPage + 1)), PrintOutcome::Printed);
@@ -207,14 +207,14 @@ TEST_F(NotePrintTest, ResolutionsMayDifferAcrossAndDown) {
     EXPECT_EQ(page.lines[3].at, (Point{1152 - 8, 108}));
 }
 
-TEST_F(NotePrintTest, MarginsMakeRoomForWhatInkDoesNotReach) {
+TEST_F(NotePrintTest, MarginsCoverTheUnprintableEdge) {
     printer_.sheet.printable = Rect{18, 18, 576, 720};  // up to 54 dots from the bottom
     ASSERT_EQ(Print(u"Buy milk"), PrintOutcome::Printed);
     EXPECT_EQ(Pages()[0].lines[0].at, (Point{36, 36})) << "the margin covers it";
     EXPECT_EQ(Pages()[0].lines[2].at.y + 9, 738) << "the footer moves up";
 }
 
-TEST_F(NotePrintTest, PaperTooLowForALineStillComesToAnEnd) {
+TEST_F(NotePrintTest, PaperTooLowForALineStillEnds) {
     printer_.sheet = PrintSheet{Size{300, 100}, Rect{0, 0, 300, 100}, 72, 72};
     ASSERT_EQ(Print(Numbered(3)), PrintOutcome::Printed);
     ASSERT_EQ(Pages().size(), 3U);

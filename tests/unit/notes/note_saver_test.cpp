@@ -76,7 +76,7 @@ TEST_F(NoteSaverTest, SavesFiveSecondsAfterTheFirstUnsavedChangeHoweverSteadilyT
     }
 }
 
-TEST_F(NoteSaverTest, SavesInTheChangeItselfWhenTheTimerGetsNoTurn) {
+TEST_F(NoteSaverTest, SavesDuringTheChangeWhenTheTimerCannotFire) {
     Type(u"a");
     timers_.PassWithoutTicks(4999);
     Type(u"b");
@@ -86,7 +86,7 @@ TEST_F(NoteSaverTest, SavesInTheChangeItselfWhenTheTimerGetsNoTurn) {
     EXPECT_EQ(Stored(), u"abc");
 }
 
-TEST_F(NoteSaverTest, TriesAgainEveryTenSecondsAndTellsOnce) {
+TEST_F(NoteSaverTest, TriesAgainEveryTenSecondsAndReportsOnce) {
     files_.FailWrites(true);
     Type(u"a");
     timers_.Pass(2000);

@@ -92,7 +92,7 @@ TEST_F(NoteStoreTest, KeepsTheMarkerInARetry) {
     EXPECT_EQ(Element(kFromText), "<nodelete></nodelete></quillo>");
 }
 
-TEST_F(NoteStoreTest, LooksForAnotherNameWhenSomebodyTakesTheChosenOne) {
+TEST_F(NoteStoreTest, LooksForAnotherNameWhenAnotherProgramTakesTheChosenOne) {
     class TakingStore : public FakeFileStore {
       public:
         FileError Create(std::u16string_view path, std::string_view bytes) override {
@@ -155,7 +155,7 @@ TEST_F(NoteStoreTest, AStorageCopySurvivesAPowerCut) {
     EXPECT_EQ(files_.Read(kOwn).value_or("").substr(0, 5), "Bread") << "the new ones";
 }
 
-TEST_F(NoteStoreTest, MakesAMissingNotesFolderAgain) {
+TEST_F(NoteStoreTest, CreatesAMissingNotesFolderAgain) {
     files_.PutFolder(notesFolder_);
     files_.RemoveFolder(notesFolder_);
     const std::u16string path = store_.NewStoragePath();
@@ -163,14 +163,14 @@ TEST_F(NoteStoreTest, MakesAMissingNotesFolderAgain) {
     EXPECT_TRUE(files_.FileExists(path));
 }
 
-TEST_F(NoteStoreTest, TellsOfANotesFolderThatCannotBeMade) {
+TEST_F(NoteStoreTest, ReportsANotesFolderThatCannotBeCreated) {
     files_.PutFolder(notesFolder_);
     files_.RemoveFolder(notesFolder_);
     files_.Put(notesFolder_, "a file in its place");
     EXPECT_EQ(store_.SaveStorageCopy(content_, store_.NewStoragePath()).error, FileError::FolderMissing);
 }
 
-TEST_F(NoteStoreTest, GivesTheReserveUpOnAFullDisk) {
+TEST_F(NoteStoreTest, DeletesTheReserveOnAFullDisk) {
     store_.Reserve().Keep(0);
     const std::u16string reserve = u"C:\\Data\\Quillo.reserve";
     ASSERT_EQ(files_.Find(reserve)->size, 256U * 1024);
@@ -244,7 +244,7 @@ TEST_F(NoteStoreTest, TheJournalFallsBackToTheTemporaryFolder) {
     EXPECT_EQ(store_.Journal().Unfinished().size(), 1U);
 }
 
-TEST_F(NoteStoreTest, ATornRecordIsRemoved) {
+TEST_F(NoteStoreTest, AnIncompleteRecordIsRemoved) {
     const std::u16string record = store_.Journal().Begin({PendingStep::Kind::Move, u"p", {u"a", 1}, {u"b", 2}});
     const std::string whole = *files_.Read(record);
     for (std::size_t length = 0; length < whole.size(); ++length) {

@@ -16,7 +16,7 @@ class OpenNoteCommands : public OpenNoteTest {
 
 // The time stamp and large text.
 
-TEST_F(OpenNoteCommands, TheTimeStampStandsBeforeTheWholeText) {
+TEST_F(OpenNoteCommands, TheTimeStampIsInsertedBeforeTheWholeText) {
     ASSERT_TRUE(note_.SetText(u"abc"));
     note_.AddTimestamp();
     EXPECT_EQ(note_.Text(), u"(" + locale_.GeneralDate(clock_.now) + u")\r\n\r\nabc");
@@ -30,7 +30,7 @@ TEST_F(OpenNoteCommands, LargeTextIsSwitchedBothWays) {
     EXPECT_FALSE(note_.Data().LargeText);
 }
 
-TEST_F(OpenNoteCommands, TheTimeStampGoesIntoTheTextAsAnInsertion) {
+TEST_F(OpenNoteCommands, TheTimeStampIsAnInsertionIntoTheText) {
     ShowStored(u"abc");
     note_.AddTimestamp();
     EXPECT_EQ(view_.TakeCalls(), Calls{"InsertInFront"}) << "so that caret and undo stay the user's";
@@ -50,7 +50,7 @@ TEST_F(OpenNoteCommands, TheKeysFromNoteToNoteAskTheCollection) {
     EXPECT_EQ(owner_.neighborAsked, std::u16string(u"before ") + kKey);
 }
 
-TEST(NoteLimit, HoldsForTheSumOfOldAndNew) {
+TEST(NoteLimit, AppliesToTheSumOfOldAndNew) {
     constexpr std::size_t kMost = kMostNoteCharacters;
     constexpr std::size_t kAny = std::numeric_limits<std::size_t>::max();
     const struct {
@@ -81,7 +81,7 @@ TEST_F(OpenNoteCommands, TheFirstHiddenNoteGivesAHint) {
     EXPECT_EQ(HasHiddenNotes(), -1);
 }
 
-TEST_F(OpenNoteCommands, TheHintComesOnceInALifetime) {
+TEST_F(OpenNoteCommands, TheHintIsShownOnlyOnceEver) {
     ShowStored(u"Milk");
     TesselRegistry(registry_, kUserKey).SetValueLong(u"Has hidden notes", 1);
     note_.HideWithHint();
@@ -90,7 +90,7 @@ TEST_F(OpenNoteCommands, TheHintComesOnceInALifetime) {
     EXPECT_EQ(HasHiddenNotes(), 1) << "what any other number says is left alone";
 }
 
-TEST_F(OpenNoteCommands, WithBalloonsOffTheHintIsOnlyNotedDown) {
+TEST_F(OpenNoteCommands, WithBalloonsOffTheHintIsOnlyRecorded) {
     settings_.disableBalloonHelp = true;
     ShowStored(u"Milk");
     note_.HideWithHint();
@@ -115,7 +115,7 @@ TEST_F(OpenNoteCommands, AnOldSystemGivesTheHintInAMessageBox) {
 
 // Saving a copy.
 
-TEST_F(OpenNoteCommands, ACopyNamesItselfAndLeavesTheNoteAsItIs) {
+TEST_F(OpenNoteCommands, ACopyHasItsOwnNameAndDoesNotChangeTheNote) {
     ShowStored(u"Milk");
     const Note before = note_.Data();
     view_.copyPath = kDocuments + u"\\shopping.qln";
@@ -129,7 +129,7 @@ TEST_F(OpenNoteCommands, ACopyNamesItselfAndLeavesTheNoteAsItIs) {
     EXPECT_TRUE(StorageExists());
 }
 
-TEST_F(OpenNoteCommands, ACopyTakesThePlaceOfAnExistingFile) {
+TEST_F(OpenNoteCommands, ACopyReplacesAnExistingFile) {
     ShowStored(u"Milk");
     view_.copyPath = kDocuments + u"\\old.qln";
     files_.Put(view_.copyPath, "older");
@@ -145,7 +145,7 @@ TEST_F(OpenNoteCommands, ACanceledCopyWritesNothing) {
     EXPECT_TRUE(SavedFiles().empty());
 }
 
-TEST_F(OpenNoteCommands, ANoteGoneWhileTheUserIsAskedIsNotCopied) {
+TEST_F(OpenNoteCommands, ANoteClosedWhileTheUserIsAskedIsNotCopied) {
     ShowStored(u"Milk");
     view_.copyPath = kDocuments + u"\\shopping.qln";
     view_.whileCopyPathAsked = [this] { note_.DestroyNote(); };
@@ -153,7 +153,7 @@ TEST_F(OpenNoteCommands, ANoteGoneWhileTheUserIsAskedIsNotCopied) {
     EXPECT_TRUE(SavedFiles().empty());
 }
 
-TEST_F(OpenNoteCommands, ACopyThatCannotBeWrittenTakesANameFromTheTextAndTheUserIsTold) {
+TEST_F(OpenNoteCommands, ACopyThatCannotBeWrittenIsNamedFromTheTextAndReported) {
     ShowStored(u"Milk");
     view_.copyPath = kDocuments + u"\\locked.qln";
     files_.FailPath(view_.copyPath);
@@ -164,7 +164,7 @@ TEST_F(OpenNoteCommands, ACopyThatCannotBeWrittenTakesANameFromTheTextAndTheUser
     EXPECT_EQ(note_.Data().FileName, u"");
 }
 
-TEST_F(OpenNoteCommands, ACopyThatCanBeWrittenNowhereIsToldAndCostsNoFile) {
+TEST_F(OpenNoteCommands, ACopyThatCannotBeWrittenAnywhereIsReportedAndLosesNoFile) {
     ShowStored(u"Milk");
     view_.copyPath = kDocuments + u"\\taken.qln";
     files_.Put(view_.copyPath, "mine");

@@ -68,7 +68,7 @@ TEST_F(OpenNoteLeaving, TheIconsCaption) {
     }
 }
 
-TEST_F(OpenNoteLeaving, AClickOnItsIconBringsItBack) {
+TEST_F(OpenNoteLeaving, AClickOnItsIconShowsItAgain) {
     ShowStored(u"text");
     note_.MinimizeByUser();
     EXPECT_EQ(note_.AppearanceString().back(), u'2');
@@ -155,7 +155,7 @@ TEST_F(OpenNoteLeaving, ClosingMinimizesWhenThatIsOn) {
     EXPECT_TRUE(SavedFiles().empty());
 }
 
-TEST_F(OpenNoteLeaving, ANoteWhoseIconTheShellRefusesIsMinimizedAllTheSame) {
+TEST_F(OpenNoteLeaving, ANoteWhoseIconTheShellRefusesIsStillMinimized) {
     ShowStored(u"Milk");
     view_.shellRefusesIcons = true;
     note_.MinimizeByUser();
@@ -206,7 +206,7 @@ TEST_F(OpenNoteLeaving, ANoteThatCannotBeSavedIsLostOnlyOnYes) {
     EXPECT_FALSE(StorageExists());
 }
 
-TEST_F(OpenNoteLeaving, ANoteGoneDuringTheQuestionIsLeftAlone) {
+TEST_F(OpenNoteLeaving, ANoteClosedDuringTheQuestionIsNotUsedAgain) {
     ShowStored(u"Milk");
     files_.FailWrites(true);
     notice_.answer = true;
@@ -245,7 +245,7 @@ TEST_F(OpenNoteLeaving, WithBalloonsOffItIsHiddenSilently) {
     EXPECT_TRUE(notice_.informs.empty());
 }
 
-TEST_F(OpenNoteLeaving, AnOldSystemSaysItInAMessageBox) {
+TEST_F(OpenNoteLeaving, AnOldSystemShowsItInAMessageBox) {
     os_.windows2000OrLater = false;
     settings_.disableBalloonHelp = true;
     note_.SetReminder(DaySerial{45123.75});
@@ -257,7 +257,7 @@ TEST_F(OpenNoteLeaving, AnOldSystemSaysItInAMessageBox) {
     EXPECT_EQ(notice_.informs[0].substr(0, 24), u"You currently have a rem");
 }
 
-TEST_F(OpenNoteLeaving, ANoteGoneDuringThatMessageBoxIsLeftAlone) {
+TEST_F(OpenNoteLeaving, ANoteClosedDuringThatMessageBoxIsNotUsedAgain) {
     os_.windows2000OrLater = false;
     InformingNotice notice(owner_);
     FakeNoteView view;
@@ -315,7 +315,7 @@ TEST_F(OpenNoteLeaving, DeletingWritesAFileOfAnEmptyNoteToo) {
     EXPECT_TRUE(shell_.recycled.front().path.ends_with(u"\\Note 1.qln"));
 }
 
-TEST_F(OpenNoteLeaving, DeletingForGoodAsksFirst) {
+TEST_F(OpenNoteLeaving, DeletingPermanentlyAsksFirst) {
     settings_.dontRecycleNotes = true;
     ShowStored(u"Milk");
     notice_.answer = false;
@@ -336,7 +336,7 @@ TEST_F(OpenNoteLeaving, DeletingForGoodAsksFirst) {
     EXPECT_TRUE(SavedFiles().empty());
 }
 
-TEST_F(OpenNoteLeaving, ANoteGoneDuringTheDeleteQuestionIsNotRecycled) {
+TEST_F(OpenNoteLeaving, ANoteClosedDuringTheDeleteQuestionIsNotRecycled) {
     settings_.dontRecycleNotes = true;
     ShowStored(u"Milk");
     notice_.answer = true;
@@ -349,7 +349,7 @@ TEST_F(OpenNoteLeaving, ANoteGoneDuringTheDeleteQuestionIsNotRecycled) {
     EXPECT_TRUE(StorageExists());
 }
 
-TEST_F(OpenNoteLeaving, ADeletedNoteThatCanBeSavedNowhereIsLostOnlyOnYes) {
+TEST_F(OpenNoteLeaving, ADeletedNoteThatCannotBeSavedAnywhereIsLostOnlyOnYes) {
     ShowStored(u"Milk");
     files_.FailWrites(true);
     notice_.answer = false;
@@ -366,7 +366,7 @@ TEST_F(OpenNoteLeaving, ADeletedNoteThatCanBeSavedNowhereIsLostOnlyOnYes) {
     EXPECT_TRUE(shell_.recycled.empty());
 }
 
-TEST_F(OpenNoteLeaving, ADeletedNoteThatItsFolderDoesNotTakeIsKeptElsewhere) {
+TEST_F(OpenNoteLeaving, ADeletedNoteThatItsFolderRefusesIsKeptElsewhere) {
     ShowStored(u"Milk");
     files_.RemoveFolder(kDocuments);
     note_.DeleteNote();
@@ -377,7 +377,7 @@ TEST_F(OpenNoteLeaving, ADeletedNoteThatItsFolderDoesNotTakeIsKeptElsewhere) {
     EXPECT_TRUE(notice_.questions.empty());
 }
 
-TEST_F(OpenNoteLeaving, AFileThatTheSystemDeletedForGoodIsWrittenAgain) {
+TEST_F(OpenNoteLeaving, AFileThatTheSystemDeletedPermanentlyIsWrittenAgain) {
     shell_.recycling = RecycleResult::Gone;
     ShowStored(u"Milk");
     note_.DeleteNote();
@@ -413,7 +413,7 @@ class LosingShell : public FakeShell {
     FakeFileStore& files_;
 };
 
-TEST_F(OpenNoteLeaving, ANoteThatTheBinLostAndNoDiskTakesIsKeptUnlessTheUserGivesItUp) {
+TEST_F(OpenNoteLeaving, ANoteThatTheBinLostAndNoDiskAcceptsIsKeptUnlessTheUserGivesItUp) {
     LosingShell shell(files_);
     NoteStore store{files_, locale_, shell, names_, kFolder};
     FakeNoteView view;
@@ -431,7 +431,7 @@ TEST_F(OpenNoteLeaving, ANoteThatTheBinLostAndNoDiskTakesIsKeptUnlessTheUserGive
     EXPECT_EQ(notice_.questions.size(), 1U);
 }
 
-TEST_F(OpenNoteLeaving, AFileThatTheRecycleBinDoesNotTakeStays) {
+TEST_F(OpenNoteLeaving, AFileThatTheRecycleBinRefusesStays) {
     shell_.recycling = RecycleResult::Stays;
     ShowStored(u"Milk");
     note_.DeleteNote();
@@ -474,7 +474,7 @@ TEST_F(OpenNoteLeaving, AStorageCopyThatIsOpenElsewhereIsDeletedLater) {
     EXPECT_TRUE(store_.Journal().Unfinished().empty());
 }
 
-TEST_F(OpenNoteLeaving, WhatIsPreparedForAStorageCopyGoesBeforeIt) {
+TEST_F(OpenNoteLeaving, FilesPreparedForAStorageCopyAreDeletedBeforeIt) {
     ShowStored(u"Milk");
     files_.Put(note_.Data().StoragePath + u".new", "later");
     files_.log.clear();
@@ -483,7 +483,7 @@ TEST_F(OpenNoteLeaving, WhatIsPreparedForAStorageCopyGoesBeforeIt) {
     EXPECT_EQ(files_.log.front(), u"Delete " + kFolder + files_.log.back().substr(7 + kFolder.size()) + u".new");
 }
 
-TEST_F(OpenNoteLeaving, ANoteGoneWhileItsFileIsRecycledIsLeftAlone) {
+TEST_F(OpenNoteLeaving, ANoteClosedWhileItsFileIsRecycledIsNotUsedAgain) {
     PumpingShell shell(files_, owner_);
     NoteStore store{files_, locale_, shell, names_, kFolder};
     FakeNoteView view;
@@ -529,7 +529,7 @@ TEST_F(OpenNoteLeaving, QuickDeleteNeverAsks) {
     }
 }
 
-TEST_F(OpenNoteLeaving, DestroyingPassesOverAStorageCopyThatStays) {
+TEST_F(OpenNoteLeaving, DestroyingIgnoresAStorageCopyThatCannotBeDeleted) {
     note_.Saver().SetStorageCopy({kFolder + u"\\gone.qln", 0});
     note_.DestroyNote();
     EXPECT_TRUE(IsDestroyed());

@@ -52,7 +52,7 @@ TEST_F(OpenNoteReminderTest, ADueReminderOpensTheAlertThenHidesTheNote) {
     EXPECT_FALSE(note_.IsVisible());
 }
 
-TEST_F(OpenNoteReminderTest, AReminderLongPastFiresToo) {
+TEST_F(OpenNoteReminderTest, AReminderInTheDistantPastFiresToo) {
     SetSilently(-40);
     note_.TimerBroadcast();
     EXPECT_TRUE(Did("OpenReminderAlert"));
@@ -65,7 +65,7 @@ TEST_F(OpenNoteReminderTest, IntendedAFiredReminderLeavesTheNoteUnchanged) {
     EXPECT_FALSE(IsSavePending());
 }
 
-TEST_F(OpenNoteReminderTest, ASecondReminderWhileTheAlertStandsIsOnlyForgotten) {
+TEST_F(OpenNoteReminderTest, ASecondReminderWhileTheAlertIsOpenIsOnlyCleared) {
     SetSilently(0);
     note_.TimerBroadcast();
     SetSilently(0);
@@ -74,7 +74,7 @@ TEST_F(OpenNoteReminderTest, ASecondReminderWhileTheAlertStandsIsOnlyForgotten) 
     EXPECT_FALSE(note_.Data().ReminderSet);
 }
 
-TEST_F(OpenNoteReminderTest, OnceTheAlertIsGoneTheNextOneOpens) {
+TEST_F(OpenNoteReminderTest, OnceTheAlertIsClosedTheNextOneOpens) {
     SetSilently(0);
     note_.TimerBroadcast();
     note_.Popup();
@@ -84,7 +84,7 @@ TEST_F(OpenNoteReminderTest, OnceTheAlertIsGoneTheNextOneOpens) {
     EXPECT_TRUE(Did("OpenReminderAlert"));
 }
 
-TEST_F(OpenNoteReminderTest, AnAlertDismissedWhileItOpensLeavesTheNoteOnTheScreen) {
+TEST_F(OpenNoteReminderTest, AnAlertDismissedWhileItOpensKeepsTheNoteOnTheScreen) {
     SetSilently(0);
     view_.whileAlertOpens = [this] {
         note_.Popup();
@@ -94,7 +94,7 @@ TEST_F(OpenNoteReminderTest, AnAlertDismissedWhileItOpensLeavesTheNoteOnTheScree
     EXPECT_TRUE(note_.IsVisible());
 }
 
-TEST_F(OpenNoteReminderTest, ANoteDestroyedWhileItsAlertOpensIsNotTouchedAgain) {
+TEST_F(OpenNoteReminderTest, ANoteDestroyedWhileItsAlertOpensIsNotUsedAgain) {
     SetSilently(0);
     view_.whileAlertOpens = [this] { note_.DestroyNote(); };
     note_.TimerBroadcast();
@@ -137,7 +137,7 @@ TEST_F(OpenNoteReminderTest, TheDialogGetsTheReminderOrNone) {
     EXPECT_EQ(view_.DialogReminder(), kNoReminder) << "a time that no longer counts";
 }
 
-TEST_F(OpenNoteReminderTest, AnOpenDialogComesForward) {
+TEST_F(OpenNoteReminderTest, AnOpenDialogComesToTheFront) {
     note_.AskReminder();
     note_.AskReminder();
     EXPECT_EQ(view_.TakeCalls(), (Calls{"OpenReminderDialog", "BringReminderDialogForward"}));

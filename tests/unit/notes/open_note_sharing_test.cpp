@@ -33,7 +33,7 @@ TEST_F(OpenNoteSharingTest, PrintsUnderItsFirstWords) {
     ExpectUnchanged();
 }
 
-TEST_F(OpenNoteSharingTest, AnyFailureOfThePrinterIsToldOnce) {
+TEST_F(OpenNoteSharingTest, AnyFailureOfThePrinterIsReportedOnce) {
     printer_.opens = PrintOutcome::Failed;
     note_.PrintNote();
     printer_.opens = PrintOutcome::Printed;
@@ -44,7 +44,7 @@ TEST_F(OpenNoteSharingTest, AnyFailureOfThePrinterIsToldOnce) {
     ExpectUnchanged();
 }
 
-TEST_F(OpenNoteSharingTest, WhatHasFailedIsWithdrawnBeforeTheUserIsTold) {
+TEST_F(OpenNoteSharingTest, AFailedJobIsWithdrawnBeforeItIsReported) {
     bool withdrawn = false;
     notice_.onWarn = [&] { withdrawn = printer_.documents.back().withdrawn; };
     printer_.failingPage = 1;
@@ -80,7 +80,7 @@ TEST_F(OpenNoteSharingTest, OnlyAnEmptyTextIsNotMailed) {
     EXPECT_EQ(mail_.sent.size(), 1U);
 }
 
-TEST_F(OpenNoteSharingTest, MissingMailIsTold) {
+TEST_F(OpenNoteSharingTest, MissingMailIsReported) {
     mail_.isMissing = true;
     note_.MailNote();
     EXPECT_EQ(notice_.warnings, (std::vector<std::u16string>{
@@ -90,7 +90,7 @@ TEST_F(OpenNoteSharingTest, MissingMailIsTold) {
     ExpectUnchanged();
 }
 
-TEST_F(OpenNoteSharingTest, NoMailProgramIsToldOnce) {
+TEST_F(OpenNoteSharingTest, AMissingMailProgramIsReportedOnce) {
     mail_.signsOn = MailSignOn::Failed;
     note_.MailNote();
     EXPECT_EQ(notice_.warnings,
@@ -100,7 +100,7 @@ TEST_F(OpenNoteSharingTest, NoMailProgramIsToldOnce) {
     ExpectUnchanged();
 }
 
-TEST_F(OpenNoteSharingTest, ANoteThatCannotBeAttachedIsTold) {
+TEST_F(OpenNoteSharingTest, ANoteThatCannotBeAttachedIsReported) {
     files_.FailWrites(true);
     note_.MailNote();
     EXPECT_EQ(notice_.warnings,

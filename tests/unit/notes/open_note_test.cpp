@@ -70,12 +70,12 @@ TEST_F(OpenNoteTest, TheOpenedPathBecomesTheFileName) {
     EXPECT_EQ(note_.Data().FileName, u"C:\\Documents\\Here.qln");
 }
 
-TEST_F(OpenNoteTest, AStoredFileNameComesBackInLowerCase) {
+TEST_F(OpenNoteTest, AStoredFileNameIsReadInLowerCase) {
     static_cast<void>(note_.SetupNoteFromTags(Tags(u"<filename>D:\\Elsewhere.QLN</filename>"), u""));
     EXPECT_EQ(note_.Data().FileName, u"d:\\elsewhere.qln");
 }
 
-TEST_F(OpenNoteTest, AFileOpenedUnderTheNameTheProgramGaveItIsNoOwnFile) {
+TEST_F(OpenNoteTest, AFileThatStillHasTheProgramsNameIsNotTheNotesOwn) {
     const std::u16string tags = u"<position>1,2,3,4</position><tempfilename>c:\\documents\\milk.qln</tempfilename>";
     static_cast<void>(note_.SetupNoteFromTags(Tags(tags), u"C:\\Documents\\Milk.qln"));
     EXPECT_EQ(note_.Data().FileName, u"");
@@ -85,7 +85,7 @@ TEST_F(OpenNoteTest, AFileOpenedUnderTheNameTheProgramGaveItIsNoOwnFile) {
 
 // The appearance string.
 
-TEST_F(OpenNoteTest, AppearanceTellsTheWindowState) {
+TEST_F(OpenNoteTest, AppearanceContainsTheWindowState) {
     note_.Popup();
     EXPECT_EQ(note_.AppearanceString(), u"False,False,14155262,3723262,0,0");
     note_.HideNote();
@@ -128,7 +128,7 @@ TEST_F(OpenNoteTest, AShortAppearanceLeavesBlackAndShowsTheNote) {
     EXPECT_TRUE(view_.IsVisible());
 }
 
-TEST_F(OpenNoteTest, ForeignColorsGiveWayToTheSettings) {
+TEST_F(OpenNoteTest, ForeignColorsAreReplacedByTheSettings) {
     EXPECT_TRUE(note_.SetAppearanceString(u"False,False,1,2,3,1"));
     EXPECT_EQ(view_.Applied().NoteColor, settings_.noteColor);
     EXPECT_EQ(note_.AppearanceString(), u"False,False,14155262,3723262,0,1");
@@ -210,7 +210,7 @@ TEST_F(OpenNoteTest, AFileOfTheNotesFolderIsTheStorageCopy) {
     EXPECT_EQ(Content(path).substr(0, 5), "new\r\n");
 }
 
-TEST_F(OpenNoteTest, IntendedAFailedSaveClearsTheMarkAllTheSame) {
+TEST_F(OpenNoteTest, IntendedAFailedSaveAlsoClearsTheMark) {
     files_.FailWrites(true);
     note_.MarkChanged();
     EXPECT_FALSE(note_.PersistNote());
@@ -255,7 +255,7 @@ TEST_F(OpenNoteTest, ChangesOfTheNoteMarkIt) {
     }
 }
 
-TEST_F(OpenNoteTest, ComingBackByTheUserMarksOnlyANoteThatWasAway) {
+TEST_F(OpenNoteTest, ShowingByTheUserMarksOnlyAHiddenNote) {
     ShowStored(u"text");
     note_.PopupByUser();
     EXPECT_FALSE(note_.Data().Changed);

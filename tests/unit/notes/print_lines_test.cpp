@@ -73,7 +73,7 @@ TEST_F(PrintLinesTest, AWordWiderThanTheLineIsBrokenAtTheWidth) {
     EXPECT_EQ(Break(u"abcdefgh", 4), (Lines{u"abcd", u"efgh"}));
 }
 
-TEST_F(PrintLinesTest, EvenTheNarrowestPaperTakesACharacterALine) {
+TEST_F(PrintLinesTest, EvenTheNarrowestPaperTakesACharacterPerLine) {
     EXPECT_EQ(Break(u"abc", 0), (Lines{u"a", u"b", u"c"}));
     EXPECT_EQ(Break(u"\U0001F600\U0001F600", 0), (Lines{u"\U0001F600", u"\U0001F600"}));
     EXPECT_EQ(Break(u"a\r\nb", 0), (Lines{u"a", u"b"}));
@@ -83,17 +83,17 @@ TEST_F(PrintLinesTest, ACharacterOfTwoUnitsIsNotBroken) {
     EXPECT_EQ(Break(u"abc\U0001F600", 4), (Lines{u"abc", u"\U0001F600"}));
 }
 
-TEST_F(PrintLinesTest, WhatHasNoShapeOnPaperIsABlank) {
+TEST_F(PrintLinesTest, ACharacterWithoutAGlyphIsABlank) {
     EXPECT_EQ(Break(u"a\tb", 100), (Lines{u"a  b"})) << "a tab is two blanks wide, as on the note";
     EXPECT_EQ(Break(u"a\nb\rc", 100), (Lines{u"a b c"})) << "a lone half of a line break breaks no line";
 }
 
-TEST_F(PrintLinesTest, ManyCharactersWithoutWidthStandOnOneLine) {
+TEST_F(PrintLinesTest, ManyCharactersWithoutWidthFitOnOneLine) {
     const std::u16string accents(1000, u'\u0301');
     EXPECT_EQ(Break(u"e" + accents, 1), (Lines{u"e" + accents}));
 }
 
-TEST_F(PrintLinesTest, AMegabyteIsMeasuredInTimeThatFollowsItsLength) {
+TEST_F(PrintLinesTest, AMegabyteIsMeasuredInLinearTime) {
     constexpr std::size_t kMegabyte = 1'000'000;
     const auto measured = [this](std::u16string_view text) {
         const std::size_t before = printer_.documents[0].charactersMeasured;

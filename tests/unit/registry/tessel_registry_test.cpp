@@ -106,7 +106,7 @@ TEST_F(TesselRegistryTest, ClosedInstanceAnswers) {
     EXPECT_EQ(list, listBefore);
 }
 
-TEST_F(TesselRegistryTest, DefaultsStandInForMissingValuesOfAnOpenKey) {
+TEST_F(TesselRegistryTest, DefaultsReplaceMissingValuesOfAnOpenKey) {
     const TesselRegistry registry(api_, kPath);
     EXPECT_EQ(registry.Value(u"missing"), u"");
     EXPECT_EQ(registry.GetValue(u"missing", u"default"), u"default");
@@ -114,7 +114,7 @@ TEST_F(TesselRegistryTest, DefaultsStandInForMissingValuesOfAnOpenKey) {
     EXPECT_EQ(registry.GetValueLong(u"missing", -1), -1);
 }
 
-TEST_F(TesselRegistryTest, WhatIsWrittenReadsBack) {
+TEST_F(TesselRegistryTest, WrittenValuesAreReadBack) {
     TesselRegistry registry(api_, kPath);
     for (const auto* text : {u"", u"a", u" blanks kept ", u"C:\\Übung\\Reminder.wma", u"\x65E5\x672C"}) {
         registry.SetValue(u"name", text);

@@ -35,7 +35,7 @@ TEST(AlertPlaces, TheLastAlertLeavesAllFree) {
     EXPECT_TRUE(places.AllFree());
 }
 
-TEST(AlertPlaces, FreeingAPlaceThatNobodyHadChangesNothing) {
+TEST(AlertPlaces, FreeingAFreePlaceChangesNothing) {
     AlertPlaces places;
     places.Free(7);
     EXPECT_EQ(places.Take(), 0U);

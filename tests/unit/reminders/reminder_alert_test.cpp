@@ -23,12 +23,12 @@ TEST(ReminderAlert, WithoutAReminderNothingIsDue) {
     }
 }
 
-TEST(ReminderAlert, AnOpenAlertServesForTheNextReminderToo) {
+TEST(ReminderAlert, AnOpenAlertAlsoCountsForTheNextReminder) {
     EXPECT_EQ(CheckReminder(true, kNow, kNow, true), ReminderCheck::Clear);
     EXPECT_EQ(CheckReminder(true, DaySerial{kNow.days + 1}, kNow, true), ReminderCheck::Nothing);
 }
 
-TEST(ReminderAlert, TheStripIsThirtyFiveHighAndLeavesFortyAtItsRightEnd) {
+TEST(ReminderAlert, TheStripIsThirtyFiveHighWithoutFortyAtItsRightEnd) {
     const Scale scale;
     EXPECT_TRUE(IsAlertDragStrip({0, 0}, 320, scale));
     EXPECT_TRUE(IsAlertDragStrip({279, 34}, 320, scale));

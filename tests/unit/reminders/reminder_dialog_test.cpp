@@ -153,7 +153,7 @@ TEST_F(ReminderDialogTest, TheFormGrowsForTheFirstMessageOnly) {
     EXPECT_TRUE(step.unload);
 }
 
-TEST_F(ReminderDialogTest, AMessageLeavesTheNoteAlone) {
+TEST_F(ReminderDialogTest, AMessageDoesNotChangeTheNote) {
     RecordingOwner owner;
     ReminderDialog dialog = WithReminder();
     CarryOut(dialog.PressOk(u"whenever", NoteAway::MinimizeWithBalloon, kNow), &owner);
@@ -178,7 +178,7 @@ TEST_F(ReminderDialogTest, TheNoteLeavesTheScreenAfterItsReminderIsSet) {
     }
 }
 
-TEST_F(ReminderDialogTest, TheBalloonTellsWhereTheNoteWent) {
+TEST_F(ReminderDialogTest, TheBalloonExplainsWhereTheNoteIs) {
     RecordingOwner owner;
     CarryOut(Fresh().PressOk(u"noon", NoteAway::MinimizeWithBalloon, kNow), &owner);
     EXPECT_EQ(owner.balloonText,
@@ -236,7 +236,7 @@ TEST_F(ReminderDialogTest, CancelWithAReminderAsksFirst) {
     EXPECT_FALSE(dialog.MessageShown()) << "the hint is no error: it does not open the message line";
 }
 
-TEST_F(ReminderDialogTest, TheHintTakesThePlaceOfAnEarlierMessage) {
+TEST_F(ReminderDialogTest, TheHintReplacesAnEarlierMessage) {
     ReminderDialog dialog = WithReminder();
     EXPECT_EQ(dialog.PressOk(u"whenever", NoteAway::Stay, kNow), MessageStep(true));
     EXPECT_EQ(dialog.PressCancel(), ReminderStep{});
@@ -257,7 +257,7 @@ TEST_F(ReminderDialogTest, ASecondCancelRemovesTheReminder) {
     EXPECT_EQ(owner.calls, Calls{"cancel"});
 }
 
-TEST_F(ReminderDialogTest, KeepReminderChangesNothingWhateverIsTyped) {
+TEST_F(ReminderDialogTest, KeepReminderChangesNothingForAnyText) {
     for (const std::u16string_view typed : {u"in 20 minutes", u"", u"whenever"}) {
         RecordingOwner owner;
         ReminderDialog dialog = WithReminder();
@@ -288,13 +288,13 @@ TEST_F(ReminderDialogTest, ThePreviewSaysHowAPhraseIsUnderstood) {
         EXPECT_EQ(dialog.Preview(typed, kNow), u"");
 }
 
-TEST_F(ReminderDialogTest, ThePreviewIsNeverThereWithAMessage) {
+TEST_F(ReminderDialogTest, ThePreviewIsNeverShownWithAMessage) {
     ReminderDialog dialog = Fresh();
     EXPECT_TRUE(dialog.PressOk(u"", NoteAway::Stay, kNow).growForMessage);
     EXPECT_EQ(dialog.Preview(u"in 20 minutes", kNow), u"");
 }
 
-TEST_F(ReminderDialogTest, ThePreviewIsNotThereOnTheCancelPanel) {
+TEST_F(ReminderDialogTest, ThePreviewIsNotShownOnTheCancelPanel) {
     ReminderDialog dialog = WithReminder();
     EXPECT_NE(dialog.Preview(u"noon", kNow), u"");
     EXPECT_FALSE(dialog.PressCancel().unload);
@@ -309,7 +309,7 @@ TEST(ReminderControls, TheTableIsInTheOrderOfItsNames) {
     EXPECT_EQ(kReminderControls.size(), static_cast<std::size_t>(ReminderControl::PreviewLabel) + 1);
 }
 
-TEST(ReminderControls, TextsAreToTheLetter) {
+TEST(ReminderControls, TextsAreExact) {
     using C = ReminderControl;
     EXPECT_EQ(kReminderDialogCaption, u"Set a reminder");
     EXPECT_EQ(TextOf(C::ReminderBox).toolTip, u"Type the time at which you would like to be reminded in this box.");

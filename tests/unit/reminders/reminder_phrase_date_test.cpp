@@ -182,7 +182,7 @@ TEST(ReminderPhraseTime, WordsAreNotTakenApart) {
         EXPECT_EQ(Read(typed, kPhraseNow, locale), kUnknown) << Plain(typed);
 }
 
-TEST(ReminderPhraseTime, NowItselfIsNotThePast) {
+TEST(ReminderPhraseTime, TheCurrentMomentIsNotInThePast) {
     EXPECT_EQ(Read(u"14:10"), "2026-11-15 14:10:00");
     EXPECT_EQ(Read(u"2:10"), "2026-11-15 14:10:00") << "twelve hours later is now";
     const DaySerial later{kPhraseNow.days + 0.3 / 86'400};
@@ -297,7 +297,7 @@ TEST(ReminderPhraseDate, AnEarlierDayOfThisYearStaysInThePast) {
                {u"2/28/2026 13:00", "2026-03-01 13:00:00"}});
 }
 
-TEST(ReminderPhraseDate, DatesToComeAreTakenAsTheyAre) {
+TEST(ReminderPhraseDate, FutureDatesAreUsedUnchanged) {
     ExpectAll({{u"11/16/2026 1:00", "2026-11-16 01:00:00"},
                {u"2/29/2028 9 am", "2028-02-29 09:00:00"},
                {u"2/29/2028", "2028-02-29 00:00:00"},

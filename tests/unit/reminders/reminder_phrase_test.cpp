@@ -42,7 +42,7 @@ TEST(ReminderPhrase, ReadsWhatUsersType) {
     for (const auto& c : cases) EXPECT_EQ(Read(c.typed), c.meant) << Plain(c.typed);
 }
 
-TEST(ReminderPhrase, MessagesAreToTheLetter) {
+TEST(ReminderPhrase, MessagesAreExact) {
     EXPECT_EQ(Plain(kNoPhraseMessage), kNoPhrase);
     EXPECT_EQ(Plain(kPhraseFormatMessage), kFormat);
     EXPECT_EQ(Plain(kPhraseAmountMessage), kAmount);
@@ -130,7 +130,7 @@ TEST(ReminderPhrase, UnknownUnits) {
     }
 }
 
-TEST(ReminderPhrase, ArticlesStandForOne) {
+TEST(ReminderPhrase, ArticlesMeanOne) {
     const struct {
         std::u16string_view typed;
         std::string meant;
@@ -194,7 +194,7 @@ TEST(ReminderPhrase, AmountsWithoutABlankAfterThem) {
         EXPECT_EQ(Read(typed), kFormat) << Plain(typed);
 }
 
-TEST(ReminderPhrase, AmountsThatAreNoNumbers) {
+TEST(ReminderPhrase, AmountsThatAreNotNumbers) {
     for (const std::u16string_view typed :
          {u"in 2x minutes", u"in 2-3 hours", u"in 1/2 hour", u"in 5min utes", u"in 1.2.3 hours", u"in 12:30 hours",
           u"in 5% minutes", u"in 2x weeks", u"in 1e minutes", u"in 20th november", u"in 2\u00BD hours"}) {
@@ -236,7 +236,7 @@ class SignBehindLocale : public FakeLocaleText {
     }
 };
 
-TEST(ReminderPhrase, NegativeAmountsLieInThePast) {
+TEST(ReminderPhrase, NegativeAmountsAreInThePast) {
     SignBehindLocale locale;
     EXPECT_EQ(Read(u"in 5- minutes", kPhraseNow, locale), "2026-11-15 14:05:00");
     EXPECT_EQ(Read(u"in 15- hours", kPhraseNow, locale), "2026-11-14 23:10:00");

@@ -7,7 +7,7 @@
 namespace quillo {
 namespace {
 
-TEST(ReminderText, ExamplesShowTimesToCome) {
+TEST(ReminderText, ExamplesShowFutureTimes) {
     FakeLocaleText locale;
     const DaySerial now = ToDaySerial({2026, 11, 15, 6, 3, 31});
     EXPECT_EQ(TwentyMinutesExample(now, locale), u"\u2022   6:23:31 AM");

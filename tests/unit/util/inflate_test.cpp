@@ -63,7 +63,7 @@ TEST(Inflate, AStreamMayHaveSeveralBlocksAndEmptyOnes) {
     EXPECT_EQ(Inflated(packed, 6), AsBytes("Quillo"));
 }
 
-TEST(Inflate, TakesNoOtherLengthThanWhatWasPacked) {
+TEST(Inflate, AcceptsOnlyThePackedLength) {
     for (const std::size_t wrong : {0U, 1U, 5U, 7U, 100U}) {
         Bytes plain(wrong);
         EXPECT_FALSE(Inflate(kStored, plain)) << wrong;
@@ -74,7 +74,7 @@ TEST(Inflate, TakesNoOtherLengthThanWhatWasPacked) {
     }
 }
 
-TEST(Inflate, RefusesWhatIsCutOrFollowedByMore) {
+TEST(Inflate, RefusesATruncatedStreamAndTrailingBytes) {
     for (const Bytes* whole : {&kStored, &kFixed, &kDynamic}) {
         const std::size_t size = whole == &kStored ? 6 : whole == &kFixed ? Sentence().size() : Pattern().size();
         ASSERT_EQ(Inflated(*whole, size).size(), size);
@@ -102,7 +102,7 @@ Bytes WithHead(std::uint8_t width, std::uint8_t height, std::uint8_t count, cons
     return bytes;
 }
 
-TEST(CoveragePlanes, AreReadOneAfterTheOther) {
+TEST(CoveragePlanes, AreReadOneAfterAnother) {
     const CoveragePlanes read = ReadPlanes(WithHead(3, 1, 2, kStored), 2);
     EXPECT_EQ(read.size, (Size{3, 1}));
     ASSERT_EQ(read.planes.size(), 2U);

@@ -20,7 +20,7 @@ TEST(Placement, OverTheMiddleOfItsOwner) {
     EXPECT_EQ(PlaceOver(Rect{0, 0, 200, 100}, Size{300, 200}, kScreen), (Rect{0, 0, 300, 200}));
 }
 
-TEST(Placement, BesideItsOwnerWhereThereIsRoom) {
+TEST(Placement, BesideItsOwnerWhereItFits) {
     const struct {
         const char* where;
         Rect owner;

@@ -16,7 +16,7 @@ TEST(Utf8, EncodesEveryLengthOfSequence) {
     EXPECT_EQ(EncodeUtf8(std::u16string(u"\xD83D")), "\xED\xA0\xBD") << "a lone surrogate";
 }
 
-TEST(Utf8, BringsEveryTextBack) {
+TEST(Utf8, RestoresEveryText) {
     std::mt19937 random(11);
     for (int round = 0; round < 2000; ++round) {
         std::u16string text(random() % 30, u'\0');
