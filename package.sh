@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Makes what a release page needs, in dist/: the installer, the zip, the winget manifests, checksums and licenses.
-#   ./package.sh           from a clean tree; docs/releasing.md has the whole story
+# Builds the files of a release page in dist/: the installer, the zip, the winget manifests, checksums and licenses.
+#   ./package.sh           from a clean tree; see docs/releasing.md
 #   ./package.sh --check   builds twice, in folders of different names, and compares byte for byte
-# QUILLO_RELEASE_URL   where the installer will be downloaded from: the folder's address
+# QUILLO_RELEASE_URL   the address of the folder from which the installer will be downloaded
 # QUILLO_SIGN          a command that signs the file named by its last argument, in place
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
@@ -14,7 +14,7 @@ case ${1:-} in
     *) die "usage: ./package.sh [--check]" ;;
 esac
 
-# What is built must be what is committed, or nobody could build it again.
+# The built sources must be the committed ones; otherwise nobody could repeat the build.
 refuse_dirty_tree() {
     local changed
     changed=$(git -C "$quillo_root" status --porcelain) || die "this is not a clone of the repository"
@@ -33,7 +33,7 @@ make_package() {
     "$sources/packaging/assemble.sh" "$tree" "$output"
 }
 
-# Twice from two copies of the sources, with paths of different lengths and nothing in common but the commit.
+# Twice from two copies of the sources, whose paths have different lengths and only the commit in common.
 check_twice() {
     local copy
     work=$(mktemp -d "${TMPDIR:-/tmp}/quillo-twice.XXXXXX")
@@ -52,7 +52,7 @@ ensure_packages "${package_packages[@]}"
 refuse_dirty_tree
 SOURCE_DATE_EPOCH=$(git -C "$quillo_root" log -1 --format=%ct)
 export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C.UTF-8
-# A release depends on nothing that only this machine remembers.
+# A release must not depend on any state of this machine.
 unset CXXFLAGS CFLAGS LDFLAGS
 [[ -n ${QUILLO_RELEASE_URL:-} ]] ||
     printf 'package.sh: QUILLO_RELEASE_URL is not set: the winget manifests get a placeholder as their address\n' >&2

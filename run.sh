@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds Quillo and starts it, or hands the arguments to the Quillo that runs.
+# Builds Quillo and starts it, or passes the arguments to the running Quillo.
 #   ./run.sh                 start it
 #   ./run.sh /new            a new note
 #   ./run.sh FILE            open a file as a note (@FILE does the same)
@@ -15,7 +15,7 @@ demo=no
 [[ ${1:-} == --demo ]] && { demo=yes; shift; }
 (($# <= 1)) || die "one argument at a time: /new, /close or a file"
 
-# The argument as the program is to get it: a path becomes a Windows path, a command stays.
+# The argument in the program's form: a path becomes a Windows path, a command stays unchanged.
 translate_argument() {
     local argument=$1 at=''
     case ${argument,,} in
@@ -31,7 +31,7 @@ translate_argument() {
     fi
 }
 
-# A desktop of the user's own, or a virtual one that is left running.
+# The user's desktop, or a virtual one that is left running.
 choose_desktop() {
     if [[ -n ${DISPLAY:-} ]]; then
         display_answers "$DISPLAY" ||
@@ -42,7 +42,7 @@ choose_desktop() {
     virtual=yes
 }
 
-# The folder that the sample notes go to, before the program has ever run there.
+# The folder for the sample notes, before the program has ever run there.
 prepare_demo() {
     local profile
     profile=$(mktemp -d "${TMPDIR:-/tmp}/quillo-demo.XXXXXX")
@@ -53,7 +53,7 @@ prepare_demo() {
         "$profile/wine/drive_c/users/$(id -un)/AppData/Local/Marrowind/Notes"
 }
 
-# The settings of the demo, written once its desktop stands.
+# The settings of the demo, written once its desktop is running.
 set_up_demo() {
     local settings=$profile/settings.reg
     {
@@ -69,7 +69,7 @@ set_up_demo() {
     printf 'ready=yes\n' >>"$demo_state"
 }
 
-# The demo's program lies where a user would have it: its dialogs show where its sound is.
+# The demo's program is where a user would have it: its dialogs show the path of its sound.
 install_demo() {
     local folder=$WINEPREFIX/drive_c/Quillo
     mkdir -p "$folder"
@@ -79,7 +79,7 @@ install_demo() {
 
 is_up() { [[ -n $(prefix_pids "$WINEPREFIX" quillo.exe) ]]; }
 
-# Ends what a closed Quillo leaves behind: the server of its prefix, the virtual desktop, the demo's profile.
+# Ends the processes that a closed Quillo leaves running: the server of its prefix, the virtual desktop, the demo's profile.
 clean_up() {
     if [[ -d $WINEPREFIX ]]; then timeout 60 wineserver -k >/dev/null 2>&1 || true; fi
     stop_desktop "$desktop_state"
@@ -88,7 +88,7 @@ clean_up() {
     fi
 }
 
-# Starts the program with all its streams detached, so that nobody who reads this script's output waits for it.
+# Starts the program with all its streams detached, so that a reader of this script's output does not wait for it.
 launch() {
     mkdir -p "$(dirname "$log")"
     if is_up && (($#)); then
@@ -163,7 +163,7 @@ fi
 build_preset windows-x64 quillo window_probe
 
 if [[ $demo == yes && $closing == no ]] && { ! is_up || ((!${#arguments[@]})); }; then
-    # A demo begins anew each time, unless it is only handed something to do.
+    # A demo starts from the beginning each time, unless it only receives a command.
     if [[ -n $profile ]]; then clean_up; fi
     prepare_demo
     profile=$(value_of "$demo_state" profile)

@@ -1,4 +1,4 @@
-# One interface target carries the warnings and options of every target of our own.
+# One interface target has the warnings and options of all our targets.
 add_library(quillo_options INTERFACE)
 target_include_directories(quillo_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
 
@@ -10,12 +10,12 @@ else()
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
     -fno-math-errno)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # GCC 12 sees an overlap that cannot be in the library's own string concatenation (its bug 105651).
+    # GCC 12 reports an overlap that is impossible in the library's own string concatenation (its bug 105651).
     target_compile_options(quillo_options INTERFACE -Wno-restrict)
   endif()
 endif()
 
-# A small program starts sooner. The few files that go over every byte of a note choose speed for themselves.
+# A small program starts faster. The few files that process every byte of a note set their own optimization for speed.
 if(NOT MSVC)
   set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG")
 endif()
@@ -26,7 +26,7 @@ if(WIN32)
   if(MINGW)
     target_compile_options(quillo_options INTERFACE -ffunction-sections -fdata-sections -fstack-protector-strong)
     target_link_options(quillo_options INTERFACE -static -Wl,--gc-sections -fstack-protector-strong)
-    # Control-flow guard, which GCC does not have.
+    # Control-flow guard, which GCC lacks.
     include(CheckCXXCompilerFlag)
     check_cxx_compiler_flag(-mguard=cf QUILLO_HAS_GUARD)
     if(QUILLO_HAS_GUARD)
@@ -50,16 +50,16 @@ function(quillo_precompile target)
       target_precompile_headers(${target} PRIVATE ${ARGN})
     endif()
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-      # Lets a compiler cache see what the precompiled header holds.
+      # Lets a compiler cache see the content of the precompiled header.
       target_compile_options(${target} PRIVATE -fpch-preprocess)
     elseif(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND NOT MSVC)
-      # The same header gives the same bytes in every tree, so that a compiler cache can share what was built with it.
+      # The same header gives the same bytes in every tree, so that a compiler cache can share objects built with it.
       target_compile_options(${target} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
     endif()
   endif()
 endfunction()
 
-# For targets that only test: they run briefly and are compiled often. What they test keeps the options of the program.
+# For targets that only test: they run briefly and are compiled often. The code under test keeps the program's options.
 function(quillo_test_code target)
   if(NOT MSVC)
     target_compile_options(${target} PRIVATE -O0 $<$<CONFIG:Debug>:-gline-tables-only>)

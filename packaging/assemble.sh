@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Puts a release together from a tree that is built: assemble.sh TREE OUTPUT
-# OUTPUT gets the installer, the zip, the winget manifests, the licenses and SHA256SUMS. What is signed is signed before
-# anything counts its bytes: first the programs, then the uninstaller, then the installer.
-# SOURCE_DATE_EPOCH    the time that all files get
-# QUILLO_RELEASE_URL   where the installer will be downloaded from: the folder's address
+# Builds a release from a built tree: assemble.sh TREE OUTPUT
+# OUTPUT gets the installer, the zip, the winget manifests, the licenses and SHA256SUMS. Files are signed before
+# anything depends on their bytes: first the programs, then the uninstaller, then the installer.
+# SOURCE_DATE_EPOCH    the time of all files
+# QUILLO_RELEASE_URL   the address of the folder from which the installer will be downloaded
 # QUILLO_SIGN          a command that signs the file named by its last argument, in place
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
@@ -15,13 +15,13 @@ output=$2
 packaging=$quillo_root/packaging
 export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C.UTF-8
 
-# A value from the one place that says what the program is.
+# A value from the single source of the program's identity.
 identity() {
     /usr/bin/python3 -c 'import json, sys; print(json.load(open(sys.argv[1]))[sys.argv[2]])' \
         "$tree/packaging/identity.json" "$1"
 }
 
-# The names of what ships, or of one kind alone.
+# The names of the files that ship, or of one kind of them.
 shipped() {
     sed 's/#.*//' "$packaging/files.txt" | awk -v kind="${1:-}" 'NF && (kind == "" || $2 == kind) { print $1 }'
 }

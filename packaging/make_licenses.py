@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Writes what is linked into the programs and the installer, each part with its license: make_licenses.py FILE
+"""Writes the list of components that are linked into the programs and the installer, with their licenses:
+make_licenses.py FILE
 
-The words come from the copyright files that Debian installs with each part; one that is not there ends the script.
+The texts come from the copyright files that Debian installs with each component; a missing one ends the script.
 """
 
 import pathlib
@@ -35,7 +36,7 @@ def version_of(package):
 
 
 def stanza(package, first_line):
-    """The paragraph of a machine-readable copyright file that begins with this line, without the marks of its format."""
+    """The paragraph of a machine-readable copyright file that begins with this line, without its formatting marks."""
     for paragraph in copyright_of(package).split("\n\n"):
         lines = paragraph.strip("\n").splitlines()
         if lines and lines[0].strip() == first_line:
@@ -53,7 +54,7 @@ def runtime_exception():
 
 
 def parts():
-    """(name, version, what of it is used, license, its words)"""
+    """(name, version, used parts, license, its text)"""
     yield ("GCC", version_of("gcc-mingw-w64-base"), "libgcc and libstdc++, linked into the programs",
            "GNU General Public License, version 3 or later, with the GCC Runtime Library Exception 3.1",
            runtime_exception())

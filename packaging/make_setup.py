@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
-"""Makes the installer from a folder that holds what ships.
+"""Builds the installer from a folder with the files that ship.
 
     make_setup.py --stage FOLDER --identity FILE.json --icon FILE.ico --output FILE.exe
                   [--version NUMBER] [--sign COMMAND] [--makensis PROGRAM]
 
-COMMAND is a line for the shell that gets the path of the uninstaller as its last argument and signs the file in place. The same files, times and
-version give the same bytes: the times of the files in the stage go into the installer, and that of SOURCE_DATE_EPOCH, when
-it is set, into its head.
+COMMAND is a shell command that gets the path of the uninstaller as its last argument and signs the file in place. The
+same files, times and version give the same bytes: the installer contains the times of the files in the stage, and its head
+has that of SOURCE_DATE_EPOCH, if it is set.
 """
 
 import argparse
@@ -22,11 +22,11 @@ import tempfile
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent
 PE_OFFSET_PLACE = 0x3C
-PE_STAMP_PLACE = 8  # behind the beginning of the PE head
+PE_STAMP_PLACE = 8  # bytes after the beginning of the PE head
 
 
 def shipped_files(path=HERE / "files.txt"):
-    """(name, whether it is a program) of everything that ships, in order."""
+    """(name, whether it is a program) of every shipped file, in order."""
     for line in path.read_text(encoding="utf-8").splitlines():
         words = line.partition("#")[0].split()
         if words:
@@ -34,8 +34,8 @@ def shipped_files(path=HERE / "files.txt"):
 
 
 def setting_names(path=ROOT / "docs" / "settings.md"):
-    """The values of the user's key, as their description lists them: the uninstaller knows no other list. The values of
-    old notes are named "... N" there and stay out: they are never removed."""
+    """The values of the user's key, from the document that describes them: the uninstaller has no other list. The
+    values of old notes have names "... N" there and are skipped: they are never removed."""
     names = []
     user_part = path.read_text(encoding="utf-8").partition("## For administrators")[0]
     for line in user_part.splitlines():
@@ -75,12 +75,12 @@ def write_includes(folder, arguments, identity):
     }
     lines = [f'!define {name} "{nsis_text(value)}"' for name, value in values.items()]
     if arguments.sign:
-        # A program of its own: the compiler's quoting is not the shell's.
+        # Run as a program of its own: the compiler's quoting differs from the shell's.
         signer = folder / "sign"
         signer.write_text(f'#!/bin/bash\n{arguments.sign} "$1"\n', encoding="utf-8")
         signer.chmod(0o700)
         lines.append(f'!define SIGN "{signer}"')
-    # With a mark of its encoding: the compiler takes a file without one for the user's code page.
+    # With a byte-order mark: the compiler assumes the user's code page for a file without one.
     (folder / "identity.nsh").write_text("\n".join(lines) + "\n", encoding="utf-8-sig")
     (folder / "files.nsh").write_text(macro("EachFile", files), encoding="utf-8-sig")
     (folder / "settings.nsh").write_text(macro("EachSetting", setting_names()), encoding="utf-8-sig")

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Makes two installers for the tests of installing: make_test_setups.py TREE OUTPUT
+"""Builds two installers for the tests of installing: make_test_setups.py TREE OUTPUT
 
-OUTPUT gets old-setup.exe with the files of the build tree TREE, as they are shipped, and new-setup.exe: a later version whose
-every file has a few bytes more at its end, so that a test sees which of the two is installed.
+OUTPUT gets old-setup.exe with the files of the build tree TREE, as they ship, and new-setup.exe: a later version whose
+files each have a few additional bytes at the end, so that a test can see which of the two is installed.
 """
 
 import json

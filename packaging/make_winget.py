@@ -22,7 +22,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 SCHEMA_VERSION = "1.6.0"
 LOCALE = "en-US"
 PLACEHOLDER = "https://downloads.example/quillo"
-# The installer's exit codes, as quillo.nsi states them; 0 and the compiler's own 1 included.
+# The installer's exit codes, as in quillo.nsi; 0 and the compiler's own 1 included.
 RETURN_CODES = {1: "cancelledByUser", 2: "packageInUseByApplication", 3: "downgrade", 4: "diskFull",
                 5: "systemNotSupported", 6: "installInProgress", 7: "fileInUse"}
 
@@ -76,9 +76,9 @@ def file_name(identifier, kind):
 
 
 def check(kind, text):
-    """Fails when what was written, read again, is not what the schema wants."""
+    """Fails if the written file does not match the schema when read again."""
     schema = json.loads((HERE / "winget" / f"{kind}.schema.json").read_text(encoding="utf-8"))
-    # Dates stay texts, as in the schema.
+    # Dates remain texts, as in the schema.
     content = yaml.load(text, Loader=yaml.BaseLoader)
     validator = jsonschema.Draft7Validator(schema)
     found = [f"{'/'.join(map(str, error.absolute_path))}: {error.message}" for error in validator.iter_errors(content)]

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Makes the zip of what ships: make_zip.py STAGE FOLDER-IN-THE-ZIP OUTPUT.zip
+"""Builds the zip file of the files that ship: make_zip.py STAGE FOLDER-IN-THE-ZIP OUTPUT.zip
 
-The same files give the same bytes: they are sorted, carry the time of SOURCE_DATE_EPOCH in UTC, and nothing else.
+The same files give the same bytes: they are sorted, have the time of SOURCE_DATE_EPOCH in UTC, and no other metadata.
 """
 
 import os

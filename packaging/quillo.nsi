@@ -1,7 +1,7 @@
 ; The installer and the uninstaller: for one user, without administrator rights.
 ;
-; packaging/make_setup.py calls the compiler. It writes the included files: what ships (files.nsh, from files.txt), the names
-; of the settings (settings.nsh, from docs/settings.md) and who publishes the program (identity.nsh).
+; packaging/make_setup.py calls the compiler. It writes the included files: the shipped files (files.nsh, from files.txt),
+; the names of the settings (settings.nsh, from docs/settings.md) and the publisher (identity.nsh).
 ;
 ; Options of the command line:
 ;   /S         no page and no question
@@ -33,12 +33,12 @@ CRCCheck on
 !include settings.nsh
 
 ; ---- Exit codes, which docs/releasing.md and the help list. 1 is the compiler's own: canceled by the user.
-!define EXIT_IN_USE 2      ; Quillo stayed open, or a file is held: nothing was changed
+!define EXIT_IN_USE 2      ; Quillo stayed open, or a file is in use: nothing was changed
 !define EXIT_NEWER 3       ; a newer version is installed
 !define EXIT_NO_ROOM 4     ; the disk is full: nothing was changed
 !define EXIT_UNSUITABLE 5  ; the system is older than Windows 7, or not a 64-bit one
 !define EXIT_TWICE 6       ; another setup of Quillo is running
-!define EXIT_NOT_PLACED 7  ; a file could not be put in place: the old ones were put back
+!define EXIT_NOT_PLACED 7  ; a file could not be replaced: the old ones were restored
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\${NAME}"
 !define SETTINGS_KEY "Software\${PUBLISHER}\${NAME}"
@@ -49,13 +49,13 @@ CRCCheck on
 !define TYPE_KEY "Software\Classes\${TYPE_NAME}"
 !define EXTENSION_KEY "Software\Classes\.qln"
 !define PROGRAM_LINK "$SMPROGRAMS\${NAME}.lnk"
-; A file's name can hold no colon: what the entry is called is its comment.
+; A file name cannot contain a colon: the entry's caption is its comment.
 !define NEW_NOTE_LINK "$SMPROGRAMS\${NAME} - new note.lnk"
 !define HOTKEY_VALUE "New note hotkey"
 !define PATH_VALUE "On the path"
 !define OPEN_COMMAND '"$INSTDIR\quillo.exe" "%1"'
 
-; Beside the installed files: what is to take their place, and copies of them in case it does not work.
+; Next to the installed files: their replacements, and copies of them in case the update fails.
 !define INCOMING "$INSTDIR\~new"
 !define OUTGOING "$INSTDIR\~old"
 
@@ -103,23 +103,23 @@ UninstPage custom un.RemovePage un.LeaveRemovePage
 UninstPage instfiles
 LoadLanguageFile "${NSISDIR}\Contrib\Language files\English.nlf"
 
-Var OldVersion      ; of the installation that is there; "" when there is none
+Var OldVersion      ; of the existing installation; "" if there is none
 Var Hotkey          ; 1: Ctrl+Alt+N makes a new note
 Var OnPath          ; 1: the folder is in the user's PATH, for qln
 Var Start           ; 1: the program is started at the end
 Var Patience        ; seconds that a running program may take to end
-Var WasRunning      ; 1: a Quillo ran when its files were to be replaced
+Var WasRunning      ; 1: a Quillo was running when its files were to be replaced
 Var Process         ; a handle to it, or 0
-Var Held            ; the file that another program holds, or ""
-Var RemoveSettings  ; 1: the settings go as well
+Var Held            ; the file that another program has open, or ""
+Var RemoveSettings  ; 1: the settings are removed as well
 Var Box             ; the check box of the page
 Var PathBox         ; the second one of the installer's page
 
-; ---- What the installer and the uninstaller share
+; ---- Shared by the installer and the uninstaller
 
 !macro SharedFunctions UN
 
-; Only one setup at a time: two would replace the same files. The system drops the mark with the process.
+; Only one setup at a time: two would replace the same files. The system deletes the mutex with the process.
 Function ${UN}RefuseASecondSetup
     System::Call 'kernel32::CreateMutexW(p 0, i 0, w "Local\${NAME}-setup") p .r0 ?e'
     Pop $0
@@ -142,7 +142,7 @@ Function ${UN}ReadPatience
     StrCpy $WasRunning 0
 FunctionEnd
 
-; Whoever answers on the channel is the running program.
+; The process that owns the channel is the running program.
 Function ${UN}FindProgram
     System::Call 'user32::FindWindowW(w "ThunderRT6FormDC", w "Quillo Notify") p .r0'
     ${If} $0 P= 0
@@ -154,7 +154,7 @@ Function ${UN}FindProgram
     StrCpy $WasRunning 1
 FunctionEnd
 
-; $0 = 1 when the running program has ended.
+; $0 = 1 if the running program has ended.
 Function ${UN}HasProgramEnded
     StrCpy $0 1
     ${If} $Process P<> 0
@@ -167,21 +167,21 @@ Function ${UN}HasProgramEnded
     ${EndIf}
 FunctionEnd
 
-; $Held is the first installed file that cannot be written now, "" when all can.
+; $Held is the first installed file that cannot be written now, "" if all can.
 Function ${UN}FindHeldFile
     StrCpy $Held ""
     !insertmacro EachFile LookIfHeld
-    ; Whoever hands "/close" over counts as a Quillo that runs, until it has ended.
+    ; The process that passes on "/close" counts as a running Quillo until it has ended.
     !insertmacro LookIfHeld "~new\quillo.exe"
 FunctionEnd
 
-; Asks the program to end and waits. $0 = 1 when it has, and every file can be written. What the program asks its user in
-; between stays on the screen.
+; Asks the program to end and waits. $0 = 1 if it has ended and every file can be written. Questions of the program to its
+; user stay on the screen meanwhile.
 Function ${UN}CloseProgram
     ${If} ${FileExists} "$INSTDIR\quillo.exe"
         Exec '"$INSTDIR\quillo.exe" /close'
     ${ElseIf} $WasRunning = 1
-        Exec '"${INCOMING}\quillo.exe" /close' ; a first installation, while one from the zip runs
+        Exec '"${INCOMING}\quillo.exe" /close' ; a first installation while one from the zip is running
     ${EndIf}
     IntOp $R2 $Patience * 10
     ${Do}
@@ -199,7 +199,7 @@ Function ${UN}CloseProgram
     StrCpy $0 0
 FunctionEnd
 
-; Until it has ended, or nobody wants to wait any longer: then $0 = 0.
+; Until it has ended, or the user gives up: then $0 = 0.
 Function ${UN}CloseProgramOrAsk
     Call ${UN}FindProgram
     ${Do}
@@ -226,7 +226,7 @@ FunctionEnd
 
 !macroend
 
-; One installed file: opened for writing, others may read meanwhile, as an update needs it.
+; Checks one installed file: opens it for writing, while others may read it, as an update requires.
 !macro LookIfHeld FILE
     ${If} $Held == ""
     ${AndIf} ${FileExists} "$INSTDIR\${FILE}"
@@ -348,7 +348,7 @@ Function SetupPage
     nsDialogs::Show
 FunctionEnd
 
-; The mark in the size of this screen. In: $1, the control.
+; The program's mark in the size of this screen. In: $1, the control.
 Function ShowMark
     System::Call 'user32::GetSystemMetrics(i 11) i .r2' ; SM_CXICON
     System::Call 'kernel32::GetModuleHandleW(p 0) p .r3'
@@ -367,14 +367,14 @@ FunctionEnd
     File "${STAGE}/${FILE}"
 !macroend
 
-; New files come beside the old first: what fails here has changed nothing.
+; New files are first written next to the old ones: a failure at this point has changed nothing.
 Function UnpackBeside
     RMDir /r "${INCOMING}"
     RMDir /r "${OUTGOING}"
     ${GetRoot} "$INSTDIR" $0
     ; In MB: a number of kB overflows on a disk of 2 TB.
     ${DriveSpace} "$0\" "/D=F /S=M" $1
-    ; Twice: the old files are copied while the new ones take their place.
+    ; Twice: the old files are copied while the new ones replace them.
     IntOp $2 ${SIZE_KB} / 512
     IntOp $2 $2 + 1
     ${If} $1 < $2
@@ -382,7 +382,7 @@ Function UnpackBeside
         SetErrorLevel ${EXIT_NO_ROOM}
         Call GiveUp
     ${EndIf}
-    ; An unpacking that fails halfway ends the setup by itself, with the code set before.
+    ; A failure during unpacking ends the setup, with the exit code set before.
     SetErrorLevel ${EXIT_NO_ROOM}
     ClearErrors
     SetOutPath "${INCOMING}"
@@ -398,7 +398,7 @@ Function UnpackBeside
     SetErrorLevel 0
 FunctionEnd
 
-; Ends the setup, as things were before it. In: $0, what is said; the exit code is set.
+; Ends the setup and restores the earlier state. In: $0, the message; the exit code is set.
 Function GiveUp
     RMDir /r "${INCOMING}"
     RMDir /r "${OUTGOING}"
@@ -417,7 +417,7 @@ Function StartAgain
     Call HasProgramEnded
     ${If} $0 = 1
     ${AndIf} ${FileExists} "$INSTDIR\quillo.exe"
-        ; Whoever handed "/close" over counts as a Quillo that runs until it has ended, and that may take a moment.
+        ; The process that has passed on "/close" counts as a running Quillo until it has ended, which may take a moment.
         StrCpy $R2 50
         ${Do}
             StrCpy $Held ""
@@ -440,14 +440,14 @@ FunctionEnd
     ${EndIf}
 !macroend
 
-; By a rename, which the system carries out whole or not at all. 9: replace an existing file, and write through.
+; Renames the file, which the system does completely or not at all. 9: replace an existing file, and write through.
 !macro PutInPlace FILE
     ${If} $R3 = 1
         System::Call 'kernel32::MoveFileExW(w "${INCOMING}\${FILE}", w "$INSTDIR\${FILE}", i 9) i .R3'
     ${EndIf}
 !macroend
 
-; Where there was no old file, the new one goes.
+; If there was no old file, the new one is deleted.
 !macro PutBack FILE
     ${If} ${FileExists} "${OUTGOING}\${FILE}"
         System::Call 'kernel32::MoveFileExW(w "${OUTGOING}\${FILE}", w "$INSTDIR\${FILE}", i 9)'
@@ -493,7 +493,7 @@ Function RegisterInstallation
     WriteRegDWORD HKCU "${UNINSTALL_KEY}" "${HOTKEY_VALUE}" $Hotkey
 FunctionEnd
 
-; What a note file is. The user's own choice of a program lies elsewhere and is not touched.
+; Registers the type of note files. The user's own choice of a program is stored elsewhere and is not changed.
 Function RegisterNoteFiles
     WriteRegStr HKCU "${TYPE_KEY}" "" "Quillo note"
     WriteRegStr HKCU "${TYPE_KEY}" "FriendlyTypeName" "Quillo note"
@@ -519,14 +519,14 @@ Function RegisterNoteFiles
     Call AnnounceAssociations
 FunctionEnd
 
-; Name and icon of the balloons; the icon is a picture file there, not one in a program. Quillo takes the id only where it
-; finds this.
+; Name and icon of the balloons; the icon must be a picture file there, not one in a program. Quillo uses the id only if
+; it finds this key.
 Function RegisterAppId
     WriteRegStr HKCU "${APP_ID_KEY}" "DisplayName" "${NAME}"
     WriteRegStr HKCU "${APP_ID_KEY}" "IconUri" "$INSTDIR\Quillo.png"
 FunctionEnd
 
-; Gives a shell link the program's id, so that the task bar counts its windows to it. In: $R0, the link. A system that
+; Sets the program's id in a shell link, so that the task bar groups its windows with it. In: $R0, the link. A system that
 ; refuses still has the link.
 Function SetAppIdOfLink
     !insertmacro ComHlpr_CreateInProcInstance ${CLSID_ShellLink} ${IID_IPersistFile} r1 ""
@@ -565,8 +565,8 @@ Function MakeLinks
     SetOutPath "$TEMP"
 FunctionEnd
 
-; A PATH may be longer than a variable here can be: the program itself edits it. What fails is passed over: qln is then
-; found by its full path.
+; A PATH may be longer than a variable here can be: the program itself edits it. A failure is ignored: qln is then
+; available by its full path.
 Function EditPath
     ${If} $OnPath = 1
         ExecShellWait "open" "$INSTDIR\qln.exe" "--internal-path add user" SW_HIDE
@@ -576,7 +576,7 @@ Function EditPath
     WriteRegDWORD HKCU "${UNINSTALL_KEY}" "${PATH_VALUE}" $OnPath
 FunctionEnd
 
-; A silent update starts only what it has ended.
+; A silent update starts the program only if it has ended it.
 Function StartProgram
     ${If} $Start <> 1
         Return
@@ -608,7 +608,7 @@ Section
     Call StartProgram
 SectionEnd
 
-; An unpacking that ended by itself leaves what it had.
+; An interrupted unpacking leaves its files.
 Function .onInstFailed
     SetOutPath "$TEMP"
     RMDir /r "${INCOMING}"
@@ -661,7 +661,7 @@ Function un.RemoveFiles
     RMDir /r "${INCOMING}"
     RMDir /r "${OUTGOING}"
     SetOutPath "$TEMP"
-    RMDir "$INSTDIR" ; what else lies in it is the user's
+    RMDir "$INSTDIR" ; other files in it belong to the user
     Delete "${PROGRAM_LINK}"
     Delete "${NEW_NOTE_LINK}"
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
@@ -678,7 +678,7 @@ FunctionEnd
 Function un.RemoveNoteFiles
     ReadRegStr $0 HKCU "${TYPE_KEY}\shell\open\command" ""
     ${If} $0 != '${OPEN_COMMAND}'
-        Return ; another installation's
+        Return ; belongs to another installation
     ${EndIf}
     DeleteRegKey HKCU "${TYPE_KEY}"
     DeleteRegKey HKCU "Software\Classes\Applications\quillo.exe"
@@ -701,7 +701,7 @@ FunctionEnd
     DeleteRegValue HKCU "${SETTINGS_KEY}" "${VALUE}"
 !macroend
 
-; Old notes are kept among the settings until Quillo has made files of them: then nothing there is touched.
+; Old notes are stored among the settings until Quillo has converted them to files: until then nothing there is changed.
 Function un.RemoveSettings
     ReadRegStr $0 HKCU "${SETTINGS_KEY}" "Notes"
     ${If} $0 != ""
@@ -724,7 +724,7 @@ Section Uninstall
         SetErrorLevel ${EXIT_IN_USE}
         Quit
     ${EndIf}
-    ; Its console can last a little longer than the program, and a current folder cannot be removed.
+    ; Its console can exist slightly longer than the program, and a current folder cannot be removed.
     SetOutPath "$TEMP"
     ExecShellWait "open" "$INSTDIR\qln.exe" "--internal-path remove user" SW_HIDE
     Call un.RemoveFiles

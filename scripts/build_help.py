@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Compiles the help: draws its pictures, then runs the compiler on a copy of the sources.
 
-The same sources give the same bytes. Two things would not: the compiler stamps the file with the time, in two places, which
-is replaced here by a checksum of the rest; and a binary index holds bytes of the compiler's own memory, which is why the
-project file asks for none: the viewer reads the index from its text file.
+The same sources give the same bytes. Two things would prevent that: the compiler stamps the file with the time, in two
+places, which this script replaces by a checksum of the rest; and a binary index contains bytes of the compiler's own memory,
+so the project file has none: the viewer reads the index from its text file.
 
 Usage: build_help.py --source FOLDER --mark FILE.svg (--output | --compare) FILE.chm --chmcmd PROGRAM --rsvg-convert PROGRAM
 """
@@ -19,10 +19,10 @@ import zlib
 
 MARK_PIXELS = 64
 
-# The head of a compiled file: where its stamp lies, and where it says at which byte the first section of content begins.
+# The head of a compiled file: the place of its stamp, and the offset of the first section of content.
 HEAD_STAMP = 16
 CONTENT_OFFSET = 88
-# The file "/#SYSTEM" begins with its version; after that come records of a number, a length and data. This one is a stamp.
+# The file "/#SYSTEM" begins with its version, followed by records of a number, a length and data. This one is a stamp.
 STAMP_RECORD = struct.pack("<HH", 10, 4)
 SYSTEM_VERSION_BYTES = 4
 

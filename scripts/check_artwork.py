@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Checks the rendered artwork: sizes, depths, and that no frame came out empty, blotted or misplaced."""
+"""Checks the rendered artwork: sizes, depths, and that no frame is empty, smudged or misplaced."""
 
 import pathlib
 import struct
@@ -31,7 +31,7 @@ MENU_ITEMS = {
     "word mark": (0, 0, 231, 40, ("paper", "edge", "accent", "ink")),
 }
 MENU_ITEMS |= {f"slot {n + 1}": (100 + 50 * n, 121, 150 + 50 * n, 180, ("tile", "well")) for n in range(4)}
-MENU_MARGIN = 1  # what an item keeps clear of its area's edges, but for grounds and lines
+MENU_MARGIN = 1  # the margin inside an item's area, which only backgrounds and lines may use
 
 
 def expect(condition, message):
@@ -132,7 +132,7 @@ def check_about(data):
 def check_tab_icons(data, size):
     width = TAB_ICONS * size
     channels = read_planes(data, (width, size), 4)
-    # One icon alone may lie on the grid with all its edges.
+    # Only one icon may have all its edges on the grid.
     expect(any(0 < alpha < 255 for alpha in channels[3]), "all edges are hard")
     for icon in range(TAB_ICONS):
         places = [y * width + icon * size + x for y in range(size) for x in range(size)]
@@ -148,7 +148,7 @@ def check_menu(data, scale):
     width = 300 * scale // 100
 
     def covered(plane, left, top, right, bottom):
-        """How many pixels of the area show more than a trace, and the strongest."""
+        """How many pixels of the area show more than a trace, and the strongest value."""
         rows = [planes[plane][y * width + left : y * width + right] for y in range(top, bottom)]
         return sum(1 for row in rows for value in row if value > 8), max(max(row) for row in rows)
 

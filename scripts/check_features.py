@@ -4,8 +4,8 @@
 Usage: check_features.py ROOT
 
 Tests are named as ctest lists them: core. and windows. for the two rings of unit tests, e2e. for the real program, qln. for
-the console program, check. for the checks of the sources and of what ships. They are looked up in the sources, so that no
-program of Windows needs to run.
+the console program, check. for the checks of the sources and of the files that ship. They are looked up in the sources, so
+that no Windows program has to run.
 """
 
 import pathlib
@@ -34,7 +34,7 @@ def existing_tests(root):
 
 
 def rows_of(text):
-    """(line number, line) of the rows of every table, without its head."""
+    """(line number, line) of the rows of every table, without its header."""
     head = 0
     for number, line in enumerate(text.splitlines(), 1):
         head = head + 1 if line.startswith("|") else 0

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Every C++ file is formatted as .clang-format says.
+# Checks that every C++ file is formatted as .clang-format requires.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 mapfile -d '' files < <(find src tests tools -type f \( -name '*.cpp' -o -name '*.h' \) -print0)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# An update on a disk that has no room for it: check_full_disk.sh TESTS.EXE, inside wine_test_env.sh.
-# Ends with 77, which ctest takes for "skipped", where nobody may mount a small disk.
+# Tests an update on a disk that is too small for it: check_full_disk.sh TESTS.EXE, inside wine_test_env.sh.
+# Ends with 77, which ctest treats as "skipped", if the user may not mount a small disk.
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
@@ -19,5 +19,5 @@ QUILLO_INSTALL_DISK='S:' timeout 240 wine "$1" --gtest_brief=1 --gtest_filter='F
     status=$?
 cat "$WINEPREFIX/log"
 if ((status == 0)) && grep -q 'PASSED.* 0 tests' "$WINEPREFIX/log"; then die "there is no test of the full disk"; fi
-timeout 60 wineserver -k || true # the disk is in use as long as it runs
+timeout 60 wineserver -k || true # the disk is in use while the server runs
 exit "$status"

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks the help: every page is compiled, listed in the contents and without script, every link leads somewhere, and
+"""Checks the help: every page is compiled, listed in the contents and free of scripts, every link works, and
 every name of the contents and the index leads to a page.
 
 Usage: check_help.py SOURCE-FOLDER FILE.chm CHMLS
@@ -21,7 +21,7 @@ class Page(html.parser.HTMLParser):
         super().__init__()
         self.links, self.anchors, self.tags, self.locals = [], set(), [], []
         self.title, self.heading, self.inside, self.name = "", "", "", None
-        self.feed(path.read_text(encoding="ascii"))  # whatever is not ASCII is written as an entity
+        self.feed(path.read_text(encoding="ascii"))  # every other character is written as an entity
         self.close()
 
     def handle_starttag(self, tag, attrs):

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Holds the help's page of keys to the table of a note's keys: each of them is listed there, and no other Ctrl key is.
+"""Compares the help's page of keys with the table of a note's keys: the page lists each of them, and no other Ctrl key.
 
 Usage: check_keys.py NOTE-COMMANDS.cpp KEYBOARD.html
 """
@@ -8,7 +8,7 @@ import pathlib
 import re
 import sys
 
-# The system's own keys in a text box, which the table does not have.
+# The system's own keys in a text box, which are not in the table.
 OF_THE_SYSTEM = {"Ctrl+X", "Ctrl+C", "Ctrl+V", "Ctrl+Z", "Ctrl+Backspace", "Ctrl+Tab", "Ctrl+Shift+Tab"}
 
 

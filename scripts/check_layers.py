@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
-"""Checks who includes whom under src/, and that every source stands in exactly one list: check_layers.py [ROOT]
+"""Checks the includes under src/, and that every source is in exactly one list: check_layers.py [ROOT]
 
-The rules are those of ARCHITECTURE.md. Prints one line per breach and ends with 1 when there is any.
+The rules are those of ARCHITECTURE.md. Prints one line per breach and ends with 1 if there is any.
 """
 
 import pathlib
 import re
 import sys
 
-# The core, from the bottom up. Rooms on one level do not know each other.
+# The core, from the bottom up. Folders on one level do not include each other.
 CORE_LEVELS = [
     {"util"},
     {"ports"},
@@ -19,18 +19,18 @@ CORE_LEVELS = [
     {"app top"},
     {"mainmenu"},
 ]
-# The part of app that reminders and notes build on; everything else there is its top.
+# The part of app that reminders and notes use; all other files there are its top.
 APP_BASE = {"app_identity", "command_line", "note_names", "notes_folder", "os_facts", "program_shortcut", "registry_keys", "settings",
             "settings_table", "shared_texts", "sound_choice"}
-WINDOW_ROOMS = ["platform", "controls", "reminders", "notes", "mainmenu", "app"]
-# The composition root: knows every concrete class.
+WINDOW_FOLDERS = ["platform", "controls", "reminders", "notes", "mainmenu", "app"]
+# The composition root: includes every concrete class.
 COMPOSITION_ROOT = {"app/quillo_procs", "app/main"}
 WINDOWS_H_HOME = "platform/win32.h"
-# What is linked to quillo.exe and to nothing else, so that no library lists it.
+# Linked only to quillo.exe, so that no library lists it.
 PROGRAM_ALONE = {"app/main.cpp", "app/library_exceptions.cpp"}
-# What the resources offer to window files.
+# The headers of the resources, for window files.
 RESOURCE_HEADERS = {"resources/resource_ids.h", "version.h"}
-# What the build writes for one file of the core, and that file.
+# Headers that the build generates for one file of the core, and that file.
 GENERATED_HEADERS = {"identity.h": "app/app_identity.h"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
@@ -59,12 +59,12 @@ class Tree:
         return found
 
     def _window_files(self):
-        """A window file is listed as one, or is the header of one, or lives in platform, or is a header that has no
+        """A file is a window file if it is listed as one, is the header of one, is in platform, or is a header without a
         source of its own and includes a window file."""
         listed = {name.removesuffix(".cpp") for name, _ in self.window_list} | COMPOSITION_ROOT
         core = {name.removesuffix(".cpp") for name, _ in self.core_list}
         windows = {name for name in self.includes
-                   if room_of(name) == "platform" or stem_of(name) in listed}
+                   if folder_of(name) == "platform" or stem_of(name) in listed}
         while True:
             more = {name for name, included in self.includes.items()
                     if name not in windows and name.endswith(".h") and stem_of(name) not in core
@@ -74,7 +74,7 @@ class Tree:
             windows |= more
 
 
-def room_of(name):
+def folder_of(name):
     return name.split("/")[0]
 
 
@@ -83,34 +83,34 @@ def stem_of(name):
 
 
 def core_level(name):
-    room = room_of(name)
-    if room == "app":
-        room = "app base" if stem_of(name).split("/")[1] in APP_BASE else "app top"
-    for level, rooms in enumerate(CORE_LEVELS):
-        if room in rooms:
-            return level, room
-    return None, room
+    folder = folder_of(name)
+    if folder == "app":
+        folder = "app base" if stem_of(name).split("/")[1] in APP_BASE else "app top"
+    for level, folders in enumerate(CORE_LEVELS):
+        if folder in folders:
+            return level, folder
+    return None, folder
 
 
 def check_core_include(name, target):
-    if room_of(target) == "testing":
+    if folder_of(target) == "testing":
         return "only tests include the fakes"
-    own, own_room = core_level(name)
-    level, room = core_level(target)
+    own, own_folder = core_level(name)
+    level, folder = core_level(target)
     if level is None:
-        return f"the core knows no room '{room}'"
+        return f"the core has no folder '{folder}'"
     if own is None:
-        return f"the room '{own_room}' has no place in the order of rooms"
-    if level > own or (level == own and room != own_room):
-        return f"{own_room} must not include {room}"
+        return f"the folder '{own_folder}' has no level"
+    if level > own or (level == own and folder != own_folder):
+        return f"{own_folder} must not include {folder}"
     return None
 
 
 def check_window_include(name, target):
-    own, other = room_of(name), room_of(target)
-    if own not in WINDOW_ROOMS:
-        return f"the room '{own}' holds no window files"
-    if WINDOW_ROOMS.index(other) > WINDOW_ROOMS.index(own):
+    own, other = folder_of(name), folder_of(target)
+    if own not in WINDOW_FOLDERS:
+        return f"the folder '{own}' has no window files"
+    if WINDOW_FOLDERS.index(other) > WINDOW_FOLDERS.index(own):
         return f"a window file of {own} must not include one of {other}"
     return None
 
@@ -125,11 +125,11 @@ def check_include(tree, name, kind, target):
     if target in GENERATED_HEADERS:
         return None if name == GENERATED_HEADERS[target] else f"only {GENERATED_HEADERS[target]} includes {target}"
     if target in RESOURCE_HEADERS:
-        return None if is_window else "the core knows no resources"
+        return None if is_window else "the core must not include resources"
     if target not in tree.includes:
         return "there is no such file under src/ (paths start there)"
-    if room_of(name) == "testing":
-        return "the fakes know no window" if target in tree.windows else None
+    if folder_of(name) == "testing":
+        return "the fakes must not include a window file" if target in tree.windows else None
     if stem_of(name) in COMPOSITION_ROOT:
         return None
     if stem_of(target) in COMPOSITION_ROOT:
@@ -137,7 +137,7 @@ def check_include(tree, name, kind, target):
     if target in tree.windows:
         return check_window_include(name, target) if is_window else "the core must not include a window file"
     if is_window:
-        return "only tests include the fakes" if room_of(target) == "testing" else None
+        return "only tests include the fakes" if folder_of(target) == "testing" else None
     return check_core_include(name, target)
 
 
@@ -148,23 +148,23 @@ def check_lists(tree):
         places.setdefault(name, []).append(place)
         if name not in tree.includes:
             yield f"{place}: names {name}, which does not exist"
-        if room_of(name) != room_of(place):
-            yield f"{place}: names {name}, which belongs to another room"
+        if folder_of(name) != folder_of(place):
+            yield f"{place}: names {name}, which is in another folder"
     for name, where in places.items():
         if len(where) > 1:
-            yield f"{name}: stands in more than one list: {', '.join(where)}"
+            yield f"{name}: is in more than one list: {', '.join(where)}"
     for name in tree.includes:
         if name.endswith(".cpp") and name not in PROGRAM_ALONE and name not in places:
-            yield f"{name}: stands in no core.cmake or windows.cmake"
+            yield f"{name}: is in no core.cmake or windows.cmake"
 
 
 def breaches(root):
     tree = Tree(root)
     if not tree.includes:
-        return [f"{tree.src}: holds no sources"]
+        return [f"{tree.src}: has no sources"]
     found = list(check_lists(tree))
     for name, included in tree.includes.items():
-        if room_of(name) == "resources":
+        if folder_of(name) == "resources":
             continue
         for kind, target in included:
             breach = check_include(tree, name, kind, target)

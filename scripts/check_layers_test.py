@@ -63,13 +63,13 @@ class CheckLayersTest(unittest.TestCase):
         self.expect({"notes/note.h": '#include "app/open_notes.h"'}, "notes must not include app top")
         self.expect({"app/open_notes.h": '#include "mainmenu/menu_map.h"'}, "app top must not include mainmenu")
 
-    def test_the_core_knows_no_windows(self):
+    def test_the_core_includes_no_windows(self):
         self.expect({"notes/note.cpp": '#include "notes/note_form.h"'}, "must not include a window file")
-        self.expect({"notes/note.cpp": '#include "version.h"'}, "knows no resources")
+        self.expect({"notes/note.cpp": '#include "version.h"'}, "must not include resources")
         self.expect({"notes/note.cpp": "#include <windows.h>"}, "only platform/win32.h")
         self.expect({"notes/note_form.cpp": "#include <Windows.h>"}, "only platform/win32.h")
 
-    def test_windows_know_each_other_only_downward(self):
+    def test_windows_include_each_other_only_downward(self):
         self.expect({"controls/note_button.h": '#include "notes/note_form.h"'},
                     "a window file of controls must not include one of notes")
         self.expect({"platform/window.h": '#include "controls/note_button.h"\n#include "platform/win32.h"'},
@@ -81,14 +81,14 @@ class CheckLayersTest(unittest.TestCase):
     def test_fakes_stay_in_the_tests(self):
         self.expect({"notes/note.cpp": '#include "testing/fakes.h"'}, "only tests include the fakes")
         self.expect({"notes/note_form.cpp": '#include "testing/fakes.h"'}, "only tests include the fakes")
-        self.expect({"testing/fakes.h": '#include "platform/window.h"'}, "the fakes know no window")
+        self.expect({"testing/fakes.h": '#include "platform/window.h"'}, "the fakes must not include a window file")
 
-    def test_every_source_stands_in_one_list(self):
-        self.expect({"notes/core.cmake": "# notes/note.cpp"}, "stands in no core.cmake")
+    def test_every_source_is_in_one_list(self):
+        self.expect({"notes/core.cmake": "# notes/note.cpp"}, "is in no core.cmake")
         self.expect({"notes/twice.cpp": "", "notes/core.cmake": "notes/note.cpp notes/twice.cpp",
                      "notes/windows.cmake": "notes/note_form.cpp notes/twice.cpp"}, "more than one list")
         self.expect({"notes/core.cmake": "notes/note.cpp notes/gone.cpp"}, "does not exist")
-        self.expect({"app/core.cmake": "notes/note.cpp", "notes/core.cmake": ""}, "another room")
+        self.expect({"app/core.cmake": "notes/note.cpp", "notes/core.cmake": ""}, "another folder")
 
     def test_paths_start_at_src(self):
         self.expect({"notes/note.cpp": '#include "note.h"'}, "no such file")

@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over the sources under src/ and remembers what was clean.
+"""Runs clang-tidy over the sources under src/ and remembers the clean files.
 
     check_lint.py --core TREE --windows TREE --cache FOLDER [FILE...]
 
 The core is read with the compile commands of the native tree TREE, the window files with those of the Windows tree.
 A file is read again only when it, a header that it includes, the configuration or the command has changed.
 
-Nearly all of the time is spent in the system's headers, so files with the same command are first read together, in one
-source with the lines of each. Where anything at all is said about it, its halves are read, at last each file by itself, and
-only what is said then counts.
+Nearly all of the time is spent in the system's headers, so files with the same command are first read together, as one
+source that keeps their line numbers. If there is any finding, the halves are read separately, in the end each file alone,
+and only the findings of that last run count.
 """
 
 import argparse
@@ -51,7 +51,7 @@ def commands(tree):
 
 
 def mingw_flags():
-    """What clang needs to read sources for MinGW: the compiler's own headers in its order."""
+    """The options with which clang reads sources for MinGW: the compiler's own headers in its order."""
     compiler = "x86_64-w64-mingw32-g++-posix"
     library = subprocess.run([compiler, "-print-libgcc-file-name"], capture_output=True, text=True, check=True)
     cxx = pathlib.Path(library.stdout.strip()).parent / "include" / "c++"
@@ -89,19 +89,19 @@ def lint(source, flags, *options):
 
 
 def names_of_its_own(source):
-    """What a file defines for itself: two files that define the same cannot be read together."""
+    """The names that a file defines for itself: two files with a name in common cannot be read together."""
     text = source.read_bytes()
     names = {name for part in UNNAMED.findall(text) for name in NAME_IN_UNNAMED.findall(part)}
     return names | set(re.findall(rb"^static [\w:<>&* ]*?(\w+)\(", text, re.MULTILINE))
 
 
 def groups(jobs):
-    """Parts the jobs into lists of files that can be read together."""
+    """Groups the jobs into lists of files that can be read together."""
     found, alone = [], []
     for job in jobs:
         includes = INCLUDED.findall(job[0].read_bytes())
         if len(includes) != len(set(includes)):
-            # Files that are read together include the same headers; one that does so twice by itself is a finding.
+            # Files that are read together include the same headers; a file that includes one twice is a finding.
             alone.append([job])
             continue
         own = names_of_its_own(job[0])
@@ -116,7 +116,7 @@ def groups(jobs):
 
 
 def lint_group(members):
-    """[(job, status, output)] of files that are read together if possible, else half and half."""
+    """[(job, status, output)] of files that are read together if possible, else in halves."""
     if len(members) > 1:
         half = len(members) // 2
         with tempfile.NamedTemporaryFile("wb", suffix=".cpp") as together:
@@ -171,7 +171,7 @@ def main():
             else:
                 failed += 1
                 print(output.strip())
-    # Fingerprints of what no longer exists only pile up.
+    # Fingerprints of files that no longer exist are deleted.
     current = {job[2] for job in jobs}
     if not arguments.files:
         for old in cache.iterdir():

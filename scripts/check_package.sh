@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Puts a release together from the build tree, and looks at what came out: check_package.sh TREE
-# Twice without a signature: the same bytes. Once with one, from a certificate made for the occasion: every program, the
-# uninstaller and the installer carry it, and sums and manifests count the signed bytes.
+# Builds a release from the build tree, and checks it: check_package.sh TREE
+# First twice without a signature: the bytes must be the same. Then once with a test certificate: every program, the
+# uninstaller and the installer must be signed, and checksums and manifests must match the signed files.
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
@@ -12,7 +12,7 @@ trap 'rm -rf "$work"' EXIT
 export SOURCE_DATE_EPOCH=1700000000
 unset QUILLO_SIGN QUILLO_RELEASE_URL
 
-# The tree's own files stay as they are: the stage is made beside a copy of what ships.
+# The tree's own files are not changed: the stage is made from a copy of the shipped files.
 copy=$work/tree
 mkdir -p "$copy/src/resources"
 while read -r file _; do cp "$tree/$file" "$copy/"; done < <(sed 's/#.*//; /^ *$/d' "$quillo_root/packaging/files.txt")
@@ -34,7 +34,7 @@ size=$(stat -c %s "$work"/one/*-setup.exe)
 # ---- Signed
 openssl req -x509 -newkey rsa:2048 -nodes -days 2 -subj '/CN=Nobody' -addext extendedKeyUsage=codeSigning \
     -keyout "$work/key.pem" -out "$work/certificate.pem" 2>/dev/null || die "no certificate could be made"
-# Keeps a copy of each file that it has signed, so that the uninstaller can be looked at as well.
+# Keeps a copy of each file that it has signed, so that the uninstaller can be checked as well.
 cat >"$work/signer" <<END
 #!/bin/sh
 set -e
@@ -61,7 +61,7 @@ grep -qi "InstallerSha256: $sum" "$work"/three/winget/*.installer.yaml || die "t
 grep -q 'InstallerUrl: https://somewhere.example/download/Quillo-' "$work"/three/winget/*.installer.yaml ||
     die "the manifest has another address"
 
-# ---- What is wrong is noticed
+# ---- Errors are detected
 if QUILLO_SIGN=false "$quillo_root/packaging/assemble.sh" "$copy" "$work/four" >/dev/null 2>&1; then
     die "a signature that failed was not noticed"
 fi

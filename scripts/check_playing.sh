@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# The reminder's sound reaches the sound system: check_playing.sh QUILLO.EXE, inside wine_test_env.sh.
-# The program runs on a note whose reminder is due, with a sound device that records instead of playing: sounds of all
-# kinds arrive there, an empty setting and a missing file leave it silent, and no message box comes.
+# Checks that the reminder's sound reaches the sound system: check_playing.sh QUILLO.EXE, inside wine_test_env.sh.
+# The program runs with a note whose reminder is due, and a sound device that records instead of playing: sounds of all
+# kinds are recorded, an empty setting and a missing file are silent, and no message box appears.
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
@@ -21,14 +21,14 @@ clean_up() {
 }
 trap clean_up EXIT
 
-# Everything that is played goes into a file, at once and without a sound card.
+# The sound is written to a file, at once and without a sound card.
 cat >"$HOME/.asoundrc" <<END
 pcm.!default { type file file "$recording" format raw slave.pcm null }
 pcm.null { type null }
 ctl.!default { type null }
 END
 
-# A file name with a blank and an accent, as users have them.
+# A file name with a blank and an accent, as users may have.
 tone="$work/a tone é"
 ffmpeg -v error -f lavfi -i sine=frequency=880:duration=1 -ar 44100 "$tone.wav"
 cp "$tone.wav" "$tone in capitals.WAV"
@@ -36,7 +36,7 @@ ffmpeg -v error -i "$tone.wav" -c:a wmav2 "$tone.wma"
 ffmpeg -v error -i "$tone.wav" -c:a libmp3lame "$tone.mp3"
 printf 'no sound at all' >"$work/broken.mp3"
 
-# heard: how many samples other than silence have arrived.
+# heard: the number of samples that are not silent.
 heard() {
     if [[ -f $recording ]]; then tr -d '\0' <"$recording" | wc -c; else echo 0; fi
 }
@@ -45,7 +45,7 @@ notes=$(find "$WINEPREFIX/drive_c/users" -type d -path '*/AppData/Local' | head 
 # alert_stands SECONDS
 alert_stands() { timeout 90 wine "$probe" alert "$1" >/dev/null 2>&1; }
 
-# remind SETTING: runs the program until the alert stands.
+# remind SETTING: runs the program until the alert is shown.
 remind() {
     local setting=$1
     rm -rf "$notes" "$recording"
@@ -64,7 +64,7 @@ failures=0
 expect() {
     local what=$1 setting=$2 deadline samples result=silence
     remind "$setting"
-    # A sound comes at once; silence has to last until the sound would have come a second time.
+    # A sound starts at once; silence must last until the sound would have been repeated.
     deadline=$((SECONDS + 13))
     while ((SECONDS < deadline)); do
         samples=$(heard)
@@ -93,7 +93,7 @@ expect sound "$(windows_path "$tone.wav")"
 expect sound "$(windows_path "$tone in capitals.WAV")"
 expect sound "$(windows_path "$tone.mp3")"
 expect sound "$(windows_path "$tone.wma")"
-# Without a setting it is the program's own sound, which stands beside it.
+# Without a setting, the program uses its own sound, in its own folder.
 if [[ -f $(dirname "$quillo")/Reminder.wma ]]; then expect sound ''; else expect silence ''; fi
 expect silence "$(windows_path "$work/missing.wav")"
 expect silence "$(windows_path "$work/missing.mp3")"

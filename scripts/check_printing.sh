@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# What is printed, read back from the paper: check_printing.sh TESTS.EXE [TEST], inside wine_test_env.sh.
-# The tests of the suite PaperTest get a PostScript printer; whatever comes out of it is turned into text, page by page. With QUILLO_KEEP_PRINTED
-# the last document stays there, as a PDF file of that name.
+# Checks printed pages by reading them back: check_printing.sh TESTS.EXE [TEST], inside wine_test_env.sh.
+# The tests of the suite PaperTest get a PostScript printer; its output is converted to text, page by page. With
+# QUILLO_KEEP_PRINTED, the last document is kept as a PDF file of that name.
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
@@ -15,7 +15,7 @@ command -v pdftotext >/dev/null || die "pdftotext is missing: install poppler-ut
 work=$(mktemp -d "${TMPDIR:-/tmp}/quillo-print.XXXXXX")
 trap 'rm -rf "$work"' EXIT
 
-# Stands at the printer's port. The text appears in one step, when all of it is there.
+# Runs at the printer's port. The text appears in one step, when it is complete.
 cat >"$work/port" <<END
 #!/bin/sh
 cd '$work' || exit 1

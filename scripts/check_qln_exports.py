@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Reads what qln exports with readers that know nothing of it: check_qln_exports.py QLN SCHEMA
+"""Reads the exports of qln with independent readers: check_qln_exports.py QLN SCHEMA
 
-The notes hold what breaks careless writers: quotes, tags, control characters, long lines, every byte of the code page.
+The notes contain everything that breaks careless writers: quotes, tags, control characters, long lines, every byte of the
+code page.
 """
 
 import json
@@ -77,7 +78,7 @@ def check_calendar(data):
         assert entry["DTSTAMP"].dt.utcoffset().total_seconds() == 0
         assert len(entry.walk("VALARM")) == 1
     assert str(entries[0]["SUMMARY"]) == 'Buy milk; 2, or <3> & "more"'
-    # This reader takes a backslash before an "n" for a line break even where the backslash is escaped itself.
+    # This reader treats a backslash before an "n" as a line break even if the backslash itself is escaped.
     assert str(entries[0]["DESCRIPTION"]).split("\n")[1] == "\\ -->", entries[0]["DESCRIPTION"]
 
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The documents that are made from qln's command line: check_qln_help.sh QLN FOLDER
-# Every command is in each of them, the man page and the help page are well-formed, and the completion completes.
+# Checks the documents that are generated from qln's command line: check_qln_help.sh QLN FOLDER
+# Each of them has every command, the man page and the help page are well-formed, and the completion works.
 set -euo pipefail
 qln=$1 folder=$2
 fail() {

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The native qln beside a Quillo under Wine: check_qln_wine.sh QLN, inside wine_test_env.sh
+# Tests the native qln together with a Quillo under Wine: check_qln_wine.sh QLN, inside wine_test_env.sh
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"

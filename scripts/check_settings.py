@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The description of the settings names the values that the program knows, and no others: check_settings.py ROOT
+"""Checks that the description of the settings names exactly the values of the program: check_settings.py ROOT
 
 The uninstaller removes the values that docs/settings.md lists; the program reads those of its table.
 """
@@ -36,7 +36,7 @@ def main():
     root = pathlib.Path(sys.argv[1])
     sys.dont_write_bytecode = True
     sys.path.insert(0, str(root / "packaging"))
-    from make_setup import setting_names  # the list that goes into the uninstaller
+    from make_setup import setting_names  # the list in the uninstaller
 
     known = names_of_the_program(root)
     described = setting_names(root / "docs" / "settings.md")

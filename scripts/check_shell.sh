@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Shell scripts parse, and the linter has nothing to say.
+# Checks that shell scripts parse, and that the linter has no findings.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 scripts=(dev run.sh test.sh package.sh .ci/run packaging/*.sh scripts/*.sh)

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Checks how large quillo.exe is, and prints what it consists of.
+"""Checks the size of quillo.exe, and prints its parts.
 
     check_size.py QUILLO.EXE QUILLO.MAP
 
-Fails above the limits below: of the whole file, and of everything in it but the resources. Prints the ten largest
-resources and the ten largest parts of the code by the object file that brings them, from the linker's map.
+Fails above the limits below: of the whole file, and of the file without its resources. Prints the ten largest
+resources and the ten largest parts of the code by the object file that they come from, using the linker's map.
 """
 
 import collections
@@ -14,11 +14,11 @@ import struct
 import sys
 
 WHOLE_LIMIT = 825_000  # the goal is 800,000
-CODE_LIMIT = 668_000  # the goal is 500,000: docs/performance.md says what is in the way
+CODE_LIMIT = 668_000  # the goal is 500,000: docs/performance.md explains the difference
 SHOWN = 10
 RESOURCE_SECTION = b".rsrc"
 RESOURCE_TYPES = {3: "icon", 2: "bitmap", 10: "data", 14: "icon group", 16: "version", 24: "manifest"}
-# A section of an object in the map: its name, perhaps on a line of its own, its address, its size, its file.
+# A section of an object in the map: its name, possibly on a line of its own, its address, its size, its file.
 PART = re.compile(r"^ (\.(?:text|rdata|data|xdata|pdata|tls|CRT)\S*)\s+0x[0-9a-f]+\s+0x([0-9a-f]+) (.+)$", re.MULTILINE)
 BROKEN_LINE = re.compile(r"^( \.\S+)\n\s+", re.MULTILINE)
 
@@ -54,7 +54,7 @@ def resources(exe, address, position):
 
 
 def parts(linker_map):
-    """[(bytes, object file)] of what the linker has kept."""
+    """[(bytes, object file)] of the linked code."""
     kept = BROKEN_LINE.sub(r"\1 ", linker_map[linker_map.index("Linker script and memory map") :])
     total = collections.Counter()
     for _, size, source in PART.findall(kept):

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks the reminder's sound: the right format and length, heard but not clipped, and over at its end.
+"""Checks the reminder's sound: the right format and length, audible but not clipped, and silent at its end.
 
 Usage: check_sound.py FILE.wma FFMPEG FFPROBE
 """
@@ -38,7 +38,7 @@ def check_container(file, ffprobe):
 
 
 def decode(file, ffmpeg):
-    """The samples as floats, which show a peak beyond full scale that whole numbers would hide."""
+    """The samples as floats, which can show a peak beyond full scale."""
     answer = subprocess.run([ffmpeg, "-v", "error", "-i", file, "-ac", "1", "-ar", str(RATE), "-f", "f32le", "-"],
                             check=True, capture_output=True)
     samples = array.array("f", answer.stdout)

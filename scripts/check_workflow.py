@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""The workflow for a public Windows machine asks for nothing that does not exist: check_workflow.py ROOT
+"""Checks that the workflow for a public Windows machine refers only to existing names: check_workflow.py ROOT
 
-Every command of its steps is one that is known to be there, or a script of this repository; its presets, labels, options and
-paths are real. The workflow itself cannot run here.
+Every command of its steps is a known one or a script of this repository; its presets, labels, options and paths exist.
+The workflow itself cannot run here.
 """
 
 import json
@@ -14,7 +14,7 @@ import sys
 import yaml
 
 WORKFLOW = pathlib.Path(".github") / "workflows" / "windows.yml"
-# What the machine brings along, or a step before has installed.
+# Installed on the machine, or by an earlier step.
 MACHINES_OWN = {"call", "choco", "cmake", "ctest", "export", "git", "set"}
 PINNED = re.compile(r"^[\w.-]+/[\w.-]+@v\d+$")
 

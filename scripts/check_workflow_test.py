@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Proves that check_workflow can fail: the workflow itself, with one thing wrong each time."""
+"""Proves that check_workflow can fail: the workflow itself, with one error each time."""
 
 import pathlib
 import shutil
@@ -15,7 +15,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 
 def problems_with(old, new):
-    """What is found when `old` is replaced in the workflow."""
+    """The problems found when `old` is replaced in the workflow."""
     text = (ROOT / check_workflow.WORKFLOW).read_text(encoding="utf-8")
     if old not in text:
         raise AssertionError(f"the workflow has no '{old}'")

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# The core's tests: many, and each shorter than the start of a process. So all of them run in one, and ctest is told the
-# result of each.
-#   core_tests.sh --all PROGRAM                  runs all, and writes what each said into PROGRAM.results
+# Runs the core's tests: there are many, and each takes less time than the start of a process. So all of them run in one
+# process, and ctest gets the result of each.
+#   core_tests.sh --all PROGRAM                  runs all, and writes the output of each into PROGRAM.results
 #   core_tests.sh --end PROGRAM                  how that process ended
-#   core_tests.sh PROGRAM --gtest_filter=TEST    what TEST said there; fails if it did not pass
-#   core_tests.sh PROGRAM ARGUMENT...            runs PROGRAM, as do results that are older than it
-# A program for Windows runs as run_windows.sh has it.
+#   core_tests.sh PROGRAM --gtest_filter=TEST    the output of TEST there; fails if it did not pass
+#   core_tests.sh PROGRAM ARGUMENT...            runs PROGRAM; so does a call with outdated results
+# A Windows program is run with run_windows.sh.
 set -euo pipefail
 
 run() {
@@ -16,7 +16,7 @@ run() {
     fi
 }
 
-# Parts the output of a run by test. A test that ends the process has no last line that says so.
+# Splits the output of a run by test. A test that ends the process has no result line.
 part_by_test() {
     awk -v folder="$1" '
         { sub(/\r$/, "") }
@@ -38,7 +38,7 @@ run_all() {
     printf '%s tests in one process, which ended with %s\n' "$(find "$results" -type f -name '*.*' | wc -l)" "$status"
 }
 
-# 1 says that a test failed; then that test is reported by itself.
+# 1 means that a test has failed; that test reports it.
 report_end() {
     local results=$1.results status
     status=$(<"$results/status")

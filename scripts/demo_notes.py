@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""Writes a dozen sample notes that show what a note can be: demo_notes.py FOLDER
+"""Writes a dozen sample notes that show the features of notes: demo_notes.py FOLDER
 
-The places suit a desktop of 1280 by 800 pixels at 96 dpi; since a note file holds twips, they suit one of 1920 by 1200
-at 144 dpi as well.
+The places suit a desktop of 1280 by 800 pixels at 96 dpi; because a note file contains twips, they also suit one of 1920 by
+1200 at 144 dpi.
 """
 
 import datetime
@@ -33,7 +33,7 @@ def color_word(rgb):
 
 
 def day_serial(moment):
-    """Days since 30 December 1899, the fraction giving the time of day."""
+    """Days since 30 December 1899; the fraction is the time of day."""
     span = moment - datetime.datetime(1899, 12, 30)
     return f"{span.days + span.seconds / 86400:.15g}"
 

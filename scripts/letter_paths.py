@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Prints words as the path data of an SVG file, so that a drawing looks alike on machines with other fonts.
+"""Prints words as the path data of an SVG file, so that a drawing looks the same on machines with other fonts.
 
-Only for who changes the lettering of a drawing; the build does not need it. Debian: python3-fonttools, fonts-inter.
+Only for changes to the lettering of a drawing; the build does not need it. Debian: python3-fonttools, fonts-inter.
 """
 
 import argparse

@@ -1,11 +1,11 @@
-# Functions shared by run.sh, test.sh and the scripts in this folder. Source it; it changes nothing by itself.
+# Functions shared by run.sh, test.sh and the scripts in this folder, which source it; sourcing it changes nothing.
 # shellcheck shell=bash
 
 quillo_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 win_build=${QUILLO_BUILD_DIR:-$quillo_root/build/windows-x64}
 cache_dir=${QUILLO_CACHE_DIR:-${XDG_CACHE_HOME:-$HOME/.cache}/quillo}
 
-# What the steps need, as Debian 12 packages.
+# The Debian 12 packages that the steps need.
 build_packages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest librsvg2-bin python3 ffmpeg fp-utils
     libcli11-dev nlohmann-json3-dev g++)
 wine_packages=(wine wine64 fonts-wine fonts-liberation)
@@ -22,7 +22,7 @@ test_packages=("${run_packages[@]}" "${setup_packages[@]}" clang libclang-rt-14-
     g++-mingw-w64-i686-posix shellcheck xdotool ffmpeg ghostscript poppler-utils groff-base tidy python3-html5lib
     python3-icalendar openssl osslsigncode)
 
-# One clear line on stderr, then exit 1.
+# Prints one line on stderr, then exits with 1.
 die() {
     printf '%s: %s\n' "${0##*/}" "$*" >&2
     exit 1
@@ -30,7 +30,7 @@ die() {
 
 say() { printf '%s\n' "$*"; }
 
-# run_logged LOG WHAT COMMAND...: quiet unless it fails; then one line that names the log.
+# run_logged LOG WHAT COMMAND...: quiet unless the command fails; then one line that names the log.
 run_logged() {
     local log=$1 what=$2
     shift 2
@@ -48,7 +48,7 @@ missing_packages() {
     done
 }
 
-# Installs what is missing of the packages named; no call of apt when nothing is.
+# Installs those of the named packages that are missing; does not call apt if all are present.
 ensure_packages() {
     local missing as_root=() log=/tmp/quillo-apt-$UID.log
     mapfile -t missing < <(missing_packages "$@")
@@ -65,7 +65,7 @@ ensure_packages() {
         die "installing failed; see the end of $log, then install by hand: ${missing[*]}"
 }
 
-# build_preset PRESET TARGET...: configures when the tree is new, then builds.
+# build_preset PRESET TARGET...: configures a new tree, then builds.
 build_preset() {
     local preset=$1
     shift
@@ -85,8 +85,8 @@ build_preset() {
 
 # ---- Wine
 
-# Values without which Wine asks questions or looks for components that are not there. The language of the session
-# stays the user's own.
+# Values without which Wine asks questions or looks for missing components. The language of the session
+# remains the user's own.
 wine_environment() {
     export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=" WINEDEBUG=-all
 }
@@ -97,18 +97,18 @@ wine_set() {
         die "Wine cannot write its registry in $WINEPREFIX; remove that folder and try again"
 }
 
-# Creates the prefix $WINEPREFIX when it does not stand complete. Its marker is written last, so that an interrupted
-# creation is done again. Keeps what is in it.
+# Creates the prefix $WINEPREFIX unless it is complete. Its marker is written last, so that an interrupted
+# creation is repeated. Keeps the existing content.
 ensure_prefix() {
     local marker=$WINEPREFIX/.quillo-ready font
     [[ -f $marker ]] && return 0
     say "Preparing Wine (once) in $WINEPREFIX"
-    # Without this folder Wine's Recycle Bin loses what is thrown into it.
+    # Without this folder, Wine's Recycle Bin loses deleted files.
     mkdir -p "$WINEPREFIX" "$HOME/.local/share"
     timeout 300 wine wineboot -i >/dev/null 2>&1 </dev/null ||
         die "Wine cannot create its folder $WINEPREFIX (is the disk full?); remove it and try again"
     timeout 120 wineserver -w || true
-    # A crash must end the program, not wait for somebody to press a button.
+    # A crash must end the program instead of waiting for a user to press a button.
     wine_set 'HKCU\Software\Wine\WineDbg' ShowCrashDialog 0 REG_DWORD
     for font in /usr/share/wine/fonts/*.ttf; do
         if [[ -f $font ]]; then cp "$font" "$WINEPREFIX/drive_c/windows/Fonts/"; fi
@@ -120,7 +120,7 @@ ensure_prefix() {
     : >"$marker"
 }
 
-# A prefix to clone from. It is made with folders of its own in place of links into a home folder.
+# A prefix to clone from. It has folders of its own instead of links into a home folder.
 ensure_template() {
     local template=$cache_dir/wine-template link
     [[ -f $template/.quillo-template ]] && return 0
@@ -152,7 +152,7 @@ clone_prefix() {
     done
 }
 
-# The processes of a prefix, by the name of the program: prefix_pids PREFIX NAME
+# The processes of a prefix with that program name: prefix_pids PREFIX NAME
 prefix_pids() {
     local prefix=$1 name=$2 dir
     for dir in /proc/[0-9]*; do
@@ -162,7 +162,7 @@ prefix_pids() {
     done
 }
 
-# A Unix path as Windows sees it, by way of the drive that stands for "/".
+# A Unix path in Windows form, on the drive that maps "/".
 windows_path() {
     local path=Z:$1
     printf '%s' "${path//\//\\}"
@@ -178,7 +178,7 @@ value_of() { sed -n "s/^$2=//p" "$1" 2>/dev/null | tail -n 1 || true; }
 # is_running PID NAME
 is_running() { [[ -n $1 && $(cat "/proc/$1/comm" 2>/dev/null) == "$2" ]]; }
 
-# start_detached STATE NAME COMMAND...: starts it with all its streams closed, and writes its number down.
+# start_detached STATE NAME COMMAND...: starts it with all its streams closed, and records its process id.
 start_detached() {
     local state=$1 name=$2
     shift 2
@@ -193,7 +193,7 @@ start_xserver() {
     mkdir -p /tmp/.X11-unix 2>/dev/null || true
     setsid Xvfb -displayfd 3 -screen 0 "$size" -nolisten tcp -noreset 3>"$answer" </dev/null >/dev/null 2>&1 &
     pid=$!
-    # The number ends in a line break; until that is there, it is not whole.
+    # The number ends in a line break; until that has arrived, it is incomplete.
     until [[ $(wc -l <"$answer") -gt 0 ]]; do
         if ! kill -0 "$pid" 2>/dev/null || ((SECONDS > deadline)); then
             rm -f "$answer"
@@ -207,8 +207,8 @@ start_xserver() {
     export DISPLAY=:$number
 }
 
-# ensure_desktop STATE SIZE: finds the desktop that STATE names again, or starts one and leaves it running: X server,
-# window manager, compositor, tray, a calm background. Sets DISPLAY.
+# ensure_desktop STATE SIZE: finds the desktop that STATE names, or starts one and leaves it running: X server,
+# window manager, compositor, tray, a plain background. Sets DISPLAY.
 ensure_desktop() {
     local state=$1 size=$2 display
     display=$(value_of "$state" display)
@@ -219,7 +219,7 @@ ensure_desktop() {
         start_xserver "$state" "$size"
         hsetroot -add '#7f99a8' -add '#b8c4c0' -gradient 160 >/dev/null 2>&1 || true
     fi
-    # The tray's room is kept free from the start: the system asks for the work area only once.
+    # The tray's space is reserved from the start: the system asks for the work area only once.
     local bar=$((26 * ${QUILLO_DEMO_DPI:-96} / 96)) settings=$state.openbox.xml
     sed "s|<bottom>0</bottom>|<bottom>$bar</bottom>|" /etc/xdg/openbox/rc.xml >"$settings"
     is_running "$(value_of "$state" openbox)" openbox ||
@@ -227,7 +227,7 @@ ensure_desktop() {
     is_running "$(value_of "$state" picom)" picom ||
         start_detached "$state" picom picom --config "$quillo_root/scripts/picom.conf"
     is_running "$(value_of "$state" trayer)" trayer ||
-        # As wide as the screen: a tray that grows with its icons never paints the first of them.
+        # As wide as the screen: a tray that grows with its icons never paints the first icon.
         start_detached "$state" trayer trayer --edge bottom --align right --widthtype percent --width 100 \
             --height "$bar" --SetDockType true --transparent true --alpha 140 --tint 0x20303a
     local deadline=$((SECONDS + 20))
@@ -249,7 +249,7 @@ stop_desktop() {
     rm -f "$state" "$state.openbox.xml"
 }
 
-# make_test_disks FOLDER: for the tests of a full and of a write-protected disk. Only root may make them; without them
+# make_test_disks FOLDER: for the tests of a full and of a write-protected disk. Only root can create them; without them
 # these tests are skipped.
 make_test_disks() {
     local small=$1/small protected=$1/protected
@@ -269,7 +269,7 @@ remove_test_disks() {
     done
 }
 
-# name_test_places FOLDER: tells the tests where these disks are, and the home folder with the Recycle Bin.
+# name_test_places FOLDER: passes the places of these disks, and the home folder with the Recycle Bin, to the tests.
 name_test_places() {
     local folder=$1
     unset QUILLO_SMALL_DISK QUILLO_PROTECTED_DISK
@@ -281,7 +281,7 @@ name_test_places() {
     export QUILLO_SMALL_DISK QUILLO_PROTECTED_DISK
 }
 
-# use_test_desktop FOLDER: the tests' desktop in FOLDER, made when it is not there: a Wine prefix with one shared virtual
+# use_test_desktop FOLDER: the tests' desktop in FOLDER, created if it is missing: a Wine prefix with one shared virtual
 # desktop, an X server, a home folder, disks to be filled, and a resident program that keeps the desktop's services warm.
 # Sets WINEPREFIX, HOME, DISPLAY and what name_test_places sets.
 use_test_desktop() {
@@ -300,8 +300,8 @@ use_test_desktop() {
     start_xserver "$state" 1280x800x24
     wine_set 'HKCU\Software\Wine\Explorer' Desktop Quillo
     wine_set 'HKCU\Software\Wine\Explorer\Desktops' Quillo 1280x800
-    # The resident program comes first and with its streams detached: what it starts inherits them, and a reader of the
-    # tests' output would otherwise wait for ever.
+    # The resident program is started first and with its streams detached: its child processes inherit them, and a reader of
+    # the tests' output would otherwise wait forever.
     setsid wine "$win_build/tests/window_probe.exe" stay >/dev/null 2>&1 </dev/null &
     local deadline=$((SECONDS + 60))
     until [[ -n $(prefix_pids "$WINEPREFIX" window_probe.ex) ]] &&
@@ -309,7 +309,7 @@ use_test_desktop() {
         ((SECONDS < deadline)) || die "the Wine desktop of the tests did not come up on $DISPLAY"
         sleep 0.05
     done
-    # Without the keyboard on the desktop, no window in it gets a key.
+    # Without the focus on the desktop, no window in it receives keys.
     xdotool search --name 'Quillo - Wine desktop' windowfocus >/dev/null 2>&1 || true
     : >"$folder/ready"
 }

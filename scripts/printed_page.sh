@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Renews docs/screenshots/printed-page.png: a note as it comes out of the printer.
+# Updates docs/screenshots/printed-page.png: a printed note.
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
@@ -13,7 +13,7 @@ QUILLO_KEEP_PRINTED=$work/page.pdf "$quillo_root/scripts/wine_test_env.sh" "$qui
     "$win_build/tests/quillo_e2e_tests.exe" PaperTest.ParagraphsAreWrappedBetweenWords >"$work/log" ||
     die "nothing was printed: $(tail -n 5 "$work/log")"
 gs -q -dNOPAUSE -dBATCH -sDEVICE=png16m -r300 -sOutputFile="$work/page.png" "$work/page.pdf"
-# The sheet at a third of its dots, with its edge.
+# The sheet at a third of its resolution, with its edge.
 convert "$work/page.png" -resize 33.3% -bordercolor '#b8b8b8' -border 1 \
     "$quillo_root/docs/screenshots/printed-page.png"
 say "docs/screenshots/printed-page.png"

@@ -29,7 +29,7 @@ FILE_ICON_SOURCES = {size: name.replace("quillo", "file") for size, name in ICON
 # The mark as a picture file, which the system shows above the program's balloons.
 PICTURE = "quillo.svg"
 PICTURE_SIZE = 128
-# The icon of the small programs beside Quillo, which are not to be larger than they need be.
+# The icon of the small programs that ship with Quillo, which should be as small as possible.
 SMALL_PROGRAM_SIZES = (16, 20, 24, 32, 48)
 LARGEST_SMALL_PROGRAM_BITMAP = 24
 LARGEST_ICON_BITMAP = 40  # pixels; above that an entry is a PNG
@@ -48,7 +48,7 @@ GLYPH_SIZES = (20, 25, 30, 35, 40)  # at 100 to 200 percent
 MENU = "menu.svg"
 MENU_SIZE = (300, 180)  # pixels at 96 dpi
 MENU_SCALES = (100, 125, 150, 175, 200)
-# Groups of the drawing in the order in which they are laid over each other, with their colors in the normal face.
+# Groups of the drawing in the order in which they are painted over each other, with their colors in the normal face.
 MENU_PLANES = {
     "panel": (0xFF, 0xFD, 0xD0),
     "tile": None,  # only in the highlighted face
@@ -190,7 +190,7 @@ def encode_planes(planes):
 
 
 def plane_of(image, channel=3):
-    """(width, height, bytes) of one channel; that of alpha is what a drawing covers."""
+    """(width, height, bytes) of one channel; that of alpha is the coverage of a drawing."""
     return image.width, image.height, bytes(image.pixels[channel::4])
 
 
@@ -239,7 +239,7 @@ class Artwork:
         return [self.convert(plane, self.plane_drawing(plane), width, height) for plane in MENU_PLANES]
 
     def plane_drawing(self, plane):
-        """The menu's drawing with one of its groups alone, and that one visible."""
+        """The menu's drawing with only one of its groups visible."""
         root = xml.etree.ElementTree.parse(self.source / MENU).getroot()
         groups = {group.get("id"): group for group in root if group.get("id")}
         if set(groups) != set(MENU_PLANES):
@@ -330,7 +330,7 @@ def show_icons(sheet, icons, top, ground):
 
 
 def contact_sheet(icons, strips):
-    """Everything on the grounds it must be legible on: magnified, and at its true size."""
+    """Everything on the backgrounds on which it must be legible: magnified, and at its true size."""
     strips_height = STRIP_CELL[1] * len(strips) + strips[SCALES[-1]].height + 2 * GAP
     band_height = 64 * 4 + 256 + 3 * GAP
     sheet = Image(STRIP_CELL[0] * len(NOTE_GROUNDS), strips_height + band_height * len(ICON_GROUNDS))
@@ -357,7 +357,7 @@ def menu_face(planes):
 
 
 def menu_sheet(menus):
-    """The menu at every scale, one below the other on a desktop's color; the smallest once more, magnified."""
+    """The menu at every scale, stacked on a desktop's color; the smallest also magnified."""
     faces = [menu_face(planes) for planes in menus.values()]
     zoom = 3
     height = sum(face.height + GAP for face in faces) + faces[0].height * zoom + 2 * GAP
@@ -388,7 +388,7 @@ def main():
     strips = {scale: artwork.strip(scale) for scale in SCALES}
     (output / "quillo.ico").write_bytes(encode_ico(icons))
     (output / "Quillo.png").write_bytes(encode_png(artwork.render(PICTURE, PICTURE_SIZE)))
-    # The same for the installer, which carries it twice and uncompressed.
+    # The same for the installer, which contains it twice and uncompressed.
     (output / "setup.ico").write_bytes(encode_ico(icons))
     files = artwork.icons(FILE_ICON_SOURCES)
     (output / "note_file.ico").write_bytes(encode_ico(files))

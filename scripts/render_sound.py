@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Synthesises the reminder's sound: two soft bell strokes, a fourth apart, that die away within two seconds.
+"""Synthesizes the reminder's sound: two soft bell strokes, a fourth apart, that fade within two seconds.
 
 Usage: render_sound.py OUTPUT.wma FFMPEG
 """

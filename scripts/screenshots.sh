@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Renews docs/screenshots: the demo's notes, the program's menus and its dialogs, on a desktop at 96 and at 144 dpi.
+# Updates docs/screenshots: the demo's notes, the program's menus and its dialogs, on a desktop at 96 and at 144 dpi.
 #   scripts/screenshots.sh            all of them
-#   scripts/screenshots.sh SCENE...   only these, in an order in which none needs what an earlier one took away:
+#   scripts/screenshots.sh SCENE...   only these, in an order in which none needs state that an earlier one removed:
 #                                     notes, reminder, menus, icon, colors, mainmenu, about, options, alert, dates,
 #                                     empty, balloon, faces, setup
 set -euo pipefail
@@ -15,14 +15,14 @@ target=$quillo_root/docs/screenshots
 probe=$win_build/tests/window_probe.exe
 faces=$win_build/tests/menu_faces.exe
 
-# The demo of this script has a data folder of its own and leaves the user's alone.
+# The demo of this script has a data folder of its own and does not change the user's.
 work=$(mktemp -d "${TMPDIR:-/tmp}/quillo-shots.XXXXXX")
 # shellcheck disable=SC2317  # called by the trap
 clean_up() {
     local profile
     profile=$(value_of "$work/quillo/demo.state" profile)
     if ! demo /close >/dev/null 2>&1 && [[ -n $profile ]]; then
-        # A menu may stand open: nothing is lost with this profile.
+        # A menu may be open: nothing is lost with this profile.
         WINEPREFIX=$profile/wine timeout 60 wineserver -k >/dev/null 2>&1 || true
         stop_desktop "$work/quillo/demo-desktop.state"
         rm -rf "$profile"
@@ -41,7 +41,7 @@ demo() {
         QUILLO_DESKTOP_SIZE="$(px 1280)x$(px 800)" "$quillo_root/run.sh" --demo "$@"
 }
 
-# ---- The user's hands
+# ---- User input
 
 point_at() { xdotool mousemove "$(px "$1")" "$(px "$2")"; }
 # click X Y [BUTTON]
@@ -49,33 +49,33 @@ click() {
     point_at "$1" "$2"
     xdotool click "${3:-1}"
 }
-# Where the pointer shows no tool tip.
+# A place where the pointer shows no tool tip.
 rest() { point_at 640 760; }
 
 # ---- Pictures
 
-# Behind the names of the pictures that a scene takes under other settings than the usual.
+# A suffix for the names of the pictures that a scene takes with other settings.
 variant=
-# part NAME X Y WIDTH HEIGHT: that part of the desktop, in device pixels, once it has come to rest.
+# part NAME X Y WIDTH HEIGHT: that part of the desktop, in device pixels, once it no longer changes.
 part() {
     local file=$target/$1$variant-${dpi}dpi.png
     screenshot "$work/desktop.png"
     convert "$work/desktop.png" -crop "$4x$5+$2+$3" +repage -strip "$work/part.png"
-    # A palette keeps the files small, and nobody sees the difference.
+    # A palette keeps the files small, without a visible difference.
     pngquant --force --quality 80-100 --speed 1 --output "$file" "$work/part.png" || cp "$work/part.png" "$file"
     say "docs/screenshots/${file##*/}"
 }
 
-# box_of CLASS: left, top, width and height of the visible window of that class, once it is there.
+# box_of CLASS: left, top, width and height of the visible window of that class, once it exists.
 box_of() {
     { wine "$probe" box 20 "$1" 2>/dev/null </dev/null || true; } | tr -d '\r' | cut -f 2-
 }
 await() { [[ -n $(box_of "$1") ]] || die "no window of the class $1 came within 20 seconds"; }
 
-# Between the coming of a window and its first picture on the desktop.
+# The time between the appearance of a window and its first picture on the desktop.
 settle() { sleep 1; }
 
-# around NAME CLASS [LEFT TOP RIGHT BOTTOM]: the window of that class with a margin, 24 pixels or what is given.
+# around NAME CLASS [LEFT TOP RIGHT BOTTOM]: the window of that class with a margin of 24 pixels, or the given one.
 around() {
     local name=$1 class=$2 box left top right bottom margins=("${@:3}")
     ((${#margins[@]})) || margins=(24 24 24 24)
@@ -92,14 +92,14 @@ around() {
     part "$name" $left $top $((right - left)) $((bottom - top))
 }
 
-# ---- Scenes. Each leaves the desktop as it found it.
+# ---- Scenes. Each one restores the desktop.
 
 scene_notes() {
     rest
     part notes 0 0 "$(px 1280)" "$(px 800)"
 }
 
-# ask_reminder X Y: Ctrl+R in the note there.
+# ask_reminder X Y: presses Ctrl+R in the note at that point.
 ask_reminder() {
     click "$1" "$2"
     xdotool key ctrl+r
@@ -114,7 +114,7 @@ scene_reminder() {
     xdotool key Return
     around reminder-message QuilloSetReminder
     xdotool key Escape
-    ask_reminder 670 145 # a note that has a reminder already
+    ask_reminder 670 145 # a note that already has a reminder
     xdotool key Tab Tab Tab space
     around reminder-set QuilloSetReminder
     xdotool key Escape
@@ -130,11 +130,11 @@ scene_alert() {
     xdotool key Escape
 }
 
-# The program's own icon beside the clock, and left of it that of a note.
+# The program's own icon beside the clock, and to its left that of a note.
 point_at_icon() { point_at 1269 787; }
 point_at_note_icon() { point_at 1249 787; }
 
-# Puts a note next to the clock.
+# Minimizes a note to its icon.
 minimize_note() {
     click 380 260
     xdotool key ctrl+m
@@ -186,7 +186,7 @@ scene_colors() {
     xdotool key Escape
 }
 
-# The menu stands in the corner above the tray.
+# The menu is in the corner above the tray.
 readonly menu_left=980 menu_top=594
 open_menu() {
     point_at_icon
@@ -246,7 +246,7 @@ start_program() {
     settle
 }
 
-# Dates as long as any user may have set them, and numbers with a comma.
+# Dates as long as any user may have configured them, and numbers with a comma.
 scene_dates() {
     end_program
     wine_set 'HKCU\Control Panel\International' sShortDate 'dddd, d. MMMM yyyy'
@@ -262,7 +262,7 @@ scene_dates() {
     variant=
 }
 
-# The third and the fourth program taken out, and no note left.
+# The third and the fourth program removed, and no note open.
 scene_empty() {
     open_menu
     choose_item 250 90
@@ -283,7 +283,7 @@ scene_empty() {
     await QuilloNote
 }
 
-# High contrast is a mode of the system that Wine does not have: the menu's faces as the program composes them.
+# Wine has no high contrast: the menu's faces are drawn as the program composes them.
 scene_faces() {
     local planes=$win_build/src/resources/artwork/menu_$((dpi * 100 / 96)).planes
     wine "$faces" "$(windows_path "$planes")" "$(windows_path "$work/faces.ppm")" >/dev/null 2>&1 </dev/null ||
@@ -293,7 +293,7 @@ scene_faces() {
     say "docs/screenshots/menu-faces-${dpi}dpi.png"
 }
 
-# The pages of the installer, for a user named Ann: the first time, over an earlier version, and when it removes.
+# The pages of the installer, for a user named Ann: the first time, over an earlier version, and when uninstalling.
 scene_setup() {
     local setups=$win_build/tests/setups folder='C:\Users\Ann\AppData\Local\Programs\Quillo'
     end_program
@@ -308,7 +308,7 @@ scene_setup() {
     around setup-update '#32770'
     xdotool key Escape
     wait "$!" || true
-    # From where it lies: its copy in the temporary folder would outlive this.
+    # From its own folder: its copy in the temporary folder would still be running afterwards.
     setsid wine "$folder\\uninstall.exe" "_?=$folder" >/dev/null 2>&1 </dev/null &
     around setup-remove '#32770'
     xdotool key Escape

@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
 # Runs a command with everything that a Windows test program needs: wine_test_env.sh COMMAND...
 # A throwaway home folder, a throwaway Wine prefix with one shared virtual desktop of its own, a virtual X server, and
-# a resident program that keeps the desktop's services warm. Programs that run_windows.sh starts side by side get more of
-# these. All of it is gone afterwards.
-# QUILLO_BUILD_DIR names another build tree than build/windows-x64.
+# a resident program that keeps the desktop's services warm. Programs that run_windows.sh starts in parallel get more of
+# these. All of them are deleted afterwards.
+# QUILLO_BUILD_DIR names a build tree other than build/windows-x64.
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
 (($#)) || die "usage: wine_test_env.sh COMMAND..."
 
-# The disks that the tests fill are mounted for this run alone: however it ends, none of them stays.
+# The disks that the tests fill are mounted only for this run; the trap unmounts them however it ends.
 if ((UID == 0)) && [[ -z ${QUILLO_OWN_MOUNTS:-} ]] && unshare --mount true 2>/dev/null; then
     QUILLO_OWN_MOUNTS=1 exec unshare --mount "$0" "$@"
 fi
@@ -32,7 +32,7 @@ clean_up() {
 trap clean_up EXIT
 trap 'exit 130' INT TERM
 
-# What runs inside may need a prefix of its own, made from the same template.
+# A command inside may need a prefix of its own, made from the same template.
 export QUILLO_CACHE_DIR=$cache_dir QUILLO_BUILD_DIR=$win_build
 unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_CACHE_HOME WAYLAND_DISPLAY
 # The dates, numbers and code page that the tests expect.

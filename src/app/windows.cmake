@@ -1,5 +1,5 @@
 target_sources(quillo_windows PRIVATE
   app/quillo_procs.cpp
 )
-# The number of the program, for the about box.
+# The version of the program, for the about box.
 target_link_libraries(quillo_windows PRIVATE quillo_version)

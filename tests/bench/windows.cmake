@@ -1,11 +1,11 @@
-# Start-up of the whole program against a bare one that shows the same files.
+# Start-up of the whole program, compared with a bare one that shows the same files.
 add_executable(bare_notes WIN32 ${CMAKE_CURRENT_LIST_DIR}/bare_notes.cpp)
 target_link_libraries(bare_notes PRIVATE quillo_windows)
 add_executable(startup_bench ${CMAKE_CURRENT_LIST_DIR}/startup_bench.cpp)
 target_link_libraries(startup_bench PRIVATE quillo_windows)
 add_dependencies(startup_bench quillo bare_notes)
 
-# The running program on 50 notes: saving them all against plain writes, what it costs while untouched, what it holds.
+# The running program with 50 notes: saving them all compared with plain writes, its idle cost, its memory.
 foreach(bench save idle memory)
   add_executable(${bench}_bench ${CMAKE_CURRENT_LIST_DIR}/${bench}_bench.cpp ${CMAKE_CURRENT_LIST_DIR}/program_run.cpp)
   target_include_directories(${bench}_bench PRIVATE ${PROJECT_SOURCE_DIR}/tests)

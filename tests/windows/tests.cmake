@@ -41,7 +41,7 @@ target_sources(quillo_windows_tests PRIVATE
   windows/window_test.cpp
 )
 target_include_directories(quillo_windows_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/windows)
-# What has been printed is read back as in ring 3.
+# Printed documents are read back as in ring 3.
 target_sources(quillo_windows_tests PRIVATE e2e/harness/files.cpp e2e/harness/test_printer.cpp)
 target_include_directories(quillo_windows_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/e2e)
 target_link_libraries(quillo_windows_tests PRIVATE winspool)

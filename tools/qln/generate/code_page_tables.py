@@ -11,7 +11,7 @@ def decode(page, byte):
     try:
         return ord(bytes([byte]).decode(f"cp{page}"))
     except UnicodeDecodeError:
-        return byte  # an unused byte stands for itself, so that it comes back
+        return byte  # an unused byte maps to itself, so that it is preserved
 
 
 def main():

@@ -1,15 +1,15 @@
 #!/usr/bin/env python3
-"""Writes the tables by which texts are compared without regard to case and accents: folding_tables.py OUTPUT
+"""Writes the tables for comparing texts without regard to case and accents: folding_tables.py OUTPUT
 
 A character folds to its full case folding, decomposed, without the marks above, below or around letters. Vowel signs
-and voicing marks stay: in their scripts another sign makes another word. Hangul syllables stay whole.
+and voicing marks stay: in their scripts another sign is another word. Hangul syllables are not decomposed.
 """
 
 import pathlib
 import sys
 import unicodedata
 
-LAST = 0x1FFFF  # there is no case and no accent beyond
+LAST = 0x1FFFF  # beyond this there is no case and no accent
 BLOCK = 256
 
 
