@@ -83,7 +83,7 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     std::function<void()> onBackup;
     /// The session asks whether it may end: everything must be on the disk before the answer.
     std::function<void()> onSessionEnding;
-    /// The session is locked or the machine goes to sleep: changes must be on the disk.
+    /// The session is locked or the machine is suspended: changes must be on the disk.
     std::function<void()> onGoingAway;
     /// True when the user returns to the session, false when another session gets the console.
     std::function<void(bool)> onPresence;

@@ -32,7 +32,7 @@ DWORD NoteDropTarget::OnEnter(IDataObject* data, Point at, DWORD offered) {
 
 DWORD NoteDropTarget::OnOver(Point /*at*/, DWORD offered) {
     if (!welcome_) return DROPEFFECT_NONE;
-    // Copying has priority, whatever keys are held, so that the source keeps its data. Links offer nothing but a link,
+    // Copying has priority, regardless of keys, so that the source keeps its data. Links offer nothing but a link,
     // and some sources nothing but a move.
     for (const DWORD effect : {DROPEFFECT_COPY, DROPEFFECT_LINK, DROPEFFECT_MOVE}) {
         if ((offered & effect) != 0) return effect;

@@ -26,7 +26,7 @@ class UiTimer {
     std::function<void()> tick_;
     UINT_PTR id_ = 0;
     bool ticking_ = false;
-    bool* destroyed_ = nullptr;  ///< set while ticking: tells the running tick that its timer was destroyed
+    bool* destroyed_ = nullptr;  ///< set while ticking: records that the timer was destroyed
 };
 
 }  // namespace quillo

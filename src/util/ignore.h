@@ -2,7 +2,7 @@
 
 namespace quillo {
 
-/// Ignores a result on purpose; `reason` tells the reader why.
+/// Ignores a result on purpose; `reason` is for the reader.
 template <typename T>
 constexpr void Ignore(const T& /*result*/, const char* /*reason*/) {}
 

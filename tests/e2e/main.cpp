@@ -7,7 +7,7 @@
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    // Rectangles and pixels are the screen's own, whatever its resolution.
+    // Rectangles and pixels are the screen's own, at any resolution.
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     if (!std::filesystem::exists(quillo::e2e::QuilloExe()) && !::testing::GTEST_FLAG(list_tests)) {
         std::cerr << "There is no program to test at " << std::filesystem::path(quillo::e2e::QuilloExe())

@@ -97,7 +97,7 @@ TEST_F(MainMenuTest, WithoutNotesShowAllNotesLooksDisabledAndOnlyCloses) {
 TEST_F(MainMenuTest, ASecondClickOnTheIconMakesANoteAndTheKeyboardServesTheMenu) {
     Start();
     ASSERT_TRUE(Menu().Open());
-    Menu().SendToIcon(kLeftUp);  // the menu may stand above the icon
+    Menu().SendToIcon(kLeftUp);  // the menu may cover the icon
     EXPECT_TRUE(NotesBecome(1));
     EXPECT_TRUE(Menu().WaitUntilGone());
 

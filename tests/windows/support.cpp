@@ -49,7 +49,7 @@ bool IsCrash(DWORD code) {
 LONG CALLBACK OnException(EXCEPTION_POINTERS* exception) noexcept {
     const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
     if (!IsCrash(record.ExceptionCode)) return EXCEPTION_CONTINUE_SEARCH;
-    // The base tells addr2line where the program was loaded.
+    // addr2line needs the base at which the program was loaded.
     std::fprintf(stderr, "\ncrash: exception %08lX at %p (program at %p)\n",
                  static_cast<unsigned long>(record.ExceptionCode), record.ExceptionAddress,
                  static_cast<void*>(GetModuleHandleW(nullptr)));

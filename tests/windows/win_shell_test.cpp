@@ -116,7 +116,7 @@ long long Recycled() {
     return SHQueryRecycleBinW(nullptr, &info) == S_OK ? info.i64NumItems : -1;
 }
 
-TEST_F(WinShellTest, ARecycledFileGoesIntoTheRecycleBin) {
+TEST_F(WinShellTest, ARecycledFileIsInTheRecycleBin) {
     // The first file creates the bin, so that there is something to count.
     ASSERT_NO_FATAL_FAILURE(PutFile(folder_.Of(u"first.qln"), "x"));
     EXPECT_EQ(shell_.Recycle(folder_.Of(u"first.qln")), RecycleResult::Moved);

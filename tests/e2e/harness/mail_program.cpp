@@ -20,7 +20,7 @@ std::wstring ProviderPath() {
     return (std::filesystem::path(self.data()).parent_path() / L"quillo_mail_provider.dll").wstring();
 }
 
-/// An empty text stands for no value too.
+/// An empty text also means no value.
 std::wstring DefaultText(HKEY root) {
     std::array<wchar_t, 512> text{};
     DWORD size = sizeof text;
