@@ -15,8 +15,9 @@ STYLE = pathlib.Path("docs") / "style.md"
 SECTION = "## Words to avoid"
 IGNORED_SPELLINGS = pathlib.Path("scripts") / "spelling_ignored.txt"
 CODESPELL = ["codespell", "--builtin", "clear,rare,en-GB_to_en-US"]
-# Files with fixed texts of others: data of the tests, schemas of winget, and the style page's own examples.
-SKIPPED = ("tests/corpus/", "packaging/winget/", STYLE.as_posix())
+FOLDERS = (".ci", ".github", "cmake", "docs", "packaging", "scripts", "src", "tests", "tools")
+# Data of the tests, schemas of winget, the style page's own examples, and steps for testers at a Windows machine.
+SKIPPED = ("tests/corpus/", "packaging/winget/", STYLE.as_posix(), "docs/manual-checks.md")
 
 QUOTED = re.compile(r'"[^"]*"|`[^`]*`|<code>.*?</code>|<kbd>.*?</kbd>|\bhttps?://\S+')
 WORDS_OF_NAME = re.compile(r"[A-Z]?[a-z]+|[A-Z]+(?![a-z])")
@@ -72,13 +73,13 @@ def breaches(files, words):
                 yield f"{name}:{number}: avoid '{match.group(0)}' (see {STYLE}): {text.strip()[:90]}"
 
 
-def tracked_files(root):
-    listed = subprocess.run(["git", "-C", str(root), "ls-files", "-z"], capture_output=True, check=True, text=True).stdout
-    for name in filter(None, listed.split("\0")):
-        if name.startswith(SKIPPED) or not (root / name).is_file():
-            continue
-        content = (root / name).read_bytes()
-        if b"\0" not in content:
+def own_files(root):
+    """(name, content) of every text file of the project."""
+    files = [path for folder in FOLDERS for path in (root / folder).rglob("*")] + list(root.iterdir())
+    for path in sorted(path for path in files if path.is_file()):
+        name = path.relative_to(root).as_posix()
+        content = path.read_bytes()
+        if not name.startswith(SKIPPED) and "__pycache__" not in name and b"\0" not in content:
             yield name, content.decode("utf-8")
 
 
@@ -92,7 +93,7 @@ def main():
     if len(sys.argv) != 2:
         sys.exit(f"usage: {sys.argv[0]} ROOT")
     root = pathlib.Path(sys.argv[1]).resolve()
-    files = dict(tracked_files(root))
+    files = dict(own_files(root))
     found = list(breaches(files, avoided_words((root / STYLE).read_text(encoding="utf-8"))))
     found += misspellings(root, files)
     print("\n".join(found) or f"{len(files)} files: good")
