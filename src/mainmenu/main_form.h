@@ -85,7 +85,7 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     std::function<void()> onSessionEnding;
     /// The session is locked or the machine is suspended: changes must be on the disk.
     std::function<void()> onGoingAway;
-    /// True when the user returns to the session, false when another session gets the console.
+    /// True if the user returns to the session, false if another session gets the console.
     std::function<void(bool)> onPresence;
 
   protected:

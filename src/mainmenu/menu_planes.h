@@ -35,7 +35,7 @@ enum class MenuPlane : int {
 
 /// The drawing at one scale: how much of each pixel each part covers, 0 to 255, row by row from the top.
 struct MenuPlanes {
-    Size size;  ///< device pixels; width and height are 0 when there is no drawing
+    Size size;  ///< device pixels; width and height are 0 if there is no drawing
     std::array<CoveragePlane, static_cast<std::size_t>(MenuPlane::Count)> planes;
 
     [[nodiscard]] std::span<const std::uint8_t> operator[](MenuPlane plane) const {

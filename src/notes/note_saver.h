@@ -31,7 +31,7 @@ struct SaverServices {
 class NoteSaver {
   public:
     /// `content` returns the note as it is now. `showFailure` shows on the note itself why it cannot be saved; it gets
-    /// FileError::None when the note has been saved again.
+    /// FileError::None if the note has been saved again.
     NoteSaver(SaverServices services, Note& note, std::function<NoteFile()> content,
               std::function<void(FileError)> showFailure);
     NoteSaver(const NoteSaver&) = delete;
@@ -67,7 +67,7 @@ class NoteSaver {
     std::function<void(FileError)> showFailure_;
     std::unique_ptr<Timer> timer_;
     std::optional<std::uint64_t> firstChange_;  ///< when the oldest unsaved change was made, in milliseconds
-    std::uint64_t hash_ = 0;                    ///< of the storage copy's bytes; 0 when there is none
+    std::uint64_t hash_ = 0;                    ///< of the storage copy's bytes; 0 if there is none
     FileError failure_ = FileError::None;       ///< of the last write
     bool stored_ = false;                       ///< the last write of the storage copy succeeded
     bool stopped_ = false;

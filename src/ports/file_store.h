@@ -52,7 +52,7 @@ class FileStore {
     [[nodiscard]] virtual bool FileExists(std::u16string_view path) = 0;
     /// Nothing if the path is not a file.
     [[nodiscard]] virtual std::optional<FileEntry> Find(std::u16string_view path) = 0;
-    /// The whole content; nothing when the path is missing, locked, a folder or cannot be read.
+    /// The whole content; nothing if the path is missing, locked, a folder or cannot be read.
     [[nodiscard]] virtual std::optional<std::string> Read(std::u16string_view path) = 0;
     /// Opens a file of at most `mostBytes` and keeps others from changing it.
     [[nodiscard]] virtual HoldResult Hold(std::u16string_view path, std::uint64_t mostBytes) = 0;
@@ -66,14 +66,14 @@ class FileStore {
     [[nodiscard]] virtual FileError Rename(std::u16string_view from, std::u16string_view to) = 0;
     /// NotFound when there was nothing to delete.
     [[nodiscard]] virtual FileError Delete(std::u16string_view path) = 0;
-    /// True when the folder exists afterwards. Creates the last component only.
+    /// True if the folder exists afterwards. Creates the last component only.
     virtual bool CreateFolder(std::u16string_view path) = 0;
     /// The files directly in `folder` whose long name ends in `extension` (with its dot, any letter case), in the order
     /// of the file system.
     [[nodiscard]] virtual std::vector<FileEntry> List(std::u16string_view folder, std::u16string_view extension) = 0;
-    /// A free file name with the given prefix in the system's temporary folder, "" when there is none.
+    /// A free file name with the given prefix in the system's temporary folder, "" if there is none.
     [[nodiscard]] virtual std::u16string TemporaryName(std::u16string_view prefix) = 0;
-    /// The system's temporary folder, "" when there is none.
+    /// The system's temporary folder, "" if there is none.
     [[nodiscard]] virtual std::u16string TemporaryFolder() = 0;
 };
 

@@ -16,7 +16,7 @@ class LocaleText {
     /// In the ANSI code page; a character that it lacks becomes "?", never a look-alike. Nothing if the system refuses.
     [[nodiscard]] virtual std::optional<std::string> ToNarrow(std::u16string_view text) = 0;
     [[nodiscard]] virtual std::u16string FromNarrow(std::string_view bytes) = 0;
-    /// True when each character of the ANSI code page is one byte.
+    /// True if each character of the ANSI code page is one byte.
     [[nodiscard]] virtual bool HasSingleByteCodePage() = 0;
     /// Lower case, character by character: the length stays the same.
     [[nodiscard]] virtual std::u16string ToLower(std::u16string_view text) = 0;

@@ -38,7 +38,7 @@ class MailSession {
 class MailSystem {
   public:
     virtual ~MailSystem() = default;
-    /// A session for one message; null when the system has no mail interface.
+    /// A session for one message; null if the system has no mail interface.
     [[nodiscard]] virtual std::unique_ptr<MailSession> NewSession() = 0;
 };
 

@@ -18,9 +18,9 @@ class RegistryApi {
     [[nodiscard]] virtual Key CreateKey(Key root, std::u16string_view subkey) = 0;
     virtual void CloseKey(Key key) = 0;
 
-    /// The data of a value of any type as text, without its terminating null; nothing when it cannot be read.
+    /// The data of a value of any type as text, without its terminating null; nothing if it cannot be read.
     [[nodiscard]] virtual std::optional<std::u16string> QueryText(Key key, std::u16string_view name) = 0;
-    /// The first 4 bytes of a value that holds at most 4; nothing when it cannot be read.
+    /// The first 4 bytes of a value that holds at most 4; nothing if it cannot be read.
     [[nodiscard]] virtual std::optional<std::int32_t> QueryNumber(Key key, std::u16string_view name) = 0;
     [[nodiscard]] virtual bool SetText(Key key, std::u16string_view name, std::u16string_view text) = 0;
     [[nodiscard]] virtual bool SetNumber(Key key, std::u16string_view name, std::int32_t number) = 0;

@@ -27,7 +27,7 @@ class Shell {
   public:
     virtual ~Shell() = default;
 
-    /// Without a trailing backslash; "" when the folder does not exist.
+    /// Without a trailing backslash; "" if the folder does not exist.
     [[nodiscard]] virtual std::u16string FolderPath(SpecialFolder folder) = 0;
     [[nodiscard]] virtual std::u16string WindowsFolder() = 0;
     [[nodiscard]] virtual std::u16string SystemFolder() = 0;
@@ -38,7 +38,7 @@ class Shell {
     /// The full path with the long name of every existing part. Two such paths of one file differ in letter case at
     /// most, even if one was given with short names or relative parts.
     [[nodiscard]] virtual std::u16string FullLongPath(std::u16string_view path) = 0;
-    /// Opens a file with its default action; false when nothing opens it. Shows no message.
+    /// Opens a file with its default action; false if nothing opens it. Shows no message.
     virtual bool Open(std::u16string_view path, std::u16string_view arguments) = 0;
     bool Open(std::u16string_view path) { return Open(path, {}); }
     /// Starts a program in a normal window; false if the path is not a program or the user may not run it.

@@ -22,7 +22,7 @@ struct TextTable {
     friend bool operator==(const TextTable&, const TextTable&) = default;
 };
 
-/// Names of a key's subkeys, numbered from 1; 0 to 0 when there are none.
+/// Names of a key's subkeys, numbered from 1; 0 to 0 if there are none.
 struct TextList {
     int low = 0;
     int high = 0;
@@ -61,7 +61,7 @@ class TesselRegistry {
     void DeleteValue(std::u16string_view name);
     void DeleteKey(std::u16string_view name);
 
-    /// A closed key leaves the table as it was. True when the table holds every value of the key.
+    /// A closed key leaves the table as it was. True if the table holds every value of the key.
     bool GetAllValues(TextTable& table) const;
     /// A closed key leaves the list as it was.
     void GetAllSubkeys(TextList& list) const;

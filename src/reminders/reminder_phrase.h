@@ -23,7 +23,7 @@ inline constexpr std::u16string_view kPhraseUnknownMessage =
 /// The meaning of a phrase: either a time, which may be in the past, or a message for the user.
 struct ReminderPhrase {
     std::optional<DaySerial> when;
-    std::u16string_view message;  ///< one of the messages above; empty when the phrase was understood
+    std::u16string_view message;  ///< one of the messages above; empty if the phrase was understood
 };
 
 /// Reads a phrase such as "in 20 minutes", "noon", "tomorrow", "3:00" or a date and time in the user's locale.

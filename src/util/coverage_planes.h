@@ -14,7 +14,7 @@ using CoveragePlane = std::vector<std::uint8_t>;
 
 /// Planes of one size.
 struct CoveragePlanes {
-    Size size;  ///< device pixels; width and height are 0 when there are none
+    Size size;  ///< device pixels; width and height are 0 if there are none
     std::vector<CoveragePlane> planes;
 };
 

@@ -26,7 +26,7 @@ class Channel {
     [[nodiscard]] virtual bool Answers() = 0;
     /// Passes on a command line; false if no program received it.
     [[nodiscard]] virtual bool Send(const std::string& commandLine) = 0;
-    /// Starts the program; false when it cannot be found or started.
+    /// Starts the program; false if it cannot be found or started.
     [[nodiscard]] virtual bool Start() = 0;
     /// The path of a file in the program's form; nothing if the program cannot reach the file.
     [[nodiscard]] virtual std::optional<std::string> PathForProgram(const std::string& path) = 0;
