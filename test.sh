@@ -7,17 +7,17 @@ set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/scripts/lib.sh"
 
-# The virtual desktop loses a press of the mouse now and then: an end-to-end test that fails is looked at again, at most
-# twice. More such tests than this are no accident. No other test is repeated.
+# The virtual desktop sometimes loses a press of the mouse: an end-to-end test that fails is repeated, at most twice. More
+# failures than this are real. No other test is repeated.
 readonly repeats_allowed=6
-# Most tests of windows wait more than they compute, so more run at one moment than there are processors.
+# Most tests of windows wait more than they compute, so more run at a time than there are processors.
 readonly at_one_moment=${QUILLO_TEST_JOBS:-$(($(nproc) + 4))}
 
 ring=${1:-all}
 [[ $# -le 1 && $ring == @(all|unit|e2e) ]] || die "usage: ./test.sh [unit|e2e]"
 
 stages=()
-# stage NAME COMMAND...: runs it and notes its time.
+# stage NAME COMMAND...: runs the command and records its time.
 stage() {
     local name=$1 began=$SECONDS status=0
     shift
@@ -35,7 +35,7 @@ all=$quillo_root/build/all
 results=$all/results.xml
 failed_log=$all/Testing/Temporary/LastTestsFailed.log
 
-# run_tests RESULTS ARGUMENT...: over all trees, and so one summary.
+# run_tests RESULTS ARGUMENT...: over all trees, with one summary.
 # shellcheck disable=SC2317  # called by stage
 run_tests() {
     local into=$1
@@ -45,7 +45,7 @@ run_tests() {
         -j "$at_one_moment" --output-junit "$into" "$@" </dev/null
 }
 
-# Runs once more what failed, if that is only a few end-to-end tests; fails if they fail twice more.
+# Repeats the failed tests if they are only a few end-to-end tests; fails if they fail twice more.
 # shellcheck disable=SC2317  # called by stage
 repeat_failed() {
     local failed
@@ -91,7 +91,7 @@ rm -f "$all/results-repeated.xml" "$all/repeated.log"
 compiling=
 trap '[[ -z $compiling ]] || kill "$compiling" 2>/dev/null || true' EXIT
 if [[ $ring == all ]]; then
-    # Compiled only: that it stays free of 64-bit assumptions. The tests wait much and leave time for it.
+    # Only compiled, to detect 64-bit assumptions. The tests mostly wait and leave time for it.
     build_preset windows-x86 quillo &
     compiling=$!
     renice -n 10 -p "$compiling" >/dev/null
