@@ -10,8 +10,8 @@ namespace quillo::e2e {
 
 /// Moves the real pointer there at once.
 void MoveMouse(POINT to);
-/// A press and a release name their place once more: under Wine the X server's word of an earlier move may come late and
-/// put the pointer back.
+/// A press and a release repeat their place: under Wine a late report of an earlier move from the X server may put the
+/// pointer back.
 void PressMouse(POINT at);
 void ReleaseMouse(POINT at);
 /// Presses at `from`, moves to `to` in steps, and releases there.
