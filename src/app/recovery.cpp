@@ -88,7 +88,7 @@ void Recovery::FinishMove(const SaveJournal::Record& record) {
 }
 
 void Recovery::FinishRecycling(const PendingStep& step) {
-    // If the file is missing already, it may be in the bin or deleted for good: the note then stays.
+    // If the file is missing already, it may be in the bin or permanently deleted: the note then stays.
     if (!IsStill(step.from) || !IsStill(step.to)) return;
     if (store_.Recycle(step.to.path) == RecycleResult::Gone) return;
     store_.DeleteStorageCopy(step.from, {});

@@ -14,7 +14,7 @@ class Canvas;
 struct TabProperties {
     std::u16string tabs;
     bool thickBorder = false;
-    bool alignTop = false;                       ///< the tabs hang from the top edge, the page is above them
+    bool alignTop = false;                       ///< the tabs are at the top edge, the page is above them
     bool inlineIcons = false;                    ///< icons are beside their captions instead of above
     ColorWord foreColor = kSystemButtonText;     ///< of captions
     ColorWord tabForeColor = kSystemButtonText;  ///< of the current tab's caption

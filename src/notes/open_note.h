@@ -142,7 +142,7 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void HideByUser() override;
     /// The menu's command: explains, the first time, how to see the note again.
     void HideWithHint();
-    /// Shows the note's own icon; the window stays as it is.
+    /// Shows the note's own icon; the window does not change.
     void MinimizeToTray();
     /// Hides the note and shows its own icon.
     void MinimizeByUser() override;

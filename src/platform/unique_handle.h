@@ -32,7 +32,7 @@ class UniqueHandle {
     }
 
   private:
-    static Handle None() { return (Handle)kNone; }  // INVALID_HANDLE_VALUE is an integer in disguise
+    static Handle None() { return (Handle)kNone; }  // INVALID_HANDLE_VALUE is a cast integer
 
     Handle handle_ = None();
 };

@@ -21,7 +21,7 @@ WinRandom::WinRandom() {
 }
 
 double WinRandom::Next() {
-    // splitmix64: every seed is a good one.
+    // splitmix64, which works with any seed.
     state_ += 0x9E3779B97F4A7C15ULL;
     unsigned long long z = state_;
     z = (z ^ z >> 30) * 0xBF58476D1CE4E5B9ULL;

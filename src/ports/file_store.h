@@ -17,7 +17,7 @@ enum class FileError {
     InUse,         ///< another program has the file open
     NoPermission,  ///< also a write-protected disk
     DiskFull,
-    FolderMissing,  ///< the folder that the file is to be in does not exist
+    FolderMissing,  ///< the folder of the new file does not exist
     TooLarge,
     Failed,  ///< anything else
 };

@@ -149,7 +149,7 @@ std::optional<DaySerial> Adjust(DaySerial read, std::u16string_view phrase, DayS
     std::optional<DaySerial> when = ToDaySerial(fields);
     const bool morning = EndsWith(phrase, u"am") || EndsWith(phrase, u"a");
     if (fields.hour < 12 && !morning && *when < now) when = AddToDate(*when, Interval::Hours, 12);
-    // Intended: one day only, so an earlier day of this year stays in the past and the reminder comes at once.
+    // Intended: one day only, so an earlier day of this year stays in the past and the reminder is due at once.
     if (when && *when < now) when = AddToDate(*when, Interval::Days, 1);
     return when;
 }

@@ -5,7 +5,7 @@
 
 namespace quillo {
 
-/// The 64-bit FNV-1a hash. It recognizes bytes that were changed by accident; it is no protection against forgery.
+/// The 64-bit FNV-1a hash. It detects bytes that were changed by accident; it does not protect against forgery.
 [[nodiscard]] constexpr std::uint64_t ContentHash(std::string_view bytes) {
     std::uint64_t hash = 0xCBF29CE484222325U;
     for (const char byte : bytes) {

@@ -29,7 +29,7 @@ struct CivilTime {
 /// The calendar fields of a serial, rounded to the nearest second. Years 100 to 9999; a serial outside this range gives
 /// its nearest end.
 [[nodiscard]] CivilTime ToCivilTime(DaySerial serial);
-/// The serial of a date and time. Days beyond a month's end run on into the next month.
+/// The serial of a date and time. Days beyond the end of a month continue in the next one.
 [[nodiscard]] DaySerial ToDaySerial(const CivilTime& time);
 /// The serial of a file time (100 nanoseconds since 1 January 1601), without the part of a second.
 [[nodiscard]] DaySerial FromFileTime(std::uint64_t ticks);

@@ -41,7 +41,7 @@ class CStringBuilder {
     /// Returns the new capacity.
     std::int32_t EnsureCapacity(std::int32_t bytes);
     /// Indexes up to the capacity in bytes / 2 are allowed (intended: not only up to Length). Past Length the text is
-    /// written behind the end, and the length increases all the same.
+    /// written behind the end, and the length increases nevertheless.
     CStringBuilder& Insert(std::int32_t index, std::u16string_view text);
     /// One character past the end may be removed too (intended): removing 1 at 3 from "abc" leaves "ab".
     CStringBuilder& Remove(std::int32_t index, std::int32_t count);

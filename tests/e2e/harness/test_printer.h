@@ -11,12 +11,12 @@ namespace quillo::e2e {
 /// The name of the system's default printer; "" if there is none.
 [[nodiscard]] std::wstring DefaultPrinter();
 
-/// A PostScript printer as the system's default one, as long as the object lives. scripts/check_printing.sh names in
-/// the environment what it is made of:
+/// Makes a PostScript printer the system's default for the life of the object. scripts/check_printing.sh describes it
+/// in the environment:
 ///   QUILLO_TEST_PPD   the description of the printer
-///   QUILLO_TEST_PORT  where it prints to: something that puts the printed text into the file QUILLO_PRINTED, in UTF-8,
-///                     a form feed after each page, once the whole document is there; the document itself beside it,
-///                     under the ending ".ps", and a line for each document under the ending ".count"
+///   QUILLO_TEST_PORT  its port, which writes the text of a complete document to the file QUILLO_PRINTED, in UTF-8 with
+///                     a form feed after each page; next to it the document itself, with the ending ".ps", and a
+///                     line for each document, with the ending ".count"
 class TestPrinter {
   public:
     /// `port` replaces the one in the environment.

@@ -1,9 +1,8 @@
 // A mail program for the tests: a provider of Simple MAPI that records its input. Its message window is a message box:
 // OK sends, Cancel discards.
-//   QUILLO_MAIL_RECORD   the folder to write to: "calls" (one a line), "subject", "body", "attachment" (the file's
-//   bytes
-//                        at that moment) and "details" (lines of "name=value")
-//   QUILLO_MAIL_SIGN_ON  "refuse" or "cancel": signing on ends so
+//   QUILLO_MAIL_RECORD   the folder to write to: "calls" (one a line), "subject", "body", "attachment" (the bytes
+//                        of the file at that moment) and "details" (lines of "name=value")
+//   QUILLO_MAIL_SIGN_ON  "refuse" or "cancel": the result of signing on
 #include "platform/win32.h"
 
 // After windows.h.
