@@ -136,7 +136,7 @@ void QuilloProcs::LoadMainForm() {
 }
 
 std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note) {
-    const NoteFormTools tools{program_.settings, clock_, locale_,    random_,      shell_,   buttonImages_,
+    const NoteFormTools tools{program_.settings, clock_, locale_,    random_,      shell_,   buttonImages_, noteIcons_,
                               noteFonts_,        ole_,   reminders_, colorDialog_, resForm_, dialogs_};
     auto form = std::make_unique<NoteForm>(note, tools);
     if (!form->Create()) return nullptr;

@@ -91,6 +91,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
 
     // The program.
     NoteButtonImages buttonImages_;
+    SharedIcons noteIcons_;
     NoteFonts noteFonts_;
     NoteColorForm colorDialog_{loop_};  // before the notes, which call DropTarget when they end
     ResForm resForm_;                   // before the notes, which close its menus

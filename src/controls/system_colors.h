@@ -19,5 +19,6 @@ inline constexpr ColorWord kSystemButtonText = SystemColor(18);
 inline constexpr ColorWord kSystemButtonHighlight = SystemColor(20);
 inline constexpr ColorWord kSystemDarkShadow = SystemColor(21);
 inline constexpr ColorWord kSystem3dLight = SystemColor(22);
+inline constexpr ColorWord kSystemHotLight = SystemColor(26);
 
 }  // namespace quillo

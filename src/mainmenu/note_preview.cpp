@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::u16string_view kSample = u"New notes will look like this.";
 constexpr std::u16string_view kSampleOfMany = u"New notes will look like this, each in a color of its own.";
-constexpr int kTextMargin = 3;  // pixels at 96 dpi, as in a note's text box
 
 }  // namespace
 
@@ -71,7 +70,7 @@ void NotePreview::OnPaint() const {
     SetBkMode(buffer.Dc(), TRANSPARENT);
     SetTextColor(buffer.Dc(), ToColorRef(Resolve(look_.text)));
     RECT area = ToWin32(layout.messageBox);
-    InflateRect(&area, -look_.scale.Px(kTextMargin), 0);
+    InflateRect(&area, -look_.scale.Px(kNoteTextMargin), 0);
     const std::u16string_view sample = look_.manyColors ? kSampleOfMany : kSample;
     DrawTextW(buffer.Dc(), WideData(sample), static_cast<int>(sample.size()), &area, DT_WORDBREAK | DT_NOPREFIX);
 }

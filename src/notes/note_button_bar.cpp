@@ -84,10 +84,22 @@ void NoteButtonBar::PointerIsOver(HWND child) {
     if (tips_.IsCreated()) return;
     const std::array<HWND, 4> tools = {menu_.Handle(), pushpin_.Handle(), close_.Handle(), sign_.Handle()};
     if (std::find(tools.begin(), tools.end(), child) == tools.end()) return;
-    if (!tips_.Create(GetParent(child), scale_)) return;
-    for (const HWND tool : tools) {
+    MakeTips(GetParent(child));
+}
+
+void NoteButtonBar::PointerIsOverLabel(HWND note, Point at, const Rect& label) {
+    if (!tips_.IsCreated() && !MakeTips(note)) return;
+    tips_.MoveArea(kReminderLabelId, ToWin32(label));
+    tips_.PointerMoved(at);
+}
+
+bool NoteButtonBar::MakeTips(HWND note) {
+    if (!tips_.Create(note, scale_)) return false;
+    for (const HWND tool : {menu_.Handle(), pushpin_.Handle(), close_.Handle(), sign_.Handle()}) {
         if (tool != nullptr) tips_.Add(tool);
     }
+    tips_.AddArea(kReminderLabelId, RECT{});
+    return true;
 }
 
 void NoteButtonBar::Notify(NMHDR& notification) {
@@ -95,7 +107,8 @@ void NoteButtonBar::Notify(NMHDR& notification) {
     const auto tool = reinterpret_cast<HWND>(notification.idFrom);
     auto& question = reinterpret_cast<NMTTDISPINFOW&>(notification);
     if (tool == sign_.Handle()) return tips_.Answer(question, sign_.Reason());
-    const NoteButtonTips texts = describe();
+    const NoteTips texts = describe();
+    if (notification.idFrom == kReminderLabelId) return tips_.Answer(question, texts.reminder);
     tips_.Answer(question, tool == menu_.Handle()      ? texts.menu
                            : tool == pushpin_.Handle() ? texts.pushpin
                                                        : texts.close);

@@ -11,8 +11,8 @@
 
 namespace quillo {
 
-/// The ids of the children of a note's window.
-enum NoteChildId : int { kMessageBoxId = 1, kCloseButtonId, kPushpinId, kMenuButtonId, kSaveSignId };
+/// The ids of the children of a note's window, and of the part of it that has a tool tip.
+enum NoteChildId : int { kMessageBoxId = 1, kCloseButtonId, kPushpinId, kMenuButtonId, kSaveSignId, kReminderLabelId };
 
 /// The content of a note's strip: its three buttons, a sign while the note is not saved, and their tool tips.
 class NoteButtonBar {
@@ -22,7 +22,7 @@ class NoteButtonBar {
     /// OpenMenu, TogglePin, ClickClose or QuickDelete; it may end the note.
     std::function<void(NoteAction)> onAction;
     /// Supplies the current texts of the tool tips.
-    std::function<NoteButtonTips()> describe;
+    std::function<NoteTips()> describe;
 
     /// Creates the buttons' windows; before that, PaintAtRest draws the buttons.
     void Create(HWND note, const NoteLayout& layout);
@@ -42,6 +42,10 @@ class NoteButtonBar {
 
     /// The pointer moves over a child of the note that the tips do not know yet: creates the tool tips.
     void PointerIsOver(HWND child);
+    /// The pointer moves over the note's foot. Its edge resizes the note, so the system reports these moves apart from
+    /// those that the tips look for.
+    void PointerIsOverLabel(HWND note, Point at, const Rect& label);
+    void HideTip() { tips_.Hide(); }
     /// Handles a notification from a control of the note.
     void Notify(NMHDR& notification);
     /// Called when the note's window is destroyed, and the tool tips' window with it.
@@ -51,6 +55,8 @@ class NoteButtonBar {
     /// A press on the button while the menu is open closes the menu, and reaches the button afterwards: it must not
     /// open the next menu. `pressedAt` is in milliseconds since the system's start.
     [[nodiscard]] bool HasClosedMenu(DWORD pressedAt) const;
+    /// False on failure.
+    bool MakeTips(HWND note);
 
     NoteButton close_;
     NoteButton pushpin_;

@@ -80,11 +80,11 @@ std::vector<NoteMenuItem> IconMenuItems() {
     };
 }
 
-NoteButtonTips DescribeNoteButtons(const Note& note, std::u16string_view text, const Settings& settings) {
+NoteTips DescribeNoteButtons(const Note& note, std::u16string_view text, const Settings& settings) {
     const auto withKeys = [](std::u16string_view words, NoteAction action) {
         return std::u16string(words) + u" (" + KeyTextOf(action) + u")";
     };
-    NoteButtonTips tips;
+    NoteTips tips;
     tips.menu = withKeys(u"Note menu", NoteAction::OpenMenu);
     tips.pushpin = withKeys(note.Pinned ? u"No longer always on top" : u"Always on top", NoteAction::TogglePin);
     std::u16string_view close = u"Save as a file and close";

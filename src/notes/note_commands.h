@@ -63,13 +63,15 @@ struct NoteMenuItem {
 /// The menu of a note's own icon in the notification area.
 [[nodiscard]] std::vector<NoteMenuItem> IconMenuItems();
 
-/// The tool tips of a note's buttons: each button's current action, and the keys that do the same.
-struct NoteButtonTips {
+/// The tool tips of a note: each button's current action and the keys that do the same, and the reminder.
+struct NoteTips {
     std::u16string menu;
     std::u16string pushpin;
-    std::u16string close;  ///< two lines with CR LF between them: its second action too
+    std::u16string close;     ///< two lines with CR LF between them: its second action too
+    std::u16string reminder;  ///< over its label; empty without one
 };
-[[nodiscard]] NoteButtonTips DescribeNoteButtons(const Note& note, std::u16string_view text, const Settings& settings);
+/// The tool tips of the buttons; that of the reminder is left empty.
+[[nodiscard]] NoteTips DescribeNoteButtons(const Note& note, std::u16string_view text, const Settings& settings);
 
 /// Carries out an action on a note, which may be closed afterwards. The window handles actions of its own (SelectAll,
 /// OpenMenu).

@@ -17,6 +17,7 @@ constexpr int kAir = 3;
 constexpr int kFoot = 12;
 constexpr int kLabelLeft = 4;
 constexpr int kLabelPoints = 7;
+constexpr int kGripReach = 20;  // what the label leaves free for the grip
 
 constexpr ColorWord kDarkGlyph = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
 constexpr ColorWord kLightGlyph = ColorWord::FromRgb(0xF4, 0xF1, 0xE6);
@@ -71,6 +72,10 @@ NoteLayout LayOutNote(Size client, const Scale& scale) {
     const int foot = client.height - scale.Px(kFoot);
     const int top = std::min(bar.Bottom() + scale.Px(kAir), std::max(bar.Bottom(), foot));
     layout.messageBox = Rect{inner.left, top, inner.width, std::max(0, foot - top)};
+    const int label = scale.Px(kLabelLeft);
+    const int right = client.width - scale.Px(kGripReach);
+    const int under = std::max(bar.Bottom(), foot);
+    layout.reminderLabel = Rect{label, under, std::max(0, right - label), std::max(0, client.height - under)};
     return layout;
 }
 
@@ -101,7 +106,7 @@ void PaintNote(Canvas& canvas, Size client, const Scale& scale, const NotePaint&
     if (!reminderLabel.empty()) {
         canvas.Text(Point{scale.Px(kLabelLeft), height - scale.Px(kFoot)}, reminderLabel, kLabelPoints, colors.border);
         // A long label must not overlap the grip.
-        const Rect corner{width - scale.Px(20), height - scale.Px(9), scale.Px(20), scale.Px(9)};
+        const Rect corner{width - scale.Px(kGripReach), height - scale.Px(9), scale.Px(kGripReach), scale.Px(9)};
         FillUnlessEmpty(canvas, Intersection(corner, inner), colors.note);
     }
     // Rounded down, or the grip's lines would merge at 150 percent.

@@ -21,11 +21,14 @@ struct NoteLayout {
     Rect saveSign;  ///< beside the menu button; empty if the buttons leave no space
     Rect dragBar;   ///< the whole strip, buttons included
     Rect messageBox;
+    Rect reminderLabel;  ///< the foot left of the grip; the label is at its left end
 };
 
 /// The design size of a new note's client area, in twips.
 inline constexpr int kNewNoteWidth = 2820;
 inline constexpr int kNewNoteHeight = 2445;
+/// Between the text and the sides of its box, in pixels at 96 dpi.
+inline constexpr int kNoteTextMargin = 6;
 
 /// At any size no part has a negative extent and none overlaps another.
 [[nodiscard]] NoteLayout LayOutNote(Size client, const Scale& scale);

@@ -1,13 +1,9 @@
 #include "notes/note_form.h"
 
-#include <cmath>
-
 #include "notes/note_color_form.h"
 #include "notes/note_title.h"
 #include "notes/res_form.h"
-#include "notes/screen_fit.h"
 #include "platform/dpi.h"
-#include "platform/file_dialogs.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
 #include "platform/monitors.h"
@@ -16,18 +12,13 @@
 #include "ports/clock.h"
 #include "ports/locale_text.h"
 #include "ports/random.h"
-#include "resources/resource_ids.h"
-#include "util/busy_flag.h"
+#include "reminders/reminder_text.h"
 #include "util/flag_scope.h"
 #include "util/ignore.h"
-
-// After windows.h.
-#include <commdlg.h>
 
 namespace quillo {
 namespace {
 
-constexpr int kBalloonSeconds = 10;
 /// Timer messages have a lower priority than painting: the note is on the screen before this timer fires.
 constexpr UINT kSettleMilliseconds = 10;
 /// The smallest size that the user can give a note, at 96 dpi: the buttons side by side over one line of text.
@@ -52,7 +43,6 @@ bool NoteForm::Create() {
     windowClass.lpszClassName = L"QuilloNote";
     windowClass.style = CS_DBLCLKS;
     windowClass.hCursor = ArrowCursor();
-    windowClass.hIcon = LoadIconW(ThisModule(), MAKEINTRESOURCEW(IDI_QUILLO));
 
     const Scale scale = SystemScale();
     const auto inTwips = [&scale](int pixels) { return static_cast<int>(scale.ToTwips(Pixels{pixels}).value); };
@@ -90,6 +80,15 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return reinterpret_cast<LRESULT>(OnColorTextBox(reinterpret_cast<HDC>(wParam)));
         case WM_LBUTTONDOWN:
             return OnDragBarPressed(PointFromLParam(lParam)), 0;
+        case WM_NCMOUSEMOVE:
+            OnPointerOverFoot(POINT{PointFromLParam(lParam).x, PointFromLParam(lParam).y});
+            return Default(message, wParam, lParam);
+        case WM_ENTERSIZEMOVE:
+            return buttons_.HideTip(), 0;
+        case WM_GETICON:
+            return reinterpret_cast<LRESULT>(tools_.icons.Answer(wParam, scale_));
+        case WM_GETOBJECT:
+            return accessible_.Answer(Handle(), wParam, lParam);
         case WM_GETMINMAXINFO:
             return OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam)), 0;
         case WM_SIZE:
@@ -149,7 +148,11 @@ void NoteForm::SetUpParts() {
         if (TakesInput()) OpenIconMenu();
     };
     buttons_.onAction = [this](NoteAction action) { Perform(action); };
-    buttons_.describe = [this] { return DescribeNoteButtons(note_.Data(), Text(), tools_.settings); };
+    buttons_.describe = [this] {
+        NoteTips tips = DescribeNoteButtons(note_.Data(), Text(), tools_.settings);
+        tips.reminder = ReminderWords();
+        return tips;
+    };
 }
 
 void NoteForm::Settle() {
@@ -157,150 +160,6 @@ void NoteForm::Settle() {
     if (buttons_.IsCreated()) return;
     buttons_.Create(Handle(), Layout());
     UpdateDropTarget();
-}
-
-std::u16string NoteForm::Text() const {
-    return messageBox_.Text();
-}
-
-bool NoteForm::SetText(std::u16string_view text) {
-    const bool whole = messageBox_.SetText(text);
-    if (Handle() != nullptr) UpdateTitle();  // the control reports no change that is made this way
-    return whole;
-}
-
-bool NoteForm::InsertInFront(std::u16string_view text) {
-    return messageBox_.InsertInFront(text);
-}
-
-TwipsRect NoteForm::Rectangle() const {
-    const Rect place = WindowPlace();
-    const Scale screen = SystemScale();
-    return TwipsRect{screen.ToTwips(Pixels{place.left}).value, screen.ToTwips(Pixels{place.top}).value,
-                     scale_.ToTwips(Pixels{place.width}).value, scale_.ToTwips(Pixels{place.height}).value};
-}
-
-void NoteForm::MoveTo(const TwipsRect& rectangle) {
-    const Scale screen = SystemScale();
-    const int left = screen.ToPixels(Twips{rectangle.left}).value;
-    const int top = screen.ToPixels(Twips{rectangle.top}).value;
-    const Scale there = PointScale(POINT{left, top});
-    const Size wanted{there.ToPixels(Twips{rectangle.width}).value, there.ToPixels(Twips{rectangle.height}).value};
-    const Size size = CutToDesktop(wanted, DesktopSize());
-    Place(Rect{left, top, size.width, size.height}, 0);
-}
-
-Rect NoteForm::WindowPlace() const {
-    RECT window{};
-    GetWindowRect(Handle(), &window);
-    if (IsIconic(Handle()) == 0) return FromWin32(window);
-    WINDOWPLACEMENT placement{};
-    placement.length = sizeof placement;
-    // A window outside the task bar, such as a note, has screen coordinates here.
-    return GetWindowPlacement(Handle(), &placement) != 0 ? FromWin32(placement.rcNormalPosition) : FromWin32(window);
-}
-
-void NoteForm::RestoreIfMinimized() {
-    if (IsIconic(Handle()) == 0) return;
-    const FlagScope byProgram(placing_);
-    ShowWindow(Handle(), SW_SHOWNOACTIVATE);
-}
-
-void NoteForm::MoveOntoScreen() {
-    RestoreIfMinimized();
-    const Rect place = WindowPlace();
-    const Point fitted = PlaceOnScreen(place, WorkAreas());
-    if (fitted == Point{place.left, place.top}) return;
-    Place(Rect{fitted.x, fitted.y, 0, 0}, SWP_NOSIZE);
-}
-
-void NoteForm::Place(const Rect& place, UINT flags) {
-    const FlagScope byProgram(placing_);
-    SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height,
-                 flags | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-bool NoteForm::IsVisible() const {
-    return IsWindowVisible(Handle()) != 0;
-}
-
-void NoteForm::Show() {
-    const FlagScope byProgram(placing_);
-    if (layoutDue_) LayOutNow();
-    ShowWindow(Handle(), SW_SHOWNOACTIVATE);
-    if (buttons_.IsCreated()) UpdateDropTarget();
-}
-
-void NoteForm::Hide() {
-    ShowWindow(Handle(), SW_HIDE);
-}
-
-void NoteForm::BringToFront(bool pinned) {
-    // A hovered button would receive the next press instead of the window that now covers it.
-    NoteButton::EndHover();
-    RestoreIfMinimized();
-    // A window that is not active can come in front of another program's only by becoming topmost for a moment; a
-    // window that was just shown for the first time is already in front.
-    if (!pinned && IsInFront(Handle())) return;
-    SetTopmost(Handle(), true);
-    if (!pinned) SetTopmost(Handle(), false);
-}
-
-bool NoteForm::TakesInput() const {
-    return IsWindowEnabled(Handle()) != 0;
-}
-
-void NoteForm::Activate() {
-    if (!TakesInput()) return;  // a dialog keeps the keyboard until it closes
-    RestoreIfMinimized();
-    SetForegroundWindow(Handle());
-    SetFocus(messageBox_.Handle());
-}
-
-void NoteForm::ShowPinned(bool pinned) {
-    SetTopmost(Handle(), pinned);
-    buttons_.ShowPinned(pinned);
-}
-
-void NoteForm::SetOpacity(std::optional<int> alpha) {
-    SetTranslucency(Handle(), alpha);
-}
-
-void NoteForm::ShowIcon(std::u16string_view caption) {
-    trayIcon_.SetIcon(trayPicture_.Handle());
-    trayIcon_.SetToolTipText(caption);
-    trayIcon_.SetVisible(true);
-}
-
-void NoteForm::HideIcon() {
-    trayIcon_.StopRetrying();
-    trayIcon_.SetVisible(false);
-}
-
-void NoteForm::RecreateIcon() {
-    trayIcon_.RecreateIcon();
-}
-
-void NoteForm::ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) {
-    trayIcon_.ShowBalloon(text, title, static_cast<DWORD>(icon), kBalloonSeconds);
-}
-
-bool NoteForm::OpenReminderDialog(DaySerial existing) {
-    reminderDialog_ = std::make_unique<SetReminderForm>(&note_, tools_.reminders);
-    return reminderDialog_->Initialize(Handle(), existing);
-}
-
-void NoteForm::BringReminderDialogForward() {
-    if (reminderDialog_) reminderDialog_->BringForward();
-}
-
-bool NoteForm::OpenReminderAlert(std::u16string_view text) {
-    reminderAlert_ = std::make_unique<ReminderForm>(&note_, tools_.reminders);
-    return reminderAlert_->Initialize(text, AlertColors{noteColor_, borderColor_, textColor_});
-}
-
-bool NoteForm::OpenColorDialog(bool own, const ColorScheme& colors) {
-    return tools_.colorDialog.ShowFor(Handle(), note_, own, colors);
 }
 
 void NoteForm::ApplyAppearance(const Note& note, const Settings& settings) {
@@ -328,20 +187,6 @@ void NoteForm::ApplyBarColors() {
     bar_ = DragBarColors(Resolve(noteColor_), Resolve(borderColor_), style, active_);
     const ButtonTint tint{bar_.top, bar_.bottom, bar_.glyph, !active_};
     buttons_.SetTint(tint, scale_);
-}
-
-void NoteForm::Repaint() {
-    // Without a window the call would redraw every window on the desktop.
-    if (Handle() != nullptr) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
-}
-
-void NoteForm::ShowSaveProblem(std::u16string_view reason) {
-    if (Handle() != nullptr) buttons_.ShowSaveProblem(Handle(), reason, Layout());
-}
-
-void NoteForm::Close() {
-    if (Handle() != nullptr) CancelDialogsOf(Handle());
-    Destroy();
 }
 
 LRESULT NoteForm::OnNcHitTest(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -416,17 +261,6 @@ void NoteForm::OpenIconMenu() {
     if (foregroundBefore != nullptr) SetForegroundWindow(foregroundBefore);
 }
 
-std::u16string NoteForm::AskCopyPath() {
-    FileDialogPlan plan;
-    plan.title = u"Save sticky note...";
-    plan.filter = u"Sticky notes|*.qln|All files|*.*";
-    plan.defaultExtension = u"qln";
-    // Intended: the last flag has no effect in a save dialog, and is kept.
-    plan.flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST;
-    const BusyFlag::Scope busy(tools_.dialogs);
-    return BrowseForFileToSave(Handle(), plan);
-}
-
 HBRUSH NoteForm::OnColorTextBox(HDC dc) {
     SetTextColor(dc, ToColorRef(textColor_));
     SetBkColor(dc, ToColorRef(noteColor_));
@@ -451,6 +285,23 @@ void NoteForm::OnDragBarPressed(Point at) {
 
 void NoteForm::OnMinMaxInfo(MINMAXINFO& info) const {
     info.ptMinTrackSize = POINT{scale_.Px(kSmallestNote.width), scale_.Px(kSmallestNote.height)};
+}
+
+void NoteForm::OnPointerOverFoot(POINT screen) {
+    ScreenToClient(Handle(), &screen);
+    buttons_.PointerIsOverLabel(Handle(), Point{screen.x, screen.y}, Layout().reminderLabel);
+}
+
+std::u16string NoteForm::ReminderWords() const {
+    const Note& note = note_.Data();
+    return note.ReminderSet ? ReminderDescription(note.ReminderTime, tools_.locale) : std::u16string();
+}
+
+AccessiblePart NoteForm::Describe(int /*part*/) const {
+    AccessiblePart note;
+    note.role = ROLE_SYSTEM_PANE;
+    note.description = ReminderWords();
+    return note;
 }
 
 void NoteForm::OnPlaceChanged(const WINDOWPOS& place) {

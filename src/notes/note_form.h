@@ -11,6 +11,7 @@
 #include "notes/note_text_box.h"
 #include "notes/note_view.h"
 #include "notes/open_note.h"
+#include "platform/accessible.h"
 #include "platform/app_icons.h"
 #include "platform/drop_registration.h"
 #include "platform/ui_timer.h"
@@ -34,6 +35,7 @@ struct NoteFormTools {
     Random& random;
     Shell& shell;
     NoteButtonImages& images;
+    SharedIcons& icons;
     NoteFonts& fonts;
     OleSession& ole;
     ReminderTools& reminders;
@@ -43,7 +45,7 @@ struct NoteFormTools {
 };
 
 /// A note's window: a bordered, colored face with a strip to drag it by, three buttons and a text box.
-class NoteForm : public Window, public NoteView {
+class NoteForm : public Window, public NoteView, private AccessibleSource {
   public:
     NoteForm(OpenNote& note, const NoteFormTools& tools);
     ~NoteForm() override;
@@ -83,6 +85,10 @@ class NoteForm : public Window, public NoteView {
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
+    // AccessibleSource; the name is the window's title.
+    [[nodiscard]] AccessiblePart Describe(int part) const override;
+    [[nodiscard]] bool HoldsWindows() const override { return true; }
+
     LRESULT OnCreate();
     void OnDestroy();
     LRESULT OnNcHitTest(UINT message, WPARAM wParam, LPARAM lParam);
@@ -96,6 +102,7 @@ class NoteForm : public Window, public NoteView {
     void OnDpiChanged(int dpi, const RECT& suggested);
     void OnDragBarPressed(Point at);
     void OnMinMaxInfo(MINMAXINFO& info) const;
+    void OnPointerOverFoot(POINT screen);
     void OnPaint();
     void OnPlaceChanged(const WINDOWPOS& place);
     void OnSystemChanged();
@@ -107,6 +114,8 @@ class NoteForm : public Window, public NoteView {
     /// rest) and the drop target.
     void Settle();
     void UpdateTitle();
+    /// What the label in the border's color, which not everyone can read, says in short; empty without a reminder.
+    [[nodiscard]] std::u16string ReminderWords() const;
     [[nodiscard]] NoteLayout Layout() const;
     /// Lays out the parts; while the note is hidden, only records that this is due.
     void LayOut();
@@ -136,6 +145,7 @@ class NoteForm : public Window, public NoteView {
     ColorWord textColor_;
     DropRegistration drops_;
     UiTimer settleTimer_;
+    AccessibleLink accessible_{*this};
     std::unique_ptr<SetReminderForm> reminderDialog_;  ///< has no window after it has closed
     std::unique_ptr<ReminderForm> reminderAlert_;
     std::u16string title_;  ///< of the window, once there was a text

@@ -1,6 +1,7 @@
 #include "notes/note_text_box.h"
 
 #include "notes/note.h"
+#include "notes/note_face.h"
 #include "notes/word_start.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
@@ -11,9 +12,6 @@
 
 namespace quillo {
 namespace {
-
-/// The inner margins, at 96 dpi.
-constexpr int kTextMargin = 6;
 
 struct Selection {
     DWORD start = 0;
@@ -139,7 +137,7 @@ void NoteTextBox::SelectAll() {
 
 void NoteTextBox::SetFont(HFONT font, const Scale& scale) {
     SendMessageW(box_, WM_SETFONT, reinterpret_cast<WPARAM>(font), IsWindowVisible(box_) != 0 ? TRUE : FALSE);
-    SetTextMargins(box_, scale.Px(kTextMargin));
+    SetTextMargins(box_, scale.Px(kNoteTextMargin));
     // One tab stop, in units that depend on the font. It stays valid as long as the font, shown or hidden.
     const UINT dialogUnits = 8;
     SendMessageW(box_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));

@@ -5,6 +5,7 @@ target_sources(quillo_windows PRIVATE
   notes/note_drop_target.cpp
   notes/note_fonts.cpp
   notes/note_form.cpp
+  notes/note_form_view.cpp
   notes/note_text_box.cpp
   notes/res_form.cpp
   notes/save_sign.cpp

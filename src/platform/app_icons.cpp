@@ -45,6 +45,15 @@ bool TrayPicture::HasChanged() const {
     return !icon_ || edge_ != SmallIconEdge(TaskBarScale());
 }
 
+HICON SharedIcons::Answer(WPARAM kind, const Scale& scale) {
+    const int edge = kind == ICON_BIG ? LargeIconEdge(scale) : SmallIconEdge(scale);
+    for (const Entry& entry : icons_) {
+        if (entry.edge == edge) return entry.icon.Get();
+    }
+    icons_.push_back(Entry{edge, LoadIconOfSize(IDI_QUILLO, edge)});
+    return icons_.back().icon.Get();
+}
+
 void WindowIcons::GiveTo(HWND window, const Scale& scale) {
     IconHandle small = LoadIconOfSize(IDI_QUILLO, SmallIconEdge(scale));
     IconHandle large = LoadIconOfSize(IDI_QUILLO, LargeIconEdge(scale));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <list>
+
 #include "platform/unique_handle.h"
 #include "util/units.h"
 
@@ -25,6 +27,21 @@ class TrayPicture {
   private:
     IconHandle icon_;
     int edge_ = 0;
+};
+
+/// The program's icon in each size that was asked for, for windows that answer WM_GETICON themselves: many notes then
+/// have one handle for each size, and the size is that of the moment.
+class SharedIcons {
+  public:
+    /// The answer to a WM_GETICON of a window at that resolution. Borrowed, and valid as long as this object.
+    [[nodiscard]] HICON Answer(WPARAM kind, const Scale& scale);
+
+  private:
+    struct Entry {
+        int edge;
+        IconHandle icon;
+    };
+    std::list<Entry> icons_;
 };
 
 /// The two icons of a window, for its caption, the task bar and the list of Alt+Tab.

@@ -61,6 +61,27 @@ void ToolTips::AddArea(UINT_PTR id, const RECT& area) {
     SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
+void ToolTips::MoveArea(UINT_PTR id, const RECT& area) {
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = window_;
+    tool.uId = id;
+    tool.rect = area;
+    SendMessageW(tips_, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void ToolTips::PointerMoved(Point at) {
+    MSG move{};
+    move.hwnd = window_;
+    move.message = WM_MOUSEMOVE;
+    move.lParam = MAKELPARAM(at.x, at.y);
+    SendMessageW(tips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));
+}
+
+void ToolTips::Hide() {
+    if (tips_ != nullptr) SendMessageW(tips_, TTM_POP, 0, 0);
+}
+
 void ToolTips::SetActive(bool active) {
     if (tips_ != nullptr) SendMessageW(tips_, TTM_ACTIVATE, active ? TRUE : FALSE, 0);
 }

@@ -32,4 +32,8 @@ std::u16string PreviewText(DaySerial when, LocaleText& locale) {
     return text + u", " + locale.ShortDate(when) + u", " + locale.LongTime(when);
 }
 
+std::u16string ReminderDescription(DaySerial when, LocaleText& locale) {
+    return u"Reminder: " + PreviewText(when, locale);
+}
+
 }  // namespace quillo

@@ -14,5 +14,7 @@ class LocaleText;
 [[nodiscard]] std::u16string TomorrowExample(DaySerial now, LocaleText& locale);
 /// The interpretation of a phrase: weekday, date and time ("Sunday, 11/15/2026, 2:30:00 PM").
 [[nodiscard]] std::u16string PreviewText(DaySerial when, LocaleText& locale);
+/// What a note says of its reminder in words: "Reminder: Sunday, 11/15/2026, 2:30:00 PM".
+[[nodiscard]] std::u16string ReminderDescription(DaySerial when, LocaleText& locale);
 
 }  // namespace quillo

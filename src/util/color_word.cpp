@@ -23,4 +23,9 @@ double ContrastRatio(ColorWord first, ColorWord second) {
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
+ColorWord ReadableOn(ColorWord ground, ColorWord wanted, ColorWord otherwise) {
+    constexpr double kLeastContrast = 4.5;
+    return ContrastRatio(ground, wanted) >= kLeastContrast ? wanted : otherwise;
+}
+
 }  // namespace quillo

@@ -39,5 +39,7 @@ struct ColorWord {
 
 /// The contrast of two plain RGB colors, from 1 (none) to 21 (black on white).
 [[nodiscard]] double ContrastRatio(ColorWord first, ColorWord second);
+/// The wanted color of a text, or `otherwise` where the wanted one cannot be read on its ground.
+[[nodiscard]] ColorWord ReadableOn(ColorWord ground, ColorWord wanted, ColorWord otherwise);
 
 }  // namespace quillo

@@ -41,7 +41,7 @@ void ExpectDescribed(HWND window) {
     EXPECT_NE(role, ROLE_SYSTEM_CLIENT) << Spoken(window) << " says nothing of what it is";
     EXPECT_NE(reader.State(), -1) << Spoken(window);
     EXPECT_TRUE(role == ROLE_SYSTEM_SEPARATOR || !reader.Name().empty()) << Spoken(window);
-    const bool hasParts = role != ROLE_SYSTEM_DIALOG && role != ROLE_SYSTEM_PROPERTYPAGE;
+    const bool hasParts = role != ROLE_SYSTEM_DIALOG && role != ROLE_SYSTEM_PROPERTYPAGE && role != ROLE_SYSTEM_PANE;
     LONG parts = 0;
     if (hasParts) {
         EXPECT_EQ(reader->get_accChildCount(&parts), S_OK);
@@ -123,6 +123,20 @@ TEST(AccessibleTree, TheReminderDialogAndTheAlert) {
     ASSERT_TRUE(
         alert.Initialize(u"water the ferns", AlertColors{ColorWord{0xFFFFFF}, ColorWord{0x38CFFE}, ColorWord{}}));
     ExpectTreeSpoken(alert.Handle());
+}
+
+TEST(AccessibleTree, ANote) {
+    NoteWorldForTests world;
+    TestNote note(world, u"{A}");
+    ASSERT_TRUE(note.Create());
+    ASSERT_TRUE(note.Settle());
+    note.form.Show();
+    note.form.ShowSaveProblem(u"The disk is full.");
+    ExpectDescribed(note.Window());
+    for (const ChildId child :
+         {ChildId::kMessageBox, ChildId::kCloseButton, ChildId::kPushpin, ChildId::kMenuButton, ChildId::kSaveSign}) {
+        ExpectDescribed(note.Child(child));
+    }
 }
 
 TEST(AccessibleTree, TheColorDialog) {

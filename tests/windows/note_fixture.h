@@ -31,7 +31,7 @@
 
 namespace quillo::windows_tests {
 
-enum ChildId : int { kMessageBox = 1, kCloseButton, kPushpin, kMenuButton, kSaveSign };
+enum ChildId : int { kMessageBox = 1, kCloseButton, kPushpin, kMenuButton, kSaveSign, kReminderLabel };
 
 /// Real notes in real windows, with a temporary folder as their disk and a fake user.
 class NoteWorldForTests : public NoteOwner {
@@ -50,7 +50,7 @@ class NoteWorldForTests : public NoteOwner {
                          clock,    notice, *this,         printer, mail,   registry};
     }
     [[nodiscard]] NoteFormTools Tools() {
-        return NoteFormTools{settings, clock, locale,    random,      shell,   images,
+        return NoteFormTools{settings, clock, locale,    random,      shell,   images, icons,
                              fonts,    ole,   reminders, colorDialog, resForm, dialogs};
     }
 
@@ -71,6 +71,7 @@ class NoteWorldForTests : public NoteOwner {
     RecordingSaveFailures failures;
     NoteStore store{files, locale, shell, names, folder.Path()};
     NoteButtonImages images;
+    SharedIcons icons;
     NoteFonts fonts;
     OleSession ole;
     FakeRegistryApi registry;

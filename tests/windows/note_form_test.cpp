@@ -431,6 +431,46 @@ TEST_F(NoteFormTest, AScreenReaderGetsTheNameOfTheText) {
     EXPECT_EQ(reader.Value(), u"Buy milk");
 }
 
+TEST_F(NoteFormTest, AScreenReaderGetsTheDateOfTheReminder) {
+    ASSERT_TRUE(form_.SetText(u"Buy milk"));
+    form_.Show();
+    const windows_tests::Reader reader(one_.Window());
+    EXPECT_EQ(reader.Name(), u"Buy milk");
+    EXPECT_EQ(reader.Role(), ROLE_SYSTEM_PANE);
+    EXPECT_EQ(reader.Description(), u"");
+    note_.SetReminder(ToDaySerial({2031, 5, 14, 14, 30, 0}));
+    EXPECT_EQ(reader.Description(), u"Reminder: Wednesday, 5/14/2031, 2:30:00 PM");
+    LONG children = 0;
+    EXPECT_EQ(reader->get_accChildCount(&children), S_OK);
+    EXPECT_GE(children, 4) << "the text box and the buttons are reached through the note";
+}
+
+TEST_F(NoteFormTest, EachSizeOfItsIconIsAPictureOfItsOwnAtEveryResolution) {
+    const auto edge = [&](WPARAM kind) {
+        ICONINFO info{};
+        const auto icon = reinterpret_cast<HICON>(SendMessageW(one_.Window(), WM_GETICON, kind, 0));
+        EXPECT_NE(GetIconInfo(icon, &info), FALSE);
+        BITMAP picture{};
+        GetObjectW(info.hbmColor, sizeof picture, &picture);
+        DeleteObject(info.hbmColor);
+        DeleteObject(info.hbmMask);
+        return static_cast<int>(picture.bmWidth);
+    };
+    for (const int dpi : {96, 144, 192, 96}) {
+        RECT suggested{100, 100, 282, 245};
+        SendMessageW(one_.Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
+        EXPECT_EQ(edge(ICON_SMALL), SmallIconEdge(Scale(dpi))) << dpi;
+        EXPECT_EQ(edge(ICON_SMALL2), SmallIconEdge(Scale(dpi))) << dpi;
+        EXPECT_EQ(edge(ICON_BIG), LargeIconEdge(Scale(dpi))) << dpi;
+    }
+    EXPECT_NE(edge(ICON_SMALL), edge(ICON_BIG));
+    TestNote two(world_, u"two");
+    ASSERT_TRUE(two.Create());
+    const auto large = [](HWND note) { return SendMessageW(note, WM_GETICON, ICON_BIG, 0); };
+    EXPECT_EQ(large(one_.Window()), large(two.Window())) << "fifty notes do not load fifty icons";
+    EXPECT_EQ(GetClassLongPtrW(one_.Window(), GCLP_HICON), 0U) << "no icon of another size stands in";
+}
+
 TEST_F(NoteFormTest, TheFontFollowsTheSettingsAndLargeTextIsBold) {
     const auto font = [&] {
         LOGFONTW description{};

@@ -300,16 +300,20 @@ HWND TipsOf(HWND window) {
     return nullptr;
 }
 
-std::u16string TipOf(HWND tips, HWND window, HWND tool) {
+std::u16string TipOf(HWND tips, HWND window, UINT_PTR tool) {
     std::u16string text(256, u'\0');
     TTTOOLINFOW info{};
     info.cbSize = TTTOOLINFOW_V2_SIZE;
     info.hwnd = window;
-    info.uId = reinterpret_cast<UINT_PTR>(tool);
+    info.uId = tool;
     info.lpszText = WideBuffer(text);
     SendMessageW(tips, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&info));
     text.resize(text.find(u'\0'));
     return text;
+}
+
+std::u16string TipOf(HWND tips, HWND window, HWND child) {
+    return TipOf(tips, window, reinterpret_cast<UINT_PTR>(child));
 }
 
 TEST_F(NoteMenuTest, TheButtonsHaveToolTipsOnceThePointerComes) {
@@ -324,7 +328,7 @@ TEST_F(NoteMenuTest, TheButtonsHaveToolTipsOnceThePointerComes) {
     const HWND tips = TipsOf(one_.Window());
     ASSERT_NE(tips, nullptr);
     EXPECT_NE(GetWindowLongPtrW(tips, GWL_EXSTYLE) & WS_EX_TOPMOST, 0) << "above notes that are always on top";
-    EXPECT_EQ(SendMessageW(tips, TTM_GETTOOLCOUNT, 0, 0), 3);
+    EXPECT_EQ(SendMessageW(tips, TTM_GETTOOLCOUNT, 0, 0), 4) << "the buttons and the reminder's label";
     const auto tip = [&](ChildId id) { return TipOf(tips, one_.Window(), one_.Child(id)); };
     EXPECT_EQ(tip(ChildId::kMenuButton), u"Note menu (Shift+F10)");
     EXPECT_EQ(tip(ChildId::kPushpin), u"Always on top (Ctrl+P)");
@@ -346,6 +350,35 @@ TEST_F(NoteMenuTest, TheSignOfANoteThatIsNotSavedHasItsReasonInItsToolTip) {
     ASSERT_NE(tips, nullptr);
     EXPECT_EQ(TipOf(tips, one_.Window(), sign), u"The disk is full.");
     EXPECT_NE(TipOf(tips, one_.Window(), one_.Child(ChildId::kPushpin)), u"The disk is full.");
+}
+
+TEST_F(NoteMenuTest, TheReminderLabelHasAToolTipWithTheDate) {
+    ASSERT_TRUE(one_.Settle());
+    form_.MoveTo(TwipsRect{3000, 3000, 2820, 2445});
+    Show();
+    RECT window{};
+    GetWindowRect(one_.Window(), &window);
+    const Scale scale = WindowScale(one_.Window());
+    const POINT label{window.left + scale.Px(20), window.bottom - scale.Px(6)};
+    SetCursorPos(label.x, label.y);
+    const auto move = [&] { SendMessageW(one_.Window(), WM_NCMOUSEMOVE, HTBOTTOM, MAKELPARAM(label.x, label.y)); };
+    move();
+    const HWND tips = TipsOf(one_.Window());
+    ASSERT_NE(tips, nullptr);
+    const auto words = [&] { return TipOf(tips, one_.Window(), static_cast<UINT_PTR>(ChildId::kReminderLabel)); };
+    EXPECT_EQ(words(), u"") << "no reminder, and no tip";
+    note_.SetReminder(ToDaySerial({2031, 5, 14, 14, 30, 0}));
+    EXPECT_EQ(words(), u"Reminder: Wednesday, 5/14/2031, 2:30:00 PM");
+
+    SendMessageW(tips, TTM_SETDELAYTIME, TTDT_INITIAL, 0);
+    SendMessageW(tips, TTM_POP, 0, 0);
+    EXPECT_TRUE(PumpUntil([&] {
+        move();
+        return IsWindowVisible(tips) != 0;
+    })) << "moves over the edge that resizes the note reach the tip, too";
+    SendMessageW(one_.Window(), WM_ENTERSIZEMOVE, 0, 0);
+    EXPECT_EQ(IsWindowVisible(tips), FALSE) << "it does not cover a note that is resized";
+    SendMessageW(one_.Window(), WM_EXITSIZEMOVE, 0, 0);
 }
 
 TEST_F(NoteMenuTest, ASignThatComesAfterTheToolTipsHasOneToo) {

@@ -28,6 +28,7 @@ TEST(NoteLayout, NewNoteAtDesignResolution) {
     EXPECT_EQ(layout.closeButton, (Rect{167, 1, 20, 20}));
     EXPECT_EQ(layout.messageBox, (Rect{1, 24, 186, 127}));
     EXPECT_EQ(kNewNote.height - layout.messageBox.Bottom(), 12) << "free for the reminder label and the grip";
+    EXPECT_EQ(layout.reminderLabel, (Rect{4, 151, 164, 12}));
 }
 
 TEST(NoteLayout, DoublesAtTwiceTheResolution) {
@@ -52,7 +53,7 @@ TEST(NoteLayout, IsSoundAtEverySize) {
             for (int height = 0; height <= 90; ++height) {
                 const NoteLayout layout = LayOutNote({width, height}, Scale{dpi});
                 for (const Rect& part : {layout.dragBar, layout.menuButton, layout.saveSign, layout.pushpin,
-                                         layout.closeButton, layout.messageBox}) {
+                                         layout.closeButton, layout.messageBox, layout.reminderLabel}) {
                     ASSERT_GE(part.width, 0) << width << 'x' << height;
                     ASSERT_GE(part.height, 0) << width << 'x' << height;
                     if (part.width == 0 || part.height == 0) continue;
@@ -63,6 +64,7 @@ TEST(NoteLayout, IsSoundAtEverySize) {
                 ASSERT_LE(layout.saveSign.Right(), layout.pushpin.left);
                 ASSERT_EQ(layout.pushpin.Right(), layout.closeButton.left);
                 ASSERT_GE(layout.messageBox.top, layout.dragBar.Bottom());
+                ASSERT_GE(layout.reminderLabel.top, layout.messageBox.Bottom());
             }
         }
     }
@@ -217,6 +219,16 @@ TEST(PaintNote, FillsNothingEmptyAtAnySize) {
             }
         }
     }
+}
+
+TEST(ReadableOn, ATextThatCannotBeReadTakesTheOtherColor) {
+    const ColorWord black = ColorWord::FromRgb(0, 0, 0);
+    const ColorWord white = ColorWord::FromRgb(0xFF, 0xFF, 0xFF);
+    const ColorWord blue = ColorWord::FromRgb(0, 0x66, 0xCC);
+    const ColorWord pale = ColorWord::FromRgb(0xE0, 0xE0, 0xE0);
+    EXPECT_EQ(ReadableOn(white, blue, black), blue);
+    EXPECT_EQ(ReadableOn(white, pale, black), black);
+    EXPECT_EQ(ReadableOn(black, pale, white), pale);
 }
 
 TEST(ContrastRatio, KnownPairs) {

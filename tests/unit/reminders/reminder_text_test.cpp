@@ -39,6 +39,8 @@ TEST(ReminderText, PreviewNamesTheWeekday) {
         EXPECT_EQ(PreviewText(when, locale), days[day] + (u", " + locale.ShortDate(when)) + u", 2:30:00 PM");
     }
     EXPECT_EQ(PreviewText(ToDaySerial({2026, 11, 16, 0, 0, 0}), locale), u"Monday, 11/16/2026, 12:00:00 AM");
+    EXPECT_EQ(ReminderDescription(ToDaySerial({2026, 11, 16, 0, 0, 0}), locale),
+              u"Reminder: Monday, 11/16/2026, 12:00:00 AM");
 }
 
 }  // namespace

@@ -1,0 +1,196 @@
+#include "notes/note_color_form.h"
+#include "notes/note_form.h"
+#include "notes/screen_fit.h"
+#include "platform/dpi.h"
+#include "platform/file_dialogs.h"
+#include "platform/gdi_scope.h"
+#include "platform/monitors.h"
+#include "platform/window_effects.h"
+#include "ports/clock.h"
+#include "ports/locale_text.h"
+#include "ports/random.h"
+#include "util/busy_flag.h"
+#include "util/flag_scope.h"
+
+// After windows.h.
+#include <commdlg.h>
+
+// What the note asks of its window; the handlers of the window are in note_form.cpp.
+
+namespace quillo {
+namespace {
+
+constexpr int kBalloonSeconds = 10;
+
+}  // namespace
+
+std::u16string NoteForm::Text() const {
+    return messageBox_.Text();
+}
+
+bool NoteForm::SetText(std::u16string_view text) {
+    const bool whole = messageBox_.SetText(text);
+    if (Handle() != nullptr) UpdateTitle();  // the control reports no change that is made this way
+    return whole;
+}
+
+bool NoteForm::InsertInFront(std::u16string_view text) {
+    return messageBox_.InsertInFront(text);
+}
+
+TwipsRect NoteForm::Rectangle() const {
+    const Rect place = WindowPlace();
+    const Scale screen = SystemScale();
+    return TwipsRect{screen.ToTwips(Pixels{place.left}).value, screen.ToTwips(Pixels{place.top}).value,
+                     scale_.ToTwips(Pixels{place.width}).value, scale_.ToTwips(Pixels{place.height}).value};
+}
+
+void NoteForm::MoveTo(const TwipsRect& rectangle) {
+    const Scale screen = SystemScale();
+    const int left = screen.ToPixels(Twips{rectangle.left}).value;
+    const int top = screen.ToPixels(Twips{rectangle.top}).value;
+    const Scale there = PointScale(POINT{left, top});
+    const Size wanted{there.ToPixels(Twips{rectangle.width}).value, there.ToPixels(Twips{rectangle.height}).value};
+    const Size size = CutToDesktop(wanted, DesktopSize());
+    Place(Rect{left, top, size.width, size.height}, 0);
+}
+
+Rect NoteForm::WindowPlace() const {
+    RECT window{};
+    GetWindowRect(Handle(), &window);
+    if (IsIconic(Handle()) == 0) return FromWin32(window);
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    // A window outside the task bar, such as a note, has screen coordinates here.
+    return GetWindowPlacement(Handle(), &placement) != 0 ? FromWin32(placement.rcNormalPosition) : FromWin32(window);
+}
+
+void NoteForm::RestoreIfMinimized() {
+    if (IsIconic(Handle()) == 0) return;
+    const FlagScope byProgram(placing_);
+    ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+}
+
+void NoteForm::MoveOntoScreen() {
+    RestoreIfMinimized();
+    const Rect place = WindowPlace();
+    const Point fitted = PlaceOnScreen(place, WorkAreas());
+    if (fitted == Point{place.left, place.top}) return;
+    Place(Rect{fitted.x, fitted.y, 0, 0}, SWP_NOSIZE);
+}
+
+void NoteForm::Place(const Rect& place, UINT flags) {
+    const FlagScope byProgram(placing_);
+    SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height,
+                 flags | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+bool NoteForm::IsVisible() const {
+    return IsWindowVisible(Handle()) != 0;
+}
+
+void NoteForm::Show() {
+    const FlagScope byProgram(placing_);
+    if (layoutDue_) LayOutNow();
+    ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+    if (buttons_.IsCreated()) UpdateDropTarget();
+}
+
+void NoteForm::Hide() {
+    ShowWindow(Handle(), SW_HIDE);
+}
+
+void NoteForm::BringToFront(bool pinned) {
+    // A hovered button would receive the next press instead of the window that now covers it.
+    NoteButton::EndHover();
+    RestoreIfMinimized();
+    // A window that is not active can come in front of another program's only by becoming topmost for a moment; a
+    // window that was just shown for the first time is already in front.
+    if (!pinned && IsInFront(Handle())) return;
+    SetTopmost(Handle(), true);
+    if (!pinned) SetTopmost(Handle(), false);
+}
+
+bool NoteForm::TakesInput() const {
+    return IsWindowEnabled(Handle()) != 0;
+}
+
+void NoteForm::Activate() {
+    if (!TakesInput()) return;  // a dialog keeps the keyboard until it closes
+    RestoreIfMinimized();
+    SetForegroundWindow(Handle());
+    SetFocus(messageBox_.Handle());
+}
+
+void NoteForm::ShowPinned(bool pinned) {
+    SetTopmost(Handle(), pinned);
+    buttons_.ShowPinned(pinned);
+}
+
+void NoteForm::SetOpacity(std::optional<int> alpha) {
+    SetTranslucency(Handle(), alpha);
+}
+
+void NoteForm::ShowIcon(std::u16string_view caption) {
+    trayIcon_.SetIcon(trayPicture_.Handle());
+    trayIcon_.SetToolTipText(caption);
+    trayIcon_.SetVisible(true);
+}
+
+void NoteForm::HideIcon() {
+    trayIcon_.StopRetrying();
+    trayIcon_.SetVisible(false);
+}
+
+void NoteForm::RecreateIcon() {
+    trayIcon_.RecreateIcon();
+}
+
+void NoteForm::ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) {
+    trayIcon_.ShowBalloon(text, title, static_cast<DWORD>(icon), kBalloonSeconds);
+}
+
+bool NoteForm::OpenReminderDialog(DaySerial existing) {
+    reminderDialog_ = std::make_unique<SetReminderForm>(&note_, tools_.reminders);
+    return reminderDialog_->Initialize(Handle(), existing);
+}
+
+void NoteForm::BringReminderDialogForward() {
+    if (reminderDialog_) reminderDialog_->BringForward();
+}
+
+bool NoteForm::OpenReminderAlert(std::u16string_view text) {
+    reminderAlert_ = std::make_unique<ReminderForm>(&note_, tools_.reminders);
+    return reminderAlert_->Initialize(text, AlertColors{noteColor_, borderColor_, textColor_});
+}
+
+bool NoteForm::OpenColorDialog(bool own, const ColorScheme& colors) {
+    return tools_.colorDialog.ShowFor(Handle(), note_, own, colors);
+}
+
+std::u16string NoteForm::AskCopyPath() {
+    FileDialogPlan plan;
+    plan.title = u"Save sticky note...";
+    plan.filter = u"Sticky notes|*.qln|All files|*.*";
+    plan.defaultExtension = u"qln";
+    // Intended: the last flag has no effect in a save dialog, and is kept.
+    plan.flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST;
+    const BusyFlag::Scope busy(tools_.dialogs);
+    return BrowseForFileToSave(Handle(), plan);
+}
+
+void NoteForm::Repaint() {
+    // Without a window the call would redraw every window on the desktop.
+    if (Handle() != nullptr) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+void NoteForm::ShowSaveProblem(std::u16string_view reason) {
+    if (Handle() != nullptr) buttons_.ShowSaveProblem(Handle(), reason, Layout());
+}
+
+void NoteForm::Close() {
+    if (Handle() != nullptr) CancelDialogsOf(Handle());
+    Destroy();
+}
+
+}  // namespace quillo
