@@ -49,11 +49,11 @@ prepare_demo() {
     mkdir -p "$data_dir" "$profile/home/.local/share"
     printf 'profile=%s\n' "$profile" >"$demo_state"
     clone_prefix "$profile/wine"
-    /usr/bin/python3 "$quillo_root/scripts/demo_notes.py" \
-        "$profile/wine/drive_c/users/$(id -un)/AppData/Local/Marrowind/Notes"
+    mkdir -p "$profile/wine/drive_c/users/Ann"/{Desktop,Documents,AppData/Roaming}
+    /usr/bin/python3 "$quillo_root/scripts/demo_notes.py" "$profile/wine/drive_c/users/Ann/AppData/Local/Marrowind/Notes"
 }
 
-# The settings of the demo, written once its desktop is running.
+# The settings of the demo, written once its desktop is running. Its folders are those of a user named Ann.
 set_up_demo() {
     local settings=$profile/settings.reg
     {
@@ -62,6 +62,9 @@ set_up_demo() {
         # Windows has this, Wine does not: without it every program has the same icon.
         printf '\n[HKEY_LOCAL_MACHINE\\Software\\Classes\\.exe]\n@="exefile"\n'
         printf '\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\n"LogPixels"=dword:%08x\n' "${QUILLO_DEMO_DPI:-96}"
+        printf '\n[HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders]\n'
+        printf '"%s"="C:\\\\Users\\\\Ann\\\\%s"\n' Desktop Desktop Personal Documents AppData 'AppData\\Roaming' \
+            'Local AppData' 'AppData\\Local'
     } >"$settings"
     timeout 60 wine regedit /S "$(windows_path "$settings")" >/dev/null 2>&1 </dev/null ||
         die "Wine cannot write its registry in $WINEPREFIX; remove that folder and try again"

@@ -77,7 +77,7 @@ def samples():
             "To read\n\n1. the one about lighthouses\n2. letters, volume two\n3. that cookbook (library, until the 30th)\n"
             "4. poems, slowly", (500, 198, 300, 150), LILAC)),
         ("Measures", note_bytes(
-            "Shelf for the hall\n\nwidth\t118 cm\ndepth\t24 cm\nheight\t2 x 35 cm\nscrews\t5 x 60, eight of them",
+            "Shelf for the hall\n\n118 cm wide\n24 cm deep\n2 x 35 cm high\n8 screws, 5 x 60",
             (48, 290, 216, 176), SKY)),
         ("Rent", note_bytes("Rent is due on Friday", (288, 372, 212, 140), WINE, large=True, reminder=friday)),
         ("Idea", note_bytes(

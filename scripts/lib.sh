@@ -207,6 +207,17 @@ start_xserver() {
     export DISPLAY=:$number
 }
 
+# write_openbox_theme FOLDER DPI: light frames, at that resolution.
+write_openbox_theme() {
+    local folder=$1/openbox-3 dpi=$2 edge length expressions=()
+    mkdir -p "$folder"
+    for length in 5 6; do expressions+=(-e "s/@$length@/$((length * dpi / 96))/"); done
+    sed "${expressions[@]}" "$quillo_root/scripts/openbox_theme" >"$folder/themerc"
+    edge=$((10 * dpi / 96))
+    convert -size "${edge}x$edge" xc:white -fill none -stroke black -strokewidth "$(((dpi + 48) / 96))" +antialias \
+        -draw "line 0,0 $((edge - 1)),$((edge - 1)) line 0,$((edge - 1)) $((edge - 1)),0" -monochrome "$folder/close.xbm"
+}
+
 # ensure_desktop STATE SIZE: finds the desktop that STATE names, or starts one and leaves it running: X server,
 # window manager, compositor, tray, a plain background. Sets DISPLAY.
 ensure_desktop() {
@@ -221,7 +232,11 @@ ensure_desktop() {
     fi
     # The tray's space is reserved from the start: the system asks for the work area only once.
     local bar=$((26 * ${QUILLO_DEMO_DPI:-96} / 96)) settings=$state.openbox.xml
-    sed "s|<bottom>0</bottom>|<bottom>$bar</bottom>|" /etc/xdg/openbox/rc.xml >"$settings"
+    write_openbox_theme "$state.theme" "${QUILLO_DEMO_DPI:-96}"
+    # The first name in the file is that of the theme. A caption has what a dialog of Windows has: icon, text, cross.
+    sed -e "s|<bottom>0</bottom>|<bottom>$bar</bottom>|" -e "0,/<name>.*</s||<name>$state.theme<|" \
+        -e 's|<titleLayout>.*<|<titleLayout>NLC<|' -e "s|<size>[89]</size>|<size>$((9 * ${QUILLO_DEMO_DPI:-96} / 96))</size>|" \
+        -e 's|<name>sans</name>|<name>Noto Sans, DejaVu Sans</name>|' /etc/xdg/openbox/rc.xml >"$settings"
     is_running "$(value_of "$state" openbox)" openbox ||
         start_detached "$state" openbox openbox --sm-disable --config-file "$settings"
     is_running "$(value_of "$state" picom)" picom ||
@@ -246,7 +261,7 @@ stop_desktop() {
         pid=$(value_of "$state" "$name")
         if is_running "$pid" "$name"; then kill "$pid" 2>/dev/null || true; fi
     done
-    rm -f "$state" "$state.openbox.xml"
+    rm -rf "$state" "$state.openbox.xml" "$state.theme"
 }
 
 # make_test_disks FOLDER: for the tests of a full and of a write-protected disk. Only root can create them; without them

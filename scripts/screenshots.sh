@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Updates docs/screenshots: the demo's notes, the program's menus and its dialogs, on a desktop at 96 and at 144 dpi.
+# Updates docs/screenshots: the demo's notes, the program's menus and its dialogs, on desktops at 96, 144 and 192 dpi
+# (QUILLO_SCREENSHOT_DPI="96" takes those of one only).
 #   scripts/screenshots.sh            all of them
 #   scripts/screenshots.sh SCENE...   only these, in an order in which none needs state that an earlier one removed:
 #                                     notes, reminder, menus, icon, colors, mainmenu, about, options, alert, dates,
@@ -320,7 +321,7 @@ scene_setup() {
 
 mkdir -p "$target"
 build_preset windows-x64 quillo window_probe menu_faces quillo_test_setups
-for dpi in 96 144; do
+for dpi in ${QUILLO_SCREENSHOT_DPI:-96 144 192}; do
     demo >"$work/log" || die "the demo did not start; see the line above"
     DISPLAY=$(value_of "$work/quillo/demo-desktop.state" display)
     WINEPREFIX=$(value_of "$work/quillo/demo.state" profile)/wine

@@ -22,7 +22,7 @@ constexpr int kHalfLight = 128;
 constexpr ControlKind kPageLabel{L"STATIC", SS_LEFT};  // an ampersand marks the access key of the following box
 // Centered vertically beside a button; a font's name may be long.
 constexpr ControlKind kFontLabel{L"STATIC", SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS};
-constexpr ControlKind kPageCheck{L"BUTTON", WS_TABSTOP | WS_GROUP | BS_AUTOCHECKBOX | BS_MULTILINE};
+constexpr ControlKind kPageCheck{L"BUTTON", WS_TABSTOP | WS_GROUP | BS_AUTOCHECKBOX | BS_MULTILINE | BS_TOP};
 constexpr ControlKind kPageButton{L"BUTTON", WS_TABSTOP | WS_GROUP | BS_PUSHBUTTON};
 // Shows a picture; screen readers speak its text.
 constexpr ControlKind kGlyphButton{L"BUTTON", WS_TABSTOP | WS_GROUP | BS_PUSHBUTTON | BS_ICON};

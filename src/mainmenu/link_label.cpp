@@ -1,5 +1,7 @@
 #include "mainmenu/link_label.h"
 
+#include "controls/system_colors.h"
+#include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
@@ -111,7 +113,9 @@ void LinkLabel::OnPaint() const {
     FillRect(dc, &client, reinterpret_cast<HBRUSH>(ground));
     const SelectScope selected(dc, underlined_.Get());
     SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, GetSysColor(COLOR_HOTLIGHT));
+    // Some themes have a color for links that is meant for another ground.
+    const ColorWord color = ReadableOn(Resolve(kSystemWindow), Resolve(kSystemHotLight), Resolve(kSystemWindowText));
+    SetTextColor(dc, ToColorRef(color));
     const std::u16string text = WindowText(Handle());
     DrawTextW(dc, WideData(text), static_cast<int>(text.size()), &client, DT_SINGLELINE | DT_NOPREFIX);
     if (ShowsFocus()) DrawFocusRect(dc, &client);

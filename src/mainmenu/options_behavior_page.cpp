@@ -21,7 +21,7 @@ namespace {
 
 using C = OptionControl;
 
-constexpr int kColumnGap = 28;  // pixels at 96 dpi between the two columns, with the line in the middle
+constexpr int kColumnGap = 24;  // pixels at 96 dpi between the two columns, with the line in the middle
 constexpr int kLineWidth = 2;
 
 }  // namespace

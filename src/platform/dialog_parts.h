@@ -14,7 +14,7 @@ inline constexpr int kDialogGap = 8;
 inline constexpr int kDialogSmallGap = 4;
 inline constexpr int kDialogButtonHeight = 25;
 inline constexpr int kDialogCheckHeight = 18;  ///< of a check box or an option button on one line
-inline constexpr int kDialogCheckRoom = 22;    ///< the space for its mark, left of the caption
+inline constexpr int kDialogCheckRoom = 20;    ///< the space for its mark, left of the caption
 inline constexpr int kDialogBoxPadding = 7;    ///< how much higher a text box is than its line
 
 inline constexpr std::u16string_view kDialogFont = u"Tahoma";

@@ -26,16 +26,12 @@ class ToolTips {
     void Add(HWND child);
     /// Adds a part of the window itself, in device pixels; the request for its text has the same `id`.
     void AddArea(UINT_PTR id, const RECT& area);
-<<<<<<< HEAD
-    /// While inactive, no tip is shown: it would cover an open menu.
-=======
     void MoveArea(UINT_PTR id, const RECT& area);
-    /// A move over an area that the system reports as outside the client area, in the window's own pixels.
+    /// Reports a pointer move over an area that the system regards as outside the client area, in device pixels.
     void PointerMoved(Point at);
-    /// The one on the screen, if any, until the pointer rests on something again.
+    /// Hides the tip on the screen, if any, until the pointer rests on something again.
     void Hide();
-    /// While they are not active none stands: they would cover a menu that is open.
->>>>>>> fe5defa (Say a reminder's date in a tool tip and to screen readers; size note icons)
+    /// While inactive, no tip is shown: it would cover an open menu.
     void SetActive(bool active);
     /// Destroys the control until the next Create: for a window whose scale has changed.
     void Destroy();

@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "app/app_identity.h"
+#include "controls/system_colors.h"
+#include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
 #include "platform/message_loop.h"
 #include "platform/text_tools.h"
@@ -71,6 +73,19 @@ TEST_F(AboutFormTest, ShowsNameAndVersion) {
     LOGFONTW font{};
     GetObjectW(reinterpret_cast<HFONT>(SendMessageW(Of(Control::HelpButton), WM_GETFONT, 0, 0)), sizeof font, &font);
     EXPECT_EQ(std::wcscmp(font.lfFaceName, L"Tahoma"), 0);
+}
+
+TEST_F(AboutFormTest, TheLinkIsReadableInEveryTheme) {
+    Open();
+    const HWND link = Of(Control::WebLink);
+    PaintNow(link);
+    const Rect place = PlaceOf(link);
+    double best = 0;
+    for (int y = 0; y < place.height; ++y) {
+        const COLORREF shown = PixelOf(link, Point{place.width / 4, y});
+        best = std::max(best, ContrastRatio(Resolve(kSystemWindow), ColorWord{shown}));
+    }
+    EXPECT_GE(best, 4.5) << "its underline at least, which no smoothing makes paler";
 }
 
 TEST_F(AboutFormTest, UpdatesOpenTheMakersPageWithTheVersion) {
