@@ -34,6 +34,8 @@ trap 'exit 130' INT TERM
 
 # A command inside may need a prefix of its own, made from the same template.
 export QUILLO_CACHE_DIR=$cache_dir QUILLO_BUILD_DIR=$win_build
+# The desktop is the one that the pictures of tests/golden were recorded on; another one is a fault.
+export QUILLO_GOLDEN_REQUIRED=yes
 unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_CACHE_HOME WAYLAND_DISPLAY
 # The dates, numbers and code page that the tests expect.
 unset LANG LANGUAGE LC_CTYPE LC_NUMERIC LC_TIME LC_MESSAGES

@@ -45,7 +45,7 @@ TEST_F(NoteWindowTest, DraggingTheStripMovesItAndKeepsThePlace) {
             const POINT from = note.DragBarPoint();
             DragMouse(from, POINT{from.x + 60, from.y + 40});
         }));
-    EXPECT_TRUE(Quillo().WaitUntilReady());
+    EXPECT_TRUE(note.WaitUntilReleased());
     EXPECT_EQ(note.Width(), before.right - before.left);
     EXPECT_EQ(note.Height(), before.bottom - before.top);
     const RECT after = note.Rectangle();
@@ -64,7 +64,7 @@ TEST_F(NoteWindowTest, DraggingTheCornerResizesItAndKeepsTheSize) {
                           const POINT from = note.CornerPoint();
                           DragMouse(from, POINT{from.x + 50, from.y + 30});
                       }));
-    EXPECT_TRUE(Quillo().WaitUntilReady());
+    EXPECT_TRUE(note.WaitUntilReleased());
     RECT box{};
     GetWindowRect(note.TextBox(), &box);
     EXPECT_EQ(box.right, note.Rectangle().right - Px(1)) << "the text box grows with the note";
@@ -83,7 +83,7 @@ TEST_F(NoteWindowTest, DraggingTheFootChangesTheHeightAlone) {
                           const POINT from = note.OnScreen(note.Width() / 2, note.Height() - Px(4));
                           DragMouse(from, POINT{from.x + 40, from.y + 30});
                       }));
-    EXPECT_TRUE(Quillo().WaitUntilReady());
+    EXPECT_TRUE(note.WaitUntilReleased());
     EXPECT_EQ(note.Width(), width);
 }
 

@@ -161,6 +161,15 @@ POINT NoteWindow::MiddleOfButton(NoteButtonId id) const {
     return MiddleOf(WindowRect(Button(id)));
 }
 
+bool NoteWindow::WaitUntilReleased() const {
+    return Eventually([this] {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        const DWORD thread = GetWindowThreadProcessId(window_, nullptr);
+        return GetGUIThreadInfo(thread, &info) != 0 && (info.flags & GUI_INMOVESIZE) == 0;
+    });
+}
+
 POINT NoteWindow::DragBarPoint() const {
     const RECT menu = WindowRect(Button(NoteButtonId::Menu));
     const RECT pin = WindowRect(Button(NoteButtonId::Pushpin));

@@ -52,6 +52,8 @@ class NoteWindow {
     [[nodiscard]] bool TakeKeyboard() const;
     void ClickButton(NoteButtonId id) const;
     [[nodiscard]] POINT MiddleOfButton(NoteButtonId id) const;
+    /// Waits until the system's loop that moves or resizes the note has ended: its place is then the final one.
+    [[nodiscard]] bool WaitUntilReleased() const;
     /// Where the note can be dragged.
     [[nodiscard]] POINT DragBarPoint() const;
     /// In the corner that resizes the note.
