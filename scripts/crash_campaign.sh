@@ -10,4 +10,4 @@ tests=$win_build/tests/quillo_e2e_tests.exe
 
 # At most a minute for the start, and ten seconds for each kill.
 QUILLO_CRASH_KILLS=$1 QUILLO_CRASH_SEED=${2:-$RANDOM} "$quillo_root/scripts/wine_test_env.sh" \
-    timeout $((60 + 10 * $1)) wine "$tests" --gtest_brief=1 --gtest_filter=CrashCampaign.NoKillCostsANote </dev/null
+    timeout $((60 + 10 * $1)) wine "$tests" --gtest_brief=1 --gtest_filter=CrashCampaign.NoKillLosesANote </dev/null

@@ -53,7 +53,7 @@ TEST_F(Console, NewHasTheTimeStampThatTheSettingsAskFor) {
     Quit();
 }
 
-TEST_F(Console, FindSeesWhatWasJustTyped) {
+TEST_F(Console, FindSeesTextThatWasJustTyped) {
     Profile().AddNote(L"note.qln", NoteFile{"draft"}.Bytes());
     Start();
     const NoteWindow note = FindNote(Quillo(), L"draft");

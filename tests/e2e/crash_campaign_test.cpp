@@ -345,7 +345,7 @@ class CrashCampaign : public OrdinaryTest {
     int texts_ = 0;
 };
 
-TEST_F(CrashCampaign, NoKillCostsANote) {
+TEST_F(CrashCampaign, NoKillLosesANote) {
     const unsigned kills = NumberFromEnvironment("QUILLO_CRASH_KILLS", 20);
     const unsigned seed = NumberFromEnvironment("QUILLO_CRASH_SEED", 20261122);
     std::cout << "QUILLO_CRASH_SEED=" << seed << " QUILLO_CRASH_KILLS=" << kills << std::endl;

@@ -76,7 +76,7 @@ TEST_F(Editing, ACharacterBeyondTheCodePageIsAQuestionMarkInTheFile) {
     EXPECT_THAT(ReadBytes(path_), ::testing::MatchesRegex("\\?\\? \\?\\? \\?+ ok\r\n<quillo>.*"));
 }
 
-TEST_F(Editing, UndoTakesTheLastEditBack) {
+TEST_F(Editing, UndoReversesTheLastEdit) {
     const NoteWindow note = Open("keep");
     ASSERT_TRUE(note.TakeKeyboard());
     TypeText(L"!");

@@ -59,7 +59,7 @@ class OldStore : public OrdinaryTest {
     }
 };
 
-TEST_F(OldStore, AnEmptyOneLeavesNothing) {
+TEST_F(OldStore, AnEmptyOneIsClearedWithoutNotes) {
     PutCount(0);
     Start();
     EXPECT_THAT(NotesOf(Quillo()), IsEmpty());

@@ -120,7 +120,7 @@ TEST_F(MailingTest, TheAttachmentIsFoundInATemporaryFolderWithAnyName) {
     EXPECT_TRUE(FilesIn(folder).empty());
 }
 
-TEST_F(MailingTest, DiscardingTheMessageIsNoError) {
+TEST_F(MailingTest, DiscardingTheMessageIsNotAnError) {
     const TestMailProgram mail;
     const NoteWindow note = Open("Call Bob");
     MailByMenu(note);

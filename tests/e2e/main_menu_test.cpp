@@ -94,7 +94,7 @@ TEST_F(MainMenuTest, WithoutNotesShowAllNotesLooksDisabledAndOnlyCloses) {
     EXPECT_TRUE(Eventually([&] { return Menu().Look(MenuItem::ShowAllNotes) != disabled; }));
 }
 
-TEST_F(MainMenuTest, ASecondClickOnTheIconMakesANoteAndTheKeyboardServesTheMenu) {
+TEST_F(MainMenuTest, ASecondClickOnTheIconMakesANoteAndTheMenuWorksWithTheKeyboard) {
     Start();
     ASSERT_TRUE(Menu().Open());
     Menu().SendToIcon(kLeftUp);  // the menu may cover the icon

@@ -60,7 +60,7 @@ TEST_F(MovedIn, AnEmptyFileBecomesANoteOfItsName) {
     EXPECT_FALSE(FileExists(Outside() / L"Shopping.list.txt"));
 }
 
-TEST_F(MovedIn, WhatCannotBeReadStaysAndShowsNothing) {
+TEST_F(MovedIn, AnUnreadableFileStaysAndShowsNothing) {
     const std::wstring nul = Outside() / L"program.bin";
     WriteBytes(nul, std::string("MZ\0text", 7));
     const std::wstring locked = Outside() / L"locked.txt";
@@ -82,7 +82,7 @@ TEST_F(MovedIn, WhatCannotBeReadStaysAndShowsNothing) {
     EXPECT_TRUE(StorageCopies().empty());
 }
 
-TEST_F(MovedIn, WhatCannotBeReadInTheFolderOfNotesStaysToo) {
+TEST_F(MovedIn, AnUnreadableFileInTheFolderOfNotesStaysToo) {
     const std::wstring nul = Profile().AddNote(L"no text.qln", std::string("a\0b", 3));
     const std::wstring locked = Profile().AddNote(L"locked.qln", "locked");
     Profile().AddNote(L"fine.qln", NoteFile{"fine"}.Bytes());

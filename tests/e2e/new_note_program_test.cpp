@@ -71,7 +71,7 @@ TEST_F(NewNoteProgram, StartsTheProgramFirstWhenNoneRuns) {
     EXPECT_TRUE(Eventually([] { return FindChannel() == nullptr; }));
 }
 
-TEST_F(NewNoteProgram, SaysWhenThereIsNoProgramBesideIt) {
+TEST_F(NewNoteProgram, ReportsAMissingProgramInItsFolder) {
     std::filesystem::copy_file(ProgramFolder() / L"quillo-new.exe", Outside() / L"quillo-new.exe");
     const Run run(Outside().Path());
     const auto message = MessageBoxWindow::WaitFor(run.Pid());

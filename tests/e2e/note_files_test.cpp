@@ -212,7 +212,7 @@ TEST_F(NoteFiles, APositionWithAFractionIsRoundedOnTheScreenOnly) {
     QuitAndExpectUntouched();
 }
 
-TEST_F(NoteFiles, AnEmptyAppearanceLeavesAnOrdinaryNote) {
+TEST_F(NoteFiles, AnEmptyAppearanceMeansAnOrdinaryNote) {
     NoteFile file{"bare"};
     file.appearance = "";
     const NoteWindow note = Open(file.Bytes());
@@ -222,7 +222,7 @@ TEST_F(NoteFiles, AnEmptyAppearanceLeavesAnOrdinaryNote) {
     QuitAndExpectUntouched();
 }
 
-TEST_F(NoteFiles, AMissingAppearanceLeavesAnOrdinaryNote) {
+TEST_F(NoteFiles, AMissingAppearanceMeansAnOrdinaryNote) {
     const NoteWindow note = Open("bare\r\n<quillo><position>3000,3000,3000,2400</position><nodelete></quillo>");
     EXPECT_TRUE(note.IsVisible());
     ExpectPlace(note, 3000, 3000, 3000, 2400);

@@ -74,7 +74,7 @@ TEST_F(NoteWindowTest, DraggingTheCornerResizesItAndKeepsTheSize) {
     EXPECT_THAT(ReadBytes(path_), ::testing::HasSubstr(position));
 }
 
-TEST_F(NoteWindowTest, DraggingTheFootChangesTheHeightAlone) {
+TEST_F(NoteWindowTest, DraggingTheFootChangesOnlyTheHeight) {
     const NoteWindow note = Open();
     const int width = note.Width();
     const int height = note.Height();
@@ -160,7 +160,7 @@ TEST_F(NoteWindowTest, ATabStopsAtEveryEighthUnit) {
     EXPECT_LT(width, Px(24)) << "two characters wide, not the eight of an ordinary text box";
 }
 
-TEST_F(NoteWindowTest, ANewNoteTakesTheKeyboardAndOthersDoNot) {
+TEST_F(NoteWindowTest, ANewNoteTakesTheFocusAndOthersDoNot) {
     const NoteWindow saved = Open();
     EXPECT_EQ(RunToEnd(L"/new"), 0U);
     const NoteWindow fresh = WaitForNote(Quillo(), L"");

@@ -59,7 +59,7 @@ TEST_F(Recycling, ANamedNoteIsDeletedUnderItsName) {
     EXPECT_EQ(ReadBytes(path), BytesAt(path, file, "filename"));
 }
 
-TEST_F(Recycling, AnEmptyNoteLeavesNothing) {
+TEST_F(Recycling, AnEmptyNoteIsNotRecycled) {
     const long long before = RecycledItems();
     Profile().AddNote(L"note.qln", NoteFile{""}.Bytes());
     Start();

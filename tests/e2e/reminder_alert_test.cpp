@@ -88,7 +88,7 @@ TEST_F(ReminderAlert, AnAlertUnansweredAtACrashAppearsAgain) {
     EXPECT_TRUE(WaitForAlerts(Quillo().Pid(), 1));
 }
 
-TEST_F(ReminderAlert, CtrlWDismissesAndWAloneDoesNot) {
+TEST_F(ReminderAlert, CtrlWDismissesAndPlainWDoesNot) {
     HWND alert = StartDue(kHidden);
     ASSERT_NE(alert, nullptr);
     const NoteWindow note = FindNote(Quillo(), L"Call Bob");

@@ -65,7 +65,7 @@ TEST_F(FirstRun, GivesPlainFilesRandomColors) {
     EXPECT_GT(looks.size(), 1U);
 }
 
-TEST_F(FirstRun, WithCloseLeavesNothing) {
+TEST_F(FirstRun, WithCloseStoresNothing) {
     for (const wchar_t* arguments : {L"/close", L"/CLOSE", L"  /Close now", L"/closet"}) {
         EXPECT_EQ(RunToEnd(arguments), 0U);
         EXPECT_FALSE(Profile().HasSettings());

@@ -106,7 +106,7 @@ TEST_F(FailingUpdate, TwoUpdatesCannotRunAtOnce) {
     EXPECT_EQ(Setup(NewSetup()), 6U);
 }
 
-TEST_F(FailingUpdate, KilledWhileItWaitsLeavesTheOldProgram) {
+TEST_F(FailingUpdate, KilledWhileItWaitsKeepsTheOldProgram) {
     {
         const FileHandle held = Hold(L"Quillo.chm", 0);
         Family& setup = Start(L"\"" + NewSetup() + L"\" /S");

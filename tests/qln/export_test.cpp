@@ -59,7 +59,7 @@ TEST_F(QlnExport, AsAPageFromTheTopOfTheScreenToTheBottom) {
     EXPECT_NE(page.find("font-family: \"Tahoma\", sans-serif; font-size: 8pt;"), std::string::npos);
 }
 
-TEST_F(QlnExport, AFontCannotLeaveItsPlaceInThePage) {
+TEST_F(QlnExport, AFontNameCannotBreakThePage) {
     host.settings.noteFont.name = u"\"}</style><script>";
     const std::string page = Exported("html");
     EXPECT_EQ(page.find("script"), std::string::npos);

@@ -59,7 +59,7 @@ TEST(QlnCodePage, EveryByteIsRestored) {
     EXPECT_EQ(CodePage::Find(65001)->Decode("a\xC3"), u"a\uFFFD");
 }
 
-TEST(QlnIsoTime, ReadsWhatItWrites) {
+TEST(QlnIsoTime, ReadsItsOwnOutput) {
     const DaySerial when = ToDaySerial({2026, 2, 28, 23, 59, 58});
     EXPECT_EQ(FormatIsoTime(when, 'T'), "2026-02-28T23:59:58");
     EXPECT_EQ(ParseIsoTime(u"2026-02-28T23:59:58"), when);
@@ -71,7 +71,7 @@ TEST(QlnIsoTime, ReadsWhatItWrites) {
     }
 }
 
-TEST(QlnPrefixLocale, WritesDatesAsThePrefixSays) {
+TEST(QlnPrefixLocale, WritesDatesInThePrefixsFormat) {
     const DaySerial when = ToDaySerial({2026, 11, 5, 15, 4, 9});
     PrefixLocale american(*CodePage::Find(1252), Regional{});
     EXPECT_EQ(american.GeneralDate(when), u"11/5/2026 3:04:09 PM");

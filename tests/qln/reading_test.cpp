@@ -41,7 +41,7 @@ TEST_F(QlnReading, ListAsJson) {
   )");
 }
 
-TEST_F(QlnReading, ShowTakesANumberAnIdAFileOrWords) {
+TEST_F(QlnReading, ShowAcceptsANumberAnIdAFileOrWords) {
     for (const std::string& which :
          {std::string("1"), std::string("3F2504E0"), Notes(kFirstName), std::string("CAFE")}) {
         EXPECT_EQ(Qln({"show", which}), kDone) << which;
@@ -67,7 +67,7 @@ TEST_F(QlnReading, SeveralHitsAreListedAndNoneIsShown) {
     EXPECT_EQ(Error(), "qln: no such note: 99\n");
 }
 
-TEST_F(QlnReading, AnIdOfDigitsAloneIsTakenWhereNoNoteHasTheNumber) {
+TEST_F(QlnReading, AnIdOfOnlyDigitsIsUsedIfNoNoteHasTheNumber) {
     Put(Notes("{12345678-4F89-41D3-9A0C-0305E82C3301}.qln"), Copy("digits"));
     EXPECT_EQ(Qln({"show", "12345678"}), kDone);
     EXPECT_EQ(Out(), "digits\n");

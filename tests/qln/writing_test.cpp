@@ -49,7 +49,7 @@ TEST_F(QlnWriting, NewReadsTheStandardInput) {
     EXPECT_EQ(MadeBytes().substr(0, 20), "first\r\nsecond\r\n\x80\r\n<q");
 }
 
-TEST_F(QlnWriting, NewKeepsWhatTheCodePageLacks) {
+TEST_F(QlnWriting, NewKeepsCharactersThatTheCodePageLacks) {
     EXPECT_EQ(Qln({"new", "\u65E5\u672C <quillo>"}), kDone);
     EXPECT_EQ(Qln({"show", "1"}), kDone);
     EXPECT_EQ(Out(), "\u65E5\u672C <quillo>\n");

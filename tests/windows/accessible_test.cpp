@@ -88,7 +88,7 @@ TEST_F(AccessibleTest, ThePushpinReportsWhetherItIsPressed) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(AccessibleTest, TheMenuButtonOpensWhatAPressWould) {
+TEST_F(AccessibleTest, TheMenuButtonOpensTheSameMenuAsAPress) {
     NoteButtonImages images;
     NoteButton menu(images);
     int opened = 0;

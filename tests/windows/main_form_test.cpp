@@ -293,7 +293,7 @@ TEST_F(MainFormWindow, ClosingTheWindowEndsTheProgram) {
 
 // Hovering.
 
-TEST_F(MainFormWindow, WhatThePointerIsOverShowsItsHighlightedFace) {
+TEST_F(MainFormWindow, TheItemUnderThePointerShowsItsHighlightedFace) {
     AddNote(u"A");
     Show();
     const COLORREF atRest = Pixel(208, 50);

@@ -170,7 +170,7 @@ TEST_F(NoteButtonTest, HoveringTakesTheCaptureAndLeavingReleasesIt) {
     EXPECT_EQ(events_, "");
 }
 
-TEST_F(NoteButtonTest, APointerThatLeavesUnseenEndsTheHover) {
+TEST_F(NoteButtonTest, APointerThatLeavesUnnoticedEndsTheHover) {
     Send(WM_MOUSEMOVE, 0, kInside);
     SendMessageW(button_.Handle(), WM_MOUSELEAVE, 0, 0);
     EXPECT_FALSE(HasCapture());
@@ -256,7 +256,7 @@ TEST_F(NoteButtonTest, TheMiddleButtonIsIgnored) {
     EXPECT_EQ(events_, "");
 }
 
-TEST_F(NoteButtonTest, ADisabledButtonRestsAndHoldsNoCapture) {
+TEST_F(NoteButtonTest, ADisabledButtonRestsWithoutCapture) {
     Send(WM_MOUSEMOVE, 0, kInside);
     button_.SetEnabled(false);
     EXPECT_FALSE(HasCapture());

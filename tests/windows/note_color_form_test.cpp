@@ -67,7 +67,7 @@ class NoteColorFormTest : public testing::Test {
     TestNote second_{world_, u"SECOND"};
 };
 
-TEST_F(NoteColorFormTest, ShowsWhatTheNoteHas) {
+TEST_F(NoteColorFormTest, ShowsTheNotesColors) {
     Ask(*first_);
     ASSERT_NE(Window(), nullptr);
     EXPECT_EQ(WindowText(Window()), kNoteColorCaption);
@@ -145,7 +145,7 @@ TEST_F(NoteColorFormTest, ItsKeys) {
     EXPECT_EQ(ColorsOf(*first_), kSwatches[10]);
 }
 
-TEST_F(NoteColorFormTest, EscClosesAndKeepsWhatWasChosen) {
+TEST_F(NoteColorFormTest, EscClosesAndKeepsTheChoice) {
     Ask(*first_);
     PickSwatch(3);
     Key(VK_ESCAPE);

@@ -125,14 +125,14 @@ TEST_F(NoteDropTargetTest, ADropThatDoesNotFitIsReportedToItsSource) {
     EXPECT_EQ(inserted_, u"");
 }
 
-TEST_F(NoteDropTargetTest, TakesWideText) {
+TEST_F(NoteDropTargetTest, AcceptsWideText) {
     data_.OfferText(u"\u65E5\u672C \U0001F58B");
     data_.Offer(CF_TEXT, "narrow");
     EXPECT_EQ(Drop(), DWORD{DROPEFFECT_COPY});
     EXPECT_EQ(inserted_, u"\u65E5\u672C \U0001F58B");
 }
 
-TEST_F(NoteDropTargetTest, TakesNarrowTextUpToItsNull) {
+TEST_F(NoteDropTargetTest, AcceptsNarrowTextUpToItsNull) {
     data_.Offer(CF_TEXT, std::string("text\0rest", 9));
     EXPECT_EQ(Drop(), DWORD{DROPEFFECT_COPY});
     EXPECT_EQ(inserted_, u"text");
@@ -196,7 +196,7 @@ TEST_F(NoteDropTargetTest, ATargetReleasedWhileTheSourceIsAskedInsertsNothing) {
     EXPECT_EQ(inserted_, u"");
 }
 
-TEST_F(NoteDropTargetTest, ANoteDisabledWhileTheSourceIsAskedTakesNothing) {
+TEST_F(NoteDropTargetTest, ANoteDisabledWhileTheSourceIsAskedAcceptsNothing) {
     data_.OfferText(u"text");
     data_.whileAsked = [this] { EnableWindow(box_, FALSE); };
     EXPECT_EQ(Drop(), DWORD{DROPEFFECT_NONE});
@@ -217,7 +217,7 @@ TEST_F(NoteDropTargetTest, AFailureEndsAtTheBoundary) {
     EXPECT_EQ(target_->DragOver(0, POINTL{}, nullptr), E_INVALIDARG);
 }
 
-TEST_F(NoteDropTargetTest, AWindowWhoseOwnerIsDisabledTakesNothing) {
+TEST_F(NoteDropTargetTest, AWindowWhoseOwnerIsDisabledAcceptsNothing) {
     const HWND inner = CreateWindowExW(0, L"EDIT", L"", WS_CHILD, 0, 0, 5, 5, box_, nullptr, nullptr, nullptr);
     auto* within = new NoteDropTarget(inner, world_.locale, world_.shell, [](std::u16string_view) { return true; });
     data_.OfferText(u"text");
@@ -268,7 +268,7 @@ bool TakesDrops(HWND box) {
     return result == DRAGDROP_E_ALREADYREGISTERED;
 }
 
-TEST(NoteFormDropTest, TheTextBoxTakesDropsWhileTheOptionIsOn) {
+TEST(NoteFormDropTest, TheTextBoxAcceptsDropsWhileTheOptionIsOn) {
     NoteWorldForTests world;
     ASSERT_TRUE(world.ole.Start());
     TestNote one(world, u"one");
@@ -283,7 +283,7 @@ TEST(NoteFormDropTest, TheTextBoxTakesDropsWhileTheOptionIsOn) {
     EXPECT_TRUE(TakesDrops(box));
 }
 
-TEST(NoteFormDropTest, ANoteThatOleRefusedTakesDropsWhenItIsShownAgain) {
+TEST(NoteFormDropTest, ANoteThatOleRefusedAcceptsDropsWhenItIsShownAgain) {
     NoteWorldForTests world;
     ASSERT_TRUE(world.ole.Start());
     TestNote one(world, u"one");

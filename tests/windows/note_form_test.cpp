@@ -223,7 +223,7 @@ TEST_F(NoteFormTest, ASizeBeyondTheDesktopIsLimited) {
     EXPECT_EQ(place.bottom - place.top, GetSystemMetrics(SM_CYVIRTUALSCREEN));
 }
 
-TEST_F(NoteFormTest, ASignSaysThatTheNoteIsNotSaved) {
+TEST_F(NoteFormTest, ASignShowsThatTheNoteIsNotSaved) {
     Show();
     const NoteLayout layout = LayOutNote(ClientSize(), scale_);
     const Point glyph{layout.saveSign.left + scale_.Px(6), layout.saveSign.top + scale_.Px(14)};
@@ -268,7 +268,7 @@ TEST_F(NoteFormTest, TheStripMovesTheNoteUnderItsSignToo) {
     EXPECT_TRUE(moving);
 }
 
-TEST_F(NoteFormTest, ATextThatTheBoxDoesNotHoldIsReported) {
+TEST_F(NoteFormTest, ATextThatDoesNotFitTheBoxIsReported) {
     ASSERT_TRUE(form_.SetText(u"before"));
     EXPECT_FALSE(form_.SetText(std::u16string(kMostNoteCharacters + 1, u'x')));
     EXPECT_EQ(form_.Text(), u"before") << "a text that is too long is not cut";
@@ -312,7 +312,7 @@ TEST_F(NoteFormTest, MovesOntoTheScreenWithoutChangingItsSize) {
     EXPECT_GT(after.top, 0);
 }
 
-TEST_F(NoteFormTest, ANoteThatTheSystemMinimizesKeepsItsPlaceAndComesBack) {
+TEST_F(NoteFormTest, ANoteThatTheSystemMinimizesKeepsItsPlaceAndIsRestored) {
     form_.Show();
     const TwipsRect before = form_.Rectangle();
     ShowWindow(one_.Window(), SW_MINIMIZE);

@@ -84,7 +84,7 @@ TEST(HandlesTest, ALeakOfEachKindIsSeen) {
     for (const HWND window : windows) DestroyWindow(window);
 }
 
-TEST(HandlesTest, AThousandNotesLeaveNothingBehind) {
+TEST(HandlesTest, AThousandNotesLeakNothing) {
     NoteWorldForTests world;
     ASSERT_TRUE(world.ole.Start());
     const auto openAndClose = [&](int notes) {

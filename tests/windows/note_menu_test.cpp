@@ -229,7 +229,7 @@ TEST_F(NoteMenuTest, TheEndOfANoteClosesItsOpenMenu) {
     EXPECT_EQ(form_.Handle(), nullptr);
 }
 
-TEST_F(NoteMenuTest, AnotherNotesEndLeavesTheMenuOpen) {
+TEST_F(NoteMenuTest, TheEndOfAnotherNoteKeepsTheMenuOpen) {
     ASSERT_TRUE(one_.Settle());
     Show();
     TestNote other(world_, u"other");
@@ -316,7 +316,7 @@ std::u16string TipOf(HWND tips, HWND window, HWND child) {
     return TipOf(tips, window, reinterpret_cast<UINT_PTR>(child));
 }
 
-TEST_F(NoteMenuTest, TheButtonsHaveToolTipsOnceThePointerComes) {
+TEST_F(NoteMenuTest, TheButtonsHaveToolTipsOnceThePointerHovers) {
     ASSERT_TRUE(one_.Settle());
     Show();
     ASSERT_TRUE(form_.SetText(u"Milk"));
@@ -381,7 +381,7 @@ TEST_F(NoteMenuTest, TheReminderLabelHasAToolTipWithTheDate) {
     SendMessageW(one_.Window(), WM_EXITSIZEMOVE, 0, 0);
 }
 
-TEST_F(NoteMenuTest, ASignThatComesAfterTheToolTipsHasOneToo) {
+TEST_F(NoteMenuTest, ASignCreatedAfterTheToolTipsHasOneToo) {
     ASSERT_TRUE(one_.Settle());
     Show();
     SendMessageW(one_.Window(), WM_SETCURSOR, reinterpret_cast<WPARAM>(one_.Child(ChildId::kPushpin)),

@@ -80,7 +80,7 @@ TEST_F(NoteReminderTest, ACharacterOfAltAndTheNumberPadAfterAShortcutIsTyped) {
     EXPECT_EQ(Text(), u"\u00E9water the ferns");
 }
 
-TEST_F(NoteReminderTest, ShortcutsLeaveNoCharacterAndTheNextOneIsTyped) {
+TEST_F(NoteReminderTest, ShortcutsTypeNoCharacterAndTheNextOneIsTyped) {
     {
         const KeysDown control({VK_CONTROL});
         ControlKey('B');

@@ -315,7 +315,7 @@ TEST_F(OptionsFormTest, AColorSchemeIsWrittenWhole) {
     EXPECT_EQ(windows_tests::PixelOf(Of(C::NotePreview), belowTheText), RGB(0xE0, 0xEE, 0xF4));
 }
 
-TEST_F(OptionsFormTest, AKeyBoxTakesKeysAndNoText) {
+TEST_F(OptionsFormTest, AKeyBoxAcceptsKeysAndNoText) {
     Open();
     form_.ShowPage(OptionsPage::Shortcuts);
     HWND box = Of(C::NewNoteKeyBox);

@@ -51,7 +51,7 @@ TEST_F(SessionTest, TheSystemsOwnCallsAreHarmless) {
     const SessionEndBlock onNoWindow(system, nullptr, L"saving");
 }
 
-TEST_F(SessionTest, WithNobodyListeningNothingHappens) {
+TEST_F(SessionTest, WithoutHandlersNothingHappens) {
     form_.onGoingAway = nullptr;
     form_.onPresence = nullptr;
     EXPECT_EQ(Send(WM_POWERBROADCAST, PBT_APMSUSPEND), TRUE);

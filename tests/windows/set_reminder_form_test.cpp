@@ -207,7 +207,7 @@ TEST_F(SetReminderFormTest, KeepChangesNothing) {
     EXPECT_EQ(world_.owner.calls, Calls{"dialog closing"});
 }
 
-TEST_F(SetReminderFormTest, ThePreviewFollowsWhatIsTyped) {
+TEST_F(SetReminderFormTest, ThePreviewFollowsTheTyping) {
     Open();
     EXPECT_EQ(Text(Control::PreviewLabel), u"Saturday, 11/21/2026, 9:45:00 AM");
     Type(u"in 1 da");

@@ -126,7 +126,7 @@ TEST_F(TabTest, HoveringMakesATabALinkAndLeavingEndsThat) {
     EXPECT_EQ(events_, "");
 }
 
-TEST_F(TabTest, APointerThatLeavesUnseenEndsTheHover) {
+TEST_F(TabTest, APointerThatLeavesUnnoticedEndsTheHover) {
     Mouse(WM_MOUSEMOVE, On(2));
     SendMessageW(tab_.Handle(), WM_MOUSELEAVE, 0, 0);
     EXPECT_FALSE(HasCapture());

@@ -83,7 +83,7 @@ TEST_F(WinFileStoreTest, CreateNeverReplaces) {
     EXPECT_EQ(Names(), std::vector<std::u16string>{path});
 }
 
-TEST_F(WinFileStoreTest, AMissingFolderTakesNoFile) {
+TEST_F(WinFileStoreTest, AFileInAMissingFolderIsRefused) {
     EXPECT_EQ(store_.Create(folder_.Of(u"none\\note.qln"), "x"), FileError::FolderMissing);
     EXPECT_TRUE(Names().empty());
 }
@@ -151,7 +151,7 @@ TEST_F(WinFileStoreTest, RenameRequiresAFreeName) {
     EXPECT_EQ(store_.Rename(path, folder_.Of(u"more.qln")), FileError::NotFound);
 }
 
-TEST_F(WinFileStoreTest, MoveOverReplacesAndTakesAFreeNameToo) {
+TEST_F(WinFileStoreTest, MoveOverReplacesAndAcceptsAFreeNameToo) {
     const std::u16string path = folder_.Of(u"note.qln");
     for (const char* bytes : {"first", "second"}) {
         ASSERT_EQ(store_.MoveOver(Put(u"note.qln.new", bytes), path), FileError::None);
@@ -239,7 +239,7 @@ TEST_F(WinFileStoreTest, TheWaitsForFiftyLockedFilesDoNotAddUp) {
     EXPECT_GT(slept_, 0U);
 }
 
-TEST_F(WinFileStoreTest, NobodyWaitsForAReadOnlyFile) {
+TEST_F(WinFileStoreTest, AReadOnlyFileIsNotWaitedFor) {
     const std::u16string path = Put(u"note.qln", "old");
     SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_READONLY);
     // Windows refuses it; Wine leaves it to the host, which lets an administrator do anything.
@@ -251,7 +251,7 @@ TEST_F(WinFileStoreTest, NobodyWaitsForAReadOnlyFile) {
     EXPECT_EQ(slept_, 0U);
 }
 
-TEST_F(WinFileStoreTest, NobodyWaitsForAFolderInTheWay) {
+TEST_F(WinFileStoreTest, AFolderInTheWayIsNotWaitedFor) {
     ASSERT_TRUE(store_.CreateFolder(folder_.Of(u"folder")));
     EXPECT_NE(store_.MoveOver(Put(u"note.qln", "x"), folder_.Of(u"folder")), FileError::None);
     EXPECT_NE(store_.Delete(folder_.Of(u"folder")), FileError::None);
@@ -349,7 +349,7 @@ TEST_F(WinFileStoreTest, AFileThatIsTooLargeIsNotRead) {
     EXPECT_TRUE(Open(path, GENERIC_WRITE, 0));
 }
 
-TEST_F(WinFileStoreTest, NobodyElseChangesAHeldFile) {
+TEST_F(WinFileStoreTest, NoOtherProgramChangesAHeldFile) {
     const std::u16string path = Put(u"note.qln", "mine");
     {
         const HoldResult held = store_.Hold(path, kMost);

@@ -100,7 +100,7 @@ TEST(WindowTest, TheObjectDestroysItsWindow) {
     EXPECT_EQ(IsWindow(handle), FALSE);
 }
 
-TEST(WindowTest, ARefusedWindowLeavesNoHandle) {
+TEST(WindowTest, ARefusedWindowHasNoHandle) {
     TestWindow window;
     EXPECT_FALSE(window.Make(true));
     EXPECT_EQ(window.Handle(), nullptr);

@@ -86,7 +86,7 @@ TEST_F(LegacyNotesTest, AnEmptySizeIsTheTopLeftCorner) {
     EXPECT_FALSE(test_.views.Note(0).Data().Pinned);
 }
 
-TEST_F(LegacyNotesTest, ADamagedSizeLeavesOnlyItsBadFieldsUnapplied) {
+TEST_F(LegacyNotesTest, ADamagedSizeLosesOnlyItsBadFields) {
     const TwipsRect before = FakeNoteView().Rectangle();
     const TwipsRect whole{15, 30, 1500, 1600};
     struct Case {
@@ -301,7 +301,7 @@ TEST_F(LegacyNotesTest, TheStoreIsNotClearedBeforeItWasImported) {
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 6U);
 }
 
-TEST_F(LegacyNotesTest, AQuitRescuesOnlyWhatTheStoreDoesNotHold) {
+TEST_F(LegacyNotesTest, AQuitRescuesOnlyNotesThatTheStoreLacks) {
     test_.files.PutFolder(kTestDesktop);
     PutCount(2);
     PutNote(1, u"first", u"");

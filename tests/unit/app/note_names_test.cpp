@@ -78,7 +78,7 @@ TEST_F(NoteNamesTest, MadeFromTheText) {
     }
 }
 
-TEST_F(NoteNamesTest, MadeFromWhatPeopleWrite) {
+TEST_F(NoteNamesTest, MadeFromTypicalTexts) {
     const struct {
         std::u16string_view text;
         std::u16string_view name;

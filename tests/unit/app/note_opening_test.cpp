@@ -146,7 +146,7 @@ TEST_F(NoteOpeningTest, AUtf16FileBecomesANote) {
     EXPECT_FALSE(test_.files.FileExists(kOutside));
 }
 
-TEST_F(NoteOpeningTest, AFileThatIsTooLargeIsLeftAlone) {
+TEST_F(NoteOpeningTest, AFileThatIsTooLargeIsNotOpened) {
     test_.files.Put(kOutside, std::string(kLargestNoteFile + 1, 'x'));
     EXPECT_EQ(test_.opening.OpenNoteFile(kOutside), OpenOutcome::TooLarge);
     EXPECT_EQ(test_.program.openNotes.Count(), 0U);
@@ -179,7 +179,7 @@ TEST_F(NoteOpeningTest, ATextBeyondTheCodePageMovesInWhole) {
     EXPECT_EQ(ParseNoteFile(*test_.files.Read(note->Data().StoragePath), test_.locale).text, u"\u65E5\u672C");
 }
 
-TEST_F(NoteOpeningTest, AFileNamedForItsNoteLeavesNoFileName) {
+TEST_F(NoteOpeningTest, AFileNamedForItsNoteGivesNoFileName) {
     struct Case {
         std::string_view element;
         std::u16string_view fileName;
@@ -226,7 +226,7 @@ TEST_F(NoteOpeningTest, AFileOfTheNotesFolderIsRecognizedInAnyCase) {
     EXPECT_TRUE(test_.files.FileExists(path));
 }
 
-TEST_F(NoteOpeningTest, WhatCannotBeReadAsTextStaysAndNothingHappens) {
+TEST_F(NoteOpeningTest, AFileThatIsNotTextStaysAndNothingHappens) {
     test_.files.Put(u"D:\\locked.txt", "text");
     test_.files.FailPath(u"D:\\locked.txt");
     test_.files.PutFolder(u"D:\\folder");
@@ -301,7 +301,7 @@ TEST_F(NoteOpeningTest, ANewNoteIsEmptyShownAndHasTheKeyboard) {
     EXPECT_EQ(calls.back(), "Activate");
 }
 
-TEST_F(NoteOpeningTest, IntendedAFileThatSaysNewMakesAnEmptyNote) {
+TEST_F(NoteOpeningTest, IntendedAFileThatContainsNewCreatesAnEmptyNote) {
     for (const std::string_view bytes : {"(new)", "(NEW)", "/new", "/New"}) {
         OpenNote* note = OpenBytes(kOutside, bytes);
         ASSERT_NE(note, nullptr);
@@ -352,7 +352,7 @@ TEST_F(NoteOpeningTest, OnlyNewAndUntaggedNotesGetRandomColors) {
     EXPECT_EQ(test_.views.View(2).Applied().NoteColor, ColorWord{0x111111});
 }
 
-TEST_F(NoteOpeningTest, NotesMadeWhileTheProgramRunsArePinnedOnRequest) {
+TEST_F(NoteOpeningTest, NotesCreatedWhileTheProgramRunsArePinnedOnRequest) {
     settings_.autoPinNewNotes = true;
     test_.opening.CreateNewNote();
     OpenNote* opened = OpenBytes(kOutside, Tagged("text", kShownTags));
@@ -362,7 +362,7 @@ TEST_F(NoteOpeningTest, NotesMadeWhileTheProgramRunsArePinnedOnRequest) {
     EXPECT_FALSE(OpenBytes(kOutside, "text")->Data().Pinned);
 }
 
-TEST_F(NoteOpeningTest, TranslucencyComesFromTheSettings) {
+TEST_F(NoteOpeningTest, TheSettingsDetermineTranslucency) {
     settings_.noteTransparency = true;
     settings_.noteOpacity = 77;
     test_.opening.CreateNewNote();

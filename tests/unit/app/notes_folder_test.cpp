@@ -49,7 +49,7 @@ TEST(NotesFolder, IsTheSamePlaceInAnyLetterCase) {
     EXPECT_FALSE(IsInNotesFolder(u"", folder, locale));
 }
 
-TEST(NotesFolder, IntendedAFolderBesideItWhoseNameBeginsAlikeCountsToo) {
+TEST(NotesFolder, IntendedANeighboringFolderWhoseNameBeginsAlikeCountsToo) {
     FakeLocaleText locale;
     EXPECT_TRUE(IsInNotesFolder(u"C:\\Notes of 2020\\a.qln", u"C:\\Notes", locale));
 }

@@ -33,14 +33,14 @@ TEST_F(OpenNotesTest, AreFoundByKeyAndWalkedInOrder) {
     EXPECT_EQ(Visited(), u"AB");
 }
 
-TEST_F(OpenNotesTest, ANoteWhoseWindowCannotBeMadeIsNotAdded) {
+TEST_F(OpenNotesTest, ANoteWhoseWindowCannotBeCreatedIsNotAdded) {
     Add(u"A");
     test_.views.room = 1;
     EXPECT_EQ(notes_.Add(test_.world, u"B"), nullptr);
     EXPECT_EQ(Visited(), u"A");
 }
 
-TEST_F(OpenNotesTest, ANoteThatLeavesDuringAWalkIsSkippedAndLivesOn) {
+TEST_F(OpenNotesTest, ANoteRemovedDuringAWalkIsSkippedAndStaysAlive) {
     Add(u"A");
     OpenNote& b = Add(u"B");
     Add(u"C");
@@ -107,7 +107,7 @@ TEST_F(OpenNotesTest, ANewTaskBarGetsTheIconsOfMinimizedNotes) {
     EXPECT_EQ(test_.views.View(1).TakeCalls(), std::vector<std::string>{"RecreateIcon"});
 }
 
-TEST_F(OpenNotesTest, ANoteThatComesDuringAWalkIsNotVisited) {
+TEST_F(OpenNotesTest, ANoteAddedDuringAWalkIsNotVisited) {
     Add(u"A");
     int visits = 0;
     notes_.ForEach([&](OpenNote&) {

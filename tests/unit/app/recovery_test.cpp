@@ -152,7 +152,7 @@ class RescueTest : public FaultTest {
     }
 };
 
-TEST_F(RescueTest, AQuitWritesWhatCannotBeSavedToTheNoteFolderAndTheNextStartPutsItBack) {
+TEST_F(RescueTest, AQuitWritesUnsavableNotesToTheNoteFolderAndTheNextStartRestoresThem) {
     const std::u16string copy = Note().Data().StoragePath;
     ChangeUnsaved();
     EXPECT_TRUE(test_->quit.Run(QuitReason::Command));

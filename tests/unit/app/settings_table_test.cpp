@@ -291,7 +291,7 @@ Settings UnlikeTheDefaults() {
     return s;
 }
 
-TEST_F(SettingsTableTest, SavedOptionsComeBackInEveryRow) {
+TEST_F(SettingsTableTest, SavedOptionsAreRestoredInEveryRow) {
     TesselRegistry registry(api_);
     const Settings saved = UnlikeTheDefaults();
     SaveSettings(registry, saved);

@@ -113,7 +113,7 @@ TEST_F(StartupTest, ASecondStartPassesOnItsCommandLineAndEnds) {
     EXPECT_TRUE(test_.registry.Log().empty());
 }
 
-TEST_F(StartupTest, AFirstStartWithCloseLeavesNothingBehind) {
+TEST_F(StartupTest, AFirstStartWithCloseStoresNothing) {
     for (const auto* commandLine : {u"/close", u" /CLOSE now"}) {
         stage_.steps.clear();
         EXPECT_EQ(Start(commandLine), StartupOutcome::EndProcess);

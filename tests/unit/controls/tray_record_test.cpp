@@ -112,7 +112,7 @@ TEST(TrayRecordTest, TheSecondHalfOfTheTipIsNeverWritten) {
     EXPECT_EQ(record.tip[63], '\0');
 }
 
-TEST(TrayRecordTest, AShorterTextLeavesNothingOfTheLongerOne) {
+TEST(TrayRecordTest, AShorterTextErasesTheLongerOne) {
     DoubleByteText locale;
     TrayRecord record{};
     WriteTip(record, u"Shopping list", locale);

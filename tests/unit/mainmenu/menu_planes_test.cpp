@@ -42,7 +42,7 @@ TEST(MenuPlanes, ResizeKeepsMeans) {
     EXPECT_EQ(Resize(MenuPlanes{}, Size{8, 4}).size, (Size{0, 0}));
 }
 
-TEST(MenuPlanes, EachFaceColorsWhatItShows) {
+TEST(MenuPlanes, EachFaceHasItsColors) {
     MenuPlanes planes = Blank(Size{3, 1});
     PlaneOf(planes, MenuPlane::Tile) = {255, 255, 255};
     PlaneOf(planes, MenuPlane::Glyph) = {0, 255, 0};
@@ -54,7 +54,7 @@ TEST(MenuPlanes, EachFaceColorsWhatItShows) {
     EXPECT_EQ(ComposeMenu(planes, ColorsOf(MenuFace::Disabled), {}), (Pixels{0xFBF9F1, 0xACAAA4, 0xACAAA4}));
 }
 
-TEST(MenuPlanes, HighContrastUsesTheUsersColorsAlone) {
+TEST(MenuPlanes, HighContrastUsesOnlyTheUsersColors) {
     MenuPlanes planes = Blank(Size{7, 1});
     PlaneOf(planes, MenuPlane::Panel) = {255, 0, 0, 0, 0, 0, 0};
     PlaneOf(planes, MenuPlane::Paper) = {0, 255, 0, 0, 0, 0, 0};

@@ -7,7 +7,7 @@
 namespace quillo {
 namespace {
 
-TEST(MenuSlide, HidingTakesNineteenFramesThatFadeAndSink) {
+TEST(MenuSlide, HidingTakesNineteenFramesThatFadeAndMoveDown) {
     const std::vector<SlideFrame> frames = SlideFrames(false, 180);
     const std::vector<SlideFrame> expected{{242, 171}, {229, 162}, {216, 153}, {204, 144}, {191, 135},
                                            {178, 126}, {165, 117}, {153, 108}, {140, 99},  {127, 90},

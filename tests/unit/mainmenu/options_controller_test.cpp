@@ -148,7 +148,7 @@ TEST_F(OptionsControllerTest, TheSliderForcesTranslucencyOn) {
     EXPECT_EQ(note.Opacity(), 155);
 }
 
-TEST_F(OptionsControllerTest, TheSliderRunsFromOpaqueToFaintAndStaysWithinWhatLoads) {
+TEST_F(OptionsControllerTest, TheSliderRangesFromOpaqueToFaintWithinTheLimitsOfLoading) {
     OptionsController controller = Loaded();
     controller.MoveSlider(0);
     EXPECT_EQ(Number(u"Note opacity"), 255);
@@ -252,7 +252,7 @@ TEST_F(OptionsControllerTest, AHotkeyThatAnotherProgramOwnsIsReported) {
         << "nobody knows of the new key before it is registered";
 }
 
-TEST_F(OptionsControllerTest, TheSliderSaysAPercentageOfOpacity) {
+TEST_F(OptionsControllerTest, TheSliderReportsAPercentageOfOpacity) {
     EXPECT_EQ(OptionsController::OpacityText(0), u"100%");
     EXPECT_EQ(OptionsController::OpacityText(63), u"75%");
     EXPECT_EQ(OptionsController::OpacityText(OptionsController::kSliderEnd), u"13%") << "32 of 255";

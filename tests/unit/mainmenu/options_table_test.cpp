@@ -77,7 +77,7 @@ TEST(OptionsTableTest, EveryCheckBoxExceptStartupHasOneFlag) {
     }
 }
 
-TEST(OptionsTableTest, AnimationAndDragAndDropAloneAreInverted) {
+TEST(OptionsTableTest, OnlyAnimationAndDragAndDropAreInverted) {
     for (const OptionRow& row : OptionsTable()) {
         EXPECT_EQ(row.inverted, row.control == C::AnimationCheck || row.control == C::DragDropCheck);
     }

@@ -62,7 +62,7 @@ TEST(FormatNoteFile, OmitsAbsentElements) {
     EXPECT_EQ(Written(file), "Milk\r\n<quillo><reminder></reminder><nodelete></nodelete></quillo>");
 }
 
-TEST(FormatNoteFile, WritesAQuestionMarkForWhatTheCodePageLacks) {
+TEST(FormatNoteFile, WritesAQuestionMarkForACharacterThatTheCodePageLacks) {
     EXPECT_EQ(Written(Note(u"\u20AC \u0416\u0101")).substr(0, 4), "\x80 ??");
 }
 
@@ -75,7 +75,7 @@ TEST(FormatNoteFile, WritesTheDecimalSeparatorOfTheLocale) {
     EXPECT_EQ(bytes.substr(0, bytes.find("</position>")), "\r\n<quillo><position>1,5,-15,1E+07,0");
 }
 
-TEST(FormatNoteFile, RefusesWhatTheSystemCannotConvert) {
+TEST(FormatNoteFile, RefusesTextThatTheSystemCannotConvert) {
     FakeLocaleText locale;
     locale.narrowWorks = false;
     EXPECT_FALSE(FormatNoteFile(Note(u"precious"), locale).has_value());

@@ -63,7 +63,7 @@ class NoteColorDialogTest : public testing::Test {
     RecordingNote other_;
 };
 
-TEST_F(NoteColorDialogTest, LoadingResetsTheChoiceAndSelectsWhatTheNoteHas) {
+TEST_F(NoteColorDialogTest, LoadingResetsTheChoiceAndSelectsTheNotesOption) {
     dialog_.Load(note_, true, kSwatches[3]);
     EXPECT_EQ(view_.calls, (Calls{"reset", "select own"}));
     view_.calls.clear();

@@ -25,7 +25,7 @@ TEST(NoteCommands, EveryShortcutHasItsAction) {
     EXPECT_EQ(NoteKeyAction('\t', kControlShift), NoteAction::PreviousNote);
 }
 
-TEST(NoteCommands, ShiftMattersForWAlone) {
+TEST(NoteCommands, ShiftMattersForWOnly) {
     for (const char letter : {'A', 'B', 'M', 'P', 'R', 'T'}) {
         EXPECT_EQ(NoteKeyAction(letter, kControlShift), NoteKeyAction(letter, kControl)) << letter;
     }

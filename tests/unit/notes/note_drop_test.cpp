@@ -33,7 +33,7 @@ TEST(DroppedLink, IsReadUpToItsNul) {
     EXPECT_EQ(TextOfDroppedLink("", locale), u"");
 }
 
-TEST(DroppedText, IsTakenAsItIs) {
+TEST(DroppedText, IsInsertedUnchanged) {
     using namespace std::string_view_literals;
     EXPECT_EQ(TextOfDroppedText(u" one\r\ntwo\n "), u" one\r\ntwo\n ");
     EXPECT_EQ(TextOfDroppedText(u"one\0two"sv), u"one");

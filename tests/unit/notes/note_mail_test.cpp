@@ -38,7 +38,7 @@ TEST(MailSubjectTest, EndsWithNoHalfOfACharacter) {
     EXPECT_EQ(MailSubject(text), std::u16string(60, u'x') + u"...");
 }
 
-TEST(MailBodyTest, IsTheTextAndWhatTheReceiverCanDo) {
+TEST(MailBodyTest, IsTheTextAndInstructionsForTheReceiver) {
     EXPECT_EQ(MailBody(u"Buy milk\r\nand bread"),
               u"Buy milk\r\nand bread\r\n\r\n\r\n"
               u"------------------------------------------------------------\r\n"

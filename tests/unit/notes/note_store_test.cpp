@@ -204,7 +204,7 @@ TEST_F(NoteStoreTest, DeletesAndRecycles) {
     EXPECT_EQ(shell_.recycled.size(), 1U);
 }
 
-TEST_F(NoteStoreTest, RescuesANoteToTheFirstFolderThatTakesIt) {
+TEST_F(NoteStoreTest, RescuesANoteToTheFirstFolderThatAcceptsIt) {
     EXPECT_EQ(store_.Rescue(content_).path, kFromText);
     files_.PutFolder(u"D:\\Closed");
     files_.RemoveFolder(u"D:\\Closed");

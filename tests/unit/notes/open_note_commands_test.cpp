@@ -36,7 +36,7 @@ TEST_F(OpenNoteCommands, TheTimeStampIsAnInsertionIntoTheText) {
     EXPECT_EQ(view_.TakeCalls(), Calls{"InsertInFront"}) << "so that caret and undo stay the user's";
 }
 
-TEST_F(OpenNoteCommands, AFullNoteTakesNoTimeStamp) {
+TEST_F(OpenNoteCommands, AFullNoteRefusesATimeStamp) {
     ShowStored(std::u16string(kMostNoteCharacters, u'x'));
     note_.AddTimestamp();
     EXPECT_EQ(view_.Text().size(), kMostNoteCharacters);

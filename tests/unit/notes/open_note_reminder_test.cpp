@@ -58,7 +58,7 @@ TEST_F(OpenNoteReminderTest, AReminderInTheDistantPastFiresToo) {
     EXPECT_TRUE(Did("OpenReminderAlert"));
 }
 
-TEST_F(OpenNoteReminderTest, IntendedAFiredReminderLeavesTheNoteUnchanged) {
+TEST_F(OpenNoteReminderTest, IntendedAFiredReminderDoesNotMarkTheNote) {
     SetSilently(0);
     note_.TimerBroadcast();
     EXPECT_FALSE(note_.Data().Changed);
@@ -189,7 +189,7 @@ TEST_F(OpenNoteReminderTest, EveryChangeIsSavedSoon) {
     }
 }
 
-TEST_F(OpenNoteReminderTest, WhatIsNotAChangeIsNotSaved) {
+TEST_F(OpenNoteReminderTest, SilentOperationsAreNotSaved) {
     SetSilently(1);
     note_.HideNote();
     note_.Popup();

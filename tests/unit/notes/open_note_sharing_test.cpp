@@ -57,7 +57,7 @@ TEST_F(OpenNoteSharingTest, AFailedJobIsWithdrawnBeforeItIsReported) {
     EXPECT_TRUE(closed);
 }
 
-TEST_F(OpenNoteSharingTest, PrintingThatTheUserCancelsIsNoError) {
+TEST_F(OpenNoteSharingTest, PrintingThatTheUserCancelsIsNotAnError) {
     printer_.opens = PrintOutcome::Canceled;
     note_.PrintNote();
     EXPECT_TRUE(notice_.warnings.empty());

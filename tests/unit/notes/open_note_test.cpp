@@ -17,7 +17,7 @@ TEST_F(OpenNoteTest, StartsInTheSettingsColorsAndUnchanged) {
 
 // Tags.
 
-TEST_F(OpenNoteTest, TagsSetEverythingAndLeaveTheNoteUnchanged) {
+TEST_F(OpenNoteTest, TagsSetEverythingWithoutMarkingTheNote) {
     EXPECT_TRUE(note_.SetupNoteFromTags(Tags(u"<position>1500,3000,2400,1800</position>"
                                              u"<appearance>True,True,255,65280,16711680,0</appearance>"
                                              u"<reminder>#45123.75</reminder><nodelete></nodelete>"),
@@ -45,7 +45,7 @@ TEST_F(OpenNoteTest, TheRectangleIsSetBeforeTheNoteIsShown) {
               (Calls{"MoveTo", "MoveOntoScreen", "Show", "BringToFront", "SetOpacity none", "ApplyAppearance"}));
 }
 
-TEST_F(OpenNoteTest, AShortPositionLeavesNoSize) {
+TEST_F(OpenNoteTest, AShortPositionMeansNoSize) {
     static_cast<void>(note_.SetupNoteFromTags(Tags(u"<position>100,200</position>"), u""));
     EXPECT_EQ(view_.Rectangle(), (TwipsRect{100, 200, 0, 0}));
 }
@@ -119,7 +119,7 @@ TEST_F(OpenNoteTest, AppearanceIsAppliedAtOnce) {
     }
 }
 
-TEST_F(OpenNoteTest, AShortAppearanceLeavesBlackAndShowsTheNote) {
+TEST_F(OpenNoteTest, AShortAppearanceMeansBlackAndShowsTheNote) {
     EXPECT_TRUE(note_.SetAppearanceString(u"True,True,255"));
     EXPECT_TRUE(note_.Data().LargeText);
     EXPECT_EQ(view_.Applied().NoteColor.Number(), 255);

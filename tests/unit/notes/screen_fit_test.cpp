@@ -13,7 +13,7 @@ const Rect kRight{1920, 0, 1280, 1024};
 const Rect kLeft{-1600, -200, 1600, 1200};
 const std::vector<Rect> kDesk{kPrimary, kRight, kLeft};
 
-TEST(CutToDesktop, LeavesWhatFitsAndCutsEachExtentByItself) {
+TEST(CutToDesktop, LimitsEachExtentSeparately) {
     const Size desktop{3200, 1200};
     const struct {
         Size note;

@@ -24,7 +24,7 @@ TEST(AlertPlaces, TheFirstFreeOneIsTakenAgain) {
     EXPECT_EQ(places.Take(), 2U);
 }
 
-TEST(AlertPlaces, TheLastAlertLeavesAllFree) {
+TEST(AlertPlaces, AfterTheLastAlertAllAreFree) {
     AlertPlaces places;
     EXPECT_TRUE(places.AllFree());
     (void)places.Take();

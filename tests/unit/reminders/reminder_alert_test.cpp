@@ -67,7 +67,7 @@ TEST(ReminderAlert, OtherKeysDoNothing) {
     }
 }
 
-TEST(ReminderAlert, SeveralAlertsStepDownAndNeverLeaveTheWorkArea) {
+TEST(ReminderAlert, SeveralAlertsCascadeWithinTheWorkArea) {
     const Scale scale;
     const Rect workArea{100, 50, 1280, 760};
     const Size alert{320, 180};

@@ -279,7 +279,7 @@ TEST_F(ReminderDialogTest, WithoutANoteTheSecondCancelStillCloses) {
 
 // The preview.
 
-TEST_F(ReminderDialogTest, ThePreviewSaysHowAPhraseIsUnderstood) {
+TEST_F(ReminderDialogTest, ThePreviewShowsHowAPhraseIsUnderstood) {
     const ReminderDialog dialog = Fresh();
     EXPECT_EQ(dialog.Preview(u"in 20 minutes", kNow), u"Sunday, 11/15/2026, 2:30:00 PM");
     EXPECT_EQ(dialog.Preview(u"tomorrow", kNow), u"Monday, 11/16/2026, 12:00:00 AM");

@@ -361,7 +361,7 @@ class StrictBlankLocale : public FakeLocaleText {
     }
 };
 
-TEST(ReminderPhraseDate, WhatTheLocaleWritesItReads) {
+TEST(ReminderPhraseDate, ReadsTheLocalesOwnDates) {
     FakeLocaleText plain;
     StrictBlankLocale strict;
     for (LocaleText* locale : {static_cast<LocaleText*>(&plain), static_cast<LocaleText*>(&strict)}) {

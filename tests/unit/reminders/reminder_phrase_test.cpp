@@ -7,7 +7,7 @@
 namespace quillo {
 namespace {
 
-TEST(ReminderPhrase, ReadsWhatUsersType) {
+TEST(ReminderPhrase, ReadsTypicalPhrases) {
     const struct {
         std::u16string_view typed;
         std::string meant;

@@ -39,7 +39,7 @@ TEST(Placement, BesideItsOwnerWhereItFits) {
     }
 }
 
-TEST(FittingDpi, ShrinksByWhatIsTooMuchAndAtLeastByOne) {
+TEST(FittingDpi, ShrinksByTheExcessAndAtLeastByOne) {
     EXPECT_EQ(FittingDpi(192, {1300, 1080}, {1920, 540}), 96) << "twice as high as its room";
     EXPECT_EQ(FittingDpi(192, {1300, 1080}, {650, 540}), 96);
     EXPECT_EQ(FittingDpi(144, {1000, 810}, {500, 810}), 72) << "twice as wide";

@@ -203,7 +203,7 @@ TEST(StringBuilder, CallsChain) {
     EXPECT_EQ(builder.ToString(), u"-b");
 }
 
-TEST(StringBuilder, RefusesWhatCannotBeCounted) {
+TEST(StringBuilder, RefusesSizesThatCannotBeCounted) {
     CStringBuilder builder = Abc();
     EXPECT_THROW(builder.SetLength(kHuge), std::bad_array_new_length);
     EXPECT_THROW(builder.SetCapacity(kHuge), std::bad_array_new_length);

@@ -25,7 +25,7 @@ TEST(Utf8, RestoresEveryText) {
     }
 }
 
-TEST(Utf8, RefusesWhatIsNotWellFormed) {
+TEST(Utf8, RefusesMalformedBytes) {
     for (const char* bytes : {"\x80", "\xC3", "\xC0\xAF", "\xC1\xBF", "\xE0\x80\x80", "\xE2\x82", "\xF0\x80\x80\x80",
                               "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF", "a\xC3z"}) {
         EXPECT_FALSE(DecodeUtf8(bytes, LoneSurrogates::Accept).has_value()) << bytes;
@@ -65,7 +65,7 @@ TEST(Base32, MatchesThePublishedExamples) {
     EXPECT_EQ(DecodeBase32("MZXW6YTB"), "fooba") << "letters count in any case";
 }
 
-TEST(Base32, RefusesWhatNoEncoderWrites) {
+TEST(Base32, RefusesInvalidText) {
     for (const char* text : {"1", "my=", "m", "mz1q", "mzxw6ytbo", "mz", "a b"}) {
         EXPECT_FALSE(DecodeBase32(text).has_value()) << text;
     }

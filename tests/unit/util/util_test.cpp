@@ -33,7 +33,7 @@ TEST(DaySerial, KnownDays) {
     }
 }
 
-TEST(DaySerial, EverySecondOfADayComesBack) {
+TEST(DaySerial, EverySecondOfADayIsRestored) {
     for (int second = 0; second < 86'400; second += 7) {
         const CivilTime time{2026, 11, 21, second / 3600, second / 60 % 60, second % 60};
         ASSERT_EQ(ToCivilTime(ToDaySerial(time)), time);
