@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# The pictures of tests/golden, against which a test holds the program's windows.
-#   scripts/golden_pictures.sh           takes new ones beside them, in build/golden, and shows which differ and where
-#   scripts/golden_pictures.sh --renew   puts the new ones in their place; look at them before you commit them
+# Records the pictures of tests/golden, with which a test compares the program's windows.
+#   scripts/golden_pictures.sh           records new ones in build/golden, and reports the differences
+#   scripts/golden_pictures.sh --renew   replaces them with the new ones; check these before you commit them
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
@@ -20,7 +20,7 @@ QUILLO_GOLDEN_OUT=$(windows_path "$fresh") run_logged "$fresh/log" "taking the p
 
 for picture in "$fresh"/*.png; do
     name=${picture##*/}
-    # As small as a picture gets without losing anything.
+    # The smallest lossless form of a picture.
     convert "$picture" -strip -define png:compression-level=9 "$picture"
     if [[ ! -f $golden/$name ]]; then
         say "$name is new"

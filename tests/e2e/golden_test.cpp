@@ -14,7 +14,7 @@
 namespace quillo::e2e {
 namespace {
 
-// The comparison itself, which must not be blind.
+// The comparison itself must be able to find differences.
 
 constexpr COLORREF kPaper = RGB(0xFF, 0xFD, 0xD0);
 constexpr COLORREF kInk = RGB(0x2B, 0x2A, 0x27);
@@ -64,11 +64,10 @@ TEST(PictureComparison, OtherGraysAlongTheEdgesOfLettersAreNoDifference) {
     EXPECT_EQ(DifferenceOf(shown, Sheet()), "");
 }
 
-/// The windows of the program against pictures of them, so that an accident in drawing is noticed. The pictures are
-/// good for the desktop that they were recorded on: on another one with other fonts or another theme the tests are
-/// skipped, unless QUILLO_GOLDEN_REQUIRED is set, as it is where the desktop is part of the harness. With
-/// QUILLO_GOLDEN_OUT, the name of a folder, pictures and desktop are written there instead
-/// (scripts/golden_pictures.sh).
+/// Compares the windows of the program with pictures of them, to detect accidental changes of drawing. The pictures
+/// match only the desktop on which they were recorded: with other fonts or another theme the tests are skipped, unless
+/// QUILLO_GOLDEN_REQUIRED is set, as on the desktop of the test scripts. If QUILLO_GOLDEN_OUT names a folder, the
+/// pictures and the facts about the desktop are written there instead (scripts/golden_pictures.sh).
 class GoldenPictures : public OrdinaryTest {
   protected:
     void SetUp() override {
@@ -81,8 +80,9 @@ class GoldenPictures : public OrdinaryTest {
         GTEST_SKIP() << "the pictures were recorded on another desktop: " << other;
     }
 
-    /// Compares a part of the screen with the picture of that name, once it has come to rest. `blank` are areas that no
-    /// picture can have, and `point` says where the pointer is; it is said again and again, as moves can get lost.
+    /// Compares a part of the screen, once it no longer changes, with the picture of that name. `blank` are areas that
+    /// no picture can contain. `point` moves the pointer to its place; it is called repeatedly, because moves can get
+    /// lost.
     void Expect(const std::wstring& name, const RECT& area, const std::vector<RECT>& blank = {},
                 const std::function<void()>& point = RestMouse) {
         EXPECT_TRUE(Quillo().WaitUntilReady());
@@ -119,7 +119,7 @@ class GoldenPictures : public OrdinaryTest {
         GetWindowRect(window, &area);
         return area;
     }
-    /// Without the system's frame.
+    /// The area without the system's frame.
     static RECT ClientArea(HWND window) {
         RECT area{};
         GetClientRect(window, &area);
@@ -132,17 +132,17 @@ class GoldenPictures : public OrdinaryTest {
     static void PointAt(const MainMenu& menu, MenuItem item) {
         POINT at = menu.MiddleOf(item);
         MoveMouse(at);
-        // Where the pointer is there already, the system has nothing to report.
+        // If the pointer is already there, the system reports no move.
         ScreenToClient(menu.Handle(), &at);
         SendMessageW(menu.Handle(), WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y));
     }
-    /// A reminder far ahead on the day of the month that today is: its label is the time alone on every day.
+    /// A reminder in the distant future on today's day of the month: its label is only the time, on every day.
     static std::string HalfPastOne() {
         SYSTEMTIME now{};
         GetLocalTime(&now);
         return "#" + std::to_string(ToDaySerial(CivilTime{2100, 1, now.wDay, 13, 30, 0}).days);
     }
-    /// Where it lies over nothing of the program.
+    /// A place outside the program's windows.
     static void RestMouse() { MoveMouse(POINT{Px(20), Px(760)}); }
 
   private:
@@ -221,7 +221,7 @@ TEST_F(GoldenPictures, ThePagesOfTheOptions) {
                                      {OptionsPage::Help, L"options-help"}}) {
         ASSERT_TRUE(options->ClickTab(page));
         std::vector<RECT> blank;
-        // The folder of notes has the user's name in it.
+        // The path of the notes folder contains the user's name.
         if (page == OptionsPage::Help) blank.push_back(Within(area, options->AreaOf(OptionControl::NotesFolderPath)));
         Expect(name, area, blank);
     }

@@ -15,7 +15,7 @@
 namespace quillo::e2e {
 namespace {
 
-/// The face that the system has for a font, and the size of a line of letters in it.
+/// The face that the system chooses for a font, and the size of a line of letters in it.
 std::string FontFact(const wchar_t* face, int points, int weight, int dpi) {
     constexpr wchar_t kSample[] = L"Quillo: 0123456789 abcdefghijklmnopqrstuvwxyz";
     constexpr int kLength = static_cast<int>(std::size(kSample)) - 1;

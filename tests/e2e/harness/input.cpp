@@ -16,11 +16,11 @@ INPUT MouseInput(DWORD flags) {
 
 /// Moves the pointer to a place on the screen, in device pixels.
 INPUT MoveInput(POINT to) {
-    constexpr int kSpan = 65536;  // what the system divides the virtual screen into
+    constexpr int kSpan = 65536;  // the system's units across the virtual screen
     const int width = GetSystemMetrics(SM_CXVIRTUALSCREEN);
     const int height = GetSystemMetrics(SM_CYVIRTUALSCREEN);
     INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK);
-    // Rounded up: the system rounds down on the way back.
+    // Rounded up: the system rounds down when it converts back.
     input.mi.dx = ((to.x - GetSystemMetrics(SM_XVIRTUALSCREEN)) * kSpan + width - 1) / width;
     input.mi.dy = ((to.y - GetSystemMetrics(SM_YVIRTUALSCREEN)) * kSpan + height - 1) / height;
     return input;
@@ -59,8 +59,8 @@ bool MouseIsTaken(POINT at) {
         std::chrono::seconds(2));
 }
 
-/// True unless a window of the active program that `at` is not over has the mouse: a button takes it while the pointer
-/// is over it, to see it leave.
+/// False if a window of the active program that is not at `at` has captured the mouse: a button captures it while the
+/// pointer hovers, to notice when it leaves.
 bool MouseIsFreeFor(POINT at) {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
@@ -70,7 +70,7 @@ bool MouseIsFreeFor(POINT at) {
     return GetWindowRect(info.hwndCapture, &place) == 0 || PtInRect(&place, at) != 0;
 }
 
-/// Lets the button that the pointer has left see that, before it takes a press that is not its own.
+/// Waits until the button that the pointer has left has noticed that; otherwise it would receive the press.
 void LeaveOtherButtons(POINT at) {
     constexpr int kAttempts = 8;
     for (int i = 0; i < kAttempts; ++i) {

@@ -16,7 +16,7 @@ namespace {
 
 constexpr UINT kBytesPerPixel = 4;
 
-/// The system's library for picture files; empty when it has none.
+/// The system's library for picture files; empty if the system lacks it.
 class ImagingFactory {
   public:
     ImagingFactory() {

@@ -8,7 +8,7 @@
 namespace quillo::e2e {
 namespace {
 
-// What they are for is said at DifferenceOf.
+// DifferenceOf explains these.
 constexpr int kSquare = 16;
 constexpr int kMeanDifference = 4;
 constexpr int kStrongDifference = 48;
@@ -61,7 +61,7 @@ std::string Place(int x, int y) {
     return " at " + std::to_string(x) + ", " + std::to_string(y);
 }
 
-/// The first square, row by row, over which a sum is larger than `most` either way; "" when there is none.
+/// The first square, row by row, over which the absolute sum exceeds `most`; "" if there is none.
 template <typename ValueAt>
 std::string FirstSquare(const Picture& size, ValueAt valueAt, std::int64_t most, const std::string& what) {
     const SumTable table(size.width, size.height, valueAt);
@@ -95,7 +95,7 @@ std::string ShapeDifference(const Picture& a, const Picture& b) {
     return FirstSquare(a, isStrong, kStrongPixels, "another shape: the pixels that differ");
 }
 
-/// `at` gives the index of the place `along` a line, `across` the picture.
+/// `at` returns the index of the pixel `along` a line that is `across` the picture.
 template <typename IndexAt>
 std::string LineDifference(const Picture& a, const Picture& b, int lines, int length, IndexAt at,
                            const std::string& what) {
