@@ -17,7 +17,7 @@ IGNORED_SPELLINGS = pathlib.Path("scripts") / "spelling_ignored.txt"
 CODESPELL = ["codespell", "--builtin", "clear,rare,en-GB_to_en-US"]
 FOLDERS = (".ci", ".github", "cmake", "docs", "packaging", "scripts", "src", "tests", "tools")
 # Data of the tests, schemas of winget, the style page's own examples, and steps for testers at a Windows machine.
-SKIPPED = ("tests/corpus/", "packaging/winget/", STYLE.as_posix(), "docs/manual-checks.md")
+SKIPPED = ("tests/corpus/", "packaging/winget/", STYLE.as_posix())
 
 QUOTED = re.compile(r'"[^"]*"|`[^`]*`|<code>.*?</code>|<kbd>.*?</kbd>|\bhttps?://\S+')
 WORDS_OF_NAME = re.compile(r"[A-Z]?[a-z]+|[A-Z]+(?![a-z])")
