@@ -86,7 +86,7 @@ OpenOutcome NoteOpening::OpenNoteFile(std::u16string_view path, OpenMode mode) {
 
 OpenNote* NoteOpening::CreateNote(const NoteFile& content, std::u16string_view openedPath, OpenMode mode) {
     if (!CanOpenAnotherNote()) return nullptr;
-    OpenNote* added = program_.openNotes.Add(world_, NewNoteIdentifier(program_.openNotes, random_));
+    OpenNote* added = program_.openNotes.Add(world_, NewNoteIdentifier(program_.openNotes, random_), content.position);
     if (added == nullptr) return nullptr;
     OpenNote& note = *added;
 

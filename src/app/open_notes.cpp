@@ -7,10 +7,10 @@
 
 namespace quillo {
 
-OpenNote* OpenNotes::Add(NoteWorld world, std::u16string noteKey) {
+OpenNote* OpenNotes::Add(NoteWorld world, std::u16string noteKey, const std::optional<NotePosition>& position) {
     Entry entry;
     entry.note = std::make_unique<OpenNote>(world, std::move(noteKey));
-    entry.view = factory_.MakeView(*entry.note);
+    entry.view = factory_.MakeView(*entry.note, position);
     if (!entry.view) return nullptr;
     entry.note->AttachView(*entry.view);
     notes_.push_back(std::move(entry));

@@ -3,10 +3,12 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "notes/note_codec.h"
 #include "notes/open_note.h"
 
 namespace quillo {
@@ -18,8 +20,10 @@ inline constexpr std::size_t kMaxOpenNotes = 50;
 class NoteViewFactory {
   public:
     virtual ~NoteViewFactory() = default;
-    /// Null if the system cannot create another window.
-    [[nodiscard]] virtual std::unique_ptr<NoteView> MakeView(OpenNote& note) = 0;
+    /// The window gets the place of a new note, or the one in `position`. Null if the system cannot create another
+    /// window.
+    [[nodiscard]] virtual std::unique_ptr<NoteView> MakeView(OpenNote& note,
+                                                             const std::optional<NotePosition>& position) = 0;
 };
 
 /// The program's one collection of open notes, in the order of their creation.
@@ -28,8 +32,9 @@ class OpenNotes : public NoteOwner {
     explicit OpenNotes(NoteViewFactory& factory) : factory_(factory) {}
 
     /// Adds a note with its window; null, and no note is added, if the window cannot be created. `world.owner` is this
-    /// collection.
-    [[nodiscard]] OpenNote* Add(NoteWorld world, std::u16string noteKey);
+    /// collection. The window is created at `position`, because moving it later makes a start slower.
+    [[nodiscard]] OpenNote* Add(NoteWorld world, std::u16string noteKey,
+                                const std::optional<NotePosition>& position = std::nullopt);
     /// The note with that key, or null: after anything that pumps messages the note may be closed.
     [[nodiscard]] OpenNote* Find(std::u16string_view noteKey) const;
     [[nodiscard]] std::size_t Count() const { return notes_.size(); }

@@ -2,7 +2,6 @@
 
 #include "app/app_identity.h"
 #include "app/command_line.h"
-#include "notes/note_form.h"
 #include "platform/app_id.h"
 #include "platform/late_library.h"
 #include "util/ignore.h"
@@ -46,7 +45,7 @@ QuilloProcs::QuilloProcs()
       late_(opening_, timers_, notice_, program_.settings),
       recovery_(store_, locale_, program_.notesFolder),
       quit_(program_, saveAll_, legacy_, store_, registry_, notice_),
-      mainForm_(MainFormTools{program_, registry_, shell_, notice_, locale_, ole_, dialogs_}),
+      mainForm_(MainFormTools{program_, registry_, shell_, notice_, locale_, ole_, dialogs_, monitors_}),
       aboutForm_(shell_, loop_, ProgramVersion{QUILLO_VERSION_MAJOR, QUILLO_VERSION_MINOR, QUILLO_VERSION_PATCH}) {
     loop_.RunAfterEach([this] { program_.openNotes.ReleaseRemoved(); });
     notifyWindow_.onCommand = [this](std::u16string_view text) { OnCommand(text); };
@@ -83,11 +82,14 @@ void QuilloProcs::OpenOptions() {
 
 int QuilloProcs::Main(std::u16string_view commandLine) {
     Startup startup(*this, StartupWorld{program_, noteWorld_, opening_, legacy_, late_, recovery_, registry_, files_,
-                                        shell_, notice_});
+                                        shell_, notice_, noteBatch_});
     resForm_.Load();  // reminders must work also while start-up waits for an answer
     if (startup.Run(commandLine) == StartupOutcome::EndProcess) return 0;
     for (const std::u16string& command : std::exchange(waitingCommands_, {})) OnCommand(command);
-    loop_.RunWhenIdle([this] { mainForm_.WatchSession(); });
+    loop_.RunWhenIdle([this] {
+        mainForm_.ShowTrayIcon();
+        mainForm_.WatchSession();
+    });
     const int exitCode = loop_.Run();
     mainForm_.Unload();
     notifyWindow_.Unload();
@@ -135,11 +137,13 @@ void QuilloProcs::LoadMainForm() {
     mainForm_.RedrawShortcuts();
 }
 
-std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note) {
-    const NoteFormTools tools{program_.settings, clock_, locale_,    random_,      shell_,   buttonImages_, noteIcons_,
-                              noteFonts_,        ole_,   reminders_, colorDialog_, resForm_, dialogs_};
+std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note, const std::optional<NotePosition>& position) {
+    const NoteFormTools tools{program_.settings, clock_,     locale_,    random_,    shell_,       buttonImages_,
+                              noteIcons_,        noteFonts_, ole_,       reminders_, colorDialog_, resForm_,
+                              dialogs_,          monitors_,  noteBatch_, noteClass_};
     auto form = std::make_unique<NoteForm>(note, tools);
-    if (!form->Create()) return nullptr;
+    form->onIcon = [this] { mainForm_.ShowTrayIcon(); };  // the program's icon is the first
+    if (!form->Create(position)) return nullptr;
     return form;
 }
 

@@ -20,12 +20,15 @@
 #include "mainmenu/notify_window.h"
 #include "mainmenu/options_form.h"
 #include "notes/mail_form.h"
+#include "notes/note_batch.h"
 #include "notes/note_color_form.h"
 #include "notes/note_drop_target.h"
 #include "notes/note_fonts.h"
+#include "notes/note_form.h"
 #include "notes/note_store.h"
 #include "notes/res_form.h"
 #include "platform/message_loop.h"
+#include "platform/monitors.h"
 #include "platform/single_instance.h"
 #include "platform/win_clock.h"
 #include "platform/win_file_store.h"
@@ -64,7 +67,8 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     void LoadMainForm() override;
 
     // NoteViewFactory
-    [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note) override;
+    [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note,
+                                                     const std::optional<NotePosition>& position) override;
 
     /// A later start has sent a command line. Commands during start-up wait for its end.
     void OnCommand(std::u16string_view text);
@@ -93,6 +97,9 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     NoteButtonImages buttonImages_;
     SharedIcons noteIcons_;
     NoteFonts noteFonts_;
+    MonitorCache monitors_;
+    NoteBatch noteBatch_;
+    WindowClass noteClass_ = NoteForm::Class();
     NoteColorForm colorDialog_{loop_};  // before the notes, which call DropTarget when they end
     ResForm resForm_;                   // before the notes, which close its menus
     Program program_;

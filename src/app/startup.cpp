@@ -13,6 +13,7 @@
 #include "app/recovery.h"
 #include "app/registry_keys.h"
 #include "app/settings_table.h"
+#include "notes/note_batch.h"
 #include "ports/file_store.h"
 #include "ports/shell.h"
 #include "ports/user_notice.h"
@@ -106,6 +107,7 @@ void Startup::GreetFirstRun() {
 /// True if a note of the old store is not visible. Notes of files never count.
 bool Startup::OpenSavedNotes() {
     Program& program = world_.program;
+    const NoteBatch::Scope batch(world_.batch);
     program.loadingNotes = true;
     const bool anyHidden = world_.legacy.Import(world_.notes);
     for (const FileEntry& file : world_.files.List(program.notesFolder, kNoteExtension)) {

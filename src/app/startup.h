@@ -12,6 +12,7 @@ namespace quillo {
 class FileStore;
 class LateNotes;
 class LegacyNotes;
+class NoteBatch;
 class NoteOpening;
 class Recovery;
 class RegistryApi;
@@ -51,6 +52,7 @@ struct StartupWorld {
     FileStore& files;
     Shell& shell;
     UserNotice& notice;
+    NoteBatch& batch;
 };
 
 enum class StartupOutcome { Running, EndProcess };

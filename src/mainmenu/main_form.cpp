@@ -8,6 +8,7 @@
 #include "mainmenu/menu_drop_target.h"
 #include "mainmenu/menu_shortcuts.h"
 #include "platform/late_library.h"
+#include "platform/monitors.h"
 #include "platform/window_effects.h"
 #include "registry/tessel_registry.h"
 #include "resources/resource_ids.h"
@@ -48,17 +49,18 @@ bool MainForm::Load() {
     plan.style = WS_POPUP;
     plan.exStyle = WS_EX_TOOLWINDOW | WS_EX_TOPMOST | (layered_ ? DWORD{WS_EX_LAYERED} : 0);
     if (!Create(windowClass, plan)) return false;
-    AddDropShadow(Handle());
+    UpdateDropShadow(Handle());
     RegisterHotKeys();
     taskbarCreated_ = RegisterWindowMessageW(L"TaskbarCreated");
     const TesselRegistry metrics(tools_.registry, kDesktopMetrics);
     shellIconSize_ = ShellIconSize(metrics.Value(u"Shell Icon Size"));
-    LoadTrayIcon();
     backupTimer_.Start(backupInterval_);
     return true;
 }
 
-void MainForm::LoadTrayIcon() {
+void MainForm::ShowTrayIcon() {
+    if (trayIconLoaded_ || Handle() == nullptr) return;
+    trayIconLoaded_ = true;
     trayIcon_.onClick = [this] { OnTrayClick(); };
     trayIcon_.onRightClick = [this] { OnTrayRightClick(); };
     TrayProperties properties;
@@ -79,6 +81,7 @@ void MainForm::Unload() {
 }
 
 LRESULT MainForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (MonitorCache::IsChange(message)) tools_.monitors.Forget();
     if (message == taskbarCreated_ && message != 0) return OnTaskbarCreated(), 0;
     switch (message) {
         case WM_DESTROY:
@@ -196,7 +199,8 @@ void MainForm::OnSessionChange(WPARAM code) const {
 }
 
 void MainForm::OnTaskbarCreated() {
-    trayIcon_.RecreateIcon();
+    if (trayIconLoaded_) trayIcon_.RecreateIcon();
+    ShowTrayIcon();
     RecreateNoteIcons(tools_.program.openNotes);
 }
 
@@ -214,7 +218,7 @@ void MainForm::OnSystemChanged() {
 }
 
 void MainForm::ShowTrayPicture() {
-    if (trayPicture_.HasChanged()) trayIcon_.SetIcon(trayPicture_.Handle());
+    if (trayIconLoaded_ && trayPicture_.HasChanged()) trayIcon_.SetIcon(trayPicture_.Handle());
 }
 
 void MainForm::OnBackupTimer() {
@@ -239,6 +243,7 @@ void MainForm::OnTrayRightClick() {
 }
 
 void MainForm::ShowBalloon(std::u16string_view title, std::u16string_view text, BalloonIcon icon) {
+    ShowTrayIcon();
     trayIcon_.ShowBalloon(text, title, static_cast<DWORD>(icon), kBalloonSeconds);
 }
 

@@ -23,6 +23,7 @@ namespace quillo {
 
 class BusyFlag;
 class LocaleText;
+class MonitorCache;
 class OleSession;
 class RegistryApi;
 class Shell;
@@ -40,6 +41,7 @@ struct MainFormTools {
     LocaleText& locale;
     OleSession& ole;
     const BusyFlag& dialogs;
+    MonitorCache& monitors;
     SessionEndCalls sessionEnd = SystemSessionEndCalls();
 };
 
@@ -50,8 +52,11 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     explicit MainForm(const MainFormTools& tools, UINT backupInterval = kBackupInterval, IconLookUp lookUp = {});
     ~MainForm() override { Unload(); }
 
-    /// Registers the hotkeys and shows the icon. False on failure.
+    /// Registers the hotkeys. False on failure.
     bool Load();
+    /// Shows the icon beside the clock; only the first call has an effect. A balloon and the menu call it themselves.
+    /// The shell may be slow to answer.
+    void ShowTrayIcon();
     /// Subscribes to notifications about the session; not needed before the notes are on the screen.
     void WatchSession();
     void Unload();
@@ -122,7 +127,6 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     void OnButtonUp(Point at, bool right);
     void OnKeyDown(int virtualKey);
 
-    void LoadTrayIcon();
     void StopWatchingSession();
     void UnregisterHotKeys();
     /// True while the program must not be interrupted: it starts, quits, or shows a modal dialog.
@@ -169,6 +173,7 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
     UINT taskbarCreated_ = 0;
     int shellIconSize_ = 32;
     int backupTicks_ = 0;
+    bool trayIconLoaded_ = false;
     bool watching_ = false;    ///< the system notifies the program about the session
     bool layered_ = false;     ///< the menu fades instead of sliding
     bool dragOver_ = false;    ///< another program drags something over the menu

@@ -198,6 +198,7 @@ void MainForm::SlideForm(bool show) {
     tools_.notice.Play(show ? SystemSound::RestoreUp : SystemSound::RestoreDown);
     if (show) {
         hovered_ = MenuItem::None;
+        ShowTrayIcon();
         TakeDrops();
     }
     Place();
@@ -235,10 +236,10 @@ LRESULT MainForm::OnNotify(NMHDR& notice) {
 }
 
 void MainForm::Place() {
-    const std::vector<Rect> areas = WorkAreas();
-    if (areas.empty()) return;
-    const Rect& area = areas.front();
-    scale_ = PointScale(POINT{area.Right() - 1, area.Bottom() - 1});
+    const std::vector<Monitor>& monitors = tools_.monitors.All();
+    if (monitors.empty()) return;
+    const Rect area = monitors.front().workArea;
+    scale_ = tools_.monitors.ScaleAt(Point{area.Right() - 1, area.Bottom() - 1});
     const Size size{scale_.Px(kMenuSize.width), scale_.Px(kMenuSize.height)};
     place_ = Rect{area.Right() - size.width, area.Bottom() - size.height, size.width, size.height};
     SetWindowPos(Handle(), HWND_TOPMOST, place_.left, place_.top, place_.width, place_.height, SWP_NOACTIVATE);

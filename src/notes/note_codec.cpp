@@ -268,6 +268,11 @@ NoteFileParts SplitNoteFile(std::string_view content) {
     return parts;
 }
 
+TwipsRect MovedTo(const TwipsRect& place, const NotePosition& position) {
+    return TwipsRect{position.left.value_or(place.left), position.top.value_or(place.top),
+                     position.width.value_or(place.width), position.height.value_or(place.height)};
+}
+
 NoteFile ParseNoteFile(std::string_view bytes, LocaleText& locale) {
     NoteFile file;
     file.keepsFile = bytes.find(kKeepMarker) != std::string_view::npos;

@@ -7,6 +7,7 @@
 #include "notes/note.h"
 #include "util/color_word.h"
 #include "util/day_serial.h"
+#include "util/geometry.h"
 
 namespace quillo {
 
@@ -31,6 +32,9 @@ struct NotePosition {
     std::optional<float> height;
     friend bool operator==(const NotePosition&, const NotePosition&) = default;
 };
+
+/// `place` with the numbers of `position` that are present.
+[[nodiscard]] TwipsRect MovedTo(const TwipsRect& place, const NotePosition& position);
 
 /// The look of a note. A field that could not be read is absent and changes nothing.
 struct NoteAppearance {

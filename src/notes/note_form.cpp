@@ -11,7 +11,6 @@
 #include "platform/window_effects.h"
 #include "ports/clock.h"
 #include "ports/locale_text.h"
-#include "ports/random.h"
 #include "reminders/reminder_text.h"
 #include "util/flag_scope.h"
 #include "util/ignore.h"
@@ -23,6 +22,13 @@ namespace {
 constexpr UINT kSettleMilliseconds = 10;
 /// The smallest size that the user can give a note, at 96 dpi: the buttons side by side over one line of text.
 constexpr Size kSmallestNote{80, 56};
+
+WNDCLASSEXW DescribeClass() {
+    WNDCLASSEXW windowClass{};
+    windowClass.style = CS_DBLCLKS | (DropShadowsAreOn() ? UINT{CS_DROPSHADOW} : 0);
+    windowClass.hCursor = ArrowCursor();
+    return windowClass;
+}
 
 }  // namespace
 
@@ -38,31 +44,22 @@ NoteForm::~NoteForm() {
     Destroy();
 }
 
-bool NoteForm::Create() {
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloNote";
-    windowClass.style = CS_DBLCLKS;
-    windowClass.hCursor = ArrowCursor();
+WindowClass NoteForm::Class() {
+    return WindowClass(L"QuilloNote", &DescribeClass);
+}
 
-    const Scale scale = SystemScale();
-    const auto inTwips = [&scale](int pixels) { return static_cast<int>(scale.ToTwips(Pixels{pixels}).value); };
-    const Size screen = ScreenSize();
-    const double r1 = tools_.random.Next();
-    const double r2 = tools_.random.Next();
-    const Point place =
-        PlaceNewNote(Size{inTwips(screen.width), inTwips(screen.height)}, Size{kNewNoteWidth, kNewNoteHeight}, r1, r2);
+bool NoteForm::Create(const std::optional<NotePosition>& position) {
     WindowPlan plan;
     plan.title = L"Quillo";
     plan.style = WS_POPUP | WS_SYSMENU | WS_CLIPCHILDREN;  // the system menu moves a note by keyboard
     plan.exStyle = WS_EX_TOOLWINDOW;                       // notes do not appear in the task bar
-    plan.place = Rect{scale.ToPixels(Twips{static_cast<float>(place.x)}).value,
-                      scale.ToPixels(Twips{static_cast<float>(place.y)}).value,
-                      scale.ToPixels(Twips{kNewNoteWidth}).value, scale.ToPixels(Twips{kNewNoteHeight}).value};
+    plan.place = FirstPlace(position);
     const FlagScope byProgram(placing_);
-    return Window::Create(windowClass, plan);
+    return Window::Create(tools_.windowClass, plan);
 }
 
 LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (MonitorCache::IsChange(message)) tools_.monitors.Forget();
     switch (message) {
         case WM_CREATE:
             return OnCreate();
@@ -92,7 +89,8 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_GETMINMAXINFO:
             return OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam)), 0;
         case WM_SIZE:
-            if (wParam != SIZE_MINIMIZED) LayOut();
+            // A hidden note is laid out when it is shown.
+            if (wParam != SIZE_MINIMIZED && IsVisible()) LayOut();
             return 0;
         case WM_WINDOWPOSCHANGED:
             Default(message, wParam, lParam);
@@ -120,9 +118,9 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT NoteForm::OnCreate() {
     scale_ = WindowScale(Handle());
-    AddDropShadow(Handle());
+    const Rect client = ClientRect();
+    laidOut_ = Size{client.width, client.height};
     if (!messageBox_.Create(Handle(), kMessageBoxId, Layout().messageBox, tools_.settings.showScrollBars)) return -1;
-    layoutDue_ = false;
     ApplyFont();
     settleTimer_.Start(kSettleMilliseconds);
     return 0;
@@ -311,14 +309,16 @@ void NoteForm::OnPlaceChanged(const WINDOWPOS& place) {
 
 void NoteForm::OnDpiChanged(int dpi, const RECT& suggested) {
     scale_ = Scale(dpi);
+    laidOut_ = {};
     if (!placing_) Place(FromWin32(suggested), 0);
     ApplyFont();
     ApplyBarColors();
-    LayOut();
+    if (IsVisible()) LayOut();
     Repaint();
 }
 
 void NoteForm::OnSystemChanged() {
+    UpdateDropShadow(Handle());
     if (trayIcon_.Visible() && trayPicture_.HasChanged()) trayIcon_.SetIcon(trayPicture_.Handle());
     background_.Reset(CreateSolidBrush(ToColorRef(noteColor_)));
     ApplyBarColors();
@@ -331,12 +331,10 @@ NoteLayout NoteForm::Layout() const {
 }
 
 void NoteForm::LayOut() {
-    layoutDue_ = true;
-    if (IsVisible()) LayOutNow();
-}
-
-void NoteForm::LayOutNow() {
-    layoutDue_ = false;
+    const Rect client = ClientRect();
+    const Size size{client.width, client.height};
+    if (size == laidOut_) return;
+    laidOut_ = size;
     const NoteLayout layout = Layout();
     buttons_.MoveTo(layout);
     MoveChild(messageBox_.Handle(), layout.messageBox);

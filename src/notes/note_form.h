@@ -1,9 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 #include "controls/tessel_tray_lite.h"
 #include "notes/note_button_bar.h"
+#include "notes/note_codec.h"
 #include "notes/note_commands.h"
 #include "notes/note_drop_target.h"
 #include "notes/note_face.h"
@@ -22,8 +25,10 @@
 
 namespace quillo {
 
+class NoteBatch;
 class NoteColorForm;
 class BusyFlag;
+class MonitorCache;
 class Random;
 class ResForm;
 
@@ -42,6 +47,9 @@ struct NoteFormTools {
     NoteColorForm& colorDialog;
     ResForm& resForm;
     BusyFlag& dialogs;  ///< set while a modal dialog is open
+    MonitorCache& monitors;
+    NoteBatch& batch;
+    WindowClass& windowClass;  ///< of all notes: NoteForm::Class()
 };
 
 /// A note's window: a bordered, colored face with a strip to drag it by, three buttons and a text box.
@@ -50,8 +58,13 @@ class NoteForm : public Window, public NoteView, private AccessibleSource {
     NoteForm(OpenNote& note, const NoteFormTools& tools);
     ~NoteForm() override;
 
-    /// Creates the hidden window at the place and size of a new note. False on failure.
-    [[nodiscard]] bool Create();
+    /// The class that the windows of notes share.
+    [[nodiscard]] static WindowClass Class();
+    /// Creates the hidden window at the place and size of a new note, or at `position`. False on failure.
+    [[nodiscard]] bool Create(const std::optional<NotePosition>& position = std::nullopt);
+
+    /// Called before the note's own icon is shown beside the clock.
+    std::function<void()> onIcon;
 
     // NoteView
     [[nodiscard]] std::u16string Text() const override;
@@ -117,9 +130,11 @@ class NoteForm : public Window, public NoteView, private AccessibleSource {
     /// What the label in the border's color, which not everyone can read, says in short; empty without a reminder.
     [[nodiscard]] std::u16string ReminderWords() const;
     [[nodiscard]] NoteLayout Layout() const;
-    /// Lays out the parts; while the note is hidden, only records that this is due.
+    /// Where the window is created, in pixels.
+    [[nodiscard]] Rect FirstPlace(const std::optional<NotePosition>& position);
+    [[nodiscard]] Rect ToPixels(const TwipsRect& rectangle) const;
+    /// Lays out the parts if the client size has changed since they were laid out last.
     void LayOut();
-    void LayOutNow();
     void Place(const Rect& place, UINT flags);
     /// Where the window is on the screen, or was before the system minimized it.
     [[nodiscard]] Rect WindowPlace() const;
@@ -150,8 +165,8 @@ class NoteForm : public Window, public NoteView, private AccessibleSource {
     std::unique_ptr<ReminderForm> reminderAlert_;
     std::u16string title_;  ///< of the window, once there was a text
     bool active_ = false;
-    bool layoutDue_ = true;  ///< the parts have the places of an earlier size
-    bool placing_ = false;   ///< set while we move the window ourselves, so that it is not taken for the user's move
+    Size laidOut_;          ///< the client size that the parts are laid out for
+    bool placing_ = false;  ///< set while we move the window ourselves, so that it is not taken for the user's move
 };
 
 }  // namespace quillo

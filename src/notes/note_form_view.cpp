@@ -1,3 +1,4 @@
+#include "notes/note_batch.h"
 #include "notes/note_color_form.h"
 #include "notes/note_form.h"
 #include "notes/screen_fit.h"
@@ -22,7 +23,30 @@ namespace {
 
 constexpr int kBalloonSeconds = 10;
 
+/// The place at the system's resolution, the size at the resolution of its own monitor.
+TwipsRect ToTwips(const Rect& place, const Scale& own) {
+    const Scale screen = SystemScale();
+    return TwipsRect{screen.ToTwips(Pixels{place.left}).value, screen.ToTwips(Pixels{place.top}).value,
+                     own.ToTwips(Pixels{place.width}).value, own.ToTwips(Pixels{place.height}).value};
+}
+
 }  // namespace
+
+Rect NoteForm::FirstPlace(const std::optional<NotePosition>& position) {
+    // Drawn for every window, also for one with a stored place.
+    const double r1 = tools_.random.Next();
+    const double r2 = tools_.random.Next();
+    const Scale scale = SystemScale();
+    const auto inTwips = [&scale](int pixels) { return static_cast<int>(scale.ToTwips(Pixels{pixels}).value); };
+    const auto inPixels = [&scale](int twips) { return scale.ToPixels(Twips{static_cast<float>(twips)}).value; };
+    const std::vector<Monitor>& monitors = tools_.monitors.All();
+    const Rect screen = monitors.empty() ? Rect{} : monitors.front().place;
+    const Point corner =
+        PlaceNewNote(Size{inTwips(screen.width), inTwips(screen.height)}, Size{kNewNoteWidth, kNewNoteHeight}, r1, r2);
+    const Rect place{inPixels(corner.x), inPixels(corner.y), inPixels(kNewNoteWidth), inPixels(kNewNoteHeight)};
+    if (!position) return place;
+    return ToPixels(MovedTo(ToTwips(place, tools_.monitors.ScaleAt(Point{place.left, place.top})), *position));
+}
 
 std::u16string NoteForm::Text() const {
     return messageBox_.Text();
@@ -39,20 +63,24 @@ bool NoteForm::InsertInFront(std::u16string_view text) {
 }
 
 TwipsRect NoteForm::Rectangle() const {
-    const Rect place = WindowPlace();
-    const Scale screen = SystemScale();
-    return TwipsRect{screen.ToTwips(Pixels{place.left}).value, screen.ToTwips(Pixels{place.top}).value,
-                     scale_.ToTwips(Pixels{place.width}).value, scale_.ToTwips(Pixels{place.height}).value};
+    return ToTwips(WindowPlace(), scale_);
 }
 
 void NoteForm::MoveTo(const TwipsRect& rectangle) {
+    const Rect place = ToPixels(rectangle);
+    if (IsIconic(Handle()) == 0 && place == WindowPlace()) return;
+    Place(place, 0);
+}
+
+Rect NoteForm::ToPixels(const TwipsRect& rectangle) const {
     const Scale screen = SystemScale();
     const int left = screen.ToPixels(Twips{rectangle.left}).value;
     const int top = screen.ToPixels(Twips{rectangle.top}).value;
-    const Scale there = PointScale(POINT{left, top});
+    const Scale there = tools_.monitors.ScaleAt(Point{left, top});
     const Size wanted{there.ToPixels(Twips{rectangle.width}).value, there.ToPixels(Twips{rectangle.height}).value};
-    const Size size = CutToDesktop(wanted, DesktopSize());
-    Place(Rect{left, top, size.width, size.height}, 0);
+    const std::vector<Monitor>& monitors = tools_.monitors.All();
+    const Size size = monitors.empty() ? wanted : CutToDesktop(wanted, DesktopSizeOf(monitors));
+    return Rect{left, top, size.width, size.height};
 }
 
 Rect NoteForm::WindowPlace() const {
@@ -74,7 +102,7 @@ void NoteForm::RestoreIfMinimized() {
 void NoteForm::MoveOntoScreen() {
     RestoreIfMinimized();
     const Rect place = WindowPlace();
-    const Point fitted = PlaceOnScreen(place, WorkAreas());
+    const Point fitted = PlaceOnScreen(place, WorkAreasOf(tools_.monitors.All()));
     if (fitted == Point{place.left, place.top}) return;
     Place(Rect{fitted.x, fitted.y, 0, 0}, SWP_NOSIZE);
 }
@@ -91,7 +119,7 @@ bool NoteForm::IsVisible() const {
 
 void NoteForm::Show() {
     const FlagScope byProgram(placing_);
-    if (layoutDue_) LayOutNow();
+    LayOut();
     ShowWindow(Handle(), SW_SHOWNOACTIVATE);
     if (buttons_.IsCreated()) UpdateDropTarget();
 }
@@ -101,12 +129,11 @@ void NoteForm::Hide() {
 }
 
 void NoteForm::BringToFront(bool pinned) {
+    if (!pinned && tools_.batch.IsInFront([this] { return quillo::IsInFront(Handle()); })) return;
     // A hovered button would receive the next press instead of the window that now covers it.
     NoteButton::EndHover();
     RestoreIfMinimized();
-    // A window that is not active can come in front of another program's only by becoming topmost for a moment; a
-    // window that was just shown for the first time is already in front.
-    if (!pinned && IsInFront(Handle())) return;
+    // A window that is not active can come in front of another program's only by becoming topmost for a moment.
     SetTopmost(Handle(), true);
     if (!pinned) SetTopmost(Handle(), false);
 }
@@ -132,6 +159,7 @@ void NoteForm::SetOpacity(std::optional<int> alpha) {
 }
 
 void NoteForm::ShowIcon(std::u16string_view caption) {
+    if (onIcon) onIcon();
     trayIcon_.SetIcon(trayPicture_.Handle());
     trayIcon_.SetToolTipText(caption);
     trayIcon_.SetVisible(true);
@@ -180,8 +208,9 @@ std::u16string NoteForm::AskCopyPath() {
 }
 
 void NoteForm::Repaint() {
-    // Without a window the call would redraw every window on the desktop.
-    if (Handle() != nullptr) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    // Without a window the call would redraw every window on the desktop; a hidden one is painted completely when it is
+    // shown.
+    if (Handle() != nullptr && IsVisible()) RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 void NoteForm::ShowSaveProblem(std::u16string_view reason) {

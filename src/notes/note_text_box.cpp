@@ -63,6 +63,7 @@ void NoteTextBox::KeepScrollBarHidden(HWND box) {
     if (scrollBar_ || hidingBar_ || (GetWindowLongPtrW(box, GWL_STYLE) & WS_VSCROLL) == 0) return;
     const FlagScope hiding(hidingBar_);
     ::ShowScrollBar(box, SB_VERT, FALSE);
+    if (IsWindowVisible(box) == 0) return;
     // The control may have drawn the bar already, over an area that belongs to the text.
     RECT drawn{};
     GetClientRect(box, &drawn);

@@ -113,12 +113,7 @@ bool OpenNote::SetupNoteFromTags(const NoteFile& file, std::u16string_view opene
 }
 
 void OpenNote::SetPosition(const NotePosition& position) {
-    TwipsRect place = view_->Rectangle();
-    place.left = position.left.value_or(place.left);
-    place.top = position.top.value_or(place.top);
-    place.width = position.width.value_or(place.width);
-    place.height = position.height.value_or(place.height);
-    view_->MoveTo(place);
+    view_->MoveTo(MovedTo(view_->Rectangle(), position));
 }
 
 NoteAppearance OpenNote::Appearance() const {

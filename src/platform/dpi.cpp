@@ -31,17 +31,20 @@ Size WindowSizeFor(Size client, DWORD style, DWORD exStyle, const Scale& scale) 
     return Size{frame.right - frame.left, frame.bottom - frame.top};
 }
 
-Scale PointScale(POINT point) {
+Scale MonitorScale(HMONITOR monitor) {
     static LateFunction<HRESULT WINAPI(HMONITOR, int, UINT*, UINT*)> getDpiForMonitor(L"shcore.dll",
                                                                                       "GetDpiForMonitor");
     constexpr int kEffectiveDpi = 0;
     UINT x = 0;
     UINT y = 0;
-    if (getDpiForMonitor.Get() != nullptr &&
-        SUCCEEDED(getDpiForMonitor.Get()(MonitorFromPoint(point, MONITOR_DEFAULTTONEAREST), kEffectiveDpi, &x, &y))) {
+    if (getDpiForMonitor.Get() != nullptr && SUCCEEDED(getDpiForMonitor.Get()(monitor, kEffectiveDpi, &x, &y))) {
         return Scale(static_cast<int>(x));
     }
     return SystemScale();
+}
+
+Scale PointScale(POINT point) {
+    return MonitorScale(MonitorFromPoint(point, MONITOR_DEFAULTTONEAREST));
 }
 
 }  // namespace quillo

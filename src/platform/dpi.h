@@ -13,7 +13,9 @@ namespace quillo {
 /// The size on the screen of a top-level window with these styles around a client area of that size, with the frame of
 /// a monitor of that resolution.
 [[nodiscard]] Size WindowSizeFor(Size client, DWORD style, DWORD exStyle, const Scale& scale);
-/// The resolution of the monitor nearest to a point.
+/// The resolution of a monitor.
+[[nodiscard]] Scale MonitorScale(HMONITOR monitor);
+/// That of the monitor nearest to a point.
 [[nodiscard]] Scale PointScale(POINT point);
 
 }  // namespace quillo

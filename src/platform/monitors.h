@@ -1,19 +1,40 @@
 #pragma once
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include "platform/win32.h"
 #include "util/geometry.h"
+#include "util/monitor.h"
 
 namespace quillo {
+
+/// All monitors, the primary one first.
+[[nodiscard]] std::vector<Monitor> AskForMonitors();
+
+/// The monitors as the system described them when it was asked last. Windows that are told of a change call Forget.
+class MonitorCache {
+  public:
+    explicit MonitorCache(std::function<std::vector<Monitor>()> ask = &AskForMonitors) : ask_(std::move(ask)) {}
+
+    /// The primary one first; none only when the system names none.
+    [[nodiscard]] const std::vector<Monitor>& All();
+    /// The resolution of the monitor nearest to a point.
+    [[nodiscard]] Scale ScaleAt(Point point);
+    void Forget() { monitors_.clear(); }
+
+    /// Whether a message says that what is kept may have changed.
+    [[nodiscard]] static bool IsChange(UINT message);
+
+  private:
+    std::function<std::vector<Monitor>()> ask_;
+    std::vector<Monitor> monitors_;
+};
 
 /// The work areas of all monitors in screen pixels, the primary one first.
 [[nodiscard]] std::vector<Rect> WorkAreas();
 /// The work area of a window's monitor, or of the nearest one; the primary monitor's for null.
 [[nodiscard]] Rect WorkAreaOf(HWND window);
-/// The primary screen's whole size in pixels.
-[[nodiscard]] Size ScreenSize();
-/// The size in pixels of the rectangle around all monitors.
-[[nodiscard]] Size DesktopSize();
 
 }  // namespace quillo

@@ -13,15 +13,30 @@ HCURSOR ArrowCursor() {
     return LoadCursorW(nullptr, MAKEINTRESOURCEW(kArrow));
 }
 
-bool Window::Create(WNDCLASSEXW windowClass, const WindowPlan& plan) {
+bool Window::Register(WNDCLASSEXW windowClass) {
     windowClass.cbSize = sizeof windowClass;
     windowClass.hInstance = ThisModule();
     windowClass.lpfnWndProc = &Window::Procedure;
-    if (RegisterClassExW(&windowClass) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) return false;
+    return RegisterClassExW(&windowClass) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+}
 
+bool Window::Create(const WNDCLASSEXW& windowClass, const WindowPlan& plan) {
+    return Register(windowClass) && CreateOf(windowClass.lpszClassName, plan);
+}
+
+bool Window::Create(WindowClass& windowClass, const WindowPlan& plan) {
+    if (!windowClass.registered_) {
+        WNDCLASSEXW description = windowClass.describe_();
+        description.lpszClassName = windowClass.name_;
+        windowClass.registered_ = Register(description);
+    }
+    return windowClass.registered_ && CreateOf(windowClass.name_, plan);
+}
+
+bool Window::CreateOf(const wchar_t* className, const WindowPlan& plan) {
     const auto id = static_cast<UINT_PTR>(plan.childId);
-    CreateWindowExW(plan.exStyle, windowClass.lpszClassName, plan.title, plan.style, plan.place.left, plan.place.top,
-                    plan.place.width, plan.place.height, plan.parent, reinterpret_cast<HMENU>(id), ThisModule(), this);
+    CreateWindowExW(plan.exStyle, className, plan.title, plan.style, plan.place.left, plan.place.top, plan.place.width,
+                    plan.place.height, plan.parent, reinterpret_cast<HMENU>(id), ThisModule(), this);
     return handle_ != nullptr;
 }
 

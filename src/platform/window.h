@@ -15,6 +15,20 @@ struct WindowPlan {
     int childId = 0;
 };
 
+/// A class of windows that is described and registered once, with the first of them, and then only named.
+class WindowClass {
+  public:
+    /// `describe` gives everything but the name, the module and the procedure. It runs at most once.
+    WindowClass(const wchar_t* name, WNDCLASSEXW (*describe)()) : name_(name), describe_(describe) {}
+
+  private:
+    friend class Window;
+
+    const wchar_t* name_;
+    WNDCLASSEXW (*describe_)();
+    bool registered_ = false;
+};
+
 /// A window of our own: bound to its object from WM_NCCREATE to WM_NCDESTROY. The C++ owner owns the object, and
 /// destroying it destroys the window; the window never deletes the object.
 class Window {
@@ -37,7 +51,9 @@ class Window {
     void ShowKeyboardCues() const;
 
     /// Registers the class on first use (with its procedure) and creates the window. False on failure.
-    bool Create(WNDCLASSEXW windowClass, const WindowPlan& plan);
+    bool Create(const WNDCLASSEXW& windowClass, const WindowPlan& plan);
+    /// The same for a class that has many windows.
+    bool Create(WindowClass& windowClass, const WindowPlan& plan);
     void Destroy();
 
     /// One line per message, calling a named handler; all others are passed to Default. Exceptions are caught at the
@@ -50,6 +66,8 @@ class Window {
     void Invalidate() const;
 
   private:
+    [[nodiscard]] static bool Register(WNDCLASSEXW windowClass);
+    bool CreateOf(const wchar_t* className, const WindowPlan& plan);
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
     HWND handle_ = nullptr;

@@ -26,11 +26,16 @@ void SetTranslucency(HWND window, std::optional<int> alpha) {
     SetLayeredWindowAttributes(window, 0, static_cast<BYTE>(*alpha), LWA_ALPHA);
 }
 
-void AddDropShadow(HWND window) {
+bool DropShadowsAreOn() {
     BOOL shadows = FALSE;
-    if (SystemParametersInfoW(SPI_GETDROPSHADOW, 0, &shadows, 0) == 0 || shadows == FALSE) return;
+    return SystemParametersInfoW(SPI_GETDROPSHADOW, 0, &shadows, 0) != 0 && shadows != FALSE;
+}
+
+void UpdateDropShadow(HWND window) {
     const ULONG_PTR style = GetClassLongPtrW(window, GCL_STYLE);
-    SetClassLongPtrW(window, GCL_STYLE, static_cast<LONG_PTR>(style | CS_DROPSHADOW));
+    const ULONG_PTR without = style & ~ULONG_PTR{CS_DROPSHADOW};
+    const ULONG_PTR wanted = DropShadowsAreOn() ? without | CS_DROPSHADOW : without;
+    if (wanted != style) SetClassLongPtrW(window, GCL_STYLE, static_cast<LONG_PTR>(wanted));
 }
 
 void SetTextMargins(HWND textBox, int margin) {

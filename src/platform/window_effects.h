@@ -13,8 +13,10 @@ void SetTopmost(HWND window, bool topmost);
 [[nodiscard]] bool IsInFront(HWND window);
 /// Makes a window layered with a constant alpha (1 to 255), or not layered without a value.
 void SetTranslucency(HWND window, std::optional<int> alpha);
-/// Adds a drop shadow to the window's class if the user has enabled shadows. Visible the next time it is shown.
-void AddDropShadow(HWND window);
+/// Whether the user has enabled the shadows of windows.
+[[nodiscard]] bool DropShadowsAreOn();
+/// Adds a drop shadow to the window's class, or removes it, as the user has set. Visible the next time it is shown.
+void UpdateDropShadow(HWND window);
 /// Sets a text box's left and right inner margins, in pixels.
 void SetTextMargins(HWND textBox, int margin);
 /// True while the user has the system's high-contrast mode on.

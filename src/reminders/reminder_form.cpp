@@ -112,7 +112,7 @@ LRESULT ReminderForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
 }
 
 LRESULT ReminderForm::OnCreate() {
-    AddDropShadow(Handle());
+    UpdateDropShadow(Handle());
     icons_.GiveTo(Handle(), scale_);
     MakeFonts();
     return 0;

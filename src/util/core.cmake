@@ -5,6 +5,7 @@ target_sources(quillo_core PRIVATE
   util/color_word.cpp
   util/day_serial.cpp
   util/inflate.cpp
+  util/monitor.cpp
   util/numbers.cpp
   util/placement.cpp
   util/string_builder.cpp

@@ -182,8 +182,8 @@ TEST_F(Soak, NoUserActionLosesAnything) {
     std::cout << "QUILLO_SOAK_SEED=" << seed << " QUILLO_SOAK_ACTIONS=" << actions << std::endl;
     random_.seed(seed);
     Start();
-    const std::vector<HWND> icons = TrayIconWindows(Quillo().Pid());
-    ASSERT_EQ(icons.size(), 1U);
+    std::vector<HWND> icons;
+    ASSERT_TRUE(Eventually([&] { return (icons = TrayIconWindows(Quillo().Pid())).size() == 1; }));
     icon_ = icons.front();
     // Runs everything once, so that libraries loaded at their first use are present.
     OpenAndLeaveMenu();

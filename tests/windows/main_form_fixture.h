@@ -7,6 +7,7 @@
 #include "../unit/app/test_program.h"
 #include "mainmenu/main_form.h"
 #include "platform/drop_target.h"
+#include "platform/monitors.h"
 #include "platform/wide.h"
 #include "support.h"
 #include "util/busy_flag.h"
@@ -36,6 +37,16 @@ class MainFormTest : public testing::Test {
 
     /// The events raised since the last call.
     [[nodiscard]] std::string Heard() { return std::exchange(heard_, {}); }
+    /// The window that the shell sends the icon's messages to; null before the icon was added.
+    [[nodiscard]] static HWND TrayWindow() {
+        HWND window = nullptr;
+        while ((window = FindWindowExW(HWND_MESSAGE, window, L"QuilloTrayIcon", nullptr)) != nullptr) {
+            DWORD process = 0;
+            GetWindowThreadProcessId(window, &process);
+            if (process == GetCurrentProcessId()) return window;
+        }
+        return nullptr;
+    }
     void AddNote(std::u16string key) { ASSERT_NE(test_.program.openNotes.Add(test_.world, std::move(key)), nullptr); }
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendMessageW(form_.Handle(), message, wParam, lParam);
@@ -44,14 +55,20 @@ class MainFormTest : public testing::Test {
     TestProgram test_;
     OleSession ole_;
     BusyFlag dialogs_;
-    MainForm form_{MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_, dialogs_,
-                                 SessionEndCalls{[this](HWND window, const wchar_t* reason) {
-                                                     heldBy_ = window;
-                                                     heard_ += "held ";
-                                                     reason_ = FromWide(reason);
-                                                 },
-                                                 [this](HWND) { heard_ += "released "; }}},
-                   kTick};
+    int monitorQuestions_ = 0;
+    MonitorCache monitors_{[this] {
+        ++monitorQuestions_;
+        return AskForMonitors();
+    }};
+    MainForm form_{
+        MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_, dialogs_, monitors_,
+                      SessionEndCalls{[this](HWND window, const wchar_t* reason) {
+                                          heldBy_ = window;
+                                          heard_ += "held ";
+                                          reason_ = FromWide(reason);
+                                      },
+                                      [this](HWND) { heard_ += "released "; }}},
+        kTick};
     int backups_ = 0;
     HWND heldBy_ = nullptr;  ///< the window that last held up the end of the session
     std::u16string reason_;  ///< the reason that it gave

@@ -20,7 +20,10 @@ using Sounds = std::vector<SystemSound>;
 
 class MainFormWindow : public MainFormTest {
   protected:
-    MainFormWindow() { EXPECT_TRUE(form_.Load()); }
+    MainFormWindow() {
+        EXPECT_TRUE(form_.Load());
+        form_.ShowTrayIcon();
+    }
 
     /// Sends a message about a point of the menu, given at 96 dpi.
     void Mouse(UINT message, int x, int y) {
@@ -47,18 +50,8 @@ class MainFormWindow : public MainFormTest {
         return PixelOf(form_.Handle(),
                        Point{static_cast<int>(x * client.right / 300), static_cast<int>(y * client.bottom / 180)});
     }
-    /// The window that receives the shell's messages about the icon.
-    [[nodiscard]] static HWND IconWindow() {
-        HWND window = nullptr;
-        while ((window = FindWindowExW(HWND_MESSAGE, window, L"QuilloTrayIcon", nullptr)) != nullptr) {
-            DWORD process = 0;
-            GetWindowThreadProcessId(window, &process);
-            if (process == GetCurrentProcessId()) return window;
-        }
-        return nullptr;
-    }
     static void TellIcon(UINT message) {
-        PostMessageW(IconWindow(), 512, 1, static_cast<LPARAM>(message));
+        PostMessageW(TrayWindow(), 512, 1, static_cast<LPARAM>(message));
         PumpWaiting();
     }
     /// Whether another program could register that hotkey now.
@@ -168,7 +161,7 @@ TEST_F(MainFormWindow, ANewTaskBarGetsTheIcons) {
     (void)test_.views.View(0).TakeCalls();
     NOTIFYICONDATAW icon{};
     icon.cbSize = sizeof icon;
-    icon.hWnd = IconWindow();
+    icon.hWnd = TrayWindow();
     icon.uID = 1;
     if (!Shell_NotifyIconW(NIM_DELETE, &icon)) GTEST_SKIP() << "no notification area";
     Send(RegisterWindowMessageW(L"TaskbarCreated"));
@@ -179,12 +172,54 @@ TEST_F(MainFormWindow, ANewTaskBarGetsTheIcons) {
 TEST_F(MainFormWindow, UnloadingRemovesTheIconAndTheHotkeys) {
     NOTIFYICONDATAW icon{};
     icon.cbSize = sizeof icon;
-    icon.hWnd = IconWindow();
+    icon.hWnd = TrayWindow();
     icon.uID = 1;
     form_.Unload();
     EXPECT_FALSE(Shell_NotifyIconW(NIM_MODIFY, &icon));
     EXPECT_TRUE(IsFree(VK_F23));
     EXPECT_TRUE(IsFree(VK_F24));
+}
+
+TEST_F(MainFormTest, TheIconWaitsUntilItIsAskedFor) {
+    ASSERT_TRUE(form_.Load());
+    EXPECT_EQ(TrayWindow(), nullptr);
+    Send(WM_DPICHANGED);
+    EXPECT_EQ(TrayWindow(), nullptr) << "another picture adds no icon";
+    form_.ShowTrayIcon();
+    EXPECT_NE(TrayWindow(), nullptr);
+}
+
+TEST_F(MainFormTest, ABalloonNeedsTheIconAtOnce) {
+    ASSERT_TRUE(form_.Load());
+    form_.ShowBalloon(u"title", u"text", BalloonIcon::Information);
+    EXPECT_NE(TrayWindow(), nullptr);
+}
+
+TEST_F(MainFormTest, TheMenuNeedsTheIconAtOnce) {
+    ASSERT_TRUE(form_.Load());
+    form_.SlideForm(true);
+    EXPECT_NE(TrayWindow(), nullptr);
+}
+
+TEST_F(MainFormTest, ANewTaskBarGetsTheIconAlsoWhenItWaits) {
+    ASSERT_TRUE(form_.Load());
+    Send(RegisterWindowMessageW(L"TaskbarCreated"));
+    EXPECT_NE(TrayWindow(), nullptr);
+}
+
+TEST_F(MainFormWindow, TheMonitorsAreAskedForAgainWhenTheSystemSaysThatTheyChanged) {
+    monitorQuestions_ = 0;
+    Show();
+    form_.SlideForm(false);
+    Show();
+    EXPECT_EQ(monitorQuestions_, 1);
+    for (const UINT change : {WM_DISPLAYCHANGE, WM_SETTINGCHANGE, WM_DPICHANGED}) {
+        monitorQuestions_ = 0;
+        form_.SlideForm(false);
+        Send(change);
+        Show();
+        EXPECT_EQ(monitorQuestions_, 1) << change;
+    }
 }
 
 // Choosing.
@@ -483,9 +518,9 @@ TEST_F(MainFormWindow, AFileOnADeadNetworkBlocksNeitherTheMenuNorTheEnd) {
     SlowShell shell;
     {
         test_.program.settings.shortcuts[0] = u"\\\\server\\tool.exe";
-        MainForm form(
-            MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_, dialogs_},
-            kTick, shell.LookUp());
+        MainForm form(MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_,
+                                    dialogs_, monitors_},
+                      kTick, shell.LookUp());
         ASSERT_TRUE(form.Load());
         EXPECT_EQ(shell.TimesAsked(), 0) << "the start does not look";
         form.SlideForm(true);

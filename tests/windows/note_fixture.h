@@ -7,12 +7,14 @@
 #include "app/os_facts.h"
 #include "app/settings.h"
 #include "controls/note_button_images.h"
+#include "notes/note_batch.h"
 #include "notes/note_color_form.h"
 #include "notes/note_form.h"
 #include "notes/note_store.h"
 #include "notes/open_note.h"
 #include "notes/res_form.h"
 #include "platform/message_loop.h"
+#include "platform/monitors.h"
 #include "platform/win_file_store.h"
 #include "platform/win_locale_text.h"
 #include "platform/win_timers.h"
@@ -50,8 +52,8 @@ class NoteWorldForTests : public NoteOwner {
                          clock,    notice, *this,         printer, mail,   registry};
     }
     [[nodiscard]] NoteFormTools Tools() {
-        return NoteFormTools{settings, clock, locale,    random,      shell,   images, icons,
-                             fonts,    ole,   reminders, colorDialog, resForm, dialogs};
+        return NoteFormTools{settings, clock,     locale,      random,  shell,   images,   icons, fonts,
+                             ole,      reminders, colorDialog, resForm, dialogs, monitors, batch, windowClass};
     }
 
     TempFolder folder;
@@ -73,6 +75,13 @@ class NoteWorldForTests : public NoteOwner {
     NoteButtonImages images;
     SharedIcons icons;
     NoteFonts fonts;
+    int monitorQuestions = 0;
+    MonitorCache monitors{[this] {
+        ++monitorQuestions;
+        return AskForMonitors();
+    }};
+    NoteBatch batch;
+    WindowClass windowClass = NoteForm::Class();
     OleSession ole;
     FakeRegistryApi registry;
     FakeSoundDevice sound;

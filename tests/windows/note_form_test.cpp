@@ -74,6 +74,98 @@ TEST_F(NoteFormTest, ANewNoteIsHiddenAndHasItsDesignSizeNearTheMiddle) {
     EXPECT_FALSE(fresh.note.Data().Changed);
 }
 
+TEST_F(NoteFormTest, AWindowIsMadeWhereItsNoteBelongs) {
+    NotePosition position{1500, 750, 3000, 2400};
+    TestNote placed(world_, u"placed");
+    world_.random.draws = 0;
+    ASSERT_TRUE(placed.form.Create(position));
+    EXPECT_EQ(world_.random.draws, 2) << "drawn for every window";
+    const TwipsRect made = placed.form.Rectangle();
+    EXPECT_EQ(made, (TwipsRect{1500, 750, 3000, 2400}));
+    placed.form.MoveTo(made);
+    EXPECT_EQ(placed.form.Rectangle(), made);
+}
+
+TEST_F(NoteFormTest, WhatAPositionLeavesOutIsThatOfANewNote) {
+    TestNote fresh(world_, u"fresh");
+    world_.random.Queue({0.25, 0.75, 0.25, 0.75, 0.25, 0.75});
+    ASSERT_TRUE(fresh.form.Create());
+    const TwipsRect ofNew = fresh.form.Rectangle();
+    TestNote moved(world_, u"moved");
+    ASSERT_TRUE(moved.form.Create(NotePosition{1500, {}, {}, 3000}));
+    EXPECT_EQ(moved.form.Rectangle(), (TwipsRect{1500, ofNew.top, ofNew.width, 3000}));
+    TestNote empty(world_, u"empty");
+    ASSERT_TRUE(empty.form.Create(NotePosition{}));
+    EXPECT_EQ(empty.form.Rectangle(), ofNew);
+}
+
+TEST_F(NoteFormTest, TheMonitorsAreAskedForOnceUntilTheSystemSaysThatTheyChanged) {
+    TestNote two(world_, u"two");
+    TestNote three(world_, u"three");
+    ASSERT_TRUE(two.form.Create(NotePosition{1500, 750, 3000, 2400}));
+    ASSERT_TRUE(three.form.Create());
+    note_.Popup();
+    EXPECT_EQ(world_.monitorQuestions, 1);
+    for (const UINT change : {WM_DISPLAYCHANGE, WM_SETTINGCHANGE}) {
+        world_.monitorQuestions = 0;
+        SendMessageW(one_.Window(), change, 0, 0);
+        note_.Popup();
+        form_.MoveTo(TwipsRect{1500, 750, 3000, 2400});
+        EXPECT_EQ(world_.monitorQuestions, 1) << change;
+    }
+}
+
+TEST_F(NoteFormTest, TheShadowOfNotesFollowsTheSystemsSetting) {
+    BOOL before = FALSE;
+    SystemParametersInfoW(SPI_GETDROPSHADOW, 0, &before, 0);
+    const auto shadowed = [&] { return (GetClassLongPtrW(one_.Window(), GCL_STYLE) & CS_DROPSHADOW) != 0; };
+    for (const bool shadows : {true, false, true}) {
+        // The value is in the place of a pointer.
+        SystemParametersInfoW(SPI_SETDROPSHADOW, 0, reinterpret_cast<void*>(INT_PTR{shadows}), 0);
+        SendMessageW(one_.Window(), WM_SETTINGCHANGE, SPI_SETDROPSHADOW, 0);
+        BOOL now = FALSE;
+        SystemParametersInfoW(SPI_GETDROPSHADOW, 0, &now, 0);
+        EXPECT_EQ(shadowed(), now != FALSE);
+    }
+    SystemParametersInfoW(SPI_SETDROPSHADOW, 0, reinterpret_cast<void*>(INT_PTR{before}), 0);
+}
+
+TEST_F(NoteFormTest, OnlyTheFirstNoteOfABatchAsksWhetherItIsInFront) {
+    TestNote two(world_, u"two");
+    ASSERT_TRUE(two.Create());
+    const auto isTopOfAll = [](HWND window) {
+        HWND above = GetWindow(window, GW_HWNDPREV);
+        while (above != nullptr &&
+               (IsWindowVisible(above) == 0 || (GetWindowLongPtrW(above, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0))
+            above = GetWindow(above, GW_HWNDPREV);
+        return above == nullptr;
+    };
+    {
+        const NoteBatch::Scope batch(world_.batch);
+        note_.Popup();
+        EXPECT_TRUE(isTopOfAll(one_.Window()));
+        two.note.Popup();
+        EXPECT_TRUE(isTopOfAll(two.Window()));
+        note_.Popup();
+        EXPECT_TRUE(isTopOfAll(two.Window())) << "one is known to be in front";
+    }
+    note_.Popup();
+    EXPECT_TRUE(isTopOfAll(one_.Window())) << "the batch is over";
+}
+
+TEST_F(NoteFormTest, ThePartsAreLaidOutOnlyForAnotherSize) {
+    form_.Show();
+    MoveWindow(Box(), 0, 0, 10, 10, FALSE);
+    form_.Hide();
+    form_.MoveTo(TwipsRect{1500, 750, 2820, 2445});
+    form_.Show();
+    EXPECT_EQ(PlaceIn(one_.Window(), Box()), (Rect{0, 0, 10, 10})) << "nothing has asked for another layout";
+    form_.Hide();
+    form_.MoveTo(TwipsRect{1500, 750, 3000, 2400});
+    form_.Show();
+    EXPECT_EQ(PlaceIn(one_.Window(), Box()), LayOutNote(ClientSize(), scale_).messageBox);
+}
+
 TEST_F(NoteFormTest, PlacesAreRestoredInTwips) {
     for (const TwipsRect place : {TwipsRect{1500, 750, 2820, 2445}, TwipsRect{-300, -150, 6000, 4500}}) {
         form_.MoveTo(place);

@@ -70,6 +70,43 @@ class TestWindow : public Window {
     bool refuse_ = false;
 };
 
+class TestWindowOfAClass : public Window {
+  public:
+    ~TestWindowOfAClass() override { Destroy(); }
+    bool Make(WindowClass& windowClass) {
+        WindowPlan plan;
+        plan.style = WS_POPUP;
+        return Create(windowClass, plan);
+    }
+
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        return Default(message, wParam, lParam);
+    }
+};
+
+int timesDescribed = 0;
+
+TEST(WindowTest, AClassIsDescribedOnceForAllItsWindows) {
+    timesDescribed = 0;
+    WindowClass windowClass(L"QuilloTestClass", [] {
+        ++timesDescribed;
+        WNDCLASSEXW description{};
+        description.style = CS_DBLCLKS;
+        return description;
+    });
+    EXPECT_EQ(timesDescribed, 0);
+    TestWindowOfAClass one;
+    TestWindowOfAClass two;
+    ASSERT_TRUE(one.Make(windowClass));
+    ASSERT_TRUE(two.Make(windowClass));
+    EXPECT_EQ(timesDescribed, 1);
+    EXPECT_NE(GetClassLongPtrW(two.Handle(), GCL_STYLE) & CS_DBLCLKS, 0U);
+    WindowClass again(L"QuilloTestClass", [] { return WNDCLASSEXW{}; });
+    TestWindowOfAClass three;
+    EXPECT_TRUE(three.Make(again)) << "the system knows the name already";
+}
+
 TEST(WindowTest, TheObjectIsBoundFromTheFirstMessageToTheLast) {
     TestWindow window;
     EXPECT_EQ(window.Handle(), nullptr);

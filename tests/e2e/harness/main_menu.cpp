@@ -66,8 +66,10 @@ bool MainMenu::WaitUntilGone() const {
 }
 
 void MainMenu::SendToIcon(UINT message) const {
-    const std::vector<HWND> icons = TrayIconWindows(process_);
-    if (icons.size() == 1) PostMessageW(icons.front(), kIconMessage, 1, static_cast<LPARAM>(message));
+    std::vector<HWND> icons;
+    // The program adds its icon after its notes have painted.
+    if (Eventually([&] { return (icons = TrayIconWindows(process_)).size() == 1; }))
+        PostMessageW(icons.front(), kIconMessage, 1, static_cast<LPARAM>(message));
 }
 
 POINT MainMenu::OnScreen(int x, int y) const {

@@ -48,6 +48,15 @@ TEST_F(NoteOpeningTest, AFileFromOutsideMovesIntoTheNotesFolder) {
     EXPECT_TRUE(test_.shell.recycled.empty());
 }
 
+TEST_F(NoteOpeningTest, AWindowIsAskedForWhereTheFileSays) {
+    ASSERT_NE(OpenBytes(TestProgram::Stored(u"a.qln"), Tagged("a", "<position>150,300,,2400</position>")), nullptr);
+    ASSERT_NE(OpenBytes(TestProgram::Stored(u"b.qln"), "no tags"), nullptr);
+    ASSERT_EQ(test_.views.positions.size(), 2U);
+    EXPECT_EQ(test_.views.positions[0], (NotePosition{150, 300, {}, 2400}));
+    EXPECT_EQ(test_.views.positions[1], std::nullopt);
+    EXPECT_EQ(test_.views.View(0).Rectangle(), (TwipsRect{150, 300, 2820, 2400})) << "each field by itself";
+}
+
 TEST_F(NoteOpeningTest, AFileWhoseNoteHasNoWindowStaysAndNothingIsStored) {
     test_.views.room = 0;
     EXPECT_EQ(OpenBytes(kOutside, "Buy milk"), nullptr);

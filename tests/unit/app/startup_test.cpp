@@ -85,6 +85,15 @@ class StartupTest : public testing::Test {
     Program& program_ = test_.program;
 };
 
+TEST_F(StartupTest, TheSavedNotesAreOneBatchAndTheCommandLineIsNot) {
+    PutStored(u"a.qln", "a");
+    test_.files.Put(u"C:\\Users\\ann\\Desktop\\b.qln", "b");
+    std::vector<bool> inBatch;
+    test_.views.onMake = [&] { inBatch.push_back(test_.batch.IsInFront([] { return true; })); };
+    EXPECT_EQ(Start(u"C:\\Users\\ann\\Desktop\\b.qln"), StartupOutcome::Running);
+    EXPECT_EQ(inBatch, (std::vector{true, false}));
+}
+
 // A second start.
 
 TEST_F(StartupTest, ASecondStartPassesOnItsCommandLineAndEnds) {

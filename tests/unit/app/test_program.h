@@ -17,6 +17,7 @@
 #include "app/recovery.h"
 #include "app/save_all.h"
 #include "app/startup.h"
+#include "notes/note_batch.h"
 #include "notes/note_store.h"
 #include "testing/fake_clock.h"
 #include "testing/fake_file_store.h"
@@ -36,10 +37,12 @@ namespace quillo {
 /// Gives every note a fake window, and keeps the windows in the order of their creation.
 class FakeViewFactory : public NoteViewFactory {
   public:
-    [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note) override {
+    [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note,
+                                                     const std::optional<NotePosition>& position) override {
         if (onMake) onMake();
         if (views_.size() >= room) return nullptr;
         auto view = std::make_unique<FakeNoteView>();
+        positions.push_back(position);
         notes_.push_back(&note);
         views_.push_back(view.get());
         return view;
@@ -51,6 +54,8 @@ class FakeViewFactory : public NoteViewFactory {
 
     /// Called before each window is created.
     std::function<void()> onMake;
+    /// The place that was requested for each window.
+    std::vector<std::optional<NotePosition>> positions;
     /// How many windows the system can create in all.
     std::size_t room = std::numeric_limits<std::size_t>::max();
 
@@ -81,7 +86,7 @@ class TestProgram {
         return paths;
     }
     [[nodiscard]] StartupWorld ForStartup() {
-        return StartupWorld{program, world, opening, legacy, late, recovery, registry, files, shell, notice};
+        return StartupWorld{program, world, opening, legacy, late, recovery, registry, files, shell, notice, batch};
     }
     void FillUpTo(std::size_t count) {
         while (program.openNotes.Count() < count) {
@@ -119,6 +124,7 @@ class TestProgram {
                     registry};
     LegacyNotes legacy{registry, program.openNotes, random};
     SaveAll saveAll{program.openNotes, legacy, store};
+    NoteBatch batch;
     NoteOpening opening{program, world, random, saveAll};
     LateNotes late{opening, timers, notice, program.settings};
     Recovery recovery{store, locale, program.notesFolder};

@@ -1,4 +1,5 @@
 target_sources(quillo_core_tests PRIVATE
+  unit/notes/note_batch_test.cpp
   unit/notes/note_color_dialog_test.cpp
   unit/notes/note_commands_test.cpp
   unit/notes/note_drop_test.cpp

@@ -1,5 +1,6 @@
 target_sources(quillo_core_tests PRIVATE
   unit/util/inflate_test.cpp
+  unit/util/monitor_test.cpp
   unit/util/placement_test.cpp
   unit/util/string_builder_test.cpp
   unit/util/unicode_test.cpp
