@@ -4,6 +4,7 @@ target_sources(quillo_core PRIVATE
   util/coverage_planes.cpp
   util/color_word.cpp
   util/day_serial.cpp
+  util/decimal.cpp
   util/inflate.cpp
   util/monitor.cpp
   util/numbers.cpp

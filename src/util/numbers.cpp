@@ -1,31 +1,25 @@
 #include "util/numbers.h"
 
+#include <algorithm>
 #include <charconv>
-#include <clocale>
 #include <cmath>
 #include <cstddef>
-#include <cstdio>
-#include <cstdlib>
 #include <limits>
 #include <string>
 #include <string_view>
 
-// The conversions of the C library: those of <charconv> would add a quarter to the program's size. A shell extension or
-// a printer driver in the process may change the C library's locale, and with it the decimal sign of these conversions.
+#include "util/decimal.h"
+
 namespace quillo {
 namespace {
 
-std::u16string Widen(const char* first, const char* last) {
-    return std::u16string(first, last);
+std::u16string Widen(std::string_view ascii) {
+    return std::u16string(ascii.begin(), ascii.end());
 }
 
-/// The digits with "." instead of the decimal sign of the C library's locale.
-std::string WithPeriod(std::string_view digits) {
-    const std::string_view sign = std::localeconv()->decimal_point;
-    std::string text(digits);
-    const std::size_t at = text.find(sign);
-    if (at != std::string::npos) text.replace(at, sign.size(), ".");
-    return text;
+/// What is no number of digits, for a value with that sign.
+std::u16string NoDigits(double value) {
+    return (std::signbit(value) ? u"-" : u"") + std::u16string(std::isnan(value) ? u"nan" : u"inf");
 }
 
 // How many characters at the start of the text, all of them ASCII, form a number without its sign.
@@ -50,40 +44,64 @@ std::size_t LengthOfNumber(std::u16string_view text) {
     return end;
 }
 
+/// The digits of an exponent; far outside of any double's where there are too many.
+int Exponent(std::u16string_view digits) {
+    constexpr int kEnough = 1'000'000;
+    const bool negative = digits.front() == u'-';
+    int exponent = 0;
+    for (const char16_t c : digits) {
+        if (c >= u'0' && c <= u'9') exponent = std::min(exponent * 10 + (c - u'0'), kEnough);
+    }
+    return negative ? -exponent : exponent;
+}
+
+/// The value of a text that LengthOfNumber has measured.
+double Number(std::u16string_view text) {
+    const std::size_t end = std::min(text.find_first_of(u"eE"), text.size());
+    std::string digits;
+    digits.reserve(end);
+    std::size_t point = end;
+    for (std::size_t i = 0; i < end; ++i)
+        text[i] == u'.' ? void(point = i) : digits.push_back(static_cast<char>(text[i]));
+    // A point further out than this has as many zeros before it as there are digits: the exponent cannot bring it back.
+    const int exponent = end < text.size() ? Exponent(text.substr(end + 1)) : 0;
+    constexpr std::size_t kFarthest = 100'000'000;
+    return Decimal(digits, static_cast<int>(std::min(point, kFarthest)) + exponent).ToDouble();
+}
+
 }  // namespace
 
 std::u16string FormatSingle(float value, std::u16string_view decimalSeparator) {
-    char digits[32];
-    const float positiveZero = value == 0 ? 0.0F : value;
-    const int length = std::snprintf(digits, sizeof digits, "%.7g", static_cast<double>(positiveZero));
-    std::u16string text;
-    for (const char c : WithPeriod({digits, static_cast<std::size_t>(length)})) {
-        if (c == '.') {
-            text += decimalSeparator;
-        } else {
-            text += static_cast<char16_t>(c == 'e' ? 'E' : c);
-        }
-    }
-    return text;
+    constexpr int kDigits = 7;
+    constexpr int kLowestExponent = -4;
+    if (!std::isfinite(value)) return NoDigits(value);
+    Decimal decimal(value);
+    decimal.RoundToDigits(kDigits);
+    const int exponent = decimal.Digits().empty() ? 0 : decimal.Point() - 1;
+    const bool plain = exponent >= kLowestExponent && exponent < kDigits;
+    const std::string digits = plain ? decimal.Plain() : Decimal(decimal.Digits(), 1).Plain();
+    std::u16string text = value < 0 ? u"-" : u"";
+    for (const char c : digits) c == '.' ? text.append(decimalSeparator) : text.append(1, static_cast<char16_t>(c));
+    if (plain) return text;
+    const int length = exponent < 0 ? -exponent : exponent;
+    text += exponent < 0 ? u"E-" : u"E+";
+    if (length < 10) text += u'0';
+    return text + FormatInteger(length);
 }
 
 std::u16string FormatSerial(double value) {
+    if (!std::isfinite(value)) return NoDigits(value);
     int precision = 15;
     for (double whole = std::fabs(value); whole >= 1 && precision > 0; whole /= 10) --precision;
-    char digits[400];  // the largest double has 309 digits before the point
-    const int length = std::snprintf(digits, sizeof digits, "%.*f", precision, value);
-    std::string plain = WithPeriod({digits, static_cast<std::size_t>(length)});
-    if (precision > 0) {
-        plain.resize(plain.find_last_not_of('0') + 1);
-        if (plain.back() == '.') plain.pop_back();
-    }
-    return plain == "-0" ? u"0" : Widen(plain.data(), plain.data() + plain.size());
+    Decimal decimal(value);
+    decimal.RoundToDecimals(precision);
+    return (value < 0 && !decimal.Digits().empty() ? u"-" : u"") + Widen(decimal.Plain());
 }
 
 std::u16string FormatInteger(std::int64_t value) {
     char digits[24];
     const auto result = std::to_chars(digits, digits + sizeof digits, value);
-    return Widen(digits, result.ptr);
+    return Widen({digits, static_cast<std::size_t>(result.ptr - digits)});
 }
 
 double ParseLeadingNumber(std::u16string_view text) {
@@ -93,11 +111,7 @@ double ParseLeadingNumber(std::u16string_view text) {
     const bool negative = text.front() == u'-';
     if (negative || text.front() == u'+') text.remove_prefix(1);
 
-    std::string number;
-    for (const char16_t c : text.substr(0, LengthOfNumber(text))) {
-        c == u'.' ? number.append(std::localeconv()->decimal_point) : number.append(1, static_cast<char>(c));
-    }
-    const double value = std::strtod(number.c_str(), nullptr);  // out of range: 0 or infinity
+    const double value = Number(text.substr(0, LengthOfNumber(text)));
     return negative ? -value : value;
 }
 

@@ -1,4 +1,5 @@
 target_sources(quillo_core_tests PRIVATE
+  unit/util/decimal_test.cpp
   unit/util/inflate_test.cpp
   unit/util/monitor_test.cpp
   unit/util/placement_test.cpp
