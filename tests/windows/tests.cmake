@@ -6,6 +6,7 @@ target_sources(quillo_windows_tests PRIVATE
   windows/app_id_test.cpp
   windows/control_fixture.cpp
   windows/divider_test.cpp
+  windows/import_counter.cpp
   windows/main.cpp
   windows/main_form_test.cpp
   windows/mail_form_test.cpp
@@ -31,6 +32,7 @@ target_sources(quillo_windows_tests PRIVATE
   windows/set_reminder_form_test.cpp
   windows/shortcut_icon_test.cpp
   windows/support.cpp
+  windows/start_counts_test.cpp
   windows/tab_test.cpp
   windows/tray_test.cpp
   windows/win_file_store_test.cpp

@@ -1,0 +1,110 @@
+// What causes the time of a start is counted where the program's own code calls the system: a constant, and so much
+// for each note. No time is asserted.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "app/legacy_import.h"
+#include "app/note_opening.h"
+#include "app/program.h"
+#include "app/save_all.h"
+#include "import_counter.h"
+#include "note_fixture.h"
+
+namespace quillo::windows_tests {
+namespace {
+
+struct Counts {
+    int windows = 0;
+    int classes = 0;
+    int files = 0;
+    int monitorQuestions = 0;
+    int nearestMonitors = 0;
+    int libraries = 0;
+    int registryValues = 0;
+    int windowsInAll = 0;  ///< with what comes after the first painting
+};
+
+/// Real notes of a folder of their own, opened as a start opens them.
+class OpenedNotes : private NoteViewFactory {
+  public:
+    [[nodiscard]] Counts Open(int notes) {
+        for (int i = 0; i < notes; ++i) Write(i);
+        const ImportCounter<0, decltype(CreateWindowExW)> windows("CreateWindowExW");
+        const ImportCounter<1, decltype(RegisterClassExW)> classes("RegisterClassExW");
+        const ImportCounter<2, decltype(CreateFileW)> files("CreateFileW");
+        const ImportCounter<3, decltype(EnumDisplayMonitors)> monitors("EnumDisplayMonitors");
+        const ImportCounter<4, decltype(MonitorFromPoint)> nearest("MonitorFromPoint");
+        const ImportCounter<5, decltype(LoadLibraryExW)> libraries("LoadLibraryExW");
+        const ImportCounter<6, decltype(RegQueryValueExW)> values("RegQueryValueExW");
+        EXPECT_TRUE(windows.IsCalled() && classes.IsCalled() && files.IsCalled() && monitors.IsCalled() &&
+                    nearest.IsCalled() && libraries.IsCalled() && values.IsCalled());
+        {
+            const NoteBatch::Scope batch(world_.batch);
+            program_.startingUp = program_.loadingNotes = true;
+            for (const FileEntry& file : world_.files.List(program_.notesFolder, kNoteExtension)) {
+                EXPECT_EQ(opening_.OpenNoteFile(file.path, OpenMode::AtStart), OpenOutcome::Done);
+            }
+            program_.startingUp = program_.loadingNotes = false;
+        }
+        Counts counts{windows.Calls(), classes.Calls(),   files.Calls(), monitors.Calls(),
+                      nearest.Calls(), libraries.Calls(), values.Calls()};
+        EXPECT_EQ(program_.openNotes.Count(), static_cast<std::size_t>(notes));
+        EXPECT_TRUE(PumpUntil([&] { return windows.Calls() >= counts.windows + 3 * notes; }));
+        PumpWaiting();
+        counts.windowsInAll = windows.Calls();
+        program_.openNotes.UnloadAll();
+        return counts;
+    }
+
+  private:
+    [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note,
+                                                     const std::optional<NotePosition>& position) override {
+        auto form = std::make_unique<NoteForm>(note, world_.Tools());
+        if (!form->Create(position)) return nullptr;
+        return form;
+    }
+    void Write(int index) {
+        const std::string number = std::to_string(index);
+        const std::u16string path =
+            world_.folder.Path() + u"\\" + std::u16string(number.begin(), number.end()) + u".qln";
+        EXPECT_EQ(world_.files.Create(path, "note " + number + "\r\n<quillo><position>1500," + number +
+                                                "500,2820,2445</position><appearance>False,False,0,0,0,0</appearance>"
+                                                "<nodelete></nodelete></quillo>"),
+                  FileError::None);
+    }
+
+    NoteWorldForTests world_;
+    Program program_{*this};
+    NoteWorld notes_{world_.settings, world_.os,     program_.notesFolder, world_.store,  world_.timers,
+                     world_.failures, world_.locale, world_.clock,         world_.notice, program_.openNotes,
+                     world_.printer,  world_.mail,   world_.registry};
+    LegacyNotes legacy_{world_.registry, program_.openNotes, world_.random};
+    SaveAll saveAll_{program_.openNotes, legacy_, world_.store};
+    NoteOpening opening_{program_, notes_, world_.random, saveAll_};
+
+  public:
+    OpenedNotes() { program_.notesFolder = world_.folder.Path(); }
+};
+
+TEST(StartCounts, EachNoteCostsItsTwoWindowsAndItsFileAndNothingElse) {
+    // What a process asks for once is asked for now.
+    (void)OpenedNotes().Open(1);
+    const Counts few = OpenedNotes().Open(2);
+    const Counts many = OpenedNotes().Open(7);
+    const int more = 7 - 2;
+    EXPECT_EQ(few.windows, 2 * 2) << "the note and its text box";
+    EXPECT_EQ(many.windows, 2 * 7);
+    EXPECT_EQ(many.windowsInAll - few.windowsInAll, 5 * more) << "and three buttons after the first painting";
+    EXPECT_EQ(few.classes, 1);
+    EXPECT_EQ(many.classes, 1);
+    EXPECT_EQ(many.files - few.files, more);
+    EXPECT_EQ(few.monitorQuestions, 1);
+    EXPECT_EQ(many.monitorQuestions, 1);
+    EXPECT_EQ(many.nearestMonitors, 0);
+    EXPECT_EQ(many.libraries, 0);
+    EXPECT_EQ(many.registryValues, 0);
+}
+
+}  // namespace
+}  // namespace quillo::windows_tests
