@@ -27,7 +27,7 @@ WINDOW_FOLDERS = ["platform", "controls", "reminders", "notes", "mainmenu", "app
 COMPOSITION_ROOT = {"app/quillo_procs", "app/main"}
 WINDOWS_H_HOME = "platform/win32.h"
 # Linked only to quillo.exe, so that no library lists it.
-PROGRAM_ALONE = {"app/main.cpp", "app/library_exceptions.cpp"}
+PROGRAM_ALONE = {"app/main.cpp", "app/library_exceptions.cpp", "app/library_threads.cpp"}
 # The headers of the resources, for window files.
 RESOURCE_HEADERS = {"resources/resource_ids.h", "version.h"}
 # Headers that the build generates for one file of the core, and that file.
@@ -121,7 +121,7 @@ def check_include(tree, name, kind, target):
         return None if name == WINDOWS_H_HOME else f"only {WINDOWS_H_HOME} includes windows.h"
     if kind == "<":
         return None
-    is_window = name in tree.windows
+    is_window = name in tree.windows or name in PROGRAM_ALONE
     if target in GENERATED_HEADERS:
         return None if name == GENERATED_HEADERS[target] else f"only {GENERATED_HEADERS[target]} includes {target}"
     if target in RESOURCE_HEADERS:

@@ -44,38 +44,21 @@ double Kilobytes(const std::string& text, const char* name) {
     return at == std::string::npos ? 0 : std::atof(text.c_str() + text.find(':', at) + 1);
 }
 
-/// Wine does not report which pages are shared or private; Linux does, in a file that Wine's drive Z: makes available.
-/// `name` is the program's name as Linux shortens it, and `prefix` the entry of its environment that distinguishes it
-/// from other runs. Nothing on Windows.
-std::optional<Held> HeldByLinux(const std::string& name, const std::string& prefix) {
-    WIN32_FIND_DATAW found{};
-    HANDLE search = FindFirstFileW(L"Z:\\proc\\*", &found);
-    if (search == INVALID_HANDLE_VALUE) return std::nullopt;
-    std::optional<Held> held;
-    do {
-        const std::wstring folder = std::wstring(L"Z:\\proc\\") + found.cFileName;
-        if (found.cFileName[0] < L'1' || found.cFileName[0] > L'9') continue;
-        if (quillo::bench::ReadAllOfDevice(folder + L"\\comm") != name + "\n") continue;
-        if (quillo::bench::ReadAllOfDevice(folder + L"\\environ").find(prefix) == std::string::npos) continue;
-        const std::string rollup = quillo::bench::ReadAllOfDevice(folder + L"\\smaps_rollup");
-        if (rollup.empty()) continue;
-        held.emplace();
-        held->proportionalMegabytes = Kilobytes(rollup, "\nPss:") / 1024;
-        held->privateMegabytes = (Kilobytes(rollup, "\nPrivate_Clean:") + Kilobytes(rollup, "\nPrivate_Dirty:")) / 1024;
-    } while (FindNextFileW(search, &found) != 0);
-    FindClose(search);
+/// Wine does not report which pages are shared or private; Linux does. Nothing on Windows.
+std::optional<Held> HeldByLinux(const std::string& name) {
+    const std::wstring folder = quillo::bench::LinuxFolderOf(name);
+    if (folder.empty()) return std::nullopt;
+    const std::string rollup = quillo::bench::ReadAllOfDevice(folder + L"\\smaps_rollup");
+    if (rollup.empty()) return std::nullopt;
+    Held held;
+    held.proportionalMegabytes = Kilobytes(rollup, "\nPss:") / 1024;
+    held.privateMegabytes = (Kilobytes(rollup, "\nPrivate_Clean:") + Kilobytes(rollup, "\nPrivate_Dirty:")) / 1024;
     return held;
-}
-
-std::string PrefixEntry() {
-    const std::string environment = quillo::bench::ReadAllOfDevice(L"Z:\\proc\\self\\environ");
-    const std::size_t at = environment.find("WINEPREFIX=");
-    return at == std::string::npos ? std::string() : environment.substr(at, environment.find('\0', at) - at);
 }
 
 Held Measure(HANDLE process, const std::string& name) {
     Held held;
-    if (const auto known = HeldByLinux(name, PrefixEntry())) {
+    if (const auto known = HeldByLinux(name)) {
         held = *known;
     } else {
         PROCESS_MEMORY_COUNTERS_EX counters{};

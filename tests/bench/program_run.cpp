@@ -1,5 +1,7 @@
 #include "bench/program_run.h"
 
+#include <cstdlib>
+
 #include "platform/wide.h"
 #include "platform/win_file_store.h"
 #include "platform/win_shell.h"
@@ -22,6 +24,19 @@ std::vector<HWND> WindowsOf(const wchar_t* windowClass) {
     HWND note = nullptr;
     while ((note = FindWindowExW(nullptr, note, windowClass, nullptr)) != nullptr) notes.push_back(note);
     return notes;
+}
+
+/// The folders whose names are numbers, as Linux names processes and threads.
+std::vector<std::wstring> NumbersIn(const std::wstring& folder) {
+    std::vector<std::wstring> found;
+    WIN32_FIND_DATAW entry{};
+    HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
+    if (search == INVALID_HANDLE_VALUE) return found;
+    do {
+        if (entry.cFileName[0] >= L'1' && entry.cFileName[0] <= L'9') found.push_back(folder + L'\\' + entry.cFileName);
+    } while (FindNextFileW(search, &entry) != 0);
+    FindClose(search);
+    return found;
 }
 
 }  // namespace
@@ -48,7 +63,7 @@ NotesFolder::~NotesFolder() {
 }
 
 ProgramRun::ProgramRun(const std::string& exe, int notes, const std::wstring& arguments, const wchar_t* windowClass)
-    : windowClass_(windowClass) {
+    : name_(exe.substr(exe.find_last_of('\\') + 1)), windowClass_(windowClass) {
     std::wstring line = L"\"" + std::wstring(exe.begin(), exe.end()) + L"\"" + arguments;
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
@@ -73,12 +88,38 @@ ProgramRun::~ProgramRun() {
 }
 
 double ProgramRun::ProcessorMilliseconds() const {
+    return ProcessorMillisecondsOf(process_.Get(), name_);
+}
+
+double ProcessorMillisecondsOf(HANDLE process, const std::string& name) {
+    // Wine answers with the time of the process that asks.
+    const std::wstring folder = LinuxFolderOf(name);
+    if (!folder.empty()) {
+        double nanoseconds = 0;
+        for (const std::wstring& thread : NumbersIn(folder + L"\\task")) {
+            nanoseconds += std::atof(ReadAllOfDevice(thread + L"\\schedstat").c_str());
+        }
+        return nanoseconds / 1'000'000;
+    }
     FILETIME ignored{};
     FILETIME kernel{};
     FILETIME user{};
-    GetProcessTimes(process_.Get(), &ignored, &ignored, &kernel, &user);
+    GetProcessTimes(process, &ignored, &ignored, &kernel, &user);
     const auto ticks = [](const FILETIME& time) { return (ULONGLONG{time.dwHighDateTime} << 32) + time.dwLowDateTime; };
     return static_cast<double>(ticks(kernel) + ticks(user)) / 10'000;
+}
+
+std::wstring LinuxFolderOf(const std::string& name) {
+    const std::string environment = ReadAllOfDevice(L"Z:\\proc\\self\\environ");
+    const std::size_t at = environment.find("WINEPREFIX=");
+    if (at == std::string::npos) return {};
+    const std::string prefix = environment.substr(at, environment.find('\0', at) - at);
+    std::wstring youngest;
+    for (const std::wstring& folder : NumbersIn(L"Z:\\proc")) {
+        if (ReadAllOfDevice(folder + L"\\comm") != name.substr(0, 15) + "\n") continue;
+        if (ReadAllOfDevice(folder + L"\\environ").find(prefix) != std::string::npos) youngest = folder;
+    }
+    return youngest;
 }
 
 std::vector<HWND> ProgramRun::TextBoxes() const {

@@ -28,6 +28,13 @@ class NotesFolder {
     bool ready_ = false;
 };
 
+/// Spent by a process in user mode and in the system, since its start. `name` is the program's.
+[[nodiscard]] double ProcessorMillisecondsOf(HANDLE process, const std::string& name);
+
+/// Where Wine's drive Z: shows what Linux knows of the youngest process of that program in this Wine prefix; "" on
+/// Windows. Linux keeps 15 characters of the name.
+[[nodiscard]] std::wstring LinuxFolderOf(const std::string& name);
+
 /// One start of the program under measurement, ended with the object.
 class ProgramRun {
   public:
@@ -50,6 +57,7 @@ class ProgramRun {
 
   private:
     KernelHandle process_;
+    std::string name_;
     const wchar_t* windowClass_;
     bool ready_ = false;
 };

@@ -1,7 +1,7 @@
 // The time from the program's start until every note is painted, compared with the bare program that shows the same
-// files in the same run, interleaved; prints the ratio of the medians.
-// Usage: startup_bench QUILLO.EXE BARE_NOTES.EXE [RUNS]
-// It uses the notes folder of the user who runs it, and refuses one that holds notes.
+// files in the same run, interleaved; prints the ratio of the medians, and the middle half of the values. Processor
+// time is that of the program's own process, which on a busy machine is steadier than the clock. Usage: startup_bench
+// QUILLO.EXE BARE_NOTES.EXE [RUNS] It uses the notes folder of the user who runs it, and refuses one that holds notes.
 
 #include <algorithm>
 #include <chrono>
@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/program_run.h"
 #include "platform/unique_handle.h"
 #include "platform/wide.h"
 #include "platform/win_file_store.h"
@@ -34,14 +35,18 @@ bool ArePainted(const wchar_t* windowClass, int notes) {
     return static_cast<int>(windows.size()) >= notes && std::all_of(windows.begin(), windows.end(), &IsPainted);
 }
 
-/// Milliseconds from the start of the command until `notes` windows are painted; negative on a timeout.
-double TimeStart(const std::wstring& command, const wchar_t* windowClass, int notes) {
+struct Start {
+    double milliseconds = -1;  ///< until the windows are painted; negative on a timeout
+    double processor = 0;      ///< milliseconds of processor time until then
+};
+
+Start TimeStart(const std::wstring& command, const wchar_t* windowClass, int notes) {
     std::wstring line = command;
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION info{};
     const auto begin = Clock::now();
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &info)) return -1;
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &info)) return {};
     const quillo::KernelHandle process(info.hProcess);
     const quillo::KernelHandle thread(info.hThread);
     bool painted = false;
@@ -50,15 +55,38 @@ double TimeStart(const std::wstring& command, const wchar_t* windowClass, int no
         painted = ArePainted(windowClass, notes);
     }
     const std::chrono::duration<double, std::milli> took = Clock::now() - begin;
+    const std::size_t name = command.find_last_of(L'\\', command.find(L'"', 1)) + 1;
+    const std::wstring program = command.substr(name, command.find(L'"', 1) - name);
+    const double processor =
+        quillo::bench::ProcessorMillisecondsOf(process.Get(), std::string(program.begin(), program.end()));
     TerminateProcess(process.Get(), 0);
     WaitForSingleObject(process.Get(), INFINITE);
     while (FindWindowExW(nullptr, nullptr, windowClass, nullptr) != nullptr) Sleep(4);
-    return painted ? took.count() : -1;
+    return {painted ? took.count() : -1, processor};
 }
 
-double Median(std::vector<double> values) {
+/// The value that so much of the others lies below.
+double Quantile(std::vector<double> values, double part) {
     std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
+    return values[static_cast<std::size_t>(part * static_cast<double>(values.size() - 1) + 0.5)];
+}
+
+struct Times {
+    std::vector<double> clock;
+    std::vector<double> processor;
+
+    void Add(const Start& start) {
+        clock.push_back(start.milliseconds);
+        processor.push_back(start.processor);
+    }
+};
+
+void Print(int notes, const char* what, const std::vector<double>& ours, const std::vector<double>& theirs) {
+    const double a = Quantile(ours, 0.5);
+    const double b = Quantile(theirs, 0.5);
+    std::printf("%5d  %-9s  %7.1f (%.1f to %.1f)  %7.1f (%.1f to %.1f)   %.2f\n", notes, what, a, Quantile(ours, 0.25),
+                Quantile(ours, 0.75), b, Quantile(theirs, 0.25), Quantile(theirs, 0.75), a / b);
+    std::fflush(stdout);
 }
 
 std::string SampleNote(int index) {
@@ -90,7 +118,7 @@ int main(int argc, char** argv) {
     const std::string bare = argv[2];
     const std::wstring bareCommand = L"\"" + std::wstring(bare.begin(), bare.end()) + L"\" " + quillo::Wide(folder);
 
-    std::printf("notes   quillo ms    bare ms   ratio of medians\n");
+    std::printf("notes  time of    quillo ms (middle half)  bare ms (middle half)   ratio of medians\n");
     int written = 0;
     for (const int notes : {1, 10, 50}) {
         for (; written < notes; ++written) {
@@ -98,16 +126,16 @@ int main(int argc, char** argv) {
             const std::u16string path = folder + std::u16string(name.begin(), name.end());
             if (files.Create(path, SampleNote(written)) != quillo::FileError::None) return 1;
         }
-        std::vector<double> ours;
-        std::vector<double> theirs;
+        Times ours;
+        Times theirs;
         for (int run = -1; run < runs; ++run) {  // the first pair only warms up
-            const double a = TimeStart(quilloCommand, L"QuilloNote", notes);
-            const double b = TimeStart(bareCommand, L"BareNote", notes);
-            if (a < 0 || b < 0) return std::printf("the notes did not come\n"), 1;
-            if (run >= 0) ours.push_back(a), theirs.push_back(b);
+            const Start a = TimeStart(quilloCommand, L"QuilloNote", notes);
+            const Start b = TimeStart(bareCommand, L"BareNote", notes);
+            if (a.milliseconds < 0 || b.milliseconds < 0) return std::printf("the notes did not come\n"), 1;
+            if (run >= 0) ours.Add(a), theirs.Add(b);
         }
-        std::printf("%5d   %9.1f  %9.1f   %.2f\n", notes, Median(ours), Median(theirs), Median(ours) / Median(theirs));
-        std::fflush(stdout);
+        Print(notes, "clock", ours.clock, theirs.clock);
+        Print(notes, "processor", ours.processor, theirs.processor);
     }
     for (const quillo::FileEntry& file : files.List(folder, u".qln")) {
         if (files.Delete(file.path) != quillo::FileError::None) std::printf("a note was left behind\n");

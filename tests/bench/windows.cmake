@@ -1,7 +1,8 @@
 # Start-up of the whole program, compared with a bare one that shows the same files.
 add_executable(bare_notes WIN32 ${CMAKE_CURRENT_LIST_DIR}/bare_notes.cpp)
 target_link_libraries(bare_notes PRIVATE quillo_windows)
-add_executable(startup_bench ${CMAKE_CURRENT_LIST_DIR}/startup_bench.cpp)
+add_executable(startup_bench ${CMAKE_CURRENT_LIST_DIR}/startup_bench.cpp ${CMAKE_CURRENT_LIST_DIR}/program_run.cpp)
+target_include_directories(startup_bench PRIVATE ${PROJECT_SOURCE_DIR}/tests)
 target_link_libraries(startup_bench PRIVATE quillo_windows)
 add_dependencies(startup_bench quillo bare_notes)
 
