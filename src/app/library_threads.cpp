@@ -1,6 +1,6 @@
-// What the C++ library asks of threads, for the program alone. GCC's library brings an implementation of POSIX threads
-// along: 26 kB, of which it needs ten functions, to guard the first use of static objects and the storage of
-// exceptions. Their locks are held for moments, and two threads hardly ever meet in them: waiting is asking again.
+// The thread functions that the C++ library needs, linked only to the program. GCC's library links a whole
+// implementation of POSIX threads, 26 kB, but uses only ten functions of it, for static objects and for exceptions.
+// Their locks are held very briefly, and two threads hardly ever need one at the same time, so that waiting is polling.
 #if defined(__MINGW32__) && defined(_WIN64)
 
 #include <pthread.h>
@@ -11,8 +11,8 @@
 
 namespace {
 
-/// A lock is free while it holds an initializer, all of which are negative, and otherwise holds its thread's number and
-/// how often that thread has locked it.
+/// A free lock contains one of the initializers, all of which are negative. A held one contains the identifier of its
+/// thread and how often that thread has locked it.
 constexpr pthread_mutex_t kFree = PTHREAD_MUTEX_INITIALIZER;
 constexpr int kCountBits = 16;
 
@@ -60,7 +60,7 @@ int pthread_mutex_unlock(pthread_mutex_t* mutex) {
     return 0;
 }
 
-/// May return without a signal, as any implementation may: whoever waits looks at its condition again.
+/// May return without a signal, as any implementation may: the caller checks its condition again.
 int pthread_cond_wait(pthread_cond_t* /*condition*/, pthread_mutex_t* mutex) {
     pthread_mutex_unlock(mutex);
     Sleep(kPauseMilliseconds);

@@ -142,7 +142,7 @@ std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note, const std::optio
                               noteIcons_,        noteFonts_, ole_,       reminders_, colorDialog_, resForm_,
                               dialogs_,          monitors_,  noteBatch_, noteClass_};
     auto form = std::make_unique<NoteForm>(note, tools);
-    form->onIcon = [this] { mainForm_.ShowTrayIcon(); };  // the program's icon is the first
+    form->onIcon = [this] { mainForm_.ShowTrayIcon(); };  // the program's icon comes first
     if (!form->Create(position)) return nullptr;
     return form;
 }

@@ -4,11 +4,11 @@
 
 namespace quillo {
 
-/// Notes that are shown one after the other while nobody can act in between, each above the one before: whether the
-/// first is in front of other programs' windows holds for all of them.
+/// Notes that are shown one after the other without user input in between, each above the previous one: if the first is
+/// in front of other programs' windows, all of them are.
 class NoteBatch {
   public:
-    /// A batch for as long as the object lives.
+    /// A batch for the lifetime of the object.
     class Scope {
       public:
         explicit Scope(NoteBatch& batch) : batch_(batch) {
@@ -23,8 +23,8 @@ class NoteBatch {
         NoteBatch& batch_;
     };
 
-    /// Whether a note that has just been shown is known to be in front. Only the first of a batch asks; outside one it
-    /// is never known.
+    /// True if a note that has just been shown is known to be in front. Calls `ask` for the first note of a batch only;
+    /// outside a batch the result is false.
     template <typename Ask>
     [[nodiscard]] bool IsInFront(Ask ask) {
         if (!open_) return false;

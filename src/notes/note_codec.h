@@ -33,7 +33,7 @@ struct NotePosition {
     friend bool operator==(const NotePosition&, const NotePosition&) = default;
 };
 
-/// `place` with the numbers of `position` that are present.
+/// Returns `place`, with the numbers of `position` that are present instead of its own.
 [[nodiscard]] TwipsRect MovedTo(const TwipsRect& place, const NotePosition& position);
 
 /// The look of a note. A field that could not be read is absent and changes nothing.

@@ -13,18 +13,18 @@ namespace quillo {
 /// All monitors, the primary one first.
 [[nodiscard]] std::vector<Monitor> AskForMonitors();
 
-/// The monitors as the system described them when it was asked last. Windows that are told of a change call Forget.
+/// The monitors, read from the system once. Windows that receive a message about a change call Forget.
 class MonitorCache {
   public:
     explicit MonitorCache(std::function<std::vector<Monitor>()> ask = &AskForMonitors) : ask_(std::move(ask)) {}
 
-    /// The primary one first; none only when the system names none.
+    /// The primary one first; empty only if the system reports none.
     [[nodiscard]] const std::vector<Monitor>& All();
     /// The resolution of the monitor nearest to a point.
     [[nodiscard]] Scale ScaleAt(Point point);
     void Forget() { monitors_.clear(); }
 
-    /// Whether a message says that what is kept may have changed.
+    /// True if a message reports that the monitors may have changed.
     [[nodiscard]] static bool IsChange(UINT message);
 
   private:

@@ -15,10 +15,10 @@ struct WindowPlan {
     int childId = 0;
 };
 
-/// A class of windows that is described and registered once, with the first of them, and then only named.
+/// A window class that is registered once, together with its first window.
 class WindowClass {
   public:
-    /// `describe` gives everything but the name, the module and the procedure. It runs at most once.
+    /// `describe` returns everything except the name, the module and the procedure. It is called at most once.
     WindowClass(const wchar_t* name, WNDCLASSEXW (*describe)()) : name_(name), describe_(describe) {}
 
   private:

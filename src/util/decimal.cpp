@@ -7,7 +7,7 @@
 namespace quillo {
 namespace {
 
-/// So many doublings at once: a digit and what is carried to it stay far below 64 bits.
+/// The number of doublings in one step: a digit and its carry stay far below 64 bits.
 constexpr int kStep = 28;
 constexpr int kMantissaBits = std::numeric_limits<double>::digits;
 constexpr std::uint64_t kMantissaEnd = std::uint64_t{1} << kMantissaBits;
@@ -15,7 +15,7 @@ constexpr std::uint64_t kMantissaEnd = std::uint64_t{1} << kMantissaBits;
 constexpr int kLowestPower = std::numeric_limits<double>::min_exponent - kMantissaBits;
 /// No double and no middle between two has more digits than this.
 constexpr std::size_t kMostDigits = 800;
-/// Beyond these the answer is infinity or 0, whatever the digits are.
+/// Beyond these the result is infinity or 0 for all digits.
 constexpr int kHighestPoint = 310;
 constexpr int kLowestPoint = -330;
 
@@ -37,7 +37,7 @@ Decimal::Decimal(double value) {
 Decimal::Decimal(std::string_view digits, int point) : digits_(digits), point_(point) {
     Trim();
     if (digits_.size() <= kMostDigits) return;
-    // What is left out only matters where the rest is exactly in the middle between two doubles.
+    // The omitted digits matter only if the others are exactly in the middle between two doubles.
     digits_.resize(kMostDigits);
     digits_.back() = '1';
 }

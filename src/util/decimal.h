@@ -7,16 +7,16 @@
 
 namespace quillo {
 
-/// A number that is not negative, in decimal digits and without a rounding error: what lies between a double and its
-/// text. The C library has the same in 40 kB of code, and with a decimal sign that follows a shared locale.
+/// An exact nonnegative number in decimal digits, for converting between a double and its text. The C library's
+/// conversions are 40 kB of code and use the decimal sign of a locale that other code in the process may change.
 class Decimal {
   public:
     /// `value` must be finite; its sign is dropped.
     explicit Decimal(double value);
-    /// The digits of a text, with the decimal sign before the digit number `point`, which may be outside of them.
+    /// Decimal digits, with the decimal sign before digit number `point`, which may be outside of them.
     Decimal(std::string_view digits, int point);
 
-    /// The double nearest to it, the even one of two; infinity for a number too large.
+    /// The nearest double, the even one of two; infinity if the number is too large.
     [[nodiscard]] double ToDouble();
 
     /// Rounds to so many digits before (negative) or after the decimal sign, a half to the even digit.

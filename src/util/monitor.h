@@ -18,7 +18,7 @@ struct Monitor {
 /// The work areas of the monitors, in their order.
 [[nodiscard]] std::vector<Rect> WorkAreasOf(const std::vector<Monitor>& monitors);
 
-/// The index of the monitor that holds a point, or else of the one nearest to it; 0 for no monitors.
+/// The index of the monitor that contains a point, or of the nearest one; 0 if there are no monitors.
 [[nodiscard]] std::size_t NearestMonitor(const std::vector<Monitor>& monitors, Point point);
 
 /// The size of the rectangle around all monitors.

@@ -17,7 +17,7 @@ std::u16string Widen(std::string_view ascii) {
     return std::u16string(ascii.begin(), ascii.end());
 }
 
-/// What is no number of digits, for a value with that sign.
+/// The text of infinity or of a value that is not a number, with the sign of `value`.
 std::u16string NoDigits(double value) {
     return (std::signbit(value) ? u"-" : u"") + std::u16string(std::isnan(value) ? u"nan" : u"inf");
 }
@@ -44,7 +44,7 @@ std::size_t LengthOfNumber(std::u16string_view text) {
     return end;
 }
 
-/// The digits of an exponent; far outside of any double's where there are too many.
+/// The value of an exponent's digits; a number far beyond any double if there are too many.
 int Exponent(std::u16string_view digits) {
     constexpr int kEnough = 1'000'000;
     const bool negative = digits.front() == u'-';
@@ -55,15 +55,19 @@ int Exponent(std::u16string_view digits) {
     return negative ? -exponent : exponent;
 }
 
-/// The value of a text that LengthOfNumber has measured.
+/// The value of a number whose length LengthOfNumber has returned.
 double Number(std::u16string_view text) {
     const std::size_t end = std::min(text.find_first_of(u"eE"), text.size());
     std::string digits;
     digits.reserve(end);
     std::size_t point = end;
-    for (std::size_t i = 0; i < end; ++i)
-        text[i] == u'.' ? void(point = i) : digits.push_back(static_cast<char>(text[i]));
-    // A point further out than this has as many zeros before it as there are digits: the exponent cannot bring it back.
+    for (std::size_t i = 0; i < end; ++i) {
+        if (text[i] == u'.') {
+            point = i;
+        } else {
+            digits.push_back(static_cast<char>(text[i]));
+        }
+    }
     const int exponent = end < text.size() ? Exponent(text.substr(end + 1)) : 0;
     constexpr std::size_t kFarthest = 100'000'000;
     return Decimal(digits, static_cast<int>(std::min(point, kFarthest)) + exponent).ToDouble();

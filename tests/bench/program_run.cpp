@@ -26,7 +26,7 @@ std::vector<HWND> WindowsOf(const wchar_t* windowClass) {
     return notes;
 }
 
-/// The folders whose names are numbers, as Linux names processes and threads.
+/// The folders whose names are numbers: the processes and threads of Linux.
 std::vector<std::wstring> NumbersIn(const std::wstring& folder) {
     std::vector<std::wstring> found;
     WIN32_FIND_DATAW entry{};
@@ -92,7 +92,7 @@ double ProgramRun::ProcessorMilliseconds() const {
 }
 
 double ProcessorMillisecondsOf(HANDLE process, const std::string& name) {
-    // Wine answers with the time of the process that asks.
+    // Wine returns the time of the calling process.
     const std::wstring folder = LinuxFolderOf(name);
     if (!folder.empty()) {
         double nanoseconds = 0;

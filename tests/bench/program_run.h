@@ -28,11 +28,12 @@ class NotesFolder {
     bool ready_ = false;
 };
 
-/// Spent by a process in user mode and in the system, since its start. `name` is the program's.
+/// The processor time of a process since its start, in user mode and in the system. `name` is the file name of the
+/// program.
 [[nodiscard]] double ProcessorMillisecondsOf(HANDLE process, const std::string& name);
 
-/// Where Wine's drive Z: shows what Linux knows of the youngest process of that program in this Wine prefix; "" on
-/// Windows. Linux keeps 15 characters of the name.
+/// The folder on Wine's drive Z: in which Linux describes the youngest process of that program in this Wine prefix; ""
+/// on Windows.
 [[nodiscard]] std::wstring LinuxFolderOf(const std::string& name);
 
 /// One start of the program under measurement, ended with the object.

@@ -6,14 +6,14 @@
 
 namespace quillo::windows_tests {
 
-/// The place in this program's table of imports through which its own code calls a function of the system; null when
-/// it calls none of that name.
+/// The entry of this program's import table through which its own code calls a system function; null if it calls no
+/// function of that name.
 [[nodiscard]] void** ImportOf(std::string_view function);
-/// Writes another function into that place.
+/// Replaces the function in that entry.
 void Redirect(void** import, void* function);
 
-/// Counts the calls of one function of the system that this program's own code makes, for as long as the object lives.
-/// At most one at a time of each `Number`, which only tells the counters apart.
+/// Counts the calls that this program's own code makes to one system function, for the lifetime of the object. Counters
+/// that exist at the same time have different numbers.
 template <int Number, typename Function>
 class ImportCounter;
 
@@ -32,7 +32,7 @@ class ImportCounter<Number, Result WINAPI(Arguments...)> {
         if (import_ != nullptr) Redirect(import_, original_);
     }
 
-    /// False when the program does not call that function at all, so that nothing could be counted.
+    /// False if the program never calls that function, so that nothing could be counted.
     [[nodiscard]] bool IsCalled() const { return import_ != nullptr; }
     [[nodiscard]] int Calls() const { return calls_; }
 

@@ -1,6 +1,6 @@
-// What quillo.exe puts in the place of parts of the C++ library, as a program of its own, because in one with
-// GoogleTest the library's own parts are needed: exceptions from several threads at once, static objects that several
-// threads ask for first, and misuse of the library. The exit code is 0 when all is well.
+// Tests the files with which quillo.exe replaces parts of the C++ library: exceptions on several threads at once,
+// static objects that several threads use first, and misuse of the library. It is a program of its own, because
+// GoogleTest needs the library's own parts. The exit code is 0 on success.
 #include <atomic>
 #include <cstdio>
 #include <exception>
@@ -26,7 +26,7 @@ void Expect(bool holds, const char* what) {
 struct SlowToMake {
     SlowToMake() {
         ++made;
-        Sleep(20);  // the other threads come meanwhile
+        Sleep(20);  // the other threads arrive in the meantime
         whole = true;
     }
     bool whole = false;
@@ -37,7 +37,7 @@ const SlowToMake& MadeOnce() {
     return object;
 }
 
-/// Throws and catches, one exception in the handler of another, with numbers that no other thread has.
+/// Throws and catches exceptions, one in the handler of another, with numbers that no other thread uses.
 DWORD WINAPI ThrowOften(void* number) {
     Expect(MadeOnce().whole, "nobody sees a static object before it is made");
     const auto own = static_cast<int>(reinterpret_cast<INT_PTR>(number));

@@ -1,5 +1,5 @@
-// What causes the time of a start is counted where the program's own code calls the system: a constant, and so much
-// for each note. No time is asserted.
+// Counts the system calls that make a start slow: each count is a constant plus a multiple of the number of notes. No
+// time is asserted.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -22,10 +22,10 @@ struct Counts {
     int nearestMonitors = 0;
     int libraries = 0;
     int registryValues = 0;
-    int windowsInAll = 0;  ///< with what comes after the first painting
+    int windowsInAll = 0;  ///< including those created after the first painting
 };
 
-/// Real notes of a folder of their own, opened as a start opens them.
+/// Opens real notes from a temporary folder in the same way as a start.
 class OpenedNotes : private NoteViewFactory {
   public:
     [[nodiscard]] Counts Open(int notes) {
@@ -88,7 +88,7 @@ class OpenedNotes : private NoteViewFactory {
 };
 
 TEST(StartCounts, EachNoteCostsItsTwoWindowsAndItsFileAndNothingElse) {
-    // What a process asks for once is asked for now.
+    // Everything that happens once in a process happens now.
     (void)OpenedNotes().Open(1);
     const Counts few = OpenedNotes().Open(2);
     const Counts many = OpenedNotes().Open(7);

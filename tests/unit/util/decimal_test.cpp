@@ -17,7 +17,7 @@ namespace {
 
 using Limits = std::numeric_limits<double>;
 
-/// Doubles of every size: each bit pattern is as likely as any other.
+/// Doubles of every magnitude: all bit patterns are equally likely.
 std::vector<double> AnyDoubles() {
     std::mt19937_64 random(20'000);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same numbers in each run
     std::vector<double> values{0, Limits::min(), Limits::denorm_min(), Limits::max(), Limits::epsilon(), 1, 0.5, 2.5};
