@@ -1,7 +1,8 @@
 #include <algorithm>
-#include <cstdlib>
+#include <array>
 #include <filesystem>
 #include <functional>
+#include <utility>
 
 #include "harness/desktop_facts.h"
 #include "harness/e2e_test.h"
@@ -76,7 +77,7 @@ class GoldenPictures : public OrdinaryTest {
         if (!OutFolder().empty()) return WriteBytes(OutFolder() + L"\\desktop.txt", facts);
         const std::string other = FirstOtherFact(facts, ReadBytes(GoldenFolder() + L"\\desktop.txt"));
         if (other.empty()) return;
-        ASSERT_EQ(std::getenv("QUILLO_GOLDEN_REQUIRED"), nullptr) << "another desktop than the recorded one: " << other;
+        ASSERT_EQ(Environment(L"QUILLO_GOLDEN_REQUIRED"), L"") << "another desktop than the recorded one: " << other;
         GTEST_SKIP() << "the pictures were recorded on another desktop: " << other;
     }
 
@@ -152,9 +153,11 @@ class GoldenPictures : public OrdinaryTest {
         const std::filesystem::path tests = std::filesystem::path(file.data()).parent_path();
         return (tests / QUILLO_RELATIVE_GOLDEN).lexically_normal().make_preferred().wstring();
     }
-    static std::wstring OutFolder() {
-        const wchar_t* folder = _wgetenv(L"QUILLO_GOLDEN_OUT");
-        return folder != nullptr ? folder : L"";
+    static std::wstring OutFolder() { return Environment(L"QUILLO_GOLDEN_OUT"); }
+    static std::wstring Environment(const wchar_t* name) {
+        std::array<wchar_t, 1024> value{};
+        const DWORD length = GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size()));
+        return length < value.size() ? std::wstring(value.data(), length) : L"";
     }
 };
 

@@ -5,6 +5,7 @@
 // After windows.h.
 #include <commctrl.h>
 
+#include <algorithm>
 #include <cwchar>
 #include <string>
 #include <vector>
