@@ -32,6 +32,8 @@ constexpr pthread_once_t kDone = 2;
 
 }  // namespace
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name,readability-non-const-parameter): the signatures are
+// those of POSIX.
 extern "C" {
 
 int pthread_mutex_init(pthread_mutex_t* mutex, const pthread_mutexattr_t* /*attributes*/) {
@@ -96,5 +98,6 @@ int pthread_setspecific(pthread_key_t key, const void* value) {
 }
 
 }  // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name,readability-non-const-parameter)
 
 #endif

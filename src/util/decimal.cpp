@@ -110,9 +110,10 @@ bool Decimal::RoundsUp(std::ptrdiff_t kept) const {
 
 void Decimal::MultiplyByTwo(int times) {
     std::uint64_t carry = 0;
-    for (auto digit = digits_.rbegin(); digit != digits_.rend(); ++digit) {
-        carry += static_cast<std::uint64_t>(*digit - '0') << times;
-        *digit = static_cast<char>('0' + carry % 10);
+    for (std::size_t i = digits_.size(); i > 0; --i) {
+        char& digit = digits_[i - 1];
+        carry += static_cast<std::uint64_t>(digit - '0') << times;
+        digit = static_cast<char>('0' + carry % 10);
         carry /= 10;
     }
     std::string front;
