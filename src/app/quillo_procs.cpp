@@ -53,6 +53,7 @@ QuilloProcs::QuilloProcs()
 }
 
 void QuilloProcs::BindMainForm() {
+    notice_.onBox = [this] { mainForm_.ShowTrayIcon(); };
     notice_.onBalloon = [this](std::u16string_view title, std::u16string_view text, BalloonIcon icon) {
         mainForm_.ShowBalloon(title, text, icon);
     };

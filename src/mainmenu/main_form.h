@@ -54,8 +54,8 @@ class MainForm : public Window, public OptionsOwner, private AccessibleSource {
 
     /// Registers the hotkeys. False on failure.
     bool Load();
-    /// Shows the icon beside the clock; only the first call has an effect. A balloon and the menu call it themselves.
-    /// The shell may be slow to answer.
+    /// Shows the icon beside the clock; only the first call has an effect. Balloons and the menu call it, and
+    /// so does a message box that opens during the start. The shell may be slow to answer.
     void ShowTrayIcon();
     /// Subscribes to notifications about the session; not needed before the notes are on the screen.
     void WatchSession();

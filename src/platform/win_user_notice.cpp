@@ -17,6 +17,7 @@ HWND MessageBoxOwner() {
 
 int WinUserNotice::Box(std::u16string_view text, UINT flags, const wchar_t* title) {
     const BusyFlag::Scope busy(dialogs_);
+    if (onBox) onBox();
     HWND asker = MessageBoxOwner();
     const DisabledWindows others(asker);
     return MessageBoxW(asker, Wide(std::u16string(text)), title, flags | kMessageBoxFlags);

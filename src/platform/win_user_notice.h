@@ -31,6 +31,8 @@ class WinUserNotice : public UserNotice {
     void Balloon(std::u16string_view title, std::u16string_view text, BalloonIcon icon) override;
     void Play(SystemSound sound) override;
 
+    /// Called before a message box opens: no idle work runs while it is open.
+    std::function<void()> onBox;
     /// Shows a balloon: title, text and icon.
     std::function<void(std::u16string_view, std::u16string_view, BalloonIcon)> onBalloon;
 

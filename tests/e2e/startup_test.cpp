@@ -1,6 +1,7 @@
 #include <set>
 
 #include "harness/e2e_test.h"
+#include "harness/tray.h"
 
 namespace quillo::e2e {
 namespace {
@@ -115,6 +116,9 @@ TEST_F(Startup, ReportsUnknownCommandsOnceTheNotesAreOpen) {
         EXPECT_EQ(box->Title(), L"Quillo");
         EXPECT_EQ(box->Text(), L"Unknown command: " + command);
         EXPECT_TRUE(box->ShowsStopIcon());
+        const std::vector<HWND> icons = TrayIconWindows(Quillo().Pid());
+        ASSERT_EQ(icons.size(), 1U) << "the icon beside the clock is there already";
+        EXPECT_TRUE(IsTrayIconShowing(icons.front()));
         EXPECT_TRUE(box->Answer(IDOK));
         EXPECT_EQ(NotesOf(Quillo()).size(), 1U) << "no note is made";
         Quit();
