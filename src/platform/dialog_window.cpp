@@ -26,6 +26,13 @@ Rect PlaceOf(HWND window) {
     return FromWin32(place);
 }
 
+/// Sends a message to a child; `from` is the MSG.
+BOOL CALLBACK PassOn(HWND child, LPARAM from) {
+    const auto& what = *reinterpret_cast<const MSG*>(from);
+    SendMessageW(child, what.message, what.wParam, what.lParam);
+    return TRUE;
+}
+
 }  // namespace
 
 bool DialogWindow::CreateHidden(const DialogPlan& dialog) {
@@ -108,20 +115,8 @@ void DialogWindow::OnDpiChanged(int dpi, const RECT& suggested) {
 }
 
 void DialogWindow::PassColorsOn(UINT message, WPARAM wParam, LPARAM lParam) {
-    struct Message {
-        UINT number;
-        WPARAM wParam;
-        LPARAM lParam;
-    };
-    const Message passed{message, wParam, lParam};
-    EnumChildWindows(
-        Handle(),
-        [](HWND child, LPARAM from) noexcept -> BOOL {
-            const auto& what = *reinterpret_cast<const Message*>(from);
-            SendMessageW(child, what.number, what.wParam, what.lParam);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&passed));
+    const MSG passed{nullptr, message, wParam, lParam, 0, {}};
+    EnumChildWindows(Handle(), &PassOn, reinterpret_cast<LPARAM>(&passed));
     OnColorsChanged();
     RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
