@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "harness/eventually.h"
 #include "harness/quillo_process.h"
 
 // After windows.h.
@@ -74,9 +75,14 @@ Family::Family(const std::wstring& commandLine) : job_(CreateJobObjectW(nullptr,
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION started{};
-    const BOOL done = CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, nullptr,
-                                     &startup, &started);
-    if (done == 0) {
+    // Under Wine a process now and then does not start.
+    const bool done = e2e::Eventually(
+        [&] {
+            return CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr, nullptr,
+                                  &startup, &started) != 0;
+        },
+        std::chrono::seconds(5));
+    if (!done) {
         ADD_FAILURE() << "cannot start " << std::filesystem::path(commandLine);
         return;
     }

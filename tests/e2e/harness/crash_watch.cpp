@@ -58,9 +58,14 @@ void CrashWatch::Watch(std::wstring commandLine, std::wstring folder) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION started{};
-    const BOOL done = CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS,
-                                     nullptr, folder.empty() ? nullptr : folder.c_str(), &startup, &started);
-    if (done != 0) {
+    // Under Wine a process now and then does not start.
+    const bool done = Eventually(
+        [&] {
+            return CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS,
+                                  nullptr, folder.empty() ? nullptr : folder.c_str(), &startup, &started) != 0;
+        },
+        std::chrono::seconds(5));
+    if (done) {
         // The process executes nothing before the first event is answered below.
         family_ = MakeFamily();
         AssignProcessToJobObject(family_.Get(), started.hProcess);
@@ -69,7 +74,7 @@ void CrashWatch::Watch(std::wstring commandLine, std::wstring folder) {
     }
     started_ = true;
     DEBUG_EVENT event{};
-    while (done != 0 && WaitForDebugEvent(&event, INFINITE) != 0) {
+    while (done && WaitForDebugEvent(&event, INFINITE) != 0) {
         DWORD answer = DBG_CONTINUE;
         if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT) CloseHandle(event.u.CreateProcessInfo.hFile);
         if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT) CloseHandle(event.u.LoadDll.hFile);

@@ -128,10 +128,10 @@ void RightClickMouse(POINT at) {
 
 void ClickMouseHolding(WORD key, POINT at) {
     MoveMouse(at);
-    Send({KeyInput(key, false)});
-    PressMouse(at);
-    ReleaseMouse(at);
-    Send({KeyInput(key, true)});
+    LeaveOtherButtons(at);
+    // In one call: under Wine a late event of the X server would release the key before the click.
+    Send({KeyInput(key, false), MoveInput(at), MouseInput(MOUSEEVENTF_LEFTDOWN), MouseInput(MOUSEEVENTF_LEFTUP),
+          KeyInput(key, true)});
 }
 
 void PressKey(WORD key, const std::vector<WORD>& held) {
