@@ -11,7 +11,7 @@ source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/scripts/lib.sh"
 # failures than this are real. No other test is repeated.
 readonly repeats_allowed=6
 # Most tests of windows wait more than they compute, so more run at a time than there are processors.
-readonly at_one_moment=${QUILLO_TEST_JOBS:-$(($(nproc) + 4))}
+readonly at_one_moment=${QUILLO_TEST_JOBS:-$(($(nproc) + 2))}
 
 ring=${1:-all}
 [[ $# -le 1 && $ring == @(all|unit|e2e) ]] || die "usage: ./test.sh [unit|e2e]"

@@ -243,8 +243,14 @@ TEST_F(TrayTest, ARealClickIsOneClick) {
 TEST_F(TrayTest, ARealDoubleClickIsADoubleClickBetweenTwoClicks) {
     const HWND taskBar = Show() ? KnownTaskBar() : nullptr;
     if (taskBar == nullptr) GTEST_SKIP() << "no task bar with known places";
-    const Listener listener(tray_->Handle());
-    ASSERT_TRUE(PressOnIcon(taskBar, listener, false, 2)) << "two button-ups and selections did not come";
+    // One of the two presses can get lost: then both are repeated.
+    bool pressed = false;
+    for (int attempt = 0; attempt < 3 && !pressed; ++attempt) {
+        events_.clear();
+        const Listener listener(tray_->Handle());
+        pressed = PressOnIcon(taskBar, listener, false, 2);
+    }
+    ASSERT_TRUE(pressed) << "two button-ups and selections did not come";
     EXPECT_THAT(events_, ElementsAre("Click", "DblClick", "Click"));
 }
 
