@@ -24,15 +24,7 @@ class Lifecycle : public OrdinaryTest {
     }
     static bool ShiftClose(const NoteWindow& note) {
         return Until([&] { return !note.Exists(); },
-                     [&] {
-                         INPUT shift{};
-                         shift.type = INPUT_KEYBOARD;
-                         shift.ki.wVk = VK_SHIFT;
-                         SendInput(1, &shift, sizeof shift);
-                         note.ClickButton(NoteButtonId::Close);
-                         shift.ki.dwFlags = KEYEVENTF_KEYUP;
-                         SendInput(1, &shift, sizeof shift);
-                     });
+                     [&] { ClickMouseHolding(VK_SHIFT, note.MiddleOfButton(NoteButtonId::Close)); });
     }
     static long long RecycledItems() {
         SHQUERYRBINFO info{};
