@@ -1,6 +1,6 @@
 #include "app/command_line.h"
 
-#include "app/note_names.h"
+#include "app/base/note_names.h"
 #include "ports/shell.h"
 #include "util/text.h"
 

@@ -3,9 +3,9 @@
 #include <exception>
 #include <utility>
 
-#include "app/note_names.h"
+#include "app/base/note_names.h"
+#include "app/base/settings.h"
 #include "app/note_opening.h"
-#include "app/settings.h"
 #include "ports/user_notice.h"
 
 namespace quillo {

@@ -10,9 +10,9 @@
 #include <utility>
 #include <vector>
 
+#include "app/base/registry_keys.h"
 #include "app/note_identifier.h"
 #include "app/open_notes.h"
-#include "app/registry_keys.h"
 #include "ports/locale_text.h"
 #include "registry/tessel_registry.h"
 #include "util/ignore.h"

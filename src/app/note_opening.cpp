@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "app/base/note_names.h"
+#include "app/base/notes_folder.h"
 #include "app/note_identifier.h"
-#include "app/note_names.h"
-#include "app/notes_folder.h"
 #include "app/program.h"
 #include "app/save_all.h"
 #include "controls/swatch_palette.h"

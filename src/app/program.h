@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
+#include "app/base/os_facts.h"
+#include "app/base/settings.h"
 #include "app/open_notes.h"
-#include "app/os_facts.h"
-#include "app/settings.h"
 
 namespace quillo {
 

@@ -1,6 +1,6 @@
 #include "app/quillo_procs.h"
 
-#include "app/app_identity.h"
+#include "app/base/app_identity.h"
 #include "app/command_line.h"
 #include "platform/app_id.h"
 #include "platform/late_library.h"

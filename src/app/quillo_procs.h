@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
+#include "app/base/note_names.h"
 #include "app/late_notes.h"
 #include "app/legacy_import.h"
-#include "app/note_names.h"
 #include "app/note_opening.h"
 #include "app/program.h"
 #include "app/quit.h"

@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "app/base/registry_keys.h"
 #include "app/legacy_import.h"
 #include "app/program.h"
-#include "app/registry_keys.h"
 #include "app/save_all.h"
 #include "ports/user_notice.h"
 #include "registry/tessel_registry.h"

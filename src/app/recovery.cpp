@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/note_names.h"
+#include "app/base/note_names.h"
 #include "notes/unicode_element.h"
 #include "util/content_hash.h"
 #include "util/ignore.h"

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
+#include "app/base/settings.h"
 #include "app/legacy_import.h"
 #include "app/open_notes.h"
-#include "app/settings.h"
 #include "notes/save_texts.h"
 #include "ports/user_notice.h"
 

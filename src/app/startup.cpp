@@ -3,16 +3,16 @@
 #include <exception>
 #include <utility>
 
+#include "app/base/note_names.h"
+#include "app/base/notes_folder.h"
+#include "app/base/registry_keys.h"
+#include "app/base/settings_table.h"
 #include "app/command_line.h"
 #include "app/late_notes.h"
 #include "app/legacy_import.h"
-#include "app/note_names.h"
 #include "app/note_opening.h"
-#include "app/notes_folder.h"
 #include "app/program.h"
 #include "app/recovery.h"
-#include "app/registry_keys.h"
-#include "app/settings_table.h"
 #include "notes/note_batch.h"
 #include "ports/file_store.h"
 #include "ports/shell.h"

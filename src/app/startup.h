@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/os_facts.h"
+#include "app/base/os_facts.h"
 
 namespace quillo {
 

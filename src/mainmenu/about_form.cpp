@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/app_identity.h"
+#include "app/base/app_identity.h"
 #include "app/startup.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"

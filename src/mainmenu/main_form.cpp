@@ -1,9 +1,9 @@
 #include "mainmenu/main_form.h"
 
+#include "app/base/registry_keys.h"
+#include "app/base/settings_table.h"
 #include "app/open_notes.h"
 #include "app/program.h"
-#include "app/registry_keys.h"
-#include "app/settings_table.h"
 #include "mainmenu/main_form_rules.h"
 #include "mainmenu/menu_drop_target.h"
 #include "mainmenu/menu_shortcuts.h"

@@ -1,6 +1,6 @@
 #include "mainmenu/menu_picture.h"
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "mainmenu/menu_shortcuts.h"
 #include "platform/gdi_scope.h"
 

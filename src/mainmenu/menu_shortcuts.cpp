@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/note_names.h"
+#include "app/base/note_names.h"
 #include "ports/shell.h"
 #include "util/ignore.h"
 #include "util/numbers.h"

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/program_shortcut.h"
+#include "app/base/program_shortcut.h"
 #include "mainmenu/menu_map.h"
 #include "util/geometry.h"
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <optional>
 
+#include "mainmenu/font_dialog.h"
 #include "mainmenu/options_controller.h"
 #include "mainmenu/page_column.h"
 #include "platform/dialog_parts.h"
-#include "platform/font_dialog.h"
 #include "platform/wide.h"
 #include "platform/window_effects.h"
 #include "util/busy_flag.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/note_names.h"
+#include "app/base/note_names.h"
 #include "mainmenu/options_controller.h"
 #include "mainmenu/page_column.h"
 #include "platform/dialog_parts.h"

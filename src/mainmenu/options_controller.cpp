@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <variant>
 
+#include "app/base/registry_keys.h"
+#include "app/base/settings_table.h"
+#include "app/base/shared_texts.h"
+#include "app/base/sound_choice.h"
 #include "app/open_notes.h"
-#include "app/registry_keys.h"
-#include "app/settings_table.h"
-#include "app/shared_texts.h"
-#include "app/sound_choice.h"
 #include "app/startup.h"
 #include "mainmenu/hotkey_choice.h"
 #include "ports/locale_text.h"

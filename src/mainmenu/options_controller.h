@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "mainmenu/options_table.h"
 #include "util/color_word.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "app/note_names.h"
-#include "app/program_shortcut.h"
+#include "app/base/note_names.h"
+#include "app/base/program_shortcut.h"
 #include "mainmenu/options_controller.h"
 #include "mainmenu/page_column.h"
 #include "platform/dialog_parts.h"

@@ -1,6 +1,6 @@
 #include "mainmenu/update_link.h"
 
-#include "app/app_identity.h"
+#include "app/base/app_identity.h"
 #include "util/numbers.h"
 
 namespace quillo {

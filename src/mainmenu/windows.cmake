@@ -1,6 +1,7 @@
 target_sources(quillo_windows PRIVATE
   mainmenu/about_form.cpp
   mainmenu/content_panel.cpp
+  mainmenu/font_dialog.cpp
   mainmenu/icon_finder.cpp
   mainmenu/key_box.cpp
   mainmenu/link_label.cpp

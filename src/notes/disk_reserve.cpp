@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "app/note_names.h"
+#include "app/base/note_names.h"
 #include "ports/file_store.h"
 #include "util/ignore.h"
 

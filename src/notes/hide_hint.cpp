@@ -1,8 +1,8 @@
 #include "notes/hide_hint.h"
 
-#include "app/os_facts.h"
-#include "app/registry_keys.h"
-#include "app/settings.h"
+#include "app/base/os_facts.h"
+#include "app/base/registry_keys.h"
+#include "app/base/settings.h"
 #include "ports/user_notice.h"
 #include "registry/tessel_registry.h"
 

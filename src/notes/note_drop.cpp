@@ -1,6 +1,6 @@
 #include "notes/note_drop.h"
 
-#include "app/note_names.h"
+#include "app/base/note_names.h"
 #include "ports/locale_text.h"
 #include "ports/shell.h"
 #include "util/string_builder.h"

@@ -2,7 +2,7 @@
 
 #include <list>
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "platform/unique_handle.h"
 #include "util/units.h"
 

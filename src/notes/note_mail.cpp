@@ -1,6 +1,6 @@
 #include "notes/note_mail.h"
 
-#include "app/app_identity.h"
+#include "app/base/app_identity.h"
 #include "notes/note_codec.h"
 #include "notes/note_store.h"
 #include "ports/locale_text.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/app_identity.h"
-#include "app/settings.h"
+#include "app/base/app_identity.h"
+#include "app/base/settings.h"
 #include "notes/note.h"
 #include "notes/note_face.h"
 #include "notes/print_lines.h"

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "app/note_names.h"
+#include "app/base/note_names.h"
 #include "ports/locale_text.h"
 #include "ports/shell.h"
 #include "util/content_hash.h"

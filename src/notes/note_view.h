@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "controls/swatch_palette.h"
 #include "notes/note.h"
 #include "ports/user_notice.h"

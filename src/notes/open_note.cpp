@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
-#include "app/os_facts.h"
-#include "app/shared_texts.h"
+#include "app/base/os_facts.h"
+#include "app/base/shared_texts.h"
 #include "notes/hide_hint.h"
 #include "notes/note_codec.h"
 #include "notes/save_texts.h"

@@ -3,7 +3,7 @@
 #include <array>
 #include <optional>
 
-#include "app/note_names.h"
+#include "app/base/note_names.h"
 #include "ports/file_store.h"
 #include "ports/shell.h"
 #include "util/ignore.h"

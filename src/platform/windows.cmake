@@ -13,7 +13,6 @@ target_sources(quillo_windows PRIVATE
   platform/drop_target.cpp
   platform/file_dialogs.cpp
   platform/folder_dialog.cpp
-  platform/font_dialog.cpp
   platform/gdi_canvas.cpp
   platform/message_loop.cpp
   platform/monitors.cpp

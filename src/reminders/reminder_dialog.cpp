@@ -1,8 +1,8 @@
 #include "reminders/reminder_dialog.h"
 
-#include "app/os_facts.h"
-#include "app/registry_keys.h"
-#include "app/settings.h"
+#include "app/base/os_facts.h"
+#include "app/base/registry_keys.h"
+#include "app/base/settings.h"
 #include "ports/locale_text.h"
 #include "registry/tessel_registry.h"
 #include "reminders/reminder_controls.h"

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "app/settings.h"
-#include "app/sound_choice.h"
+#include "app/base/settings.h"
+#include "app/base/sound_choice.h"
 #include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/app_identity.h"
+#include "app/base/app_identity.h"
 #include "harness/files.h"
 #include "harness/quillo_process.h"
 #include "platform/wide.h"

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "app/app_identity.h"
+#include "app/base/app_identity.h"
 #include "controls/system_colors.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"

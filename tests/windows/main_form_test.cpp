@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "accessible_reader.h"
-#include "app/registry_keys.h"
+#include "app/base/registry_keys.h"
 #include "main_form_fixture.h"
 #include "platform/monitors.h"
 #include "platform/unique_handle.h"

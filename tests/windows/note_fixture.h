@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "app/note_names.h"
-#include "app/os_facts.h"
-#include "app/settings.h"
+#include "app/base/note_names.h"
+#include "app/base/os_facts.h"
+#include "app/base/settings.h"
 #include "controls/note_button_images.h"
 #include "notes/note_batch.h"
 #include "notes/note_color_form.h"

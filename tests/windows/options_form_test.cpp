@@ -9,7 +9,7 @@
 
 #include "../unit/app/test_program.h"
 #include "accessible_reader.h"
-#include "app/registry_keys.h"
+#include "app/base/registry_keys.h"
 #include "mainmenu/content_panel.h"
 #include "platform/gdi_scope.h"
 #include "platform/message_loop.h"

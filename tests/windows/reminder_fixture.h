@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "app/os_facts.h"
-#include "app/settings.h"
+#include "app/base/os_facts.h"
+#include "app/base/settings.h"
 #include "platform/message_loop.h"
 #include "platform/text_tools.h"
 #include "platform/window.h"

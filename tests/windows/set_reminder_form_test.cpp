@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "app/os_facts.h"
-#include "app/settings.h"
+#include "app/base/os_facts.h"
+#include "app/base/settings.h"
 #include "platform/gdi_scope.h"
 #include "platform/message_loop.h"
 #include "platform/wide.h"

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "note_library.h"
 
 namespace quillo::qln {

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "console.h"
 #include "files.h"
 #include "ports/clock.h"

@@ -6,8 +6,8 @@
 #include <ctime>
 #include <random>
 
-#include "app/note_names.h"
-#include "app/registry_keys.h"
+#include "app/base/note_names.h"
+#include "app/base/registry_keys.h"
 #include "places.h"
 #include "prefix_locale.h"
 #include "reg_text.h"

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "app/note_names.h"
-#include "app/registry_keys.h"
+#include "app/base/note_names.h"
+#include "app/base/registry_keys.h"
 #include "path_list.h"
 #include "places.h"
 #include "platform/notify_channel.h"

@@ -5,8 +5,8 @@
 #include <random>
 #include <variant>
 
-#include "app/registry_keys.h"
-#include "app/settings_table.h"
+#include "app/base/registry_keys.h"
+#include "app/base/settings_table.h"
 #include "files.h"
 #include "registry/tessel_registry.h"
 #include "util/ignore.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "ports/registry_api.h"
 
 namespace quillo::qln {

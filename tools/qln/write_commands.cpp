@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "app/shared_texts.h"
+#include "app/base/shared_texts.h"
 #include "commands.h"
 #include "controls/swatch_palette.h"
 #include "export_notes.h"

@@ -1,8 +1,8 @@
-#include "app/note_names.h"
+#include "app/base/note_names.h"
 
 #include <gtest/gtest.h>
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "testing/fake_file_store.h"
 #include "testing/fake_shell.h"
 #include "util/numbers.h"

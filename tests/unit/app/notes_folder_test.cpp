@@ -1,4 +1,4 @@
-#include "app/notes_folder.h"
+#include "app/base/notes_folder.h"
 
 #include <gtest/gtest.h>
 

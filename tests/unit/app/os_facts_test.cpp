@@ -1,4 +1,4 @@
-#include "app/os_facts.h"
+#include "app/base/os_facts.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/registry_keys.h"
+#include "app/base/registry_keys.h"
 #include "test_program.h"
 
 namespace quillo {

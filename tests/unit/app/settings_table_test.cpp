@@ -1,10 +1,10 @@
-#include "app/settings_table.h"
+#include "app/base/settings_table.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 
-#include "app/registry_keys.h"
+#include "app/base/registry_keys.h"
 #include "registry/tessel_registry.h"
 #include "testing/fake_file_store.h"
 #include "testing/fake_registry_api.h"

@@ -1,4 +1,4 @@
-#include "app/shared_texts.h"
+#include "app/base/shared_texts.h"
 
 #include <gtest/gtest.h>
 

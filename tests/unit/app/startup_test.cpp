@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "app/base/registry_keys.h"
 #include "app/quit.h"
-#include "app/registry_keys.h"
 #include "test_program.h"
 #include "util/text.h"
 

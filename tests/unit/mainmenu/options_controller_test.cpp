@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "../app/test_program.h"
-#include "app/registry_keys.h"
-#include "app/settings_table.h"
+#include "app/base/registry_keys.h"
+#include "app/base/settings_table.h"
 #include "registry/tessel_registry.h"
 #include "testing/fake_options_owner.h"
 #include "testing/fake_sound_device.h"

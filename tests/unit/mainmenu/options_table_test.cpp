@@ -8,7 +8,7 @@
 #include <string>
 #include <variant>
 
-#include "app/settings_table.h"
+#include "app/base/settings_table.h"
 #include "util/text.h"
 
 namespace quillo {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/app_identity.h"
+#include "app/base/app_identity.h"
 
 namespace quillo {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "app/note_names.h"
-#include "app/settings.h"
+#include "app/base/note_names.h"
+#include "app/base/settings.h"
 #include "notes/note_codec.h"
 #include "notes/note_store.h"
 #include "testing/fake_file_store.h"

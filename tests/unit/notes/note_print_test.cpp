@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "app/app_identity.h"
-#include "app/settings.h"
+#include "app/base/app_identity.h"
+#include "app/base/settings.h"
 #include "notes/note.h"
 #include "testing/fake_clock.h"
 #include "testing/fake_locale_text.h"

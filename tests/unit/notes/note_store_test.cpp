@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "app/note_names.h"
-#include "app/settings.h"
+#include "app/base/note_names.h"
+#include "app/base/settings.h"
 #include "testing/fake_file_store.h"
 #include "testing/fake_locale_text.h"
 #include "testing/fake_shell.h"

@@ -1,6 +1,6 @@
 #include <limits>
 
-#include "app/registry_keys.h"
+#include "app/base/registry_keys.h"
 #include "notes/hide_hint.h"
 #include "notes/note_commands.h"
 #include "open_note_fixture.h"

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "app/note_names.h"
-#include "app/os_facts.h"
+#include "app/base/note_names.h"
+#include "app/base/os_facts.h"
 #include "notes/open_note.h"
 #include "testing/fake_clock.h"
 #include "testing/fake_file_store.h"

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "app/os_facts.h"
-#include "app/registry_keys.h"
-#include "app/settings.h"
+#include "app/base/os_facts.h"
+#include "app/base/registry_keys.h"
+#include "app/base/settings.h"
 #include "registry/tessel_registry.h"
 #include "reminders/reminder_controls.h"
 #include "reminders/reminder_phrase.h"

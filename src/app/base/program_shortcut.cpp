@@ -1,4 +1,4 @@
-#include "app/program_shortcut.h"
+#include "app/base/program_shortcut.h"
 
 #include <cstddef>
 

@@ -1,4 +1,4 @@
-#include "app/notes_folder.h"
+#include "app/base/notes_folder.h"
 
 #include "ports/file_store.h"
 #include "ports/locale_text.h"

@@ -1,4 +1,4 @@
-#include "app/sound_choice.h"
+#include "app/base/sound_choice.h"
 
 #include <string>
 

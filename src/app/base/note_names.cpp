@@ -1,6 +1,6 @@
-#include "app/note_names.h"
+#include "app/base/note_names.h"
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "ports/file_store.h"
 #include "ports/shell.h"
 #include "util/numbers.h"

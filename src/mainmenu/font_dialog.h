@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "platform/win32.h"
 
 namespace quillo {

@@ -1,11 +1,11 @@
-#include "app/settings_table.h"
+#include "app/base/settings_table.h"
 
 #include <limits>
 #include <type_traits>
 
-#include "app/note_names.h"
-#include "app/program_shortcut.h"
-#include "app/registry_keys.h"
+#include "app/base/note_names.h"
+#include "app/base/program_shortcut.h"
+#include "app/base/registry_keys.h"
 #include "ports/file_store.h"
 #include "ports/shell.h"
 #include "registry/tessel_registry.h"

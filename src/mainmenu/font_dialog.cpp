@@ -1,4 +1,4 @@
-#include "platform/font_dialog.h"
+#include "mainmenu/font_dialog.h"
 
 #include <cmath>
 

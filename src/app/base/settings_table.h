@@ -4,7 +4,7 @@
 #include <variant>
 #include <vector>
 
-#include "app/settings.h"
+#include "app/base/settings.h"
 #include "util/color_word.h"
 
 namespace quillo {
