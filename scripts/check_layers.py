@@ -8,22 +8,9 @@ import pathlib
 import re
 import sys
 
-# The core, from the bottom up. Folders on one level do not include each other.
-CORE_LEVELS = [
-    {"util"},
-    {"ports"},
-    {"registry", "controls"},
-    {"app base"},
-    {"reminders"},
-    {"notes"},
-    {"app top"},
-    {"mainmenu"},
-]
-# The part of app that reminders and notes use; all other files there are its top.
-APP_BASE = {"app_identity", "command_line", "note_names", "notes_folder", "os_facts", "program_shortcut", "registry_keys", "settings",
-            "settings_table", "shared_texts", "sound_choice"}
-WINDOW_FOLDERS = ["platform", "controls", "reminders", "notes", "mainmenu", "app"]
-# The composition root: includes every concrete class.
+# The folders, from the bottom up. A file, of the core or of a window, includes only files of its own folder and of lower ones.
+LEVELS = ["util", "ports", "registry", "platform", "app/base", "controls", "reminders", "notes", "app", "mainmenu"]
+# The composition root: includes every concrete class, and so files of a higher folder.
 COMPOSITION_ROOT = {"app/quillo_procs", "app/main"}
 WINDOWS_H_HOME = "platform/win32.h"
 # Linked only to quillo.exe, so that no library lists it.
@@ -31,10 +18,10 @@ PROGRAM_ALONE = {"app/main.cpp", "app/library_exceptions.cpp", "app/library_thre
 # The headers of the resources, for window files.
 RESOURCE_HEADERS = {"resources/resource_ids.h", "version.h"}
 # Headers that the build generates for one file of the core, and that file.
-GENERATED_HEADERS = {"identity.h": "app/app_identity.h"}
+GENERATED_HEADERS = {"identity.h": "app/base/app_identity.h"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
-LISTED = re.compile(r"\b([a-z0-9_]+/[a-z0-9_]+\.cpp)\b")
+LISTED = re.compile(r"\b((?:[a-z0-9_]+/)+[a-z0-9_]+\.cpp)\b")
 
 
 class Tree:
@@ -53,7 +40,7 @@ class Tree:
 
     def _listed(self, list_name):
         found = []
-        for path in sorted(self.src.glob(f"*/{list_name}")):
+        for path in sorted(self.src.rglob(list_name)):
             text = re.sub(r"#.*", "", path.read_text(encoding="utf-8"))
             found += [(name, path.relative_to(self.src).as_posix()) for name in LISTED.findall(text)]
         return found
@@ -75,43 +62,21 @@ class Tree:
 
 
 def folder_of(name):
-    return name.split("/")[0]
+    return name.rsplit("/", 1)[0]
 
 
 def stem_of(name):
     return name.rsplit(".", 1)[0]
 
 
-def core_level(name):
-    folder = folder_of(name)
-    if folder == "app":
-        folder = "app base" if stem_of(name).split("/")[1] in APP_BASE else "app top"
-    for level, folders in enumerate(CORE_LEVELS):
-        if folder in folders:
-            return level, folder
-    return None, folder
-
-
-def check_core_include(name, target):
-    if folder_of(target) == "testing":
-        return "only tests include the fakes"
-    own, own_folder = core_level(name)
-    level, folder = core_level(target)
-    if level is None:
-        return f"the core has no folder '{folder}'"
-    if own is None:
-        return f"the folder '{own_folder}' has no level"
-    if level > own or (level == own and folder != own_folder):
-        return f"{own_folder} must not include {folder}"
-    return None
-
-
-def check_window_include(name, target):
+def check_level(name, target):
+    """The breach if a file includes one of a higher folder, or None."""
     own, other = folder_of(name), folder_of(target)
-    if own not in WINDOW_FOLDERS:
-        return f"the folder '{own}' has no window files"
-    if WINDOW_FOLDERS.index(other) > WINDOW_FOLDERS.index(own):
-        return f"a window file of {own} must not include one of {other}"
+    for folder in (own, other):
+        if folder not in LEVELS:
+            return f"the folder '{folder}' has no level"
+    if LEVELS.index(other) > LEVELS.index(own):
+        return f"{own} must not include {other}"
     return None
 
 
@@ -134,11 +99,11 @@ def check_include(tree, name, kind, target):
         return None
     if stem_of(target) in COMPOSITION_ROOT:
         return "only main.cpp includes the composition root"
-    if target in tree.windows:
-        return check_window_include(name, target) if is_window else "the core must not include a window file"
-    if is_window:
-        return "only tests include the fakes" if folder_of(target) == "testing" else None
-    return check_core_include(name, target)
+    if folder_of(target) == "testing":
+        return "only tests include the fakes"
+    if target in tree.windows and not is_window:
+        return "the core must not include a window file"
+    return check_level(name, target)
 
 
 def check_lists(tree):

@@ -15,8 +15,8 @@ SOUND = {
     "ports/clock.h": '#include "util/text.h"',
     "registry/tessel_registry.h": '#include "ports/clock.h"',
     "controls/button_state.h": '#include "util/text.h"',
-    "app/settings.h": '#include "registry/tessel_registry.h"',
-    "reminders/phrase.h": '#include "app/settings.h"',
+    "app/base/settings.h": '#include "registry/tessel_registry.h"',
+    "reminders/phrase.h": '#include "app/base/settings.h"',
     "notes/note.h": '#include "reminders/phrase.h"',
     "notes/note.cpp": '#include "notes/note.h"',
     "notes/core.cmake": "target_sources(quillo_core PRIVATE notes/note.cpp)",
@@ -24,7 +24,7 @@ SOUND = {
     "mainmenu/menu_map.h": '#include "app/open_notes.h"',
     "platform/win32.h": "#include <windows.h>",
     "platform/window.h": '#include "platform/win32.h"\n#include "util/text.h"',
-    "notes/note_form.h": '#include "platform/window.h"\n#include "app/open_notes.h"\n#include "version.h"',
+    "notes/note_form.h": '#include "platform/window.h"\n#include "app/base/settings.h"\n#include "version.h"',
     "notes/note_form.cpp": '#include "notes/note_form.h"',
     "notes/windows.cmake": "target_sources(quillo_windows PRIVATE notes/note_form.cpp)",
     "controls/note_button.h": '#include "platform/window.h"',
@@ -59,9 +59,9 @@ class CheckLayersTest(unittest.TestCase):
     def test_upward_includes_of_the_core(self):
         self.expect({"util/text.h": '#include "ports/clock.h"'}, "util must not include ports")
         self.expect({"registry/other.h": '#include "controls/button_state.h"'}, "registry must not include controls")
-        self.expect({"app/settings.h": '#include "notes/note.h"'}, "app base must not include notes")
-        self.expect({"notes/note.h": '#include "app/open_notes.h"'}, "notes must not include app top")
-        self.expect({"app/open_notes.h": '#include "mainmenu/menu_map.h"'}, "app top must not include mainmenu")
+        self.expect({"app/base/settings.h": '#include "notes/note.h"'}, "app/base must not include notes")
+        self.expect({"notes/note.h": '#include "app/open_notes.h"'}, "notes must not include app")
+        self.expect({"app/open_notes.h": '#include "mainmenu/menu_map.h"'}, "app must not include mainmenu")
 
     def test_the_core_includes_no_windows(self):
         self.expect({"notes/note.cpp": '#include "notes/note_form.h"'}, "must not include a window file")
@@ -71,9 +71,12 @@ class CheckLayersTest(unittest.TestCase):
 
     def test_windows_include_each_other_only_downward(self):
         self.expect({"controls/note_button.h": '#include "notes/note_form.h"'},
-                    "a window file of controls must not include one of notes")
+                    "controls must not include notes")
         self.expect({"platform/window.h": '#include "controls/note_button.h"\n#include "platform/win32.h"'},
-                    "a window file of platform must not include one of controls")
+                    "platform must not include controls")
+        self.expect({"notes/note_form.cpp": '#include "app/open_notes.h"'}, "notes must not include app")
+        self.expect({"platform/window.cpp": '#include "app/base/settings.h"',
+                     "platform/windows.cmake": "platform/window.cpp"}, "platform must not include app/base")
 
     def test_only_the_composition_root_sees_everything(self):
         self.expect({"notes/note_form.cpp": '#include "app/quillo_procs.h"'}, "composition root")
@@ -82,6 +85,9 @@ class CheckLayersTest(unittest.TestCase):
         self.expect({"notes/note.cpp": '#include "testing/fakes.h"'}, "only tests include the fakes")
         self.expect({"notes/note_form.cpp": '#include "testing/fakes.h"'}, "only tests include the fakes")
         self.expect({"testing/fakes.h": '#include "platform/window.h"'}, "the fakes must not include a window file")
+
+    def test_every_folder_has_a_level(self):
+        self.expect({"notes/parts/piece.h": '#include "util/text.h"'}, "the folder 'notes/parts' has no level")
 
     def test_every_source_is_in_one_list(self):
         self.expect({"notes/core.cmake": "# notes/note.cpp"}, "is in no core.cmake")
