@@ -77,4 +77,50 @@ class MainFormTest : public testing::Test {
     std::string heard_;
 };
 
+/// The same with its window and its icon.
+class MainFormWindow : public MainFormTest {
+  protected:
+    MainFormWindow() {
+        EXPECT_TRUE(form_.Load());
+        form_.ShowTrayIcon();
+    }
+
+    /// Sends a message about a point of the menu, given at 96 dpi.
+    void Mouse(UINT message, int x, int y) {
+        RECT client{};
+        GetClientRect(form_.Handle(), &client);
+        const auto at = [&client](int figure, int whole, LONG extent) { return figure * extent / whole; };
+        Send(message, 0, MAKELPARAM(at(x, 300, client.right), at(y, 180, client.bottom)));
+    }
+    void Click(int x, int y) {
+        Mouse(WM_MOUSEMOVE, x, y);
+        Mouse(WM_LBUTTONDOWN, x, y);
+        Mouse(WM_LBUTTONUP, x, y);
+    }
+    void Key(WPARAM key) { Send(WM_KEYDOWN, key); }
+    /// Shows the menu and drops the events raised meanwhile.
+    void Show() {
+        form_.SlideForm(true);
+        test_.notice.Clear();
+    }
+    [[nodiscard]] COLORREF Pixel(int x, int y) {
+        UpdateWindow(form_.Handle());
+        RECT client{};
+        GetClientRect(form_.Handle(), &client);
+        return PixelOf(form_.Handle(),
+                       Point{static_cast<int>(x * client.right / 300), static_cast<int>(y * client.bottom / 180)});
+    }
+    static void TellIcon(UINT message) {
+        PostMessageW(TrayWindow(), 512, 1, static_cast<LPARAM>(message));
+        PumpWaiting();
+    }
+    /// Whether another program could register that hotkey now.
+    static bool IsFree(int key) {
+        constexpr int kTry = 99;
+        if (RegisterHotKey(nullptr, kTry, MOD_WIN, static_cast<UINT>(key)) == 0) return false;
+        UnregisterHotKey(nullptr, kTry);
+        return true;
+    }
+};
+
 }  // namespace quillo::windows_tests

@@ -2,27 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "../unit/app/test_program.h"
-#include "accessible_reader.h"
-#include "app/base/registry_keys.h"
-#include "mainmenu/content_panel.h"
-#include "platform/gdi_scope.h"
-#include "platform/message_loop.h"
+#include "options_form_fixture.h"
 #include "platform/monitors.h"
 #include "platform/text_tools.h"
 #include "platform/ui_timer.h"
 #include "platform/unique_handle.h"
-#include "platform/wide.h"
-#include "reminder_fixture.h"
-#include "support.h"
-#include "testing/fake_options_owner.h"
-#include "testing/fake_sound_device.h"
-#include "util/busy_flag.h"
 
 // After windows.h.
 #include <commctrl.h>
@@ -31,77 +19,8 @@ namespace quillo {
 namespace {
 
 using C = OptionControl;
+using windows_tests::OptionsFormTest;
 using Names = std::vector<std::u16string>;
-
-class OptionsFormTest : public testing::Test {
-  protected:
-    void Open() {
-        ASSERT_TRUE(form_.Open());
-        loop_.RunPending();
-    }
-    Settings& Now() { return program_.program.settings; }
-    [[nodiscard]] HWND Of(OptionControl control) const { return form_.ControlWindow(control); }
-    [[nodiscard]] std::u16string Text(OptionControl control) const { return WindowText(Of(control)); }
-    [[nodiscard]] bool IsChecked(OptionControl check) const {
-        return SendMessageW(Of(check), BM_GETCHECK, 0, 0) == BST_CHECKED;
-    }
-    void Press(OptionControl control) const { SendMessageW(Of(control), BM_CLICK, 0, 0); }
-    /// Delivered as the message loop does, to the control that has the focus.
-    void Key(HWND to, int key) {
-        PostMessageW(to, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
-        loop_.RunPending();
-    }
-    [[nodiscard]] bool IsTopmost() const {
-        return (GetWindowLongPtrW(form_.Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
-    }
-    void SetDpi(int dpi) const {
-        const RECT place{20, 20, 500, 400};
-        SendMessageW(form_.Handle(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
-    }
-    [[nodiscard]] std::optional<std::int32_t> Number(std::u16string_view name) const {
-        return program_.registry.Number(kUserKey, name);
-    }
-    [[nodiscard]] std::optional<std::u16string> Stored(std::u16string_view name) const {
-        return program_.registry.Text(kUserKey, name);
-    }
-    [[nodiscard]] Names Written() const {
-        Names names;
-        for (const std::u16string& line : program_.registry.Log()) {
-            if (line.starts_with(u"set ")) names.push_back(line.substr(4));
-        }
-        return names;
-    }
-    [[nodiscard]] static RECT PlaceOf(HWND window) {
-        RECT place{};
-        GetWindowRect(window, &place);
-        return place;
-    }
-    /// No part of the control's text is outside it.
-    void ExpectUncut(const OptionRow& row, int dpi) const {
-        HWND control = Of(row.control);
-        RECT place{};
-        GetClientRect(control, &place);
-        const WindowDcScope dc(control);
-        const SelectScope font(dc.Dc(), reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
-        // The space of a check box's mark and a button's edge.
-        const int room = row.kind == OptionKind::Check ? Scale(dpi).Px(20) : row.kind == OptionKind::Button ? 8 : 0;
-        RECT needed{0, 0, place.right - room, 0};
-        const std::u16string text = Text(row.control);
-        const UINT wrap = row.kind == OptionKind::Text || row.kind == OptionKind::Check ? DT_WORDBREAK : DT_SINGLELINE;
-        DrawTextW(dc.Dc(), WideData(text), static_cast<int>(text.size()), &needed, DT_CALCRECT | wrap);
-        EXPECT_LE(needed.right + room, place.right) << "control " << static_cast<int>(row.control) << " at " << dpi;
-        EXPECT_LE(needed.bottom, place.bottom) << "control " << static_cast<int>(row.control) << " at " << dpi;
-    }
-
-    TestProgram program_;
-    FakeSoundDevice sound_;
-    FakeOptionsOwner owner_{program_.program.settings};
-    MessageLoop loop_;
-    BusyFlag dialogs_;
-    OptionsForm form_{OptionsWorld{program_.program.settings, program_.program.notesFolder, program_.program.openNotes,
-                                   program_.registry, program_.shell, sound_, program_.locale, owner_},
-                      program_.notice, loop_, dialogs_};
-};
 
 TEST_F(OptionsFormTest, OpensOnItsFirstPageAboveAllOthers) {
     Open();
@@ -221,47 +140,6 @@ TEST_F(OptionsFormTest, ASecondRequestFindsTheSameDialog) {
     EXPECT_EQ(form_.CurrentPage(), OptionsPage::Behavior);
 }
 
-TEST_F(OptionsFormTest, ShowsTheCurrentSettings) {
-    Now().autoPinNewNotes = true;
-    Now().disableAnimation = true;
-    Now().startupMode = 1;
-    Now().shortcuts = {u"C:\\1.exe", u"C:\\2.exe", u"", u"C:\\4.exe"};
-    Now().noteFolder = u"C:\\Closed";
-    Now().reminder = u"C:\\ding.wav";
-    Now().newNoteHotkey = 112;
-    Now().noteFont = FontSetting{u"Courier New", 10.5};
-    Open();
-    EXPECT_TRUE(IsChecked(C::AutoPinCheck));
-    EXPECT_FALSE(IsChecked(C::AnimationCheck));
-    EXPECT_TRUE(IsChecked(C::SpecialStartupCheck));
-    EXPECT_TRUE(program_.notice.choiceWarnings.empty());
-    EXPECT_EQ(Text(C::ShortcutBox1), u"C:\\1.exe");
-    EXPECT_EQ(Text(C::ShortcutBox3), u"");
-    EXPECT_EQ(Text(C::ShortcutBox4), u"C:\\4.exe");
-    EXPECT_EQ(Text(C::NoteFolderBox), u"C:\\Closed");
-    EXPECT_EQ(Text(C::ReminderSoundBox), u"C:\\ding.wav");
-    EXPECT_EQ(Text(C::NewNoteKeyBox), u"Key # 112");
-    EXPECT_EQ(Text(C::SurfaceKeyBox), u"S");
-    EXPECT_EQ(Text(C::FontLabel), u"Courier New, 10.5 pt.");
-    EXPECT_EQ(Text(C::NotesFolderPath), kTestNotesFolder);
-}
-
-TEST_F(OptionsFormTest, EveryCheckBoxWritesWhenItIsPressed) {
-    Open();
-    for (const OptionRow& row : OptionsTable()) {
-        if (row.kind != OptionKind::Check) continue;
-        for (int i = 0; i < 2; ++i) {
-            const bool wanted = !IsChecked(row.control);
-            program_.registry.ClearLog();
-            Press(row.control);
-            EXPECT_EQ(IsChecked(row.control), wanted);
-            EXPECT_EQ(Written(), Names{std::u16string(row.settings.front())});
-            const int on = row.control == C::SpecialStartupCheck ? 1 : kTrueNumber;
-            EXPECT_EQ(Number(row.settings.front()), wanted != row.inverted ? on : 0) << static_cast<int>(row.control);
-        }
-    }
-}
-
 TEST_F(OptionsFormTest, TheWarningAppearsAboveTheDialog) {
     Open();
     bool gaveWay = false;
@@ -287,54 +165,6 @@ TEST_F(OptionsFormTest, ADialogClosedDuringItsWarningIsNotUsedAgain) {
     Press(C::SpecialStartupCheck);
     EXPECT_EQ(form_.Handle(), nullptr);
     EXPECT_EQ(Number(u"Startup mode"), 1);
-}
-
-TEST_F(OptionsFormTest, TheSliderTurnsTranslucencyOn) {
-    Open();
-    SetFocus(Of(C::OpacitySlider));
-    Key(Of(C::OpacitySlider), VK_HOME);
-    EXPECT_EQ(Number(u"Note opacity"), 255) << "opaque at its left end";
-    EXPECT_EQ(Number(u"Note transparency"), -1);
-    EXPECT_TRUE(IsChecked(C::TranslucentCheck));
-    Key(Of(C::OpacitySlider), VK_END);
-    EXPECT_EQ(Number(u"Note opacity"), OptionsController::kFaintest);
-}
-
-TEST_F(OptionsFormTest, AColorSchemeIsWrittenWhole) {
-    Open();
-    SetFocus(Of(C::ColorSelector));
-    Key(Of(C::ColorSelector), VK_RIGHT);
-    Key(Of(C::ColorSelector), VK_SPACE);
-    EXPECT_EQ(Number(u"Note color"), kSwatches[1].note.Number());
-    EXPECT_EQ(Number(u"Note border color"), kSwatches[1].border.Number());
-    EXPECT_EQ(Number(u"Note text color"), kSwatches[1].text.Number());
-    windows_tests::PaintNow(Of(C::NotePreview));
-    RECT preview{};
-    GetClientRect(Of(C::NotePreview), &preview);
-    const Point belowTheText{preview.right / 2, preview.bottom - 20};
-    EXPECT_EQ(windows_tests::PixelOf(Of(C::NotePreview), belowTheText), RGB(0xE0, 0xEE, 0xF4));
-}
-
-TEST_F(OptionsFormTest, AKeyBoxAcceptsKeysAndNoText) {
-    Open();
-    form_.ShowPage(OptionsPage::Shortcuts);
-    HWND box = Of(C::NewNoteKeyBox);
-    SetFocus(box);
-    Key(box, 'Q');
-    EXPECT_EQ(WindowText(box), u"Q");
-    EXPECT_EQ(Now().newNoteHotkey, 'Q');
-    for (const int refused : {int{'S'}, VK_F1, VK_BACK, VK_LWIN}) {
-        Key(box, refused);
-        EXPECT_EQ(WindowText(box), u"Q") << refused;
-    }
-    SendMessageW(box, WM_CHAR, 'x', 1);
-    EXPECT_EQ(WindowText(box), u"Q");
-    Key(box, VK_PRIOR);
-    EXPECT_EQ(WindowText(box), u"!") << "intended: named by its number";
-    Key(box, '5');
-    EXPECT_EQ(WindowText(box), u"5");
-    EXPECT_FALSE(Number(u"New note hotkey")) << "written at the end";
-    EXPECT_EQ(owner_.calls, Names{});
 }
 
 TEST_F(OptionsFormTest, TheButtonTheCloseBoxAndEscAllSave) {
@@ -411,51 +241,6 @@ TEST_F(OptionsFormTest, AProgramDroppedOnTheMenuMeanwhileIsKept) {
     EXPECT_EQ(Now().shortcuts[2], u"C:\\3.exe");
 }
 
-TEST_F(OptionsFormTest, PlaysTheSoundInTheBox) {
-    Open();
-    SetWindowTextW(Of(C::ReminderSoundBox), L"C:\\ding.wav");
-    EXPECT_TRUE(IsWindowEnabled(Of(C::PlaySoundButton)));
-    Press(C::PlaySoundButton);
-    EXPECT_EQ(sound_.waves.back(), u"C:\\ding.wav");
-    SetWindowTextW(Of(C::ReminderSoundBox), L"  ");
-    EXPECT_FALSE(IsWindowEnabled(Of(C::PlaySoundButton))) << "silence needs no trying out";
-    form_.Unload();
-    EXPECT_EQ(sound_.waves.back(), u"") << "the sound ends with the dialog";
-}
-
-TEST_F(OptionsFormTest, TheHelpPageOpensTheFolderAndTheHelp) {
-    Open();
-    form_.ShowPage(OptionsPage::Help);
-    Press(C::OpenNotesFolderButton);
-    Press(C::OpenHelpButton);
-    EXPECT_EQ(program_.shell.opened,
-              (Names{std::u16string(kTestNotesFolder), u"C:\\Program Files\\Quillo\\Quillo.chm"}));
-}
-
-TEST_F(OptionsFormTest, TheTabKeyReachesEveryControlOfAPage) {
-    Open();
-    for (std::size_t i = 0; i < kOptionsPageCount; ++i) {
-        const auto page = static_cast<OptionsPage>(i);
-        form_.ShowPage(page);
-        std::vector<HWND> reached;
-        for (HWND at = GetNextDlgTabItem(form_.Handle(), form_.TabStripWindow(), FALSE);
-             at != form_.TabStripWindow() && reached.size() < 100; at = GetNextDlgTabItem(form_.Handle(), at, FALSE)) {
-            reached.push_back(at);
-        }
-        std::vector<HWND> expected;
-        for (const OptionRow& row : OptionsTable()) {
-            const bool takesKeys = row.kind != OptionKind::Heading && row.kind != OptionKind::Text &&
-                                   row.kind != OptionKind::Divider && row.kind != OptionKind::KeyList &&
-                                   row.kind != OptionKind::Preview;
-            if (row.page == page && takesKeys && IsWindowEnabled(Of(row.control)) != 0) {
-                expected.push_back(Of(row.control));
-            }
-        }
-        expected.push_back(form_.CloseButton());
-        EXPECT_EQ(reached, expected) << "page " << i;
-    }
-}
-
 TEST_F(OptionsFormTest, IsNeverLargerThanTheWorkArea) {
     Open();
     for (const int dpi : {96, 144, 192, 288}) {
@@ -507,53 +292,6 @@ TEST_F(OptionsFormTest, AHiddenPageNeverKeepsTheKeyboard) {
     program_.registry.ClearLog();
     Key(GetFocus(), VK_SPACE);
     EXPECT_EQ(Written(), Names{});
-}
-
-TEST_F(OptionsFormTest, TheHelpPageSaysHowToQuitAndWhichHotkeyIsTaken) {
-    owner_.takenHotKeys = {0, 'S'};
-    Open();
-    form_.ShowPage(OptionsPage::Help);
-    EXPECT_TRUE(Text(C::QuitLabel).starts_with(u"Right-click the cross"));
-    EXPECT_TRUE(Text(C::HotkeysTakenLabel).starts_with(u"Windows+S does not work"));
-    const RECT label = PlaceOf(Of(C::HotkeysTakenLabel));
-    EXPECT_GT(label.bottom, label.top);
-}
-
-TEST_F(OptionsFormTest, AScreenReaderGetsTheOpacityInPercent) {
-    Now().noteOpacity = 192;
-    Open();
-    const windows_tests::Reader slider(Of(C::OpacitySlider));
-    EXPECT_EQ(slider.Name(), u"Opacity");
-    EXPECT_EQ(slider.Value(), u"75%");
-}
-
-TEST_F(OptionsFormTest, NothingIsCutAndNothingOverlapsAtAnyResolution) {
-    Open();
-    for (const int dpi : {96, 120, 144, 192}) {
-        SetDpi(dpi);
-        for (const OptionRow& row : OptionsTable()) {
-            HWND control = Of(row.control);
-            if (control == nullptr || row.control == C::HotkeysTakenLabel) continue;  // nothing is changed here
-            const bool showsText = row.kind == OptionKind::Heading || row.kind == OptionKind::Text ||
-                                   row.kind == OptionKind::Check || row.kind == OptionKind::Button ||
-                                   row.kind == OptionKind::Divider;
-            if (showsText && row.control != C::FontLabel) ExpectUncut(row, form_.DialogScale().Dpi());
-            const RECT place = PlaceOf(control);
-            EXPECT_GT(place.right - place.left, 0) << static_cast<int>(row.control);
-            EXPECT_GT(place.bottom - place.top, 0) << static_cast<int>(row.control);
-            const RECT page = PlaceOf(GetParent(control));
-            RECT both{};
-            IntersectRect(&both, &place, &page);
-            EXPECT_TRUE(EqualRect(&both, &place)) << "control " << static_cast<int>(row.control) << " at " << dpi;
-            for (const OptionRow& other : OptionsTable()) {
-                HWND second = Of(other.control);
-                if (second == nullptr || other.control <= row.control || other.page != row.page) continue;
-                const RECT secondPlace = PlaceOf(second);
-                EXPECT_FALSE(IntersectRect(&both, &place, &secondPlace))
-                    << static_cast<int>(row.control) << " covers " << static_cast<int>(other.control) << " at " << dpi;
-            }
-        }
-    }
 }
 
 }  // namespace

@@ -9,6 +9,7 @@ target_sources(quillo_windows_tests PRIVATE
   windows/import_counter.cpp
   windows/main.cpp
   windows/main_form_test.cpp
+  windows/main_form_menu_test.cpp
   windows/mail_form_test.cpp
   windows/menu_artwork_test.cpp
   windows/mini_slider_test.cpp
@@ -18,11 +19,14 @@ target_sources(quillo_windows_tests PRIVATE
   windows/note_drop_target_test.cpp
   windows/note_fixture.cpp
   windows/note_form_test.cpp
+  windows/note_form_look_test.cpp
   windows/note_handles_test.cpp
   windows/note_menu_test.cpp
   windows/note_reminder_test.cpp
+  windows/note_tool_tips_test.cpp
   windows/notify_window_test.cpp
   windows/options_form_test.cpp
+  windows/options_pages_test.cpp
   windows/platform_dialogs_test.cpp
   windows/registry_test.cpp
   windows/reminder_fixture.cpp
