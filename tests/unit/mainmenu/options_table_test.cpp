@@ -189,6 +189,9 @@ TEST(OptionsTableTest, CaptionsAreExact) {
     for (const auto& [control, caption] : captions) {
         EXPECT_EQ(RowOf(control).caption, caption) << "control " << static_cast<int>(control);
     }
+}
+
+TEST(OptionsTableTest, ToolTipsAndTheWarningAreExact) {
     const std::map<OptionControl, std::u16string_view> toolTips = {
         {C::BrowseFontButton, u"Click here to browse for a new font."},
         {C::ShortcutBox1, u"Click the [...] button to browse for programs."},
