@@ -67,6 +67,9 @@ repeat_failed() {
     run_tests "$all/results-repeated.xml" -R "$expression" --repeat until-pass:2
 }
 
+# Tests of the first two rings share processes; alone each starts one (scripts/run_together.sh).
+export QUILLO_TESTS_TOGETHER=yes
+
 ensure_packages "${test_packages[@]}"
 
 trees=()
