@@ -45,7 +45,8 @@ QuilloProcs::QuilloProcs()
       late_(opening_, timers_, notice_, program_.settings),
       recovery_(store_, locale_, program_.notesFolder),
       quit_(program_, saveAll_, legacy_, store_, registry_, notice_),
-      mainForm_(MainFormTools{program_, registry_, shell_, notice_, locale_, ole_, dialogs_, monitors_}),
+      mainForm_(MainFormServices{program_, registry_, shell_, locale_, dialogs_},
+                MenuServices{program_.settings, program_.openNotes, notice_, ole_, monitors_}),
       aboutForm_(shell_, loop_, ProgramVersion{QUILLO_VERSION_MAJOR, QUILLO_VERSION_MINOR, QUILLO_VERSION_PATCH}) {
     loop_.RunAfterEach([this] { program_.openNotes.ReleaseRemoved(); });
     notifyWindow_.onCommand = [this](std::u16string_view text) { OnCommand(text); };

@@ -6,5 +6,6 @@ target_sources(quillo_core PRIVATE
   mainmenu/menu_map.cpp
   mainmenu/menu_shortcuts.cpp
   mainmenu/menu_slide.cpp
+  mainmenu/menu_state.cpp
   mainmenu/slot_icons.cpp
 )

@@ -8,6 +8,19 @@ namespace quillo {
     return tick % kTicksBetweenBackups == 0;
 }
 
+/// What a click on the icon beside the clock does.
+enum class IconClick {
+    Ignored,
+    OpensMenu,
+    CreatesNote  ///< and closes the menu
+};
+
+/// `busy` while the program starts, quits or shows a modal dialog.
+[[nodiscard]] constexpr IconClick IconClickOf(bool busy, bool menuIsShowing) {
+    if (busy) return IconClick::Ignored;
+    return menuIsShowing ? IconClick::CreatesNote : IconClick::OpensMenu;
+}
+
 /// What a change of the Windows session means for reminders.
 enum class SessionChange { Nothing, Away, Back };
 

@@ -12,15 +12,14 @@ constexpr int kHead = 40;        // the strip with about and close
 constexpr int kFoot = 120;       // where the slots begin
 constexpr int kAboutLeft = 230;  // this column belongs to no item
 constexpr int kCloseLeft = 265;
-constexpr int kPillar = 100;       // right end of "new note", left end of the slots
-constexpr int kMiddleRight = 200;  // this column belongs to "show all notes"
-constexpr int kSlot = 50;
+constexpr int kPillar = kSlotsLeft;  // right end of "new note"
+constexpr int kMiddleRight = 200;    // this column belongs to "show all notes"
 
 /// Item 5 to 8 of a column. Halves round to the even number, so that the point between two pixels at a higher
 /// resolution belongs to the right side of a slot's edge and to the left side of the menu's.
 MenuItem SlotAt(double x) {
     const int column = static_cast<int>(std::nearbyint(x));
-    const int item = column / kSlot + 3;
+    const int item = column / kSlotWidth + 3;
     return static_cast<MenuItem>(std::min(item, static_cast<int>(MenuItem::Shortcut4)));
 }
 
@@ -54,14 +53,14 @@ std::optional<int> Distance(MenuItem from, MenuItem to, MenuMove move) {
     return aside <= ahead ? std::optional<int>(kAslant + distance) : std::nullopt;
 }
 
-MenuItem Step(MenuItem from, int step, const MenuState& state) {
+MenuItem Step(MenuItem from, int step, const MenuContents& contents) {
     const auto& order = MenuOrder();
     const int count = static_cast<int>(order.size());
     const auto found = std::find(order.begin(), order.end(), from);
     int at = found != order.end() ? static_cast<int>(found - order.begin()) : step > 0 ? -1 : count;
     do {
         at = (at + step + count) % count;
-    } while (!IsEnabled(order[static_cast<std::size_t>(at)], state));
+    } while (!IsEnabled(order[static_cast<std::size_t>(at)], contents));
     return order[static_cast<std::size_t>(at)];
 }
 
@@ -81,16 +80,16 @@ MenuItem MenuAreaAt(MenuPoint at) {
     return x <= kMiddleRight ? MenuItem::ShowAllNotes : MenuItem::Options;
 }
 
-MenuItem MenuItemAt(MenuPoint at, const MenuState& state) {
+MenuItem MenuItemAt(MenuPoint at, const MenuContents& contents) {
     const MenuItem item = MenuAreaAt(at);
-    return IsEnabled(item, state) ? item : MenuItem::None;
+    return IsEnabled(item, contents) ? item : MenuItem::None;
 }
 
-bool IsEnabled(MenuItem item, const MenuState& state) {
+bool IsEnabled(MenuItem item, const MenuContents& contents) {
     if (item == MenuItem::None) return false;
-    if (item == MenuItem::ShowAllNotes) return state.hasNotes;
+    if (item == MenuItem::ShowAllNotes) return contents.hasNotes;
     if (!IsShortcut(item)) return true;
-    return state.hasShortcut.at(static_cast<std::size_t>(ShortcutNumber(item)) - 1);
+    return contents.hasShortcut.at(static_cast<std::size_t>(ShortcutNumber(item)) - 1);
 }
 
 Rect HighlightRect(MenuItem item) {
@@ -108,7 +107,7 @@ Rect HighlightRect(MenuItem item) {
         case MenuItem::Options:
             return {kMiddleRight, kHead, kMenuSize.width - kMiddleRight, kFoot - kHead};
         default:
-            return {kPillar + (ShortcutNumber(item) - 1) * kSlot, kFoot, kSlot, kMenuSize.height - kFoot};
+            return {kSlotsLeft + (ShortcutNumber(item) - 1) * kSlotWidth, kFoot, kSlotWidth, kMenuSize.height - kFoot};
     }
 }
 
@@ -119,13 +118,13 @@ const std::vector<MenuItem>& MenuOrder() {
     return order;
 }
 
-MenuItem MoveInMenu(MenuItem from, MenuMove move, const MenuState& state) {
-    if (move == MenuMove::Previous) return Step(from, -1, state);
-    if (move == MenuMove::Next || from == MenuItem::None) return Step(from, 1, state);
+MenuItem MoveInMenu(MenuItem from, MenuMove move, const MenuContents& contents) {
+    if (move == MenuMove::Previous) return Step(from, -1, contents);
+    if (move == MenuMove::Next || from == MenuItem::None) return Step(from, 1, contents);
     MenuItem nearest = from;
     std::optional<int> least;
     for (const MenuItem item : MenuOrder()) {
-        const std::optional<int> distance = IsEnabled(item, state) ? Distance(from, item, move) : std::nullopt;
+        const std::optional<int> distance = IsEnabled(item, contents) ? Distance(from, item, move) : std::nullopt;
         if (!distance || (least && *distance >= *least)) continue;
         least = distance;
         nearest = item;

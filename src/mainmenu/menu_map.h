@@ -1,11 +1,24 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
-#include "mainmenu/menu_planes.h"
 #include "util/geometry.h"
 
 namespace quillo {
+
+/// The main menu at 96 dpi.
+inline constexpr Size kMenuSize{300, 180};
+/// The area of "show all notes", at 96 dpi.
+inline constexpr Rect kShowAllPlace{100, 40, 100, 80};
+/// The slots for program shortcuts, side by side at the bottom: their number, the left edge of the first, and the width
+/// of each in pixels at 96 dpi.
+inline constexpr int kMenuSlots = 4;
+inline constexpr int kSlotsLeft = 100;
+inline constexpr int kSlotWidth = 50;
+
+/// Which of the slots have a program.
+using FilledSlots = std::array<bool, kMenuSlots>;
 
 /// The items of the main menu; the numbers are those of the table of hit areas.
 enum class MenuItem : int {
@@ -25,22 +38,23 @@ enum class MenuItem : int {
 struct MenuPoint {
     double x = 0;
     double y = 0;
+    friend bool operator==(const MenuPoint&, const MenuPoint&) = default;
 };
 
-/// The state that decides which items can be chosen now.
-struct MenuState {
+/// What decides which items can be chosen now.
+struct MenuContents {
     bool hasNotes = false;
     FilledSlots hasShortcut{};
 
-    friend bool operator==(const MenuState&, const MenuState&) = default;
+    friend bool operator==(const MenuContents&, const MenuContents&) = default;
 };
 
 /// The item whose area contains the point, enabled or not.
 [[nodiscard]] MenuItem MenuAreaAt(MenuPoint at);
 /// The item at the point; None for one that cannot be chosen now.
-[[nodiscard]] MenuItem MenuItemAt(MenuPoint at, const MenuState& state);
+[[nodiscard]] MenuItem MenuItemAt(MenuPoint at, const MenuContents& contents);
 /// False for None, for "show all notes" while there is no note, and for an empty slot.
-[[nodiscard]] bool IsEnabled(MenuItem item, const MenuState& state);
+[[nodiscard]] bool IsEnabled(MenuItem item, const MenuContents& contents);
 
 [[nodiscard]] constexpr bool IsShortcut(MenuItem item) {
     return item >= MenuItem::Shortcut1 && item <= MenuItem::Shortcut4;
@@ -62,6 +76,6 @@ struct MenuState {
 enum class MenuMove { Left, Right, Up, Down, Next, Previous };
 /// The item that the keyboard reaches from another one; only items that can be chosen. From None it is the first of the
 /// order (with Previous, the last). If nothing is in an arrow's direction, the item does not change.
-[[nodiscard]] MenuItem MoveInMenu(MenuItem from, MenuMove move, const MenuState& state);
+[[nodiscard]] MenuItem MoveInMenu(MenuItem from, MenuMove move, const MenuContents& contents);
 
 }  // namespace quillo

@@ -41,7 +41,7 @@ void MenuPicture::DrawIcons(const Settings& settings, int shellIconSize, const M
     }
 }
 
-void MenuPicture::Paint(HDC target, MenuItem hovered, const MenuState& state) const {
+void MenuPicture::Paint(HDC target, MenuItem hovered, const MenuContents& contents) const {
     if (!mainPic_) return;
     const MemoryDc source(CreateCompatibleDC(target));
     const int belowNormal = scale_.Px(kMenuSize.height);
@@ -51,7 +51,7 @@ void MenuPicture::Paint(HDC target, MenuItem hovered, const MenuState& state) co
         const RECT lit = Scaled(HighlightRect(hovered), scale_);
         Copy(target, lit, source.Get(), lit.left, lit.top + belowNormal);
     }
-    if (state.hasNotes || !showAllDisabledPic_) return;
+    if (contents.hasNotes || !showAllDisabledPic_) return;
     const SelectScope selected(source.Get(), showAllDisabledPic_.Get());
     Copy(target, Scaled(kShowAllPlace, scale_), source.Get(), 0, 0);
 }

@@ -21,7 +21,7 @@ class MenuPicture {
     void Draw(const Scale& scale, const Settings& settings, int shellIconSize, const MenuIcons& icons);
 
     /// Paints the whole menu with its top left corner at the origin. `hovered` shows its highlighted face.
-    void Paint(HDC target, MenuItem hovered, const MenuState& state) const;
+    void Paint(HDC target, MenuItem hovered, const MenuContents& contents) const;
 
   private:
     void DrawIcons(const Settings& settings, int shellIconSize, const MenuIcons& icons) const;

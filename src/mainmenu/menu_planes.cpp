@@ -8,9 +8,6 @@ namespace {
 
 constexpr int kOpaque = 255;
 constexpr std::size_t kPlaneCount = static_cast<std::size_t>(MenuPlane::Count);
-/// The first slot's left edge, a slot's width, and the top of the row, at 96 dpi.
-constexpr int kSlotsLeft = 100;
-constexpr int kSlotWidth = 50;
 
 constexpr ColorWord kInk = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
 constexpr ColorWord kSurface = ColorWord::FromRgb(0xFB, 0xF9, 0xF1);

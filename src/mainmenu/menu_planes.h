@@ -6,17 +6,12 @@
 #include <span>
 #include <vector>
 
+#include "mainmenu/menu_map.h"
 #include "util/color_word.h"
 #include "util/coverage_planes.h"
 #include "util/geometry.h"
 
 namespace quillo {
-
-/// The main menu at 96 dpi.
-inline constexpr Size kMenuSize{300, 180};
-/// The area of the disabled "show all notes" picture, at 96 dpi.
-inline constexpr Rect kShowAllPlace{100, 40, 100, 80};
-inline constexpr int kMenuSlots = 4;
 
 /// The parts of the menu's drawing, in the order in which they are painted over each other.
 enum class MenuPlane : int {
@@ -75,10 +70,7 @@ struct ContrastColors {
 [[nodiscard]] MenuColors ColorsOf(MenuFace face);
 [[nodiscard]] MenuColors ColorsOf(MenuFace face, const ContrastColors& contrast);
 
-/// Which of the slots have a program; these show no well.
-using FilledSlots = std::array<bool, kMenuSlots>;
-
-/// The face as rows of 0x00RRGGBB from the top, as a device-independent bitmap holds them.
+/// The face as rows of 0x00RRGGBB from the top, as a device-independent bitmap holds them. Filled slots show no well.
 [[nodiscard]] std::vector<std::uint32_t> ComposeMenu(const MenuPlanes& planes, const MenuColors& colors,
                                                      const FilledSlots& filled);
 

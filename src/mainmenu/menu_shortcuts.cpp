@@ -12,8 +12,6 @@
 namespace quillo {
 namespace {
 
-constexpr int kSlotsLeft = 100;
-constexpr int kSlotWidth = 50;
 constexpr double kDragTop = 120;
 constexpr double kDropTop = 110;
 constexpr Point kFirstIcon{109, 132};

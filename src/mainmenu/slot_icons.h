@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "mainmenu/menu_planes.h"
+#include "mainmenu/menu_map.h"
 
 namespace quillo {
 

@@ -6,7 +6,7 @@ target_sources(quillo_windows PRIVATE
   mainmenu/key_box.cpp
   mainmenu/link_label.cpp
   mainmenu/main_form.cpp
-  mainmenu/main_form_menu.cpp
+  mainmenu/menu_window.cpp
   mainmenu/menu_artwork.cpp
   mainmenu/menu_drop_target.cpp
   mainmenu/menu_icons.cpp

@@ -48,6 +48,9 @@ class MainFormTest : public testing::Test {
         return nullptr;
     }
     void AddNote(std::u16string key) { ASSERT_NE(test_.program.openNotes.Add(test_.world, std::move(key)), nullptr); }
+    [[nodiscard]] MenuServices ServicesOfMenu() {
+        return {test_.program.settings, test_.program.openNotes, test_.notice, ole_, monitors_};
+    }
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendMessageW(form_.Handle(), message, wParam, lParam);
     }
@@ -60,15 +63,14 @@ class MainFormTest : public testing::Test {
         ++monitorQuestions_;
         return AskForMonitors();
     }};
-    MainForm form_{
-        MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_, dialogs_, monitors_,
-                      SessionEndCalls{[this](HWND window, const wchar_t* reason) {
-                                          heldBy_ = window;
-                                          heard_ += "held ";
-                                          reason_ = FromWide(reason);
-                                      },
-                                      [this](HWND) { heard_ += "released "; }}},
-        kTick};
+    MainForm form_{MainFormServices{test_.program, test_.registry, test_.shell, test_.locale, dialogs_,
+                                    SessionEndCalls{[this](HWND window, const wchar_t* reason) {
+                                                        heldBy_ = window;
+                                                        heard_ += "held ";
+                                                        reason_ = FromWide(reason);
+                                                    },
+                                                    [this](HWND) { heard_ += "released "; }}},
+                   ServicesOfMenu(), kTick};
     int backups_ = 0;
     HWND heldBy_ = nullptr;  ///< the window that last held up the end of the session
     std::u16string reason_;  ///< the reason that it gave

@@ -299,9 +299,8 @@ TEST_F(MainFormWindow, AFileOnADeadNetworkBlocksNeitherTheMenuNorTheEnd) {
     SlowShell shell;
     {
         test_.program.settings.shortcuts[0] = u"\\\\server\\tool.exe";
-        MainForm form(MainFormTools{test_.program, test_.registry, test_.shell, test_.notice, test_.locale, ole_,
-                                    dialogs_, monitors_},
-                      kTick, shell.LookUp());
+        MainForm form(MainFormServices{test_.program, test_.registry, test_.shell, test_.locale, dialogs_},
+                      ServicesOfMenu(), kTick, shell.LookUp());
         ASSERT_TRUE(form.Load());
         EXPECT_EQ(shell.TimesAsked(), 0) << "the start does not look";
         form.SlideForm(true);

@@ -13,6 +13,13 @@ TEST(MainFormRules, EveryFifthMinuteSaves) {
     EXPECT_EQ(saves, "----S----S-");
 }
 
+TEST(MainFormRules, ASecondClickOnTheIconCreatesANoteAndABusyProgramIgnoresClicks) {
+    EXPECT_EQ(IconClickOf(false, false), IconClick::OpensMenu);
+    EXPECT_EQ(IconClickOf(false, true), IconClick::CreatesNote);
+    EXPECT_EQ(IconClickOf(true, false), IconClick::Ignored);
+    EXPECT_EQ(IconClickOf(true, true), IconClick::Ignored);
+}
+
 TEST(MainFormRules, RemindersWaitForTheConsoleAndARemoteSessionCountsAsConnected) {
     EXPECT_EQ(SessionChangeOf(1), SessionChange::Back);
     EXPECT_EQ(SessionChangeOf(2), SessionChange::Away);

@@ -10,8 +10,8 @@ namespace {
 
 using Item = MenuItem;
 
-constexpr MenuState kAll{true, {true, true, true, true}};
-constexpr MenuState kNothing{};
+constexpr MenuContents kAll{true, {true, true, true, true}};
+constexpr MenuContents kNothing{};
 
 TEST(MenuMap, EveryBoundaryPointBelongsToItsItem) {
     struct Case {
@@ -83,7 +83,7 @@ TEST(MenuMap, BetweenTwoPixelsASlotBeginsAtTheNearestWithHalvesToTheEvenOne) {
 
 TEST(MenuMap, WithoutNotesShowAllNotesIsNone) {
     EXPECT_EQ(MenuItemAt({150, 80}, kAll), Item::ShowAllNotes);
-    MenuState state = kAll;
+    MenuContents state = kAll;
     state.hasNotes = false;
     EXPECT_EQ(MenuItemAt({150, 80}, state), Item::None);
     EXPECT_EQ(MenuItemAt({250, 80}, state), Item::Options);
@@ -91,7 +91,7 @@ TEST(MenuMap, WithoutNotesShowAllNotesIsNone) {
 
 TEST(MenuMap, AnEmptySlotIsNone) {
     for (int slot = 1; slot <= kMenuSlots; ++slot) {
-        MenuState state = kAll;
+        MenuContents state = kAll;
         state.hasShortcut.at(static_cast<std::size_t>(slot) - 1) = false;
         for (int other = 1; other <= kMenuSlots; ++other) {
             const MenuPoint at{75.0 + 50 * other, 150};
@@ -180,7 +180,7 @@ TEST(MenuMap, ArrowsSkipItemsThatCannotBeChosen) {
 TEST(MenuMap, ArrowsReachEveryEnabledItem) {
     for (unsigned bits = 0; bits < 32; ++bits) {
         const auto bit = [bits](unsigned n) { return (bits >> n & 1U) != 0; };
-        const MenuState state{bit(0), {bit(1), bit(2), bit(3), bit(4)}};
+        const MenuContents state{bit(0), {bit(1), bit(2), bit(3), bit(4)}};
         std::set<Item> reached{MoveInMenu(Item::None, MenuMove::Down, state)};
         for (std::size_t before = 0; before != reached.size();) {
             before = reached.size();

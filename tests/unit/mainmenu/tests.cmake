@@ -5,6 +5,7 @@ target_sources(quillo_core_tests PRIVATE
   unit/mainmenu/menu_planes_test.cpp
   unit/mainmenu/menu_shortcuts_test.cpp
   unit/mainmenu/menu_slide_test.cpp
+  unit/mainmenu/menu_state_test.cpp
   unit/mainmenu/options_controller_test.cpp
   unit/mainmenu/options_table_test.cpp
   unit/mainmenu/slot_icons_test.cpp
