@@ -42,7 +42,7 @@ run_tests() {
     shift
     rm -f "$failed_log"
     "${environment[@]}" ctest --test-dir "$all" --output-on-failure --no-tests=error --timeout 300 \
-        -j "$at_one_moment" --output-junit "$into" "$@" </dev/null
+        -j "$at_one_moment" --output-junit "$into" --test-output-size-passed 65536 "$@" </dev/null
 }
 
 # Repeats the failed tests if they are only a few end-to-end tests; fails if they fail twice more.
@@ -89,7 +89,7 @@ fi
 
 mkdir -p "$all"
 printf 'subdirs("%s")\n' "${trees[@]}" >"$all/CTestTestfile.cmake"
-rm -f "$all/results-repeated.xml" "$all/repeated.log"
+rm -f "$results" "$all/results-repeated.xml" "$all/repeated.log"
 
 compiling=
 trap '[[ -z $compiling ]] || kill "$compiling" 2>/dev/null || true' EXIT
@@ -111,4 +111,8 @@ fi
 if [[ -n $compiling ]]; then stage "build, 32-bit (the rest)" wait "$compiling" || status=$?; fi
 print_stages
 printf 'End-to-end tests that were repeated: %d (at most %d)\n' "$repeated" "$repeats_allowed"
+# A test names each mouse action that it had to repeat.
+if [[ -f $results ]]; then
+    printf 'Mouse actions that were repeated within tests: %d\n' "$(grep -c '^REPEATED ACTION: ' "$results" || true)"
+fi
 exit "$status"

@@ -30,6 +30,23 @@ class MainMenuTest : public OrdinaryTest {
     }
 };
 
+TEST_F(MainMenuTest, TheFirstClickOnTheIconOpensIt) {
+    Start();
+    const std::optional<POINT> icon = FindTrayIcon(Quillo().Pid(), L"Quillo");
+    ASSERT_TRUE(icon);
+    ClickMouse(*icon);
+    EXPECT_TRUE(Eventually([&] { return Menu().IsShowing(); }));
+}
+
+TEST_F(MainMenuTest, TheFirstClickOnAnItemCounts) {
+    Start();
+    Menu().SendToIcon(kLeftUp);
+    ASSERT_TRUE(Eventually([&] { return Menu().IsShowing() && Menu().HasKeyboard(); }));
+    ClickMouse(Menu().MiddleOf(MenuItem::NewNote));
+    EXPECT_TRUE(NotesBecome(1));
+    EXPECT_TRUE(Menu().WaitUntilGone());
+}
+
 TEST_F(MainMenuTest, AClickOnTheIconOpensItInTheCornerHoveringHighlightsAndEscClosesIt) {
     Profile().AddNote(L"note.qln", NoteFile{"Milk"}.Bytes());
     Start();

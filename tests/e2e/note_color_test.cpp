@@ -98,6 +98,15 @@ class NoteColorTest : public OrdinaryTest {
     static constexpr ColorScheme kDefault{ColorWord{14155262}, ColorWord{3723262}, ColorWord{0}};
 };
 
+TEST_F(NoteColorTest, TheFirstClickOnASwatchCounts) {
+    AddNote(L"note.qln", "MMMM", kTop);
+    Start();
+    const NoteWindow note = FindNote(Quillo(), L"MMMM");
+    const ColorDialogWindow dialog = AskNoteColor(note);
+    ClickMouse(dialog.SwatchOnScreen(2));
+    EXPECT_TRUE(Eventually([&] { return IsShownIn(note, kSwatches[2]); }));
+}
+
 TEST_F(NoteColorTest, ThePointerGivesTheNoteEachOfTheElevenSchemesAtOnce) {
     const std::wstring path = AddNote(L"note.qln", "MMMM", kTop);
     Start();

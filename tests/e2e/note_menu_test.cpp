@@ -308,6 +308,15 @@ TEST_F(NoteMenu, DeletingPermanentlyAsksFirst) {
     EXPECT_EQ(RecycledItems(), before);
 }
 
+TEST_F(NoteMenu, TheFirstClickOnALineCounts) {
+    const NoteWindow note = Open("Milk");
+    const std::optional<PopupMenu> menu = OpenMenuByKeys(note);
+    ASSERT_TRUE(menu);
+    ClickMouse(menu->LinePoint(static_cast<int>(NoteMenuLine::AddTimestamp), kNoteMenuLines));
+    EXPECT_TRUE(Eventually([&] { return note.Text().size() > 4; }));
+    EXPECT_FALSE(menu->IsOpen());
+}
+
 /// The menu of a note's own icon beside the clock.
 class NoteIconMenu : public NoteMenu {
   protected:

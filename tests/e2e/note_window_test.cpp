@@ -94,6 +94,12 @@ TEST_F(NoteWindowTest, ThePushpinKeepsItOnTop) {
     EXPECT_TRUE(Until([&] { return !note.IsTopmost(); }, [&] { note.ClickButton(NoteButtonId::Pushpin); }));
 }
 
+TEST_F(NoteWindowTest, TheFirstClickOnAButtonCounts) {
+    const NoteWindow note = Open();
+    ClickMouse(note.MiddleOfButton(NoteButtonId::Pushpin));
+    EXPECT_TRUE(Eventually([&] { return note.IsTopmost(); }));
+}
+
 TEST_F(NoteWindowTest, LeavingAButtonBeforeTheReleaseDoesNothing) {
     const NoteWindow note = Open();
     RECT pin{};

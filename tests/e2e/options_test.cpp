@@ -74,6 +74,23 @@ class OptionsTest : public OrdinaryTest {
     }
 };
 
+TEST_F(OptionsTest, TheFirstClickOnATabCounts) {
+    const OptionsWindow options = Open();
+    ASSERT_TRUE(options.Shows(OptionsPage::Appearance));
+    RECT strip{};
+    GetWindowRect(options.TabStrip(), &strip);
+    // Behind the first tab, and before the end of the last.
+    ClickMouse(POINT{strip.left + Px(120), (strip.top + strip.bottom) / 2});
+    EXPECT_TRUE(Eventually([&] { return !options.Shows(OptionsPage::Appearance); }));
+}
+
+TEST_F(OptionsTest, TheFirstClickOnACheckBoxCounts) {
+    const OptionsWindow options = Open();
+    const bool before = options.IsChecked(C::AnimationCheck);
+    options.Click(C::AnimationCheck);
+    EXPECT_TRUE(Eventually([&] { return options.IsChecked(C::AnimationCheck) != before; }));
+}
+
 TEST_F(OptionsTest, OpeningAndClosingSavesOnlyWhatItMust) {
     const OptionsWindow options = Open();
     EXPECT_EQ(WindowText(options.Handle()), L"Quillo options");

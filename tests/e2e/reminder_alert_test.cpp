@@ -146,6 +146,15 @@ TEST_F(ReminderAlert, TwoNotesDueInTheSameTickHaveTwoAlerts) {
     EXPECT_EQ(VisibleNotes(Quillo()), 3U);
 }
 
+TEST_F(ReminderAlert, TheFirstClickOnItCounts) {
+    HWND alert = StartDue();
+    ASSERT_NE(alert, nullptr);
+    const RECT place = PlaceOf(alert);
+    ClickMouse(POINT{place.left + Px(20), place.bottom - Px(20)});
+    EXPECT_TRUE(Goes(alert));
+    EXPECT_TRUE(Eventually([&] { return FindNote(Quillo(), L"Call Bob").IsVisible(); }));
+}
+
 TEST_F(ReminderAlert, ItIsDraggedByItsStripAndAClickBesideTheStripDismisses) {
     HWND alert = StartDue();
     ASSERT_NE(alert, nullptr);

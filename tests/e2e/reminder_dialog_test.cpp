@@ -164,6 +164,13 @@ TEST_F(ReminderDialogTest, KeepingAReminderChangesNothing) {
     EXPECT_TRUE(MarkOf(path_) == before) << ReadBytes(path_);
 }
 
+TEST_F(ReminderDialogTest, TheFirstClickOnAButtonCounts) {
+    const ReminderDialogWindow dialog = AskReminder(Open(kInTheYear3000));
+    ClickMouse(dialog.MiddleOf(Control::CancelButton));
+    EXPECT_TRUE(Eventually([&] { return dialog.Text(Control::OKButton) == L"Keep reminder"; }));
+    EXPECT_TRUE(dialog.Exists()) << "a second click would have closed it";
+}
+
 TEST_F(ReminderDialogTest, ACanceledReminderStaysCanceled) {
     const NoteWindow note = Open(kInTheYear3000);
     const std::uint64_t before = WriteTimeOf(path_);

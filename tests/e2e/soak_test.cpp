@@ -8,6 +8,7 @@
 #include "harness/main_menu.h"
 #include "harness/reminder_windows.h"
 #include "harness/tray.h"
+#include "notes/note_commands.h"
 
 namespace quillo::e2e {
 namespace {
@@ -18,6 +19,27 @@ constexpr UINT kRightUp = 517;
 unsigned NumberFromEnvironment(const char* name, unsigned usual) {
     const char* text = std::getenv(name);
     return text != nullptr ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : usual;
+}
+
+struct NoteShortcut {
+    WORD key = 0;
+    std::vector<WORD> held;
+    NoteAction action = NoteAction::None;
+};
+
+/// Every shortcut of a note. The key that opens its menu is not held with Ctrl.
+std::vector<NoteShortcut> NoteShortcuts() {
+    constexpr WORD kMostKeys = 0xFF;
+    std::vector<NoteShortcut> shortcuts;
+    for (const bool shift : {false, true}) {
+        for (WORD key = 1; key < kMostKeys; ++key) {
+            const NoteAction action = NoteKeyAction(key, NoteKeyState{true, shift, false});
+            if (action == NoteAction::None || action == NoteAction::OpenMenu) continue;
+            shortcuts.push_back(NoteShortcut{
+                key, shift ? std::vector<WORD>{VK_CONTROL, VK_SHIFT} : std::vector<WORD>{VK_CONTROL}, action});
+        }
+    }
+    return shortcuts;
 }
 
 /// Random user actions, one after another. QUILLO_SOAK_ACTIONS is their number, QUILLO_SOAK_SEED the random seed.
@@ -77,8 +99,15 @@ class Soak : public OrdinaryTest {
         if (copies.empty()) return;
         (void)RunToEnd(L"\"" + copies.at(Any(static_cast<unsigned>(copies.size()))) + L"\"");
         if (!Eventually([this] { return KeyboardNote().Handle() != nullptr; }, kAWhile)) return;
-        const std::vector<WORD> keys = {'M', 'L', 'P', 'D', 'A'};
-        PressKey(keys.at(Any(static_cast<unsigned>(keys.size()))), {VK_CONTROL});
+        const NoteShortcut& shortcut = shortcuts_.at(Any(static_cast<unsigned>(shortcuts_.size())));
+        PressKey(shortcut.key, shortcut.held);
+        if (shortcut.action == NoteAction::AskReminder) CloseReminderDialog();
+    }
+    void CloseReminderDialog() {
+        const auto dialog = ReminderDialogWindow::WaitFor(Quillo().Pid());
+        if (!dialog) return;
+        PressKey(VK_ESCAPE);
+        (void)Eventually([&] { return !dialog->Exists(); }, kAWhile);
     }
     void Remind() {
         NewNoteFromMenu();
@@ -171,6 +200,7 @@ class Soak : public OrdinaryTest {
     }
 
     static constexpr std::chrono::milliseconds kAWhile{3000};
+    const std::vector<NoteShortcut> shortcuts_ = NoteShortcuts();
     std::mt19937 random_;
     HWND icon_ = nullptr;
     int texts_ = 0;
@@ -179,6 +209,7 @@ class Soak : public OrdinaryTest {
 TEST_F(Soak, NoUserActionLosesAnything) {
     const unsigned seed = NumberFromEnvironment("QUILLO_SOAK_SEED", 20261121);
     const unsigned actions = NumberFromEnvironment("QUILLO_SOAK_ACTIONS", 30);
+    ASSERT_FALSE(shortcuts_.empty());
     std::cout << "QUILLO_SOAK_SEED=" << seed << " QUILLO_SOAK_ACTIONS=" << actions << std::endl;
     random_.seed(seed);
     Start();

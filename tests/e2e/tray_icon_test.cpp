@@ -52,6 +52,15 @@ TEST_F(TrayIcon, AClickOnItsIconShowsAMinimizedNote) {
     EXPECT_EQ(ReadBytes(path_), NoteFile{"  Milk and\r\nbread !"}.Bytes()) << "shown again";
 }
 
+TEST_F(TrayIcon, TheFirstClickOnItCounts) {
+    const NoteWindow note = Open(NoteFile{"Milk"});
+    ASSERT_TRUE(MinimizeByKeys(note));
+    const std::optional<POINT> icon = FindTrayIcon(Quillo().Pid(), L"Milk");
+    ASSERT_TRUE(icon);
+    ClickMouse(*icon);
+    EXPECT_TRUE(Eventually([&] { return note.IsVisible(); }));
+}
+
 TEST_F(TrayIcon, ALongTextIsCutAtSixtyCharacters) {
     const std::string sixty = "Sixty characters, every one of them counted, and not more---";
     ASSERT_EQ(sixty.size(), 60U);

@@ -38,6 +38,8 @@ class PopupMenu {
 
     [[nodiscard]] bool IsOpen() const { return IsWindowVisible(window_) != 0; }
     [[nodiscard]] RECT Rectangle() const;
+    /// The middle of a line, counted from 0.
+    [[nodiscard]] POINT LinePoint(int line, int lines) const;
     /// Clicks a line, counted from 0, until the menu closes. False if it stays open.
     [[nodiscard]] bool Click(int line, int lines) const;
     /// Moves down to a line, counted from 0, with the arrow key and presses Enter. False if the menu stays open.
@@ -45,8 +47,6 @@ class PopupMenu {
 
   private:
     explicit PopupMenu(HWND window) : window_(window) {}
-    /// The middle of a line.
-    [[nodiscard]] POINT LinePoint(int line, int lines) const;
     /// Whether that line, and no other, is marked as the one that Enter would choose.
     [[nodiscard]] bool IsMarked(int line, int lines) const;
 
