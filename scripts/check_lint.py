@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Runs clang-tidy over the sources under src/ and remembers the clean files.
 
-    check_lint.py --core TREE --windows TREE --cache FOLDER [FILE...]
+    check_lint.py --core TREE --windows TREE [FILE...]
 
 The core is read with the compile commands of the native tree TREE, the window files with those of the Windows tree.
-A file is read again only when it, a header that it includes, the configuration or the command has changed.
+A file is read again only when it, a header that it includes, the configuration or the command has changed. What is clean
+is remembered for all clones, in $QUILLO_CACHE_DIR, or in ~/.cache/quillo, until nothing has asked for it for two months.
 
 Nearly all of the time is spent in the system's headers, so files with the same command are first read together, as one
 source that keeps their line numbers. If there is any finding, the halves are read separately, in the end each file alone,
@@ -22,13 +23,15 @@ import shlex
 import subprocess
 import sys
 import tempfile
+import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 INCLUDE = re.compile(rb'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 INCLUDED = re.compile(rb"^\s*#\s*include\s*(\S+)", re.MULTILINE)
 UNNAMED = re.compile(rb"^namespace \{$.*?^\}", re.MULTILINE | re.DOTALL)
 NAME_IN_UNNAMED = re.compile(rb"^(?![\s}]|namespace)(?:[\w:<>,&*\[\] ]*?[ &*])?(\w+)(?:\[\w*\])?\s*(?:\(|\{| = |;| :)", re.MULTILINE)
-GROUP = 8
+GROUP = 24
+REMEMBERED = 60 * 24 * 3600  # seconds
 KEPT_FLAGS = ("-I", "-D", "-isystem", "-std=")
 
 
@@ -76,7 +79,7 @@ def closure(source):
 
 def fingerprint(source, flags, base):
     digest = hashlib.sha256(base)
-    digest.update("\0".join(flags).encode())
+    digest.update("\0".join(flags).replace(str(ROOT), "").encode())
     for path in closure(source):
         digest.update(str(path.relative_to(ROOT)).encode() + b"\0" + path.read_bytes() + b"\0")
     return digest.hexdigest()
@@ -145,15 +148,27 @@ def plan(arguments):
     return jobs
 
 
+def cache_folder():
+    cache = os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache"
+    return pathlib.Path(os.environ.get("QUILLO_CACHE_DIR") or pathlib.Path(cache) / "quillo") / "lint"
+
+
+def remembered(clean):
+    """Whether the file is known to be clean, which is then remembered for longer."""
+    if clean.exists():
+        clean.touch()
+    return clean.exists()
+
+
 def main():
     parser = argparse.ArgumentParser()
-    for name in ("core", "windows", "cache"):
+    for name in ("core", "windows"):
         parser.add_argument(f"--{name}", required=True)
     parser.add_argument("--nice", type=int, default=0)
     parser.add_argument("files", nargs="*")
     arguments = parser.parse_args()
 
-    cache = pathlib.Path(arguments.cache)
+    cache = cache_folder()
     cache.mkdir(parents=True, exist_ok=True)
     version = subprocess.run(["clang-tidy", "--version"], capture_output=True, check=True).stdout
     base = version + (ROOT / ".clang-tidy").read_bytes()
@@ -161,7 +176,7 @@ def main():
     if not jobs:
         print("no sources were found")
         return 1
-    due = [job for job in jobs if not (cache / job[2]).exists()]
+    due = [job for job in jobs if not remembered(cache / job[2])]
     failed = 0
     os.nice(arguments.nice)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
@@ -171,12 +186,9 @@ def main():
             else:
                 failed += 1
                 print(output.strip())
-    # Fingerprints of files that no longer exist are deleted.
-    current = {job[2] for job in jobs}
-    if not arguments.files:
-        for old in cache.iterdir():
-            if old.name not in current:
-                old.unlink()
+    for old in cache.iterdir():
+        if old.stat().st_mtime < time.time() - REMEMBERED:
+            old.unlink(missing_ok=True)
     print(f"{len(jobs)} files, {len(due)} read, {failed} with findings")
     return 1 if failed else 0
 
