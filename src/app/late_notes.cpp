@@ -3,10 +3,9 @@
 #include <exception>
 #include <utility>
 
+#include "app/base/hints.h"
 #include "app/base/note_names.h"
-#include "app/base/settings.h"
 #include "app/note_opening.h"
-#include "ports/user_notice.h"
 
 namespace quillo {
 namespace {
@@ -22,10 +21,9 @@ constexpr std::u16string_view kText = u"Quillo has left these files in the notes
 
 }  // namespace
 
-LateNotes::LateNotes(NoteOpening& opening, Timers& timers, UserNotice& notice, const Settings& settings)
+LateNotes::LateNotes(NoteOpening& opening, Timers& timers, Hints& hints)
     : opening_(opening),
-      notice_(notice),
-      settings_(settings),
+      hints_(hints),
       timers_(timers),
       largeTimer_(timers.Make([this] { OpenNext(); })),
       lockedTimer_(timers.Make([this] { RetryLocked(); })),
@@ -52,8 +50,8 @@ void LateNotes::OpenNow(const std::u16string& path) {
 void LateNotes::Begin() {
     if (!large_.empty()) {
         largeTimer_->Start(kBetweenMilliseconds);
-    } else if (!tooLarge_.empty() && !settings_.disableBalloonHelp) {
-        notice_.Balloon(kTitle, std::u16string(kText) + std::exchange(tooLarge_, {}), BalloonIcon::Warning);
+    } else if (!tooLarge_.empty()) {
+        hints_.ShowBalloon({kTitle, std::u16string(kText) + std::exchange(tooLarge_, {}), BalloonIcon::Warning});
     }
     if (!locked_.empty()) lockedTimer_->Start(kRetryMilliseconds);
 }

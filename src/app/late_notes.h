@@ -9,15 +9,14 @@
 
 namespace quillo {
 
+class Hints;
 class NoteOpening;
-class UserNotice;
-struct Settings;
 
 /// The saved notes that a start does not wait for. Large files are opened one at a time after the other notes have been
 /// painted; files that another program has open are tried again during the first minute.
 class LateNotes {
   public:
-    LateNotes(NoteOpening& opening, Timers& timers, UserNotice& notice, const Settings& settings);
+    LateNotes(NoteOpening& opening, Timers& timers, Hints& hints);
 
     /// Opens a saved note now, or postpones it. A failure affects this file alone.
     void Open(const std::u16string& path, std::uint64_t size);
@@ -32,8 +31,7 @@ class LateNotes {
     void RetryLocked();
 
     NoteOpening& opening_;
-    UserNotice& notice_;
-    const Settings& settings_;
+    Hints& hints_;
     Timers& timers_;
     std::unique_ptr<Timer> largeTimer_;
     std::unique_ptr<Timer> lockedTimer_;

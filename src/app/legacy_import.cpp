@@ -102,14 +102,14 @@ std::set<std::int64_t> NumbersOf(const TextTable& values, std::int64_t count) {
 
 }  // namespace
 
-bool LegacyNotes::Import(NoteWorld world) {
+bool LegacyNotes::Import(const NoteServices& services) {
     const TesselRegistry store(registry_, kUserKey);
     bool anyHidden = false;
     TextTable values;
     if (!store.GetAllValues(values)) return false;  // the rest of the store would be lost when it is cleared
     numbers_ = NumbersOf(values, store.ValueLong(kCount));
     for (const std::int64_t number : numbers_) {
-        const OpenNote* note = ImportNote(world, store, number);
+        const OpenNote* note = ImportNote(services, store, number);
         if (note == nullptr) {
             TakeBackImport();
             return false;
@@ -120,15 +120,15 @@ bool LegacyNotes::Import(NoteWorld world) {
     return anyHidden;
 }
 
-OpenNote* LegacyNotes::ImportNote(NoteWorld world, const TesselRegistry& store, std::int64_t number) {
-    OpenNote* added = notes_.Add(world, NewNoteIdentifier(notes_, random_));
+OpenNote* LegacyNotes::ImportNote(const NoteServices& services, const TesselRegistry& store, std::int64_t number) {
+    OpenNote* added = notes_.Add(services, NewNoteIdentifier(notes_, random_));
     if (added == nullptr) return nullptr;
     OpenNote& note = *added;
     if (!note.SetText(store.Value(Numbered(kText, number)))) {
         note.DestroyNote();
         return nullptr;
     }
-    ApplySize(note, store.Value(Numbered(kSize, number)), world.locale);
+    ApplySize(note, store.Value(Numbered(kSize, number)), services.dates.locale);
     note.SetReminderString(store.Value(Numbered(kReminder, number)));
     Ignore(note.SetAppearanceString(store.Value(Numbered(kAppearance, number))),
            "a state that is not known leaves the note unseen, and that is reported");

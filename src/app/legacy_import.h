@@ -24,7 +24,7 @@ class LegacyNotes {
     /// Opens every note of the store, even above the limit of open notes. True if one of them is not visible
     /// afterwards. If the store cannot be read completely, or a note cannot be created completely, this start imports
     /// nothing and the store keeps all notes.
-    [[nodiscard]] bool Import(NoteWorld world);
+    [[nodiscard]] bool Import(const NoteServices& services);
 
     /// Called after all open notes have been saved: clears the store if that has worked for all of its notes.
     void ClearWhatIsSaved();
@@ -33,7 +33,7 @@ class LegacyNotes {
 
   private:
     /// Null if the note's window cannot be created or does not take the whole text.
-    [[nodiscard]] OpenNote* ImportNote(NoteWorld world, const TesselRegistry& store, std::int64_t number);
+    [[nodiscard]] OpenNote* ImportNote(const NoteServices& services, const TesselRegistry& store, std::int64_t number);
     /// Closes the notes imported so far, which are in no file yet.
     void TakeBackImport();
     void Clear();

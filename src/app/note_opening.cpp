@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/base/hints.h"
 #include "app/base/note_names.h"
 #include "app/base/notes_folder.h"
 #include "app/note_identifier.h"
@@ -41,11 +42,7 @@ HoldResult HoldNoteFile(FileStore& files, std::u16string_view path) {
 
 bool NoteOpening::CanOpenAnotherNote() {
     if (program_.openNotes.Count() < kMaxOpenNotes) return true;
-    if (!program_.os.windows2000OrLater) {
-        world_.notice.Inform(kLimitText);
-    } else if (!program_.settings.disableBalloonHelp) {
-        world_.notice.Balloon(kLimitTitle, kLimitText, BalloonIcon::Warning);
-    }
+    services_.hints.ShowBalloonOrBox({kLimitTitle, kLimitText, BalloonIcon::Warning});
     return false;
 }
 
@@ -55,7 +52,7 @@ OpenOutcome NoteOpening::OpenNoteFile(std::u16string_view path, OpenMode mode) {
 
     const std::u16string plainPath(StripQuotes(path));
     // No other program can change the file between reading and deletion.
-    const HoldResult held = HoldNoteFile(world_.store.Files(), plainPath);
+    const HoldResult held = HoldNoteFile(services_.saving.store.Files(), plainPath);
     if (!held.file) {
         if (held.error == FileError::InUse) return OpenOutcome::InUse;
         return held.error == FileError::TooLarge ? OpenOutcome::TooLarge : OpenOutcome::Failed;
@@ -67,7 +64,7 @@ OpenOutcome NoteOpening::OpenNoteFile(std::u16string_view path, OpenMode mode) {
         if (mode == OpenMode::ByUser) open->Activate();
         return OpenOutcome::Done;
     }
-    NoteFile content = ParseNoteFile(held.file->Bytes(), world_.locale);
+    NoteFile content = ParseNoteFile(held.file->Bytes(), services_.dates.locale);
     if (content.text.find(u'\0') != std::u16string::npos) return OpenOutcome::Failed;  // not a text
     if (!content.hasTags && content.text.empty()) content.text = NameWithoutExtension(FileNameOfPath(plainPath));
 
@@ -76,7 +73,7 @@ OpenOutcome NoteOpening::OpenNoteFile(std::u16string_view path, OpenMode mode) {
         TellOfUnopened(plainPath);
         return OpenOutcome::Failed;
     }
-    if (IsInNotesFolder(plainPath, program_.notesFolder, world_.locale)) {
+    if (IsInNotesFolder(plainPath, program_.notesFolder, services_.dates.locale)) {
         note->Saver().SetStorageCopy(source);
     } else {
         MoveIntoNotesFolder(*note, content, *held.file, plainPath);
@@ -86,7 +83,8 @@ OpenOutcome NoteOpening::OpenNoteFile(std::u16string_view path, OpenMode mode) {
 
 OpenNote* NoteOpening::CreateNote(const NoteFile& content, std::u16string_view openedPath, OpenMode mode) {
     if (!CanOpenAnotherNote()) return nullptr;
-    OpenNote* added = program_.openNotes.Add(world_, NewNoteIdentifier(program_.openNotes, random_), content.position);
+    OpenNote* added =
+        program_.openNotes.Add(services_, NewNoteIdentifier(program_.openNotes, random_), content.position);
     if (added == nullptr) return nullptr;
     OpenNote& note = *added;
 
@@ -121,13 +119,14 @@ void NoteOpening::CreateNewNote() {
 /// overwrite each other's text, and closing one would delete the file of the other.
 OpenNote* NoteOpening::FindOpen(std::u16string_view path, const FileVersion& source) {
     const auto comparable = [this](std::u16string_view name) {
-        return name.empty() ? std::u16string() : world_.locale.ToLower(world_.store.FullLongPath(name));
+        return name.empty() ? std::u16string()
+                            : services_.dates.locale.ToLower(services_.saving.store.FullLongPath(name));
     };
     const std::u16string wanted = comparable(path);
     OpenNote* found = nullptr;
     program_.openNotes.ForEach([&](OpenNote& note) {
         const std::u16string& stored = note.Data().StoragePath;
-        const FileVersion& opened = note.Source();
+        const FileVersion& opened = note.Saver().Source();
         const bool storedThere = !stored.empty() && comparable(stored) == wanted;
         const bool openedThence =
             !opened.path.empty() && opened.hash == source.hash && comparable(opened.path) == wanted;
@@ -139,7 +138,7 @@ OpenNote* NoteOpening::FindOpen(std::u16string_view path, const FileVersion& sou
 /// Intended: a file that contains only "(new)" or "/new" also creates an empty note.
 bool NoteOpening::IsNew(const NoteFile& content) {
     if (content.hasTags) return false;
-    const std::u16string lower = world_.locale.ToLower(content.text);
+    const std::u16string lower = services_.dates.locale.ToLower(content.text);
     return lower == kNewNoteContent || lower == u"/new";
 }
 
@@ -150,34 +149,36 @@ void NoteOpening::FillNewNote(OpenNote& note) const {
 void NoteOpening::MoveIntoNotesFolder(OpenNote& note, const NoteFile& content, HeldFile& source,
                                       std::u16string_view path) {
     // A file that the program named for the note is not the note's own file: the note keeps none.
-    note.SetFileName(content.kind == FileKind::ProgramNamed ? FileNameOf(content, path, {}, world_.locale)
+    note.SetFileName(content.kind == FileKind::ProgramNamed ? FileNameOf(content, path, {}, services_.dates.locale)
                                                             : std::u16string(path));
     const FileVersion from{std::u16string(path), ContentHash(source.Bytes())};
     note.Saver().ChooseStoragePath();
     std::u16string record;
     if (!content.keepsFile) {
-        const std::optional<std::string> bytes = world_.store.FormatStorageCopy(note.Content());
+        const std::optional<std::string> bytes = services_.saving.store.FormatStorageCopy(note.Content());
         const FileVersion to{note.Data().StoragePath, bytes ? ContentHash(*bytes) : 0};
-        record = world_.store.Journal().Begin({PendingStep::Kind::Move, {}, from, to});
+        record = services_.saving.store.Journal().Begin({PendingStep::Kind::Move, {}, from, to});
     }
     note.MarkChanged();
     const bool stored = note.PersistNote() && IsStoredWhole(note, content);
     const bool gone = stored && !content.keepsFile && source.Delete() == FileError::None;
-    if (!gone) note.SetSource(from);
-    world_.store.Journal().End(record);
+    if (!gone) note.Saver().SetSource(from);
+    services_.saving.store.Journal().End(record);
 }
 
 /// True if the storage copy yields the text that was read, except for an empty first line.
 bool NoteOpening::IsStoredWhole(const OpenNote& note, const NoteFile& content) {
     if (note.Text() != content.text) return false;
-    const std::optional<std::string> bytes = world_.store.Files().Read(note.Data().StoragePath);
+    const std::optional<std::string> bytes = services_.saving.store.Files().Read(note.Data().StoragePath);
     const std::u16string_view text = content.text;
-    return bytes && ParseNoteFile(*bytes, world_.locale).text == text.substr(text.substr(0, 2) == u"\r\n" ? 2 : 0);
+    return bytes &&
+           ParseNoteFile(*bytes, services_.dates.locale).text == text.substr(text.substr(0, 2) == u"\r\n" ? 2 : 0);
 }
 
 void NoteOpening::TellOfUnopened(std::u16string_view path) const {
-    if (program_.settings.disableBalloonHelp || program_.openNotes.Count() >= kMaxOpenNotes) return;
-    world_.notice.Balloon(kUnopenedTitle, kUnopenedText + std::u16string(FileNameOfPath(path)), BalloonIcon::Warning);
+    if (program_.openNotes.Count() >= kMaxOpenNotes) return;
+    services_.hints.ShowBalloon(
+        {kUnopenedTitle, kUnopenedText + std::u16string(FileNameOfPath(path)), BalloonIcon::Warning});
 }
 
 }  // namespace quillo

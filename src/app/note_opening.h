@@ -30,9 +30,8 @@ enum class OpenOutcome {
 /// Creates open notes: new ones, and those of files.
 class NoteOpening {
   public:
-    /// `world.owner` is the program's collection of open notes.
-    NoteOpening(Program& program, NoteWorld world, Random& random, SaveAll& saveAll)
-        : program_(program), world_(world), random_(random), saveAll_(saveAll) {}
+    NoteOpening(Program& program, const NoteServices& services, Random& random, SaveAll& saveAll)
+        : program_(program), services_(services), random_(random), saveAll_(saveAll) {}
 
     /// False, after a message to the user, if 50 notes are open.
     [[nodiscard]] bool CanOpenAnotherNote();
@@ -56,7 +55,7 @@ class NoteOpening {
     void TellOfUnopened(std::u16string_view path) const;
 
     Program& program_;
-    NoteWorld world_;
+    NoteServices services_;
     Random& random_;
     SaveAll& saveAll_;
 };

@@ -7,9 +7,10 @@
 
 namespace quillo {
 
-OpenNote* OpenNotes::Add(NoteWorld world, std::u16string noteKey, const std::optional<NotePosition>& position) {
+OpenNote* OpenNotes::Add(const NoteServices& services, std::u16string noteKey,
+                         const std::optional<NotePosition>& position) {
     Entry entry;
-    entry.note = std::make_unique<OpenNote>(world, std::move(noteKey));
+    entry.note = std::make_unique<OpenNote>(*this, services, std::move(noteKey));
     entry.view = factory_.MakeView(*entry.note, position);
     if (!entry.view) return nullptr;
     entry.note->AttachView(*entry.view);

@@ -31,9 +31,9 @@ class OpenNotes : public NoteOwner {
   public:
     explicit OpenNotes(NoteViewFactory& factory) : factory_(factory) {}
 
-    /// Adds a note with its window; null, and no note is added, if the window cannot be created. `world.owner` is this
-    /// collection. The window is created at `position`, because moving it later makes a start slower.
-    [[nodiscard]] OpenNote* Add(NoteWorld world, std::u16string noteKey,
+    /// Adds a note with its window; null, and no note is added, if the window cannot be created. The window is created
+    /// at `position`, because moving it later makes a start slower.
+    [[nodiscard]] OpenNote* Add(const NoteServices& services, std::u16string noteKey,
                                 const std::optional<NotePosition>& position = std::nullopt);
     /// The note with that key, or null: after anything that pumps messages the note may be closed.
     [[nodiscard]] OpenNote* Find(std::u16string_view noteKey) const;

@@ -24,25 +24,14 @@ QuilloProcs::QuilloProcs()
       names_(files_, shell_, program_.settings),
       store_(files_, locale_, shell_, names_, program_.notesFolder),
       mail_(locale_, dialogs_),
-      reminders_{program_.settings, program_.os, registry_, clock_, locale_, notice_, sound_, loop_},
-      saveFailures_(notice_, program_.settings),
-      noteWorld_{program_.settings,
-                 program_.os,
-                 program_.notesFolder,
-                 store_,
-                 timers_,
-                 saveFailures_,
-                 locale_,
-                 clock_,
-                 notice_,
-                 program_.openNotes,
-                 printer_,
-                 mail_,
-                 registry_},
+      hints_(notice_, program_.settings, program_.os, registry_),
+      sharing_(printer_, mail_, store_, dates_, notice_),
+      saveFailures_(hints_),
+      noteServices_{program_.settings, {store_, timers_, saveFailures_}, dates_, notice_, hints_, sharing_},
       legacy_(registry_, program_.openNotes, random_),
       saveAll_(program_.openNotes, legacy_, store_),
-      opening_(program_, noteWorld_, random_, saveAll_),
-      late_(opening_, timers_, notice_, program_.settings),
+      opening_(program_, noteServices_, random_, saveAll_),
+      late_(opening_, timers_, hints_),
       recovery_(store_, locale_, program_.notesFolder),
       quit_(program_, saveAll_, legacy_, store_, registry_, notice_),
       mainForm_(MainFormServices{program_, registry_, shell_, locale_, dialogs_},
@@ -83,7 +72,7 @@ void QuilloProcs::OpenOptions() {
 }
 
 int QuilloProcs::Main(std::u16string_view commandLine) {
-    Startup startup(*this, StartupWorld{program_, noteWorld_, opening_, legacy_, late_, recovery_, registry_, files_,
+    Startup startup(*this, StartupWorld{program_, noteServices_, opening_, legacy_, late_, recovery_, registry_, files_,
                                         shell_, notice_, noteBatch_});
     resForm_.Load();  // reminders must work also while start-up waits for an answer
     if (startup.Run(commandLine) == StartupOutcome::EndProcess) return 0;
@@ -140,9 +129,23 @@ void QuilloProcs::LoadMainForm() {
 }
 
 std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note, const std::optional<NotePosition>& position) {
-    const NoteFormTools tools{program_.settings, clock_,     locale_,    random_,    shell_,       buttonImages_,
-                              noteIcons_,        noteFonts_, ole_,       reminders_, colorDialog_, resForm_,
-                              dialogs_,          monitors_,  noteBatch_, noteClass_};
+    const NoteFormTools tools{program_.settings,
+                              clock_,
+                              locale_,
+                              random_,
+                              shell_,
+                              buttonImages_,
+                              noteIcons_,
+                              noteFonts_,
+                              ole_,
+                              {program_.settings, hints_, dates_, notice_, loop_},
+                              {program_.settings, sound_, loop_, alertPlaces_},
+                              colorDialog_,
+                              resForm_,
+                              dialogs_,
+                              monitors_,
+                              noteBatch_,
+                              noteClass_};
     auto form = std::make_unique<NoteForm>(note, tools);
     form->onIcon = [this] { mainForm_.ShowTrayIcon(); };  // the program's icon comes first
     if (!form->Create(position)) return nullptr;

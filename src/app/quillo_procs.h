@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/base/hints.h"
 #include "app/base/note_names.h"
 #include "app/late_notes.h"
 #include "app/legacy_import.h"
@@ -25,6 +26,7 @@
 #include "notes/note_drop_target.h"
 #include "notes/note_fonts.h"
 #include "notes/note_form.h"
+#include "notes/note_sharing.h"
 #include "notes/note_store.h"
 #include "notes/res_form.h"
 #include "platform/message_loop.h"
@@ -39,7 +41,7 @@
 #include "platform/win_sound_device.h"
 #include "platform/win_timers.h"
 #include "platform/win_user_notice.h"
-#include "reminders/reminder_tools.h"
+#include "reminders/alert_places.h"
 #include "util/busy_flag.h"
 
 namespace quillo {
@@ -106,9 +108,12 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     NoteNames names_;
     NoteStore store_;
     MapiMail mail_;
-    ReminderTools reminders_;
+    DateServices dates_{clock_, locale_};
+    Hints hints_;
+    AlertPlaces alertPlaces_;
+    NoteSharing sharing_;
     SaveFailures saveFailures_;
-    NoteWorld noteWorld_;
+    NoteServices noteServices_;
     LegacyNotes legacy_;
     SaveAll saveAll_;
     NoteOpening opening_;

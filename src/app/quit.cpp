@@ -51,8 +51,8 @@ bool Quit::RescueNotes(QuitReason reason) {
 
 bool Quit::Rescue(OpenNote& note) {
     // The file that the note was opened from may still have all of it.
-    const std::optional<std::string> source = store_.Files().Read(note.Source().path);
-    if (source && ContentHash(*source) == note.Source().hash && note.IsTextOf(*source)) return true;
+    const std::optional<std::string> source = store_.Files().Read(note.Saver().Source().path);
+    if (source && ContentHash(*source) == note.Saver().Source().hash && note.IsTextOf(*source)) return true;
     const SavedNote saved = store_.Rescue(note.Content());
     if (saved.path.empty()) return false;
     const std::u16string& copy = note.Data().StoragePath;

@@ -2,11 +2,10 @@
 
 #include <cstdint>
 
-#include "app/base/settings.h"
+#include "app/base/hints.h"
 #include "app/legacy_import.h"
 #include "app/open_notes.h"
 #include "notes/save_texts.h"
-#include "ports/user_notice.h"
 
 namespace quillo {
 namespace {
@@ -26,7 +25,7 @@ void SaveAll::Run() {
     notes_.ForEach([&needed](OpenNote& note) {
         note.Saver().LookForStorageCopy();
         note.PersistNote();
-        needed += kTagBytes + kBytesPerUnit * note.TextLength();
+        needed += kTagBytes + kBytesPerUnit * note.Text().size();
     });
     legacy_.ClearWhatIsSaved();
     store_.Reserve().Keep(needed);
@@ -35,9 +34,9 @@ void SaveAll::Run() {
 void SaveFailures::NoteCannotBeSaved(const std::u16string& noteKey, FileError error) {
     const bool first = failing_.empty();
     failing_.insert(noteKey);
-    if (!first || settings_.disableBalloonHelp) return;
+    if (!first) return;
     std::u16string reason(SaveProblemText(error));
-    notice_.Balloon(kTitle, reason.append(kAdvice), BalloonIcon::Warning);
+    hints_.ShowBalloon({kTitle, reason.append(kAdvice), BalloonIcon::Warning});
 }
 
 }  // namespace quillo

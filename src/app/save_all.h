@@ -7,10 +7,9 @@
 
 namespace quillo {
 
+class Hints;
 class LegacyNotes;
 class OpenNotes;
-class UserNotice;
-struct Settings;
 
 /// The program's save-all: saves every open note, clears the old store, and keeps the disk reserve as large as the
 /// notes need.
@@ -29,14 +28,13 @@ class SaveAll {
 /// Informs the user once when notes cannot be saved; the notes themselves show which and why.
 class SaveFailures : public SaveFailureListener {
   public:
-    SaveFailures(UserNotice& notice, const Settings& settings) : notice_(notice), settings_(settings) {}
+    explicit SaveFailures(Hints& hints) : hints_(hints) {}
 
     void NoteCannotBeSaved(const std::u16string& noteKey, FileError error) override;
     void NoteIsSavedAgain(const std::u16string& noteKey) override { failing_.erase(noteKey); }
 
   private:
-    UserNotice& notice_;
-    const Settings& settings_;
+    Hints& hints_;
     std::set<std::u16string> failing_;  ///< keys of notes
 };
 

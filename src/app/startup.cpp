@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "app/base/hints.h"
 #include "app/base/note_names.h"
 #include "app/base/notes_folder.h"
 #include "app/base/registry_keys.h"
@@ -123,19 +124,18 @@ bool Startup::OpenSavedNotes() {
 void Startup::FinishEarlierRuns() {
     Recovery::Result result = world_.recovery.Run();
     rescued_ = std::move(result.files);
-    if (result.restored == 0 || world_.program.settings.disableBalloonHelp) return;
-    world_.notice.Balloon(u"Your notes are back",
-                          u"Quillo could not save some notes at their place when it last ended, so it had kept them as "
-                          u"files.  They are open again.",
-                          BalloonIcon::Information);
+    if (result.restored == 0) return;
+    world_.notes.hints.ShowBalloon(
+        {u"Your notes are back",
+         u"Quillo could not save some notes at their place when it last ended, so it had kept them as files.  They are "
+         u"open again."});
 }
 
 void Startup::TellOfHiddenNotes() {
-    const Settings& settings = world_.program.settings;
-    if (settings.minimizeToTray || settings.disableBalloonHelp || !world_.program.os.windows2000OrLater) return;
-    world_.notice.Balloon(u"Looking for your sticky notes?",
-                          u"Click \"show all notes\" on the main Quillo menu to see the notes that you have hidden.",
-                          BalloonIcon::Information);
+    if (world_.program.settings.minimizeToTray || !world_.notes.hints.HasBalloons()) return;
+    world_.notes.hints.ShowBalloon(
+        {u"Looking for your sticky notes?",
+         u"Click \"show all notes\" on the main Quillo menu to see the notes that you have hidden."});
 }
 
 void Startup::CarryOut(std::u16string_view commandLine) {

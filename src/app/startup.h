@@ -18,7 +18,7 @@ class Recovery;
 class RegistryApi;
 class Shell;
 class UserNotice;
-struct NoteWorld;
+struct NoteServices;
 struct Program;
 
 /// The process and its windows as start-up sees them.
@@ -43,7 +43,7 @@ class StartupStage {
 /// What start-up uses in addition to its stage.
 struct StartupWorld {
     Program& program;
-    NoteWorld& notes;
+    const NoteServices& notes;
     NoteOpening& opening;
     LegacyNotes& legacy;
     LateNotes& late;

@@ -8,11 +8,12 @@ target_sources(quillo_core PRIVATE
   notes/note_face.cpp
   notes/note_mail.cpp
   notes/note_print.cpp
+  notes/note_reminder.cpp
   notes/note_saver.cpp
+  notes/note_sharing.cpp
   notes/note_store.cpp
   notes/note_title.cpp
   notes/open_note.cpp
-  notes/open_note_sharing.cpp
   notes/print_lines.cpp
   notes/save_journal.cpp
   notes/save_texts.cpp

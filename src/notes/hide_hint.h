@@ -2,13 +2,10 @@
 
 namespace quillo {
 
-class RegistryApi;
-class UserNotice;
-struct OsFacts;
-struct Settings;
+class Hints;
 
 /// Explains how to see a hidden note again when any note is hidden for the first time, and records that in the
 /// registry. On old systems the hint is a message box, which pumps messages.
-void ShowHideHintOnce(RegistryApi& registry, const Settings& settings, const OsFacts& os, UserNotice& notice);
+void ShowHideHintOnce(Hints& hints);
 
 }  // namespace quillo

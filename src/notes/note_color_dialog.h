@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "controls/swatch_palette.h"
+#include "notes/note_color_target.h"
 
 namespace quillo {
 
@@ -13,16 +14,6 @@ inline constexpr std::u16string_view kNoteColorInstruction = u"The note changes 
 inline constexpr std::u16string_view kDefaultColorsCaption = u"Use the &default colors";
 inline constexpr std::u16string_view kOwnColorsCaption = u"Give this note its &own colors:";
 inline constexpr std::u16string_view kColorSelectorName = u"Colors";
-
-/// The note as the color dialog sees it. The note calls DropTarget before it ends.
-class NoteColorTarget {
-  public:
-    virtual ~NoteColorTarget() = default;
-    /// Sets the colors that the user chose; without `own`, those of the settings. Marks the note changed.
-    virtual void SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) = 0;
-    /// The dialog has closed: the note can open it again.
-    virtual void ColorClosing() = 0;
-};
 
 /// The window as the dialog sees it.
 class NoteColorView {

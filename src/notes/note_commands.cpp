@@ -113,7 +113,7 @@ void Perform(NoteAction action, OpenNote& note) {
         case NoteAction::AddTimestamp:
             return note.AddTimestamp();
         case NoteAction::ToggleLargeText:
-            return note.ToggleLargeText();
+            return note.SetLargeText(!note.Data().LargeText);
         case NoteAction::ChangeColor:
             return note.AskNoteColor();
         case NoteAction::SaveCopy:
@@ -135,7 +135,7 @@ void Perform(NoteAction action, OpenNote& note) {
         case NoteAction::Minimize:
             return note.MinimizeByUser();
         case NoteAction::TogglePin:
-            return note.TogglePin();
+            return note.SetPinned(!note.Data().Pinned);
         case NoteAction::NextNote:
             return note.GoToNeighbor(NoteDirection::Forward);
         case NoteAction::PreviousNote:

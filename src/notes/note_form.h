@@ -43,7 +43,8 @@ struct NoteFormTools {
     SharedIcons& icons;
     NoteFonts& fonts;
     OleSession& ole;
-    ReminderTools& reminders;
+    ReminderDialogServices reminders;
+    AlertServices alerts;
     NoteColorForm& colorDialog;
     ResForm& resForm;
     BusyFlag& dialogs;  ///< set while a modal dialog is open

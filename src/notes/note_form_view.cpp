@@ -188,7 +188,7 @@ void NoteForm::BringReminderDialogForward() {
 }
 
 bool NoteForm::OpenReminderAlert(std::u16string_view text) {
-    reminderAlert_ = std::make_unique<ReminderForm>(&note_, tools_.reminders);
+    reminderAlert_ = std::make_unique<ReminderForm>(&note_, tools_.alerts);
     return reminderAlert_->Initialize(text, AlertColors{noteColor_, borderColor_, textColor_});
 }
 

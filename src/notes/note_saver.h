@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "notes/note.h"
 #include "notes/note_store.h"
@@ -50,6 +51,9 @@ class NoteSaver {
     void ChooseStoragePath();
     /// The storage copy as it was last written or opened.
     [[nodiscard]] FileVersion StorageCopy() const { return {note_.StoragePath, hash_}; }
+    /// The note was opened from a file that still exists: the same bytes are not opened a second time.
+    void SetSource(FileVersion source) { source_ = std::move(source); }
+    [[nodiscard]] const FileVersion& Source() const { return source_; }
     /// True if the storage copy has the note's current content.
     [[nodiscard]] bool IsStored() const { return stored_ && !HasUnsavedChange(); }
     /// True while a change is on no disk.
@@ -65,6 +69,7 @@ class NoteSaver {
     Note& note_;
     std::function<NoteFile()> content_;
     std::function<void(FileError)> showFailure_;
+    FileVersion source_;
     std::unique_ptr<Timer> timer_;
     std::optional<std::uint64_t> firstChange_;  ///< when the oldest unsaved change was made, in milliseconds
     std::uint64_t hash_ = 0;                    ///< of the storage copy's bytes; 0 if there is none

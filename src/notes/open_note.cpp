@@ -2,15 +2,15 @@
 
 #include <cstddef>
 
-#include "app/base/os_facts.h"
+#include "app/base/hints.h"
 #include "app/base/shared_texts.h"
 #include "notes/hide_hint.h"
 #include "notes/note_codec.h"
+#include "notes/note_sharing.h"
 #include "notes/save_texts.h"
 #include "ports/clock.h"
 #include "ports/locale_text.h"
 #include "ports/user_notice.h"
-#include "reminders/reminder_alert.h"
 #include "util/ignore.h"
 #include "util/text.h"
 
@@ -33,7 +33,7 @@ constexpr std::u16string_view kLoseQuestion =
     u"Quillo was unable to save this note anywhere.  Do you still want to delete it?\r\n\r\nIf you click Yes, the "
     u"note's "
     u"contents will be lost.  If you click No, it will not be deleted.";
-const std::u16string kNotRecycledTitle = u"The note is not in the Recycle Bin";
+constexpr std::u16string_view kNotRecycledTitle = u"The note is not in the Recycle Bin";
 const std::u16string kNotRecycledText = u"The Recycle Bin did not take this note, so Quillo has kept it as a file: ";
 constexpr std::u16string_view kCopyNotSaved = u"Quillo was unable to save a copy of this note.";
 const std::u16string kCopyElsewhere =
@@ -64,15 +64,16 @@ std::u16string IconCaption(std::u16string_view text) {
 
 }  // namespace
 
-OpenNote::OpenNote(NoteWorld world, std::u16string noteKey)
-    : world_(world),
+OpenNote::OpenNote(NoteOwner& owner, const NoteServices& services, std::u16string noteKey)
+    : owner_(owner),
+      services_(services),
       saver_(
-          {world.store, world.timers, world.failures}, note_, [this] { return Content(); },
+          services.saving, note_, [this] { return Content(); },
           [this](FileError error) { view_->ShowSaveProblem(SaveProblemText(error)); }) {
     note_.NoteKey = std::move(noteKey);
-    note_.NoteColor = world_.settings.noteColor;
-    note_.BorderColor = world_.settings.noteBorderColor;
-    note_.TextColor = world_.settings.noteTextColor;
+    note_.NoteColor = services_.settings.noteColor;
+    note_.BorderColor = services_.settings.noteBorderColor;
+    note_.TextColor = services_.settings.noteTextColor;
 }
 
 // The note file.
@@ -83,32 +84,33 @@ NoteFile OpenNote::Content() const {
     file.text = view_->Text();
     file.position = NotePosition{place.left, place.top, place.width, place.height};
     file.appearance = Appearance();
-    file.reminder = Reminder();
+    file.reminder = reminder_.Stored();
     return file;
 }
 
 bool OpenNote::IsTextOf(std::string_view bytes) const {
-    return ParseNoteFile(bytes, world_.locale).text == view_->Text();
+    return ParseNoteFile(bytes, services_.dates.locale).text == view_->Text();
 }
 
 SaveTarget OpenNote::OwnFileTarget() const {
     SaveTarget target;
-    if (!world_.settings.doNotRememberFilenames) target.fileName = note_.FileName;
+    if (!services_.settings.doNotRememberFilenames) target.fileName = note_.FileName;
     // The storage copy is deleted when the note leaves: it must not be the file that was just saved.
-    if (world_.locale.ToLower(target.fileName) == world_.locale.ToLower(note_.StoragePath)) target.fileName.clear();
+    if (services_.dates.locale.ToLower(target.fileName) == services_.dates.locale.ToLower(note_.StoragePath))
+        target.fileName.clear();
     target.isTempName = target.fileName.empty();
     return target;
 }
 
 std::u16string OpenNote::SaveNote(const SaveTarget& target) {
-    return world_.store.SaveNote(Content(), target).path;
+    return services_.saving.store.SaveNote(Content(), target).path;
 }
 
 bool OpenNote::SetupNoteFromTags(const NoteFile& file, std::u16string_view openedPath) {
     if (file.position) SetPosition(*file.position);
-    if (file.reminder) Apply(*file.reminder);
+    if (file.reminder) reminder_.Apply(*file.reminder);
     const bool placed = file.appearance && Apply(*file.appearance);
-    note_.FileName = FileNameOf(file, openedPath, note_.FileName, world_.locale);
+    note_.FileName = FileNameOf(file, openedPath, note_.FileName, services_.dates.locale);
     return placed;
 }
 
@@ -123,16 +125,12 @@ NoteAppearance OpenNote::Appearance() const {
                           note_.BorderColor, note_.TextColor, view_->IsVisible() ? WindowState::Shown : hidden};
 }
 
-std::optional<NoteReminder> OpenNote::Reminder() const {
-    return note_.ReminderSet ? std::optional(NoteReminder{note_.ReminderTime}) : std::nullopt;
-}
-
 std::u16string OpenNote::AppearanceString() const {
     return FormatAppearance(Appearance());
 }
 
 bool OpenNote::SetAppearanceString(std::u16string_view text) {
-    return Apply(ParseAppearance(text, world_.locale));
+    return Apply(ParseAppearance(text, services_.dates.locale));
 }
 
 bool OpenNote::Apply(const NoteAppearance& appearance) {
@@ -149,27 +147,22 @@ bool OpenNote::Apply(const NoteAppearance& appearance) {
 }
 
 std::u16string OpenNote::ReminderString() const {
-    return FormatReminder(Reminder());
+    return FormatReminder(reminder_.Stored());
 }
 
 void OpenNote::SetReminderString(std::u16string_view text) {
-    if (const auto reminder = ParseReminder(text, world_.locale)) Apply(*reminder);
-}
-
-void OpenNote::Apply(const NoteReminder& reminder) {
-    note_.ReminderSet = reminder.when.has_value();
-    note_.ReminderTime = reminder.when.value_or(note_.ReminderTime);
+    if (const auto reminder = ParseReminder(text, services_.dates.locale)) reminder_.Apply(*reminder);
 }
 
 void OpenNote::SaveNoteAs() {
-    world_.owner.SaveUnsavedNotes();
+    owner_.SaveUnsavedNotes();
     SaveTarget target;
     target.fileName = view_->AskCopyPath();
     target.overwrite = true;
     if (target.fileName.empty() || !IsOpen()) return;
     const std::u16string path = SaveNote(target);
-    if (path.empty()) return world_.notice.Warn(kCopyNotSaved);
-    if (path != target.fileName) world_.notice.Warn(kCopyElsewhere + (u"\r\n\r\n" + path));
+    if (path.empty()) return services_.notice.Warn(kCopyNotSaved);
+    if (path != target.fileName) services_.notice.Warn(kCopyElsewhere + (u"\r\n\r\n" + path));
 }
 
 // Appearance.
@@ -208,32 +201,33 @@ void OpenNote::SetPinned(bool pinned) {
 
 void OpenNote::SetLargeText(bool large) {
     note_.LargeText = large;
-    view_->ApplyAppearance(note_, world_.settings);
+    view_->ApplyAppearance(note_, services_.settings);
     MarkChanged();
 }
 
 void OpenNote::AddTimestamp() {
-    if (view_->InsertInFront(TimeStampText(world_.clock.Now(), world_.locale))) MarkChanged();
+    if (view_->InsertInFront(TimeStampText(services_.dates.clock.Now(), services_.dates.locale))) MarkChanged();
 }
 
 void OpenNote::UpdateColors() {
     if (!note_.OwnColors) {
-        note_.NoteColor = world_.settings.noteColor;
-        note_.BorderColor = world_.settings.noteBorderColor;
-        note_.TextColor = world_.settings.noteTextColor;
+        note_.NoteColor = services_.settings.noteColor;
+        note_.BorderColor = services_.settings.noteBorderColor;
+        note_.TextColor = services_.settings.noteTextColor;
     }
-    view_->ApplyAppearance(note_, world_.settings);
+    view_->ApplyAppearance(note_, services_.settings);
 }
 
 void OpenNote::SetNoteEffects() {
     // Intended also at 255, which looks the same: such a note is still layered.
-    view_->SetOpacity(world_.settings.noteTransparency ? std::optional(world_.settings.noteOpacity) : std::nullopt);
+    view_->SetOpacity(services_.settings.noteTransparency ? std::optional(services_.settings.noteOpacity)
+                                                          : std::nullopt);
 }
 
 // Coming back to the screen.
 
 void OpenNote::Popup() {
-    if (!world_.settings.doNotAdjustNotes) view_->MoveOntoScreen();
+    if (!services_.settings.doNotAdjustNotes) view_->MoveOntoScreen();
     if (!view_->IsVisible()) view_->Show();
     if (std::exchange(iconWanted_, false)) view_->HideIcon();
     view_->BringToFront(note_.Pinned);
@@ -246,7 +240,7 @@ void OpenNote::PopupByUser() {
 }
 
 void OpenNote::ShowFromIcon() {
-    world_.notice.Play(SystemSound::RestoreUp);
+    services_.notice.Play(SystemSound::RestoreUp);
     PopupByUser();
     view_->Activate();
 }
@@ -265,8 +259,8 @@ void OpenNote::HideByUser() {
 
 void OpenNote::HideWithHint() {
     HideByUser();
-    ShowHideHintOnce(world_.registry, world_.settings, world_.os, world_.notice);
-    world_.notice.Play(SystemSound::RestoreDown);
+    ShowHideHintOnce(services_.hints);
+    services_.notice.Play(SystemSound::RestoreDown);
 }
 
 void OpenNote::MinimizeToTray() {
@@ -288,82 +282,74 @@ void OpenNote::CloseNote() {
         DestroyNote();
         return;
     }
-    world_.notice.Play(SystemSound::RestoreDown);
-    if (world_.settings.minimizeToTray) {
+    services_.notice.Play(SystemSound::RestoreDown);
+    if (services_.settings.minimizeToTray) {
         MinimizeByUser();
         return;
     }
     const SavedNote saved = SaveLeaving(PendingStep::Kind::Move);
     if (saved.path.empty()) {
-        const bool discard = world_.notice.Ask(kUnsavedQuestion, Question::YesNoDefaultNo);
+        const bool discard = services_.notice.Ask(kUnsavedQuestion, Question::YesNoDefaultNo);
         if (!discard || !IsOpen()) return;
     }
     Leave(saved);
 }
 
 SavedNote OpenNote::SaveLeaving(PendingStep::Kind kind) {
-    return world_.store.SaveNote(Content(), OwnFileTarget(), {kind, saver_.StorageCopy()});
+    return services_.saving.store.SaveNote(Content(), OwnFileTarget(), {kind, saver_.StorageCopy()});
 }
 
 void OpenNote::CloseButtonClick() {
-    if (!note_.ReminderSet || world_.settings.minimizeToTray) {
+    if (!note_.ReminderSet || services_.settings.minimizeToTray) {
         CloseNote();
         return;
     }
-    if (!world_.os.windows2000OrLater) {
-        world_.notice.Inform(kHiddenText);
-        if (!IsOpen()) return;
-    } else if (!world_.settings.disableBalloonHelp) {
-        world_.notice.Balloon(kHiddenTitle, kHiddenText, BalloonIcon::Information);
-    }
+    services_.hints.ShowBalloonOrBox({kHiddenTitle, kHiddenText});
+    if (!IsOpen()) return;
     HideByUser();
 }
 
 void OpenNote::DeleteNote() {
     SavedNote saved;
-    if (!world_.settings.dontRecycleNotes) {
-        world_.owner.SaveUnsavedNotes();
+    if (!services_.settings.dontRecycleNotes) {
+        owner_.SaveUnsavedNotes();
         saved = SaveLeaving(PendingStep::Kind::Recycle);
         const bool safe = saved.path.empty() ? RescueDeleted() : Recycle(saved);
         // Messages may have been pumped.
-        if (!safe || !IsOpen()) return world_.store.Journal().End(saved.record);
+        if (!safe || !IsOpen()) return services_.saving.store.Journal().End(saved.record);
     }
-    world_.notice.Play(SystemSound::RestoreDown);
+    services_.notice.Play(SystemSound::RestoreDown);
     Leave(saved);
 }
 
 bool OpenNote::Recycle(const SavedNote& saved) {
     const NoteFile content = Content();
-    const RecycleResult result = world_.store.Recycle(saved.path);
+    const RecycleResult result = services_.saving.store.Recycle(saved.path);
     if (result == RecycleResult::Moved) return true;
     const std::u16string kept =
-        result == RecycleResult::Gone ? world_.store.WriteAgain(content, saved).path : saved.path;
-    if (kept.empty()) return world_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo);
-    if (!world_.settings.disableBalloonHelp) {
-        world_.notice.Balloon(kNotRecycledTitle, kNotRecycledText + kept, BalloonIcon::Warning);
-    }
+        result == RecycleResult::Gone ? services_.saving.store.WriteAgain(content, saved).path : saved.path;
+    if (kept.empty()) return services_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo);
+    services_.hints.ShowBalloon({kNotRecycledTitle, kNotRecycledText + kept, BalloonIcon::Warning});
     return true;
 }
 
 bool OpenNote::RescueDeleted() {
-    const SavedNote rescued = world_.store.Rescue(Content());
-    if (rescued.path.empty()) return world_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo);
-    if (!world_.settings.disableBalloonHelp) {
-        world_.notice.Balloon(kNotRecycledTitle, kNotRecycledText + rescued.path, BalloonIcon::Warning);
-    }
+    const SavedNote rescued = services_.saving.store.Rescue(Content());
+    if (rescued.path.empty()) return services_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo);
+    services_.hints.ShowBalloon({kNotRecycledTitle, kNotRecycledText + rescued.path, BalloonIcon::Warning});
     return true;
 }
 
 void OpenNote::Leave(const SavedNote& saved) {
-    const bool overStorageCopy =
-        !saved.path.empty() && world_.locale.ToLower(saved.path) == world_.locale.ToLower(note_.StoragePath);
+    const bool overStorageCopy = !saved.path.empty() && services_.dates.locale.ToLower(saved.path) ==
+                                                            services_.dates.locale.ToLower(note_.StoragePath);
     if (overStorageCopy) saver_.SetStorageCopy({});  // the only file of the note
     Destroy(saved.record);
 }
 
 void OpenNote::QueryDeleteNote() {
-    if (world_.settings.dontRecycleNotes) {
-        const bool sure = world_.notice.Ask(kDeleteQuestion, Question::OkCancelDefaultCancel);
+    if (services_.settings.dontRecycleNotes) {
+        const bool sure = services_.notice.Ask(kDeleteQuestion, Question::OkCancelDefaultCancel);
         if (!sure || !IsOpen()) return;
     }
     DeleteNote();
@@ -371,7 +357,7 @@ void OpenNote::QueryDeleteNote() {
 
 void OpenNote::QuickDelete() {
     // Intended without a question, even if nothing is recycled: the fast way to discard a note.
-    if (!view_->Text().empty() && !world_.settings.dontRecycleNotes) {
+    if (!view_->Text().empty() && !services_.settings.dontRecycleNotes) {
         DeleteNote();
     } else {
         DestroyNote();
@@ -383,31 +369,38 @@ void OpenNote::DestroyNote() {
 }
 
 void OpenNote::Destroy(std::u16string record) {
-    world_.owner.RemoveNote(note_.NoteKey);
+    owner_.RemoveNote(note_.NoteKey);
     saver_.Stop();
-    world_.store.DeleteStorageCopy(saver_.StorageCopy(), std::move(record));
+    services_.saving.store.DeleteStorageCopy(saver_.StorageCopy(), std::move(record));
     view_->Close();
+}
+
+// Printing and mailing.
+
+void OpenNote::PrintNote() {
+    owner_.SaveUnsavedNotes();
+    services_.sharing.Print(note_, view_->Text(), services_.settings.noteFont);
+}
+
+void OpenNote::MailNote() {
+    owner_.SaveUnsavedNotes();
+    services_.sharing.Mail(Content());
 }
 
 // Reminders.
 
 void OpenNote::AskReminder() {
-    if (dialogOpen_) {
-        view_->BringReminderDialogForward();
-        return;
-    }
-    dialogOpen_ = view_->OpenReminderDialog(note_.ReminderSet ? note_.ReminderTime : kNoReminder);
+    reminder_.Ask(*view_);
 }
 
 void OpenNote::SetReminder(DaySerial when) {
-    note_.ReminderTime = when;
-    note_.ReminderSet = true;
+    reminder_.Set(when);
     MarkChanged();
     view_->Repaint();
 }
 
 void OpenNote::CancelReminder() {
-    note_.ReminderSet = false;
+    reminder_.Cancel();
     view_->Repaint();
 }
 
@@ -417,17 +410,14 @@ void OpenNote::CancelReminderByUser() {
 }
 
 void OpenNote::TimerBroadcast() {
-    const ReminderCheck check = CheckReminder(note_.ReminderSet, note_.ReminderTime, world_.clock.Now(), alertOpen_);
+    const ReminderCheck check = reminder_.Check(services_.dates.clock.Now());
     if (check == ReminderCheck::Nothing) return;
     saver_.PersistNote();
     // Intended without marking the note changed: after a crash, an unanswered reminder is due again.
     CancelReminder();
     if (check != ReminderCheck::ClearAndAlert) return;
-    alertOpen_ = true;
-    const bool opened = view_->OpenReminderAlert(view_->Text());
-    if (!opened) alertOpen_ = false;
-    // Messages have been pumped: a user who has already dismissed the alert wants to see the note.
-    if (alertOpen_ && IsOpen()) HideNote();
+    // Messages are pumped: a user who has already dismissed the alert wants to see the note.
+    if (reminder_.Alert(*view_) && IsOpen()) HideNote();
 }
 
 }  // namespace quillo

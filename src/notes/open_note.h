@@ -5,21 +5,18 @@
 #include <utility>
 
 #include "notes/note.h"
-#include "notes/note_color_dialog.h"
+#include "notes/note_color_target.h"
+#include "notes/note_reminder.h"
 #include "notes/note_saver.h"
-#include "notes/note_store.h"
 #include "notes/note_view.h"
+#include "ports/date_services.h"
 #include "reminders/reminder_owner.h"
 
 namespace quillo {
 
-class Clock;
-class LocaleText;
-class MailSystem;
-class Printer;
-class RegistryApi;
+class Hints;
+class NoteSharing;
 class UserNotice;
-struct OsFacts;
 
 /// The direction through the visible notes in the order of their creation; wraps around at both ends.
 enum class NoteDirection { Forward, Backward };
@@ -39,20 +36,13 @@ class NoteOwner {
 };
 
 /// What all notes share.
-struct NoteWorld {
+struct NoteServices {
     const Settings& settings;
-    const OsFacts& os;
-    const std::u16string& notesFolder;
-    NoteStore& store;
-    Timers& timers;
-    SaveFailureListener& failures;
-    LocaleText& locale;
-    Clock& clock;
+    SaverServices saving;
+    DateServices dates;
     UserNotice& notice;
-    NoteOwner& owner;
-    Printer& printer;
-    MailSystem& mail;
-    RegistryApi& registry;
+    Hints& hints;
+    NoteSharing& sharing;
 };
 
 /// One open note: its data and every operation on it. The window is reached through NoteView.
@@ -62,7 +52,7 @@ struct NoteWorld {
 /// pairs: the plain one is silent, the one "ByUser" marks the note, and the window marks it when the user has moved it.
 class OpenNote : public ReminderOwner, public NoteColorTarget {
   public:
-    OpenNote(NoteWorld world, std::u16string noteKey);
+    OpenNote(NoteOwner& owner, const NoteServices& services, std::u16string noteKey);
     OpenNote(const OpenNote&) = delete;
     OpenNote& operator=(const OpenNote&) = delete;
 
@@ -77,13 +67,11 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     [[nodiscard]] bool SetText(std::u16string_view text) { return view_->SetText(text); }
     /// True if a note file with these bytes has the note's text.
     [[nodiscard]] bool IsTextOf(std::string_view bytes) const;
-    /// In UTF-16 units.
-    [[nodiscard]] std::size_t TextLength() const { return view_->Text().size(); }
     /// Moves the note; an absent number keeps its value.
     void SetPosition(const NotePosition& position);
     /// Gives the note the keyboard focus.
     void Activate() override { view_->Activate(); }
-    void GoToNeighbor(NoteDirection direction) { world_.owner.ActivateNeighbor(note_.NoteKey, direction); }
+    void GoToNeighbor(NoteDirection direction) { owner_.ActivateNeighbor(note_.NoteKey, direction); }
 
     // The note file.
     /// The full path of the written file, "" if nothing could be written.
@@ -101,9 +89,6 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void SetFileName(std::u16string fileName) { note_.FileName = std::move(fileName); }
     /// The storage copy and the schedule of its saves.
     [[nodiscard]] NoteSaver& Saver() { return saver_; }
-    /// The note was opened from a file that still exists: the same bytes are not opened a second time.
-    void SetSource(FileVersion source) { source_ = std::move(source); }
-    [[nodiscard]] const FileVersion& Source() const { return source_; }
 
     /// Asks for a file and writes a copy of the note to it; the note's own files stay unchanged.
     void SaveNoteAs();
@@ -118,12 +103,9 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) override;
     /// Opens the program's color dialog for this note; does nothing if the note has it open already.
     void AskNoteColor();
-    void ColorClosing() override { colorDialogOpen_ = false; }
     void SetPinned(bool pinned);
-    void TogglePin() { SetPinned(!note_.Pinned); }
     /// Marks the note changed.
     void SetLargeText(bool large);
-    void ToggleLargeText() { SetLargeText(!note_.LargeText); }
     /// Puts the date and time in front of the text. Marks the note changed.
     void AddTimestamp();
     void UpdateColors();
@@ -150,7 +132,6 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void RecreateIcon() {
         if (iconWanted_) view_->RecreateIcon();
     }
-    void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
     /// Each of these may destroy the note: the object lives until its owner releases it.
     void CloseNote();
     void CloseButtonClick();
@@ -171,18 +152,20 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     /// Marks the note changed.
     void SetReminder(DaySerial when) override;
     void CancelReminder();
-    void CancelReminderByUser() override;
     /// A tick of the main timer: a due reminder opens its alert, and the note hides. The note may be closed afterwards.
     void TimerBroadcast();
-    void SetReminderClosing() override { dialogOpen_ = false; }
-    void ReminderClosing() override { alertOpen_ = false; }
 
   private:
+    // The rest of ReminderOwner and NoteColorTarget.
+    void CancelReminderByUser() override;
+    void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
+    void SetReminderClosing() override { reminder_.DialogClosed(); }
+    void ReminderClosing() override { reminder_.AlertClosed(); }
+    void ColorClosing() override { colorDialogOpen_ = false; }
+
     /// Applies the fields that are present. True if the window state was one of the three.
     bool Apply(const NoteAppearance& appearance);
-    void Apply(const NoteReminder& reminder);
     [[nodiscard]] NoteAppearance Appearance() const;
-    [[nodiscard]] std::optional<NoteReminder> Reminder() const;
     [[nodiscard]] SaveTarget OwnFileTarget() const;
     [[nodiscard]] SavedNote SaveLeaving(PendingStep::Kind kind);
     /// False if the user keeps a note that cannot be saved anywhere.
@@ -192,15 +175,14 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     /// Destroys a note that was saved to another file.
     void Leave(const SavedNote& saved);
     void Destroy(std::u16string record);
-    [[nodiscard]] bool IsOpen() const { return world_.owner.IsOpen(note_.NoteKey); }
+    [[nodiscard]] bool IsOpen() const { return owner_.IsOpen(note_.NoteKey); }
 
-    NoteWorld world_;
+    NoteOwner& owner_;
+    NoteServices services_;
     Note note_;
     NoteSaver saver_;
-    FileVersion source_;
-    bool iconWanted_ = false;  ///< the note should have its own icon, whether or not the shell has accepted it yet
-    bool dialogOpen_ = false;
-    bool alertOpen_ = false;
+    ReminderKeeper reminder_{note_};
+    bool iconWanted_ = false;       ///< the note should have its own icon, whether or not the shell has accepted it yet
     bool colorDialogOpen_ = false;  ///< from opening the dialog until it closes, even if it shows another note by then
     NoteView* view_ = nullptr;
 };

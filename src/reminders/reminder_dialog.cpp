@@ -1,21 +1,18 @@
 #include "reminders/reminder_dialog.h"
 
-#include "app/base/os_facts.h"
-#include "app/base/registry_keys.h"
+#include "app/base/hints.h"
 #include "app/base/settings.h"
 #include "ports/locale_text.h"
-#include "registry/tessel_registry.h"
 #include "reminders/reminder_controls.h"
 #include "reminders/reminder_phrase.h"
 #include "reminders/reminder_text.h"
 
 namespace quillo {
 
-NoteAway ChooseNoteAway(const Settings& settings, const OsFacts& os, RegistryApi& registry) {
+NoteAway ChooseNoteAway(const Settings& settings, const Hints& hints) {
     if (!settings.minimizeToTray) return NoteAway::Hide;
-    if (!os.windows2000OrLater || settings.disableBalloonHelp) return NoteAway::Minimize;
-    const bool hasHiddenNotes = TesselRegistry(registry, kUserKey).ValueLong(u"Has hidden notes") != 0;
-    return hasHiddenNotes ? NoteAway::Minimize : NoteAway::MinimizeWithBalloon;
+    if (!hints.HasBalloons()) return NoteAway::Minimize;
+    return hints.HasHiddenNotes() ? NoteAway::Minimize : NoteAway::MinimizeWithBalloon;
 }
 
 void CarryOut(const ReminderStep& step, ReminderOwner* owner) {

@@ -9,9 +9,8 @@
 
 namespace quillo {
 
+class Hints;
 class LocaleText;
-class RegistryApi;
-struct OsFacts;
 struct Settings;
 
 /// How a note leaves the screen until its reminder.
@@ -19,7 +18,7 @@ enum class NoteAway { Stay, Hide, Minimize, MinimizeWithBalloon };
 
 /// Decides how a note leaves the screen when the user requests it. The hint about the note's icon is for users who have
 /// not hidden a note yet.
-[[nodiscard]] NoteAway ChooseNoteAway(const Settings& settings, const OsFacts& os, RegistryApi& registry);
+[[nodiscard]] NoteAway ChooseNoteAway(const Settings& settings, const Hints& hints);
 
 /// The effect of a button of the dialog, in this order: the note's part (see CarryOut), then the form's.
 struct ReminderStep {

@@ -12,9 +12,9 @@
 #include "platform/text_tools.h"
 #include "platform/wide.h"
 #include "platform/window_effects.h"
+#include "reminders/alert_places.h"
 #include "reminders/reminder_alert.h"
 #include "reminders/reminder_owner.h"
-#include "reminders/reminder_tools.h"
 
 namespace quillo {
 namespace {
@@ -45,8 +45,8 @@ bool IsDown(int virtualKey) {
 
 }  // namespace
 
-ReminderForm::ReminderForm(ReminderOwner* owner, ReminderTools& tools)
-    : owner_(owner), tools_(tools), soundTimer_([this] { PlaySound(); }) {}
+ReminderForm::ReminderForm(ReminderOwner* owner, const AlertServices& services)
+    : owner_(owner), services_(services), soundTimer_([this] { PlaySound(); }) {}
 
 bool ReminderForm::Initialize(std::u16string_view text, const AlertColors& colors) {
     text_ = text;
@@ -57,14 +57,14 @@ bool ReminderForm::Initialize(std::u16string_view text, const AlertColors& color
     windowClass.hCursor = ArrowCursor();
     const Rect workArea = WorkAreas().empty() ? Rect{0, 0, 0, 0} : WorkAreas().front();
     scale_ = PointScale(POINT{workArea.left + workArea.width / 2, workArea.top + workArea.height / 2});
-    place_ = tools_.places.Take();
+    place_ = services_.places.Take();
     WindowPlan plan;
     plan.title = Wide(text_);  // screen readers speak it
     plan.style = WS_POPUP | WS_SYSMENU;
     plan.exStyle = WS_EX_TOPMOST;
     plan.place = PlaceAlert(Size{scale_.Px(kAlertSize.width), scale_.Px(kAlertSize.height)}, workArea, *place_, scale_);
     if (!Window::Create(windowClass, plan)) {
-        tools_.places.Free(*place_);
+        services_.places.Free(*place_);
         return false;
     }
     ShowWindow(Handle(), SW_SHOW);
@@ -74,7 +74,7 @@ bool ReminderForm::Initialize(std::u16string_view text, const AlertColors& color
     NotifyWinEvent(EVENT_SYSTEM_ALERT, Handle(), OBJID_CLIENT, CHILDID_SELF);  // screen readers speak it
     PlaySound();
     soundTimer_.Start(kAlertSoundMilliseconds);
-    tools_.loop.RunPending();
+    services_.loop.RunPending();
     return true;
 }
 
@@ -120,8 +120,8 @@ LRESULT ReminderForm::OnCreate() {
 
 void ReminderForm::OnDestroy() {
     soundTimer_.Stop();
-    if (place_) tools_.places.Free(*place_);
-    if (tools_.places.AllFree()) StopReminderSound(tools_.sound);  // a long one would continue
+    if (place_) services_.places.Free(*place_);
+    if (services_.places.AllFree()) StopReminderSound(services_.sound);  // a long one would continue
     if (owner_ != nullptr) owner_->ReminderClosing();
 }
 
@@ -176,11 +176,11 @@ void ReminderForm::Dismiss() {
 }
 
 void ReminderForm::PlaySound() {
-    PlayReminderSound(tools_.settings.reminder, tools_.sound);
+    PlayReminderSound(services_.settings.reminder, services_.sound);
 }
 
 void ReminderForm::MakeFonts() {
-    const FontSetting& note = tools_.settings.noteFont;
+    const FontSetting& note = services_.settings.noteFont;
     textFont_ = MakeFont(note.name, kTextPoints, FW_NORMAL, scale_, note.charset);
     titleFont_ = MakeFont(u"Tahoma", kTitlePoints, FW_BOLD, scale_);
     hintFont_ = MakeFont(u"Tahoma", kHintPoints, FW_NORMAL, scale_);

@@ -11,19 +11,19 @@
 #include "platform/unique_handle.h"
 #include "platform/window.h"
 #include "reminders/alert_colors.h"
+#include "reminders/reminder_services.h"
 #include "util/units.h"
 
 namespace quillo {
 
 class ReminderOwner;
-struct ReminderTools;
 
 /// The alert of a due reminder: it shows the note's text above all windows and repeats the reminder's sound until the
 /// user dismisses it, which shows the note again.
 class ReminderForm : public Window, private AccessibleSource {
   public:
-    /// `owner` is the note, or null; both are borrowed.
-    ReminderForm(ReminderOwner* owner, ReminderTools& tools);
+    /// `owner` is the note, or null; borrowed.
+    ReminderForm(ReminderOwner* owner, const AlertServices& services);
     ~ReminderForm() override { Destroy(); }
 
     /// Shows the alert, plays the sound and pumps waiting messages: on return the alert may already be dismissed and
@@ -56,7 +56,7 @@ class ReminderForm : public Window, private AccessibleSource {
     void PaintGlyph(HDC dc, Glyph glyph, Point at) const;
 
     ReminderOwner* owner_;
-    ReminderTools& tools_;
+    AlertServices services_;
     std::u16string text_;
     AlertPaint paint_;
     Scale scale_;

@@ -14,7 +14,6 @@
 #include "ports/user_notice.h"
 #include "reminders/reminder_phrase.h"
 #include "reminders/reminder_text.h"
-#include "reminders/reminder_tools.h"
 #include "util/placement.h"
 
 namespace quillo {
@@ -86,8 +85,8 @@ const ControlKind& KindOf(Control control) {
 
 }  // namespace
 
-SetReminderForm::SetReminderForm(ReminderOwner* owner, ReminderTools& tools)
-    : DialogWindow(tools.loop), owner_(owner), tools_(tools), previewTimer_([this] { UpdatePreview(); }) {}
+SetReminderForm::SetReminderForm(ReminderOwner* owner, const ReminderDialogServices& services)
+    : DialogWindow(services.loop), owner_(owner), services_(services), previewTimer_([this] { UpdatePreview(); }) {}
 
 HWND SetReminderForm::ControlWindow(ReminderControl control) const {
     return Item(IdOf(control));
@@ -95,8 +94,8 @@ HWND SetReminderForm::ControlWindow(ReminderControl control) const {
 
 bool SetReminderForm::Initialize(HWND noteWindow, DaySerial existing) {
     existing_ = existing;
-    opened_ = tools_.clock.Now();
-    dialog_ = std::make_unique<ReminderDialog>(existing, owner_ != nullptr, tools_.locale);
+    opened_ = services_.dates.clock.Now();
+    dialog_ = std::make_unique<ReminderDialog>(existing, owner_ != nullptr, services_.dates.locale);
     if (!CreateHidden(DialogPlan{L"QuilloSetReminder", kReminderDialogCaption, noteWindow})) return false;
     UpdatePreview();
     previewTimer_.Start(kPreviewMilliseconds);
@@ -147,9 +146,9 @@ std::u16string SetReminderForm::CaptionOf(ReminderControl control) const {
         case Control::ReminderBox:
             return dialog_->StartText();
         case Control::TwentyMinutesLabel:
-            return TwentyMinutesExample(opened_, tools_.locale);
+            return TwentyMinutesExample(opened_, services_.dates.locale);
         case Control::TomorrowLabel:
-            return TomorrowExample(opened_, tools_.locale);
+            return TomorrowExample(opened_, services_.dates.locale);
         default:
             return std::u16string(TextOf(control).caption);
     }
@@ -186,7 +185,8 @@ int SetReminderForm::PreviewWidth(HDC dc) const {
     for (int month = 1; month <= kMonths; ++month) {
         for (int day = kFirstDay; day <= kLastDay; ++day) {
             const DaySerial when = ToDaySerial({2028, month, day, 22, 58, 58});
-            widest = std::max(widest, MeasureText(dc, Fonts().body.Get(), PreviewText(when, tools_.locale)).width);
+            widest =
+                std::max(widest, MeasureText(dc, Fonts().body.Get(), PreviewText(when, services_.dates.locale)).width);
         }
     }
     return widest;
@@ -243,7 +243,7 @@ void SetReminderForm::LayOutCancelPanel(HDC dc, int width) const {
         column.PutText(ControlWindow(control), FontOfControl(control), words, 0, gapAfter);
     };
     text(Control::CancelHeadingLabel, CaptionOf(Control::CancelHeadingLabel), Px(kDialogGap));
-    text(Control::ActiveReminderLabel, tools_.locale.GeneralDate(existing_), margin);
+    text(Control::ActiveReminderLabel, services_.dates.locale.GeneralDate(existing_), margin);
     text(Control::CancelExplanationLabel, CaptionOf(Control::CancelExplanationLabel), 0);
 }
 
@@ -300,15 +300,16 @@ HBRUSH SetReminderForm::ColorControl(HDC dc, HWND control) const {
 
 void SetReminderForm::Press(bool ok) {
     const bool hide = SendMessageW(ControlWindow(Control::HideNoteCheck), BM_GETCHECK, 0, 0) == BST_CHECKED;
-    const NoteAway away = hide ? ChooseNoteAway(tools_.settings, tools_.os, tools_.registry) : NoteAway::Stay;
-    const ReminderStep step = ok ? dialog_->PressOk(TextOfBox(), away, tools_.clock.Now()) : dialog_->PressCancel();
+    const NoteAway away = hide ? ChooseNoteAway(services_.settings, services_.hints) : NoteAway::Stay;
+    const ReminderStep step =
+        ok ? dialog_->PressOk(TextOfBox(), away, services_.dates.clock.Now()) : dialog_->PressCancel();
     CarryOut(step, owner_);
     if (step.unload) return Destroy();
     ShowState(step);
 }
 
 void SetReminderForm::ShowState(const ReminderStep& step) {
-    if (step.playAsterisk) tools_.notice.Play(SystemSound::Asterisk);
+    if (step.playAsterisk) services_.notice.Play(SystemSound::Asterisk);
     const bool asking = dialog_->CancelPanelShown();
     SetWindowTextW(ControlWindow(Control::OKButton), Wide(std::u16string(dialog_->OkCaption())));
     SetWindowTextW(ControlWindow(Control::ActiveReminderLabel), Wide(dialog_->ActiveReminder()));
@@ -334,7 +335,7 @@ void SetReminderForm::ShowState(const ReminderStep& step) {
 }
 
 void SetReminderForm::UpdatePreview() {
-    const std::u16string preview = dialog_->Preview(TextOfBox(), tools_.clock.Now());
+    const std::u16string preview = dialog_->Preview(TextOfBox(), services_.dates.clock.Now());
     HWND label = ControlWindow(Control::PreviewLabel);
     if (WindowText(label) != preview) SetWindowTextW(label, Wide(preview));
 }

@@ -8,16 +8,15 @@
 #include "platform/unique_handle.h"
 #include "reminders/reminder_controls.h"
 #include "reminders/reminder_dialog.h"
+#include "reminders/reminder_services.h"
 
 namespace quillo {
-
-struct ReminderTools;
 
 /// The dialog in which the user types when to be reminded of a note. ReminderDialog has its logic.
 class SetReminderForm : public DialogWindow {
   public:
-    /// `owner` is the note, or null; both are borrowed.
-    SetReminderForm(ReminderOwner* owner, ReminderTools& tools);
+    /// `owner` is the note, or null; borrowed.
+    SetReminderForm(ReminderOwner* owner, const ReminderDialogServices& services);
     ~SetReminderForm() override { Destroy(); }
 
     /// Shows the dialog, owned by the note's window. `existing` is the note's reminder or kNoReminder. Once per object;
@@ -59,7 +58,7 @@ class SetReminderForm : public DialogWindow {
     [[nodiscard]] HFONT FontOfControl(ReminderControl control) const;
 
     ReminderOwner* owner_;
-    ReminderTools& tools_;
+    ReminderDialogServices services_;
     std::unique_ptr<ReminderDialog> dialog_;
     DaySerial existing_ = kNoReminder;
     DaySerial opened_;  ///< the time on which the examples are based

@@ -107,7 +107,7 @@ TEST_F(AccessibleTest, TheMenuButtonOpensTheSameMenuAsAPress) {
 
 TEST(AccessibleAlertTest, AnAlertIsReadWithItsTextAndCanBeDismissed) {
     windows_tests::ReminderWorld world;
-    ReminderForm form(&world.owner, world.tools);
+    ReminderForm form(&world.owner, world.forAlerts);
     ASSERT_TRUE(form.Initialize(u"water the ferns", AlertColors{ColorWord{0xFFFFFF}, ColorWord{0}, ColorWord{0}}));
     const Reader reader(form.Handle());
     EXPECT_EQ(reader.Name(), u"water the ferns");

@@ -116,10 +116,10 @@ TEST(AccessibleTree, TheAboutBox) {
 
 TEST(AccessibleTree, TheReminderDialogAndTheAlert) {
     ReminderWorld world;
-    SetReminderForm dialog(&world.owner, world.tools);
+    SetReminderForm dialog(&world.owner, world.forDialogs);
     ASSERT_TRUE(dialog.Initialize(world.noteWindow.Handle(), kNoReminder));
     ExpectTreeSpoken(dialog.Handle());
-    ReminderForm alert(&world.owner, world.tools);
+    ReminderForm alert(&world.owner, world.forAlerts);
     ASSERT_TRUE(
         alert.Initialize(u"water the ferns", AlertColors{ColorWord{0xFFFFFF}, ColorWord{0x38CFFE}, ColorWord{}}));
     ExpectTreeSpoken(alert.Handle());

@@ -47,7 +47,9 @@ class MainFormTest : public testing::Test {
         }
         return nullptr;
     }
-    void AddNote(std::u16string key) { ASSERT_NE(test_.program.openNotes.Add(test_.world, std::move(key)), nullptr); }
+    void AddNote(std::u16string key) {
+        ASSERT_NE(test_.program.openNotes.Add(test_.services, std::move(key)), nullptr);
+    }
     [[nodiscard]] MenuServices ServicesOfMenu() {
         return {test_.program.settings, test_.program.openNotes, test_.notice, ole_, monitors_};
     }

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "app/base/hints.h"
 #include "app/base/note_names.h"
 #include "app/base/os_facts.h"
 #include "app/base/settings.h"
@@ -10,6 +11,7 @@
 #include "notes/note_batch.h"
 #include "notes/note_color_form.h"
 #include "notes/note_form.h"
+#include "notes/note_sharing.h"
 #include "notes/note_store.h"
 #include "notes/open_note.h"
 #include "notes/res_form.h"
@@ -18,7 +20,7 @@
 #include "platform/win_file_store.h"
 #include "platform/win_locale_text.h"
 #include "platform/win_timers.h"
-#include "reminders/reminder_tools.h"
+#include "reminders/alert_places.h"
 #include "support.h"
 #include "testing/fake_clock.h"
 #include "testing/fake_random.h"
@@ -47,13 +49,27 @@ class NoteWorldForTests : public NoteOwner {
         neighborAsked = (direction == NoteDirection::Forward ? u"after " : u"before ") + noteKey;
     }
 
-    [[nodiscard]] NoteWorld World() {
-        return NoteWorld{settings, os,     folder.Path(), store,   timers, failures, locale,
-                         clock,    notice, *this,         printer, mail,   registry};
+    [[nodiscard]] NoteServices Services() {
+        return NoteServices{settings, {store, timers, failures}, dates, notice, hints, sharing};
     }
     [[nodiscard]] NoteFormTools Tools() {
-        return NoteFormTools{settings, clock,     locale,      random,  shell,   images,   icons, fonts,
-                             ole,      reminders, colorDialog, resForm, dialogs, monitors, batch, windowClass};
+        return NoteFormTools{settings,
+                             clock,
+                             locale,
+                             random,
+                             shell,
+                             images,
+                             icons,
+                             fonts,
+                             ole,
+                             {settings, hints, dates, notice, loop},
+                             {settings, sound, loop, places},
+                             colorDialog,
+                             resForm,
+                             dialogs,
+                             monitors,
+                             batch,
+                             windowClass};
     }
 
     TempFolder folder;
@@ -86,7 +102,10 @@ class NoteWorldForTests : public NoteOwner {
     FakeRegistryApi registry;
     FakeSoundDevice sound;
     MessageLoop loop;
-    ReminderTools reminders{settings, os, registry, clock, locale, notice, sound, loop};
+    DateServices dates{clock, locale};
+    Hints hints{notice, settings, os, registry};
+    NoteSharing sharing{printer, mail, store, dates, notice};
+    AlertPlaces places;
     NoteColorForm colorDialog{loop};
     ResForm resForm{[] {}};
     std::u16string removed;
@@ -96,7 +115,7 @@ class NoteWorldForTests : public NoteOwner {
 /// One note with its window.
 struct TestNote {
     TestNote(NoteWorldForTests& world, std::u16string key)
-        : note(world.World(), std::move(key)), form(note, world.Tools()) {
+        : note(world, world.Services(), std::move(key)), form(note, world.Tools()) {
         note.AttachView(form);
     }
     /// Creates the window and applies the colors of the settings.

@@ -59,7 +59,7 @@ TEST_F(NoteMenuTest, TheButtonsHaveToolTipsOnceThePointerHovers) {
     EXPECT_EQ(tip(ChildId::kPushpin), u"Always on top (Ctrl+P)");
     EXPECT_EQ(tip(ChildId::kCloseButton),
               u"Save as a file and close (Ctrl+W)\r\nRight click: move to the Recycle Bin (Ctrl+Shift+W)");
-    note_.TogglePin();
+    note_.SetPinned(true);
     EXPECT_EQ(tip(ChildId::kPushpin), u"No longer always on top (Ctrl+P)");
     form_.Close();
     EXPECT_EQ(IsWindow(tips), FALSE);

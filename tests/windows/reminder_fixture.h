@@ -4,13 +4,15 @@
 #include <string_view>
 #include <vector>
 
+#include "app/base/hints.h"
 #include "app/base/os_facts.h"
 #include "app/base/settings.h"
 #include "platform/message_loop.h"
 #include "platform/text_tools.h"
 #include "platform/window.h"
+#include "reminders/alert_places.h"
 #include "reminders/reminder_owner.h"
-#include "reminders/reminder_tools.h"
+#include "reminders/reminder_services.h"
 #include "support.h"
 #include "testing/fake_clock.h"
 #include "testing/fake_locale_text.h"
@@ -84,7 +86,10 @@ struct ReminderWorld {
     FakeUserNotice notice;
     FakeSoundDevice sound;
     MessageLoop loop;
-    ReminderTools tools{settings, os, registry, clock, locale, notice, sound, loop};
+    Hints hints{notice, settings, os, registry};
+    AlertPlaces places;
+    ReminderDialogServices forDialogs{settings, hints, {clock, locale}, notice, loop};
+    AlertServices forAlerts{settings, sound, loop, places};
     RecordingOwner owner;
     PlainWindow noteWindow;
 };

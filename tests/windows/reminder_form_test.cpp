@@ -47,7 +47,7 @@ class ReminderFormTest : public testing::Test {
     }
 
     ReminderWorld world_;
-    ReminderForm form_{&world_.owner, world_.tools};
+    ReminderForm form_{&world_.owner, world_.forAlerts};
 };
 
 TEST_F(ReminderFormTest, IsTopmostInTheWorkAreaWithTheNotesText) {
@@ -166,7 +166,7 @@ TEST_F(ReminderFormTest, TheSoundPlaysAtOnceAndRepeatsUntilTheEnd) {
 }
 
 TEST_F(ReminderFormTest, ALongSoundStopsWithTheLastAlert) {
-    ReminderForm second(nullptr, world_.tools);
+    ReminderForm second(nullptr, world_.forAlerts);
     Open();
     ASSERT_TRUE(second.Initialize(u"two", kColors));
     world_.sound.commands.clear();
@@ -186,8 +186,8 @@ TEST_F(ReminderFormTest, AnEmptySettingIsSilence) {
 }
 
 TEST_F(ReminderFormTest, EachAlertIsVisibleAndAFreePlaceIsUsedAgain) {
-    ReminderForm second(nullptr, world_.tools);
-    ReminderForm third(nullptr, world_.tools);
+    ReminderForm second(nullptr, world_.forAlerts);
+    ReminderForm third(nullptr, world_.forAlerts);
     Open();
     ASSERT_TRUE(second.Initialize(u"two", kColors));
     const Rect first = PlaceOf(form_);

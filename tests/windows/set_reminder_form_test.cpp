@@ -72,7 +72,7 @@ class SetReminderFormTest : public testing::Test {
     }
 
     ReminderWorld world_;
-    SetReminderForm form_{&world_.owner, world_.tools};
+    SetReminderForm form_{&world_.owner, world_.forDialogs};
 };
 
 TEST_F(SetReminderFormTest, ShowsEveryCaptionAndTheExamplesOfNow) {
@@ -252,7 +252,7 @@ TEST_F(SetReminderFormTest, ClosesWithTheNotesWindow) {
 }
 
 TEST_F(SetReminderFormTest, WithoutANoteItStaysOpen) {
-    SetReminderForm orphan(nullptr, world_.tools);
+    SetReminderForm orphan(nullptr, world_.forDialogs);
     ASSERT_TRUE(orphan.Initialize(nullptr, kNoReminder));
     SendMessageW(orphan.ControlWindow(Control::OKButton), BM_CLICK, 0, 0);
     EXPECT_NE(orphan.Handle(), nullptr);

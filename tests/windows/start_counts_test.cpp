@@ -76,12 +76,9 @@ class OpenedNotes : private NoteViewFactory {
 
     NoteWorldForTests world_;
     Program program_{*this};
-    NoteWorld notes_{world_.settings, world_.os,     program_.notesFolder, world_.store,  world_.timers,
-                     world_.failures, world_.locale, world_.clock,         world_.notice, program_.openNotes,
-                     world_.printer,  world_.mail,   world_.registry};
     LegacyNotes legacy_{world_.registry, program_.openNotes, world_.random};
     SaveAll saveAll_{program_.openNotes, legacy_, world_.store};
-    NoteOpening opening_{program_, notes_, world_.random, saveAll_};
+    NoteOpening opening_{program_, world_.Services(), world_.random, saveAll_};
 
   public:
     OpenedNotes() { program_.notesFolder = world_.folder.Path(); }

@@ -1,4 +1,5 @@
 target_sources(quillo_core PRIVATE
+  app/base/hints.cpp
   app/base/note_names.cpp
   app/base/notes_folder.cpp
   app/base/os_facts.cpp

@@ -110,7 +110,7 @@ std::vector<SettingRow> MakeTable() {
         {u"Show notes hotkey", NumberSetting{&Member<&S::showNotesHotkey>, 83, 1, kAny}},
         {u"Shown Help", Flag<&S::shownHelp>(), false},
         {u"Startup Mode", NumberSetting{&Member<&S::startupMode>, 0, std::numeric_limits<int>::min(), kAny}},
-        {u"Has hidden notes", Flag<&S::hasHiddenNotes>(), false},
+        {kHiddenNotesValue, Flag<&S::hasHiddenNotes>(), false},
         {u"Notes", NumberSetting{&Member<&S::notes>, 0, std::numeric_limits<int>::min(), kAny}, false},
     };
 }

@@ -20,7 +20,7 @@ class LegacyNotesTest : public testing::Test {
         test_.registry.Put(kUserKey, u"Note filename " + n, fileName);
     }
     void PutCount(int count) { test_.registry.Put(kUserKey, u"Notes", count); }
-    bool Import() { return test_.legacy.Import(test_.world); }
+    bool Import() { return test_.legacy.Import(test_.services); }
 
     TestProgram test_;
 };
@@ -115,7 +115,7 @@ TEST_F(LegacyNotesTest, ADamagedSizeLosesOnlyItsBadFields) {
         TestProgram fresh;
         fresh.registry.Put(kUserKey, u"Notes", 1);
         fresh.registry.Put(kUserKey, u"Note size 1", c.size);
-        EXPECT_FALSE(fresh.legacy.Import(fresh.world));
+        EXPECT_FALSE(fresh.legacy.Import(fresh.services));
         EXPECT_EQ(fresh.views.View(0).Rectangle(), c.expected) << testing::PrintToString(std::u16string(c.size));
         EXPECT_EQ(fresh.views.Note(0).Data().Pinned, c.pinned) << testing::PrintToString(std::u16string(c.size));
     }

@@ -13,7 +13,7 @@ namespace {
 
 class OpenNotesTest : public testing::Test {
   protected:
-    OpenNote& Add(std::u16string key) { return *test_.program.openNotes.Add(test_.world, std::move(key)); }
+    OpenNote& Add(std::u16string key) { return *test_.program.openNotes.Add(test_.services, std::move(key)); }
     std::u16string Visited() {
         std::u16string keys;
         notes_.ForEach([&keys](OpenNote& note) { keys += note.NoteKey(); });
@@ -36,7 +36,7 @@ TEST_F(OpenNotesTest, AreFoundByKeyAndWalkedInOrder) {
 TEST_F(OpenNotesTest, ANoteWhoseWindowCannotBeCreatedIsNotAdded) {
     Add(u"A");
     test_.views.room = 1;
-    EXPECT_EQ(notes_.Add(test_.world, u"B"), nullptr);
+    EXPECT_EQ(notes_.Add(test_.services, u"B"), nullptr);
     EXPECT_EQ(Visited(), u"A");
 }
 

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/base/hints.h"
 #include "app/base/note_names.h"
 #include "app/late_notes.h"
 #include "app/legacy_import.h"
@@ -18,6 +19,7 @@
 #include "app/save_all.h"
 #include "app/startup.h"
 #include "notes/note_batch.h"
+#include "notes/note_sharing.h"
 #include "notes/note_store.h"
 #include "testing/fake_clock.h"
 #include "testing/fake_file_store.h"
@@ -86,11 +88,11 @@ class TestProgram {
         return paths;
     }
     [[nodiscard]] StartupWorld ForStartup() {
-        return StartupWorld{program, world, opening, legacy, late, recovery, registry, files, shell, notice, batch};
+        return StartupWorld{program, services, opening, legacy, late, recovery, registry, files, shell, notice, batch};
     }
     void FillUpTo(std::size_t count) {
         while (program.openNotes.Count() < count) {
-            if (program.openNotes.Add(world, Key(program.openNotes.Count())) == nullptr) return;
+            if (program.openNotes.Add(services, Key(program.openNotes.Count())) == nullptr) return;
         }
     }
 
@@ -108,25 +110,16 @@ class TestProgram {
     Program program{views};
     NoteNames names{files, shell, program.settings};
     NoteStore store{files, locale, shell, names, program.notesFolder};
-    SaveFailures failures{notice, program.settings};
-    NoteWorld world{program.settings,
-                    program.os,
-                    program.notesFolder,
-                    store,
-                    timers,
-                    failures,
-                    locale,
-                    clock,
-                    notice,
-                    program.openNotes,
-                    printer,
-                    mail,
-                    registry};
+    DateServices dates{clock, locale};
+    Hints hints{notice, program.settings, program.os, registry};
+    SaveFailures failures{hints};
+    NoteSharing sharing{printer, mail, store, dates, notice};
+    NoteServices services{program.settings, {store, timers, failures}, dates, notice, hints, sharing};
     LegacyNotes legacy{registry, program.openNotes, random};
     SaveAll saveAll{program.openNotes, legacy, store};
     NoteBatch batch;
-    NoteOpening opening{program, world, random, saveAll};
-    LateNotes late{opening, timers, notice, program.settings};
+    NoteOpening opening{program, services, random, saveAll};
+    LateNotes late{opening, timers, hints};
     Recovery recovery{store, locale, program.notesFolder};
     Quit quit{program, saveAll, legacy, store, registry, notice};
 

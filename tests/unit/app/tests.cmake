@@ -1,5 +1,6 @@
 target_sources(quillo_core_tests PRIVATE
   unit/app/command_line_test.cpp
+  unit/app/hints_test.cpp
   unit/app/legacy_import_test.cpp
   unit/app/note_names_test.cpp
   unit/app/note_opening_test.cpp

@@ -54,7 +54,7 @@ class OptionsControllerTest : public testing::Test {
         return settings;
     }
     FakeNoteView& OpenNote() {
-        EXPECT_NE(program_.program.openNotes.Add(program_.world, u"note"), nullptr);
+        EXPECT_NE(program_.program.openNotes.Add(program_.services, u"note"), nullptr);
         FakeNoteView& view = program_.views.View(program_.views.Count() - 1);
         (void)view.TakeCalls();
         return view;

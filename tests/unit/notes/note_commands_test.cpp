@@ -159,7 +159,7 @@ TEST_F(Performing, EveryActionReachesItsOperation) {
         ShowStored(u"Milk");
         Perform(action, note_);
         EXPECT_TRUE(Did(call)) << call;
-        if (action == NoteAction::TogglePin) note_.TogglePin();
+        if (action == NoteAction::TogglePin) note_.SetPinned(false);
     }
 }
 

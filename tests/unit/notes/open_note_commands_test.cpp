@@ -24,9 +24,9 @@ TEST_F(OpenNoteCommands, TheTimeStampIsInsertedBeforeTheWholeText) {
 }
 
 TEST_F(OpenNoteCommands, LargeTextIsSwitchedBothWays) {
-    note_.ToggleLargeText();
+    Perform(NoteAction::ToggleLargeText, note_);
     EXPECT_TRUE(note_.Data().LargeText);
-    note_.ToggleLargeText();
+    Perform(NoteAction::ToggleLargeText, note_);
     EXPECT_FALSE(note_.Data().LargeText);
 }
 

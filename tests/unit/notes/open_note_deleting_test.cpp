@@ -145,9 +145,7 @@ TEST_F(OpenNoteDeleting, ANoteThatTheBinLostAndNoDiskAcceptsIsKeptUnlessTheUserG
     LosingShell shell(files_);
     NoteStore store{files_, locale_, shell, names_, kFolder};
     FakeNoteView view;
-    OpenNote note{{settings_, os_, kFolder, store, timers_, failures_, locale_, clock_, notice_, owner_, printer_,
-                   mail_, registry_},
-                  kKey};
+    OpenNote note{owner_, {settings_, {store, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey};
     note.AttachView(view);
     ASSERT_TRUE(note.SetText(u"Milk"));
     note.MarkChanged();
@@ -215,9 +213,7 @@ TEST_F(OpenNoteDeleting, ANoteClosedWhileItsFileIsRecycledIsNotUsedAgain) {
     PumpingShell shell(files_, owner_);
     NoteStore store{files_, locale_, shell, names_, kFolder};
     FakeNoteView view;
-    OpenNote note{{settings_, os_, kFolder, store, timers_, failures_, locale_, clock_, notice_, owner_, printer_,
-                   mail_, registry_},
-                  kKey};
+    OpenNote note{owner_, {settings_, {store, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey};
     note.AttachView(view);
     ASSERT_TRUE(note.SetText(u"Milk"));
     note.MarkChanged();
@@ -239,9 +235,7 @@ TEST_F(OpenNoteDeleting, QuickDeleteNeverAsks) {
         settings_.dontRecycleNotes = c.keepNothing;
         FakeNoteView view;
         FakeNoteOwner owner;
-        OpenNote note{{settings_, os_, kFolder, store_, timers_, failures_, locale_, clock_, notice_, owner, printer_,
-                       mail_, registry_},
-                      kKey};
+        OpenNote note{owner, {settings_, {store_, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey};
         note.AttachView(view);
         ASSERT_TRUE(note.SetText(c.text));
         note.MarkChanged();

@@ -6,8 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "app/base/hints.h"
 #include "app/base/note_names.h"
 #include "app/base/os_facts.h"
+#include "notes/note_sharing.h"
 #include "notes/open_note.h"
 #include "testing/fake_clock.h"
 #include "testing/fake_file_store.h"
@@ -74,6 +76,8 @@ class OpenNoteTest : public ::testing::Test {
         static_cast<void>(view_.TakeCalls());
         notice_.Clear();
     }
+    /// The note as its reminder's windows see it.
+    [[nodiscard]] ReminderOwner& Reminded() { return note_; }
     [[nodiscard]] bool IsDestroyed() const { return !owner_.IsOpen(kKey) && view_.IsClosed(); }
     [[nodiscard]] std::string Content(const std::u16string& path) { return files_.Read(path).value_or("(none)"); }
     [[nodiscard]] std::vector<std::u16string> SavedFiles() {
@@ -98,10 +102,12 @@ class OpenNoteTest : public ::testing::Test {
     NoteStore store_{files_, locale_, shell_, names_, kFolder};
     FakeTimers timers_;
     RecordingSaveFailures failures_;
-    NoteWorld world_{settings_, os_,     kFolder, store_,   timers_, failures_, locale_,
-                     clock_,    notice_, owner_,  printer_, mail_,   registry_};
+    DateServices dates_{clock_, locale_};
+    Hints hints_{notice_, settings_, os_, registry_};
+    NoteSharing sharing_{printer_, mail_, store_, dates_, notice_};
+    NoteServices services_{settings_, {store_, timers_, failures_}, dates_, notice_, hints_, sharing_};
     FakeNoteView view_;
-    OpenNote note_{world_, kKey};
+    OpenNote note_{owner_, services_, kKey};
 };
 
 }  // namespace quillo

@@ -248,9 +248,8 @@ TEST_F(OpenNoteLeaving, ANoteClosedDuringThatMessageBoxIsNotUsedAgain) {
     os_.windows2000OrLater = false;
     InformingNotice notice(owner_);
     FakeNoteView view;
-    OpenNote note{{settings_, os_, kFolder, store_, timers_, failures_, locale_, clock_, notice, owner_, printer_,
-                   mail_, registry_},
-                  kKey};
+    Hints hints{notice, settings_, os_, registry_};
+    OpenNote note{owner_, {settings_, {store_, timers_, failures_}, dates_, notice, hints, sharing_}, kKey};
     note.AttachView(view);
     note.SetReminder(DaySerial{45123.75});
     static_cast<void>(view.TakeCalls());

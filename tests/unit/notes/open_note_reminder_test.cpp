@@ -78,7 +78,7 @@ TEST_F(OpenNoteReminderTest, OnceTheAlertIsClosedTheNextOneOpens) {
     SetSilently(0);
     note_.TimerBroadcast();
     note_.Popup();
-    note_.ReminderClosing();
+    Reminded().ReminderClosing();
     SetSilently(0);
     note_.TimerBroadcast();
     EXPECT_TRUE(Did("OpenReminderAlert"));
@@ -88,7 +88,7 @@ TEST_F(OpenNoteReminderTest, AnAlertDismissedWhileItOpensKeepsTheNoteOnTheScreen
     SetSilently(0);
     view_.whileAlertOpens = [this] {
         note_.Popup();
-        note_.ReminderClosing();
+        Reminded().ReminderClosing();
     };
     note_.TimerBroadcast();
     EXPECT_TRUE(note_.IsVisible());
@@ -127,11 +127,11 @@ TEST_F(OpenNoteReminderTest, AMinimizedNoteKeepsItsIconUntilTheAlertIsDismissed)
 TEST_F(OpenNoteReminderTest, TheDialogGetsTheReminderOrNone) {
     note_.AskReminder();
     EXPECT_EQ(view_.DialogReminder(), kNoReminder);
-    note_.SetReminderClosing();
+    Reminded().SetReminderClosing();
     note_.SetReminder(DaySerial{46000.5});
     note_.AskReminder();
     EXPECT_EQ(view_.DialogReminder(), DaySerial{46000.5});
-    note_.SetReminderClosing();
+    Reminded().SetReminderClosing();
     note_.CancelReminder();
     note_.AskReminder();
     EXPECT_EQ(view_.DialogReminder(), kNoReminder) << "a time that no longer counts";
@@ -141,7 +141,7 @@ TEST_F(OpenNoteReminderTest, AnOpenDialogComesToTheFront) {
     note_.AskReminder();
     note_.AskReminder();
     EXPECT_EQ(view_.TakeCalls(), (Calls{"OpenReminderDialog", "BringReminderDialogForward"}));
-    note_.SetReminderClosing();
+    Reminded().SetReminderClosing();
     note_.AskReminder();
     EXPECT_EQ(view_.TakeCalls(), Calls{"OpenReminderDialog"});
 }
@@ -159,7 +159,7 @@ TEST_F(OpenNoteReminderTest, AskingChangesNothing) {
 }
 
 TEST_F(OpenNoteReminderTest, TheNotesOwnIconShowsTheBalloon) {
-    note_.ShowIconBalloon(u"text", u"title", BalloonIcon::Information);
+    Reminded().ShowIconBalloon(u"text", u"title", BalloonIcon::Information);
     EXPECT_EQ(view_.TakeCalls(), Calls{"ShowIconBalloon 1"});
     EXPECT_EQ(view_.BalloonText(), u"text");
     EXPECT_EQ(view_.BalloonTitle(), u"title");
@@ -170,7 +170,7 @@ TEST_F(OpenNoteReminderTest, TheNotesOwnIconShowsTheBalloon) {
 TEST_F(OpenNoteReminderTest, EveryChangeIsSavedSoon) {
     const std::vector<std::pair<const char*, std::function<void()>>> changes = {
         {"SetReminder", [this] { note_.SetReminder(DaySerial{46000}); }},
-        {"CancelReminderByUser", [this] { note_.CancelReminderByUser(); }},
+        {"CancelReminderByUser", [this] { Reminded().CancelReminderByUser(); }},
         {"SetLargeText", [this] { note_.SetLargeText(true); }},
         {"AddTimestamp", [this] { note_.AddTimestamp(); }},
         {"SetColor", [this] { note_.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }},

@@ -236,19 +236,19 @@ TEST_F(OpenNoteTest, ChangesOfTheNoteMarkIt) {
         {"default colors", [](OpenNote& n) { n.SetColor(false, {}, {}, {}); }, true},
         {"hiding by the user", [](OpenNote& n) { n.HideByUser(); }, true},
         {"minimizing by the user", [](OpenNote& n) { n.MinimizeByUser(); }, true},
-        {"canceling by the user", [](OpenNote& n) { n.CancelReminderByUser(); }, true},
+        {"canceling by the user", [](OpenNote& n) { static_cast<ReminderOwner&>(n).CancelReminderByUser(); }, true},
         {"dealt colors", [](OpenNote& n) { n.SetOwnColors(ColorWord{1}, ColorWord{2}, ColorWord{3}); }, false},
         {"colors applied again", [](OpenNote& n) { n.UpdateColors(); }, false},
         {"hiding", [](OpenNote& n) { n.HideNote(); }, false},
         {"minimizing", [](OpenNote& n) { n.MinimizeToTray(); }, false},
         {"popping up", [](OpenNote& n) { n.Popup(); }, false},
         {"canceling", [](OpenNote& n) { n.CancelReminder(); }, false},
-        {"pinning", [](OpenNote& n) { n.TogglePin(); }, false},
+        {"pinning", [](OpenNote& n) { n.SetPinned(true); }, false},
         {"effects", [](OpenNote& n) { n.SetNoteEffects(); }, false},
     };
     for (const auto& c : cases) {
         FakeNoteView view;
-        OpenNote note{world_, kKey};
+        OpenNote note{owner_, services_, kKey};
         note.AttachView(view);
         c.act(note);
         EXPECT_EQ(note.Data().Changed, c.changed) << c.name;
@@ -270,13 +270,13 @@ TEST_F(OpenNoteTest, ShowingByTheUserMarksOnlyAHiddenNote) {
 TEST_F(OpenNoteTest, PinningPutsItOnTopAndShowsThePin) {
     note_.Popup();
     DropRecords();
-    note_.TogglePin();
+    note_.SetPinned(true);
     EXPECT_TRUE(note_.Data().Pinned);
     EXPECT_EQ(view_.TakeCalls(), (Calls{"BringToFront pinned", "ShowPinned in"}));
     note_.Popup();
     EXPECT_TRUE(view_.IsOnTop()) << "popping up leaves it topmost";
     DropRecords();
-    note_.TogglePin();
+    note_.SetPinned(false);
     EXPECT_FALSE(note_.Data().Pinned);
     EXPECT_EQ(view_.TakeCalls(), (Calls{"BringToFront", "ShowPinned out"}));
     note_.Popup();
@@ -310,7 +310,7 @@ TEST_F(OpenNoteTest, TheColorDialogOpensOnceUntilItHasClosed) {
     EXPECT_EQ(view_.DialogColors(), (ColorScheme{ColorWord{1}, ColorWord{2}, ColorWord{3}}));
     note_.AskNoteColor();
     EXPECT_TRUE(view_.TakeCalls().empty());
-    note_.ColorClosing();
+    static_cast<NoteColorTarget&>(note_).ColorClosing();
     note_.AskNoteColor();
     EXPECT_EQ(view_.TakeCalls(), std::vector<std::string>{"OpenColorDialog"});
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/base/hints.h"
 #include "app/base/os_facts.h"
 #include "app/base/registry_keys.h"
 #include "app/base/settings.h"
@@ -13,6 +14,7 @@
 #include "reminders/reminder_phrase.h"
 #include "testing/fake_locale_text.h"
 #include "testing/fake_registry_api.h"
+#include "testing/fake_user_notice.h"
 
 namespace quillo {
 namespace {
@@ -196,6 +198,7 @@ TEST(ChooseNoteAway, DependsOnSettingsSystemAndHabit) {
         os.windows2000OrLater = (bits & 4) != 0;
         const bool hasHidden = (bits & 8) != 0;
         FakeRegistryApi registry;
+        FakeUserNotice notice;
         TesselRegistry(registry, kUserKey).SetValueLong(u"Has hidden notes", hasHidden ? -1 : 0);
 
         NoteAway expected = NoteAway::Hide;
@@ -203,16 +206,18 @@ TEST(ChooseNoteAway, DependsOnSettingsSystemAndHabit) {
             const bool balloon = !settings.disableBalloonHelp && os.windows2000OrLater && !hasHidden;
             expected = balloon ? NoteAway::MinimizeWithBalloon : NoteAway::Minimize;
         }
-        EXPECT_EQ(ChooseNoteAway(settings, os, registry), expected) << bits;
+        EXPECT_EQ(ChooseNoteAway(settings, Hints(notice, settings, os, registry)), expected) << bits;
     }
 }
 
 TEST(ChooseNoteAway, AnAbsentValueMeansThatNothingWasHiddenYet) {
     FakeRegistryApi registry;
+    FakeUserNotice notice;
+    const OsFacts os;
     Settings settings;
     settings.minimizeToTray = true;
     settings.hasHiddenNotes = true;  // as loaded at start-up: the registry decides
-    EXPECT_EQ(ChooseNoteAway(settings, OsFacts{}, registry), NoteAway::MinimizeWithBalloon);
+    EXPECT_EQ(ChooseNoteAway(settings, Hints(notice, settings, os, registry)), NoteAway::MinimizeWithBalloon);
 }
 
 // CancelButton.

@@ -4,9 +4,9 @@ namespace quillo {
 namespace {
 
 /// A note that is printed or mailed.
-class OpenNoteSharingTest : public OpenNoteTest {
+class NoteSharingTest : public OpenNoteTest {
   protected:
-    OpenNoteSharingTest() {
+    NoteSharingTest() {
         EXPECT_TRUE(note_.SetText(u"Buy milk"));
         note_.Popup();
         before_ = note_.Data();
@@ -24,7 +24,7 @@ class OpenNoteSharingTest : public OpenNoteTest {
     Note before_;
 };
 
-TEST_F(OpenNoteSharingTest, PrintsUnderItsFirstWords) {
+TEST_F(NoteSharingTest, PrintsUnderItsFirstWords) {
     note_.PrintNote();
     ASSERT_EQ(printer_.documents.size(), 1U);
     EXPECT_EQ(printer_.documents[0].name, u"Buy milk");
@@ -33,7 +33,7 @@ TEST_F(OpenNoteSharingTest, PrintsUnderItsFirstWords) {
     ExpectUnchanged();
 }
 
-TEST_F(OpenNoteSharingTest, AnyFailureOfThePrinterIsReportedOnce) {
+TEST_F(NoteSharingTest, AnyFailureOfThePrinterIsReportedOnce) {
     printer_.opens = PrintOutcome::Failed;
     note_.PrintNote();
     printer_.opens = PrintOutcome::Printed;
@@ -44,7 +44,7 @@ TEST_F(OpenNoteSharingTest, AnyFailureOfThePrinterIsReportedOnce) {
     ExpectUnchanged();
 }
 
-TEST_F(OpenNoteSharingTest, AFailedJobIsWithdrawnBeforeItIsReported) {
+TEST_F(NoteSharingTest, AFailedJobIsWithdrawnBeforeItIsReported) {
     bool withdrawn = false;
     notice_.onWarn = [&] { withdrawn = printer_.documents.back().withdrawn; };
     printer_.failingPage = 1;
@@ -57,13 +57,13 @@ TEST_F(OpenNoteSharingTest, AFailedJobIsWithdrawnBeforeItIsReported) {
     EXPECT_TRUE(closed);
 }
 
-TEST_F(OpenNoteSharingTest, PrintingThatTheUserCancelsIsNotAnError) {
+TEST_F(NoteSharingTest, PrintingThatTheUserCancelsIsNotAnError) {
     printer_.opens = PrintOutcome::Canceled;
     note_.PrintNote();
     EXPECT_TRUE(notice_.warnings.empty());
 }
 
-TEST_F(OpenNoteSharingTest, MailsItselfInAMessage) {
+TEST_F(NoteSharingTest, MailsItselfInAMessage) {
     note_.MailNote();
     ASSERT_EQ(mail_.sent.size(), 1U);
     EXPECT_EQ(mail_.sent[0].subject, "Buy milk");
@@ -71,7 +71,7 @@ TEST_F(OpenNoteSharingTest, MailsItselfInAMessage) {
     ExpectUnchanged();
 }
 
-TEST_F(OpenNoteSharingTest, OnlyAnEmptyTextIsNotMailed) {
+TEST_F(NoteSharingTest, OnlyAnEmptyTextIsNotMailed) {
     ASSERT_TRUE(note_.SetText(u""));
     note_.MailNote();
     EXPECT_TRUE(mail_.calls.empty()) << "the mail system is not even asked";
@@ -80,7 +80,7 @@ TEST_F(OpenNoteSharingTest, OnlyAnEmptyTextIsNotMailed) {
     EXPECT_EQ(mail_.sent.size(), 1U);
 }
 
-TEST_F(OpenNoteSharingTest, MissingMailIsReported) {
+TEST_F(NoteSharingTest, MissingMailIsReported) {
     mail_.isMissing = true;
     note_.MailNote();
     EXPECT_EQ(notice_.warnings, (std::vector<std::u16string>{
@@ -90,7 +90,7 @@ TEST_F(OpenNoteSharingTest, MissingMailIsReported) {
     ExpectUnchanged();
 }
 
-TEST_F(OpenNoteSharingTest, AMissingMailProgramIsReportedOnce) {
+TEST_F(NoteSharingTest, AMissingMailProgramIsReportedOnce) {
     mail_.signsOn = MailSignOn::Failed;
     note_.MailNote();
     EXPECT_EQ(notice_.warnings,
@@ -100,7 +100,7 @@ TEST_F(OpenNoteSharingTest, AMissingMailProgramIsReportedOnce) {
     ExpectUnchanged();
 }
 
-TEST_F(OpenNoteSharingTest, ANoteThatCannotBeAttachedIsReported) {
+TEST_F(NoteSharingTest, ANoteThatCannotBeAttachedIsReported) {
     files_.FailWrites(true);
     note_.MailNote();
     EXPECT_EQ(notice_.warnings,
@@ -108,7 +108,7 @@ TEST_F(OpenNoteSharingTest, ANoteThatCannotBeAttachedIsReported) {
                                            u"note itself was not changed."}));
 }
 
-TEST_F(OpenNoteSharingTest, ClosedWhileTheMessageIsOpenTheNoteStaysClosed) {
+TEST_F(NoteSharingTest, ClosedWhileTheMessageIsOpenTheNoteStaysClosed) {
     mail_.whileSending = [this](const MailMessage& /*message*/) { note_.DestroyNote(); };
     note_.MailNote();
     EXPECT_TRUE(view_.IsClosed());

@@ -1,10 +1,13 @@
-// Printing and mailing a note.
+#include "notes/note_sharing.h"
+
 #include <memory>
 
+#include "notes/note_codec.h"
 #include "notes/note_mail.h"
 #include "notes/note_print.h"
-#include "notes/open_note.h"
 #include "ports/clock.h"
+#include "ports/mail_session.h"
+#include "ports/printer.h"
 #include "ports/user_notice.h"
 
 namespace quillo {
@@ -23,27 +26,22 @@ constexpr std::u16string_view kMailNotSaved =
 
 }  // namespace
 
-void OpenNote::PrintNote() {
-    world_.owner.SaveUnsavedNotes();
-    const std::u16string text = view_->Text();
-    const PrintedNote printed =
-        MakePrintedNote(text, note_, world_.settings.noteFont, world_.clock.Now(), world_.locale);
-    std::unique_ptr<PrintJob> job = world_.printer.Open(PrintDocumentName(text));
+void NoteSharing::Print(const Note& note, std::u16string_view text, const FontSetting& font) {
+    const PrintedNote printed = MakePrintedNote(text, note, font, dates_.clock.Now(), dates_.locale);
+    std::unique_ptr<PrintJob> job = printer_.Open(PrintDocumentName(text));
     const PrintOutcome outcome = PrintPages(*job, printed);
     job.reset();  // a failed job is withdrawn before the message is shown
-    if (outcome == PrintOutcome::Failed) world_.notice.Warn(kPrintProblem);
+    if (outcome == PrintOutcome::Failed) notice_.Warn(kPrintProblem);
 }
 
-void OpenNote::MailNote() {
-    world_.owner.SaveUnsavedNotes();
-    const NoteFile content = Content();
+void NoteSharing::Mail(const NoteFile& content) {
     if (content.text.empty()) return;
-    std::unique_ptr<MailSession> session = world_.mail.NewSession();
-    if (!session) return world_.notice.Warn(kMailIsMissing);
-    const MailResult result = SendMail(*session, world_.store, content, world_.locale);
+    std::unique_ptr<MailSession> session = mail_.NewSession();
+    if (!session) return notice_.Warn(kMailIsMissing);
+    const MailResult result = SendMail(*session, store_, content, dates_.locale);
     session.reset();
-    if (result == MailResult::NotSaved) world_.notice.Warn(kMailNotSaved);
-    if (result == MailResult::NoAnswer) world_.notice.Warn(kNoMailProgram);
+    if (result == MailResult::NotSaved) notice_.Warn(kMailNotSaved);
+    if (result == MailResult::NoAnswer) notice_.Warn(kNoMailProgram);
 }
 
 }  // namespace quillo
