@@ -16,20 +16,10 @@ namespace quillo {
 /// The maximum number of open notes.
 inline constexpr std::size_t kMaxOpenNotes = 50;
 
-/// Creates the window of a note.
-class NoteViewFactory {
-  public:
-    virtual ~NoteViewFactory() = default;
-    /// The window gets the place of a new note, or the one in `position`. Null if the system cannot create another
-    /// window.
-    [[nodiscard]] virtual std::unique_ptr<NoteView> MakeView(OpenNote& note,
-                                                             const std::optional<NotePosition>& position) = 0;
-};
-
 /// The program's one collection of open notes, in the order of their creation.
 class OpenNotes : public NoteOwner {
   public:
-    explicit OpenNotes(NoteViewFactory& factory) : factory_(factory) {}
+    explicit OpenNotes(NoteWindowFactory& windows) : windows_(windows) {}
 
     /// Adds a note with its window; null, and no note is added, if the window cannot be created. The window is created
     /// at `position`, because moving it later makes a start slower.
@@ -52,13 +42,9 @@ class OpenNotes : public NoteOwner {
     void UnloadAll();
 
   private:
-    struct Entry {
-        std::unique_ptr<OpenNote> note;
-        std::unique_ptr<NoteView> view;  // destroyed before its note
-    };
-    NoteViewFactory& factory_;
-    std::vector<Entry> notes_;
-    std::vector<Entry> removed_;
+    NoteWindowFactory& windows_;
+    std::vector<std::unique_ptr<OpenNote>> notes_;
+    std::vector<std::unique_ptr<OpenNote>> removed_;
 };
 
 /// Applies the settings to every open note: colors, font, scroll bar and drop target.

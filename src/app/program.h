@@ -12,7 +12,7 @@ namespace quillo {
 /// The program-wide state, created once by the composition root and passed down. Open notes refer to its members, so it
 /// outlives them and never moves.
 struct Program {
-    explicit Program(NoteViewFactory& factory) : openNotes(factory) {}
+    explicit Program(NoteWindowFactory& windows) : openNotes(windows) {}
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 

@@ -26,6 +26,15 @@ QuilloProcs::QuilloProcs()
       mail_(locale_, dialogs_),
       hints_(notice_, program_.settings, program_.os, registry_),
       sharing_(printer_, mail_, store_, dates_, notice_),
+      noteForms_{program_.settings,
+                 dates_,
+                 noteResources_,
+                 {monitors_, noteBatch_, random_},
+                 {ole_, shell_},
+                 {{program_.settings, hints_, dates_, notice_, loop_},
+                  {program_.settings, sound_, loop_, alertPlaces_},
+                  colorDialog_,
+                  dialogs_}},
       saveFailures_(hints_),
       noteServices_{program_.settings, {store_, timers_, saveFailures_}, dates_, notice_, hints_, sharing_},
       legacy_(registry_, program_.openNotes, random_),
@@ -47,6 +56,7 @@ void QuilloProcs::BindMainForm() {
     notice_.onBalloon = [this](std::u16string_view title, std::u16string_view text, BalloonIcon icon) {
         mainForm_.ShowBalloon(title, text, icon);
     };
+    noteResources_.beforeIcon = [this] { mainForm_.ShowTrayIcon(); };  // the program's icon comes first
     const auto saveAll = [this] { saveAll_.Run(); };
     mainForm_.onNewNote = [this] { opening_.CreateNewNote(); };
     mainForm_.onOptions = [this] { OpenOptions(); };
@@ -128,26 +138,8 @@ void QuilloProcs::LoadMainForm() {
     mainForm_.RedrawShortcuts();
 }
 
-std::unique_ptr<NoteView> QuilloProcs::MakeView(OpenNote& note, const std::optional<NotePosition>& position) {
-    const NoteFormTools tools{program_.settings,
-                              clock_,
-                              locale_,
-                              random_,
-                              shell_,
-                              buttonImages_,
-                              noteIcons_,
-                              noteFonts_,
-                              ole_,
-                              {program_.settings, hints_, dates_, notice_, loop_},
-                              {program_.settings, sound_, loop_, alertPlaces_},
-                              colorDialog_,
-                              resForm_,
-                              dialogs_,
-                              monitors_,
-                              noteBatch_,
-                              noteClass_};
-    auto form = std::make_unique<NoteForm>(note, tools);
-    form->onIcon = [this] { mainForm_.ShowTrayIcon(); };  // the program's icon comes first
+std::unique_ptr<NoteWindow> QuilloProcs::MakeWindow(OpenNote& note, const std::optional<NotePosition>& position) {
+    auto form = std::make_unique<NoteForm>(note, noteForms_);
     if (!form->Create(position)) return nullptr;
     return form;
 }

@@ -15,7 +15,6 @@
 #include "app/recovery.h"
 #include "app/save_all.h"
 #include "app/startup.h"
-#include "controls/note_button_images.h"
 #include "mainmenu/about_form.h"
 #include "mainmenu/main_form.h"
 #include "mainmenu/notify_window.h"
@@ -24,8 +23,8 @@
 #include "notes/note_batch.h"
 #include "notes/note_color_form.h"
 #include "notes/note_drop_target.h"
-#include "notes/note_fonts.h"
 #include "notes/note_form.h"
+#include "notes/note_resources.h"
 #include "notes/note_sharing.h"
 #include "notes/note_store.h"
 #include "notes/res_form.h"
@@ -48,7 +47,7 @@ namespace quillo {
 
 /// The composition root: creates every object of the program once, passes each the objects that it needs, and performs
 /// start-up, the commands of later starts and the quit procedure.
-class QuilloProcs : private StartupStage, private NoteViewFactory {
+class QuilloProcs : private StartupStage, private NoteWindowFactory {
   public:
     QuilloProcs();
     QuilloProcs(const QuilloProcs&) = delete;
@@ -68,9 +67,9 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     void LoadNotifyWindow() override;
     void LoadMainForm() override;
 
-    // NoteViewFactory
-    [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note,
-                                                     const std::optional<NotePosition>& position) override;
+    // NoteWindowFactory
+    [[nodiscard]] std::unique_ptr<NoteWindow> MakeWindow(OpenNote& note,
+                                                         const std::optional<NotePosition>& position) override;
 
     /// A later start has sent a command line. Commands during start-up wait for its end.
     void OnCommand(std::u16string_view text);
@@ -96,14 +95,11 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     SingleInstance instance_;
 
     // The program.
-    NoteButtonImages buttonImages_;
-    SharedIcons noteIcons_;
-    NoteFonts noteFonts_;
     MonitorCache monitors_;
     NoteBatch noteBatch_;
-    WindowClass noteClass_ = NoteForm::Class();
     NoteColorForm colorDialog_{loop_};  // before the notes, which call DropTarget when they end
     ResForm resForm_;                   // before the notes, which close its menus
+    NoteResources noteResources_{resForm_, NoteForm::Class()};
     Program program_;
     NoteNames names_;
     NoteStore store_;
@@ -112,6 +108,7 @@ class QuilloProcs : private StartupStage, private NoteViewFactory {
     Hints hints_;
     AlertPlaces alertPlaces_;
     NoteSharing sharing_;
+    NoteFormServices noteForms_;
     SaveFailures saveFailures_;
     NoteServices noteServices_;
     LegacyNotes legacy_;

@@ -1,6 +1,6 @@
 #include "notes/note_form.h"
 
-#include "notes/note_color_form.h"
+#include "notes/note_resources.h"
 #include "notes/note_title.h"
 #include "notes/res_form.h"
 #include "platform/dpi.h"
@@ -32,11 +32,19 @@ WNDCLASSEXW DescribeClass() {
 
 }  // namespace
 
-NoteForm::NoteForm(OpenNote& note, const NoteFormTools& tools)
-    : note_(note), tools_(tools), buttons_(tools.images), trayIcon_(tools.locale), settleTimer_([this] { Settle(); }) {
-    TrayProperties hiddenIcon;
-    hiddenIcon.visible = false;
-    trayIcon_.LoadProperties(hiddenIcon);
+NoteForm::NoteForm(OpenNote& note, const NoteFormServices& services)
+    : note_(note),
+      services_(services),
+      buttons_(services.resources.images),
+      icon_(services.dates.locale, services.resources.beforeIcon,
+            {[this] {
+                 if (TakesInput()) note_.ShowFromIcon();
+             },
+             [this] {
+                 if (TakesInput()) OpenIconMenu();
+             }}),
+      dialogs_(note, *this, services.dialogs),
+      settleTimer_([this] { Settle(); }) {
     SetUpParts();
 }
 
@@ -55,11 +63,11 @@ bool NoteForm::Create(const std::optional<NotePosition>& position) {
     plan.exStyle = WS_EX_TOOLWINDOW;                       // notes do not appear in the task bar
     plan.place = FirstPlace(position);
     const FlagScope byProgram(placing_);
-    return Window::Create(tools_.windowClass, plan);
+    return Window::Create(services_.resources.windowClass, plan);
 }
 
 LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (MonitorCache::IsChange(message)) tools_.monitors.Forget();
+    if (MonitorCache::IsChange(message)) services_.desktop.monitors.Forget();
     switch (message) {
         case WM_CREATE:
             return OnCreate();
@@ -83,7 +91,7 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ENTERSIZEMOVE:
             return buttons_.HideTip(), 0;
         case WM_GETICON:
-            return reinterpret_cast<LRESULT>(tools_.icons.Answer(wParam, scale_));
+            return reinterpret_cast<LRESULT>(services_.resources.icons.Answer(wParam, scale_));
         case WM_GETOBJECT:
             return accessible_.Answer(Handle(), wParam, lParam);
         case WM_GETMINMAXINFO:
@@ -120,7 +128,7 @@ LRESULT NoteForm::OnCreate() {
     scale_ = WindowScale(Handle());
     const Rect client = ClientRect();
     laidOut_ = Size{client.width, client.height};
-    if (!messageBox_.Create(Handle(), kMessageBoxId, Layout().messageBox, tools_.settings.showScrollBars)) return -1;
+    if (!messageBox_.Create(Handle(), kMessageBoxId, Layout().messageBox, services_.settings.showScrollBars)) return -1;
     ApplyFont();
     settleTimer_.Start(kSettleMilliseconds);
     return 0;
@@ -128,26 +136,19 @@ LRESULT NoteForm::OnCreate() {
 
 void NoteForm::OnDestroy() {
     settleTimer_.Stop();
-    HideIcon();
-    if (reminderAlert_) reminderAlert_->Unload();
-    tools_.colorDialog.DropTarget(note_);
+    icon_.Hide();
+    dialogs_.Close();
     drops_.Release();
-    tools_.resForm.NoteClosing(note_.Data());
+    services_.resources.menus.NoteClosing(note_.Data());
     buttons_.DropToolTips();
     messageBox_.DropHandles();
 }
 
 void NoteForm::SetUpParts() {
     messageBox_.onAction = [this](NoteAction action) { Perform(action); };
-    trayIcon_.onClick = [this] {
-        if (TakesInput()) note_.ShowFromIcon();
-    };
-    trayIcon_.onRightClick = [this] {
-        if (TakesInput()) OpenIconMenu();
-    };
     buttons_.onAction = [this](NoteAction action) { Perform(action); };
     buttons_.describe = [this] {
-        NoteTips tips = DescribeNoteButtons(note_.Data(), Text(), tools_.settings);
+        NoteTips tips = DescribeNoteButtons(note_.Data(), Text(), services_.settings);
         tips.reminder = ReminderWords();
         return tips;
     };
@@ -174,14 +175,14 @@ void NoteForm::ApplyAppearance(const Note& note, const Settings& settings) {
 }
 
 void NoteForm::ApplyFont() {
-    HFONT font = tools_.fonts.Get(tools_.settings.noteFont, note_.Data().LargeText, scale_);
+    HFONT font = services_.resources.fonts.Get(services_.settings.noteFont, note_.Data().LargeText, scale_);
     if (font == font_) return;
     font_ = font;
     messageBox_.SetFont(font, scale_);
 }
 
 void NoteForm::ApplyBarColors() {
-    const BarStyle style = BarStyleFor(tools_.settings.highContrastOff, HighContrastIsOn());
+    const BarStyle style = BarStyleFor(services_.settings.highContrastOff, HighContrastIsOn());
     bar_ = DragBarColors(Resolve(noteColor_), Resolve(borderColor_), style, active_);
     const ButtonTint tint{bar_.top, bar_.bottom, bar_.glyph, !active_};
     buttons_.SetTint(tint, scale_);
@@ -244,7 +245,8 @@ void NoteForm::Perform(NoteAction action) {
 void NoteForm::OpenMenu() {
     Settle();  // a key may arrive before the buttons have windows
     buttons_.MenuOpens();
-    const NoteAction chosen = tools_.resForm.ShowArrowMenu(note_.Data(), Handle(), buttons_.MenuButtonPlace());
+    const NoteAction chosen =
+        services_.resources.menus.ShowArrowMenu(note_.Data(), Handle(), buttons_.MenuButtonPlace());
     if (Handle() == nullptr) return;  // the note was closed while its menu was open
     buttons_.MenuHasClosed();
     Perform(chosen);
@@ -253,7 +255,7 @@ void NoteForm::OpenMenu() {
 void NoteForm::OpenIconMenu() {
     // The menu makes the note's window, which may be hidden, the foreground window.
     const HWND foregroundBefore = GetForegroundWindow();
-    const NoteAction chosen = tools_.resForm.ShowIconMenu(note_.Data(), Handle());
+    const NoteAction chosen = services_.resources.menus.ShowIconMenu(note_.Data(), Handle());
     if (Handle() != nullptr) Perform(chosen);
     if (Handle() == nullptr || IsVisible() || GetForegroundWindow() != Handle()) return;
     if (foregroundBefore != nullptr) SetForegroundWindow(foregroundBefore);
@@ -292,7 +294,7 @@ void NoteForm::OnPointerOverFoot(POINT screen) {
 
 std::u16string NoteForm::ReminderWords() const {
     const Note& note = note_.Data();
-    return note.ReminderSet ? ReminderDescription(note.ReminderTime, tools_.locale) : std::u16string();
+    return note.ReminderSet ? ReminderDescription(note.ReminderTime, services_.dates.locale) : std::u16string();
 }
 
 AccessiblePart NoteForm::Describe(int /*part*/) const {
@@ -319,7 +321,7 @@ void NoteForm::OnDpiChanged(int dpi, const RECT& suggested) {
 
 void NoteForm::OnSystemChanged() {
     UpdateDropShadow(Handle());
-    if (trayIcon_.Visible() && trayPicture_.HasChanged()) trayIcon_.SetIcon(trayPicture_.Handle());
+    icon_.UpdatePicture();
     background_.Reset(CreateSolidBrush(ToColorRef(noteColor_)));
     ApplyBarColors();
     Repaint();
@@ -349,7 +351,8 @@ void NoteForm::OnPaint() {
     GdiCanvas canvas(buffer.Dc(), scale_);
     const Note& note = note_.Data();
     const std::u16string label =
-        note.ReminderSet ? ReminderLabel(note.ReminderTime, tools_.clock.Now(), tools_.locale) : std::u16string();
+        note.ReminderSet ? ReminderLabel(note.ReminderTime, services_.dates.clock.Now(), services_.dates.locale)
+                         : std::u16string();
     const Size size{client.width, client.height};
     PaintNote(canvas, size, scale_, NotePaint{Resolve(noteColor_), Resolve(borderColor_)}, label);
     const NoteLayout layout = Layout();
@@ -364,12 +367,12 @@ bool NoteForm::InsertDropped(std::u16string_view text) {
 }
 
 void NoteForm::UpdateDropTarget() {
-    const bool wanted = tools_.settings.dragAndDrop;
+    const bool wanted = services_.settings.dragAndDrop;
     if (wanted == drops_.IsRegistered() || Handle() == nullptr) return;
     if (!wanted) return drops_.Release();
-    DropTargetPtr target(new NoteDropTarget(messageBox_.Handle(), tools_.locale, tools_.shell,
+    DropTargetPtr target(new NoteDropTarget(messageBox_.Handle(), services_.dates.locale, services_.drops.shell,
                                             [this](std::u16string_view text) { return InsertDropped(text); }));
-    Ignore(drops_.Register(tools_.ole, std::move(target)), "the next time that the note is shown tries again");
+    Ignore(drops_.Register(services_.drops.ole, std::move(target)), "the next time that the note is shown tries again");
 }
 
 }  // namespace quillo

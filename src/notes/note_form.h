@@ -1,62 +1,58 @@
 #pragma once
 
-#include <functional>
-#include <memory>
 #include <optional>
 
-#include "controls/tessel_tray_lite.h"
 #include "notes/note_button_bar.h"
 #include "notes/note_codec.h"
 #include "notes/note_commands.h"
+#include "notes/note_dialogs.h"
 #include "notes/note_drop_target.h"
 #include "notes/note_face.h"
-#include "notes/note_fonts.h"
+#include "notes/note_icon.h"
 #include "notes/note_text_box.h"
 #include "notes/note_view.h"
 #include "notes/open_note.h"
 #include "platform/accessible.h"
-#include "platform/app_icons.h"
 #include "platform/drop_registration.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
-#include "reminders/reminder_form.h"
-#include "reminders/set_reminder_form.h"
+#include "ports/date_services.h"
 #include "util/units.h"
 
 namespace quillo {
 
-class NoteBatch;
-class NoteColorForm;
-class BusyFlag;
 class MonitorCache;
+class NoteBatch;
 class Random;
-class ResForm;
+struct NoteResources;
 
-/// What the windows of all notes share.
-struct NoteFormTools {
-    const Settings& settings;
-    Clock& clock;
-    LocaleText& locale;
-    Random& random;
-    Shell& shell;
-    NoteButtonImages& images;
-    SharedIcons& icons;
-    NoteFonts& fonts;
-    OleSession& ole;
-    ReminderDialogServices reminders;
-    AlertServices alerts;
-    NoteColorForm& colorDialog;
-    ResForm& resForm;
-    BusyFlag& dialogs;  ///< set while a modal dialog is open
+/// Where notes are on the desktop.
+struct DesktopServices {
     MonitorCache& monitors;
     NoteBatch& batch;
-    WindowClass& windowClass;  ///< of all notes: NoteForm::Class()
+    Random& random;
+};
+
+/// What a note needs to accept drops.
+struct DropServices {
+    OleSession& ole;
+    Shell& shell;
+};
+
+/// What the windows of all notes share.
+struct NoteFormServices {
+    const Settings& settings;
+    DateServices dates;
+    NoteResources& resources;
+    DesktopServices desktop;
+    DropServices drops;
+    NoteDialogServices dialogs;
 };
 
 /// A note's window: a bordered, colored face with a strip to drag it by, three buttons and a text box.
-class NoteForm : public Window, public NoteView, private AccessibleSource {
+class NoteForm : public Window, public NoteWindow, private AccessibleSource {
   public:
-    NoteForm(OpenNote& note, const NoteFormTools& tools);
+    NoteForm(OpenNote& note, const NoteFormServices& services);
     ~NoteForm() override;
 
     /// The class that the windows of notes share.
@@ -64,10 +60,9 @@ class NoteForm : public Window, public NoteView, private AccessibleSource {
     /// Creates the hidden window at the place and size of a new note, or at `position`. False on failure.
     [[nodiscard]] bool Create(const std::optional<NotePosition>& position = std::nullopt);
 
-    /// Called before the note's own icon is shown beside the clock.
-    std::function<void()> onIcon;
-
-    // NoteView
+    // NoteWindow
+    [[nodiscard]] NoteIcon& Icon() override { return icon_; }
+    [[nodiscard]] NoteDialogs& Dialogs() override { return dialogs_; }
     [[nodiscard]] std::u16string Text() const override;
     [[nodiscard]] bool SetText(std::u16string_view text) override;
     [[nodiscard]] bool InsertInFront(std::u16string_view text) override;
@@ -81,15 +76,6 @@ class NoteForm : public Window, public NoteView, private AccessibleSource {
     void Activate() override;
     void ShowPinned(bool pinned) override;
     void SetOpacity(std::optional<int> alpha) override;
-    void ShowIcon(std::u16string_view caption) override;
-    void HideIcon() override;
-    void RecreateIcon() override;
-    void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
-    [[nodiscard]] bool OpenReminderDialog(DaySerial existing) override;
-    void BringReminderDialogForward() override;
-    [[nodiscard]] bool OpenReminderAlert(std::u16string_view text) override;
-    [[nodiscard]] bool OpenColorDialog(bool own, const ColorScheme& colors) override;
-    [[nodiscard]] std::u16string AskCopyPath() override;
     void ApplyAppearance(const Note& note, const Settings& settings) override;
     void Repaint() override;
     void ShowSaveProblem(std::u16string_view reason) override;
@@ -147,12 +133,12 @@ class NoteForm : public Window, public NoteView, private AccessibleSource {
     void UpdateDropTarget();
 
     OpenNote& note_;
-    NoteFormTools tools_;
+    NoteFormServices services_;
     Scale scale_;
     NoteTextBox messageBox_;
     NoteButtonBar buttons_;
-    TrayPicture trayPicture_;
-    TesselTrayLite trayIcon_;
+    NoteTrayIcon icon_;
+    NoteDialogForms dialogs_;
     HFONT font_ = nullptr;  ///< borrowed from the shared fonts
     BrushHandle background_;
     DragBarPaint bar_;
@@ -162,8 +148,6 @@ class NoteForm : public Window, public NoteView, private AccessibleSource {
     DropRegistration drops_;
     UiTimer settleTimer_;
     AccessibleLink accessible_{*this};
-    std::unique_ptr<SetReminderForm> reminderDialog_;  ///< has no window after it has closed
-    std::unique_ptr<ReminderForm> reminderAlert_;
     std::u16string title_;  ///< of the window, once there was a text
     bool active_ = false;
     Size laidOut_;          ///< the client size that the parts are laid out for

@@ -1,27 +1,19 @@
 #include "notes/note_batch.h"
-#include "notes/note_color_form.h"
 #include "notes/note_form.h"
 #include "notes/screen_fit.h"
 #include "platform/dpi.h"
-#include "platform/file_dialogs.h"
 #include "platform/gdi_scope.h"
 #include "platform/monitors.h"
 #include "platform/window_effects.h"
 #include "ports/clock.h"
 #include "ports/locale_text.h"
 #include "ports/random.h"
-#include "util/busy_flag.h"
 #include "util/flag_scope.h"
-
-// After windows.h.
-#include <commdlg.h>
 
 // What the note asks of its window; the handlers of the window are in note_form.cpp.
 
 namespace quillo {
 namespace {
-
-constexpr int kBalloonSeconds = 10;
 
 /// The place at the system's resolution, the size at the resolution of its own monitor.
 TwipsRect ToTwips(const Rect& place, const Scale& own) {
@@ -34,18 +26,19 @@ TwipsRect ToTwips(const Rect& place, const Scale& own) {
 
 Rect NoteForm::FirstPlace(const std::optional<NotePosition>& position) {
     // Drawn for every window, also for one with a stored place.
-    const double r1 = tools_.random.Next();
-    const double r2 = tools_.random.Next();
+    const double r1 = services_.desktop.random.Next();
+    const double r2 = services_.desktop.random.Next();
     const Scale scale = SystemScale();
     const auto inTwips = [&scale](int pixels) { return static_cast<int>(scale.ToTwips(Pixels{pixels}).value); };
     const auto inPixels = [&scale](int twips) { return scale.ToPixels(Twips{static_cast<float>(twips)}).value; };
-    const std::vector<Monitor>& monitors = tools_.monitors.All();
+    const std::vector<Monitor>& monitors = services_.desktop.monitors.All();
     const Rect screen = monitors.empty() ? Rect{} : monitors.front().place;
     const Point corner =
         PlaceNewNote(Size{inTwips(screen.width), inTwips(screen.height)}, Size{kNewNoteWidth, kNewNoteHeight}, r1, r2);
     const Rect place{inPixels(corner.x), inPixels(corner.y), inPixels(kNewNoteWidth), inPixels(kNewNoteHeight)};
     if (!position) return place;
-    return ToPixels(MovedTo(ToTwips(place, tools_.monitors.ScaleAt(Point{place.left, place.top})), *position));
+    return ToPixels(
+        MovedTo(ToTwips(place, services_.desktop.monitors.ScaleAt(Point{place.left, place.top})), *position));
 }
 
 std::u16string NoteForm::Text() const {
@@ -76,9 +69,9 @@ Rect NoteForm::ToPixels(const TwipsRect& rectangle) const {
     const Scale screen = SystemScale();
     const int left = screen.ToPixels(Twips{rectangle.left}).value;
     const int top = screen.ToPixels(Twips{rectangle.top}).value;
-    const Scale there = tools_.monitors.ScaleAt(Point{left, top});
+    const Scale there = services_.desktop.monitors.ScaleAt(Point{left, top});
     const Size wanted{there.ToPixels(Twips{rectangle.width}).value, there.ToPixels(Twips{rectangle.height}).value};
-    const std::vector<Monitor>& monitors = tools_.monitors.All();
+    const std::vector<Monitor>& monitors = services_.desktop.monitors.All();
     const Size size = monitors.empty() ? wanted : CutToDesktop(wanted, DesktopSizeOf(monitors));
     return Rect{left, top, size.width, size.height};
 }
@@ -102,7 +95,7 @@ void NoteForm::RestoreIfMinimized() {
 void NoteForm::MoveOntoScreen() {
     RestoreIfMinimized();
     const Rect place = WindowPlace();
-    const Point fitted = PlaceOnScreen(place, WorkAreasOf(tools_.monitors.All()));
+    const Point fitted = PlaceOnScreen(place, WorkAreasOf(services_.desktop.monitors.All()));
     if (fitted == Point{place.left, place.top}) return;
     Place(Rect{fitted.x, fitted.y, 0, 0}, SWP_NOSIZE);
 }
@@ -129,7 +122,7 @@ void NoteForm::Hide() {
 }
 
 void NoteForm::BringToFront(bool pinned) {
-    if (!pinned && tools_.batch.IsInFront([this] { return quillo::IsInFront(Handle()); })) return;
+    if (!pinned && services_.desktop.batch.IsInFront([this] { return quillo::IsInFront(Handle()); })) return;
     // A hovered button would receive the next press instead of the window that now covers it.
     NoteButton::EndHover();
     RestoreIfMinimized();
@@ -158,55 +151,6 @@ void NoteForm::SetOpacity(std::optional<int> alpha) {
     SetTranslucency(Handle(), alpha);
 }
 
-void NoteForm::ShowIcon(std::u16string_view caption) {
-    if (onIcon) onIcon();
-    trayIcon_.SetIcon(trayPicture_.Handle());
-    trayIcon_.SetToolTipText(caption);
-    trayIcon_.SetVisible(true);
-}
-
-void NoteForm::HideIcon() {
-    trayIcon_.StopRetrying();
-    trayIcon_.SetVisible(false);
-}
-
-void NoteForm::RecreateIcon() {
-    trayIcon_.RecreateIcon();
-}
-
-void NoteForm::ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) {
-    trayIcon_.ShowBalloon(text, title, static_cast<DWORD>(icon), kBalloonSeconds);
-}
-
-bool NoteForm::OpenReminderDialog(DaySerial existing) {
-    reminderDialog_ = std::make_unique<SetReminderForm>(&note_, tools_.reminders);
-    return reminderDialog_->Initialize(Handle(), existing);
-}
-
-void NoteForm::BringReminderDialogForward() {
-    if (reminderDialog_) reminderDialog_->BringForward();
-}
-
-bool NoteForm::OpenReminderAlert(std::u16string_view text) {
-    reminderAlert_ = std::make_unique<ReminderForm>(&note_, tools_.alerts);
-    return reminderAlert_->Initialize(text, AlertColors{noteColor_, borderColor_, textColor_});
-}
-
-bool NoteForm::OpenColorDialog(bool own, const ColorScheme& colors) {
-    return tools_.colorDialog.ShowFor(Handle(), note_, own, colors);
-}
-
-std::u16string NoteForm::AskCopyPath() {
-    FileDialogPlan plan;
-    plan.title = u"Save sticky note...";
-    plan.filter = u"Sticky notes|*.qln|All files|*.*";
-    plan.defaultExtension = u"qln";
-    // Intended: the last flag has no effect in a save dialog, and is kept.
-    plan.flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST;
-    const BusyFlag::Scope busy(tools_.dialogs);
-    return BrowseForFileToSave(Handle(), plan);
-}
-
 void NoteForm::Repaint() {
     // Without a window the call would redraw every window on the desktop; a hidden one is painted completely when it is
     // shown.
@@ -218,7 +162,7 @@ void NoteForm::ShowSaveProblem(std::u16string_view reason) {
 }
 
 void NoteForm::Close() {
-    if (Handle() != nullptr) CancelDialogsOf(Handle());
+    if (Handle() != nullptr) dialogs_.CancelModal();
     Destroy();
 }
 

@@ -14,9 +14,9 @@ void ReminderKeeper::Apply(const NoteReminder& stored) {
     note_.ReminderTime = stored.when.value_or(note_.ReminderTime);
 }
 
-void ReminderKeeper::Ask(NoteView& view) {
-    if (dialogOpen_) return view.BringReminderDialogForward();
-    dialogOpen_ = view.OpenReminderDialog(note_.ReminderSet ? note_.ReminderTime : kNoReminder);
+void ReminderKeeper::Ask(NoteDialogs& dialogs) {
+    if (dialogOpen_) return dialogs.BringReminderForward();
+    dialogOpen_ = dialogs.OpenReminder(note_.ReminderSet ? note_.ReminderTime : kNoReminder);
 }
 
 void ReminderKeeper::Set(DaySerial when) {
@@ -28,9 +28,9 @@ ReminderCheck ReminderKeeper::Check(DaySerial now) const {
     return CheckReminder(note_.ReminderSet, note_.ReminderTime, now, alertOpen_);
 }
 
-bool ReminderKeeper::Alert(NoteView& view) {
+bool ReminderKeeper::Alert(NoteDialogs& dialogs, std::u16string_view text) {
     alertOpen_ = true;
-    const bool opened = view.OpenReminderAlert(view.Text());
+    const bool opened = dialogs.OpenAlert(text);
     if (!opened) alertOpen_ = false;
     return alertOpen_;
 }

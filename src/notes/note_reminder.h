@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 
 #include "notes/note_codec.h"
 #include "reminders/reminder_alert.h"
@@ -8,7 +9,7 @@
 
 namespace quillo {
 
-class NoteView;
+class NoteDialogs;
 struct Note;
 
 /// The reminder of one note, with the dialog in which it is set and the alert that reports it. No operation marks the
@@ -22,7 +23,7 @@ class ReminderKeeper {
     void Apply(const NoteReminder& stored);
 
     /// Opens the dialog, or brings forward the one that is open.
-    void Ask(NoteView& view);
+    void Ask(NoteDialogs& dialogs);
     void DialogClosed() { dialogOpen_ = false; }
     void Set(DaySerial when);
     void Cancel() { note_.ReminderSet = false; }
@@ -30,7 +31,7 @@ class ReminderKeeper {
     [[nodiscard]] ReminderCheck Check(DaySerial now) const;
     /// Opens the alert with the note's text and pumps messages: the note may be closed afterwards. True if the alert is
     /// open and the user has not dismissed it meanwhile.
-    [[nodiscard]] bool Alert(NoteView& view);
+    [[nodiscard]] bool Alert(NoteDialogs& dialogs, std::u16string_view text);
     void AlertClosed() { alertOpen_ = false; }
 
   private:

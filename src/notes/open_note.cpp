@@ -69,19 +69,26 @@ OpenNote::OpenNote(NoteOwner& owner, const NoteServices& services, std::u16strin
       services_(services),
       saver_(
           services.saving, note_, [this] { return Content(); },
-          [this](FileError error) { view_->ShowSaveProblem(SaveProblemText(error)); }) {
+          [this](FileError error) { window_->ShowSaveProblem(SaveProblemText(error)); }) {
     note_.NoteKey = std::move(noteKey);
     note_.NoteColor = services_.settings.noteColor;
     note_.BorderColor = services_.settings.noteBorderColor;
     note_.TextColor = services_.settings.noteTextColor;
 }
 
+std::unique_ptr<OpenNote> OpenNote::Open(NoteOwner& owner, const NoteServices& services, std::u16string noteKey,
+                                         NoteWindowFactory& windows, const std::optional<NotePosition>& position) {
+    std::unique_ptr<OpenNote> note(new OpenNote(owner, services, std::move(noteKey)));
+    note->window_ = windows.MakeWindow(*note, position);
+    return note->window_ ? std::move(note) : nullptr;
+}
+
 // The note file.
 
 NoteFile OpenNote::Content() const {
-    const TwipsRect place = view_->Rectangle();
+    const TwipsRect place = window_->Rectangle();
     NoteFile file;
-    file.text = view_->Text();
+    file.text = window_->Text();
     file.position = NotePosition{place.left, place.top, place.width, place.height};
     file.appearance = Appearance();
     file.reminder = reminder_.Stored();
@@ -89,7 +96,7 @@ NoteFile OpenNote::Content() const {
 }
 
 bool OpenNote::IsTextOf(std::string_view bytes) const {
-    return ParseNoteFile(bytes, services_.dates.locale).text == view_->Text();
+    return ParseNoteFile(bytes, services_.dates.locale).text == window_->Text();
 }
 
 SaveTarget OpenNote::OwnFileTarget() const {
@@ -115,14 +122,14 @@ bool OpenNote::SetupNoteFromTags(const NoteFile& file, std::u16string_view opene
 }
 
 void OpenNote::SetPosition(const NotePosition& position) {
-    view_->MoveTo(MovedTo(view_->Rectangle(), position));
+    window_->MoveTo(MovedTo(window_->Rectangle(), position));
 }
 
 NoteAppearance OpenNote::Appearance() const {
     // Whether the icon is visible does not matter: the shell may refuse it for a while.
     const WindowState hidden = iconWanted_ ? WindowState::Minimized : WindowState::Hidden;
     return NoteAppearance{note_.LargeText,   note_.OwnColors, note_.NoteColor,
-                          note_.BorderColor, note_.TextColor, view_->IsVisible() ? WindowState::Shown : hidden};
+                          note_.BorderColor, note_.TextColor, window_->IsVisible() ? WindowState::Shown : hidden};
 }
 
 std::u16string OpenNote::AppearanceString() const {
@@ -141,7 +148,7 @@ bool OpenNote::Apply(const NoteAppearance& appearance) {
     note_.TextColor = appearance.textColor.value_or(note_.TextColor);
     if (appearance.state == WindowState::Shown) Popup();
     if (appearance.state == WindowState::Minimized) MinimizeToTray();
-    if (appearance.state == WindowState::Hidden || appearance.state == WindowState::Minimized) view_->Hide();
+    if (appearance.state == WindowState::Hidden || appearance.state == WindowState::Minimized) window_->Hide();
     UpdateColors();
     return appearance.state.has_value();
 }
@@ -157,7 +164,7 @@ void OpenNote::SetReminderString(std::u16string_view text) {
 void OpenNote::SaveNoteAs() {
     owner_.SaveUnsavedNotes();
     SaveTarget target;
-    target.fileName = view_->AskCopyPath();
+    target.fileName = window_->Dialogs().AskCopyPath();
     target.overwrite = true;
     if (target.fileName.empty() || !IsOpen()) return;
     const std::u16string path = SaveNote(target);
@@ -190,23 +197,23 @@ void OpenNote::AskNoteColor() {
     if (colorDialogOpen_) return;
     colorDialogOpen_ = true;
     const ColorScheme colors{note_.NoteColor, note_.BorderColor, note_.TextColor};
-    if (!view_->OpenColorDialog(note_.OwnColors, colors)) colorDialogOpen_ = false;
+    if (!window_->Dialogs().OpenColors(note_.OwnColors, colors)) colorDialogOpen_ = false;
 }
 
 void OpenNote::SetPinned(bool pinned) {
     note_.Pinned = pinned;
-    view_->BringToFront(pinned);
-    view_->ShowPinned(pinned);
+    window_->BringToFront(pinned);
+    window_->ShowPinned(pinned);
 }
 
 void OpenNote::SetLargeText(bool large) {
     note_.LargeText = large;
-    view_->ApplyAppearance(note_, services_.settings);
+    window_->ApplyAppearance(note_, services_.settings);
     MarkChanged();
 }
 
 void OpenNote::AddTimestamp() {
-    if (view_->InsertInFront(TimeStampText(services_.dates.clock.Now(), services_.dates.locale))) MarkChanged();
+    if (window_->InsertInFront(TimeStampText(services_.dates.clock.Now(), services_.dates.locale))) MarkChanged();
 }
 
 void OpenNote::UpdateColors() {
@@ -215,41 +222,41 @@ void OpenNote::UpdateColors() {
         note_.BorderColor = services_.settings.noteBorderColor;
         note_.TextColor = services_.settings.noteTextColor;
     }
-    view_->ApplyAppearance(note_, services_.settings);
+    window_->ApplyAppearance(note_, services_.settings);
 }
 
 void OpenNote::SetNoteEffects() {
     // Intended also at 255, which looks the same: such a note is still layered.
-    view_->SetOpacity(services_.settings.noteTransparency ? std::optional(services_.settings.noteOpacity)
-                                                          : std::nullopt);
+    window_->SetOpacity(services_.settings.noteTransparency ? std::optional(services_.settings.noteOpacity)
+                                                            : std::nullopt);
 }
 
 // Coming back to the screen.
 
 void OpenNote::Popup() {
-    if (!services_.settings.doNotAdjustNotes) view_->MoveOntoScreen();
-    if (!view_->IsVisible()) view_->Show();
-    if (std::exchange(iconWanted_, false)) view_->HideIcon();
-    view_->BringToFront(note_.Pinned);
+    if (!services_.settings.doNotAdjustNotes) window_->MoveOntoScreen();
+    if (!window_->IsVisible()) window_->Show();
+    if (std::exchange(iconWanted_, false)) window_->Icon().Hide();
+    window_->BringToFront(note_.Pinned);
     SetNoteEffects();
 }
 
 void OpenNote::PopupByUser() {
-    if (!view_->IsVisible()) MarkChanged();
+    if (!window_->IsVisible()) MarkChanged();
     Popup();
 }
 
 void OpenNote::ShowFromIcon() {
     services_.notice.Play(SystemSound::RestoreUp);
     PopupByUser();
-    view_->Activate();
+    window_->Activate();
 }
 
 // Leaving the screen.
 
 void OpenNote::HideNote() {
     SetNoteEffects();
-    view_->Hide();
+    window_->Hide();
 }
 
 void OpenNote::HideByUser() {
@@ -265,7 +272,7 @@ void OpenNote::HideWithHint() {
 
 void OpenNote::MinimizeToTray() {
     iconWanted_ = true;
-    view_->ShowIcon(IconCaption(view_->Text()));
+    window_->Icon().Show(IconCaption(window_->Text()));
 }
 
 void OpenNote::MinimizeByUser() {
@@ -274,11 +281,11 @@ void OpenNote::MinimizeByUser() {
 }
 
 void OpenNote::ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) {
-    view_->ShowIconBalloon(text, title, icon);
+    window_->Icon().ShowBalloon(text, title, icon);
 }
 
 void OpenNote::CloseNote() {
-    if (Trim(view_->Text()).empty() && !note_.ReminderSet) {
+    if (Trim(window_->Text()).empty() && !note_.ReminderSet) {
         DestroyNote();
         return;
     }
@@ -357,7 +364,7 @@ void OpenNote::QueryDeleteNote() {
 
 void OpenNote::QuickDelete() {
     // Intended without a question, even if nothing is recycled: the fast way to discard a note.
-    if (!view_->Text().empty() && !services_.settings.dontRecycleNotes) {
+    if (!window_->Text().empty() && !services_.settings.dontRecycleNotes) {
         DeleteNote();
     } else {
         DestroyNote();
@@ -372,14 +379,19 @@ void OpenNote::Destroy(std::u16string record) {
     owner_.RemoveNote(note_.NoteKey);
     saver_.Stop();
     services_.saving.store.DeleteStorageCopy(saver_.StorageCopy(), std::move(record));
-    view_->Close();
+    window_->Close();
+}
+
+void OpenNote::Unload() {
+    saver_.Stop();
+    window_->Close();
 }
 
 // Printing and mailing.
 
 void OpenNote::PrintNote() {
     owner_.SaveUnsavedNotes();
-    services_.sharing.Print(note_, view_->Text(), services_.settings.noteFont);
+    services_.sharing.Print(note_, window_->Text(), services_.settings.noteFont);
 }
 
 void OpenNote::MailNote() {
@@ -390,18 +402,18 @@ void OpenNote::MailNote() {
 // Reminders.
 
 void OpenNote::AskReminder() {
-    reminder_.Ask(*view_);
+    reminder_.Ask(window_->Dialogs());
 }
 
 void OpenNote::SetReminder(DaySerial when) {
     reminder_.Set(when);
     MarkChanged();
-    view_->Repaint();
+    window_->Repaint();
 }
 
 void OpenNote::CancelReminder() {
     reminder_.Cancel();
-    view_->Repaint();
+    window_->Repaint();
 }
 
 void OpenNote::CancelReminderByUser() {
@@ -417,7 +429,7 @@ void OpenNote::TimerBroadcast() {
     CancelReminder();
     if (check != ReminderCheck::ClearAndAlert) return;
     // Messages are pumped: a user who has already dismissed the alert wants to see the note.
-    if (reminder_.Alert(*view_) && IsOpen()) HideNote();
+    if (reminder_.Alert(window_->Dialogs(), window_->Text()) && IsOpen()) HideNote();
 }
 
 }  // namespace quillo

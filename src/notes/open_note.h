@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -45,32 +47,33 @@ struct NoteServices {
     NoteSharing& sharing;
 };
 
-/// One open note: its data and every operation on it. The window is reached through NoteView.
+/// One open note: its data and every operation on it. The window is reached through NoteWindow.
 ///
 /// Which operations mark the note changed: an edit, a new size, a reminder, colors and large text always do. The place
 /// of the note and whether it is on the screen are stored only if the user chose them, so these operations come in
 /// pairs: the plain one is silent, the one "ByUser" marks the note, and the window marks it when the user has moved it.
 class OpenNote : public ReminderOwner, public NoteColorTarget {
   public:
-    OpenNote(NoteOwner& owner, const NoteServices& services, std::u16string noteKey);
+    /// Creates a note with its window, hidden at `position` or at the place of a new note. Null if the system cannot
+    /// create another window.
+    [[nodiscard]] static std::unique_ptr<OpenNote> Open(NoteOwner& owner, const NoteServices& services,
+                                                        std::u16string noteKey, NoteWindowFactory& windows,
+                                                        const std::optional<NotePosition>& position = std::nullopt);
     OpenNote(const OpenNote&) = delete;
     OpenNote& operator=(const OpenNote&) = delete;
 
-    /// Must be called once, right after construction, before anything else.
-    void AttachView(NoteView& view) { view_ = &view; }
-
     [[nodiscard]] const Note& Data() const { return note_; }
     [[nodiscard]] const std::u16string& NoteKey() const { return note_.NoteKey; }
-    [[nodiscard]] std::u16string Text() const { return view_->Text(); }
-    [[nodiscard]] bool IsVisible() const { return view_->IsVisible(); }
+    [[nodiscard]] std::u16string Text() const { return window_->Text(); }
+    [[nodiscard]] bool IsVisible() const { return window_->IsVisible(); }
     /// False if the window does not take the whole text: such a note must not be kept.
-    [[nodiscard]] bool SetText(std::u16string_view text) { return view_->SetText(text); }
+    [[nodiscard]] bool SetText(std::u16string_view text) { return window_->SetText(text); }
     /// True if a note file with these bytes has the note's text.
     [[nodiscard]] bool IsTextOf(std::string_view bytes) const;
     /// Moves the note; an absent number keeps its value.
     void SetPosition(const NotePosition& position);
     /// Gives the note the keyboard focus.
-    void Activate() override { view_->Activate(); }
+    void Activate() override { window_->Activate(); }
     void GoToNeighbor(NoteDirection direction) { owner_.ActivateNeighbor(note_.NoteKey, direction); }
 
     // The note file.
@@ -130,7 +133,7 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void MinimizeByUser() override;
     /// Called when the task bar has been created again.
     void RecreateIcon() {
-        if (iconWanted_) view_->RecreateIcon();
+        if (iconWanted_) window_->Icon().Recreate();
     }
     /// Each of these may destroy the note: the object lives until its owner releases it.
     void CloseNote();
@@ -139,6 +142,8 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void QueryDeleteNote();
     void QuickDelete();
     void DestroyNote();
+    /// Closes the window; the note's files do not change and are not written again.
+    void Unload();
 
     // Printing and mailing do not change the note. Messages are pumped meanwhile: it may be closed afterwards.
     /// Prints the note on the default printer.
@@ -156,6 +161,8 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void TimerBroadcast();
 
   private:
+    OpenNote(NoteOwner& owner, const NoteServices& services, std::u16string noteKey);
+
     // The rest of ReminderOwner and NoteColorTarget.
     void CancelReminderByUser() override;
     void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
@@ -184,7 +191,7 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     ReminderKeeper reminder_{note_};
     bool iconWanted_ = false;       ///< the note should have its own icon, whether or not the shell has accepted it yet
     bool colorDialogOpen_ = false;  ///< from opening the dialog until it closes, even if it shows another note by then
-    NoteView* view_ = nullptr;
+    std::unique_ptr<NoteWindow> window_;  ///< last: its end calls the note
 };
 
 }  // namespace quillo

@@ -7,6 +7,6 @@ target_sources(quillo_testing PRIVATE
   testing/fake_date_reader.cpp
   testing/fake_file_store.cpp
   testing/fake_locale_text.cpp
-  testing/fake_note_view.cpp
+  testing/fake_note_window.cpp
   testing/fake_shell.cpp
 )

@@ -1,16 +1,17 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "app/base/hints.h"
 #include "app/base/note_names.h"
 #include "app/base/os_facts.h"
 #include "app/base/settings.h"
-#include "controls/note_button_images.h"
 #include "notes/note_batch.h"
 #include "notes/note_color_form.h"
 #include "notes/note_form.h"
+#include "notes/note_resources.h"
 #include "notes/note_sharing.h"
 #include "notes/note_store.h"
 #include "notes/open_note.h"
@@ -52,24 +53,14 @@ class NoteWorldForTests : public NoteOwner {
     [[nodiscard]] NoteServices Services() {
         return NoteServices{settings, {store, timers, failures}, dates, notice, hints, sharing};
     }
-    [[nodiscard]] NoteFormTools Tools() {
-        return NoteFormTools{settings,
-                             clock,
-                             locale,
-                             random,
-                             shell,
-                             images,
-                             icons,
-                             fonts,
-                             ole,
-                             {settings, hints, dates, notice, loop},
-                             {settings, sound, loop, places},
-                             colorDialog,
-                             resForm,
-                             dialogs,
-                             monitors,
-                             batch,
-                             windowClass};
+    [[nodiscard]] NoteFormServices FormServices() {
+        return NoteFormServices{
+            settings,
+            dates,
+            resources,
+            {monitors, batch, random},
+            {ole, shell},
+            {{settings, hints, dates, notice, loop}, {settings, sound, loop, places}, colorDialog, dialogs}};
     }
 
     TempFolder folder;
@@ -88,16 +79,12 @@ class NoteWorldForTests : public NoteOwner {
     WinTimers timers;
     RecordingSaveFailures failures;
     NoteStore store{files, locale, shell, names, folder.Path()};
-    NoteButtonImages images;
-    SharedIcons icons;
-    NoteFonts fonts;
     int monitorQuestions = 0;
     MonitorCache monitors{[this] {
         ++monitorQuestions;
         return AskForMonitors();
     }};
     NoteBatch batch;
-    WindowClass windowClass = NoteForm::Class();
     OleSession ole;
     FakeRegistryApi registry;
     FakeSoundDevice sound;
@@ -108,16 +95,19 @@ class NoteWorldForTests : public NoteOwner {
     AlertPlaces places;
     NoteColorForm colorDialog{loop};
     ResForm resForm{[] {}};
+    NoteResources resources{resForm, NoteForm::Class()};
     std::u16string removed;
     std::u16string neighborAsked;  ///< "after one": the note whose neighbor was last to get the focus
 };
 
 /// One note with its window.
-struct TestNote {
+class TestNote : private NoteWindowFactory {
+  public:
     TestNote(NoteWorldForTests& world, std::u16string key)
-        : note(world, world.Services(), std::move(key)), form(note, world.Tools()) {
-        note.AttachView(form);
-    }
+        : world_(world), opened_(OpenNote::Open(world, world.Services(), std::move(key), *this)) {}
+    TestNote(const TestNote&) = delete;
+    TestNote& operator=(const TestNote&) = delete;
+
     /// Creates the window and applies the colors of the settings.
     [[nodiscard]] bool Create() {
         if (!form.Create()) return false;
@@ -131,8 +121,21 @@ struct TestNote {
     [[nodiscard]] HWND Window() const { return form.Handle(); }
     [[nodiscard]] HWND Child(ChildId id) const { return GetDlgItem(form.Handle(), id); }
 
-    OpenNote note;
-    NoteForm form;
+  private:
+    [[nodiscard]] std::unique_ptr<NoteWindow> MakeWindow(OpenNote& made,
+                                                         const std::optional<NotePosition>& /*position*/) override {
+        auto window = std::make_unique<NoteForm>(made, world_.FormServices());
+        form_ = window.get();
+        return window;
+    }
+
+    NoteWorldForTests& world_;
+    NoteForm* form_ = nullptr;
+    std::unique_ptr<OpenNote> opened_;
+
+  public:
+    OpenNote& note = *opened_;
+    NoteForm& form = *form_;
 };
 
 /// A rectangle of the window's client area or of a child of it, in device pixels.

@@ -26,7 +26,7 @@ struct Counts {
 };
 
 /// Opens real notes from a temporary folder in the same way as a start.
-class OpenedNotes : private NoteViewFactory {
+class OpenedNotes : private NoteWindowFactory {
   public:
     [[nodiscard]] Counts Open(int notes) {
         for (int i = 0; i < notes; ++i) Write(i);
@@ -58,9 +58,9 @@ class OpenedNotes : private NoteViewFactory {
     }
 
   private:
-    [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note,
-                                                     const std::optional<NotePosition>& position) override {
-        auto form = std::make_unique<NoteForm>(note, world_.Tools());
+    [[nodiscard]] std::unique_ptr<NoteWindow> MakeWindow(OpenNote& note,
+                                                         const std::optional<NotePosition>& position) override {
+        auto form = std::make_unique<NoteForm>(note, world_.FormServices());
         if (!form->Create(position)) return nullptr;
         return form;
     }

@@ -87,7 +87,7 @@ TEST_F(LegacyNotesTest, AnEmptySizeIsTheTopLeftCorner) {
 }
 
 TEST_F(LegacyNotesTest, ADamagedSizeLosesOnlyItsBadFields) {
-    const TwipsRect before = FakeNoteView().Rectangle();
+    const TwipsRect before = FakeNoteWindow().Rectangle();
     const TwipsRect whole{15, 30, 1500, 1600};
     struct Case {
         std::u16string_view size;

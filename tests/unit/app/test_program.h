@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,7 +23,7 @@
 #include "testing/fake_clock.h"
 #include "testing/fake_file_store.h"
 #include "testing/fake_locale_text.h"
-#include "testing/fake_note_view.h"
+#include "testing/fake_note_window.h"
 #include "testing/fake_random.h"
 #include "testing/fake_registry_api.h"
 #include "testing/fake_shell.h"
@@ -35,36 +34,6 @@
 #include "util/numbers.h"
 
 namespace quillo {
-
-/// Gives every note a fake window, and keeps the windows in the order of their creation.
-class FakeViewFactory : public NoteViewFactory {
-  public:
-    [[nodiscard]] std::unique_ptr<NoteView> MakeView(OpenNote& note,
-                                                     const std::optional<NotePosition>& position) override {
-        if (onMake) onMake();
-        if (views_.size() >= room) return nullptr;
-        auto view = std::make_unique<FakeNoteView>();
-        positions.push_back(position);
-        notes_.push_back(&note);
-        views_.push_back(view.get());
-        return view;
-    }
-    [[nodiscard]] std::size_t Count() const { return views_.size(); }
-    /// Valid until its note has been released.
-    [[nodiscard]] FakeNoteView& View(std::size_t index) const { return *views_.at(index); }
-    [[nodiscard]] OpenNote& Note(std::size_t index) const { return *notes_.at(index); }
-
-    /// Called before each window is created.
-    std::function<void()> onMake;
-    /// The place that was requested for each window.
-    std::vector<std::optional<NotePosition>> positions;
-    /// How many windows the system can create in all.
-    std::size_t room = std::numeric_limits<std::size_t>::max();
-
-  private:
-    std::vector<OpenNote*> notes_;
-    std::vector<FakeNoteView*> views_;
-};
 
 inline constexpr std::u16string_view kTestNotesFolder = u"C:\\Users\\ann\\AppData\\Local\\Marrowind\\Notes";
 inline constexpr std::u16string_view kTestDesktop = u"C:\\Users\\ann\\Desktop";
@@ -106,7 +75,7 @@ class TestProgram {
     RecordingPrinter printer;
     RecordingMail mail;
     FakeTimers timers;  // before the notes, which use its timers
-    FakeViewFactory views;
+    FakeNoteWindows views;
     Program program{views};
     NoteNames names{files, shell, program.settings};
     NoteStore store{files, locale, shell, names, program.notesFolder};

@@ -53,9 +53,9 @@ class OptionsControllerTest : public testing::Test {
         LoadSettings(registry, program_.shell, program_.files, settings);
         return settings;
     }
-    FakeNoteView& OpenNote() {
+    FakeNoteWindow& OpenNote() {
         EXPECT_NE(program_.program.openNotes.Add(program_.services, u"note"), nullptr);
-        FakeNoteView& view = program_.views.View(program_.views.Count() - 1);
+        FakeNoteWindow& view = program_.views.View(program_.views.Count() - 1);
         (void)view.TakeCalls();
         return view;
     }
@@ -127,7 +127,7 @@ TEST_F(OptionsControllerTest, AnimationAndDragAndDropAreStoredInverted) {
 }
 
 TEST_F(OptionsControllerTest, TranslucencyReachesOpenNotesAtOnce) {
-    FakeNoteView& note = OpenNote();
+    FakeNoteWindow& note = OpenNote();
     OptionsController controller = Loaded();
     controller.SetChecked(C::TranslucentCheck, true);
     EXPECT_EQ(note.Opacity(), 192);
@@ -136,7 +136,7 @@ TEST_F(OptionsControllerTest, TranslucencyReachesOpenNotesAtOnce) {
 }
 
 TEST_F(OptionsControllerTest, TheSliderForcesTranslucencyOn) {
-    FakeNoteView& note = OpenNote();
+    FakeNoteWindow& note = OpenNote();
     OptionsController controller = Loaded();
     ASSERT_FALSE(controller.IsChecked(C::TranslucentCheck));
     EXPECT_EQ(controller.SliderValue(), 255 - 192);
@@ -164,7 +164,7 @@ TEST_F(OptionsControllerTest, TheSliderRangesFromOpaqueToFaintWithinTheLimitsOfL
 }
 
 TEST_F(OptionsControllerTest, ColorsAreWrittenTogetherAndReachOpenNotes) {
-    FakeNoteView& note = OpenNote();
+    FakeNoteWindow& note = OpenNote();
     OptionsController controller = Loaded();
     controller.PickColors(ColorWord{0x112233}, ColorWord{0x445566}, ColorWord{0x778899});
     EXPECT_EQ(Written(), (Names{u"Note color", u"Note border color", u"Note text color"}));
@@ -177,7 +177,7 @@ TEST_F(OptionsControllerTest, ColorsAreWrittenTogetherAndReachOpenNotes) {
 }
 
 TEST_F(OptionsControllerTest, TheFontIsWrittenInFourValuesAndReachesOpenNotes) {
-    FakeNoteView& note = OpenNote();
+    FakeNoteWindow& note = OpenNote();
     OptionsController controller = Loaded();
     EXPECT_EQ(controller.FontText(), u"Tahoma, 8 pt.");
     FontSetting font{u"Courier New", 12};
@@ -196,7 +196,7 @@ TEST_F(OptionsControllerTest, TheFontIsWrittenInFourValuesAndReachesOpenNotes) {
 }
 
 TEST_F(OptionsControllerTest, ChangesThatShowOnNotesReachThem) {
-    FakeNoteView& note = OpenNote();
+    FakeNoteWindow& note = OpenNote();
     OptionsController controller = Loaded();
     for (const C check : {C::ShowScrollBarsCheck, C::DragDropCheck, C::NoHighContrastCheck}) {
         controller.SetChecked(check, !controller.IsChecked(check));

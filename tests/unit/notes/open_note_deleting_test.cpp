@@ -144,9 +144,9 @@ class LosingShell : public FakeShell {
 TEST_F(OpenNoteDeleting, ANoteThatTheBinLostAndNoDiskAcceptsIsKeptUnlessTheUserGivesItUp) {
     LosingShell shell(files_);
     NoteStore store{files_, locale_, shell, names_, kFolder};
-    FakeNoteView view;
-    OpenNote note{owner_, {settings_, {store, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey};
-    note.AttachView(view);
+    const std::unique_ptr<OpenNote> opened = OpenNote::Open(
+        owner_, {settings_, {store, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey, windows_);
+    OpenNote& note = *opened;
     ASSERT_TRUE(note.SetText(u"Milk"));
     note.MarkChanged();
     ASSERT_TRUE(note.PersistNote());
@@ -212,9 +212,10 @@ TEST_F(OpenNoteDeleting, FilesPreparedForAStorageCopyAreDeletedBeforeIt) {
 TEST_F(OpenNoteDeleting, ANoteClosedWhileItsFileIsRecycledIsNotUsedAgain) {
     PumpingShell shell(files_, owner_);
     NoteStore store{files_, locale_, shell, names_, kFolder};
-    FakeNoteView view;
-    OpenNote note{owner_, {settings_, {store, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey};
-    note.AttachView(view);
+    const std::unique_ptr<OpenNote> opened = OpenNote::Open(
+        owner_, {settings_, {store, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey, windows_);
+    OpenNote& note = *opened;
+    FakeNoteWindow& view = windows_.Last();
     ASSERT_TRUE(note.SetText(u"Milk"));
     note.MarkChanged();
     ASSERT_TRUE(note.PersistNote());
@@ -233,10 +234,11 @@ TEST_F(OpenNoteDeleting, QuickDeleteNeverAsks) {
     } cases[] = {{u"Milk", false, 1}, {u" ", false, 1}, {u"", false, 0}, {u"Milk", true, 0}, {u"", true, 0}};
     for (const auto& c : cases) {
         settings_.dontRecycleNotes = c.keepNothing;
-        FakeNoteView view;
         FakeNoteOwner owner;
-        OpenNote note{owner, {settings_, {store_, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey};
-        note.AttachView(view);
+        const std::unique_ptr<OpenNote> opened = OpenNote::Open(
+            owner, {settings_, {store_, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey, windows_);
+        OpenNote& note = *opened;
+        FakeNoteWindow& view = windows_.Last();
         ASSERT_TRUE(note.SetText(c.text));
         note.MarkChanged();
         ASSERT_TRUE(note.PersistNote());

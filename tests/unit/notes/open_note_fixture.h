@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -14,7 +15,7 @@
 #include "testing/fake_clock.h"
 #include "testing/fake_file_store.h"
 #include "testing/fake_locale_text.h"
-#include "testing/fake_note_view.h"
+#include "testing/fake_note_window.h"
 #include "testing/fake_registry_api.h"
 #include "testing/fake_shell.h"
 #include "testing/fake_timers.h"
@@ -55,7 +56,6 @@ class OpenNoteTest : public ::testing::Test {
         settings_.noteFolder = kDocuments;
         files_.PutFolder(kFolder);
         files_.PutFolder(kDocuments);
-        note_.AttachView(view_);
     }
 
     /// A note on the screen with that text, stored and unchanged.
@@ -106,8 +106,10 @@ class OpenNoteTest : public ::testing::Test {
     Hints hints_{notice_, settings_, os_, registry_};
     NoteSharing sharing_{printer_, mail_, store_, dates_, notice_};
     NoteServices services_{settings_, {store_, timers_, failures_}, dates_, notice_, hints_, sharing_};
-    FakeNoteView view_;
-    OpenNote note_{owner_, services_, kKey};
+    FakeNoteWindows windows_;
+    std::unique_ptr<OpenNote> opened_ = OpenNote::Open(owner_, services_, kKey, windows_);
+    OpenNote& note_ = *opened_;
+    FakeNoteWindow& view_ = windows_.View(0);
 };
 
 }  // namespace quillo

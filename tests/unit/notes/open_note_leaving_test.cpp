@@ -247,10 +247,11 @@ TEST_F(OpenNoteLeaving, AnOldSystemShowsItInAMessageBox) {
 TEST_F(OpenNoteLeaving, ANoteClosedDuringThatMessageBoxIsNotUsedAgain) {
     os_.windows2000OrLater = false;
     InformingNotice notice(owner_);
-    FakeNoteView view;
     Hints hints{notice, settings_, os_, registry_};
-    OpenNote note{owner_, {settings_, {store_, timers_, failures_}, dates_, notice, hints, sharing_}, kKey};
-    note.AttachView(view);
+    const std::unique_ptr<OpenNote> opened = OpenNote::Open(
+        owner_, {settings_, {store_, timers_, failures_}, dates_, notice, hints, sharing_}, kKey, windows_);
+    OpenNote& note = *opened;
+    FakeNoteWindow& view = windows_.Last();
     note.SetReminder(DaySerial{45123.75});
     static_cast<void>(view.TakeCalls());
     note.CloseButtonClick();

@@ -247,9 +247,8 @@ TEST_F(OpenNoteTest, ChangesOfTheNoteMarkIt) {
         {"effects", [](OpenNote& n) { n.SetNoteEffects(); }, false},
     };
     for (const auto& c : cases) {
-        FakeNoteView view;
-        OpenNote note{owner_, services_, kKey};
-        note.AttachView(view);
+        const std::unique_ptr<OpenNote> opened = OpenNote::Open(owner_, services_, kKey, windows_);
+        OpenNote& note = *opened;
         c.act(note);
         EXPECT_EQ(note.Data().Changed, c.changed) << c.name;
     }

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <limits>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,10 +13,12 @@
 
 namespace quillo {
 
-/// A NoteView without a window: it behaves like one at 96 dpi on a screen of 1920 by 1040 pixels and records the calls,
-/// in order.
-class FakeNoteView : public NoteView {
+/// A NoteWindow without a window, with its icon and its dialogs: it behaves like one at 96 dpi on a screen of 1920 by
+/// 1040 pixels and records the calls, in order.
+class FakeNoteWindow : public NoteWindow {
   public:
+    [[nodiscard]] NoteIcon& Icon() override { return icon_; }
+    [[nodiscard]] NoteDialogs& Dialogs() override { return dialogs_; }
     [[nodiscard]] std::u16string Text() const override { return text_; }
     [[nodiscard]] bool SetText(std::u16string_view text) override;
     [[nodiscard]] bool InsertInFront(std::u16string_view text) override;
@@ -26,16 +32,6 @@ class FakeNoteView : public NoteView {
     void Activate() override;
     void ShowPinned(bool pinned) override;
     void SetOpacity(std::optional<int> alpha) override;
-    [[nodiscard]] bool IsIconShowing() const { return iconShowing_; }
-    void ShowIcon(std::u16string_view caption) override;
-    void HideIcon() override;
-    void RecreateIcon() override;
-    void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
-    [[nodiscard]] bool OpenReminderDialog(DaySerial existing) override;
-    void BringReminderDialogForward() override;
-    [[nodiscard]] bool OpenReminderAlert(std::u16string_view text) override;
-    [[nodiscard]] bool OpenColorDialog(bool own, const ColorScheme& colors) override;
-    [[nodiscard]] std::u16string AskCopyPath() override;
     void ApplyAppearance(const Note& note, const Settings& settings) override;
     void Repaint() override;
     void ShowSaveProblem(std::u16string_view reason) override { saveProblem_ = reason; }
@@ -47,6 +43,7 @@ class FakeNoteView : public NoteView {
     [[nodiscard]] bool IsOnTop() const { return onTop_; }
     [[nodiscard]] bool IsPinShown() const { return pinShown_; }
     [[nodiscard]] std::optional<int> Opacity() const { return opacity_; }
+    [[nodiscard]] bool IsIconShowing() const { return iconShowing_; }
     [[nodiscard]] const std::u16string& IconCaption() const { return caption_; }
     [[nodiscard]] const std::u16string& BalloonText() const { return balloonText_; }
     [[nodiscard]] const std::u16string& BalloonTitle() const { return balloonTitle_; }
@@ -70,8 +67,34 @@ class FakeNoteView : public NoteView {
     [[nodiscard]] const Note& Applied() const { return applied_; }
 
   private:
+    class FakeIcon : public NoteIcon {
+      public:
+        explicit FakeIcon(FakeNoteWindow& window) : window_(window) {}
+        void Show(std::u16string_view caption) override;
+        void Hide() override;
+        void Recreate() override;
+        void ShowBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
+
+      private:
+        FakeNoteWindow& window_;
+    };
+    class FakeDialogs : public NoteDialogs {
+      public:
+        explicit FakeDialogs(FakeNoteWindow& window) : window_(window) {}
+        [[nodiscard]] bool OpenReminder(DaySerial existing) override;
+        void BringReminderForward() override;
+        [[nodiscard]] bool OpenAlert(std::u16string_view text) override;
+        [[nodiscard]] bool OpenColors(bool own, const ColorScheme& colors) override;
+        [[nodiscard]] std::u16string AskCopyPath() override;
+
+      private:
+        FakeNoteWindow& window_;
+    };
+
     void Record(std::string call) { calls_.push_back(std::move(call)); }
 
+    FakeIcon icon_{*this};
+    FakeDialogs dialogs_{*this};
     std::u16string text_;
     std::u16string caption_;
     std::u16string balloonText_;
@@ -90,6 +113,29 @@ class FakeNoteView : public NoteView {
     bool pinShown_ = false;
     bool closed_ = false;
     std::vector<std::string> calls_;
+};
+
+/// Gives every note a fake window, and keeps these in the order of their creation.
+class FakeNoteWindows : public NoteWindowFactory {
+  public:
+    [[nodiscard]] std::unique_ptr<NoteWindow> MakeWindow(OpenNote& note,
+                                                         const std::optional<NotePosition>& position) override;
+    [[nodiscard]] std::size_t Count() const { return windows_.size(); }
+    /// Valid until its note has been released.
+    [[nodiscard]] FakeNoteWindow& View(std::size_t index) const { return *windows_.at(index); }
+    [[nodiscard]] FakeNoteWindow& Last() const { return *windows_.back(); }
+    [[nodiscard]] OpenNote& Note(std::size_t index) const { return *notes_.at(index); }
+
+    /// Called before each window is created.
+    std::function<void()> onMake;
+    /// The place that was requested for each window.
+    std::vector<std::optional<NotePosition>> positions;
+    /// How many windows the system can create in all.
+    std::size_t room = std::numeric_limits<std::size_t>::max();
+
+  private:
+    std::vector<OpenNote*> notes_;
+    std::vector<FakeNoteWindow*> windows_;
 };
 
 }  // namespace quillo
