@@ -5,6 +5,7 @@
 #include <string>
 
 #include "ports/locale_text.h"
+#include "util/unicode.h"
 
 namespace quillo {
 namespace {
@@ -45,23 +46,13 @@ static_assert(offsetof(Record64, infoFlags) == 500);
 /// The bytes of the tip that are written.
 constexpr std::size_t kTipBytes = 64;
 
-/// The longest start of `text` of at most `most` code units that ends after a whole character.
-std::u16string_view WholeCharacters(std::u16string_view text, std::size_t most) {
-    if (text.size() <= most) return text;
-    if (most == 0) return {};
-    const char16_t last = text[most - 1];
-    const char16_t next = text[most];
-    const bool pairCut = last >= 0xD800 && last <= 0xDBFF && next >= 0xDC00 && next <= 0xDFFF;
-    return text.substr(0, pairCut ? most - 1 : most);
-}
-
 void WriteText(std::span<char> field, std::size_t mostCharacters, std::u16string_view text, LocaleText& locale) {
     const std::size_t mostBytes = field.size() - 1;
-    text = WholeCharacters(text, mostCharacters);
+    text = CutText(text, mostCharacters);
     std::string bytes = locale.ToNarrow(text).value_or(std::string());
     // Shortened by characters, not bytes: half of a double-byte character would absorb the NUL after it.
     while (bytes.size() > mostBytes) {
-        text = WholeCharacters(text, text.size() - 1);
+        text = CutText(text, text.size() - 1);
         bytes = locale.ToNarrow(text).value_or(std::string());
     }
     std::fill(std::copy(bytes.begin(), bytes.end(), field.begin()), field.end(), '\0');

@@ -4,6 +4,7 @@
 #include "notes/note_codec.h"
 #include "notes/note_store.h"
 #include "ports/locale_text.h"
+#include "util/unicode.h"
 
 namespace quillo {
 
@@ -24,9 +25,7 @@ constexpr std::u16string_view kAttachmentName = u"Sticky note.qln";
 
 std::u16string MailSubject(std::u16string_view text) {
     if (text.size() < kCutFrom) return std::u16string(text);
-    std::u16string subject(text.substr(0, kCutTo));
-    if ((subject.back() & 0xFC00) == 0xD800) subject.pop_back();  // half of a character
-    return subject + u"...";
+    return std::u16string(CutText(text, kCutTo)) + u"...";
 }
 
 std::u16string MailBody(std::u16string_view text) {

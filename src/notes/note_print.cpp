@@ -11,6 +11,7 @@
 #include "ports/locale_text.h"
 #include "util/numbers.h"
 #include "util/text.h"
+#include "util/unicode.h"
 
 namespace quillo {
 
@@ -159,8 +160,7 @@ std::u16string PrintDocumentName(std::u16string_view text) {
     std::u16string_view words = line;
     if (words.size() > kLongestDocumentName) {
         const std::size_t blank = words.find_last_of(u' ');
-        const bool cutsPair = (words[kLongestDocumentName - 1] & 0xFC00) == 0xD800;
-        words = words.substr(0, blank != std::u16string_view::npos ? blank : kLongestDocumentName - (cutsPair ? 1 : 0));
+        words = blank != std::u16string_view::npos ? words.substr(0, blank) : CutText(words, kLongestDocumentName);
     }
     words = Trim(words);
     return std::u16string(words.empty() ? kHeading : words);

@@ -13,4 +13,7 @@ inline constexpr std::size_t kTitleSource = 256;
 /// words, and an ellipsis for the rest of that line. "Quillo" for a note without words.
 [[nodiscard]] std::u16string NoteTitle(std::u16string_view text);
 
+/// The caption of a note's own icon: the whole text in one line, cut to 60 characters and an ellipsis if it is longer.
+[[nodiscard]] std::u16string NoteIconCaption(std::u16string_view text);
+
 }  // namespace quillo

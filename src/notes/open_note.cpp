@@ -1,12 +1,11 @@
 #include "notes/open_note.h"
 
-#include <cstddef>
-
 #include "app/base/hints.h"
 #include "app/base/shared_texts.h"
 #include "notes/hide_hint.h"
 #include "notes/note_codec.h"
 #include "notes/note_sharing.h"
+#include "notes/note_title.h"
 #include "notes/save_texts.h"
 #include "ports/clock.h"
 #include "ports/locale_text.h"
@@ -38,29 +37,6 @@ const std::u16string kNotRecycledText = u"The Recycle Bin did not take this note
 constexpr std::u16string_view kCopyNotSaved = u"Quillo was unable to save a copy of this note.";
 const std::u16string kCopyElsewhere =
     u"Quillo was unable to save the copy where you wanted it.  It was saved under another name:";
-
-/// A longer caption is cut to this many characters and an ellipsis.
-constexpr std::size_t kLongestCaption = 60;
-
-std::u16string WithBlanksForLineBreaks(std::u16string_view text) {
-    std::u16string line;
-    line.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool pair = text.substr(i, 2) == u"\r\n";
-        line.push_back(pair ? u' ' : text[i]);
-        if (pair) ++i;
-    }
-    return line;
-}
-
-std::u16string IconCaption(std::u16string_view text) {
-    std::u16string caption = WithBlanksForLineBreaks(Trim(text));
-    if (caption.size() <= kLongestCaption) return caption;
-    caption.resize(kLongestCaption);
-    const char16_t last = caption.back();
-    if (last >= 0xD800 && last < 0xDC00) caption.pop_back();  // half of a character would appear as a box
-    return caption + u"...";
-}
 
 }  // namespace
 
@@ -272,7 +248,7 @@ void OpenNote::HideWithHint() {
 
 void OpenNote::MinimizeToTray() {
     iconWanted_ = true;
-    window_->Icon().Show(IconCaption(window_->Text()));
+    window_->Icon().Show(NoteIconCaption(window_->Text()));
 }
 
 void OpenNote::MinimizeByUser() {

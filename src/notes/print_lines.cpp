@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "ports/printer.h"
+#include "util/unicode.h"
 
 namespace quillo {
 
@@ -42,7 +43,7 @@ std::size_t CountThatFit(PrintJob& job, std::u16string_view paragraph, int width
 /// Where to break a word of which `fit` characters fit in a line: after at least one, and never inside a character of
 /// two units.
 std::size_t BreakInWord(std::u16string_view word, std::size_t fit) {
-    const auto isSecondHalf = [word](std::size_t i) { return i < word.size() && (word[i] & 0xFC00) == 0xDC00; };
+    const auto isSecondHalf = [word](std::size_t i) { return i < word.size() && IsLowSurrogate(word[i]); };
     std::size_t at = std::max<std::size_t>(fit, 1);
     if (isSecondHalf(at)) at = at > 1 ? at - 1 : 2;
     return at;

@@ -5,6 +5,7 @@
 #include "ports/shell.h"
 #include "util/numbers.h"
 #include "util/text.h"
+#include "util/unicode.h"
 
 namespace quillo {
 
@@ -46,9 +47,9 @@ std::u16string CleanForFileName(std::u16string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t next = i + 1 < text.size() ? text[i + 1] : char16_t{0};
         if (text[i] == u'\r' && next == u'\n') continue;  // a pair is one blank
-        if ((text[i] & 0xF800) == 0xD800) {
+        if (IsHighSurrogate(text[i]) || IsLowSurrogate(text[i])) {
             // Half of a character is omitted: file systems that keep names in UTF-8 refuse it.
-            const bool whole = (text[i] & 0xFC00) == 0xD800 && (next & 0xFC00) == 0xDC00;
+            const bool whole = IsHighSurrogate(text[i]) && IsLowSurrogate(next);
             if (whole) clean.append(text.substr(i++, 2));
             continue;
         }
@@ -61,8 +62,7 @@ std::u16string CleanForFileName(std::u16string_view text) {
 std::u16string_view BeginningOf(std::u16string_view clean) {
     const std::size_t blank = clean.substr(0, kLongestName).find_last_of(u' ');
     if (blank != std::u16string_view::npos && blank >= 1) return clean.substr(0, blank);
-    const bool cutsPair = clean.size() > kLongestName && (clean[kLongestName - 1] & 0xFC00) == 0xD800;
-    return clean.substr(0, cutsPair ? kLongestName - 1 : kLongestName);
+    return CutText(clean, kLongestName);
 }
 
 /// The names of devices, which the system recognizes in the part of a file name before its first period.
