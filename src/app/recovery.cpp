@@ -15,14 +15,8 @@ namespace {
 constexpr std::u16string_view kReplacedExtension = u".old";
 constexpr std::string_view kEndOfStorageCopy = "<nodelete></nodelete></quillo>";
 
-bool EndsWith(std::u16string_view text, std::u16string_view ending) {
-    return text.size() >= ending.size() && EqualsIgnoringAsciiCase(text.substr(text.size() - ending.size()), ending);
-}
-
 bool IsWholeStorageCopy(std::string_view bytes) {
-    const bool plain = bytes.size() >= kEndOfStorageCopy.size() &&
-                       bytes.substr(bytes.size() - kEndOfStorageCopy.size()) == kEndOfStorageCopy;
-    return plain || EndsWithUnicodeElement(bytes);
+    return bytes.ends_with(kEndOfStorageCopy) || EndsWithUnicodeElement(bytes);
 }
 
 /// The storage copy for which a file was prepared ("a.qln.new", "a.qln.2.new"); "" for any other file.
@@ -32,7 +26,7 @@ std::u16string_view CopyOfPrepared(std::u16string_view path) {
     if (digits + 1 < path.size() && digits != std::u16string_view::npos && path[digits] == u'.') {
         path = path.substr(0, digits);
     }
-    return EndsWith(path, kNoteExtension) ? path : std::u16string_view();
+    return EndsWithIgnoringAsciiCase(path, kNoteExtension) ? path : std::u16string_view();
 }
 
 }  // namespace
@@ -116,7 +110,7 @@ bool Recovery::FinishRescue(const PendingStep& step, Result& result) {
 void Recovery::RemoveReplacedCopies() {
     for (const FileEntry& file : files_.List(notesFolder_, kReplacedExtension)) {
         const std::u16string_view path = file.path;
-        if (EndsWith(path.substr(0, path.size() - kReplacedExtension.size()), kNoteExtension)) {
+        if (EndsWithIgnoringAsciiCase(path.substr(0, path.size() - kReplacedExtension.size()), kNoteExtension)) {
             Ignore(files_.Delete(path), "the next start tries again");
         }
     }

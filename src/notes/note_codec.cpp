@@ -201,23 +201,15 @@ void DropLeadingLineBreak(std::string_view& head, std::string_view& tail) {
     }
 }
 
-bool EndsWithLineBreak(std::string_view text) {
-    return text.size() >= 2 && text.substr(text.size() - 2) == kLineBreak;
-}
-
 void DropTrailingLineBreak(std::string_view& head, std::string_view& tail) {
-    if (EndsWithLineBreak(tail)) {
+    if (tail.ends_with(kLineBreak)) {
         tail.remove_suffix(2);
-    } else if (tail.empty() && EndsWithLineBreak(head)) {
+    } else if (tail.empty() && head.ends_with(kLineBreak)) {
         head.remove_suffix(2);
     } else if (tail == "\n" && !head.empty() && head.back() == '\r') {
         tail = {};
         head.remove_suffix(1);
     }
-}
-
-bool BeginsWith(std::string_view bytes, std::string_view mark) {
-    return bytes.substr(0, mark.size()) == mark;
 }
 
 /// The text of a file without a tag block. A byte-order mark identifies the encoding. Without one, bytes beyond ASCII
@@ -226,9 +218,9 @@ std::u16string DecodePlainText(std::string_view bytes, LocaleText& locale) {
     constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
     constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
     constexpr std::string_view kBigEndianMark = "\xFE\xFF";
-    if (BeginsWith(bytes, kLittleEndianMark)) return DecodeUtf16(bytes.substr(2), ByteOrder::LittleEndian);
-    if (BeginsWith(bytes, kBigEndianMark)) return DecodeUtf16(bytes.substr(2), ByteOrder::BigEndian);
-    const bool marked = BeginsWith(bytes, kUtf8Mark);
+    if (bytes.starts_with(kLittleEndianMark)) return DecodeUtf16(bytes.substr(2), ByteOrder::LittleEndian);
+    if (bytes.starts_with(kBigEndianMark)) return DecodeUtf16(bytes.substr(2), ByteOrder::BigEndian);
+    const bool marked = bytes.starts_with(kUtf8Mark);
     if (marked || (!IsAscii(bytes) && locale.HasSingleByteCodePage())) {
         const std::string_view encoded = bytes.substr(marked ? kUtf8Mark.size() : 0);
         if (auto text = DecodeUtf8(encoded, LoneSurrogates::Refuse)) return *std::move(text);
@@ -308,11 +300,11 @@ std::optional<std::string> FormatNoteFile(const NoteFile& file, LocaleText& loca
 void ReadTagText(std::u16string_view tagText, NoteFile& file, LocaleText& locale) {
     const std::u16string lower = locale.ToLower(Trim(tagText));
     std::u16string_view tags = lower;
-    if (tags.substr(0, kOpenRoot.size()) == kOpenRoot) tags.remove_prefix(kOpenRoot.size());
+    if (tags.starts_with(kOpenRoot)) tags.remove_prefix(kOpenRoot.size());
     // Intended: if the text still has its closing root tag, none of its elements is read. The reader of files never
     // passes such a text, so no user is affected.
     const std::size_t kept = kCloseRoot.size() + 1;
-    const bool closed = tags.size() >= kept && tags.substr(tags.size() - kCloseRoot.size()) == kCloseRoot;
+    const bool closed = tags.size() >= kept && tags.ends_with(kCloseRoot);
     if (closed) tags.remove_prefix(tags.size() - kept);
 
     for (const ElementRow& row : kElements) {

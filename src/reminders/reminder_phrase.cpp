@@ -66,14 +66,6 @@ class LowerCase {
     std::u16string_view text_;
 };
 
-bool StartsWith(std::u16string_view text, std::u16string_view start) {
-    return text.substr(0, start.size()) == start;
-}
-
-bool EndsWith(std::u16string_view text, std::u16string_view end) {
-    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
-
 bool IsDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
 }
@@ -115,9 +107,9 @@ std::optional<std::int32_t> ReadAmount(std::u16string_view amount, LocaleText& l
 ReminderPhrase ReadRelative(std::u16string_view rest, DaySerial now, LocaleText& locale) {
     std::u16string_view amount = u"1";
     std::u16string_view unit;
-    if (StartsWith(rest, u"a")) {
+    if (rest.starts_with(u"a")) {
         // Intended: an article is any leading "a" or "an", so "in a20 minutes" asks for a known period of time.
-        unit = Trim(rest.substr(StartsWith(rest, u"an") ? 2 : 1));
+        unit = Trim(rest.substr(rest.starts_with(u"an") ? 2 : 1));
         if (unit.empty()) return {std::nullopt, kPhraseFormatMessage};
     } else {
         const std::size_t blank = rest.find(u' ');
@@ -147,7 +139,7 @@ std::optional<DaySerial> Adjust(DaySerial read, std::u16string_view phrase, DayS
     }
     // From whole seconds: the conversion may miss them by the last bit, which must not count as earlier than now.
     std::optional<DaySerial> when = ToDaySerial(fields);
-    const bool morning = EndsWith(phrase, u"am") || EndsWith(phrase, u"a");
+    const bool morning = phrase.ends_with(u"am") || phrase.ends_with(u"a");
     if (fields.hour < 12 && !morning && *when < now) when = AddToDate(*when, Interval::Hours, 12);
     // Intended: one day only, so an earlier day of this year stays in the past and the reminder is due at once.
     if (when && *when < now) when = AddToDate(*when, Interval::Days, 1);
@@ -167,7 +159,7 @@ ReminderPhrase ParseReminderPhrase(std::u16string_view text, DaySerial now, Loca
     const std::u16string_view phrase = Trim(lower.Text());
     if (phrase.empty()) return {std::nullopt, kNoPhraseMessage};
     if (const auto when = ReadKeyword(phrase, now)) return {when, {}};
-    if (StartsWith(phrase, u"in ")) return ReadRelative(Trim(phrase.substr(2)), now, locale);
+    if (phrase.starts_with(u"in ")) return ReadRelative(Trim(phrase.substr(2)), now, locale);
     return Understood(ReadAbsolute(phrase, now, locale), kPhraseUnknownMessage);
 }
 

@@ -17,10 +17,6 @@ std::u16string_view FolderOf(std::u16string_view path) {
     return slash == std::u16string_view::npos ? std::u16string_view() : path.substr(0, slash);
 }
 
-bool EndsWith(std::u16string_view text, std::u16string_view ending) {
-    return text.size() >= ending.size() && text.substr(text.size() - ending.size()) == ending;
-}
-
 }  // namespace
 
 class FakeFileStore::Held : public HeldFile {
@@ -158,7 +154,7 @@ std::vector<FileEntry> FakeFileStore::List(std::u16string_view folder, std::u16s
     const std::u16string wanted = Key(folder);
     const std::u16string ending = FoldAscii(extension);
     for (const auto& [key, file] : files_) {
-        if (FolderOf(key) == wanted && EndsWith(key, ending)) {
+        if (FolderOf(key) == wanted && key.ends_with(ending)) {
             files.push_back({file.path, file.bytes.size(), file.modified});
         }
     }
@@ -207,7 +203,7 @@ bool FakeFileStore::FolderExists(std::u16string_view path) const {
 std::vector<std::u16string> FakeFileStore::PathsEndingIn(std::u16string_view ending) const {
     std::vector<std::u16string> paths;
     for (const auto& [key, file] : files_) {
-        if (EndsWith(key, FoldAscii(ending))) paths.push_back(file.path);
+        if (key.ends_with(FoldAscii(ending))) paths.push_back(file.path);
     }
     return paths;
 }

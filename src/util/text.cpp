@@ -50,6 +50,13 @@ bool StartsWithIgnoringAsciiCase(std::string_view text, std::string_view prefix)
     return Equal(text.substr(0, prefix.size()), prefix);
 }
 
+bool EndsWithIgnoringAsciiCase(std::u16string_view text, std::u16string_view ending) {
+    return text.size() >= ending.size() && Equal(text.substr(text.size() - ending.size()), ending);
+}
+bool EndsWithIgnoringAsciiCase(std::string_view text, std::string_view ending) {
+    return text.size() >= ending.size() && Equal(text.substr(text.size() - ending.size()), ending);
+}
+
 std::u16string FoldAscii(std::u16string_view text) {
     std::u16string folded(text);
     for (char16_t& c : folded) c = AsciiLower(c);

@@ -23,6 +23,8 @@ namespace quillo {
 [[nodiscard]] bool EqualsIgnoringAsciiCase(std::string_view a, std::string_view b);
 [[nodiscard]] bool StartsWithIgnoringAsciiCase(std::u16string_view text, std::u16string_view prefix);
 [[nodiscard]] bool StartsWithIgnoringAsciiCase(std::string_view text, std::string_view prefix);
+[[nodiscard]] bool EndsWithIgnoringAsciiCase(std::u16string_view text, std::u16string_view ending);
+[[nodiscard]] bool EndsWithIgnoringAsciiCase(std::string_view text, std::string_view ending);
 [[nodiscard]] std::u16string FoldAscii(std::u16string_view text);
 
 }  // namespace quillo

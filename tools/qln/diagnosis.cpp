@@ -30,7 +30,7 @@ bool HasDamagedUnicode(std::string_view bytes) {
 }  // namespace
 
 bool IsLeftoverName(std::string_view name) {
-    return EndsWith(name, ".qln-part") || EndsWith(name, ".qln.new") || EndsWith(name, ".qln-part-part");
+    return name.ends_with(".qln-part") || name.ends_with(".qln.new") || name.ends_with(".qln-part-part");
 }
 
 std::optional<Fault> Diagnose(std::string_view bytes, LocaleText& locale) {
@@ -47,7 +47,7 @@ std::optional<Fault> Diagnose(std::string_view bytes, LocaleText& locale) {
 std::optional<std::string> Mended(const Finding& finding, LocaleText& locale) {
     if (finding.fault == Fault::Torn) {
         std::string_view text = std::string_view(finding.bytes).substr(0, TornBlockAt(finding.bytes));
-        if (EndsWith(text, "\r\n")) text.remove_suffix(2);
+        if (text.ends_with("\r\n")) text.remove_suffix(2);
         NoteFile file;
         file.text = locale.FromNarrow(text);
         return FormatNoteFile(file, locale);

@@ -55,7 +55,7 @@ std::string NameMeant(std::string path) {
     for (bool cut = true; cut;) {
         cut = false;
         for (const std::string_view ending : kLeftoverEndings) {
-            if (!EndsWith(path, ending)) continue;
+            if (!path.ends_with(ending)) continue;
             path.resize(path.size() - ending.size());
             cut = true;
         }

@@ -19,13 +19,8 @@ std::string_view LastPart(std::string_view path) {
     return path.substr(path.find_last_of(kSeparators) + 1);  // npos + 1 is 0
 }
 
-bool EndsWith(std::string_view text, std::string_view ending) {
-    return text.size() >= ending.size() && text.substr(text.size() - ending.size()) == ending;
-}
-
 bool HasNoteEnding(std::string_view name) {
-    constexpr std::string_view kEnding = ".qln";
-    return name.size() >= kEnding.size() && EqualsIgnoringAsciiCase(name.substr(name.size() - kEnding.size()), kEnding);
+    return EndsWithIgnoringAsciiCase(name, ".qln");
 }
 
 std::optional<std::string> ReadBytes(const std::string& path) {

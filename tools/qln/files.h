@@ -61,6 +61,5 @@ struct FolderEntry {
 [[nodiscard]] std::string_view LastPart(std::string_view path);
 /// Whether the name ends in ".qln", in any letter case.
 [[nodiscard]] bool HasNoteEnding(std::string_view name);
-[[nodiscard]] bool EndsWith(std::string_view text, std::string_view ending);
 
 }  // namespace quillo::qln

@@ -96,7 +96,7 @@ std::optional<std::vector<NoteFile>> NotesOfFile(const Session& session, const s
     const auto bytes = ReadBytes(path);
     if (!bytes) return refuse("it cannot be read");
     std::string error;
-    if (EndsWith(path, ".json")) {
+    if (path.ends_with(".json")) {
         auto notes = NotesFromJson(*bytes, error);
         if (!notes) return refuse(error);
         for (const NoteFile& note : *notes) {

@@ -82,6 +82,10 @@ TEST(Text, FoldsAsciiOnly) {
     EXPECT_TRUE(StartsWithIgnoringAsciiCase(u"C:\\NOTES\\a", u"c:\\notes"));
     EXPECT_FALSE(StartsWithIgnoringAsciiCase(u"C:\\", u"c:\\notes"));
     EXPECT_TRUE(StartsWithIgnoringAsciiCase("x", ""));
+    EXPECT_TRUE(EndsWithIgnoringAsciiCase(u"C:\\a.QLN", u".qln"));
+    EXPECT_FALSE(EndsWithIgnoringAsciiCase(u"qln", u".qln"));
+    EXPECT_FALSE(EndsWithIgnoringAsciiCase("a.qlnx", ".qln"));
+    EXPECT_TRUE(EndsWithIgnoringAsciiCase("x", ""));
     EXPECT_EQ(FoldAscii(u"ABZ[\u00C4"), u"abz[\u00C4");
 }
 
