@@ -269,18 +269,13 @@ HBRUSH NoteForm::OnColorTextBox(HDC dc) {
 
 void NoteForm::OnDragBarPressed(Point at) {
     if (!Layout().dragBar.Contains(at)) return;
-    POINT screen{at.x, at.y};
     Settle();
-    const HWND button = ChildWindowFromPoint(Handle(), screen);
-    if (button != nullptr && button != Handle()) {
-        // The button was pressed while it was only a picture.
-        MapWindowPoints(Handle(), button, &screen, 1);
-        SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(screen.x, screen.y));
-        return;
-    }
-    ClientToScreen(Handle(), &screen);
-    ReleaseCapture();
-    SendMessageW(Handle(), WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(screen.x, screen.y));
+    POINT inside{at.x, at.y};
+    const HWND button = ChildWindowFromPoint(Handle(), inside);
+    if (button == nullptr || button == Handle()) return StartWindowDrag(Handle(), Handle(), at);
+    // The button was pressed while it was only a picture.
+    MapWindowPoints(Handle(), button, &inside, 1);
+    SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(inside.x, inside.y));
 }
 
 void NoteForm::OnMinMaxInfo(MINMAXINFO& info) const {

@@ -5,6 +5,7 @@
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
 #include "platform/wide.h"
+#include "platform/window_effects.h"
 
 namespace quillo {
 
@@ -63,10 +64,7 @@ LRESULT SaveSign::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void SaveSign::OnPressed(Point at) const {
-    POINT screen{at.x, at.y};
-    ClientToScreen(Handle(), &screen);
-    ReleaseCapture();
-    SendMessageW(GetParent(Handle()), WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(screen.x, screen.y));
+    StartWindowDrag(GetParent(Handle()), Handle(), at);
 }
 
 void SaveSign::OnPaint() {

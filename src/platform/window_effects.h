@@ -3,12 +3,16 @@
 #include <optional>
 
 #include "platform/win32.h"
+#include "util/geometry.h"
 
 namespace quillo {
 
 /// Puts a window among the topmost ones or back among the others, in front in either case, without moving, sizing or
 /// activating it.
 void SetTopmost(HWND window, bool topmost);
+/// Starts the user's move of a window, as if its title bar had been pressed at `at`, a point of the window `pressed`.
+/// Returns when the move has ended.
+void StartWindowDrag(HWND window, HWND pressed, Point at);
 /// True if no visible window is above this one except topmost windows.
 [[nodiscard]] bool IsInFront(HWND window);
 /// Makes a window layered with a constant alpha (1 to 255), or not layered without a value.

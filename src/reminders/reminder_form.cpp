@@ -131,10 +131,7 @@ void ReminderForm::OnPressed(Point at) {
         pressed_ = true;
         return;
     }
-    POINT screen{at.x, at.y};
-    ClientToScreen(Handle(), &screen);
-    ReleaseCapture();
-    SendMessageW(Handle(), WM_NCLBUTTONDOWN, HTCAPTION, MAKELPARAM(screen.x, screen.y));
+    StartWindowDrag(Handle(), Handle(), at);
 }
 
 void ReminderForm::OnReleased(Point at) {
