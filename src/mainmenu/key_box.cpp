@@ -2,9 +2,6 @@
 
 #include "platform/dialog_parts.h"
 
-// After windows.h.
-#include <commctrl.h>
-
 namespace quillo {
 namespace {
 
@@ -15,34 +12,24 @@ constexpr ControlKind kKeyBox{L"EDIT", WS_TABSTOP | WS_GROUP | ES_CENTER | ES_RE
 
 HWND KeyBox::Create(HWND parent, int id) {
     HWND box = CreateControl(parent, id, kKeyBox, u"");
-    if (box != nullptr) SetWindowSubclass(box, &KeyBox::Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+    if (box != nullptr) Subclass(box);
     return box;
 }
 
-LRESULT CALLBACK KeyBox::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                   DWORD_PTR object) noexcept {
+LRESULT KeyBox::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_KEYDOWN: {
-            const auto& handler = reinterpret_cast<KeyBox*>(object)->onKey;
-            try {
-                if (handler) handler(static_cast<int>(wParam));
-            } catch (...) {
-                // Only misuse of a class throws; the key is ignored.
-            }
+        case WM_KEYDOWN:
+            if (onKey) onKey(static_cast<int>(wParam));
             return 0;
-        }
         case WM_CHAR:
             return 0;
         case WM_SETFOCUS: {
-            const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-            SendMessageW(window, EM_SETSEL, 0, -1);  // the next key replaces this one
+            const LRESULT result = Default(message, wParam, lParam);
+            SendMessageW(Handle(), EM_SETSEL, 0, -1);  // the next key replaces this one
             return result;
         }
-        case WM_NCDESTROY:
-            RemoveWindowSubclass(window, &KeyBox::Procedure, id);
-            return DefSubclassProc(window, message, wParam, lParam);
         default:
-            return DefSubclassProc(window, message, wParam, lParam);
+            return Default(message, wParam, lParam);
     }
 }
 

@@ -141,7 +141,6 @@ void NoteForm::OnDestroy() {
     drops_.Release();
     services_.resources.menus.NoteClosing(note_.Data());
     buttons_.DropToolTips();
-    messageBox_.DropHandles();
 }
 
 void NoteForm::SetUpParts() {

@@ -37,29 +37,27 @@ bool NoteTextBox::Create(HWND parent, int id, const Rect& place, bool scrollBar)
     const HWND box = CreateWindowExW(0, L"EDIT", L"", style, place.left, place.top, place.width, place.height, parent,
                                      reinterpret_cast<HMENU>(childId), ThisModule(), nullptr);
     if (box == nullptr) return false;
-    box_ = box;
     scrollBar_ = scrollBar;
-    SetWindowLongPtrW(box_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    procedure_ = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrW(box_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&NoteTextBox::Procedure)));
-    SendMessageW(box_, EM_SETLIMITTEXT, kMostNoteCharacters, 0);
-    KeepScrollBarHidden(box_);
+    Subclass(box);
+    SendMessageW(Handle(), EM_SETLIMITTEXT, kMostNoteCharacters, 0);
+    KeepScrollBarHidden();
     return true;
 }
 
 void NoteTextBox::ShowScrollBar(bool shown) {
-    if (shown == scrollBar_ || box_ == nullptr) return;
+    if (shown == scrollBar_ || Handle() == nullptr) return;
     scrollBar_ = shown;
     // The new width wraps the text differently: the first character of the top line identifies the place.
-    const LRESULT top = SendMessageW(box_, EM_GETFIRSTVISIBLELINE, 0, 0);
-    const LRESULT character = SendMessageW(box_, EM_LINEINDEX, static_cast<WPARAM>(top), 0);
-    ::ShowScrollBar(box_, SB_VERT, shown ? TRUE : FALSE);
-    const LRESULT line = SendMessageW(box_, EM_LINEFROMCHAR, static_cast<WPARAM>(character), 0);
-    SendMessageW(box_, EM_LINESCROLL, 0, line - SendMessageW(box_, EM_GETFIRSTVISIBLELINE, 0, 0));
+    const LRESULT top = SendMessageW(Handle(), EM_GETFIRSTVISIBLELINE, 0, 0);
+    const LRESULT character = SendMessageW(Handle(), EM_LINEINDEX, static_cast<WPARAM>(top), 0);
+    ::ShowScrollBar(Handle(), SB_VERT, shown ? TRUE : FALSE);
+    const LRESULT line = SendMessageW(Handle(), EM_LINEFROMCHAR, static_cast<WPARAM>(character), 0);
+    SendMessageW(Handle(), EM_LINESCROLL, 0, line - SendMessageW(Handle(), EM_GETFIRSTVISIBLELINE, 0, 0));
 }
 
 /// The control shows its bar again as soon as its text or its size requires one.
-void NoteTextBox::KeepScrollBarHidden(HWND box) {
+void NoteTextBox::KeepScrollBarHidden() {
+    const HWND box = Handle();
     if (scrollBar_ || hidingBar_ || (GetWindowLongPtrW(box, GWL_STYLE) & WS_VSCROLL) == 0) return;
     const FlagScope hiding(hidingBar_);
     ::ShowScrollBar(box, SB_VERT, FALSE);
@@ -74,85 +72,80 @@ void NoteTextBox::KeepScrollBarHidden(HWND box) {
 /// Screen readers take the name of a text box from the static text before it. One without a size is invisible.
 void NoteTextBox::NameForScreenReaders() {
     if (label_ != nullptr) return;
-    label_ = CreateWindowExW(0, L"STATIC", L"Note text", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, GetParent(box_), nullptr,
-                             ThisModule(), nullptr);
+    label_ = CreateWindowExW(0, L"STATIC", L"Note text", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, GetParent(Handle()),
+                             nullptr, ThisModule(), nullptr);
     if (label_ == nullptr) return;
-    const HWND previous = GetWindow(box_, GW_HWNDPREV);
+    const HWND previous = GetWindow(Handle(), GW_HWNDPREV);
     SetWindowPos(label_, previous != nullptr ? previous : HWND_TOP, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 std::u16string NoteTextBox::Text() const {
-    return WindowText(box_);
+    return WindowText(Handle());
 }
 
 bool NoteTextBox::SetText(std::u16string_view text) {
     // The control's own limit applies to the user's input, not to this call.
     if (!HasRoomFor(0, text.size())) return false;
     const FlagScope byProgram(byProgram_);
-    SetWindowTextW(box_, Wide(std::u16string(text)));
+    SetWindowTextW(Handle(), Wide(std::u16string(text)));
     return TextLength() == text.size();
 }
 
 std::size_t NoteTextBox::TextLength() const {
-    return static_cast<std::size_t>(GetWindowTextLengthW(box_));
+    return static_cast<std::size_t>(GetWindowTextLengthW(Handle()));
 }
 
 bool NoteTextBox::InsertAt(DWORD position, std::u16string_view text) {
     if (!HasRoomFor(TextLength(), text.size())) return false;
     const FlagScope byProgram(byProgram_);
-    Select(box_, Selection{position, position});
-    SendMessageW(box_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(std::u16string(text))));
+    Select(Handle(), Selection{position, position});
+    SendMessageW(Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(std::u16string(text))));
     return true;
 }
 
 bool NoteTextBox::InsertInFront(std::u16string_view text) {
-    const Selection before = SelectionOf(box_);
+    const Selection before = SelectionOf(Handle());
     if (!InsertAt(0, text)) return false;
     const auto length = static_cast<DWORD>(text.size());
-    Select(box_, Selection{before.start + length, before.end + length});
+    Select(Handle(), Selection{before.start + length, before.end + length});
     return true;
 }
 
 bool NoteTextBox::InsertAtCaret(std::u16string_view text) {
-    return InsertAt(SelectionOf(box_).start, text);
+    return InsertAt(SelectionOf(Handle()).start, text);
 }
 
 std::u16string NoteTextBox::Beginning(std::size_t most) const {
     std::u16string text(most + 1, u'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(box_, WideBuffer(text), static_cast<int>(text.size()))));
+    text.resize(static_cast<std::size_t>(GetWindowTextW(Handle(), WideBuffer(text), static_cast<int>(text.size()))));
     return text;
 }
 
 void NoteTextBox::DeleteWordBefore() {
-    Selection word = SelectionOf(box_);
+    Selection word = SelectionOf(Handle());
     if (word.start == word.end) word.start = static_cast<DWORD>(WordStartBefore(Text(), word.end));
     if (word.start == word.end) return;
-    Select(box_, word);
-    SendMessageW(box_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
+    Select(Handle(), word);
+    SendMessageW(Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L""));
 }
 
 void NoteTextBox::SelectAll() {
-    SendMessageW(box_, EM_SETSEL, 0, -1);
+    SendMessageW(Handle(), EM_SETSEL, 0, -1);
 }
 
 void NoteTextBox::SetFont(HFONT font, const Scale& scale) {
-    SendMessageW(box_, WM_SETFONT, reinterpret_cast<WPARAM>(font), IsWindowVisible(box_) != 0 ? TRUE : FALSE);
-    SetTextMargins(box_, scale.Px(kNoteTextMargin));
+    SendMessageW(Handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font), IsWindowVisible(Handle()) != 0 ? TRUE : FALSE);
+    SetTextMargins(Handle(), scale.Px(kNoteTextMargin));
     // One tab stop, in units that depend on the font. It stays valid as long as the font, shown or hidden.
     const UINT dialogUnits = 8;
-    SendMessageW(box_, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
+    SendMessageW(Handle(), EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&dialogUnits));
 }
 
-LRESULT CALLBACK NoteTextBox::Procedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    auto& self = *reinterpret_cast<NoteTextBox*>(GetWindowLongPtrW(box, GWLP_USERDATA));
-    try {
-        if (self.Swallow(message, wParam, lParam)) return 0;
-    } catch (...) {
-        return 0;  // the system could not unwind the exception; the shortcut is given up
-    }
-    const LRESULT result = CallWindowProcW(self.procedure_, box, message, wParam, lParam);
-    if (message != WM_NCDESTROY) self.KeepScrollBarHidden(box);
+LRESULT NoteTextBox::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (Swallow(message, wParam, lParam)) return 0;
+    const LRESULT result = Default(message, wParam, lParam);
+    if (message != WM_NCDESTROY) KeepScrollBarHidden();
     return result;
 }
 

@@ -5,19 +5,15 @@
 #include <string_view>
 
 #include "notes/note_commands.h"
-#include "platform/win32.h"
+#include "platform/subclass.h"
 #include "util/geometry.h"
 #include "util/units.h"
 
 namespace quillo {
 
 /// The text box of a note: the system's edit control, which never receives the note's shortcuts.
-class NoteTextBox {
+class NoteTextBox : public SubclassedControl {
   public:
-    NoteTextBox() = default;
-    NoteTextBox(const NoteTextBox&) = delete;
-    NoteTextBox& operator=(const NoteTextBox&) = delete;
-
     /// Raised for a shortcut or a keyboard request for a menu. It may end the note.
     std::function<void(NoteAction)> onAction;
 
@@ -25,9 +21,6 @@ class NoteTextBox {
     bool Create(HWND parent, int id, const Rect& place, bool scrollBar);
     /// Keeps the control, and with it the text, the undo state, the caret and the top line.
     void ShowScrollBar(bool shown);
-    /// Called when the window is being destroyed: later calls must not reach another window with the same handle.
-    void DropHandles() { box_ = label_ = nullptr; }
-    [[nodiscard]] HWND Handle() const { return box_; }
 
     [[nodiscard]] std::u16string Text() const;
     /// At most that many characters from the beginning.
@@ -48,21 +41,21 @@ class NoteTextBox {
     /// `font` is borrowed. Margins and the one tab stop follow it.
     void SetFont(HFONT font, const Scale& scale);
 
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
   private:
-    static LRESULT CALLBACK Procedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     /// True if the message needs no further handling.
     bool Swallow(UINT message, WPARAM wParam, LPARAM lParam);
     bool OnKey(int virtualKey, bool repeated);
     bool OnMenuKeys(bool repeated);
     void DeleteWordBefore();
-    void KeepScrollBarHidden(HWND box);
+    void KeepScrollBarHidden();
     void NameForScreenReaders();
     [[nodiscard]] std::size_t TextLength() const;
     [[nodiscard]] bool InsertAt(DWORD position, std::u16string_view text);
 
-    HWND box_ = nullptr;
-    WNDPROC procedure_ = nullptr;  ///< the system's own window procedure
-    HWND label_ = nullptr;         ///< names the box for screen readers; created when they first ask
+    HWND label_ = nullptr;  ///< names the box for screen readers; created when they first ask
     bool scrollBar_ = false;
     bool hidingBar_ = false;
     bool byProgram_ = false;

@@ -19,6 +19,7 @@ target_sources(quillo_windows PRIVATE
   platform/notify_channel.cpp
   platform/session_end_block.cpp
   platform/single_instance.cpp
+  platform/subclass.cpp
   platform/text_tools.cpp
   platform/tool_tips.cpp
   platform/ui_timer.cpp
