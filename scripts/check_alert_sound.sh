@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Checks that the reminder's sound reaches the sound system: check_playing.sh QUILLO.EXE, inside wine_test_env.sh.
+# Checks that the reminder's sound reaches the sound system: check_alert_sound.sh QUILLO.EXE, inside wine_test_env.sh.
 # The program runs with a note whose reminder is due, and a sound device that records instead of playing: sounds of all
 # kinds are recorded, an empty setting and a missing file are silent, and no message box appears.
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/lib.sh"
-(($# == 1)) || die "usage: check_playing.sh QUILLO.EXE"
+(($# == 1)) || die "usage: check_alert_sound.sh QUILLO.EXE"
 quillo=$1
 probe=$(dirname "$quillo")/tests/window_probe.exe
 [[ -n ${WINEPREFIX:-} && -n ${DISPLAY:-} ]] || die "run it inside scripts/wine_test_env.sh"

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks the reminder's sound: the right format and length, audible but not clipped, and silent at its end.
 
-Usage: check_sound.py FILE.wma FFMPEG FFPROBE
+Usage: check_sound_file.py FILE.wma FFMPEG FFPROBE
 """
 
 import array
