@@ -1,7 +1,6 @@
 #include "controls/swatch_strip.h"
 
 #include <algorithm>
-#include <array>
 
 #include "controls/system_colors.h"
 #include "ports/canvas.h"
@@ -16,12 +15,6 @@ constexpr int kRingInset = 2;
 constexpr int kBarGap = 2;
 constexpr int kBarHeight = 2;
 
-constexpr std::array<std::u16string_view, kSwatches.size()> kNames = {
-    u"Yellow",         u"Blue",          u"Green", u"Purple",           u"Orange",
-    u"White",          u"Bright yellow", u"Red",   u"Black and yellow", u"Black and green",
-    u"Black and blue",
-};
-
 }  // namespace
 
 std::optional<std::size_t> HitStrip(int x, int y) {
@@ -32,7 +25,7 @@ std::optional<std::size_t> HitStrip(int x, int y) {
 }
 
 std::u16string_view SwatchName(std::size_t index) {
-    return kNames[index];
+    return kNamedSwatches[index].name;
 }
 
 int SwatchStrip::ToPixels(int twips) const {

@@ -13,11 +13,13 @@ namespace quillo {
 class Canvas;
 
 // The strip's figures in twips.
-inline constexpr int kStripWidth = 4020;
-inline constexpr int kStripHeight = 415;
 inline constexpr int kSwatchSide = 360;
 /// Where the label "Aa" starts inside its swatch; the label is 255 wide and extends into the next swatch.
 inline constexpr int kSwatchLabelInset = 120;
+/// Right of the last swatch, for the end of its label.
+inline constexpr int kStripMargin = 60;
+inline constexpr int kStripWidth = kSwatchSide * static_cast<int>(kSwatches.size()) + kStripMargin;
+inline constexpr int kStripHeight = 415;
 
 /// The swatch at a point of the strip, in twips. None outside the strip, nor in the margin right of the last swatch,
 /// into which the last label extends: only the swatch under the pointer counts, not the label of another.

@@ -93,13 +93,10 @@ void OptionsAppearancePage::Place(PageColumn& column) {
     PlaceLook(beside);
     column.Advance(std::max(beside.Bottom() - column.Bottom(), column.Px(kPreviewHeight)), kDialogMargin);
 
-    for (const C check : {C::RandomNoteColorCheck, C::AutoAddTimestampCheck, C::NoHighContrastCheck}) {
-        column.PutCheck(check);
-    }
+    column.PutChecksAfter(C::BrowseFontButton);
     column.PutDivider(C::EyeCandyDivider);
     column.PutText(C::EyeCandyLabel, kDialogGap);
-    column.PutCheck(C::AnimationCheck);
-    column.PutCheck(C::TranslucentCheck);
+    column.PutChecksAfter(C::EyeCandyLabel);
     PlaceSlider(column);
 }
 

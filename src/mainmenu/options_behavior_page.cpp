@@ -33,23 +33,20 @@ void OptionsBehaviorPage::Place(PageColumn& column) {
     const int gap = column.Px(kColumnGap);
     const int width = (column.Width() - gap) / 2;
     PageColumn left(*this, column.Dc(), column.Left(), column.Bottom(), width);
-    for (const C check : {C::ShowScrollBarsCheck, C::AutoPinCheck, C::DontRecycleCheck, C::MinimizeToTrayCheck,
-                          C::DragDropCheck, C::DontAdjustNotesCheck}) {
-        left.PutCheck(check);
-    }
+    left.PutChecksAfter(C::BehaviorLabel);
     left.PutDivider(C::BalloonDivider);
-    left.PutCheck(C::DisableBalloonHelpCheck);
+    left.PutChecksAfter(C::BalloonDivider);
 
     PageColumn right(*this, column.Dc(), column.Left() + width + gap, column.Bottom(), column.Width() - width - gap);
     right.PutFirstDivider(C::NoteFilesDivider);
     right.PutText(C::NoteFolderLabel, kDialogSmallGap);
     right.PutBox(C::NoteFolderBox, {C::BrowseNoteFolderButton}, kDialogSmallGap);
-    right.PutCheck(C::DoNotRememberFilenamesCheck);
+    right.PutChecksAfter(C::BrowseNoteFolderButton);
     right.PutDivider(C::RemindersDivider);
     right.PutText(C::ReminderSoundLabel, kDialogSmallGap);
     right.PutBox(C::ReminderSoundBox, {C::BrowseSoundButton, C::PlaySoundButton}, kDialogSmallGap);
     right.PutDivider(C::StartupDivider);
-    right.PutCheck(C::SpecialStartupCheck);
+    right.PutChecksAfter(C::StartupDivider);
 
     const int height = std::max(left.Bottom(), right.Bottom()) - column.Bottom();
     column.PlaceAt(C::ColumnDivider, column.Left() + width + (gap - column.Px(kLineWidth)) / 2, column.Bottom(),

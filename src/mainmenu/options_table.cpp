@@ -205,6 +205,15 @@ const OptionRow& RowOf(OptionControl control) {
     return kTable[static_cast<std::size_t>(control)];
 }
 
+std::vector<OptionControl> ChecksAfter(OptionControl control) {
+    std::vector<OptionControl> checks;
+    for (std::size_t i = static_cast<std::size_t>(control) + 1; i < kTable.size(); ++i) {
+        if (kTable[i].kind != OptionKind::Check || kTable[i].page != RowOf(control).page) break;
+        checks.push_back(kTable[i].control);
+    }
+    return checks;
+}
+
 const std::array<OptionsHelpKey, 13>& OptionsHelpKeys() {
     return kHelpKeys;
 }

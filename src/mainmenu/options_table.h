@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
+#include <vector>
 
 #include "notes/note_commands.h"
 
@@ -160,6 +161,8 @@ struct OptionRow {
 };
 
 [[nodiscard]] const OptionRow& RowOf(OptionControl control);
+/// The check boxes directly behind a control, in their order on the page: another row there is another option.
+[[nodiscard]] std::vector<OptionControl> ChecksAfter(OptionControl control);
 
 /// The rows of every page, in the order of OptionControl.
 inline constexpr std::size_t kOptionControlCount = static_cast<std::size_t>(OptionControl::OpenHelpButton) + 1;

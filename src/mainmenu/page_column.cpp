@@ -71,6 +71,10 @@ void PageColumn::PutHeading(OptionControl heading) {
     PutText(heading, kHeadingGap);
 }
 
+void PageColumn::PutChecksAfter(OptionControl control) {
+    for (const OptionControl check : ChecksAfter(control)) PutCheck(check);
+}
+
 void PageColumn::PutCheck(OptionControl check) {
     const int text = TextHeight(check, width_ - Px(kDialogCheckRoom));
     const int height = std::max(Px(kDialogCheckHeight), text + Px(2));

@@ -20,6 +20,8 @@ class PageColumn {
     /// A label, wrapped at the column's width.
     void PutText(OptionControl label, int gapAfter);
     void PutCheck(OptionControl check);
+    /// The check boxes that follow a control in the table.
+    void PutChecksAfter(OptionControl control);
     /// A captioned line; with space above unless it is the first of its column.
     void PutDivider(OptionControl divider);
     void PutFirstDivider(OptionControl divider);

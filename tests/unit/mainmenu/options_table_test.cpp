@@ -138,6 +138,25 @@ TEST(OptionsTableTest, NoTwoControlsOfAPageShareAnAccessKey) {
     }
 }
 
+TEST(OptionsTableTest, EveryCheckBoxFollowsAControlThatItsPageNames) {
+    using Checks = std::vector<OptionControl>;
+    EXPECT_EQ(ChecksAfter(C::BrowseFontButton),
+              (Checks{C::RandomNoteColorCheck, C::AutoAddTimestampCheck, C::NoHighContrastCheck}));
+    EXPECT_EQ(ChecksAfter(C::EyeCandyLabel), (Checks{C::AnimationCheck, C::TranslucentCheck}));
+    EXPECT_EQ(ChecksAfter(C::BalloonDivider), Checks{C::DisableBalloonHelpCheck});
+    EXPECT_EQ(ChecksAfter(C::AppearanceHeading), Checks{});
+    EXPECT_EQ(ChecksAfter(C::OpenHelpButton), Checks{}) << "the last of all";
+    // The pages name these controls.
+    std::size_t shown = 0;
+    for (const C before : {C::BrowseFontButton, C::EyeCandyLabel, C::BehaviorLabel, C::BalloonDivider,
+                           C::BrowseNoteFolderButton, C::StartupDivider}) {
+        shown += ChecksAfter(before).size();
+    }
+    EXPECT_EQ(shown, static_cast<std::size_t>(
+                         std::count_if(OptionsTable().begin(), OptionsTable().end(),
+                                       [](const OptionRow& row) { return row.kind == OptionKind::Check; })));
+}
+
 TEST(OptionsTableTest, CaptionsAreExact) {
     EXPECT_EQ(kOptionsCaption, u"Quillo options");
     EXPECT_EQ(kOptionsTabs, u"Appearance|Shortcuts|Behavior|Help");
