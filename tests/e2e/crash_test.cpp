@@ -3,6 +3,7 @@
 #include <thread>
 
 #include "harness/e2e_test.h"
+#include "harness/long_text.h"
 
 namespace quillo::e2e {
 namespace {
@@ -18,14 +19,6 @@ class Crashes : public OrdinaryTest {
         if (Profile().IsReady()) Profile().SetText(L"Note folder", Outside().Path());
     }
 
-    /// About 50 kB that begin with the note's number; the letter distinguishes versions.
-    static std::string LongText(std::size_t number, char letter) {
-        constexpr int kLines = 1000;
-        const std::string line = std::to_string(number) + std::string(48, letter);
-        std::string text = line;
-        for (int i = 1; i < kLines; ++i) text += "\r\n" + line;
-        return text;
-    }
     static std::wstring NameOf(std::size_t number) { return L"note " + std::to_wstring(number) + L".qln"; }
     /// Two of them beside the other two, so that none covers the middle of another.
     static NoteFile FileOf(std::size_t number, char letter) {

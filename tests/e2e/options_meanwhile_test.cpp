@@ -1,5 +1,4 @@
 #include "harness/e2e_test.h"
-#include "harness/main_menu.h"
 #include "harness/options_window.h"
 #include "harness/reminder_windows.h"
 #include "harness/window_text.h"
@@ -22,9 +21,7 @@ class OptionsMeanwhile : public OrdinaryTest {
         file.reminder = DueSoon();
         Profile().AddNote(L"note.qln", file.Bytes());
         Start();
-        const MainMenu menu(Quillo().Pid());
-        EXPECT_TRUE(menu.Open() && menu.Choose(MenuItem::Options));
-        const auto options = OptionsWindow::WaitFor(Quillo().Pid());
+        const auto options = OptionsWindow::OpenFromMenu(Quillo().Pid());
         EXPECT_TRUE(options);
         EXPECT_TRUE(Alerts(Quillo().Pid()).empty()) << "the alert was to come after the dialog";
         return options.value_or(OptionsWindow(nullptr));

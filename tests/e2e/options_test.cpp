@@ -28,15 +28,7 @@ class OptionsTest : public OrdinaryTest {
     }
     OptionsWindow Open() {
         Start();
-        EXPECT_TRUE(OpenFromMenu());
-        return Wait();
-    }
-    bool OpenFromMenu() {
-        const MainMenu menu(Quillo().Pid());
-        return menu.Open() && menu.Choose(MenuItem::Options);
-    }
-    OptionsWindow Wait() {
-        const auto options = OptionsWindow::WaitFor(Quillo().Pid());
+        const auto options = OptionsWindow::OpenFromMenu(Quillo().Pid());
         EXPECT_TRUE(options);
         return options.value_or(OptionsWindow(nullptr));
     }

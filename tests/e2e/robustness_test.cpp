@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "harness/e2e_test.h"
+#include "harness/long_text.h"
 #include "harness/main_menu.h"
 
 namespace quillo::e2e {
@@ -19,14 +20,6 @@ class Robustness : public OrdinaryTest {
         for (std::size_t i = 0; i < count; ++i) {
             Profile().AddNote(NameOf(i), NoteFile{"note " + std::to_string(i)}.Bytes());
         }
-    }
-    /// About 50 kB that contain the note's number and the letter of their version.
-    static std::string LongText(std::size_t number, char letter) {
-        constexpr int kLines = 1000;
-        const std::string line = std::to_string(number) + std::string(48, letter);
-        std::string text = line;
-        for (int i = 1; i < kLines; ++i) text += "\r\n" + line;
-        return text;
     }
     /// A fingerprint of the folder of notes; it changes as soon as a save begins.
     [[nodiscard]] std::vector<std::uint64_t> FolderState() const {

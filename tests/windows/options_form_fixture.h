@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "../unit/app/test_program.h"
+#include "../unit/app/written_names.h"
 #include "app/base/registry_keys.h"
 #include "mainmenu/options_form.h"
 #include "platform/gdi_scope.h"
@@ -53,13 +54,7 @@ class OptionsFormTest : public testing::Test {
     [[nodiscard]] std::optional<std::u16string> Stored(std::u16string_view name) const {
         return program_.registry.Text(kUserKey, name);
     }
-    [[nodiscard]] std::vector<std::u16string> Written() const {
-        std::vector<std::u16string> names;
-        for (const std::u16string& line : program_.registry.Log()) {
-            if (line.starts_with(u"set ")) names.push_back(line.substr(4));
-        }
-        return names;
-    }
+    [[nodiscard]] std::vector<std::u16string> Written() const { return WrittenNames(program_.registry); }
     [[nodiscard]] static RECT PlaceOf(HWND window) {
         RECT place{};
         GetWindowRect(window, &place);

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "../unit/reminders/recording_owner.h"
 #include "app/base/hints.h"
 #include "app/base/os_facts.h"
 #include "app/base/settings.h"
@@ -11,7 +12,6 @@
 #include "platform/text_tools.h"
 #include "platform/window.h"
 #include "reminders/alert_places.h"
-#include "reminders/reminder_owner.h"
 #include "reminders/reminder_services.h"
 #include "support.h"
 #include "testing/fake_clock.h"
@@ -21,28 +21,6 @@
 #include "testing/fake_user_notice.h"
 
 namespace quillo::windows_tests {
-
-/// A note that only records the calls of its reminder's windows.
-class RecordingOwner : public ReminderOwner {
-  public:
-    void SetReminder(DaySerial time) override {
-        calls.emplace_back("set");
-        when = time;
-    }
-    void CancelReminderByUser() override { calls.emplace_back("cancel"); }
-    void MinimizeByUser() override { calls.emplace_back("minimize"); }
-    void HideByUser() override { calls.emplace_back("hide"); }
-    void ShowIconBalloon(std::u16string_view, std::u16string_view, BalloonIcon) override {
-        calls.emplace_back("balloon");
-    }
-    void Popup() override { calls.emplace_back("popup"); }
-    void Activate() override { calls.emplace_back("activate"); }
-    void SetReminderClosing() override { calls.emplace_back("dialog closing"); }
-    void ReminderClosing() override { calls.emplace_back("alert closing"); }
-
-    std::vector<std::string> calls;
-    DaySerial when;
-};
 
 /// Writes dates as long as any user may have configured them.
 class LongDates : public FakeLocaleText {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "control_fixture.h"
+#include "harness/stack_object.h"
 #include "platform/com_ptr.h"
 #include "platform/dib.h"
 #include "platform/gdi_scope.h"
@@ -272,18 +273,10 @@ TEST_F(TabTest, OtherTabsUnderThePointerReleaseTheMouse) {
 }
 
 /// Drags some data until the form has been told of a tab, or until a timeout.
-class Dragging : public IDropSource {
+class Dragging : public e2e::StackObject<IDropSource> {
   public:
     explicit Dragging(std::function<bool()> done) : done_(std::move(done)) {}
-    virtual ~Dragging() = default;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-        const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDropSource);
-        *object = known ? static_cast<IDropSource*>(this) : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL, DWORD) override {
         return done_() || GetTickCount64() > deadline_ ? DRAGDROP_S_CANCEL : S_OK;
     }

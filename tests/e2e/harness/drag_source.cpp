@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "harness/input.h"
+#include "harness/stack_object.h"
 
 // After windows.h.
 #include <ole2.h>
@@ -13,20 +14,9 @@
 namespace quillo::e2e {
 namespace {
 
-/// OLE requires objects that count their references; these are on the stack during the one drag, so nobody deletes
-/// them.
-class OfferedData : public IDataObject {
+class OfferedData : public StackObject<IDataObject> {
   public:
     explicit OfferedData(const DragData& data) : data_(data) {}
-    virtual ~OfferedData() = default;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-        const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDataObject);
-        *object = known ? static_cast<IDataObject*>(this) : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
 
     HRESULT STDMETHODCALLTYPE GetData(FORMATETC* wanted, STGMEDIUM* medium) override {
         if (QueryGetData(wanted) != S_OK) return DV_E_FORMATETC;
@@ -66,17 +56,8 @@ class OfferedData : public IDataObject {
 };
 
 /// Drops when the button is up; gives up after too long a drag, because the release may have been lost.
-class Dragging : public IDropSource {
+class Dragging : public StackObject<IDropSource> {
   public:
-    virtual ~Dragging() = default;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-        const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDropSource);
-        *object = known ? static_cast<IDropSource*>(this) : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL escape, DWORD keys) override {
         constexpr ULONGLONG kLongestDrag = 10'000;
         if (escape != FALSE || GetTickCount64() - begun_ > kLongestDrag) return DRAGDROP_S_CANCEL;

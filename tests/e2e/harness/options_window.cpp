@@ -4,6 +4,7 @@
 
 #include "harness/eventually.h"
 #include "harness/input.h"
+#include "harness/main_menu.h"
 #include "harness/quillo_process.h"
 #include "harness/window_text.h"
 
@@ -39,6 +40,12 @@ std::optional<OptionsWindow> OptionsWindow::WaitFor(DWORD process) {
 
 bool OptionsWindow::IsTopmost() const {
     return (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
+}
+
+std::optional<OptionsWindow> OptionsWindow::OpenFromMenu(DWORD process) {
+    const MainMenu menu(process);
+    if (!menu.Open() || !menu.Choose(MenuItem::Options)) return std::nullopt;
+    return WaitFor(process);
 }
 
 HWND OptionsWindow::Control(OptionControl control) const {

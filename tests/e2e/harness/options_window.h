@@ -16,6 +16,9 @@ class OptionsWindow {
     /// Waits until the dialog exists and has the focus.
     [[nodiscard]] static std::optional<OptionsWindow> WaitFor(DWORD process);
 
+    /// Opens the dialog from the main menu, and waits for it.
+    [[nodiscard]] static std::optional<OptionsWindow> OpenFromMenu(DWORD process);
+
     explicit OptionsWindow(HWND window) : window_(window) {}
 
     [[nodiscard]] HWND Handle() const { return window_; }

@@ -7,20 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "testing/recording_canvas.h"
+#include "canvas_calls.h"
 
 namespace quillo {
 namespace {
 
 using Call = RecordingCanvas::Call;
-
-Call FillOf(const Rect& area, ColorWord color) {
-    Call call;
-    call.kind = Call::Kind::Fill;
-    call.area = area;
-    call.color = color;
-    return call;
-}
 
 Call OutlineOf(const Rect& area, int thickness) {
     Call call;

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "testing/recording_canvas.h"
+#include "canvas_calls.h"
 
 namespace quillo {
 namespace {
@@ -192,14 +192,6 @@ TEST(TabPropertiesTest, PropertiesThatAFormOmitsHaveTheirDefaults) {
 }
 
 using Call = RecordingCanvas::Call;
-
-Call FillOf(const Rect& area, ColorWord color) {
-    Call call;
-    call.kind = Call::Kind::Fill;
-    call.area = area;
-    call.color = color;
-    return call;
-}
 
 TEST_F(TabStripTest, TheBackgroundIsTheBackColorAndTheLineOfThePage) {
     RecordingCanvas canvas;

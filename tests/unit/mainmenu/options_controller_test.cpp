@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "../app/test_program.h"
+#include "../app/written_names.h"
 #include "app/base/registry_keys.h"
 #include "app/base/settings_table.h"
 #include "registry/tessel_registry.h"
@@ -39,13 +40,7 @@ class OptionsControllerTest : public testing::Test {
         return program_.registry.Text(kUserKey, name);
     }
     /// The values written since the log was cleared.
-    [[nodiscard]] std::vector<std::u16string> Written() const {
-        std::vector<std::u16string> names;
-        for (const std::u16string& line : program_.registry.Log()) {
-            if (line.starts_with(u"set ")) names.push_back(line.substr(4));
-        }
-        return names;
-    }
+    [[nodiscard]] std::vector<std::u16string> Written() const { return WrittenNames(program_.registry); }
     /// The settings that the next start would load.
     Settings Reloaded() {
         TesselRegistry registry(program_.registry);

@@ -18,7 +18,21 @@ class PumpingShell : public FakeShell {
     NoteOwner& owner_;
 };
 
-class OpenNoteDeleting : public OpenNoteTest {};
+class OpenNoteDeleting : public OpenNoteTest {
+  protected:
+    /// Opens and stores another note, whose window is then windows_.Last(), and deletes it with that shell.
+    void DeleteWith(Shell& shell) {
+        NoteStore store{files_, locale_, shell, names_, kFolder};
+        const std::unique_ptr<OpenNote> note = OpenNote::Open(
+            owner_, {settings_, {store, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey, windows_);
+        ASSERT_TRUE(note->SetText(u"Milk"));
+        note->MarkChanged();
+        ASSERT_TRUE(note->PersistNote());
+        note->DeleteNote();
+        closed_ = windows_.Last().IsClosed();
+    }
+    bool closed_ = false;  ///< whether that note has closed its window
+};
 
 TEST_F(OpenNoteDeleting, DeletingPutsANoteFileIntoTheRecycleBin) {
     ShowStored(u"Milk");
@@ -143,15 +157,8 @@ class LosingShell : public FakeShell {
 
 TEST_F(OpenNoteDeleting, ANoteThatTheBinLostAndNoDiskAcceptsIsKeptUnlessTheUserGivesItUp) {
     LosingShell shell(files_);
-    NoteStore store{files_, locale_, shell, names_, kFolder};
-    const std::unique_ptr<OpenNote> opened = OpenNote::Open(
-        owner_, {settings_, {store, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey, windows_);
-    OpenNote& note = *opened;
-    ASSERT_TRUE(note.SetText(u"Milk"));
-    note.MarkChanged();
-    ASSERT_TRUE(note.PersistNote());
     notice_.answer = false;
-    note.DeleteNote();
+    ASSERT_NO_FATAL_FAILURE(DeleteWith(shell));
     EXPECT_TRUE(owner_.IsOpen(kKey));
     EXPECT_TRUE(StorageExists());
     EXPECT_EQ(notice_.questions.size(), 1U);
@@ -211,18 +218,10 @@ TEST_F(OpenNoteDeleting, FilesPreparedForAStorageCopyAreDeletedBeforeIt) {
 
 TEST_F(OpenNoteDeleting, ANoteClosedWhileItsFileIsRecycledIsNotUsedAgain) {
     PumpingShell shell(files_, owner_);
-    NoteStore store{files_, locale_, shell, names_, kFolder};
-    const std::unique_ptr<OpenNote> opened = OpenNote::Open(
-        owner_, {settings_, {store, timers_, failures_}, dates_, notice_, hints_, sharing_}, kKey, windows_);
-    OpenNote& note = *opened;
-    FakeNoteWindow& view = windows_.Last();
-    ASSERT_TRUE(note.SetText(u"Milk"));
-    note.MarkChanged();
-    ASSERT_TRUE(note.PersistNote());
-    note.DeleteNote();
+    ASSERT_NO_FATAL_FAILURE(DeleteWith(shell));
     EXPECT_EQ(shell.recycled.size(), 1U);
     EXPECT_TRUE(StorageExists());
-    EXPECT_FALSE(view.IsClosed());
+    EXPECT_FALSE(closed_);
     EXPECT_TRUE(notice_.sounds.empty());
 }
 

@@ -9,6 +9,7 @@
 #include "app/base/os_facts.h"
 #include "app/base/registry_keys.h"
 #include "app/base/settings.h"
+#include "recording_owner.h"
 #include "registry/tessel_registry.h"
 #include "reminders/reminder_controls.h"
 #include "reminders/reminder_phrase.h"
@@ -37,31 +38,13 @@ ReminderStep MessageStep(bool grow) {
     return step;
 }
 
-/// A note that records its calls.
-class RecordingOwner : public ReminderOwner {
+/// Names the time of a reminder that is set.
+class TimedOwner : public RecordingOwner {
   public:
-    void SetReminder(DaySerial when) override {
-        const CivilTime time = ToCivilTime(when);
-        calls.push_back("set " + std::to_string(time.hour) + ":" + std::to_string(time.minute));
+    void SetReminder(DaySerial time) override {
+        const CivilTime civil = ToCivilTime(time);
+        calls.push_back("set " + std::to_string(civil.hour) + ":" + std::to_string(civil.minute));
     }
-    void CancelReminderByUser() override { calls.emplace_back("cancel"); }
-    void MinimizeByUser() override { calls.emplace_back("minimize"); }
-    void HideByUser() override { calls.emplace_back("hide"); }
-    void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override {
-        balloonText = text;
-        balloonTitle = title;
-        balloonIcon = icon;
-        calls.emplace_back("balloon");
-    }
-    void Popup() override { calls.emplace_back("popup"); }
-    void Activate() override { calls.emplace_back("activate"); }
-    void SetReminderClosing() override { calls.emplace_back("dialog closing"); }
-    void ReminderClosing() override { calls.emplace_back("alert closing"); }
-
-    std::vector<std::string> calls;
-    std::u16string balloonText;
-    std::u16string balloonTitle;
-    BalloonIcon balloonIcon = BalloonIcon::None;
 };
 using Calls = std::vector<std::string>;
 
@@ -106,7 +89,7 @@ TEST_F(ReminderDialogTest, OkSetsTheReminderAndCloses) {
     EXPECT_EQ(step, expected);
     EXPECT_FALSE(dialog.MessageShown());
 
-    RecordingOwner owner;
+    TimedOwner owner;
     CarryOut(step, &owner);
     EXPECT_EQ(owner.calls, Calls{"set 14:30"});
 }
@@ -156,7 +139,7 @@ TEST_F(ReminderDialogTest, TheFormGrowsForTheFirstMessageOnly) {
 }
 
 TEST_F(ReminderDialogTest, AMessageDoesNotChangeTheNote) {
-    RecordingOwner owner;
+    TimedOwner owner;
     ReminderDialog dialog = WithReminder();
     CarryOut(dialog.PressOk(u"whenever", NoteAway::MinimizeWithBalloon, kNow), &owner);
     EXPECT_EQ(owner.calls, Calls{});
@@ -173,7 +156,7 @@ TEST_F(ReminderDialogTest, TheNoteLeavesTheScreenAfterItsReminderIsSet) {
                  {NoteAway::Minimize, {"set 15:10", "minimize"}},
                  {NoteAway::MinimizeWithBalloon, {"set 15:10", "minimize", "balloon"}}};
     for (const auto& c : cases) {
-        RecordingOwner owner;
+        TimedOwner owner;
         ReminderDialog dialog = Fresh();
         CarryOut(dialog.PressOk(u"in an hour", c.away, kNow), &owner);
         EXPECT_EQ(owner.calls, c.calls);
@@ -181,7 +164,7 @@ TEST_F(ReminderDialogTest, TheNoteLeavesTheScreenAfterItsReminderIsSet) {
 }
 
 TEST_F(ReminderDialogTest, TheBalloonExplainsWhereTheNoteIs) {
-    RecordingOwner owner;
+    TimedOwner owner;
     CarryOut(Fresh().PressOk(u"noon", NoteAway::MinimizeWithBalloon, kNow), &owner);
     EXPECT_EQ(owner.balloonText,
               u"Your note has been minimized to this icon.  You can click this icon at any time to display it again.");
@@ -223,7 +206,7 @@ TEST(ChooseNoteAway, AnAbsentValueMeansThatNothingWasHiddenYet) {
 // CancelButton.
 
 TEST_F(ReminderDialogTest, CancelWithoutAReminderChangesNothing) {
-    RecordingOwner owner;
+    TimedOwner owner;
     ReminderDialog dialog = Fresh();
     const ReminderStep step = dialog.PressCancel();
     EXPECT_EQ(step, Unload());
@@ -250,7 +233,7 @@ TEST_F(ReminderDialogTest, TheHintReplacesAnEarlierMessage) {
 }
 
 TEST_F(ReminderDialogTest, ASecondCancelRemovesTheReminder) {
-    RecordingOwner owner;
+    TimedOwner owner;
     ReminderDialog dialog = WithReminder();
     CarryOut(dialog.PressCancel(), &owner);
     EXPECT_EQ(owner.calls, Calls{});
@@ -264,7 +247,7 @@ TEST_F(ReminderDialogTest, ASecondCancelRemovesTheReminder) {
 
 TEST_F(ReminderDialogTest, KeepReminderChangesNothingForAnyText) {
     for (const std::u16string_view typed : {u"in 20 minutes", u"", u"whenever"}) {
-        RecordingOwner owner;
+        TimedOwner owner;
         ReminderDialog dialog = WithReminder();
         CarryOut(dialog.PressCancel(), &owner);
         const ReminderStep step = dialog.PressOk(typed, NoteAway::Hide, kNow);
