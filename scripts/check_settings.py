@@ -9,14 +9,24 @@ import re
 import sys
 
 TABLE = pathlib.Path("src")
-ROW = re.compile(r'\{u"([^"]+)",\s*(?:\w*Setting\{|Flag<)')
+ROW = re.compile(r'\{(?:u"([^"]+)"|(k\w+)),\s*(?:\w*Setting\{|\w+<)')
+CONSTANT = r'\b{name} = u"([^"]+)";'
 
 
 def names_of_the_program(root):
     sources = sorted((root / TABLE).rglob("settings_table.cpp"))
     if len(sources) != 1:
         sys.exit(f"the table of settings was looked for under {root / TABLE}, and found {len(sources)} times")
-    return ROW.findall(sources[0].read_text(encoding="utf-8"))
+    return [text or value_of(root, constant) for text, constant in ROW.findall(sources[0].read_text(encoding="utf-8"))]
+
+
+def value_of(root, constant):
+    """The name that a row takes from a constant."""
+    for header in sorted((root / TABLE).rglob("*.h")):
+        found = re.search(CONSTANT.format(name=constant), header.read_text(encoding="utf-8"))
+        if found:
+            return found[1]
+    sys.exit(f"the constant {constant} of the table of settings was not found under {root / TABLE}")
 
 
 def problems(described, known):

@@ -24,6 +24,12 @@ constexpr int kItalic = 2;
 constexpr int kUnderline = 4;
 constexpr int kStrikeThrough = 8;
 
+/// The rows take their defaults from here.
+const Settings& Defaults() {
+    static const Settings defaults;
+    return defaults;
+}
+
 /// A program in the Windows folder, or in the system folder if it exists only there.
 std::u16string SystemProgram(Shell& shell, FileStore& files, std::u16string_view name) {
     std::u16string inWindows = JoinPath(shell.WindowsFolder(), name);
@@ -45,7 +51,7 @@ std::u16string DefaultShortcut4(Shell& shell, FileStore& files) {
     return SystemProgram(shell, files, u"Calc.exe");
 }
 std::u16string DefaultFont(Shell& /*shell*/, FileStore& /*files*/) {
-    return u"Tahoma";
+    return Defaults().noteFont.name;
 }
 std::u16string DefaultReminder(Shell& shell, FileStore& /*files*/) {
     return JoinPath(FolderOfPath(shell.ProgramPath()), u"Reminder.wma");
@@ -71,8 +77,16 @@ auto& Font(Settings& s) {
 }
 
 template <auto member>
-constexpr FlagSetting Flag(bool defaultFlag = false) {
-    return {&Member<member>, defaultFlag, false};
+FlagSetting Flag(bool inverted = false) {
+    return {&Member<member>, Defaults().*member != inverted, inverted};
+}
+template <auto member>
+NumberSetting Number(int least, int most) {
+    return {&Member<member>, Defaults().*member, least, most};
+}
+template <auto member>
+ColorSetting Color() {
+    return {&Member<member>, Defaults().*member};
 }
 
 std::vector<SettingRow> MakeTable() {
@@ -84,18 +98,18 @@ std::vector<SettingRow> MakeTable() {
         {u"Shortcut 3", TextSetting{&Shortcut<2>, false, DefaultShortcut3, ShortcutFits}},
         {u"Shortcut 4", TextSetting{&Shortcut<3>, false, DefaultShortcut4, ShortcutFits}},
         {u"Note font", TextSetting{&Font<&F::name>, true, DefaultFont}},
-        {u"Note font size", NumberTextSetting{&Font<&F::size>, 8, 7, 32}},
+        {u"Note font size", NumberTextSetting{&Font<&F::size>, Defaults().noteFont.size, 7, 32}},
         {u"Note font style", FontStyleSetting{}},
-        {u"Note font charset", NumberSetting{&Font<&F::charset>, 0, 1, kAny}},
-        {u"Note color", ColorSetting{&Member<&S::noteColor>, ColorWord{14155262}}},
-        {u"Note border color", ColorSetting{&Member<&S::noteBorderColor>, ColorWord{3723262}}},
-        {u"Note text color", ColorSetting{&Member<&S::noteTextColor>, ColorWord{0}}},
+        {u"Note font charset", NumberSetting{&Font<&F::charset>, Defaults().noteFont.charset, 1, kAny}},
+        {u"Note color", Color<&S::noteColor>()},
+        {u"Note border color", Color<&S::noteBorderColor>()},
+        {u"Note text color", Color<&S::noteTextColor>()},
         {u"Note transparency", Flag<&S::noteTransparency>()},
-        {u"Note opacity", NumberSetting{&Member<&S::noteOpacity>, 192, 1, 255}},
+        {u"Note opacity", Number<&S::noteOpacity>(1, 255)},
         {u"Minimize to tray", Flag<&S::minimizeToTray>()},
-        {u"No drag and drop", FlagSetting{&Member<&S::dragAndDrop>, false, true}},
+        {u"No drag and drop", Flag<&S::dragAndDrop>(true)},
         {u"Show scroll bars", Flag<&S::showScrollBars>()},
-        {u"Random note color", Flag<&S::randomNoteColor>(true)},
+        {u"Random note color", Flag<&S::randomNoteColor>()},
         {u"Timestamp new notes", Flag<&S::timestampNewNotes>()},
         {u"High contrast off", Flag<&S::highContrastOff>()},
         {u"Don't recycle notes", Flag<&S::dontRecycleNotes>()},
@@ -106,12 +120,12 @@ std::vector<SettingRow> MakeTable() {
         {u"Do not remember filenames", Flag<&S::doNotRememberFilenames>()},
         {u"Auto-pin new notes", Flag<&S::autoPinNewNotes>()},
         {u"Do not adjust notes", Flag<&S::doNotAdjustNotes>()},
-        {u"New note hotkey", NumberSetting{&Member<&S::newNoteHotkey>, 78, 1, kAny}},
-        {u"Show notes hotkey", NumberSetting{&Member<&S::showNotesHotkey>, 83, 1, kAny}},
+        {u"New note hotkey", Number<&S::newNoteHotkey>(1, kAny)},
+        {u"Show notes hotkey", Number<&S::showNotesHotkey>(1, kAny)},
         {u"Shown Help", Flag<&S::shownHelp>(), false},
-        {u"Startup Mode", NumberSetting{&Member<&S::startupMode>, 0, std::numeric_limits<int>::min(), kAny}},
+        {u"Startup Mode", Number<&S::startupMode>(std::numeric_limits<int>::min(), kAny)},
         {kHiddenNotesValue, Flag<&S::hasHiddenNotes>(), false},
-        {u"Notes", NumberSetting{&Member<&S::notes>, 0, std::numeric_limits<int>::min(), kAny}, false},
+        {u"Notes", Number<&S::notes>(std::numeric_limits<int>::min(), kAny), false},
     };
 }
 
