@@ -314,6 +314,10 @@ use_test_desktop() {
     clone_prefix "$WINEPREFIX"
     start_xserver "$state" 1280x800x24
     wine_set 'HKCU\Software\Wine\Explorer' Desktop Quillo
+    if [[ -n ${QUILLO_TEST_DPI:-} ]]; then
+        wine_set 'HKCU\Control Panel\Desktop' LogPixels "$QUILLO_TEST_DPI" REG_DWORD
+        timeout 60 wineserver -w || true # the resolution is read when the server starts
+    fi
     wine_set 'HKCU\Software\Wine\Explorer\Desktops' Quillo 1280x800
     # The resident program is started first and with its streams detached: its child processes inherit them, and a reader of
     # the tests' output would otherwise wait forever.

@@ -3,6 +3,7 @@
 # A throwaway home folder, a throwaway Wine prefix with one shared virtual desktop of its own, a virtual X server, and
 # a resident program that keeps the desktop's services warm. Programs that run_windows.sh starts in parallel get more of
 # these. All of them are deleted afterwards.
+# QUILLO_TEST_DPI is the resolution of its screen, if it is not 96 dots per inch.
 # QUILLO_BUILD_DIR names a build tree other than build/windows-x64.
 set -euo pipefail
 # shellcheck source=scripts/lib.sh

@@ -1,4 +1,5 @@
-// The cost of the idle program: processor time with 50 notes on the screen, over a minute or more.
+// The cost of the idle program: processor time with 50 notes on the screen, over a minute or more, and how often its
+// threads were awake, which Linux counts.
 // Usage: idle_bench QUILLO.EXE [SECONDS [NOTES]]
 // It uses the notes folder of the user who runs it, and refuses one that holds notes.
 
@@ -23,9 +24,12 @@ int main(int argc, char** argv) {
     Sleep(kSettleMilliseconds);
     const double before = quillo.ProcessorMilliseconds();
     if (before <= 0) return std::printf("the system does not tell the program's processor time\n"), 1;
+    const long long awakeBefore = quillo.TimesAwake();
     Sleep(seconds * 1000);
     const double after = quillo.ProcessorMilliseconds();
+    const long long awake = quillo.TimesAwake() - awakeBefore;
     std::printf("%d notes: %.1f ms of processor time until all stood, %.1f ms in the %lu s untouched\n", notes, before,
                 after - before, seconds);
+    if (awake > 0) std::printf("awake %lld times\n", awake);
     return 0;
 }

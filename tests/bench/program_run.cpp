@@ -1,5 +1,6 @@
 #include "bench/program_run.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 #include "platform/wide.h"
@@ -9,21 +10,17 @@
 namespace quillo::bench {
 namespace {
 
-std::string SampleNote(int index) {
-    const int left = 300 + index % 10 * 1700;
-    const int top = 300 + index / 10 * 2000;
-    std::string text = "Note " + std::to_string(index);
-    for (int line = 0; line < 8; ++line) text += "\r\nmilk, bread, a call to the garage, line " + std::to_string(line);
-    return text + "\r\n<quillo><position>" + std::to_string(left) + "," + std::to_string(top) +
-           ",2820,2445</position><appearance>False,False,14155262,3723262,0,0</appearance><reminder></reminder>"
-           "<nodelete></nodelete></quillo>";
+/// The place of a sample's upper left corner in twips.
+POINT PlaceOf(int index, SamplePlaces places) {
+    constexpr int kFirst = 300;
+    if (places == SamplePlaces::Diagonal) return {kFirst + index * 150, kFirst + index * 120};
+    return {kFirst + index % 10 * 1700, kFirst + index / 10 * 2000};
 }
 
-std::vector<HWND> WindowsOf(const wchar_t* windowClass) {
-    std::vector<HWND> notes;
-    HWND note = nullptr;
-    while ((note = FindWindowExW(nullptr, note, windowClass, nullptr)) != nullptr) notes.push_back(note);
-    return notes;
+std::string WithTags(const std::string& text, POINT place) {
+    return text + "\r\n<quillo><position>" + std::to_string(place.x) + "," + std::to_string(place.y) +
+           ",2820,2445</position><appearance>False,False,14155262,3723262,0,0</appearance><reminder></reminder>"
+           "<nodelete></nodelete></quillo>";
 }
 
 /// The folders whose names are numbers: the processes and threads of Linux.
@@ -39,9 +36,32 @@ std::vector<std::wstring> NumbersIn(const std::wstring& folder) {
     return found;
 }
 
+double ProcessorMillisecondsIn(const std::wstring& linuxFolder) {
+    double nanoseconds = 0;
+    for (const std::wstring& thread : NumbersIn(linuxFolder + L"\\task")) {
+        nanoseconds += std::atof(ReadAllOfDevice(thread + L"\\schedstat").c_str());
+    }
+    return nanoseconds / 1'000'000;
+}
+
+double ProcessorMillisecondsOnWindows(HANDLE process) {
+    FILETIME ignored{};
+    FILETIME kernel{};
+    FILETIME user{};
+    GetProcessTimes(process, &ignored, &ignored, &kernel, &user);
+    const auto ticks = [](const FILETIME& time) { return (ULONGLONG{time.dwHighDateTime} << 32) + time.dwLowDateTime; };
+    return static_cast<double>(ticks(kernel) + ticks(user)) / 10'000;
+}
+
 }  // namespace
 
-NotesFolder::NotesFolder(int notes) {
+std::string SampleNote(int index, SamplePlaces places) {
+    std::string text = "Note " + std::to_string(index);
+    for (int line = 0; line < 8; ++line) text += "\r\nmilk, bread, a call to the garage, line " + std::to_string(line);
+    return WithTags(text, PlaceOf(index, places));
+}
+
+NotesFolder::NotesFolder(int notes, SamplePlaces places) {
     WinFileStore files;
     WinShell shell;
     std::u16string folder = shell.FolderPath(SpecialFolder::LocalApplicationData) + u"\\Marrowind";
@@ -52,14 +72,31 @@ NotesFolder::NotesFolder(int notes) {
     if (!files.List(folder, u".qln").empty()) return;
     ready_ = true;
     for (int i = 0; i < notes; ++i) {
-        const std::wstring path = path_ + L"\\bench" + std::to_wstring(i) + L".qln";
-        ready_ = files.Create(FromWide(path.c_str()), SampleNote(i)) == FileError::None && ready_;
+        // With as many digits each, so that the order by name is that of the numbers.
+        const std::wstring path = path_ + L"\\bench" + std::to_wstring(1000 + i) + L".qln";
+        ready_ = files.Create(FromWide(path.c_str()), SampleNote(i, places)) == FileError::None && ready_;
         files_.push_back(path);
     }
 }
 
+bool NotesFolder::AddLarge(std::size_t characters) {
+    std::string text;
+    for (int line = 0; text.size() < characters; ++line) {
+        text += "line " + std::to_string(line) + " of a note with a text that nobody reads to its end\r\n";
+    }
+    const std::wstring path = path_ + L"\\bench-large.qln";
+    WinFileStore files;
+    if (files.Create(FromWide(path.c_str()), WithTags(text, POINT{9000, 600})) != FileError::None) return false;
+    files_.push_back(path);
+    return true;
+}
+
 NotesFolder::~NotesFolder() {
-    for (const std::wstring& path : files_) DeleteFileW(path.c_str());
+    if (files_.empty()) return;  // the folder contains notes of the user
+    WinFileStore files;
+    for (const FileEntry& file : files.List(FromWide(path_.c_str()), u".qln")) {
+        if (files.Delete(file.path) != FileError::None) std::printf("a note was left behind\n");
+    }
 }
 
 ProgramRun::ProgramRun(const std::string& exe, int notes, const std::wstring& arguments, const wchar_t* windowClass)
@@ -88,25 +125,41 @@ ProgramRun::~ProgramRun() {
 }
 
 double ProgramRun::ProcessorMilliseconds() const {
-    return ProcessorMillisecondsOf(process_.Get(), name_);
+    if (linuxFolder_.empty()) linuxFolder_ = LinuxFolderOf(name_);
+    return linuxFolder_.empty() ? ProcessorMillisecondsOnWindows(process_.Get())
+                                : ProcessorMillisecondsIn(linuxFolder_);
+}
+
+long long ProgramRun::TimesAwake() const {
+    constexpr char kName[] = "\nvoluntary_ctxt_switches:";
+    if (linuxFolder_.empty()) linuxFolder_ = LinuxFolderOf(name_);
+    long long times = 0;
+    for (const std::wstring& thread :
+         linuxFolder_.empty() ? std::vector<std::wstring>() : NumbersIn(linuxFolder_ + L"\\task")) {
+        const std::string status = ReadAllOfDevice(thread + L"\\status");
+        const std::size_t at = status.find(kName);
+        if (at != std::string::npos) times += std::atoll(status.c_str() + at + sizeof kName - 1);
+    }
+    return times;
 }
 
 double ProcessorMillisecondsOf(HANDLE process, const std::string& name) {
     // Wine returns the time of the calling process.
     const std::wstring folder = LinuxFolderOf(name);
-    if (!folder.empty()) {
-        double nanoseconds = 0;
-        for (const std::wstring& thread : NumbersIn(folder + L"\\task")) {
-            nanoseconds += std::atof(ReadAllOfDevice(thread + L"\\schedstat").c_str());
-        }
-        return nanoseconds / 1'000'000;
-    }
-    FILETIME ignored{};
-    FILETIME kernel{};
-    FILETIME user{};
-    GetProcessTimes(process, &ignored, &ignored, &kernel, &user);
-    const auto ticks = [](const FILETIME& time) { return (ULONGLONG{time.dwHighDateTime} << 32) + time.dwLowDateTime; };
-    return static_cast<double>(ticks(kernel) + ticks(user)) / 10'000;
+    return folder.empty() ? ProcessorMillisecondsOnWindows(process) : ProcessorMillisecondsIn(folder);
+}
+
+bool IsPainted(HWND window) {
+    HWND box = FindWindowExW(window, nullptr, L"Edit", nullptr);
+    return IsWindowVisible(window) && !GetUpdateRect(window, nullptr, FALSE) && box != nullptr &&
+           !GetUpdateRect(box, nullptr, FALSE);
+}
+
+std::vector<HWND> WindowsOf(const wchar_t* windowClass) {
+    std::vector<HWND> windows;
+    HWND window = nullptr;
+    while ((window = FindWindowExW(nullptr, window, windowClass, nullptr)) != nullptr) windows.push_back(window);
+    return windows;
 }
 
 std::wstring LinuxFolderOf(const std::string& name) {

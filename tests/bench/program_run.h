@@ -8,10 +8,17 @@
 
 namespace quillo::bench {
 
-/// The folder from which the program takes its notes, filled with samples; the destructor deletes them.
+/// Where the samples are on the screen: side by side, or each a little to the right of the one before and below it, as
+/// the bare program shows its windows.
+enum class SamplePlaces { Grid, Diagonal };
+
+/// The bytes of a note file with a text of some lines.
+[[nodiscard]] std::string SampleNote(int index, SamplePlaces places);
+
+/// The folder from which the program takes its notes, filled with samples; the destructor deletes every note in it.
 class NotesFolder {
   public:
-    explicit NotesFolder(int notes);
+    explicit NotesFolder(int notes, SamplePlaces places = SamplePlaces::Grid);
     NotesFolder(const NotesFolder&) = delete;
     NotesFolder& operator=(const NotesFolder&) = delete;
     ~NotesFolder();
@@ -21,6 +28,8 @@ class NotesFolder {
     [[nodiscard]] const std::wstring& Path() const { return path_; }
     /// The full paths of the samples.
     [[nodiscard]] const std::vector<std::wstring>& Files() const { return files_; }
+    /// Adds a sample with a text of about that many characters, in lines of 64; false on failure.
+    [[nodiscard]] bool AddLarge(std::size_t characters);
 
   private:
     std::wstring path_;
@@ -31,6 +40,12 @@ class NotesFolder {
 /// The processor time of a process since its start, in user mode and in the system. `name` is the file name of the
 /// program.
 [[nodiscard]] double ProcessorMillisecondsOf(HANDLE process, const std::string& name);
+
+/// Whether a window and the text box in it are visible and completely painted.
+[[nodiscard]] bool IsPainted(HWND window);
+
+/// The top-level windows of a class, from front to back.
+[[nodiscard]] std::vector<HWND> WindowsOf(const wchar_t* windowClass);
 
 /// The folder on Wine's drive Z: in which Linux describes the youngest process of that program in this Wine prefix; ""
 /// on Windows.
@@ -49,8 +64,11 @@ class ProgramRun {
 
     [[nodiscard]] bool IsReady() const { return ready_; }
     [[nodiscard]] HANDLE Process() const { return process_.Get(); }
+    [[nodiscard]] std::vector<HWND> Windows() const { return WindowsOf(windowClass_); }
     /// Time in user mode and in the system since the start.
     [[nodiscard]] double ProcessorMilliseconds() const;
+    /// How often its threads have waited for something that then came; 0 where the system does not count that.
+    [[nodiscard]] long long TimesAwake() const;
     /// The text boxes of all notes.
     [[nodiscard]] std::vector<HWND> TextBoxes() const;
     /// Makes the program save every changed note, and returns when that is done; false on failure.
@@ -59,6 +77,7 @@ class ProgramRun {
   private:
     KernelHandle process_;
     std::string name_;
+    mutable std::wstring linuxFolder_;  ///< "" until it is looked up; finding it takes long
     const wchar_t* windowClass_;
     bool ready_ = false;
 };

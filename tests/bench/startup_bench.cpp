@@ -20,19 +20,12 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-bool IsPainted(HWND window) {
-    HWND box = FindWindowExW(window, nullptr, L"Edit", nullptr);
-    return IsWindowVisible(window) && !GetUpdateRect(window, nullptr, FALSE) && box != nullptr &&
-           !GetUpdateRect(box, nullptr, FALSE);
-}
-
-/// Whether that many windows of the class have been painted. Checks as little as possible: every check takes time from
-/// the program under measurement.
+/// Whether that many windows of the class have been painted, of all that there are. Checks as little as possible:
+/// every check takes time from the program under measurement.
 bool ArePainted(const wchar_t* windowClass, int notes) {
-    std::vector<HWND> windows;
-    HWND window = FindWindowExW(nullptr, nullptr, windowClass, nullptr);
-    for (; window != nullptr; window = FindWindowExW(nullptr, window, windowClass, nullptr)) windows.push_back(window);
-    return static_cast<int>(windows.size()) >= notes && std::all_of(windows.begin(), windows.end(), &IsPainted);
+    const std::vector<HWND> windows = quillo::bench::WindowsOf(windowClass);
+    return static_cast<int>(windows.size()) >= notes &&
+           std::count_if(windows.begin(), windows.end(), &quillo::bench::IsPainted) >= notes;
 }
 
 struct Start {
@@ -100,45 +93,97 @@ std::string SampleNote(int index) {
            "<nodelete></nodelete></quillo>";
 }
 
+/// The folder of notes, the programs and the number of rounds.
+struct Plan {
+    std::u16string folder;
+    std::wstring quillo;
+    std::wstring bare;
+    int runs = 0;
+};
+
+bool Write(const Plan& plan, const std::string& name, const std::string& bytes) {
+    quillo::WinFileStore files;
+    const std::u16string path = plan.folder + u'\\' + std::u16string(name.begin(), name.end());
+    return files.Create(path, bytes) == quillo::FileError::None;
+}
+
+void Delete(const Plan& plan, const std::string& name) {
+    quillo::WinFileStore files;
+    const std::u16string path = plan.folder + u'\\' + std::u16string(name.begin(), name.end());
+    if (files.Delete(path) != quillo::FileError::None) std::printf("a note was left behind\n");
+}
+
+std::string NameOf(int note) {
+    return "bench" + std::to_string(note) + ".qln";
+}
+
+/// Both programs in turn with the notes of the folder; false if they do not come.
+bool CompareWithBare(const Plan& plan, int notes) {
+    Times ours;
+    Times theirs;
+    for (int run = -1; run < plan.runs; ++run) {  // the first pair only warms up
+        const Start a = TimeStart(plan.quillo, L"QuilloNote", notes);
+        const Start b = TimeStart(plan.bare, L"BareNote", notes);
+        if (a.milliseconds < 0 || b.milliseconds < 0) return false;
+        if (run >= 0) ours.Add(a), theirs.Add(b);
+    }
+    Print(notes, "clock", ours.clock, theirs.clock);
+    Print(notes, "processor", ours.processor, theirs.processor);
+    return true;
+}
+
+/// The time until the notes of the folder are painted, with a very large one beside them and without it, in turn; false
+/// if they do not come.
+bool CompareWithLarge(const Plan& plan, int notes) {
+    constexpr char kName[] = "a-large.qln";  // the first by its name
+    constexpr std::size_t kCharacters = 3'900'000;
+    std::string large;
+    while (large.size() < kCharacters)
+        large += "a line of a very large note that is long enough to be wrapped once\r\n";
+    large += "<quillo><position>9000,600,2820,2445</position><nodelete></nodelete></quillo>";
+    Times with;
+    Times without;
+    for (int run = -1; run < plan.runs; ++run) {
+        if (!Write(plan, kName, large)) return false;
+        const Start a = TimeStart(plan.quillo, L"QuilloNote", notes);
+        Delete(plan, kName);
+        const Start b = TimeStart(plan.quillo, L"QuilloNote", notes);
+        if (a.milliseconds < 0 || b.milliseconds < 0) return false;
+        if (run >= 0) with.Add(a), without.Add(b);
+    }
+    std::printf("notes  time of    beside a note of %d characters      without it\n", static_cast<int>(kCharacters));
+    Print(notes, "clock", with.clock, without.clock);
+    return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc < 3) return std::printf("usage: startup_bench QUILLO.EXE BARE_NOTES.EXE [RUNS]\n"), 2;
-    const int runs = argc > 3 ? std::atoi(argv[3]) : 15;
     quillo::WinFileStore files;
     quillo::WinShell shell;
-    std::u16string folder = shell.FolderPath(quillo::SpecialFolder::LocalApplicationData) + u"\\Marrowind";
-    files.CreateFolder(folder);
-    folder += u"\\Notes";
-    files.CreateFolder(folder);
-    if (!files.List(folder, u".qln").empty()) return std::printf("the notes folder holds notes\n"), 2;
-
+    Plan plan;
+    plan.runs = argc > 3 ? std::atoi(argv[3]) : 15;
+    plan.folder = shell.FolderPath(quillo::SpecialFolder::LocalApplicationData) + u"\\Marrowind";
+    files.CreateFolder(plan.folder);
+    plan.folder += u"\\Notes";
+    files.CreateFolder(plan.folder);
+    if (!files.List(plan.folder, u".qln").empty()) return std::printf("the notes folder holds notes\n"), 2;
     const std::string program = argv[1];
-    const std::wstring quilloCommand = L"\"" + std::wstring(program.begin(), program.end()) + L"\"";
+    plan.quillo = L"\"" + std::wstring(program.begin(), program.end()) + L"\"";
     const std::string bare = argv[2];
-    const std::wstring bareCommand = L"\"" + std::wstring(bare.begin(), bare.end()) + L"\" " + quillo::Wide(folder);
+    plan.bare = L"\"" + std::wstring(bare.begin(), bare.end()) + L"\" " + quillo::Wide(plan.folder);
 
     std::printf("notes  time of    quillo ms (middle half)  bare ms (middle half)   ratio of medians\n");
+    bool measured = true;
     int written = 0;
     for (const int notes : {1, 10, 50}) {
-        for (; written < notes; ++written) {
-            const std::string name = "\\bench" + std::to_string(written) + ".qln";
-            const std::u16string path = folder + std::u16string(name.begin(), name.end());
-            if (files.Create(path, SampleNote(written)) != quillo::FileError::None) return 1;
-        }
-        Times ours;
-        Times theirs;
-        for (int run = -1; run < runs; ++run) {  // the first pair only warms up
-            const Start a = TimeStart(quilloCommand, L"QuilloNote", notes);
-            const Start b = TimeStart(bareCommand, L"BareNote", notes);
-            if (a.milliseconds < 0 || b.milliseconds < 0) return std::printf("the notes did not come\n"), 1;
-            if (run >= 0) ours.Add(a), theirs.Add(b);
-        }
-        Print(notes, "clock", ours.clock, theirs.clock);
-        Print(notes, "processor", ours.processor, theirs.processor);
+        for (; written < notes; ++written) measured = Write(plan, NameOf(written), SampleNote(written)) && measured;
+        measured = measured && CompareWithBare(plan, notes);
     }
-    for (const quillo::FileEntry& file : files.List(folder, u".qln")) {
-        if (files.Delete(file.path) != quillo::FileError::None) std::printf("a note was left behind\n");
-    }
-    return 0;
+    // No more than 50 notes can be open.
+    Delete(plan, NameOf(--written));
+    measured = measured && CompareWithLarge(plan, written);
+    while (written > 0) Delete(plan, NameOf(--written));
+    return measured ? 0 : (std::printf("the notes did not come\n"), 1);
 }

@@ -15,3 +15,10 @@ foreach(bench save idle memory)
 endforeach()
 target_link_libraries(memory_bench PRIVATE psapi)
 add_dependencies(memory_bench bare_notes)
+
+# Work by hand, with the real pointer and keyboard.
+add_executable(hand_bench ${CMAKE_CURRENT_LIST_DIR}/hand_bench.cpp ${CMAKE_CURRENT_LIST_DIR}/hand_actions.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/program_run.cpp ${PROJECT_SOURCE_DIR}/tests/e2e/harness/input.cpp)
+target_include_directories(hand_bench PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/tests/e2e)
+target_link_libraries(hand_bench PRIVATE quillo_windows)
+add_dependencies(hand_bench quillo bare_notes)
