@@ -20,7 +20,7 @@ NoteSaver::NoteSaver(SaverServices services, Note& note, std::function<NoteFile(
       note_(note),
       content_(std::move(content)),
       showFailure_(std::move(showFailure)),
-      timer_(services.timers.Make([this] { PersistNote(); })) {}
+      timer_(services.timers.Make([this] { OnTimer(); })) {}
 
 void NoteSaver::MarkChanged() {
     if (stopped_) return;
@@ -37,12 +37,27 @@ void NoteSaver::Wait() {
         PersistNote();
         return;
     }
-    timer_->Start(static_cast<std::uint32_t>(std::min(kPauseMilliseconds, latest - now)));
+    due_ = now + std::min(kPauseMilliseconds, latest - now);
+    // A running timer is left alone: a key or a step of a drag would otherwise cost two calls of the system.
+    if (!pausing_) StartPause(now);
+}
+
+void NoteSaver::StartPause(std::uint64_t now) {
+    pausing_ = true;
+    timer_->Start(static_cast<std::uint32_t>(due_ - now));
+}
+
+void NoteSaver::OnTimer() {
+    const bool pausing = std::exchange(pausing_, false);
+    const std::uint64_t now = services_.timers.Milliseconds();
+    if (pausing && now < due_) return StartPause(now);  // the note has changed since the timer was started
+    PersistNote();
 }
 
 bool NoteSaver::PersistNote() {
     if (stopped_ || !HasUnsavedChange()) return stored_;
     timer_->Stop();
+    pausing_ = false;
     ChooseStoragePath();
     const SavedNote saved = services_.store.SaveStorageCopy(content_(), note_.StoragePath);
     note_.Changed = false;  // intended after a failure too; failure_ records that the note could not be written
@@ -79,6 +94,7 @@ void NoteSaver::ChooseStoragePath() {
 void NoteSaver::Stop() {
     stopped_ = true;
     timer_->Stop();
+    pausing_ = false;
     if (failure_ != FileError::None) services_.failures.NoteIsSavedAgain(note_.NoteKey);
     failure_ = FileError::None;
 }

@@ -63,6 +63,8 @@ class NoteSaver {
 
   private:
     void Wait();
+    void StartPause(std::uint64_t now);
+    void OnTimer();
     void Report(FileError error);
 
     SaverServices services_;
@@ -72,6 +74,8 @@ class NoteSaver {
     FileVersion source_;
     std::unique_ptr<Timer> timer_;
     std::optional<std::uint64_t> firstChange_;  ///< when the oldest unsaved change was made, in milliseconds
+    std::uint64_t due_ = 0;                     ///< when to save the last change, in milliseconds; set while pausing_
+    bool pausing_ = false;                      ///< the timer runs because of a change, not after a failed write
     std::uint64_t hash_ = 0;                    ///< of the storage copy's bytes; 0 if there is none
     FileError failure_ = FileError::None;       ///< of the last write
     bool stored_ = false;                       ///< the last write of the storage copy succeeded

@@ -26,6 +26,7 @@ class FakeTimers : public Timers {
         while (FakeTimer* next = NextBefore(end)) {
             now_ = *next->due;
             next->due.reset();
+            ++ticks_;
             const auto tick = next->tick;  // a copy: the tick may destroy its timer
             tick();
         }
@@ -38,6 +39,10 @@ class FakeTimers : public Timers {
             std::count_if(timers_.begin(), timers_.end(), [](const FakeTimer* t) { return t->due.has_value(); }));
     }
 
+    /// How often a timer was started, and how often one has fired.
+    [[nodiscard]] int Starts() const { return starts_; }
+    [[nodiscard]] int Ticks() const { return ticks_; }
+
   private:
     struct FakeTimer : Timer {
         FakeTimer(FakeTimers& timers, std::function<void()> action) : owner(timers), tick(std::move(action)) {
@@ -46,7 +51,10 @@ class FakeTimers : public Timers {
         FakeTimer(const FakeTimer&) = delete;
         FakeTimer& operator=(const FakeTimer&) = delete;
         ~FakeTimer() override { std::erase(owner.timers_, this); }
-        void Start(std::uint32_t milliseconds) override { due = owner.now_ + milliseconds; }
+        void Start(std::uint32_t milliseconds) override {
+            due = owner.now_ + milliseconds;
+            ++owner.starts_;
+        }
         void Stop() override { due.reset(); }
 
         FakeTimers& owner;
@@ -64,6 +72,8 @@ class FakeTimers : public Timers {
 
     std::vector<FakeTimer*> timers_;
     std::uint64_t now_ = 1000;
+    int starts_ = 0;
+    int ticks_ = 0;
 };
 
 }  // namespace quillo

@@ -76,6 +76,29 @@ TEST_F(NoteSaverTest, SavesFiveSecondsAfterTheFirstUnsavedChangeHoweverSteadilyT
     }
 }
 
+TEST_F(NoteSaverTest, ManyChangesInOnePauseStartTheTimerOnceAndAgainForTheRest) {
+    for (int i = 0; i < 100; ++i) {
+        Type(u"x");
+        timers_.Pass(10);
+    }
+    EXPECT_EQ(timers_.Starts(), 1);
+    timers_.Pass(1990);
+    EXPECT_EQ(Stored().size(), 100U) << "two seconds after the last change";
+    EXPECT_EQ(timers_.Starts(), 2);
+    EXPECT_EQ(timers_.Ticks(), 2);
+}
+
+TEST_F(NoteSaverTest, AChangeWhileTheDiskRefusesTheNoteIsTriedAfterTheUsualPause) {
+    files_.FailWrites(true);
+    Type(u"a");
+    timers_.Pass(2000);
+    EXPECT_NE(shown_, FileError::None);
+    files_.FailWrites(false);
+    Type(u"b");
+    timers_.Pass(2000);
+    EXPECT_EQ(Stored(), u"ab");
+}
+
 TEST_F(NoteSaverTest, SavesDuringTheChangeWhenTheTimerCannotFire) {
     Type(u"a");
     timers_.PassWithoutTicks(4999);
