@@ -63,6 +63,7 @@ void NoteButton::SetTint(const ButtonTint& tint, const Scale& scale) {
 }
 
 LRESULT NoteButton::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (onMouse && message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) onMouse(message, lParam);
     switch (message) {
         case WM_MOUSEMOVE:
             return OnMouseMove(PointFromLParam(lParam), wParam), 0;

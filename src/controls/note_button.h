@@ -37,6 +37,8 @@ class NoteButton : public Window, private AccessibleSource {
     std::function<void()> onClick;
     std::function<void()> onShiftClick;
     std::function<void()> onMouseDown;
+    /// Gets each message of the mouse, with its place, before the button reacts. It must not end the note.
+    std::function<void(UINT message, LPARAM at)> onMouse;
 
   protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

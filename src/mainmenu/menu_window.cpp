@@ -54,6 +54,7 @@ bool MenuWindow::Create(bool translucent, int shellIconSize) {
 
 LRESULT MenuWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (MonitorCache::IsChange(message)) services_.monitors.Forget();
+    toolTips_.Relay(Handle(), message, lParam);
     const auto at = [&] { return ToDesign(PointFromLParam(lParam)); };
     switch (message) {
         case WM_DESTROY:

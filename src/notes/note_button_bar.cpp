@@ -19,6 +19,10 @@ NoteButtonBar::NoteButtonBar(NoteButtonImages& images)
     close_.SetPicture(ButtonPicture::Close);
     close_.onClick = [this] { onAction(NoteAction::ClickClose); };
     close_.onShiftClick = [this] { onAction(NoteAction::QuickDelete); };
+    for (NoteButton* button : {&menu_, &pushpin_, &close_}) {
+        button->onMouse = [this, button](UINT message, LPARAM at) { tips_.Relay(button->Handle(), message, at); };
+    }
+    sign_.onMouse = [this](UINT message, LPARAM at) { tips_.Relay(sign_.Handle(), message, at); };
 }
 
 void NoteButtonBar::Create(HWND note, const NoteLayout& layout) {
@@ -116,6 +120,10 @@ void NoteButtonBar::Notify(NMHDR& notification) {
 
 void MoveChild(HWND child, const Rect& place) {
     if (child == nullptr) return;
+    RECT now{};
+    GetWindowRect(child, &now);
+    MapWindowPoints(nullptr, GetParent(child), reinterpret_cast<POINT*>(&now), 2);
+    if (FromWin32(now) == place) return;
     SetWindowPos(child, nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

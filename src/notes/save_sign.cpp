@@ -49,6 +49,7 @@ void SaveSign::SetTint(const ButtonTint& tint, const Scale& scale) {
 }
 
 LRESULT SaveSign::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (onMouse && message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) onMouse(message, lParam);
     switch (message) {
         case WM_LBUTTONDOWN:
             return OnPressed(PointFromLParam(lParam)), 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,9 @@ class SaveSign : public Window, private AccessibleSource {
     [[nodiscard]] const std::u16string& Reason() const { return reason_; }
     /// The colors of the bar behind the sign and of its glyph.
     void SetTint(const ButtonTint& tint, const Scale& scale);
+
+    /// Gets each message of the mouse, with its place, before the sign reacts.
+    std::function<void(UINT message, LPARAM at)> onMouse;
 
   protected:
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

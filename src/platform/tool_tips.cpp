@@ -43,7 +43,7 @@ bool ToolTips::Create(HWND window, const Scale& scale) {
 void ToolTips::Add(HWND child) {
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.uFlags = TTF_IDISHWND;
     tool.hwnd = window_;
     tool.uId = reinterpret_cast<UINT_PTR>(child);
     tool.lpszText = LPSTR_TEXTCALLBACKW;
@@ -53,7 +53,6 @@ void ToolTips::Add(HWND child) {
 void ToolTips::AddArea(UINT_PTR id, const RECT& area) {
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    tool.uFlags = TTF_SUBCLASS;
     tool.hwnd = window_;
     tool.uId = id;
     tool.rect = area;
@@ -70,12 +69,17 @@ void ToolTips::MoveArea(UINT_PTR id, const RECT& area) {
     SendMessageW(tips_, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
+void ToolTips::Relay(HWND window, UINT message, LPARAM at) {
+    if (tips_ == nullptr || message < WM_MOUSEFIRST || message > WM_MOUSELAST) return;
+    MSG event{};
+    event.hwnd = window;
+    event.message = message;
+    event.lParam = at;
+    SendMessageW(tips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&event));
+}
+
 void ToolTips::PointerMoved(Point at) {
-    MSG move{};
-    move.hwnd = window_;
-    move.message = WM_MOUSEMOVE;
-    move.lParam = MAKELPARAM(at.x, at.y);
-    SendMessageW(tips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));
+    Relay(window_, WM_MOUSEMOVE, MAKELPARAM(at.x, at.y));
 }
 
 void ToolTips::Hide() {

@@ -27,6 +27,9 @@ class ToolTips {
     /// Adds a part of the window itself, in device pixels; the request for its text has the same `id`.
     void AddArea(UINT_PTR id, const RECT& area);
     void MoveArea(UINT_PTR id, const RECT& area);
+    /// Passes the messages of the mouse on, those of the window itself and of each child that was added. The control
+    /// could look for them on its own, but would then examine every other message of these windows, too.
+    void Relay(HWND window, UINT message, LPARAM at);
     /// Reports a pointer move over an area that the system regards as outside the client area, in device pixels.
     void PointerMoved(Point at);
     /// Hides the tip on the screen, if any, until the pointer rests on something again.

@@ -65,6 +65,32 @@ TEST_F(NoteMenuTest, TheButtonsHaveToolTipsOnceThePointerHovers) {
     EXPECT_EQ(IsWindow(tips), FALSE);
 }
 
+TEST_F(NoteMenuTest, TheToolTipOfAButtonAppearsUnderThePointerAndAPressHidesIt) {
+    ASSERT_TRUE(one_.Settle());
+    form_.MoveTo(TwipsRect{3000, 3000, 2820, 2445});
+    Show();
+    const HWND pin = one_.Child(ChildId::kPushpin);
+    const auto procedureOf = [](HWND window) { return GetWindowLongPtrW(window, GWLP_WNDPROC); };
+    const LONG_PTR ofNote = procedureOf(one_.Window());
+    const LONG_PTR ofPin = procedureOf(pin);
+    RECT place{};
+    GetWindowRect(pin, &place);
+    SetCursorPos(place.left + 5, place.top + 5);
+    SendMessageW(pin, WM_SETCURSOR, reinterpret_cast<WPARAM>(pin), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    const HWND tips = TipsOf(one_.Window());
+    ASSERT_NE(tips, nullptr);
+    SendMessageW(tips, TTM_SETDELAYTIME, TTDT_INITIAL, 0);
+    ASSERT_TRUE(PumpUntil([&] {
+        SendMessageW(pin, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+        return IsWindowVisible(tips) != 0;
+    }));
+    SendMessageW(pin, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(5, 5));
+    EXPECT_EQ(IsWindowVisible(tips), FALSE);
+    SendMessageW(pin, WM_RBUTTONUP, 0, MAKELPARAM(-5, 5));
+    EXPECT_EQ(procedureOf(one_.Window()), ofNote) << "the tips do not examine the note's other messages";
+    EXPECT_EQ(procedureOf(pin), ofPin);
+}
+
 TEST_F(NoteMenuTest, TheSignOfANoteThatIsNotSavedHasItsReasonInItsToolTip) {
     ASSERT_TRUE(one_.Settle());
     Show();
