@@ -62,7 +62,7 @@ ButtonResponse ButtonState::MouseUp(Point at, MouseButton released, bool shift) 
     captured_ = false;
 
     ButtonResponse response;
-    response.repaint = true;
+    response.repaint = wasRaised;
     response.capture = ButtonResponse::Capture::Release;
     if (wasRaised && !menuMode_ && Inside(at)) {
         const bool second = released == MouseButton::Other || shift;

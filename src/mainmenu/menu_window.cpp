@@ -288,7 +288,7 @@ void MenuWindow::ShowFrame(const SlideFrame& frame) {
         SetWindowPos(Handle(), nullptr, place_.left, place_.Bottom() - frame.rise, 0, 0,
                      SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
-    ShowWindow(Handle(), SW_SHOWNOACTIVATE);
+    if (!IsShowing()) ShowWindow(Handle(), SW_SHOWNOACTIVATE);
     UpdateWindow(Handle());
 }
 

@@ -67,7 +67,7 @@ class NoteButtonBar {
     std::optional<DWORD> menuClosedAt_;  ///< in milliseconds since the system's start
 };
 
-/// Moves a child of a window, if it exists.
+/// Moves a child of a window, if it exists and is at another place.
 void MoveChild(HWND child, const Rect& place);
 
 }  // namespace quillo

@@ -79,6 +79,19 @@ NoteLayout LayOutNote(Size client, const Scale& scale) {
     return layout;
 }
 
+std::vector<Rect> PartsToPaint(Size client, const Rect& textBox, const Rect& area) {
+    const Rect above{0, 0, client.width, textBox.top};
+    const Rect below{0, textBox.Bottom(), client.width, client.height - textBox.Bottom()};
+    const Rect left{0, textBox.top, textBox.left, textBox.height};
+    const Rect right{textBox.Right(), textBox.top, client.width - textBox.Right(), textBox.height};
+    std::vector<Rect> parts;
+    for (const Rect& part : {above, below, left, right}) {
+        const Rect painted = Intersection(part, area);
+        if (painted.width > 0 && painted.height > 0) parts.push_back(painted);
+    }
+    return parts;
+}
+
 NoteHit HitTestNote(Point at, Size client, const Scale& scale) {
     const int edge = scale.Px(kFoot);
     if (at.y <= client.height - edge) return NoteHit::Nothing;

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "ports/canvas.h"
 #include "util/color_word.h"
@@ -32,6 +33,10 @@ inline constexpr int kNoteTextMargin = 6;
 
 /// At any size no part has a negative extent and none overlaps another.
 [[nodiscard]] NoteLayout LayOutNote(Size client, const Scale& scale);
+
+/// The parts of `area` that the note itself paints: above its text box, below it and on either side. None is empty, and
+/// none overlaps another.
+[[nodiscard]] std::vector<Rect> PartsToPaint(Size client, const Rect& textBox, const Rect& area);
 
 /// The effect of a press at a point of the note.
 enum class NoteHit { Nothing, Bottom, BottomRight };

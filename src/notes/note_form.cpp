@@ -341,17 +341,26 @@ void NoteForm::OnPaint() {
     const PaintScope paint(Handle());
     const Rect client = ClientRect();
     if (client.width <= 0 || client.height <= 0) return;
-    const BufferedPaint buffer(paint.Dc(), paint.Area());
-    GdiCanvas canvas(buffer.Dc(), scale_);
+    const NoteLayout layout = Layout();
+    // The text box paints itself. A memory bitmap that includes it would be many times as large.
+    const Size size{client.width, client.height};
+    for (const Rect& part : PartsToPaint(size, layout.messageBox, FromWin32(paint.Area()))) {
+        const BufferedPaint buffer(paint.Dc(), ToWin32(part));
+        PaintFace(buffer.Dc(), layout);
+    }
+}
+
+void NoteForm::PaintFace(HDC dc, const NoteLayout& layout) {
+    GdiCanvas canvas(dc, scale_);
+    const Rect client = ClientRect();
     const Note& note = note_.Data();
     const std::u16string label =
         note.ReminderSet ? ReminderLabel(note.ReminderTime, services_.dates.clock.Now(), services_.dates.locale)
                          : std::u16string();
     const Size size{client.width, client.height};
     PaintNote(canvas, size, scale_, NotePaint{Resolve(noteColor_), Resolve(borderColor_)}, label);
-    const NoteLayout layout = Layout();
     canvas.Gradient(layout.dragBar, bar_.top, bar_.bottom);
-    if (!buttons_.IsCreated()) buttons_.PaintAtRest(buffer.Dc(), layout);
+    if (!buttons_.IsCreated()) buttons_.PaintAtRest(dc, layout);
 }
 
 bool NoteForm::InsertDropped(std::u16string_view text) {

@@ -104,6 +104,7 @@ class NoteForm : public Window, public NoteWindow, private AccessibleSource {
     void OnMinMaxInfo(MINMAXINFO& info) const;
     void OnPointerOverFoot(POINT screen);
     void OnPaint();
+    void PaintFace(HDC dc, const NoteLayout& layout);
     void OnPlaceChanged(const WINDOWPOS& place);
     void OnSystemChanged();
 

@@ -6,6 +6,7 @@ target_sources(quillo_windows_tests PRIVATE
   windows/app_id_test.cpp
   windows/control_fixture.cpp
   windows/divider_test.cpp
+  windows/hand_counts_test.cpp
   windows/import_counter.cpp
   windows/main.cpp
   windows/main_form_test.cpp

@@ -24,6 +24,20 @@ TEST(MenuSlide, ShowingIsTheMirrorOfHiding) {
     }
 }
 
+TEST(MenuSlide, EveryFrameDiffersFromTheOneBefore) {
+    for (int travel = kSlideFrames + 1; travel <= 1200; ++travel) {
+        const std::vector<SlideFrame> frames = SlideFrames(true, travel);
+        SlideFrame before{0, 0};  // hidden
+        for (const SlideFrame& frame : frames) {
+            ASSERT_GT(frame.opacity, before.opacity) << travel;
+            ASSERT_GT(frame.rise, before.rise) << travel;
+            before = frame;
+        }
+        EXPECT_LT(before.opacity, 255);
+        EXPECT_LT(before.rise, travel);
+    }
+}
+
 TEST(MenuSlide, AStepIsATwentiethOfTheWayCutToWholePixels) {
     const std::vector<SlideFrame> frames = SlideFrames(false, 199);
     EXPECT_EQ(frames.front().rise, 19 * 9);

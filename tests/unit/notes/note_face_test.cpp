@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <random>
@@ -68,6 +69,28 @@ TEST(NoteLayout, IsSoundAtEverySize) {
             }
         }
     }
+}
+
+TEST(PartsToPaint, CoverTheNoteButNotItsTextBox) {
+    for (const int width : {0, 1, 5, 40, 188}) {
+        for (const int height : {0, 1, 12, 30, 163}) {
+            const Rect textBox = LayOutNote(Size{width, height}, Scale(96)).messageBox;
+            const std::vector<Rect> parts = PartsToPaint(Size{width, height}, textBox, Rect{0, 0, width, height});
+            for (int y = 0; y < height; ++y) {
+                for (int x = 0; x < width; ++x) {
+                    const auto covers = [&](const Rect& part) { return part.Contains(Point{x, y}); };
+                    ASSERT_EQ(std::count_if(parts.begin(), parts.end(), covers), covers(textBox) ? 0 : 1)
+                        << x << "," << y << " of " << width << "x" << height;
+                }
+            }
+        }
+    }
+}
+
+TEST(PartsToPaint, AreThoseOfTheAreaOnly) {
+    const Rect textBox = LayOutNote(Size{188, 163}, Scale(96)).messageBox;
+    EXPECT_EQ(PartsToPaint(Size{188, 163}, textBox, Rect{1, 1, 20, 20}), std::vector<Rect>{(Rect{1, 1, 20, 20})});
+    EXPECT_TRUE(PartsToPaint(Size{188, 163}, textBox, Rect{50, 60, 30, 30}).empty());
 }
 
 TEST(HitTestNote, OnlyTheLowerEdgeResizes) {
