@@ -2,6 +2,10 @@
 
 #include "harness/e2e_test.h"
 #include "harness/tray.h"
+#include "platform/unique_handle.h"
+
+// After windows.h.
+#include <tlhelp32.h>
 
 namespace quillo::e2e {
 namespace {
@@ -13,6 +17,21 @@ constexpr COLORREF kFirstRunNote = 0xC0FFFF;
 constexpr COLORREF kFirstRunBorder = 0xC0FF;
 constexpr COLORREF kDefaultNote = 0xD7FDFE;
 constexpr COLORREF kDefaultBorder = 0x38CFFE;
+
+/// The libraries that a process has loaded, in lower case.
+std::set<std::wstring> LibrariesOf(DWORD process) {
+    std::set<std::wstring> names;
+    const KernelHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, process));
+    MODULEENTRY32W module{};
+    module.dwSize = sizeof module;
+    for (BOOL more = Module32FirstW(snapshot.Get(), &module); more != 0;
+         more = Module32NextW(snapshot.Get(), &module)) {
+        std::wstring name = module.szModule;
+        CharLowerW(name.data());
+        names.insert(name);
+    }
+    return names;
+}
 
 class FirstRun : public E2eTest {};
 class Startup : public OrdinaryTest {};
@@ -72,6 +91,18 @@ TEST_F(FirstRun, WithCloseStoresNothing) {
         EXPECT_FALSE(Profile().HasSettings());
         EXPECT_FALSE(Profile().RunValue());
         EXPECT_FALSE(FolderExists(Profile().MakersFolder()));
+    }
+}
+
+TEST_F(Startup, ANoteOnTheScreenHasLoadedNoLibraryOfALaterUse) {
+    Profile().AddNote(L"plain.qln", "hello");
+    Start();
+    (void)FindNote(Quillo(), L"hello");
+    const std::set<std::wstring> loaded = LibrariesOf(Quillo().Pid());
+    EXPECT_TRUE(loaded.count(L"user32.dll") == 1 && loaded.count(L"quillo.exe") == 1) << "the list was read";
+    // Those of scripts/libraries.txt that neither the start nor the icon beside the clock uses.
+    for (const wchar_t* later : {L"mapi32.dll", L"oleacc.dll", L"winmm.dll", L"comdlg32.dll"}) {
+        EXPECT_EQ(loaded.count(later), 0U) << std::wstring(later);
     }
 }
 

@@ -23,6 +23,8 @@ struct Counts {
     int libraries = 0;
     int registryValues = 0;
     int windowsInAll = 0;  ///< including those created after the first painting
+    int timersStarted = 0;
+    int timersRunning = 0;  ///< of those, when the notes are at rest
 };
 
 /// Opens real notes from a temporary folder in the same way as a start.
@@ -37,6 +39,9 @@ class OpenedNotes : private NoteWindowFactory {
         const ImportCounter<4, decltype(MonitorFromPoint)> nearest("MonitorFromPoint");
         const ImportCounter<5, decltype(LoadLibraryExW)> libraries("LoadLibraryExW");
         const ImportCounter<6, decltype(RegQueryValueExW)> values("RegQueryValueExW");
+        const ImportCounter<7, decltype(SetTimer)> timers("SetTimer");
+        const ImportCounter<8, decltype(KillTimer)> ended("KillTimer");
+        EXPECT_TRUE(timers.IsCalled() && ended.IsCalled());
         EXPECT_TRUE(windows.IsCalled() && classes.IsCalled() && files.IsCalled() && monitors.IsCalled() &&
                     nearest.IsCalled() && libraries.IsCalled() && values.IsCalled());
         {
@@ -53,6 +58,8 @@ class OpenedNotes : private NoteWindowFactory {
         EXPECT_TRUE(PumpUntil([&] { return windows.Calls() >= counts.windows + 3 * notes; }));
         PumpWaiting();
         counts.windowsInAll = windows.Calls();
+        counts.timersStarted = timers.Calls();
+        counts.timersRunning = timers.Calls() - ended.Calls();
         program_.openNotes.UnloadAll();
         return counts;
     }
@@ -101,6 +108,9 @@ TEST(StartCounts, EachNoteCostsItsTwoWindowsAndItsFileAndNothingElse) {
     EXPECT_EQ(many.nearestMonitors, 0);
     EXPECT_EQ(many.libraries, 0);
     EXPECT_EQ(many.registryValues, 0);
+    EXPECT_EQ(many.timersStarted - few.timersStarted, more)
+        << "one, for what each note creates after the first painting";
+    EXPECT_EQ(many.timersRunning, 0) << "a note at rest wakes nobody";
 }
 
 }  // namespace
