@@ -86,6 +86,8 @@ LRESULT NoteButton::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return OnClickMessage(), 0;
         case WM_GETOBJECT:
             return accessible_.Answer(Handle(), wParam, lParam);
+        case WM_NCPAINT:
+            return 0;  // there is no frame
         case WM_ERASEBKGND:
             return 1;  // the whole face is painted
         case WM_PAINT:

@@ -73,6 +73,8 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return OnCreate();
         case WM_DESTROY:
             return OnDestroy(), 0;
+        case WM_NCPAINT:
+            return 0;  // there is no frame
         case WM_NCHITTEST:
             return OnNcHitTest(message, wParam, lParam);
         case WM_ACTIVATE:

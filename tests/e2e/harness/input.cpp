@@ -1,10 +1,5 @@
 #include "harness/input.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <iostream>
-
 namespace quillo::e2e {
 namespace {
 
@@ -147,19 +142,6 @@ void PressKey(WORD key, const std::vector<WORD>& held) {
     for (auto modifier = held.rbegin(); modifier != held.rend(); ++modifier)
         inputs.push_back(KeyInput(*modifier, true));
     Send(std::move(inputs));
-}
-
-void ReportAttempts(int attempts) {
-    const ::testing::TestInfo* test = ::testing::UnitTest::GetInstance()->current_test_info();
-    if (test == nullptr) return;
-    int repeated = 1;
-    for (int i = 0; i < test->result()->test_property_count(); ++i) {
-        const ::testing::TestProperty& property = test->result()->GetTestProperty(i);
-        if (property.key() == std::string_view(kRepeatedActions)) repeated += std::atoi(property.value());
-    }
-    ::testing::Test::RecordProperty(kRepeatedActions, repeated);
-    // test.sh counts these lines.
-    std::cout << "REPEATED ACTION: " << attempts << " attempts, in " << test->name() << std::endl;
 }
 
 void TypeText(std::wstring_view text) {
