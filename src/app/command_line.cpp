@@ -1,7 +1,7 @@
 #include "app/command_line.h"
 
-#include "app/base/note_names.h"
 #include "ports/shell.h"
+#include "util/path_text.h"
 #include "util/text.h"
 
 namespace quillo {

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "app/base/hints.h"
-#include "app/base/note_names.h"
 #include "app/note_opening.h"
+#include "util/path_text.h"
 
 namespace quillo {
 namespace {

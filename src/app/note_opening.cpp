@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "app/base/hints.h"
-#include "app/base/note_names.h"
 #include "app/base/notes_folder.h"
 #include "app/note_identifier.h"
 #include "app/program.h"
@@ -16,6 +15,7 @@
 #include "ports/locale_text.h"
 #include "ports/user_notice.h"
 #include "util/content_hash.h"
+#include "util/path_text.h"
 
 namespace quillo {
 

@@ -6,6 +6,7 @@
 #include "notes/unicode_element.h"
 #include "util/content_hash.h"
 #include "util/ignore.h"
+#include "util/path_text.h"
 #include "util/text.h"
 
 namespace quillo {

@@ -20,6 +20,7 @@
 #include "ports/user_notice.h"
 #include "registry/tessel_registry.h"
 #include "util/ignore.h"
+#include "util/path_text.h"
 #include "util/text.h"
 
 namespace quillo {

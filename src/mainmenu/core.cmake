@@ -1,4 +1,5 @@
 target_sources(quillo_core PRIVATE
+  mainmenu/hotkey_choice.cpp
   mainmenu/menu_planes.cpp
   mainmenu/options_controller.cpp
   mainmenu/options_table.cpp

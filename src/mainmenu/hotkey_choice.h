@@ -1,10 +1,12 @@
 #pragma once
 
+#include <string>
+
 namespace quillo {
 
 /// The keys that can be chosen for the two global hotkeys, as virtual keys: letters and digits, and the navigation and
 /// editing keys from Page Up on, whose names are punctuation characters. Intended: the range covers the keys that have
-/// a one-character name (see KeyName).
+/// a name of one character (see KeyName).
 inline constexpr int kFirstHotkey = 33;
 inline constexpr int kLastHotkey = 90;
 
@@ -13,5 +15,8 @@ inline constexpr int kLastHotkey = 90;
 [[nodiscard]] constexpr bool IsHotkeyAllowed(int virtualKey, int otherHotkey) {
     return virtualKey >= kFirstHotkey && virtualKey <= kLastHotkey && virtualKey != otherHotkey;
 }
+
+/// The name of a virtual key for the user: the character for those of the range, "Key # 112" for any other.
+[[nodiscard]] std::u16string KeyName(int virtualKey);
 
 }  // namespace quillo

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/base/note_names.h"
 #include "ports/shell.h"
 #include "util/ignore.h"
 #include "util/numbers.h"
+#include "util/path_text.h"
 #include "util/text.h"
 
 namespace quillo {

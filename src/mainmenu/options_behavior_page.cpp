@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "app/base/note_names.h"
 #include "mainmenu/options_controller.h"
 #include "mainmenu/page_column.h"
 #include "platform/dialog_parts.h"
@@ -11,6 +10,7 @@
 #include "platform/window_effects.h"
 #include "ports/user_notice.h"
 #include "util/busy_flag.h"
+#include "util/path_text.h"
 #include "util/text.h"
 
 // After windows.h.

@@ -5,7 +5,6 @@
 
 #include "app/base/registry_keys.h"
 #include "app/base/settings_table.h"
-#include "app/base/shared_texts.h"
 #include "app/base/sound_choice.h"
 #include "app/open_notes.h"
 #include "app/startup.h"

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "app/base/note_names.h"
 #include "app/base/program_shortcut.h"
 #include "mainmenu/options_controller.h"
 #include "mainmenu/page_column.h"
 #include "platform/dialog_parts.h"
 #include "platform/file_dialogs.h"
 #include "util/busy_flag.h"
+#include "util/path_text.h"
 
 // After windows.h.
 #include <commdlg.h>

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "app/base/note_names.h"
 #include "ports/file_store.h"
 #include "util/ignore.h"
+#include "util/path_text.h"
 
 namespace quillo {
 namespace {

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "notes/open_note.h"
+#include "ports/locale_text.h"
 #include "util/text.h"
 
 namespace quillo {
@@ -100,6 +101,10 @@ NoteTips DescribeNoteButtons(const Note& note, std::u16string_view text, const S
                  withKeys(forGood ? u"Right click: delete for good" : u"Right click: move to the Recycle Bin",
                           NoteAction::QuickDelete);
     return tips;
+}
+
+std::u16string TimeStampText(DaySerial now, LocaleText& locale) {
+    return u"(" + locale.GeneralDate(now) + u")\r\n\r\n";
 }
 
 void Perform(NoteAction action, OpenNote& note) {

@@ -4,8 +4,11 @@
 #include <string_view>
 #include <vector>
 
+#include "util/day_serial.h"
+
 namespace quillo {
 
+class LocaleText;
 class OpenNote;
 struct Note;
 struct Settings;
@@ -72,6 +75,9 @@ struct NoteTips {
 };
 /// The tool tips of the buttons; that of the reminder is left empty.
 [[nodiscard]] NoteTips DescribeNoteButtons(const Note& note, std::u16string_view text, const Settings& settings);
+
+/// What AddTimestamp inserts: the date and time in parentheses and an empty line.
+[[nodiscard]] std::u16string TimeStampText(DaySerial now, LocaleText& locale);
 
 /// Carries out an action on a note, which may be closed afterwards. The window handles actions of its own (SelectAll,
 /// OpenMenu).

@@ -8,6 +8,7 @@
 #include "util/content_hash.h"
 #include "util/ignore.h"
 #include "util/numbers.h"
+#include "util/path_text.h"
 
 namespace quillo {
 namespace {

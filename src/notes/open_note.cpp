@@ -1,9 +1,9 @@
 #include "notes/open_note.h"
 
 #include "app/base/hints.h"
-#include "app/base/shared_texts.h"
 #include "notes/hide_hint.h"
 #include "notes/note_codec.h"
+#include "notes/note_commands.h"
 #include "notes/note_sharing.h"
 #include "notes/note_title.h"
 #include "notes/save_texts.h"

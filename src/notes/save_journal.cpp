@@ -3,10 +3,10 @@
 #include <array>
 #include <optional>
 
-#include "app/base/note_names.h"
 #include "ports/file_store.h"
 #include "ports/shell.h"
 #include "util/ignore.h"
+#include "util/path_text.h"
 #include "util/unicode.h"
 
 namespace quillo {

@@ -8,6 +8,7 @@ target_sources(quillo_core PRIVATE
   util/inflate.cpp
   util/monitor.cpp
   util/numbers.cpp
+  util/path_text.cpp
   util/placement.cpp
   util/string_builder.cpp
   util/text.cpp

@@ -6,13 +6,13 @@
 #include <ctime>
 #include <random>
 
-#include "app/base/note_names.h"
 #include "app/base/registry_keys.h"
 #include "places.h"
 #include "prefix_locale.h"
 #include "reg_text.h"
 #include "registry/tessel_registry.h"
 #include "util/numbers.h"
+#include "util/path_text.h"
 #include "util/text.h"
 #include "wine_channel.h"
 #include "wine_prefix.h"

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "app/base/note_names.h"
 #include "app/base/registry_keys.h"
 #include "path_list.h"
 #include "places.h"
@@ -17,6 +16,7 @@
 #include "platform/win_shell.h"
 #include "registry/tessel_registry.h"
 #include "util/ignore.h"
+#include "util/path_text.h"
 #include "wide_path.h"
 #include "words.h"
 

@@ -1,11 +1,11 @@
 #include <algorithm>
 
-#include "app/base/shared_texts.h"
 #include "commands.h"
 #include "controls/swatch_palette.h"
 #include "export_notes.h"
 #include "json_notes.h"
 #include "note_maker.h"
+#include "notes/note_commands.h"
 #include "reminders/reminder_phrase.h"
 #include "reminders/reminder_text.h"
 #include "util/unicode.h"

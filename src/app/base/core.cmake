@@ -5,6 +5,5 @@ target_sources(quillo_core PRIVATE
   app/base/os_facts.cpp
   app/base/program_shortcut.cpp
   app/base/settings_table.cpp
-  app/base/shared_texts.cpp
   app/base/sound_choice.cpp
 )

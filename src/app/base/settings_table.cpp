@@ -3,13 +3,13 @@
 #include <limits>
 #include <type_traits>
 
-#include "app/base/note_names.h"
 #include "app/base/program_shortcut.h"
 #include "app/base/registry_keys.h"
 #include "ports/file_store.h"
 #include "ports/shell.h"
 #include "registry/tessel_registry.h"
 #include "util/numbers.h"
+#include "util/path_text.h"
 #include "util/text.h"
 
 namespace quillo {

@@ -119,30 +119,6 @@ TEST_F(NoteNamesTest, AFolderThatEndsWithABackslashGetsNoSecond) {
     EXPECT_EQ(names_.SuggestNoteFileName(u"Milk"), u"D:\\Milk.qln");
 }
 
-TEST(PathHelpers, StripQuotes) {
-    EXPECT_EQ(StripQuotes(u"\"C:\\a b.qln\""), u"C:\\a b.qln");
-    EXPECT_EQ(StripQuotes(u"\"C:\\a"), u"C:\\a");
-    EXPECT_EQ(StripQuotes(u"C:\\a\""), u"C:\\a");
-    EXPECT_EQ(StripQuotes(u"C:\\a"), u"C:\\a");
-    EXPECT_EQ(StripQuotes(u"\"\"C:\\a\"\""), u"\"C:\\a\"");
-    EXPECT_EQ(StripQuotes(u"\""), u"");
-    EXPECT_EQ(StripQuotes(u"\"\""), u"");
-    EXPECT_EQ(StripQuotes(u""), u"");
-}
-
-TEST(PathHelpers, PartsOfAPath) {
-    EXPECT_EQ(FileNameOfPath(u"C:\\a\\b.qln"), u"b.qln");
-    EXPECT_EQ(FileNameOfPath(u"b.qln"), u"b.qln");
-    EXPECT_EQ(FileNameOfPath(u"C:\\a\\"), u"");
-    EXPECT_EQ(FolderOfPath(u"C:\\a\\b.qln"), u"C:\\a");
-    EXPECT_EQ(FolderOfPath(u"b.qln"), u"");
-    EXPECT_EQ(JoinPath(u"C:\\a", u"b"), u"C:\\a\\b");
-    EXPECT_EQ(JoinPath(u"C:\\", u"b"), u"C:\\b");
-    EXPECT_EQ(NameWithoutExtension(u"\"Shopping.list.txt\""), u"Shopping.list");
-    EXPECT_EQ(NameWithoutExtension(u"Shopping"), u"Shopping");
-    EXPECT_EQ(NameWithoutExtension(u".qln"), u"");
-}
-
 TEST_F(NoteNamesTest, ShortcutsAreResolved) {
     shell_.SetLink(u"C:\\Desktop\\tool.LNK", u"C:\\tools\\tool.exe");
     EXPECT_EQ(ResolveShortcut(u"C:\\Desktop\\tool.LNK", shell_), u"C:\\tools\\tool.exe");

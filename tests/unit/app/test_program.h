@@ -32,6 +32,7 @@
 #include "testing/recording_mail.h"
 #include "testing/recording_printer.h"
 #include "util/numbers.h"
+#include "util/path_text.h"
 
 namespace quillo {
 

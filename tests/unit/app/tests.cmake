@@ -10,7 +10,6 @@ target_sources(quillo_core_tests PRIVATE
   unit/app/quit_test.cpp
   unit/app/recovery_test.cpp
   unit/app/settings_table_test.cpp
-  unit/app/shared_texts_test.cpp
   unit/app/startup_test.cpp
   unit/app/sound_choice_test.cpp
 )

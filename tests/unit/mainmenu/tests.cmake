@@ -1,5 +1,6 @@
 target_sources(quillo_core_tests PRIVATE
   unit/mainmenu/contrast_test.cpp
+  unit/mainmenu/hotkey_choice_test.cpp
   unit/mainmenu/main_form_rules_test.cpp
   unit/mainmenu/menu_map_test.cpp
   unit/mainmenu/menu_planes_test.cpp

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "open_note_fixture.h"
+#include "testing/fake_locale_text.h"
 
 namespace quillo {
 namespace {
@@ -23,6 +24,12 @@ TEST(NoteCommands, EveryShortcutHasItsAction) {
     EXPECT_EQ(NoteKeyAction('W', kControlShift), NoteAction::QuickDelete);
     EXPECT_EQ(NoteKeyAction('\t', kControl), NoteAction::NextNote);
     EXPECT_EQ(NoteKeyAction('\t', kControlShift), NoteAction::PreviousNote);
+}
+
+TEST(NoteCommands, TheTimeStampIsTheGeneralDateAndAnEmptyLine) {
+    FakeLocaleText locale;
+    EXPECT_EQ(TimeStampText(ToDaySerial({2026, 11, 21, 9, 30, 5}), locale), u"(11/21/2026 9:30:05 AM)\r\n\r\n");
+    EXPECT_EQ(TimeStampText(ToDaySerial({2026, 11, 21, 0, 0, 0}), locale), u"(11/21/2026)\r\n\r\n");
 }
 
 TEST(NoteCommands, ShiftMattersForWOnly) {

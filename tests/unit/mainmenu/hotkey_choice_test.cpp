@@ -1,19 +1,11 @@
-#include "app/base/shared_texts.h"
+#include "mainmenu/hotkey_choice.h"
 
 #include <gtest/gtest.h>
-
-#include "testing/fake_locale_text.h"
 
 namespace quillo {
 namespace {
 
-TEST(SharedTexts, TimeStampIsTheGeneralDateAndAnEmptyLine) {
-    FakeLocaleText locale;
-    EXPECT_EQ(TimeStampText(ToDaySerial({2026, 11, 21, 9, 30, 5}), locale), u"(11/21/2026 9:30:05 AM)\r\n\r\n");
-    EXPECT_EQ(TimeStampText(ToDaySerial({2026, 11, 21, 0, 0, 0}), locale), u"(11/21/2026)\r\n\r\n");
-}
-
-TEST(SharedTexts, KeysFrom33To90AreNamedByTheirCharacter) {
+TEST(HotkeyChoice, KeysFrom33To90AreNamedByTheirCharacter) {
     struct Case {
         int key;
         std::u16string_view name;
