@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "app/base/registry_keys.h"
+#include "app/base/settings.h"
 #include "app/note_identifier.h"
 #include "app/open_notes.h"
 #include "ports/locale_text.h"
@@ -24,7 +25,6 @@ namespace quillo {
 namespace {
 
 /// The number of notes, and the values of each, whose names end in the note's number.
-constexpr std::u16string_view kCount = u"Notes";
 constexpr std::u16string_view kText = u"Note ";
 constexpr std::u16string_view kSize = u"Note size ";
 constexpr std::u16string_view kReminder = u"Note reminder ";
@@ -107,7 +107,7 @@ bool LegacyNotes::Import(const NoteServices& services) {
     bool anyHidden = false;
     TextTable values;
     if (!store.GetAllValues(values)) return false;  // the rest of the store would be lost when it is cleared
-    numbers_ = NumbersOf(values, store.ValueLong(kCount));
+    numbers_ = NumbersOf(values, store.ValueLong(setting::kNotes));
     for (const std::int64_t number : numbers_) {
         const OpenNote* note = ImportNote(services, store, number);
         if (note == nullptr) {
@@ -162,14 +162,14 @@ bool LegacyNotes::StillHolds(const OpenNote& note) const {
 
 void LegacyNotes::Clear() {
     TesselRegistry store(registry_, kUserKey);
-    const std::int64_t count = store.ValueLong(kCount);
+    const std::int64_t count = store.ValueLong(setting::kNotes);
     for (const std::int64_t number : numbers_) {
         if (number > count) break;
         for (const std::u16string_view name : kOfEachNote) {
             store.DeleteValue(Numbered(name, number));
         }
     }
-    store.DeleteValue(kCount);
+    store.DeleteValue(setting::kNotes);
 }
 
 }  // namespace quillo

@@ -74,7 +74,7 @@ void Quit::TakeBackRescue() {
 
 void Quit::LeaveRunKey() {
     TesselRegistry key(registry_, kUserKey);
-    if (key.ValueLong(u"Startup Mode") < 1 || program_.openNotes.Count() != 0) return;
+    if (key.ValueLong(setting::kStartupMode) < 1 || program_.openNotes.Count() != 0) return;
     key.SetRootPath(kRunKey);
     key.DeleteValue(kRunValue);
 }

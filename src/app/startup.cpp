@@ -99,7 +99,7 @@ void Startup::GreetFirstRun() {
     if (settings.shownHelp) return;
     settings.shownHelp = true;
     TesselRegistry registry(world_.registry, kUserKey);
-    registry.SetValueLong(u"Shown Help", kTrueNumber);
+    registry.SetValueLong(setting::kShownHelp, kTrueNumber);
     settings.noteColor = kFirstNoteColor;
     settings.noteBorderColor = kFirstBorderColor;
     settings.noteTextColor = kFirstTextColor;

@@ -11,7 +11,6 @@
 #include "registry/tessel_registry.h"
 #include "util/busy_flag.h"
 #include "util/ignore.h"
-#include "util/numbers.h"
 
 namespace quillo {
 namespace {
@@ -217,10 +216,11 @@ void MainForm::OnQuit() {
 
 void MainForm::SetShortcut(int index, std::u16string_view path) {
     if (index < 1 || index > kMenuSlots || !ShortcutFits(path)) return;
-    services_.program.settings.shortcuts.at(static_cast<std::size_t>(index) - 1) = path;
+    const auto slot = static_cast<std::size_t>(index) - 1;
+    services_.program.settings.shortcuts.at(slot) = path;
     RedrawShortcuts();
     TesselRegistry registry(services_.registry, kUserKey);
-    Ignore(SaveSetting(registry, services_.program.settings, u"Shortcut " + FormatInteger(index)),
+    Ignore(SaveSetting(registry, services_.program.settings, setting::kShortcuts.at(slot)),
            "every slot has its row in the table");
 }
 

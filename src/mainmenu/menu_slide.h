@@ -25,8 +25,8 @@ struct SlideFrame {
 
 /// Whether the menu is animated: not if the user has disabled it here or for the whole system, and not over a remote
 /// connection.
-[[nodiscard]] constexpr bool IsSlideAnimated(bool disabledHere, bool systemAnimates, bool remoteSession) {
-    return !disabledHere && systemAnimates && !remoteSession;
+[[nodiscard]] constexpr bool IsSlideAnimated(bool enabledHere, bool systemAnimates, bool remoteSession) {
+    return enabledHere && systemAnimates && !remoteSession;
 }
 
 }  // namespace quillo

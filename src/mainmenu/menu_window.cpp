@@ -231,7 +231,7 @@ void MenuWindow::SlideForm(bool show) {
         LookUpIcons();
         CreateToolTips();
     }
-    if (IsSlideAnimated(services_.settings.disableAnimation, SystemAnimates(), IsRemoteSession())) Animate(show);
+    if (IsSlideAnimated(services_.settings.animation, SystemAnimates(), IsRemoteSession())) Animate(show);
     if (show) {
         ShowFrame(SlideFrame{kOpaque, place_.height});
         SetForegroundWindow(Handle());

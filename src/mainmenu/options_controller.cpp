@@ -1,7 +1,6 @@
 #include "mainmenu/options_controller.h"
 
 #include <algorithm>
-#include <variant>
 
 #include "app/base/registry_keys.h"
 #include "app/base/settings_table.h"
@@ -20,14 +19,6 @@ namespace quillo {
 namespace {
 
 using C = OptionControl;
-
-/// The row of a setting that is a flag; null for any other.
-const FlagSetting* FindFlag(std::u16string_view name) {
-    for (const SettingRow& row : SettingsTable()) {
-        if (EqualsIgnoringAsciiCase(row.name, name)) return std::get_if<FlagSetting>(&row.kind);
-    }
-    return nullptr;
-}
 
 /// 0 for the first program shortcut.
 std::size_t ShortcutIndex(C box) {
@@ -55,9 +46,7 @@ bool OptionsController::IsChecked(OptionControl check) const {
     if (check == C::SpecialStartupCheck) return world_.settings.startupMode >= 1;
     const OptionRow& row = RowOf(check);
     const FlagSetting* flag = FindFlag(row.settings.front());
-    if (flag == nullptr) return false;
-    const bool stored = flag->member(world_.settings) != flag->inverted;
-    return stored != row.inverted;
+    return flag != nullptr && flag->member(world_.settings);
 }
 
 void OptionsController::SetChecked(OptionControl check, bool checked) {
@@ -66,8 +55,7 @@ void OptionsController::SetChecked(OptionControl check, bool checked) {
     const OptionRow& row = RowOf(check);
     const FlagSetting* flag = FindFlag(row.settings.front());
     if (flag == nullptr) return;
-    const bool stored = checked != row.inverted;
-    flag->member(world_.settings) = stored != flag->inverted;
+    flag->member(world_.settings) = checked;
     Save(row);
     Apply(row.effect);
 }

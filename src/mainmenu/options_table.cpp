@@ -1,5 +1,7 @@
 #include "mainmenu/options_table.h"
 
+#include "app/base/settings.h"
+
 namespace quillo {
 namespace {
 
@@ -19,12 +21,7 @@ constexpr std::u16string_view kShortcutTip = u"Click the [...] button to browse 
 /// A check box for one flag.
 constexpr OptionRow Check(C control, OptionsPage page, std::u16string_view caption, std::u16string_view setting,
                           E effect = E::None) {
-    return {control, page, K::Check, caption, u"", kAtOnce, {setting}, effect, false};
-}
-/// The same, with the opposite value in the registry.
-constexpr OptionRow InvertedCheck(C control, OptionsPage page, std::u16string_view caption, std::u16string_view setting,
-                                  E effect = E::None) {
-    return {control, page, K::Check, caption, u"", kAtOnce, {setting}, effect, true};
+    return {control, page, K::Check, caption, u"", kAtOnce, {setting}, effect};
 }
 constexpr OptionRow TextBox(C control, OptionsPage page, std::u16string_view toolTip, std::u16string_view setting) {
     return {control, page, K::TextBox, u"", toolTip, kOnClose, {setting}};
@@ -43,7 +40,7 @@ constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
      u"Default colors",
      u"",
      kAtOnce,
-     {u"Note color", u"Note border color", u"Note text color"},
+     {setting::kNoteColor, setting::kNoteBorderColor, setting::kNoteTextColor},
      E::Appearance},
     {C::FontTextLabel, kAppearance, K::Text, u"You can choose a font for the text on your sticky notes."},
     {C::FontLabel, kAppearance, K::Text, u""},
@@ -53,18 +50,18 @@ constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
      u"&Browse...",
      u"Click here to browse for a new font.",
      kAtOnce,
-     {u"Note font", u"Note font size", u"Note font style", u"Note font charset"},
+     {setting::kNoteFont, setting::kNoteFontSize, setting::kNoteFontStyle, setting::kNoteFontCharset},
      E::Appearance},
-    Check(C::RandomNoteColorCheck, kAppearance, u"Make every note a different color.", u"Random note color"),
+    Check(C::RandomNoteColorCheck, kAppearance, u"Make every note a different color.", setting::kRandomNoteColor),
     Check(C::AutoAddTimestampCheck, kAppearance, u"Add the time and date to newly created notes.",
-          u"Timestamp new notes"),
-    Check(C::NoHighContrastCheck, kAppearance, u"Display the notes with more subtle title bars.", u"High contrast off",
-          E::Appearance),
+          setting::kTimestampNewNotes),
+    Check(C::NoHighContrastCheck, kAppearance, u"Display the notes with more subtle title bars.",
+          setting::kHighContrastOff, E::Appearance),
     {C::EyeCandyDivider, kAppearance, K::Divider, u"Eye candy"},
     {C::EyeCandyLabel, kAppearance, K::Text,
      u"These options may improve the appearance of Quillo, but will cause it to run more slowly."},
-    InvertedCheck(C::AnimationCheck, kAppearance, u"Animate the Quillo menu.", u"Disable animation"),
-    Check(C::TranslucentCheck, kAppearance, u"Make my notes translucent (see-through).", u"Note transparency",
+    Check(C::AnimationCheck, kAppearance, u"Animate the Quillo menu.", setting::kDisableAnimation),
+    Check(C::TranslucentCheck, kAppearance, u"Make my notes translucent (see-through).", setting::kNoteTransparency,
           E::Translucency),
     {C::OpaqueLabel, kAppearance, K::Text, u"Opaque"},
     {C::OpacitySlider,
@@ -73,7 +70,7 @@ constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
      u"Opacity",
      u"",
      kAtOnce,
-     {u"Note opacity", u"Note transparency"},
+     {setting::kNoteOpacity, setting::kNoteTransparency},
      E::Translucency},
     {C::FaintLabel, kAppearance, K::Text, u"Faint"},
 
@@ -83,52 +80,53 @@ constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
      u"can change them if they conflict with another program."},
     {C::NewNoteWindowsKeyLabel, kShortcuts, K::Text, u"Windows key +"},
     {C::NewNoteKeyLabel, kShortcuts, K::Text, u"New note:"},
-    KeyBox(C::NewNoteKeyBox, u"New note hotkey"),
+    KeyBox(C::NewNoteKeyBox, setting::kNewNoteHotkey),
     {C::SurfaceWindowsKeyLabel, kShortcuts, K::Text, u"Windows key +"},
     {C::SurfaceKeyLabel, kShortcuts, K::Text, u"Surface all notes:"},
-    KeyBox(C::SurfaceKeyBox, u"Show notes hotkey"),
+    KeyBox(C::SurfaceKeyBox, setting::kShowNotesHotkey),
     {C::MoreShortcutsLabel, kShortcuts, K::Text, u"See Quillo help for a listing of more handy shortcuts."},
     {C::MenuShortcutsDivider, kShortcuts, K::Divider, u"Quillo menu shortcuts"},
     {C::MenuShortcutsLabel, kShortcuts, K::Text,
      u"You can keep shortcuts to four frequently-used programs right on the Quillo menu.  You can search for the "
      u"programs here, or you can drag-and-drop programs to the Quillo menu."},
     {C::ShortcutLabel1, kShortcuts, K::Text, u"Program &1:"},
-    TextBox(C::ShortcutBox1, kShortcuts, kShortcutTip, u"Shortcut 1"),
+    TextBox(C::ShortcutBox1, kShortcuts, kShortcutTip, setting::kShortcuts[0]),
     {C::BrowseButton1, kShortcuts, K::GlyphButton, u"Browse for program 1", kShortcutTip},
     {C::ShortcutLabel2, kShortcuts, K::Text, u"Program &2:"},
-    TextBox(C::ShortcutBox2, kShortcuts, kShortcutTip, u"Shortcut 2"),
+    TextBox(C::ShortcutBox2, kShortcuts, kShortcutTip, setting::kShortcuts[1]),
     {C::BrowseButton2, kShortcuts, K::GlyphButton, u"Browse for program 2", kShortcutTip},
     {C::ShortcutLabel3, kShortcuts, K::Text, u"Program &3:"},
-    TextBox(C::ShortcutBox3, kShortcuts, kShortcutTip, u"Shortcut 3"),
+    TextBox(C::ShortcutBox3, kShortcuts, kShortcutTip, setting::kShortcuts[2]),
     {C::BrowseButton3, kShortcuts, K::GlyphButton, u"Browse for program 3", kShortcutTip},
     {C::ShortcutLabel4, kShortcuts, K::Text, u"Program &4:"},
-    TextBox(C::ShortcutBox4, kShortcuts, kShortcutTip, u"Shortcut 4"),
+    TextBox(C::ShortcutBox4, kShortcuts, kShortcutTip, setting::kShortcuts[3]),
     {C::BrowseButton4, kShortcuts, K::GlyphButton, u"Browse for program 4", kShortcutTip},
 
     {C::BehaviorHeading, kBehavior, K::Heading, u"Sticky note behavior"},
     {C::BehaviorLabel, kBehavior, K::Text,
      u"What your notes do when you make, move, close and delete them, and when they remind you."},
-    Check(C::ShowScrollBarsCheck, kBehavior, u"Show scroll bars on my notes.", u"Show scroll bars", E::Appearance),
-    Check(C::AutoPinCheck, kBehavior, u"Automatically pin new sticky notes.", u"Auto-pin new notes"),
-    Check(C::DontRecycleCheck, kBehavior, u"Don't put deleted notes in the Recycle Bin.", u"Don't recycle notes"),
-    Check(C::MinimizeToTrayCheck, kBehavior, u"Clicking the (X) puts the note next to the clock.", u"Minimize to tray"),
-    InvertedCheck(C::DragDropCheck, kBehavior, u"Allow me to drag-and-drop text on my notes.", u"No drag and drop",
-                  E::Appearance),
+    Check(C::ShowScrollBarsCheck, kBehavior, u"Show scroll bars on my notes.", setting::kShowScrollBars, E::Appearance),
+    Check(C::AutoPinCheck, kBehavior, u"Automatically pin new sticky notes.", setting::kAutoPinNewNotes),
+    Check(C::DontRecycleCheck, kBehavior, u"Don't put deleted notes in the Recycle Bin.", setting::kDontRecycleNotes),
+    Check(C::MinimizeToTrayCheck, kBehavior, u"Clicking the (X) puts the note next to the clock.",
+          setting::kMinimizeToTray),
+    Check(C::DragDropCheck, kBehavior, u"Allow me to drag-and-drop text on my notes.", setting::kNoDragAndDrop,
+          E::Appearance),
     Check(C::DontAdjustNotesCheck, kBehavior, u"Don't adjust notes to fit on my screen (for multiple monitors)",
-          u"Do not adjust notes"),
+          setting::kDoNotAdjustNotes),
     {C::BalloonDivider, kBehavior, K::Divider, u"Balloon help"},
-    Check(C::DisableBalloonHelpCheck, kBehavior, u"Do not show help balloons.", u"Disable balloon help"),
+    Check(C::DisableBalloonHelpCheck, kBehavior, u"Do not show help balloons.", setting::kDisableBalloonHelp),
     {C::ColumnDivider, kBehavior, K::Divider, u""},
     {C::NoteFilesDivider, kBehavior, K::Divider, u"Note files"},
     {C::NoteFolderLabel, kBehavior, K::Text, u"When I close notes, save their files here instead of the desktop:"},
-    TextBox(C::NoteFolderBox, kBehavior, u"Click [...] to search for a folder.", u"Note folder"),
+    TextBox(C::NoteFolderBox, kBehavior, u"Click [...] to search for a folder.", setting::kNoteFolder),
     {C::BrowseNoteFolderButton, kBehavior, K::GlyphButton, u"Browse for a folder",
      u"Click here to search for a folder."},
     Check(C::DoNotRememberFilenamesCheck, kBehavior, u"...even if I previously renamed or moved the file.",
-          u"Do not remember filenames"),
+          setting::kDoNotRememberFilenames),
     {C::RemindersDivider, kBehavior, K::Divider, u"Sticky reminders"},
     {C::ReminderSoundLabel, kBehavior, K::Text, u"Choose which sound file will be played for note reminders. "},
-    TextBox(C::ReminderSoundBox, kBehavior, u"Click [...] to search for a sound.", u"Reminder"),
+    TextBox(C::ReminderSoundBox, kBehavior, u"Click [...] to search for a sound.", setting::kReminder),
     {C::BrowseSoundButton, kBehavior, K::GlyphButton, u"Browse for a sound", u"Click here to search for a sound."},
     {C::PlaySoundButton, kBehavior, K::GlyphButton, u"Play this sound", u"Click here to play this sound."},
     {C::StartupDivider, kBehavior, K::Divider, u"Quillo startup behavior"},
@@ -138,7 +136,7 @@ constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
      u"Do not automatically start Quillo when I log in.",
      u"",
      kAtOnce,
-     {u"Startup mode"}},
+     {setting::kStartupMode}},
 
     {C::HelpHeading, kHelp, K::Heading, u"Quillo at a glance"},
     {C::HelpLabel, kHelp, K::Text, u"The keys that save the most time:"},

@@ -157,7 +157,6 @@ struct OptionRow {
     /// The registry values, from the first on; the remaining entries are empty.
     std::array<std::u16string_view, 4> settings{};
     OptionEffect effect = OptionEffect::None;
-    bool inverted = false;  ///< a check box: the registry has the opposite of the box's state
 };
 
 [[nodiscard]] const OptionRow& RowOf(OptionControl control);

@@ -1,5 +1,6 @@
 #include <set>
 
+#include "app/base/settings_table.h"
 #include "harness/choice_dialog.h"
 #include "harness/e2e_test.h"
 #include "harness/main_menu.h"
@@ -41,7 +42,7 @@ class OptionsTest : public OrdinaryTest {
     /// The registry value of a check box in that state.
     static std::uint32_t StoredFor(const OptionRow& row, bool checked) {
         if (row.control == C::SpecialStartupCheck) return checked ? 1 : 0;
-        return checked != row.inverted ? kTrue : 0;
+        return checked != FindFlag(row.settings.front())->inverted ? kTrue : 0;
     }
     /// Presses a check box twice, and checks both values; answers the warning.
     void ExpectSwitches(const OptionsWindow& options, const OptionRow& row, const std::function<void()>& press) {

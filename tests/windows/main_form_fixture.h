@@ -21,7 +21,7 @@ class MainFormTest : public testing::Test {
     static constexpr UINT kTick = 10;
 
     MainFormTest() {
-        test_.program.settings.disableAnimation = true;
+        test_.program.settings.animation = false;
         test_.program.settings.newNoteHotkey = VK_F23;
         test_.program.settings.showNotesHotkey = VK_F24;
         form_.onNewNote = [this] { heard_ += "new "; };

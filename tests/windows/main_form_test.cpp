@@ -37,7 +37,7 @@ TEST_F(MainFormWindow, SlidingToWhereItIsDoesNothing) {
 }
 
 TEST_F(MainFormWindow, AnimatedItEndsWhereItEndsWithoutAnimation) {
-    test_.program.settings.disableAnimation = false;
+    test_.program.settings.animation = true;
     form_.SlideForm(true);
     EXPECT_TRUE(form_.IsShowing());
     BYTE alpha = 0;
@@ -51,7 +51,7 @@ TEST_F(MainFormWindow, AnimatedItEndsWhereItEndsWithoutAnimation) {
 TEST_F(MainFormWindow, WhereWindowsCannotBeTranslucentItSlides) {
     form_.Unload();
     test_.program.os.windows2000OrLater = false;
-    test_.program.settings.disableAnimation = false;
+    test_.program.settings.animation = true;
     ASSERT_TRUE(form_.Load());
     EXPECT_EQ(GetWindowLongPtrW(form_.Handle(), GWL_EXSTYLE) & WS_EX_LAYERED, 0);
     form_.SlideForm(true);

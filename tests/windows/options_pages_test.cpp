@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "accessible_reader.h"
+#include "app/base/settings_table.h"
 #include "options_form_fixture.h"
 
 namespace quillo {
@@ -15,7 +16,7 @@ using windows_tests::OptionsFormTest;
 
 TEST_F(OptionsFormTest, ShowsTheCurrentSettings) {
     Now().autoPinNewNotes = true;
-    Now().disableAnimation = true;
+    Now().animation = false;
     Now().startupMode = 1;
     Now().shortcuts = {u"C:\\1.exe", u"C:\\2.exe", u"", u"C:\\4.exe"};
     Now().noteFolder = u"C:\\Closed";
@@ -49,7 +50,9 @@ TEST_F(OptionsFormTest, EveryCheckBoxWritesWhenItIsPressed) {
             EXPECT_EQ(IsChecked(row.control), wanted);
             EXPECT_EQ(Written(), Names{std::u16string(row.settings.front())});
             const int on = row.control == C::SpecialStartupCheck ? 1 : kTrueNumber;
-            EXPECT_EQ(Number(row.settings.front()), wanted != row.inverted ? on : 0) << static_cast<int>(row.control);
+            const FlagSetting* flag = FindFlag(row.settings.front());
+            const bool stored = wanted != (flag != nullptr && flag->inverted);
+            EXPECT_EQ(Number(row.settings.front()), stored ? on : 0) << static_cast<int>(row.control);
         }
     }
 }

@@ -24,11 +24,11 @@ void Hints::ShowBalloonOrBox(const Hint& hint, std::u16string_view boxText) {
 }
 
 bool Hints::HasHiddenNotes() const {
-    return TesselRegistry(registry_, kUserKey).ValueLong(kHiddenNotesValue) != 0;
+    return TesselRegistry(registry_, kUserKey).ValueLong(setting::kHasHiddenNotes) != 0;
 }
 
 void Hints::RememberHiddenNote() {
-    TesselRegistry(registry_, kUserKey).SetValueLong(kHiddenNotesValue, kTrueNumber);
+    TesselRegistry(registry_, kUserKey).SetValueLong(setting::kHasHiddenNotes, kTrueNumber);
 }
 
 }  // namespace quillo

@@ -12,9 +12,6 @@ inline constexpr std::u16string_view kMachineKey = u"HKEY_LOCAL_MACHINE\\Softwar
 inline constexpr std::u16string_view kRunKey = u"HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 inline constexpr std::u16string_view kRunValue = u"Quillo";
 
-/// A flag of the user's key: a note was hidden before.
-inline constexpr std::u16string_view kHiddenNotesValue = u"Has hidden notes";
-
 /// The number written for a flag that is true; any number but 0 is read as true.
 inline constexpr int kTrueNumber = -1;
 

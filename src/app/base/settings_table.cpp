@@ -24,12 +24,6 @@ constexpr int kItalic = 2;
 constexpr int kUnderline = 4;
 constexpr int kStrikeThrough = 8;
 
-/// The rows take their defaults from here.
-const Settings& Defaults() {
-    static const Settings defaults;
-    return defaults;
-}
-
 /// A program in the Windows folder, or in the system folder if it exists only there.
 std::u16string SystemProgram(Shell& shell, FileStore& files, std::u16string_view name) {
     std::u16string inWindows = JoinPath(shell.WindowsFolder(), name);
@@ -49,9 +43,6 @@ std::u16string DefaultShortcut3(Shell& shell, FileStore& files) {
 }
 std::u16string DefaultShortcut4(Shell& shell, FileStore& files) {
     return SystemProgram(shell, files, u"Calc.exe");
-}
-std::u16string DefaultFont(Shell& /*shell*/, FileStore& /*files*/) {
-    return Defaults().noteFont.name;
 }
 std::u16string DefaultReminder(Shell& shell, FileStore& /*files*/) {
     return JoinPath(FolderOfPath(shell.ProgramPath()), u"Reminder.wma");
@@ -77,55 +68,49 @@ auto& Font(Settings& s) {
 }
 
 template <auto member>
-FlagSetting Flag(bool inverted = false) {
-    return {&Member<member>, Defaults().*member != inverted, inverted};
+constexpr FlagSetting Flag() {
+    return {&Member<member>, false};
 }
 template <auto member>
-NumberSetting Number(int least, int most) {
-    return {&Member<member>, Defaults().*member, least, most};
-}
-template <auto member>
-ColorSetting Color() {
-    return {&Member<member>, Defaults().*member};
+constexpr FlagSetting InvertedFlag() {
+    return {&Member<member>, true};
 }
 
 std::vector<SettingRow> MakeTable() {
     using S = Settings;
     using F = FontSetting;
     return {
-        {u"Shortcut 1", TextSetting{&Shortcut<0>, false, DefaultShortcut1, ShortcutFits}},
-        {u"Shortcut 2", TextSetting{&Shortcut<1>, false, DefaultShortcut2, ShortcutFits}},
-        {u"Shortcut 3", TextSetting{&Shortcut<2>, false, DefaultShortcut3, ShortcutFits}},
-        {u"Shortcut 4", TextSetting{&Shortcut<3>, false, DefaultShortcut4, ShortcutFits}},
-        {u"Note font", TextSetting{&Font<&F::name>, true, DefaultFont}},
-        {u"Note font size", NumberTextSetting{&Font<&F::size>, Defaults().noteFont.size, 7, 32}},
-        {u"Note font style", FontStyleSetting{}},
-        {u"Note font charset", NumberSetting{&Font<&F::charset>, Defaults().noteFont.charset, 1, kAny}},
-        {u"Note color", Color<&S::noteColor>()},
-        {u"Note border color", Color<&S::noteBorderColor>()},
-        {u"Note text color", Color<&S::noteTextColor>()},
-        {u"Note transparency", Flag<&S::noteTransparency>()},
-        {u"Note opacity", Number<&S::noteOpacity>(1, 255)},
-        {u"Minimize to tray", Flag<&S::minimizeToTray>()},
-        {u"No drag and drop", Flag<&S::dragAndDrop>(true)},
-        {u"Show scroll bars", Flag<&S::showScrollBars>()},
-        {u"Random note color", Flag<&S::randomNoteColor>()},
-        {u"Timestamp new notes", Flag<&S::timestampNewNotes>()},
-        {u"High contrast off", Flag<&S::highContrastOff>()},
-        {u"Don't recycle notes", Flag<&S::dontRecycleNotes>()},
-        {u"Disable balloon help", Flag<&S::disableBalloonHelp>()},
-        {u"Disable animation", Flag<&S::disableAnimation>()},
-        {u"Reminder", TextSetting{&Member<&S::reminder>, true, DefaultReminder}},
-        {u"Note folder", TextSetting{&Member<&S::noteFolder>, true, DefaultNoteFolder}},
-        {u"Do not remember filenames", Flag<&S::doNotRememberFilenames>()},
-        {u"Auto-pin new notes", Flag<&S::autoPinNewNotes>()},
-        {u"Do not adjust notes", Flag<&S::doNotAdjustNotes>()},
-        {u"New note hotkey", Number<&S::newNoteHotkey>(1, kAny)},
-        {u"Show notes hotkey", Number<&S::showNotesHotkey>(1, kAny)},
-        {u"Shown Help", Flag<&S::shownHelp>(), false},
-        {u"Startup Mode", Number<&S::startupMode>(std::numeric_limits<int>::min(), kAny)},
-        {kHiddenNotesValue, Flag<&S::hasHiddenNotes>(), false},
-        {u"Notes", Number<&S::notes>(std::numeric_limits<int>::min(), kAny), false},
+        {setting::kShortcuts[0], TextSetting{&Shortcut<0>, false, DefaultShortcut1, ShortcutFits}},
+        {setting::kShortcuts[1], TextSetting{&Shortcut<1>, false, DefaultShortcut2, ShortcutFits}},
+        {setting::kShortcuts[2], TextSetting{&Shortcut<2>, false, DefaultShortcut3, ShortcutFits}},
+        {setting::kShortcuts[3], TextSetting{&Shortcut<3>, false, DefaultShortcut4, ShortcutFits}},
+        {setting::kNoteFont, TextSetting{&Font<&F::name>, true}},
+        {setting::kNoteFontSize, NumberTextSetting{&Font<&F::size>, 7, 32}},
+        {setting::kNoteFontStyle, FontStyleSetting{}},
+        {setting::kNoteFontCharset, NumberSetting{&Font<&F::charset>, 1, kAny}},
+        {setting::kNoteColor, ColorSetting{&Member<&S::noteColor>}},
+        {setting::kNoteBorderColor, ColorSetting{&Member<&S::noteBorderColor>}},
+        {setting::kNoteTextColor, ColorSetting{&Member<&S::noteTextColor>}},
+        {setting::kNoteTransparency, Flag<&S::noteTransparency>()},
+        {setting::kNoteOpacity, NumberSetting{&Member<&S::noteOpacity>, 1, 255}},
+        {setting::kMinimizeToTray, Flag<&S::minimizeToTray>()},
+        {setting::kNoDragAndDrop, InvertedFlag<&S::dragAndDrop>()},
+        {setting::kShowScrollBars, Flag<&S::showScrollBars>()},
+        {setting::kRandomNoteColor, Flag<&S::randomNoteColor>()},
+        {setting::kTimestampNewNotes, Flag<&S::timestampNewNotes>()},
+        {setting::kHighContrastOff, Flag<&S::highContrastOff>()},
+        {setting::kDontRecycleNotes, Flag<&S::dontRecycleNotes>()},
+        {setting::kDisableBalloonHelp, Flag<&S::disableBalloonHelp>()},
+        {setting::kDisableAnimation, InvertedFlag<&S::animation>()},
+        {setting::kReminder, TextSetting{&Member<&S::reminder>, true, DefaultReminder}},
+        {setting::kNoteFolder, TextSetting{&Member<&S::noteFolder>, true, DefaultNoteFolder}},
+        {setting::kDoNotRememberFilenames, Flag<&S::doNotRememberFilenames>()},
+        {setting::kAutoPinNewNotes, Flag<&S::autoPinNewNotes>()},
+        {setting::kDoNotAdjustNotes, Flag<&S::doNotAdjustNotes>()},
+        {setting::kNewNoteHotkey, NumberSetting{&Member<&S::newNoteHotkey>, 1, kAny}},
+        {setting::kShowNotesHotkey, NumberSetting{&Member<&S::showNotesHotkey>, 1, kAny}},
+        {setting::kShownHelp, Flag<&S::shownHelp>()},
+        {setting::kStartupMode, NumberSetting{&Member<&S::startupMode>, std::numeric_limits<int>::min(), kAny}},
     };
 }
 
@@ -135,6 +120,7 @@ struct Loader {
     Shell* shell;  // null if the system's folders are unknown
     FileStore* files;
     Settings& settings;
+    Settings& defaults;  // not const: the rows give access for writing as well as for reading
     std::u16string_view name;
 
     void operator()(const TextSetting& row) const {
@@ -143,25 +129,28 @@ struct Loader {
         std::u16string& member = row.member(settings);
         if (!text.empty() && (row.accepts == nullptr || row.accepts(text))) {
             member = std::move(text);
+        } else if (row.defaultText == nullptr) {
+            member = row.member(defaults);
         } else if (shell != nullptr && files != nullptr) {
             member = row.defaultText(*shell, *files);
         }
     }
     void operator()(const FlagSetting& row) const {
-        const bool stored = registry.GetValueLong(name, row.defaultFlag ? kTrueNumber : 0) != 0;
+        const bool defaultStored = row.member(defaults) != row.inverted;
+        const bool stored = registry.GetValueLong(name, defaultStored ? kTrueNumber : 0) != 0;
         row.member(settings) = stored != row.inverted;
     }
     void operator()(const NumberSetting& row) const {
-        const int number = registry.GetValueLong(name, row.defaultNumber);
-        row.member(settings) = number >= row.least && number <= row.most ? number : row.defaultNumber;
+        const int number = registry.GetValueLong(name, row.member(defaults));
+        row.member(settings) = number >= row.least && number <= row.most ? number : row.member(defaults);
     }
     void operator()(const ColorSetting& row) const {
         const ColorWord stored = ColorWord::FromNumber(registry.ValueLong(name));
-        row.member(settings) = registry.Value(name).empty() ? row.defaultColor : stored;
+        row.member(settings) = registry.Value(name).empty() ? row.member(defaults) : stored;
     }
     void operator()(const NumberTextSetting& row) const {
         const double number = ParseLeadingNumber(registry.Value(name));
-        row.member(settings) = number >= row.least && number <= row.most ? number : row.defaultNumber;
+        row.member(settings) = number >= row.least && number <= row.most ? number : row.member(defaults);
     }
     void operator()(const FontStyleSetting& /*row*/) const {
         const int style = registry.ValueLong(name);
@@ -194,6 +183,14 @@ struct Saver {
     }
 };
 
+void Load(TesselRegistry& registry, Shell* shell, FileStore* files, Settings& settings) {
+    registry.SetRootPath(kUserKey);
+    Settings defaults;
+    for (const SettingRow& row : SettingsTable()) {
+        std::visit(Loader{registry, shell, files, settings, defaults, row.name}, row.kind);
+    }
+}
+
 }  // namespace
 
 const std::vector<SettingRow>& SettingsTable() {
@@ -202,17 +199,11 @@ const std::vector<SettingRow>& SettingsTable() {
 }
 
 void LoadSettings(TesselRegistry& registry, Shell& shell, FileStore& files, Settings& settings) {
-    registry.SetRootPath(kUserKey);
-    for (const SettingRow& row : SettingsTable()) {
-        std::visit(Loader{registry, &shell, &files, settings, row.name}, row.kind);
-    }
+    Load(registry, &shell, &files, settings);
 }
 
 void LoadStoredSettings(TesselRegistry& registry, Settings& settings) {
-    registry.SetRootPath(kUserKey);
-    for (const SettingRow& row : SettingsTable()) {
-        std::visit(Loader{registry, nullptr, nullptr, settings, row.name}, row.kind);
-    }
+    Load(registry, nullptr, nullptr, settings);
 }
 
 bool LoadUseRoamingProfile(TesselRegistry& registry) {
@@ -220,12 +211,11 @@ bool LoadUseRoamingProfile(TesselRegistry& registry) {
     return registry.ValueLong(u"Use roaming profile") != 0;
 }
 
-void SaveSettings(TesselRegistry& registry, const Settings& settings) {
-    registry.SetRootPath(kUserKey);
-    Settings values = settings;
+const FlagSetting* FindFlag(std::u16string_view name) {
     for (const SettingRow& row : SettingsTable()) {
-        if (row.isOption) std::visit(Saver{registry, values, row.name}, row.kind);
+        if (row.name == name) return std::get_if<FlagSetting>(&row.kind);
     }
+    return nullptr;
 }
 
 bool SaveSetting(TesselRegistry& registry, const Settings& settings, std::u16string_view name) {

@@ -13,25 +13,25 @@ class FileStore;
 class Shell;
 class TesselRegistry;
 
+// A member of a default-constructed Settings is the default of its setting.
+
 /// A text; an empty one means the default.
 struct TextSetting {
     std::u16string& (*member)(Settings&);
     bool trimmed;
-    std::u16string (*defaultText)(Shell&, FileStore&);
-    bool (*accepts)(std::u16string_view text) = nullptr;  ///< refused text means the default; null: any text
+    std::u16string (*defaultText)(Shell&, FileStore&) = nullptr;  ///< for a default that depends on the system
+    bool (*accepts)(std::u16string_view text) = nullptr;          ///< refused text means the default; null: any text
 };
 
 /// A number, -1 for true and 0 for false; any number but 0 reads as true.
 struct FlagSetting {
     bool& (*member)(Settings&);
-    bool defaultFlag;
     bool inverted;  ///< the member is the negation of the stored value
 };
 
 /// A number from `least` to `most`; any other means the default.
 struct NumberSetting {
     int& (*member)(Settings&);
-    int defaultNumber;
     int least;
     int most;
 };
@@ -39,13 +39,11 @@ struct NumberSetting {
 /// A color word; the default only for a missing value, so that black, 0, stays black.
 struct ColorSetting {
     ColorWord& (*member)(Settings&);
-    ColorWord defaultColor;
 };
 
 /// A number from `least` to `most` stored as text with "." as its decimal separator; any other means the default.
 struct NumberTextSetting {
     double& (*member)(Settings&);
-    double defaultNumber;
     double least;
     double most;
 };
@@ -57,8 +55,6 @@ struct FontStyleSetting {};
 struct SettingRow {
     std::u16string_view name;
     std::variant<TextSetting, FlagSetting, NumberSetting, ColorSetting, NumberTextSetting, FontStyleSetting> kind;
-    /// False for values that the program records for itself; saving the options leaves them unchanged.
-    bool isOption = true;
 };
 
 /// Every setting of the user, in the order of loading and saving.
@@ -73,8 +69,9 @@ void LoadStoredSettings(TesselRegistry& registry, Settings& settings);
 /// The machine's one setting; false if it cannot be read.
 [[nodiscard]] bool LoadUseRoamingProfile(TesselRegistry& registry);
 
-/// Writes every option to the user's key.
-void SaveSettings(TesselRegistry& registry, const Settings& settings);
+/// The row of a flag; null if there is no such flag.
+[[nodiscard]] const FlagSetting* FindFlag(std::u16string_view name);
+
 /// Writes one row, named as in the table in any letter case; false if there is no such row.
 bool SaveSetting(TesselRegistry& registry, const Settings& settings, std::u16string_view name);
 

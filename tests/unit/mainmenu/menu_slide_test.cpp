@@ -52,10 +52,10 @@ TEST(MenuSlide, AFrameLastsAtLeastSevenMilliseconds) {
 }
 
 TEST(MenuSlide, NothingMovesWhereAnimationIsDisabled) {
-    EXPECT_TRUE(IsSlideAnimated(false, true, false));
-    EXPECT_FALSE(IsSlideAnimated(true, true, false)) << "the user, here";
-    EXPECT_FALSE(IsSlideAnimated(false, false, false)) << "the user, for all programs";
-    EXPECT_FALSE(IsSlideAnimated(false, true, true)) << "a remote session";
+    EXPECT_TRUE(IsSlideAnimated(true, true, false));
+    EXPECT_FALSE(IsSlideAnimated(false, true, false)) << "the user, here";
+    EXPECT_FALSE(IsSlideAnimated(true, false, false)) << "the user, for all programs";
+    EXPECT_FALSE(IsSlideAnimated(true, true, true)) << "a remote session";
 }
 
 }  // namespace

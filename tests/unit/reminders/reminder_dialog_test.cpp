@@ -199,7 +199,6 @@ TEST(ChooseNoteAway, AnAbsentValueMeansThatNothingWasHiddenYet) {
     const OsFacts os;
     Settings settings;
     settings.minimizeToTray = true;
-    settings.hasHiddenNotes = true;  // as loaded at start-up: the registry decides
     EXPECT_EQ(ChooseNoteAway(settings, Hints(notice, settings, os, registry)), NoteAway::MinimizeWithBalloon);
 }
 
