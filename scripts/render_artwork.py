@@ -6,11 +6,19 @@ The same sources give the same bytes. Needs rsvg-convert; everything else is Pyt
 
 import argparse
 import pathlib
+import re
 import struct
 import subprocess
 import sys
 import xml.etree.ElementTree
 import zlib
+
+# The program's own colors, {name: (red, green, blue)}.
+PALETTE_HEADER = pathlib.Path(__file__).resolve().parent.parent / "src" / "util" / "palette.h"
+PALETTE = {
+    name: tuple(int(channel, 16) for channel in channels.split(", "))
+    for name, channels in re.findall(r"k(\w+) = ColorWord::FromRgb\(([^)]*)\)", PALETTE_HEADER.read_text(encoding="utf-8"))
+}
 
 # Size in pixels: source. The small ones are drawn for their grid, the others are the mark at any size.
 ICON_SOURCES = {
@@ -50,18 +58,18 @@ MENU_SIZE = (300, 180)  # pixels at 96 dpi
 MENU_SCALES = (100, 125, 150, 175, 200)
 # Groups of the drawing in the order in which they are painted over each other, with their colors in the normal face.
 MENU_PLANES = {
-    "panel": (0xFF, 0xFD, 0xD0),
+    "panel": PALETTE["Paper"],
     "tile": None,  # only in the highlighted face
-    "shade": (0x2B, 0x2A, 0x27),
-    "line": (0x8C, 0x87, 0x75),
-    "well": (0x8C, 0x87, 0x75),
-    "paper": (0xFF, 0xFD, 0xD0),
-    "edge": (0xFE, 0xCF, 0x38),
-    "accent": (0xD9, 0x8E, 0x04),
-    "glyph": (0x2B, 0x2A, 0x27),
-    "ink": (0x2B, 0x2A, 0x27),
+    "shade": PALETTE["Ink"],
+    "line": PALETTE["Line"],
+    "well": PALETTE["Line"],
+    "paper": PALETTE["Paper"],
+    "edge": PALETTE["Edge"],
+    "accent": PALETTE["Accent"],
+    "glyph": PALETTE["Ink"],
+    "ink": PALETTE["Ink"],
 }
-MENU_SURFACE = (0xFB, 0xF9, 0xF1)
+MENU_SURFACE = PALETTE["Surface"]
 SVG_NAMESPACE = "http://www.w3.org/2000/svg"
 
 # The icons of the options dialog's tabs, each size from the drawing itself, with alpha.
@@ -75,9 +83,9 @@ ABOUT_SIZES = (96, 120, 144, 168, 192)  # at 100 to 200 percent
 GAP = 20
 STRIP_CELL = (FRAME * 3 * 6, FRAME * len(BUTTON_ROWS) * 6)  # a strip, six times its size at 96 dpi
 NOTE_GROUNDS = (  # bar, glyph
-    ((0xFF, 0xFD, 0xD0), (0x2B, 0x2A, 0x27)),
-    ((0xFE, 0xCF, 0x38), (0x2B, 0x2A, 0x27)),
-    ((0xFE, 0x84, 0x60), (0x2B, 0x2A, 0x27)),
+    (PALETTE["Paper"], PALETTE["Ink"]),
+    (PALETTE["Edge"], PALETTE["Ink"]),
+    ((0xFE, 0x84, 0x60), PALETTE["Ink"]),
     ((0xA7, 0x1D, 0x23), (0xFF, 0xFF, 0xFF)),
     ((0x00, 0x00, 0x00), (0x10, 0xEF, 0xFE)),
 )

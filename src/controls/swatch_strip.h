@@ -14,10 +14,12 @@ class Canvas;
 
 // The strip's figures in twips.
 inline constexpr int kSwatchSide = 360;
-/// Where the label "Aa" starts inside its swatch; the label is 255 wide and extends into the next swatch.
+/// Where the label "Aa" starts inside its swatch; it extends into the next swatch, or into the margin.
 inline constexpr int kSwatchLabelInset = 120;
+inline constexpr int kSwatchLabelWidth = 255;
 /// Right of the last swatch, for the end of its label.
 inline constexpr int kStripMargin = 60;
+static_assert(kSwatchLabelInset + kSwatchLabelWidth <= kSwatchSide + kStripMargin, "the last label must fit the strip");
 inline constexpr int kStripWidth = kSwatchSide * static_cast<int>(kSwatches.size()) + kStripMargin;
 inline constexpr int kStripHeight = 415;
 

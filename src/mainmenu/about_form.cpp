@@ -13,6 +13,7 @@
 #include "ports/shell.h"
 #include "resources/resource_ids.h"
 #include "util/ignore.h"
+#include "util/palette.h"
 #include "util/placement.h"
 
 namespace quillo {
@@ -24,10 +25,6 @@ using Control = AboutControl;
 constexpr int kPicture = 96;
 constexpr int kYellowBoxHeight = 112;
 constexpr int kYellowBoxLine = 1;
-
-constexpr ColorWord kPaper = ColorWord::FromRgb(0xFF, 0xFD, 0xD0);
-constexpr ColorWord kEdge = ColorWord::FromRgb(0xFE, 0xCF, 0x38);
-constexpr ColorWord kPaperInk = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
 
 /// Enter presses the close button unless another button has the focus.
 constexpr int IdOf(Control control) {
@@ -112,7 +109,7 @@ void AboutForm::OnFontsChanged() {
     const int edge = Px(kPicture);
     picture_.Reset(static_cast<HICON>(
         LoadImageW(ThisModule(), MAKEINTRESOURCEW(IDI_ABOUT_PICTURE), IMAGE_ICON, edge, edge, LR_DEFAULTCOLOR)));
-    paper_.Reset(HighContrastIsOn() ? nullptr : CreateSolidBrush(ToColorRef(kPaper)));
+    paper_.Reset(HighContrastIsOn() ? nullptr : CreateSolidBrush(ToColorRef(palette::kPaper)));
 }
 
 void AboutForm::LayOut(HDC dc) {
@@ -160,7 +157,7 @@ void AboutForm::PaintGround(HDC dc) const {
     if (!paper_) return;
     const RECT box{0, 0, ClientRect().width, yellowBoxBottom_};
     FillRect(dc, &box, paper_.Get());
-    GdiCanvas(dc, DialogScale()).Fill(Rect{0, yellowBoxBottom_, box.right, Px(kYellowBoxLine)}, kEdge);
+    GdiCanvas(dc, DialogScale()).Fill(Rect{0, yellowBoxBottom_, box.right, Px(kYellowBoxLine)}, palette::kEdge);
 }
 
 bool AboutForm::IsInYellowBox(HWND control) const {
@@ -171,7 +168,7 @@ bool AboutForm::IsInYellowBox(HWND control) const {
 HBRUSH AboutForm::ColorControl(HDC dc, HWND control) const {
     HBRUSH ground = DialogWindow::ColorControl(dc, control);
     if (!paper_ || !IsInYellowBox(control)) return ground;
-    SetTextColor(dc, ToColorRef(kPaperInk));
+    SetTextColor(dc, ToColorRef(palette::kInk));
     return paper_.Get();
 }
 

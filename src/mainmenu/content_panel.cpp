@@ -9,12 +9,11 @@
 #include "platform/text_tools.h"
 #include "platform/wide.h"
 #include "util/color_word.h"
+#include "util/palette.h"
 
 namespace quillo {
 namespace {
 
-constexpr ColorWord kInkGlyph = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
-constexpr ColorWord kLightGlyph = ColorWord::FromRgb(0xF4, 0xF1, 0xE6);
 constexpr int kGlyphSize = 20;  // pixels at 96 dpi
 constexpr int kHalfLight = 128;
 
@@ -104,8 +103,8 @@ void ContentPanel::SetGlyphs() {
     for (const OptionRow& row : OptionsTable()) {
         if (row.page != page_ || row.kind != OptionKind::GlyphButton) continue;
         const bool play = row.control == OptionControl::PlaySoundButton;
-        glyphs_.push_back(
-            MakeGlyphIcon(play ? Glyph::Play : Glyph::Browse, scale_.Px(kGlyphSize), light ? kLightGlyph : kInkGlyph));
+        glyphs_.push_back(MakeGlyphIcon(play ? Glyph::Play : Glyph::Browse, scale_.Px(kGlyphSize),
+                                        light ? palette::kLightInk : palette::kInk));
         SendMessageW(Item(row.control), BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(glyphs_.back().Get()));
     }
 }

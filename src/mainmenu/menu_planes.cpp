@@ -3,20 +3,16 @@
 #include <algorithm>
 #include <utility>
 
+#include "util/palette.h"
+
 namespace quillo {
 namespace {
 
 constexpr int kOpaque = 255;
 constexpr std::size_t kPlaneCount = static_cast<std::size_t>(MenuPlane::Count);
 
-constexpr ColorWord kInk = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
-constexpr ColorWord kSurface = ColorWord::FromRgb(0xFB, 0xF9, 0xF1);
-constexpr ColorWord kPaper = ColorWord::FromRgb(0xFF, 0xFD, 0xD0);
-constexpr ColorWord kEdge = ColorWord::FromRgb(0xFE, 0xCF, 0x38);
-constexpr ColorWord kAccent = ColorWord::FromRgb(0xD9, 0x8E, 0x04);
 /// The accent, darkened until a glyph in it has a contrast of 3 to 1 with the lit tile and with its own paper.
 constexpr ColorWord kLitGlyph = ColorWord::FromRgb(0xA8, 0x6C, 0x02);
-constexpr ColorWord kLine = ColorWord::FromRgb(0x8C, 0x87, 0x75);
 constexpr int kHoverPercent = 14;
 constexpr int kDisabledPercent = 38;
 
@@ -71,17 +67,17 @@ MenuPlanes Resize(const MenuPlanes& source, Size size) {
 
 MenuColors ColorsOf(MenuFace face) {
     MenuColors colors;
-    colors.surface = kSurface;
-    TintOf(colors, MenuPlane::Panel) = {kPaper};
-    TintOf(colors, MenuPlane::Tile) = {kAccent, 0};
-    TintOf(colors, MenuPlane::Shade) = {kInk};
-    TintOf(colors, MenuPlane::Line) = {kLine};
-    TintOf(colors, MenuPlane::Well) = {kLine};
-    TintOf(colors, MenuPlane::Paper) = {kPaper};
-    TintOf(colors, MenuPlane::Edge) = {kEdge};
-    TintOf(colors, MenuPlane::Accent) = {kAccent};
-    TintOf(colors, MenuPlane::Glyph) = {kInk};
-    TintOf(colors, MenuPlane::Ink) = {kInk};
+    colors.surface = palette::kSurface;
+    TintOf(colors, MenuPlane::Panel) = {palette::kPaper};
+    TintOf(colors, MenuPlane::Tile) = {palette::kAccent, 0};
+    TintOf(colors, MenuPlane::Shade) = {palette::kInk};
+    TintOf(colors, MenuPlane::Line) = {palette::kLine};
+    TintOf(colors, MenuPlane::Well) = {palette::kLine};
+    TintOf(colors, MenuPlane::Paper) = {palette::kPaper};
+    TintOf(colors, MenuPlane::Edge) = {palette::kEdge};
+    TintOf(colors, MenuPlane::Accent) = {palette::kAccent};
+    TintOf(colors, MenuPlane::Glyph) = {palette::kInk};
+    TintOf(colors, MenuPlane::Ink) = {palette::kInk};
     if (face == MenuFace::Highlighted) {
         TintOf(colors, MenuPlane::Tile).percent = kHoverPercent;
         TintOf(colors, MenuPlane::Glyph).color = kLitGlyph;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "ports/locale_text.h"
+#include "util/palette.h"
 
 namespace quillo {
 
@@ -18,9 +19,6 @@ constexpr int kFoot = 12;
 constexpr int kLabelLeft = 4;
 constexpr int kLabelPoints = 7;
 constexpr int kGripReach = 20;  // what the label leaves free for the grip
-
-constexpr ColorWord kDarkGlyph = ColorWord::FromRgb(0x2B, 0x2A, 0x27);
-constexpr ColorWord kLightGlyph = ColorWord::FromRgb(0xF4, 0xF1, 0xE6);
 
 Rect Inset(Size client, int by) {
     return Rect{by, by, std::max(0, client.width - 2 * by), std::max(0, client.height - 2 * by)};
@@ -149,7 +147,7 @@ DragBarPaint DragBarColors(ColorWord note, ColorWord border, BarStyle style, boo
     const auto worst = [&paint](ColorWord glyph) {
         return std::min(ContrastRatio(glyph, paint.top), ContrastRatio(glyph, paint.bottom));
     };
-    paint.glyph = worst(kDarkGlyph) >= worst(kLightGlyph) ? kDarkGlyph : kLightGlyph;
+    paint.glyph = worst(palette::kInk) >= worst(palette::kLightInk) ? palette::kInk : palette::kLightInk;
     return paint;
 }
 

@@ -14,6 +14,7 @@
 #include "ports/user_notice.h"
 #include "reminders/reminder_phrase.h"
 #include "reminders/reminder_text.h"
+#include "util/palette.h"
 #include "util/placement.h"
 
 namespace quillo {
@@ -27,7 +28,6 @@ constexpr int kMessageBar = 3;
 
 constexpr UINT kPreviewMilliseconds = 1000;
 
-constexpr ColorWord kAccent = ColorWord::FromRgb(0xD9, 0x8E, 0x04);
 constexpr int kMessageTintPercent = 14;
 constexpr int kQuietPercent = 66;  // of the text's color; the rest is the background
 
@@ -280,7 +280,7 @@ void SetReminderForm::PaintGround(HDC dc) const {
     const Rect band{0, FootBottom(), client.width, client.height - FootBottom()};
     const RECT area = ToWin32(band);
     FillRect(dc, &area, messageBrush_.Get());
-    GdiCanvas(dc, DialogScale()).Fill(Rect{0, band.top, Px(kMessageBar), band.height}, kAccent);
+    GdiCanvas(dc, DialogScale()).Fill(Rect{0, band.top, Px(kMessageBar), band.height}, palette::kAccent);
 }
 
 HBRUSH SetReminderForm::ColorControl(HDC dc, HWND control) const {
@@ -321,7 +321,7 @@ void SetReminderForm::ShowState(const ReminderStep& step) {
     }
     if (step.growForMessage) {
         const ColorWord ground = ColorWord{GetSysColor(COLOR_WINDOW)};
-        const ColorWord tint = HighContrastIsOn() ? ground : Mix(kAccent, ground, kMessageTintPercent);
+        const ColorWord tint = HighContrastIsOn() ? ground : Mix(palette::kAccent, ground, kMessageTintPercent);
         messageBrush_.Reset(CreateSolidBrush(ToColorRef(tint)));
         ShowWindow(ControlWindow(Control::MessageLabel), SW_SHOWNA);
         FitWindow();
