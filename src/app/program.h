@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "app/base/os_facts.h"
@@ -19,8 +18,6 @@ struct Program {
     Settings settings;
     OsFacts os;
     std::u16string notesFolder;
-    std::int16_t urlClipboardFormat =
-        0;                      ///< "UniformResourceLocator"; negative, because registered formats are above 32767
     bool startingUp = false;    ///< true until the first command line has been handled
     bool loadingNotes = false;  ///< while the saved notes are being opened
     bool quitting = false;      ///< from the first step of the quit procedure on

@@ -115,8 +115,8 @@ void QuilloProcs::InitializeShell() {
     loop_.RunPending();
 }
 
-std::int16_t QuilloProcs::RegisterLinkFormat() {
-    return static_cast<std::int16_t>(LinkFormat());
+void QuilloProcs::RegisterLinkFormat() {
+    Ignore(LinkFormat(), "it keeps the number for the drops on notes");
 }
 
 OsFacts QuilloProcs::ReadOsFacts() {

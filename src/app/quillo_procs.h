@@ -62,7 +62,7 @@ class QuilloProcs : private StartupStage, private NoteWindowFactory {
     [[nodiscard]] bool AnotherInstanceRuns() override;
     void SendToRunningInstance(std::u16string_view commandLine) override;
     void InitializeShell() override;
-    [[nodiscard]] std::int16_t RegisterLinkFormat() override;
+    void RegisterLinkFormat() override;
     [[nodiscard]] OsFacts ReadOsFacts() override;
     void LoadNotifyWindow() override;
     void LoadMainForm() override;

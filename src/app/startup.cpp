@@ -75,7 +75,7 @@ StartupOutcome Startup::Run(std::u16string_view commandLine) {
 
 void Startup::ReadSystem() {
     stage_.InitializeShell();
-    world_.program.urlClipboardFormat = stage_.RegisterLinkFormat();
+    stage_.RegisterLinkFormat();
     world_.program.os = stage_.ReadOsFacts();
     stage_.LoadNotifyWindow();
 }

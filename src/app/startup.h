@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,8 +30,8 @@ class StartupStage {
     virtual void SendToRunningInstance(std::u16string_view commandLine) = 0;
     /// Initializes the special-folder service and the common controls, and pumps pending messages once.
     virtual void InitializeShell() = 0;
-    /// The low 16 bits of the number of the clipboard format "UniformResourceLocator".
-    [[nodiscard]] virtual std::int16_t RegisterLinkFormat() = 0;
+    /// Registers the clipboard format "UniformResourceLocator", which drops on notes use.
+    virtual void RegisterLinkFormat() = 0;
     [[nodiscard]] virtual OsFacts ReadOsFacts() = 0;
     /// From now on, later instances find this one.
     virtual void LoadNotifyWindow() = 0;

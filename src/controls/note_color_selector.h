@@ -16,6 +16,8 @@ class NoteColorSelector : public Window, private AccessibleSource {
     /// Screen readers speak `name`. False on failure.
     bool Create(HWND parent, int id, const wchar_t* name, Point at = {});
 
+    // The next two are for other forms with this control; the program's forms begin with colors of their own.
+
     /// Reports the first scheme, as if it had been picked.
     void SetDefault() const { Pick(0); }
     /// One of the pale schemes, for a new note; raises no event.

@@ -17,6 +17,7 @@ class TesselDivider : public Window, private AccessibleSource {
     bool Create(HWND parent, int id, std::u16string_view caption = {}, const Rect& place = {});
 
     [[nodiscard]] std::u16string Caption() const;
+    /// For forms whose captions change; those of the options dialog do not.
     void SetCaption(std::u16string_view caption);
     /// Sets the resolution of the form that contains it.
     void SetScale(const Scale& scale);

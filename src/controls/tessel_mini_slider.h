@@ -36,7 +36,8 @@ class TesselMiniSlider : public Window, private AccessibleSource {
     void SetEnabled(bool enabled);
     /// Sets the resolution of the form that contains it.
     void SetScale(const Scale& scale);
-    /// Shows a message box that says what the control is, and pumps messages.
+    /// Shows a message box that says what the control is, and pumps messages. It is for those who place the control on
+    /// a form; the options dialog does not call it.
     void AboutBox() const;
 
     // Raised when the user picks a value, in this order; Value() is still the old one then, and the argument is the new

@@ -23,11 +23,14 @@ class TesselTab : public Window, private AccessibleSource {
     bool Create(HWND parent, int id, const wchar_t* name, const TabProperties& properties = FreshTabProperties(),
                 const Rect& place = {});
 
+    // The options dialog passes its properties to Create; these three are for forms that change them later.
+
     [[nodiscard]] const TabProperties& Properties() const { return properties_; }
     /// Takes all properties at once, icons, layout and picture included.
     void SetProperties(const TabProperties& properties);
     /// The captions, separated by vertical bars.
     void SetTabs(std::u16string_view tabs);
+
     /// A horizontal strip of square icons, one per tab, each as wide as the strip is high; null for none. A 32-bit
     /// strip may have soft edges in its alpha channel. `edge` is the size in which the icons are drawn, in device
     /// pixels; 0 keeps their size. The strip is copied.

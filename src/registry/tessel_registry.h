@@ -63,7 +63,7 @@ class TesselRegistry {
 
     /// A closed key leaves the table as it was. True if the table holds every value of the key.
     bool GetAllValues(TextTable& table) const;
-    /// A closed key leaves the list as it was.
+    /// A closed key leaves the list as it was. For other programs that use this class: no key of Quillo has subkeys.
     void GetAllSubkeys(TextList& list) const;
 
   private:

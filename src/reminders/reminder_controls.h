@@ -35,7 +35,6 @@ struct ReminderControlText {
 };
 
 inline constexpr std::u16string_view kReminderDialogCaption = u"Set a reminder";
-inline constexpr std::u16string_view kReminderDialogFont = u"Tahoma";
 /// The inner margins of ReminderBox, left and right, in pixels at 96 dpi.
 inline constexpr int kReminderBoxMargin = 3;
 

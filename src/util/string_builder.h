@@ -15,7 +15,8 @@ class EmptyTextError : public std::exception {
 
 /// A growable text buffer. Capacity, BufferBump and EnsureCapacity count bytes (two per code unit); Length and all
 /// indexes and counts are in characters. Misuse raises ClassError and changes nothing; more than 2^31 - 1 bytes raise
-/// std::bad_array_new_length.
+/// std::bad_array_new_length. The drop of files on a note only appends; the other members complete the class for other
+/// users.
 class CStringBuilder {
   public:
     [[nodiscard]] std::int32_t BufferBump() const { return bump_; }

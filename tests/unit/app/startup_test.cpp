@@ -28,10 +28,7 @@ class RecordingStage : public StartupStage {
         Note(u"SendToRunningInstance");
     }
     void InitializeShell() override { Note(u"InitializeShell"); }
-    [[nodiscard]] std::int16_t RegisterLinkFormat() override {
-        Note(u"RegisterLinkFormat");
-        return -16000;
-    }
+    void RegisterLinkFormat() override { Note(u"RegisterLinkFormat"); }
     [[nodiscard]] OsFacts ReadOsFacts() override {
         Note(u"ReadOsFacts");
         return os;
@@ -147,7 +144,6 @@ TEST_F(StartupTest, StepsRunInOrder) {
                         u"CreateFolder C:\\Users\\ann\\AppData\\Local\\Marrowind\\Notes"};
     EXPECT_EQ(test_.files.log, folders);
     EXPECT_EQ(program_.notesFolder, kTestNotesFolder);
-    EXPECT_EQ(program_.urlClipboardFormat, -16000);
     EXPECT_EQ(program_.os.major, 10);
     EXPECT_FALSE(program_.startingUp);
     EXPECT_FALSE(program_.loadingNotes);
