@@ -73,17 +73,15 @@ void QuilloProcs::BindMainForm() {
 
 void QuilloProcs::OpenOptions() {
     if (!options_) {
-        options_ =
-            std::make_unique<OptionsForm>(OptionsWorld{program_.settings, program_.notesFolder, program_.openNotes,
-                                                       registry_, shell_, sound_, locale_, mainForm_},
-                                          notice_, loop_, dialogs_);
+        options_ = std::make_unique<OptionsForm>(
+            OptionsServices{program_, registry_, shell_, sound_, locale_, mainForm_}, notice_, loop_, dialogs_);
     }
     Ignore(options_->Open(), "the next request tries again");
 }
 
 int QuilloProcs::Main(std::u16string_view commandLine) {
-    Startup startup(*this, StartupWorld{program_, noteServices_, opening_, legacy_, late_, recovery_, registry_, files_,
-                                        shell_, notice_, noteBatch_});
+    Startup startup(*this, StartupServices{program_, registry_, files_, shell_, notice_},
+                    StartupNotes{noteServices_, opening_, legacy_, late_, recovery_, noteBatch_});
     resForm_.Load();  // reminders must work also while start-up waits for an answer
     if (startup.Run(commandLine) == StartupOutcome::EndProcess) return 0;
     for (const std::u16string& command : std::exchange(waitingCommands_, {})) OnCommand(command);

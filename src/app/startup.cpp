@@ -45,9 +45,9 @@ void Try(Step step) {
 }  // namespace
 
 StartupOutcome Startup::Run(std::u16string_view commandLine) {
-    Program& program = world_.program;
+    Program& program = services_.program;
     if (stage_.AnotherInstanceRuns()) {
-        const std::u16string message = CommandLineToSend(commandLine, world_.shell);
+        const std::u16string message = CommandLineToSend(commandLine, services_.shell);
         if (!message.empty()) stage_.SendToRunningInstance(message);
         return StartupOutcome::EndProcess;
     }
@@ -55,10 +55,10 @@ StartupOutcome Startup::Run(std::u16string_view commandLine) {
     if (ClassifyFirstStart(commandLine).kind == Command::Kind::Close) return StartupOutcome::EndProcess;
 
     ReadSystem();
-    TesselRegistry registry(world_.registry);
+    TesselRegistry registry(services_.registry);
     program.settings.useRoamingProfile = LoadUseRoamingProfile(registry);
     RegisterToStartWithWindows();
-    LoadSettings(registry, world_.shell, world_.files, program.settings);
+    LoadSettings(registry, services_.shell, services_.files, program.settings);
     if (!FindNotesFolder()) return StartupOutcome::EndProcess;
     Try([this] { stage_.LoadMainForm(); });
     Try([&] { ApplySettingsToAllNotes(program.openNotes); });
@@ -76,65 +76,65 @@ StartupOutcome Startup::Run(std::u16string_view commandLine) {
 void Startup::ReadSystem() {
     stage_.InitializeShell();
     stage_.RegisterLinkFormat();
-    world_.program.os = stage_.ReadOsFacts();
+    services_.program.os = stage_.ReadOsFacts();
     stage_.LoadNotifyWindow();
 }
 
 void Startup::RegisterToStartWithWindows() {
-    TesselRegistry run(world_.registry, kRunKey);
-    const std::u16string path = world_.shell.ProgramPath();
+    TesselRegistry run(services_.registry, kRunKey);
+    const std::u16string path = services_.shell.ProgramPath();
     if (run.Value(kRunValue) != path) run.SetValue(kRunValue, path);
 }
 
 bool Startup::FindNotesFolder() {
-    Program& program = world_.program;
-    program.notesFolder = PrepareNotesFolder(world_.shell, world_.files, program.settings.useRoamingProfile);
+    Program& program = services_.program;
+    program.notesFolder = PrepareNotesFolder(services_.shell, services_.files, program.settings.useRoamingProfile);
     if (!program.notesFolder.empty()) return true;
-    world_.notice.Fail(u"Quillo cannot start because it can't find a place to store your notes.");
+    services_.notice.Fail(u"Quillo cannot start because it can't find a place to store your notes.");
     return false;
 }
 
 void Startup::GreetFirstRun() {
-    Settings& settings = world_.program.settings;
+    Settings& settings = services_.program.settings;
     if (settings.shownHelp) return;
     settings.shownHelp = true;
-    TesselRegistry registry(world_.registry, kUserKey);
+    TesselRegistry registry(services_.registry, kUserKey);
     registry.SetValueLong(setting::kShownHelp, kTrueNumber);
     settings.noteColor = kFirstNoteColor;
     settings.noteBorderColor = kFirstBorderColor;
     settings.noteTextColor = kFirstTextColor;
-    OpenHelp(world_.shell);
+    OpenHelp(services_.shell);
 }
 
 /// True if a note of the old store is not visible. Notes of files never count.
 bool Startup::OpenSavedNotes() {
-    Program& program = world_.program;
-    const NoteBatch::Scope batch(world_.batch);
+    Program& program = services_.program;
+    const NoteBatch::Scope batch(notes_.batch);
     program.loadingNotes = true;
-    const bool anyHidden = world_.legacy.Import(world_.notes);
-    for (const FileEntry& file : world_.files.List(program.notesFolder, kNoteExtension)) {
-        if (!world_.opening.CanOpenAnotherNote()) break;  // one message, not one for each remaining file
-        world_.late.Open(file.path, file.size);
+    const bool anyHidden = notes_.legacy.Import(notes_.services);
+    for (const FileEntry& file : services_.files.List(program.notesFolder, kNoteExtension)) {
+        if (!notes_.opening.CanOpenAnotherNote()) break;  // one message, not one for each remaining file
+        notes_.late.Open(file.path, file.size);
     }
     program.loadingNotes = false;
-    for (const std::u16string& path : rescued_) world_.late.Open(path, 0);
-    world_.late.Begin();
+    for (const std::u16string& path : rescued_) notes_.late.Open(path, 0);
+    notes_.late.Begin();
     return anyHidden;
 }
 
 void Startup::FinishEarlierRuns() {
-    Recovery::Result result = world_.recovery.Run();
+    Recovery::Result result = notes_.recovery.Run();
     rescued_ = std::move(result.files);
     if (result.restored == 0) return;
-    world_.notes.hints.ShowBalloon(
+    notes_.services.hints.ShowBalloon(
         {u"Your notes are back",
          u"Quillo could not save some notes at their place when it last ended, so it had kept them as files.  They are "
          u"open again."});
 }
 
 void Startup::TellOfHiddenNotes() {
-    if (world_.program.settings.minimizeToTray || !world_.notes.hints.HasBalloons()) return;
-    world_.notes.hints.ShowBalloon(
+    if (services_.program.settings.minimizeToTray || !notes_.services.hints.HasBalloons()) return;
+    notes_.services.hints.ShowBalloon(
         {u"Looking for your sticky notes?",
          u"Click \"show all notes\" on the main Quillo menu to see the notes that you have hidden."});
 }
@@ -143,10 +143,10 @@ void Startup::CarryOut(std::u16string_view commandLine) {
     const Command command = ClassifyFirstStart(commandLine);
     switch (command.kind) {
         case Command::Kind::Unknown:
-            world_.notice.Fail(u"Unknown command: " + command.text);
+            services_.notice.Fail(u"Unknown command: " + command.text);
             break;
         case Command::Kind::OpenFile:
-            world_.opening.OpenNoteFile(world_.shell.FullPath(StripQuotes(command.text)));
+            notes_.opening.OpenNoteFile(services_.shell.FullPath(StripQuotes(command.text)));
             break;
         case Command::Kind::None:
         case Command::Kind::Close:

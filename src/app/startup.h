@@ -39,18 +39,22 @@ class StartupStage {
     virtual void LoadMainForm() = 0;
 };
 
-/// What start-up uses in addition to its stage.
-struct StartupWorld {
+/// The program and the system as start-up uses them.
+struct StartupServices {
     Program& program;
-    const NoteServices& notes;
-    NoteOpening& opening;
-    LegacyNotes& legacy;
-    LateNotes& late;
-    Recovery& recovery;
     RegistryApi& registry;
     FileStore& files;
     Shell& shell;
     UserNotice& notice;
+};
+
+/// What opens the notes of a start.
+struct StartupNotes {
+    const NoteServices& services;
+    NoteOpening& opening;
+    LegacyNotes& legacy;
+    LateNotes& late;
+    Recovery& recovery;
     NoteBatch& batch;
 };
 
@@ -60,7 +64,8 @@ enum class StartupOutcome { Running, EndProcess };
 /// end without the quit procedure.
 class Startup {
   public:
-    Startup(StartupStage& stage, StartupWorld world) : stage_(stage), world_(world) {}
+    Startup(StartupStage& stage, const StartupServices& services, const StartupNotes& notes)
+        : stage_(stage), services_(services), notes_(notes) {}
 
     [[nodiscard]] StartupOutcome Run(std::u16string_view commandLine);
 
@@ -75,7 +80,8 @@ class Startup {
     void CarryOut(std::u16string_view commandLine);
 
     StartupStage& stage_;
-    StartupWorld world_;
+    StartupServices services_;
+    StartupNotes notes_;
     std::vector<std::u16string> rescued_;  ///< files of notes that are not back in their place
 };
 

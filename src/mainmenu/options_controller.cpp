@@ -38,15 +38,15 @@ std::u16string StyleWords(const FontSetting& font) {
 }  // namespace
 
 void OptionsController::FinishLoading() {
-    SetStartupMode(world_.settings.startupMode);
+    SetStartupMode(settings_.startupMode);
     loading_ = false;
 }
 
 bool OptionsController::IsChecked(OptionControl check) const {
-    if (check == C::SpecialStartupCheck) return world_.settings.startupMode >= 1;
+    if (check == C::SpecialStartupCheck) return settings_.startupMode >= 1;
     const OptionRow& row = RowOf(check);
     const FlagSetting* flag = FindFlag(row.settings.front());
-    return flag != nullptr && flag->member(world_.settings);
+    return flag != nullptr && flag->member(settings_);
 }
 
 void OptionsController::SetChecked(OptionControl check, bool checked) {
@@ -55,7 +55,7 @@ void OptionsController::SetChecked(OptionControl check, bool checked) {
     const OptionRow& row = RowOf(check);
     const FlagSetting* flag = FindFlag(row.settings.front());
     if (flag == nullptr) return;
-    flag->member(world_.settings) = checked;
+    flag->member(settings_) = checked;
     Save(row);
     Apply(row.effect);
 }
@@ -66,35 +66,35 @@ bool OptionsController::NeedsWarning(OptionControl check, bool checked) const {
 
 void OptionsController::SetStartupMode(int mode) {
     // Only stored: the quit procedure sets or deletes the value that starts the program with Windows.
-    world_.settings.startupMode = mode;
-    TesselRegistry registry(world_.registry, kUserKey);
+    settings_.startupMode = mode;
+    TesselRegistry registry(services_.registry, kUserKey);
     registry.SetValueLong(RowOf(C::SpecialStartupCheck).settings.front(), mode);
 }
 
 void OptionsController::PickColors(ColorWord note, ColorWord border, ColorWord text) {
     if (loading_) return;
-    world_.settings.noteColor = note;
-    world_.settings.noteBorderColor = border;
-    world_.settings.noteTextColor = text;
+    settings_.noteColor = note;
+    settings_.noteBorderColor = border;
+    settings_.noteTextColor = text;
     Save(RowOf(C::ColorSelector));
     Apply(RowOf(C::ColorSelector).effect);
 }
 
 std::u16string OptionsController::FontText() const {
-    const FontSetting& font = world_.settings.noteFont;
-    const std::u16string size = FormatSingle(static_cast<float>(font.size), world_.locale.DecimalSeparator());
+    const FontSetting& font = settings_.noteFont;
+    const std::u16string size = FormatSingle(static_cast<float>(font.size), services_.locale.DecimalSeparator());
     return font.name + u", " + size + u" pt." + StyleWords(font);
 }
 
 void OptionsController::ChooseFont(const FontSetting& font) {
     if (loading_) return;
-    world_.settings.noteFont = font;
+    settings_.noteFont = font;
     Save(RowOf(C::BrowseFontButton));
     Apply(RowOf(C::BrowseFontButton).effect);
 }
 
 int OptionsController::SliderValue() const {
-    return std::clamp(kOpaque - world_.settings.noteOpacity, 0, kSliderEnd);
+    return std::clamp(kOpaque - settings_.noteOpacity, 0, kSliderEnd);
 }
 
 std::u16string OptionsController::OpacityText(int sliderValue) {
@@ -104,14 +104,14 @@ std::u16string OptionsController::OpacityText(int sliderValue) {
 
 void OptionsController::MoveSlider(int value) {
     if (loading_) return;
-    world_.settings.noteOpacity = kOpaque - std::clamp(value, 0, kSliderEnd);
-    world_.settings.noteTransparency = true;
+    settings_.noteOpacity = kOpaque - std::clamp(value, 0, kSliderEnd);
+    settings_.noteTransparency = true;
     Save(RowOf(C::OpacitySlider));
     Apply(RowOf(C::OpacitySlider).effect);
 }
 
 std::u16string OptionsController::TextOf(OptionControl control) const {
-    const Settings& settings = world_.settings;
+    const Settings& settings = settings_;
     switch (control) {
         case C::ShortcutBox1:
         case C::ShortcutBox2:
@@ -128,7 +128,7 @@ std::u16string OptionsController::TextOf(OptionControl control) const {
         case C::FontLabel:
             return FontText();
         case C::NotesFolderPath:
-            return world_.notesFolder;
+            return services_.program.notesFolder;
         case C::HotkeysTakenLabel:
             return HotkeysTakenText();
         default:
@@ -137,7 +137,7 @@ std::u16string OptionsController::TextOf(OptionControl control) const {
 }
 
 int OptionsController::HotkeyOf(OptionControl keyBox) const {
-    return keyBox == C::NewNoteKeyBox ? world_.settings.newNoteHotkey : world_.settings.showNotesHotkey;
+    return keyBox == C::NewNoteKeyBox ? settings_.newNoteHotkey : settings_.showNotesHotkey;
 }
 
 bool OptionsController::PressKey(OptionControl keyBox, int virtualKey) {
@@ -145,16 +145,16 @@ bool OptionsController::PressKey(OptionControl keyBox, int virtualKey) {
     const bool isNewNote = keyBox == C::NewNoteKeyBox;
     const int other = HotkeyOf(isNewNote ? C::SurfaceKeyBox : C::NewNoteKeyBox);
     if (!IsHotkeyAllowed(virtualKey, other)) return false;
-    (isNewNote ? world_.settings.newNoteHotkey : world_.settings.showNotesHotkey) = virtualKey;
+    (isNewNote ? settings_.newNoteHotkey : settings_.showNotesHotkey) = virtualKey;
     return true;
 }
 
 std::u16string OptionsController::HelpKeys(const OptionsHelpKey& line) const {
     switch (line.source) {
         case HelpKeySource::NewNoteHotkey:
-            return u"Windows+" + KeyName(world_.settings.newNoteHotkey);
+            return u"Windows+" + KeyName(settings_.newNoteHotkey);
         case HelpKeySource::SurfaceHotkey:
-            return u"Windows+" + KeyName(world_.settings.showNotesHotkey);
+            return u"Windows+" + KeyName(settings_.showNotesHotkey);
         case HelpKeySource::Note:
             return KeyTextOf(line.action);
         case HelpKeySource::Edit:
@@ -164,10 +164,10 @@ std::u16string OptionsController::HelpKeys(const OptionsHelpKey& line) const {
 }
 
 std::u16string OptionsController::HotkeysTakenText() const {
-    const std::array<int, 2> taken = world_.owner.TakenHotKeys();
+    const std::array<int, 2> taken = services_.owner.TakenHotKeys();
     std::u16string keys;
     int count = 0;
-    for (const int key : {world_.settings.newNoteHotkey, world_.settings.showNotesHotkey}) {
+    for (const int key : {settings_.newNoteHotkey, settings_.showNotesHotkey}) {
         // A key that was chosen since then is not registered yet.
         if (std::find(taken.begin(), taken.end(), key) == taken.end()) continue;
         keys += count++ == 0 ? u"Windows+" : u" and Windows+";
@@ -182,48 +182,48 @@ std::u16string OptionsController::HotkeysTakenText() const {
 
 void OptionsController::PlaySound(std::u16string_view path) {
     soundTried_ = true;
-    PlayReminderSound(path, world_.sound);
+    PlayReminderSound(path, services_.sound);
 }
 
 void OptionsController::StopSound() {
     if (!soundTried_) return;
     soundTried_ = false;
-    StopReminderSound(world_.sound);
+    StopReminderSound(services_.sound);
 }
 
 void OptionsController::OpenNotesFolder() {
-    Ignore(world_.shell.Open(world_.notesFolder), "the folder's path stands beside the button");
+    Ignore(services_.shell.Open(services_.program.notesFolder), "the folder's path stands beside the button");
 }
 
 void OptionsController::OpenHelp() {
-    quillo::OpenHelp(world_.shell);
+    quillo::OpenHelp(services_.shell);
 }
 
 void OptionsController::Close(const OptionsTexts& texts) {
     for (std::size_t i = 0; i < texts.shortcuts.size(); ++i) {
-        world_.owner.SetShortcut(static_cast<int>(i) + 1, texts.shortcuts[i]);
+        services_.owner.SetShortcut(static_cast<int>(i) + 1, texts.shortcuts[i]);
     }
     Save(RowOf(C::NewNoteKeyBox));
     Save(RowOf(C::SurfaceKeyBox));
-    world_.owner.RegisterHotKeys();
+    services_.owner.RegisterHotKeys();
 
     // An emptied box means silence until the next start, which restores the default sound.
-    world_.settings.reminder = texts.reminder;
+    settings_.reminder = texts.reminder;
     Save(RowOf(C::ReminderSoundBox));
-    world_.settings.noteFolder = std::u16string(Trim(texts.noteFolder));
+    settings_.noteFolder = std::u16string(Trim(texts.noteFolder));
     Save(RowOf(C::NoteFolderBox));
-    if (world_.settings.noteFolder.empty()) {
+    if (settings_.noteFolder.empty()) {
         // The next start would do the same; until then notes must not be saved to the root of a drive.
-        world_.settings.noteFolder = world_.shell.FolderPath(SpecialFolder::DesktopDirectory);
+        settings_.noteFolder = services_.shell.FolderPath(SpecialFolder::DesktopDirectory);
     }
     StopSound();
-    world_.owner.RedrawResources();
+    services_.owner.RedrawResources();
 }
 
 void OptionsController::Save(const OptionRow& row) {
-    TesselRegistry registry(world_.registry);
+    TesselRegistry registry(services_.registry);
     for (const std::u16string_view setting : row.settings) {
-        if (!setting.empty()) SaveSetting(registry, world_.settings, setting);
+        if (!setting.empty()) SaveSetting(registry, settings_, setting);
     }
 }
 
@@ -232,9 +232,9 @@ void OptionsController::Apply(OptionEffect effect) {
         case OptionEffect::None:
             return;
         case OptionEffect::Translucency:
-            return ApplyTranslucencyToAllNotes(world_.notes);
+            return ApplyTranslucencyToAllNotes(services_.program.openNotes);
         case OptionEffect::Appearance:
-            return ApplySettingsToAllNotes(world_.notes);
+            return ApplySettingsToAllNotes(services_.program.openNotes);
     }
 }
 

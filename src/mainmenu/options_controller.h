@@ -4,14 +4,13 @@
 #include <string>
 #include <string_view>
 
-#include "app/base/settings.h"
+#include "app/program.h"
 #include "mainmenu/options_table.h"
 #include "util/color_word.h"
 
 namespace quillo {
 
 class LocaleText;
-class OpenNotes;
 class RegistryApi;
 class Shell;
 class SoundDevice;
@@ -29,10 +28,8 @@ class OptionsOwner {
 };
 
 /// What the options dialog uses. One object serves every opening and outlives it.
-struct OptionsWorld {
-    Settings& settings;
-    const std::u16string& notesFolder;
-    OpenNotes& notes;
+struct OptionsServices {
+    Program& program;
     RegistryApi& registry;
     Shell& shell;
     SoundDevice& sound;
@@ -57,7 +54,8 @@ class OptionsController {
     /// The slider runs from 0, which is opaque, to this.
     static constexpr int kSliderEnd = kOpaque - kFaintest;
 
-    explicit OptionsController(const OptionsWorld& world) : world_(world) {}
+    explicit OptionsController(const OptionsServices& services)
+        : services_(services), settings_(services.program.settings) {}
 
     /// Called when the dialog opens again.
     void StartLoading() { loading_ = true; }
@@ -73,7 +71,7 @@ class OptionsController {
 
     /// The font's name, size and style: "Tahoma, 8 pt."
     [[nodiscard]] std::u16string FontText() const;
-    [[nodiscard]] const Settings& Now() const { return world_.settings; }
+    [[nodiscard]] const Settings& Now() const { return settings_; }
     void ChooseFont(const FontSetting& font);
 
     [[nodiscard]] int SliderValue() const;
@@ -107,7 +105,8 @@ class OptionsController {
     void Apply(OptionEffect effect);
     [[nodiscard]] int HotkeyOf(OptionControl keyBox) const;
 
-    OptionsWorld world_;
+    OptionsServices services_;
+    Settings& settings_;
     bool loading_ = true;
     bool soundTried_ = false;
 };

@@ -46,10 +46,10 @@ int TabIconsFor(int edge) {
 
 }  // namespace
 
-OptionsForm::OptionsForm(const OptionsWorld& world, UserNotice& notice, MessageLoop& loop, BusyFlag& dialogs)
+OptionsForm::OptionsForm(const OptionsServices& services, UserNotice& notice, MessageLoop& loop, BusyFlag& dialogs)
     : DialogWindow(loop),
       dialogs_(dialogs),
-      controller_(world),
+      controller_(services),
       appearance_(controller_, dialogs),
       shortcuts_(controller_, dialogs),
       behavior_(controller_, dialogs, notice),

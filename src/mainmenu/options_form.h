@@ -23,7 +23,7 @@ class UserNotice;
 /// closed.
 class OptionsForm : public DialogWindow {
   public:
-    OptionsForm(const OptionsWorld& world, UserNotice& notice, MessageLoop& loop, BusyFlag& dialogs);
+    OptionsForm(const OptionsServices& services, UserNotice& notice, MessageLoop& loop, BusyFlag& dialogs);
     ~OptionsForm() override { Unload(); }
 
     /// Opens the dialog, or brings the open one to the front. False on failure.

@@ -92,8 +92,7 @@ TEST(AccessibleTree, TheOptionsOnEveryPage) {
     FakeOptionsOwner owner{program.program.settings};
     MessageLoop loop;
     BusyFlag dialogs;
-    OptionsForm form{OptionsWorld{program.program.settings, program.program.notesFolder, program.program.openNotes,
-                                  program.registry, program.shell, sound, program.locale, owner},
+    OptionsForm form{OptionsServices{program.program, program.registry, program.shell, sound, program.locale, owner},
                      program.notice, loop, dialogs};
     owner.takenHotKeys = {'N', 'S'};
     ASSERT_TRUE(form.Open());

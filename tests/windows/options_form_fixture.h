@@ -82,9 +82,9 @@ class OptionsFormTest : public testing::Test {
     FakeOptionsOwner owner_{program_.program.settings};
     MessageLoop loop_;
     BusyFlag dialogs_;
-    OptionsForm form_{OptionsWorld{program_.program.settings, program_.program.notesFolder, program_.program.openNotes,
-                                   program_.registry, program_.shell, sound_, program_.locale, owner_},
-                      program_.notice, loop_, dialogs_};
+    OptionsForm form_{
+        OptionsServices{program_.program, program_.registry, program_.shell, sound_, program_.locale, owner_},
+        program_.notice, loop_, dialogs_};
 };
 
 }  // namespace quillo::windows_tests

@@ -70,7 +70,7 @@ class StartupTest : public testing::Test {
     StartupOutcome Start(std::u16string_view commandLine = u"") {
         test_.registry.ClearLog();
         test_.files.log.clear();
-        Startup startup(stage_, test_.ForStartup());
+        Startup startup = test_.MakeStartup(stage_);
         return startup.Run(commandLine);
     }
     void PutStored(std::u16string_view name, std::string_view bytes) {
@@ -311,7 +311,7 @@ TEST_F(StartupTest, ABalloonReportsHiddenOldNotesOnly) {
             fresh.files.Put(TestProgram::Stored(u"a.qln"),
                             "x\r\n<quillo><appearance>0,0,0,0,0,1</appearance></quillo>");
         }
-        Startup startup(stage, fresh.ForStartup());
+        Startup startup = fresh.MakeStartup(stage);
         EXPECT_EQ(startup.Run(u""), StartupOutcome::Running);
         ASSERT_EQ(fresh.notice.balloons.size(), c.balloon ? 1U : 0U);
         if (!c.balloon) continue;
@@ -341,7 +341,7 @@ TEST_F(StartupTest, AFileOnTheCommandLineIsOpenedAfterAllSavedNotes) {
         RecordingStage stage(fresh);
         fresh.files.Put(TestProgram::Stored(u"a.qln"), "stored");
         fresh.files.Put(u"C:\\Users\\ann\\note.txt", "outside");
-        Startup startup(stage, fresh.ForStartup());
+        Startup startup = fresh.MakeStartup(stage);
         EXPECT_EQ(startup.Run(commandLine), StartupOutcome::Running);
         ASSERT_EQ(fresh.views.Count(), 2U) << testing::PrintToString(std::u16string(commandLine));
         EXPECT_EQ(fresh.views.Note(1).Text(), u"outside");

@@ -57,8 +57,9 @@ class TestProgram {
         for (const FileEntry& file : files.List(kTestNotesFolder, kNoteExtension)) paths.push_back(file.path);
         return paths;
     }
-    [[nodiscard]] StartupWorld ForStartup() {
-        return StartupWorld{program, services, opening, legacy, late, recovery, registry, files, shell, notice, batch};
+    [[nodiscard]] Startup MakeStartup(StartupStage& stage) {
+        return {stage, StartupServices{program, registry, files, shell, notice},
+                StartupNotes{services, opening, legacy, late, recovery, batch}};
     }
     void FillUpTo(std::size_t count) {
         while (program.openNotes.Count() < count) {

@@ -28,7 +28,7 @@ class OptionsControllerTest : public testing::Test {
 
     Settings& Now() { return program_.program.settings; }
     OptionsController Loaded() {
-        OptionsController controller(world_);
+        OptionsController controller(services_);
         controller.FinishLoading();
         program_.registry.ClearLog();
         return controller;
@@ -61,14 +61,7 @@ class OptionsControllerTest : public testing::Test {
     TestProgram program_;
     FakeSoundDevice sound_;
     FakeOptionsOwner owner_{program_.program.settings};
-    OptionsWorld world_{program_.program.settings,
-                        program_.program.notesFolder,
-                        program_.program.openNotes,
-                        program_.registry,
-                        program_.shell,
-                        sound_,
-                        program_.locale,
-                        owner_};
+    OptionsServices services_{program_.program, program_.registry, program_.shell, sound_, program_.locale, owner_};
 };
 
 using Names = std::vector<std::u16string>;
@@ -77,7 +70,7 @@ TEST_F(OptionsControllerTest, OpeningWritesNothingButTheStartupModeAsItWasRead) 
     Now().startupMode = 5;
     program_.registry.Put(kUserKey, u"Startup Mode", 5);
     program_.registry.ClearLog();
-    OptionsController controller(world_);
+    OptionsController controller(services_);
     controller.SetChecked(C::AutoPinCheck, true);
     controller.PickColors(ColorWord{1}, ColorWord{2}, ColorWord{3});
     controller.ChooseFont({u"Courier New", 12});
