@@ -108,12 +108,12 @@ void SliderTrack::Press(SliderKey key) {
 
 void SliderTrack::Pick(std::int32_t value) {
     if (!Enabled() || value == Value()) return;
-    const std::weak_ptr<char> life = life_;
+    const Lifetime::Watch watch(lifetime_);
     // The copies survive a slider that a handler ends.
     for (const std::function<void(std::int32_t)>& handler : {onClick, onChange}) {
-        if (handler && !life.expired()) handler(value);
+        if (handler && !watch.Ended()) handler(value);
     }
-    if (life.expired()) return;
+    if (watch.Ended()) return;
     properties_.value = value;
     Repaint();
 }

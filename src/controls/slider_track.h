@@ -2,10 +2,10 @@
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 
 #include "controls/system_colors.h"
 #include "util/geometry.h"
+#include "util/lifetime.h"
 #include "util/units.h"
 
 namespace quillo {
@@ -71,7 +71,7 @@ class SliderTrack {
     SliderProperties properties_;
     Size size_;
     Scale scale_;
-    std::shared_ptr<char> life_ = std::make_shared<char>();  // expires with the slider
+    Lifetime lifetime_;
 };
 
 }  // namespace quillo

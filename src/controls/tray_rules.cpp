@@ -51,7 +51,6 @@ std::uint32_t BalloonInterval(std::int32_t timeoutSeconds) {
 }
 
 TrayRules::~TrayRules() {
-    if (destroyed_ != nullptr) *destroyed_ = true;
     if (shown_) Delete();
 }
 
@@ -130,22 +129,7 @@ void TrayRules::OnRetryTimer() {
 void TrayRules::Receive(std::uint32_t message, const std::function<void(TrayEvent)>& raise) {
     const TrayEvent event = merger_.Next(message);
     if (Busy() || !enabled_ || event == TrayEvent::None) return;
-
-    // Clears the flag even if the handler throws.
-    class BusyScope {
-      public:
-        explicit BusyScope(bool*& flag) : flag_(flag) { flag_ = &destroyed_; }
-        BusyScope(const BusyScope&) = delete;
-        BusyScope& operator=(const BusyScope&) = delete;
-        ~BusyScope() {
-            if (!destroyed_) flag_ = nullptr;
-        }
-
-      private:
-        bool*& flag_;
-        bool destroyed_ = false;
-    };
-    const BusyScope busy(destroyed_);
+    const Lifetime::Watch busy(lifetime_);
     raise(event);
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "controls/tray_record.h"
+#include "util/lifetime.h"
 
 namespace quillo {
 
@@ -98,7 +99,7 @@ class TrayRules {
     void OnRetryTimer();
 
     /// True while a handler runs: messages from the shell are dropped meanwhile.
-    [[nodiscard]] bool Busy() const { return destroyed_ != nullptr; }
+    [[nodiscard]] bool Busy() const { return lifetime_.IsWatched(); }
     /// `raise` is called at most once; it may destroy this object.
     void Receive(std::uint32_t message, const std::function<void(TrayEvent)>& raise);
 
@@ -116,7 +117,7 @@ class TrayRules {
     bool enabled_ = true;
     bool retrying_ = false;
     ClickMerger merger_;
-    bool* destroyed_ = nullptr;  ///< set while a handler runs: records that the handler destroyed this object
+    Lifetime lifetime_;
 };
 
 }  // namespace quillo

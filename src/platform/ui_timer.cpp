@@ -42,24 +42,18 @@ void UiTimer::Stop() {
 
 UiTimer::~UiTimer() {
     Stop();
-    if (destroyed_ != nullptr) *destroyed_ = true;
 }
 
 void CALLBACK UiTimer::OnTimer(HWND, UINT, UINT_PTR id, DWORD) noexcept {
     UiTimer* timer = FindTimer(id);
-    if (timer == nullptr || timer->ticking_) return;
-    bool destroyed = false;
-    timer->ticking_ = true;
-    timer->destroyed_ = &destroyed;
+    if (timer == nullptr || timer->lifetime_.IsWatched()) return;
+    const Lifetime::Watch ticking(timer->lifetime_);
     try {
         const auto tick = timer->tick_;  // a copy: the tick may destroy its timer
         tick();
     } catch (...) {
         // A failed tick is dropped; the next one follows.
     }
-    if (destroyed) return;
-    timer->ticking_ = false;
-    timer->destroyed_ = nullptr;
 }
 
 }  // namespace quillo

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/win32.h"
+#include "util/lifetime.h"
 
 namespace quillo {
 
@@ -25,8 +26,7 @@ class UiTimer {
 
     std::function<void()> tick_;
     UINT_PTR id_ = 0;
-    bool ticking_ = false;
-    bool* destroyed_ = nullptr;  ///< set while ticking: records that the timer was destroyed
+    Lifetime lifetime_;
 };
 
 }  // namespace quillo
