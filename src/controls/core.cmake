@@ -1,5 +1,6 @@
 target_sources(quillo_core PRIVATE
   controls/button_state.cpp
+  controls/button_strip.cpp
   controls/divider_geometry.cpp
   controls/icon_compositing.cpp
   controls/slider_track.cpp

@@ -8,7 +8,6 @@
 namespace quillo {
 namespace {
 
-constexpr int kOpaque = 255;
 constexpr std::size_t kPlaneCount = static_cast<std::size_t>(MenuPlane::Count);
 
 /// The accent, darkened until a glyph in it has a contrast of 3 to 1 with the lit tile and with its own paper.
@@ -18,15 +17,6 @@ constexpr int kDisabledPercent = 38;
 
 std::size_t PixelCount(Size size) {
     return static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
-}
-
-std::uint32_t Over(std::uint32_t under, ColorWord color, int coverage) {
-    const auto channel = [coverage](int below, int above) {
-        return static_cast<std::uint32_t>((below * (kOpaque - coverage) + above * coverage + kOpaque / 2) / kOpaque);
-    };
-    return channel(static_cast<int>(under >> 16 & 0xFFU), color.Red()) << 16 |
-           channel(static_cast<int>(under >> 8 & 0xFFU), color.Green()) << 8 |
-           channel(static_cast<int>(under & 0xFFU), color.Blue());
 }
 
 MenuColors::Tint& TintOf(MenuColors& colors, MenuPlane plane) {
@@ -110,7 +100,7 @@ MenuColors ColorsOf(MenuFace face, const ContrastColors& contrast) {
 
 std::vector<std::uint32_t> ComposeMenu(const MenuPlanes& planes, const MenuColors& colors, const FilledSlots& filled) {
     const std::vector<std::uint8_t> wells = EmptyWells(planes, filled);
-    std::vector<std::uint32_t> pixels(PixelCount(planes.size), Over(0, colors.surface, kOpaque));
+    std::vector<std::uint32_t> pixels(PixelCount(planes.size), ToPixel(colors.surface));
     for (std::size_t plane = 0; plane < kPlaneCount; ++plane) {
         const MenuColors::Tint tint = colors.tints[plane];
         const std::vector<std::uint8_t>& coverage =
@@ -118,7 +108,7 @@ std::vector<std::uint32_t> ComposeMenu(const MenuPlanes& planes, const MenuColor
         if (tint.percent == 0) continue;
         for (std::size_t i = 0; i < pixels.size(); ++i) {
             if (coverage[i] == 0) continue;
-            pixels[i] = Over(pixels[i], tint.color, (coverage[i] * tint.percent + 50) / 100);
+            pixels[i] = PaintOver(pixels[i], tint.color, (coverage[i] * tint.percent + 50) / 100);
         }
     }
     return pixels;

@@ -53,4 +53,14 @@ CoveragePlane ResizePlane(std::span<const std::uint8_t> plane, Size from, Size t
     return resized;
 }
 
+std::uint32_t PaintOver(std::uint32_t under, ColorWord color, int coverage) {
+    constexpr int kOpaque = 255;
+    const auto channel = [coverage](int below, int above) {
+        return static_cast<std::uint32_t>((below * (kOpaque - coverage) + above * coverage + kOpaque / 2) / kOpaque);
+    };
+    return channel(static_cast<int>(under >> 16 & 0xFFU), color.Red()) << 16 |
+           channel(static_cast<int>(under >> 8 & 0xFFU), color.Green()) << 8 |
+           channel(static_cast<int>(under & 0xFFU), color.Blue());
+}
+
 }  // namespace quillo

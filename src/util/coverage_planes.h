@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "util/color_word.h"
 #include "util/geometry.h"
 
 namespace quillo {
@@ -24,5 +25,13 @@ struct CoveragePlanes {
 
 /// A plane at another size; each pixel is the mean of the area that it covers. Neither size is empty.
 [[nodiscard]] CoveragePlane ResizePlane(std::span<const std::uint8_t> plane, Size from, Size to);
+
+/// A color as a pixel, 0x00RRGGBB.
+[[nodiscard]] constexpr std::uint32_t ToPixel(ColorWord color) {
+    return static_cast<std::uint32_t>(color.Red()) << 16 | static_cast<std::uint32_t>(color.Green()) << 8 |
+           static_cast<std::uint32_t>(color.Blue());
+}
+/// Paints a color over a pixel with that coverage, 0 to 255.
+[[nodiscard]] std::uint32_t PaintOver(std::uint32_t under, ColorWord color, int coverage);
 
 }  // namespace quillo

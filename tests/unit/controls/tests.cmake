@@ -1,5 +1,6 @@
 target_sources(quillo_core_tests PRIVATE
   unit/controls/button_state_test.cpp
+  unit/controls/button_strip_test.cpp
   unit/controls/divider_geometry_test.cpp
   unit/controls/icon_compositing_test.cpp
   unit/controls/slider_track_test.cpp
