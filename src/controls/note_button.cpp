@@ -21,16 +21,14 @@ MouseButton HeldButton(WPARAM keys) {
 }  // namespace
 
 bool NoteButton::Create(HWND parent, int id, const wchar_t* name, const Rect& place) {
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = kClassName;
-    windowClass.hCursor = ArrowCursor();
     WindowPlan plan;
+    plan.className = kClassName;
     plan.title = name;
     plan.style = WS_CHILD | WS_VISIBLE;
     plan.place = place;
     plan.parent = parent;
     plan.childId = id;
-    return Window::Create(windowClass, plan);
+    return Window::Create(plan);
 }
 
 void NoteButton::SetPicture(ButtonPicture picture) {

@@ -37,19 +37,17 @@ LRESULT WantedKeys(const MSG* message) {
 }  // namespace
 
 bool NoteColorSelector::Create(HWND parent, int id, const wchar_t* name, Point at) {
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloNoteColorSelector";
-    windowClass.hCursor = ArrowCursor();
     scale_ = WindowScale(parent);
     strip_.SetScale(scale_);
     const Size size = strip_.StripSize();
     WindowPlan plan;
+    plan.className = L"QuilloNoteColorSelector";
     plan.title = name;
     plan.style = WS_CHILD | WS_VISIBLE | WS_GROUP | WS_TABSTOP;  // arrow keys in the option buttons stop before it
     plan.place = Rect{at.x, at.y, size.width, size.height};
     plan.parent = parent;
     plan.childId = id;
-    return Window::Create(windowClass, plan);
+    return Window::Create(plan);
 }
 
 void NoteColorSelector::SetScale(const Scale& scale) {

@@ -10,17 +10,15 @@ namespace quillo {
 
 bool TesselDivider::Create(HWND parent, int id, std::u16string_view caption, const Rect& place) {
     scale_ = WindowScale(parent);
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloDivider";
-    windowClass.hCursor = ArrowCursor();
     const std::u16string title(caption);
     WindowPlan plan;
+    plan.className = L"QuilloDivider";
     plan.title = Wide(title);
     plan.style = WS_CHILD | WS_VISIBLE;
     plan.place = place;
     plan.parent = parent;
     plan.childId = id;
-    return Window::Create(windowClass, plan);
+    return Window::Create(plan);
 }
 
 std::u16string TesselDivider::Caption() const {

@@ -51,16 +51,14 @@ bool TesselMiniSlider::Create(HWND parent, int id, const wchar_t* name, const Sl
     track_.Apply(properties);
     announced_ = Value();
     scale_ = WindowScale(parent);
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloMiniSlider";
-    windowClass.hCursor = ArrowCursor();
     WindowPlan plan;
+    plan.className = L"QuilloMiniSlider";
     plan.title = name;
     plan.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | (properties.enabled ? 0 : DWORD{WS_DISABLED});
     plan.place = place;
     plan.parent = parent;
     plan.childId = id;
-    return Window::Create(windowClass, plan);
+    return Window::Create(plan);
 }
 
 void TesselMiniSlider::SetEnabled(bool enabled) {

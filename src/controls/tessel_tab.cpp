@@ -51,16 +51,14 @@ bool TesselTab::Create(HWND parent, int id, const wchar_t* name, const TabProper
     properties_ = properties;
     captions_ = SplitTabs(properties_.tabs);
     scale_ = WindowScale(parent);
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloTab";
-    windowClass.hCursor = ArrowCursor();
     WindowPlan plan;
+    plan.className = L"QuilloTab";
     plan.title = name;
     plan.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
     plan.place = place;
     plan.parent = parent;
     plan.childId = id;
-    return Window::Create(windowClass, plan);
+    return Window::Create(plan);
 }
 
 void TesselTab::SetProperties(const TabProperties& properties) {

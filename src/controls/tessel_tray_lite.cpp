@@ -47,11 +47,10 @@ LRESULT TesselTrayLite::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam
 
 TrayHandle TesselTrayLite::CallbackWindow() {
     if (Handle() == nullptr) {
-        WNDCLASSEXW windowClass{};
-        windowClass.lpszClassName = L"QuilloTrayIcon";
         WindowPlan plan;
+        plan.className = L"QuilloTrayIcon";
         plan.parent = HWND_MESSAGE;
-        Create(windowClass, plan);
+        Create(plan);
     }
     return ToTrayHandle(Handle());
 }

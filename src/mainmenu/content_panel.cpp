@@ -51,17 +51,15 @@ HWND ContentPanel::Item(OptionControl control) const {
 }
 
 bool ContentPanel::Create(HWND dialog) {
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloOptionsPage";
-    windowClass.hCursor = ArrowCursor();
     WindowPlan plan;
+    plan.className = L"QuilloOptionsPage";
     const std::u16string title(NameOf(page_));
     plan.title = Wide(title);
     plan.style = WS_CHILD | WS_CLIPCHILDREN;
     plan.exStyle = WS_EX_CONTROLPARENT;
     plan.parent = dialog;
     plan.childId = PanelIdOf(page_);
-    if (!Window::Create(windowClass, plan)) return false;
+    if (!Window::Create(plan)) return false;
     CreateControls();
     return true;
 }

@@ -21,16 +21,15 @@ HCURSOR HandCursor() {
 
 bool LinkLabel::Create(HWND parent, int id, std::u16string_view text, std::u16string address) {
     address_ = std::move(address);
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloLink";
-    windowClass.hCursor = HandCursor();
     const std::u16string title(text);
     WindowPlan plan;
+    plan.className = L"QuilloLink";
+    plan.cursor = HandCursor();
     plan.title = Wide(title);
     plan.style = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
     plan.parent = parent;
     plan.childId = id;
-    return Window::Create(windowClass, plan);
+    return Window::Create(plan);
 }
 
 LRESULT LinkLabel::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -38,16 +38,14 @@ long long FineMilliseconds() {
 }  // namespace
 
 bool MenuWindow::Create(bool translucent, int shellIconSize) {
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloMenu";
-    windowClass.hCursor = ArrowCursor();
     translucent_ = translucent;
     shellIconSize_ = shellIconSize;
     WindowPlan plan;
+    plan.className = L"QuilloMenu";
     plan.title = L"Quillo menu";  // screen readers speak it
     plan.style = WS_POPUP;
     plan.exStyle = WS_EX_TOOLWINDOW | WS_EX_TOPMOST | (translucent ? DWORD{WS_EX_LAYERED} : 0);
-    if (!Window::Create(windowClass, plan)) return false;
+    if (!Window::Create(plan)) return false;
     UpdateDropShadow(Handle());
     return true;
 }

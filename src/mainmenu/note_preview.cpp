@@ -16,15 +16,13 @@ constexpr std::u16string_view kSampleOfMany = u"New notes will look like this, e
 }  // namespace
 
 bool NotePreview::Create(HWND parent, int id, const wchar_t* name) {
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloNotePreview";
-    windowClass.hCursor = ArrowCursor();
     WindowPlan plan;
+    plan.className = L"QuilloNotePreview";
     plan.title = name;
     plan.style = WS_CHILD | WS_VISIBLE;
     plan.parent = parent;
     plan.childId = id;
-    return Window::Create(windowClass, plan);
+    return Window::Create(plan);
 }
 
 void NotePreview::Show(const NotePreviewLook& look) {

@@ -22,12 +22,11 @@ bool RegisterTextBoxClass() {
 }  // namespace
 
 bool NotifyWindow::Load() {
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = kNotifyFormClass;
     WindowPlan plan;
+    plan.className = kNotifyFormClass;
     plan.title = kNotifyTitle;
     plan.style = WS_POPUP;
-    if (!RegisterTextBoxClass() || !Create(windowClass, plan)) return false;
+    if (!RegisterTextBoxClass() || !Create(plan)) return false;
     const UINT_PTR id = kMessageBoxId;
     messageBox_ = CreateWindowExW(0, kNotifyBoxClass, L"", WS_CHILD | ES_AUTOHSCROLL, 0, 0, 0, 0, Handle(),
                                   reinterpret_cast<HMENU>(id), ThisModule(), nullptr);

@@ -30,12 +30,11 @@ bool MailForm::Load(const wchar_t* library) {
     if (mapi_->logon.Get() == nullptr || mapi_->sendMail.Get() == nullptr || mapi_->logoff.Get() == nullptr) {
         return false;
     }
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloMail";
     WindowPlan plan;
+    plan.className = L"QuilloMail";
     plan.title = L"QuilloMail";
     plan.style = WS_POPUP;
-    return Create(windowClass, plan);
+    return Create(plan);
 }
 
 MailSignOn MailForm::SignOn() {

@@ -23,11 +23,8 @@ constexpr UINT kSettleMilliseconds = 10;
 /// The smallest size that the user can give a note, at 96 dpi: the buttons side by side over one line of text.
 constexpr Size kSmallestNote{80, 56};
 
-WNDCLASSEXW DescribeClass() {
-    WNDCLASSEXW windowClass{};
-    windowClass.style = CS_DBLCLKS | (DropShadowsAreOn() ? UINT{CS_DROPSHADOW} : 0);
-    windowClass.hCursor = ArrowCursor();
-    return windowClass;
+UINT ClassStyle() {
+    return CS_DBLCLKS | (DropShadowsAreOn() ? UINT{CS_DROPSHADOW} : 0);
 }
 
 }  // namespace
@@ -53,7 +50,7 @@ NoteForm::~NoteForm() {
 }
 
 WindowClass NoteForm::Class() {
-    return WindowClass(L"QuilloNote", &DescribeClass);
+    return WindowClass(L"QuilloNote", &ClassStyle);
 }
 
 bool NoteForm::Create(const std::optional<NotePosition>& position) {

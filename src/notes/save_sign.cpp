@@ -30,15 +30,13 @@ bool SaveSign::Show(HWND note, int id, std::u16string_view reason, const Rect& p
 }
 
 bool SaveSign::Make(HWND note, int id, const Rect& place) {
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloSaveSign";
-    windowClass.hCursor = ArrowCursor();
     WindowPlan plan;
+    plan.className = L"QuilloSaveSign";
     plan.style = WS_CHILD;
     plan.place = place;
     plan.parent = note;
     plan.childId = id;
-    return Create(windowClass, plan);
+    return Create(plan);
 }
 
 void SaveSign::SetTint(const ButtonTint& tint, const Scale& scale) {

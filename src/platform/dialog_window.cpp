@@ -36,12 +36,10 @@ BOOL CALLBACK PassOn(HWND child, LPARAM from) {
 }  // namespace
 
 bool DialogWindow::CreateHidden(const DialogPlan& dialog) {
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = dialog.className;
-    windowClass.hCursor = ArrowCursor();
-    windowClass.cbWndExtra = DLGWINDOWEXTRA;  // the system's dialog procedure stores focus and default button there
     const std::u16string caption(dialog.caption);
     WindowPlan plan;
+    plan.className = dialog.className;
+    plan.extraBytes = DLGWINDOWEXTRA;  // the system's dialog procedure stores focus and default button there
     plan.title = Wide(caption);
     plan.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
     plan.exStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
@@ -49,7 +47,7 @@ bool DialogWindow::CreateHidden(const DialogPlan& dialog) {
     // Created where it will open, so that the system gives it that monitor's resolution.
     const Rect area = WorkAreaOf(dialog.owner);
     plan.place = Rect{area.left, area.top, 0, 0};
-    return Window::Create(windowClass, plan);
+    return Window::Create(plan);
 }
 
 LRESULT DialogWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -3,33 +3,38 @@
 #include "platform/gdi_scope.h"
 
 namespace quillo {
+namespace {
 
-HINSTANCE ThisModule() {
-    return GetModuleHandleW(nullptr);
-}
-
+/// The named constant is narrow text while UNICODE is off.
 HCURSOR ArrowCursor() {
     constexpr WORD kArrow = 32512;
     return LoadCursorW(nullptr, MAKEINTRESOURCEW(kArrow));
 }
 
-bool Window::Register(WNDCLASSEXW windowClass) {
+}  // namespace
+
+HINSTANCE ThisModule() {
+    return GetModuleHandleW(nullptr);
+}
+
+bool Window::Register(const wchar_t* name, UINT style, const WindowPlan& plan) {
+    WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof windowClass;
-    windowClass.hInstance = ThisModule();
+    windowClass.style = style;
     windowClass.lpfnWndProc = &Window::Procedure;
+    windowClass.cbWndExtra = plan.extraBytes;
+    windowClass.hInstance = ThisModule();
+    windowClass.hCursor = plan.cursor != nullptr ? plan.cursor : ArrowCursor();
+    windowClass.lpszClassName = name;
     return RegisterClassExW(&windowClass) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
 }
 
-bool Window::Create(const WNDCLASSEXW& windowClass, const WindowPlan& plan) {
-    return Register(windowClass) && CreateOf(windowClass.lpszClassName, plan);
+bool Window::Create(const WindowPlan& plan) {
+    return Register(plan.className, 0, plan) && CreateOf(plan.className, plan);
 }
 
 bool Window::Create(WindowClass& windowClass, const WindowPlan& plan) {
-    if (!windowClass.registered_) {
-        WNDCLASSEXW description = windowClass.describe_();
-        description.lpszClassName = windowClass.name_;
-        windowClass.registered_ = Register(description);
-    }
+    if (!windowClass.registered_) windowClass.registered_ = Register(windowClass.name_, windowClass.style_(), plan);
     return windowClass.registered_ && CreateOf(windowClass.name_, plan);
 }
 

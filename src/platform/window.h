@@ -5,8 +5,11 @@
 
 namespace quillo {
 
-/// The parameters of CreateWindow other than the class.
+/// How to create a window, and its class, which is registered with its first window.
 struct WindowPlan {
+    const wchar_t* className = nullptr;  ///< this and the next two members are not used with a WindowClass
+    HCURSOR cursor = nullptr;            ///< of the class; null for the arrow
+    int extraBytes = 0;                  ///< of each window, for the system's dialog procedure
     const wchar_t* title = L"";
     DWORD style = 0;
     DWORD exStyle = 0;
@@ -18,14 +21,14 @@ struct WindowPlan {
 /// A window class that is registered once, together with its first window.
 class WindowClass {
   public:
-    /// `describe` returns everything except the name, the module and the procedure. It is called at most once.
-    WindowClass(const wchar_t* name, WNDCLASSEXW (*describe)()) : name_(name), describe_(describe) {}
+    /// `style` returns the style of the class. It is called at most once.
+    WindowClass(const wchar_t* name, UINT (*style)()) : name_(name), style_(style) {}
 
   private:
     friend class Window;
 
     const wchar_t* name_;
-    WNDCLASSEXW (*describe_)();
+    UINT (*style_)();
     bool registered_ = false;
 };
 
@@ -50,9 +53,9 @@ class Window {
     /// Called when a key was pressed in a control that handles its own keys: Windows shows keyboard cues from now on.
     void ShowKeyboardCues() const;
 
-    /// Registers the class on first use (with its procedure) and creates the window. False on failure.
-    bool Create(const WNDCLASSEXW& windowClass, const WindowPlan& plan);
-    /// The same for a class that has many windows.
+    /// Registers the class unless the system has it already, and creates the window. False on failure.
+    bool Create(const WindowPlan& plan);
+    /// The same for a class that has many windows: it is registered only once.
     bool Create(WindowClass& windowClass, const WindowPlan& plan);
     void Destroy();
 
@@ -66,15 +69,12 @@ class Window {
     void Invalidate() const;
 
   private:
-    [[nodiscard]] static bool Register(WNDCLASSEXW windowClass);
+    [[nodiscard]] static bool Register(const wchar_t* name, UINT style, const WindowPlan& plan);
     bool CreateOf(const wchar_t* className, const WindowPlan& plan);
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
     HWND handle_ = nullptr;
 };
-
-/// The system's arrow; the named constant is narrow text while UNICODE is off.
-[[nodiscard]] HCURSOR ArrowCursor();
 
 /// The module that holds the program's classes and resources.
 [[nodiscard]] HINSTANCE ThisModule();

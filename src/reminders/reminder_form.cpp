@@ -52,18 +52,16 @@ bool ReminderForm::Initialize(std::u16string_view text, const AlertColors& color
     text_ = text;
     paint_ = AlertPaintOf({Resolve(colors.paper), Resolve(colors.edge), Resolve(colors.text)});
 
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloReminder";
-    windowClass.hCursor = ArrowCursor();
     const Rect workArea = WorkAreas().empty() ? Rect{0, 0, 0, 0} : WorkAreas().front();
     scale_ = PointScale(POINT{workArea.left + workArea.width / 2, workArea.top + workArea.height / 2});
     place_ = services_.places.Take();
     WindowPlan plan;
+    plan.className = L"QuilloReminder";
     plan.title = Wide(text_);  // screen readers speak it
     plan.style = WS_POPUP | WS_SYSMENU;
     plan.exStyle = WS_EX_TOPMOST;
     plan.place = PlaceAlert(Size{scale_.Px(kAlertSize.width), scale_.Px(kAlertSize.height)}, workArea, *place_, scale_);
-    if (!Window::Create(windowClass, plan)) {
+    if (!Window::Create(plan)) {
         services_.places.Free(*place_);
         return false;
     }

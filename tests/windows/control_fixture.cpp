@@ -6,14 +6,12 @@ ControlParent::ControlParent() {
     // The pointer of an earlier test must not be over the control.
     SetCursorPos(900, 700);
     PumpWaiting();
-    WNDCLASSEXW windowClass{};
-    windowClass.lpszClassName = L"QuilloControlParent";
-    windowClass.hCursor = ArrowCursor();
     WindowPlan plan;
+    plan.className = L"QuilloControlParent";
     plan.style = WS_POPUP | WS_VISIBLE;
     plan.exStyle = WS_EX_TOOLWINDOW | WS_EX_TOPMOST;
     plan.place = Rect{200, 200, 460, 240};
-    EXPECT_TRUE(Create(windowClass, plan));
+    EXPECT_TRUE(Create(plan));
     PumpWaiting();
 }
 

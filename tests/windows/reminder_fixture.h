@@ -39,12 +39,11 @@ class LongDates : public FakeLocaleText {
 class PlainWindow : public Window {
   public:
     PlainWindow() {
-        WNDCLASSEXW windowClass{};
-        windowClass.lpszClassName = L"QuilloTestNote";
         WindowPlan plan;
+        plan.className = L"QuilloTestNote";
         plan.style = WS_POPUP | WS_VISIBLE;
         plan.place = Rect{300, 200, 188, 163};
-        Create(windowClass, plan);
+        Create(plan);
     }
     void End() { Destroy(); }
 

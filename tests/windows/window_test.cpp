@@ -26,13 +26,12 @@ class TestWindow : public Window {
     ~TestWindow() override { Destroy(); }
     bool Make(bool refuse = false) {
         refuse_ = refuse;
-        WNDCLASSEXW windowClass{};
-        windowClass.lpszClassName = L"QuilloTestWindow";
         WindowPlan plan;
+        plan.className = L"QuilloTestWindow";
         plan.title = L"test";
         plan.style = WS_POPUP;
         plan.place = Rect{10, 20, 100, 50};
-        return Create(windowClass, plan);
+        return Create(plan);
     }
     [[nodiscard]] Rect Client() const { return ClientRect(); }
 
@@ -91,9 +90,7 @@ TEST(WindowTest, AClassIsDescribedOnceForAllItsWindows) {
     timesDescribed = 0;
     WindowClass windowClass(L"QuilloTestClass", [] {
         ++timesDescribed;
-        WNDCLASSEXW description{};
-        description.style = CS_DBLCLKS;
-        return description;
+        return UINT{CS_DBLCLKS};
     });
     EXPECT_EQ(timesDescribed, 0);
     TestWindowOfAClass one;
@@ -102,7 +99,7 @@ TEST(WindowTest, AClassIsDescribedOnceForAllItsWindows) {
     ASSERT_TRUE(two.Make(windowClass));
     EXPECT_EQ(timesDescribed, 1);
     EXPECT_NE(GetClassLongPtrW(two.Handle(), GCL_STYLE) & CS_DBLCLKS, 0U);
-    WindowClass again(L"QuilloTestClass", [] { return WNDCLASSEXW{}; });
+    WindowClass again(L"QuilloTestClass", [] { return UINT{0}; });
     TestWindowOfAClass three;
     EXPECT_TRUE(three.Make(again)) << "the system knows the name already";
 }
