@@ -90,7 +90,7 @@ class SlideCounts : public MainFormTest {};
 
 TEST_F(SlideCounts, AFrameOfTheSlideChangesTheOpacityAndPaintsNothing) {
     ASSERT_TRUE(form_.Load());
-    test_.program.settings.disableAnimation = false;
+    test_.program.settings.animation = true;
     ASSERT_TRUE(IsSlideAnimated(false, SystemAnimates(), IsRemoteSession()));
     form_.SlideForm(true);
     form_.SlideForm(false);
