@@ -86,10 +86,6 @@ LRESULT NoteButton::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return accessible_.Answer(Handle(), wParam, lParam);
         case WM_NCPAINT:
             return 0;  // there is no frame
-        case WM_ERASEBKGND:
-            return 1;  // the whole face is painted
-        case WM_PAINT:
-            return OnPaint(), 0;
         default:
             return Default(message, wParam, lParam);
     }

@@ -5,12 +5,12 @@
 #include "controls/button_state.h"
 #include "controls/note_button_images.h"
 #include "platform/accessible.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 
 namespace quillo {
 
 /// A small flat picture button of a note.
-class NoteButton : public Window, private AccessibleSource {
+class NoteButton : public DrawnWindow, private AccessibleSource {
   public:
     explicit NoteButton(NoteButtonImages& images) : images_(images) {}
 
@@ -49,7 +49,7 @@ class NoteButton : public Window, private AccessibleSource {
     void OnMouseDown(Point at, MouseButton button);
     void OnMouseUp(Point at, MouseButton button, WPARAM keys);
     void OnCaptureChanged(HWND receiver);
-    void OnPaint();
+    void OnPaint() override;
     void PaintFace(HDC dc, const Rect& place, ButtonFace face);
     void Answer(const ButtonResponse& response);
     /// A click without the mouse (BM_CLICK, as for the system's buttons).

@@ -84,10 +84,6 @@ LRESULT NoteColorSelector::HandleMessage(UINT message, WPARAM wParam, LPARAM lPa
         case WM_UPDATEUISTATE:
             Invalidate();
             return Default(message, wParam, lParam);
-        case WM_ERASEBKGND:
-            return 1;  // the strip is painted as a whole, in a memory bitmap
-        case WM_PAINT:
-            return OnPaint(), 0;
         default:
             return Default(message, wParam, lParam);
     }

@@ -5,13 +5,13 @@
 #include "controls/swatch_palette.h"
 #include "controls/swatch_strip.h"
 #include "platform/accessible.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 
 namespace quillo {
 
 /// A strip of color schemes from which one is picked with the mouse, or with the arrow keys and Space or Enter. It
 /// always has the size of its strip, and does not store the picked scheme: its owner does.
-class NoteColorSelector : public Window, private AccessibleSource {
+class NoteColorSelector : public DrawnWindow, private AccessibleSource {
   public:
     /// Screen readers speak `name`. False on failure.
     bool Create(HWND parent, int id, const wchar_t* name, Point at = {});
@@ -40,7 +40,7 @@ class NoteColorSelector : public Window, private AccessibleSource {
     void OnRelease(Point at, WPARAM keys);
     void OnKey(WPARAM key, bool repeated);
     void OnFocusChanged(bool focused);
-    void OnPaint();
+    void OnPaint() override;
     void MoveMark(std::size_t index);
     void Pick(std::size_t index) const;
 

@@ -51,10 +51,6 @@ LRESULT TesselDivider::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam)
         case WM_SIZE:
         case WM_SYSCOLORCHANGE:
             return Invalidate(), 0;
-        case WM_ERASEBKGND:
-            return 1;  // the background is painted with the rest
-        case WM_PAINT:
-            return OnPaint(), 0;
         default:
             return Default(message, wParam, lParam);
     }

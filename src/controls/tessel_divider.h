@@ -5,13 +5,13 @@
 
 #include "controls/divider_geometry.h"
 #include "platform/accessible.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 
 namespace quillo {
 
 /// An etched line between groups of a page, with or without a caption. Its font is set with WM_SETFONT, as for every
 /// control.
-class TesselDivider : public Window, private AccessibleSource {
+class TesselDivider : public DrawnWindow, private AccessibleSource {
   public:
     /// False on failure.
     bool Create(HWND parent, int id, std::u16string_view caption = {}, const Rect& place = {});
@@ -28,7 +28,7 @@ class TesselDivider : public Window, private AccessibleSource {
   private:
     LRESULT OnSetText(WPARAM wParam, LPARAM lParam);
     void OnSetFont(HFONT font);
-    void OnPaint();
+    void OnPaint() override;
     void PaintGround(HDC dc, const RECT& area) const;
     [[nodiscard]] AccessiblePart Describe(int part) const override;
 

@@ -107,10 +107,6 @@ LRESULT TesselMiniSlider::HandleMessage(UINT message, WPARAM wParam, LPARAM lPar
         case WM_UPDATEUISTATE:
             Invalidate();
             return Default(message, wParam, lParam);
-        case WM_ERASEBKGND:
-            return 1;  // the whole bar is painted
-        case WM_PAINT:
-            return OnPaint(), 0;
         default:
             return Default(message, wParam, lParam);
     }

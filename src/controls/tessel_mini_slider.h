@@ -6,13 +6,13 @@
 
 #include "controls/slider_track.h"
 #include "platform/accessible.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 
 namespace quillo {
 
 /// A flat level bar. The user sets its value by pressing, by dragging, or with the arrow keys, Page Up and Down, Home
 /// and End.
-class TesselMiniSlider : public Window, private AccessibleSource {
+class TesselMiniSlider : public DrawnWindow, private AccessibleSource {
   public:
     TesselMiniSlider();
 
@@ -55,7 +55,7 @@ class TesselMiniSlider : public Window, private AccessibleSource {
     void OnMouseMove(Point at, WPARAM keys);
     void OnRelease(WPARAM keys);
     void OnKey(WPARAM key);
-    void OnPaint();
+    void OnPaint() override;
     void OnTrackChanged();
     [[nodiscard]] AccessiblePart Describe(int part) const override;
 

@@ -132,10 +132,6 @@ LRESULT TesselTab::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
             return Invalidate(), 0;
-        case WM_ERASEBKGND:
-            return 1;  // the whole strip is painted
-        case WM_PAINT:
-            return OnPaint(), 0;
         default:
             return Default(message, wParam, lParam);
     }

@@ -8,14 +8,14 @@
 #include "controls/tab_strip.h"
 #include "platform/accessible.h"
 #include "platform/drop_registration.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 
 namespace quillo {
 
 /// A flat strip of tabs, with or without icons. It has no pages: its form shows them on onChange. The mouse, the arrow
 /// keys, Home and End choose a tab, and so does data dragged over it. Its font is set with WM_SETFONT, as for every
 /// control.
-class TesselTab : public Window, private AccessibleSource {
+class TesselTab : public DrawnWindow, private AccessibleSource {
   public:
     ~TesselTab() override;
 
@@ -54,7 +54,7 @@ class TesselTab : public Window, private AccessibleSource {
     void OnMouseMove(Point at);
     void OnKey(WPARAM key);
     void OnSetFont(HFONT font);
-    void OnPaint();
+    void OnPaint() override;
     void PaintCaption(HDC dc, int tab) const;
     void PaintFocus(HDC dc) const;
     void ComposeIcons();

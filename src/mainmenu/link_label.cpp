@@ -63,10 +63,6 @@ LRESULT LinkLabel::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_KILLFOCUS:
         case WM_SYSCOLORCHANGE:
             return Invalidate(), 0;
-        case WM_ERASEBKGND:
-            return 1;  // the label is painted as a whole, in a memory bitmap
-        case WM_PAINT:
-            return OnPaint(), 0;
         default:
             return Default(message, wParam, lParam);
     }
@@ -102,7 +98,7 @@ void LinkLabel::TakeFont(HFONT font) {
     Invalidate();
 }
 
-void LinkLabel::OnPaint() const {
+void LinkLabel::OnPaint() {
     const PaintScope paint(Handle());
     RECT client = ToWin32(ClientRect());
     const BufferedPaint buffer(paint.Dc(), client);

@@ -6,13 +6,13 @@
 
 #include "platform/accessible.h"
 #include "platform/unique_handle.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 
 namespace quillo {
 
 /// A label that is followed like a link, by a click, Enter or Space. The window's text is exactly what it shows; the
 /// system's link control does not fit, because its text is markup.
-class LinkLabel : public Window, private AccessibleSource {
+class LinkLabel : public DrawnWindow, private AccessibleSource {
   public:
     ~LinkLabel() override { Destroy(); }
 
@@ -29,7 +29,7 @@ class LinkLabel : public Window, private AccessibleSource {
     void OnPress();
     void OnRelease(Point at);
     void OnKey(WPARAM key) const;
-    void OnPaint() const;
+    void OnPaint() override;
     void TakeFont(HFONT font);
     void Follow() const;
 

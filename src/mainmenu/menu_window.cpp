@@ -91,10 +91,6 @@ LRESULT MenuWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETTINGCHANGE:
         case WM_THEMECHANGED:
             return RedrawPicture(), 0;
-        case WM_ERASEBKGND:
-            return 1;  // the menu is painted as a whole, in a memory bitmap
-        case WM_PAINT:
-            return OnPaint(), 0;
         default:
             return Default(message, wParam, lParam);
     }

@@ -11,7 +11,7 @@
 #include "platform/accessible.h"
 #include "platform/drop_registration.h"
 #include "platform/tool_tips.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 #include "util/units.h"
 
 namespace quillo {
@@ -34,7 +34,7 @@ struct MenuServices {
 
 /// The window of the main menu, which slides up in the bottom right corner of the work area: its picture, hovering and
 /// choosing, dropped files, screen readers. A derived class performs what is chosen.
-class MenuWindow : public Window, private AccessibleSource {
+class MenuWindow : public DrawnWindow, private AccessibleSource {
   public:
     /// Shows or hides the menu, with its sound and animation.
     void SlideForm(bool show);
@@ -82,7 +82,7 @@ class MenuWindow : public Window, private AccessibleSource {
     LRESULT OnNotify(NMHDR& notice);
     void OnIconsFound();
     void OnScaleChanged();
-    void OnPaint();
+    void OnPaint() override;
 
     [[nodiscard]] MenuContents Contents() const;
     /// A point of the window in pixels at 96 dpi.

@@ -36,10 +36,6 @@ LRESULT NotePreview::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return DLGC_STATIC;
         case WM_GETOBJECT:
             return accessible_.Answer(Handle(), wParam, lParam);
-        case WM_ERASEBKGND:
-            return 1;  // the whole note is painted
-        case WM_PAINT:
-            return OnPaint(), 0;
         default:
             return Default(message, wParam, lParam);
     }
@@ -51,7 +47,7 @@ AccessiblePart NotePreview::Describe(int /*part*/) const {
     return picture;
 }
 
-void NotePreview::OnPaint() const {
+void NotePreview::OnPaint() {
     const PaintScope paint(Handle());
     const Rect client = ClientRect();
     const Size size{client.width, client.height};

@@ -3,7 +3,7 @@
 #include "notes/note_face.h"
 #include "platform/accessible.h"
 #include "platform/unique_handle.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 #include "util/color_word.h"
 #include "util/units.h"
 
@@ -21,7 +21,7 @@ struct NotePreviewLook {
 };
 
 /// A small note that shows the look of new notes. It does not react to the mouse or the keys.
-class NotePreview : public Window, private AccessibleSource {
+class NotePreview : public DrawnWindow, private AccessibleSource {
   public:
     /// Screen readers speak `name`. False on failure.
     bool Create(HWND parent, int id, const wchar_t* name);
@@ -31,7 +31,7 @@ class NotePreview : public Window, private AccessibleSource {
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
   private:
-    void OnPaint() const;
+    void OnPaint() override;
 
     // AccessibleSource
     [[nodiscard]] AccessiblePart Describe(int part) const override;

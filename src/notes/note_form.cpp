@@ -109,10 +109,6 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return Default(message, wParam, lParam);
         case WM_NOTIFY:
             return buttons_.Notify(*reinterpret_cast<NMHDR*>(lParam)), 0;
-        case WM_ERASEBKGND:
-            return 1;  // the note is painted as a whole, in a memory bitmap
-        case WM_PAINT:
-            return OnPaint(), 0;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:
             return OnSystemChanged(), 0;

@@ -15,7 +15,7 @@
 #include "platform/accessible.h"
 #include "platform/drop_registration.h"
 #include "platform/ui_timer.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 #include "ports/date_services.h"
 #include "util/units.h"
 
@@ -50,7 +50,7 @@ struct NoteFormServices {
 };
 
 /// A note's window: a bordered, colored face with a strip to drag it by, three buttons and a text box.
-class NoteForm : public Window, public NoteWindow, private AccessibleSource {
+class NoteForm : public DrawnWindow, public NoteWindow, private AccessibleSource {
   public:
     NoteForm(OpenNote& note, const NoteFormServices& services);
     ~NoteForm() override;
@@ -103,7 +103,7 @@ class NoteForm : public Window, public NoteWindow, private AccessibleSource {
     void OnDragBarPressed(Point at);
     void OnMinMaxInfo(MINMAXINFO& info) const;
     void OnPointerOverFoot(POINT screen);
-    void OnPaint();
+    void OnPaint() override;
     void PaintFace(HDC dc, const NoteLayout& layout);
     void OnPlaceChanged(const WINDOWPOS& place);
     void OnSystemChanged();

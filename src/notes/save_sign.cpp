@@ -53,10 +53,6 @@ LRESULT SaveSign::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return OnPressed(PointFromLParam(lParam)), 0;
         case WM_GETOBJECT:
             return accessible_.Answer(Handle(), wParam, lParam);
-        case WM_ERASEBKGND:
-            return 1;  // the whole sign is painted
-        case WM_PAINT:
-            return OnPaint(), 0;
         default:
             return Default(message, wParam, lParam);
     }

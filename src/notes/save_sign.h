@@ -6,12 +6,12 @@
 
 #include "controls/note_button_images.h"
 #include "platform/accessible.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 
 namespace quillo {
 
 /// The sign in a note's strip that says that the note is not saved, and why. The strip can still be dragged there.
-class SaveSign : public Window, private AccessibleSource {
+class SaveSign : public DrawnWindow, private AccessibleSource {
   public:
     explicit SaveSign(NoteButtonImages& images) : images_(images) {}
     ~SaveSign() override { Destroy(); }
@@ -31,7 +31,7 @@ class SaveSign : public Window, private AccessibleSource {
 
   private:
     [[nodiscard]] bool Make(HWND note, int id, const Rect& place);
-    void OnPaint();
+    void OnPaint() override;
     void OnPressed(Point at) const;
     [[nodiscard]] AccessiblePart Describe(int part) const override;
 

@@ -9,6 +9,7 @@ target_sources(quillo_windows PRIVATE
   platform/dib.cpp
   platform/disabled_windows.cpp
   platform/dpi.cpp
+  platform/drawn_window.cpp
   platform/drop_registration.cpp
   platform/drop_target.cpp
   platform/file_dialogs.cpp

@@ -100,10 +100,6 @@ LRESULT ReminderForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) 
             return OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam)), 0;
         case WM_GETOBJECT:
             return accessible_.Answer(Handle(), wParam, lParam);
-        case WM_ERASEBKGND:
-            return 1;  // the alert is painted as a whole, in a memory bitmap
-        case WM_PAINT:
-            return OnPaint(), 0;
         default:
             return Default(message, wParam, lParam);
     }

@@ -9,7 +9,7 @@
 #include "platform/artwork.h"
 #include "platform/ui_timer.h"
 #include "platform/unique_handle.h"
-#include "platform/window.h"
+#include "platform/drawn_window.h"
 #include "reminders/alert_colors.h"
 #include "reminders/reminder_services.h"
 #include "util/units.h"
@@ -20,7 +20,7 @@ class ReminderOwner;
 
 /// The alert of a due reminder: it shows the note's text above all windows and repeats the reminder's sound until the
 /// user dismisses it, which shows the note again.
-class ReminderForm : public Window, private AccessibleSource {
+class ReminderForm : public DrawnWindow, private AccessibleSource {
   public:
     /// `owner` is the note, or null; borrowed.
     ReminderForm(ReminderOwner* owner, const AlertServices& services);
@@ -42,7 +42,7 @@ class ReminderForm : public Window, private AccessibleSource {
     void OnReleased(Point at);
     void OnKeyDown(int virtualKey);
     void OnDpiChanged(int dpi, const RECT& suggested);
-    void OnPaint();
+    void OnPaint() override;
 
     // AccessibleSource; the name is the note's text.
     [[nodiscard]] AccessiblePart Describe(int part) const override;

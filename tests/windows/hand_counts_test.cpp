@@ -91,7 +91,7 @@ class SlideCounts : public MainFormTest {};
 TEST_F(SlideCounts, AFrameOfTheSlideChangesTheOpacityAndPaintsNothing) {
     ASSERT_TRUE(form_.Load());
     test_.program.settings.animation = true;
-    ASSERT_TRUE(IsSlideAnimated(false, SystemAnimates(), IsRemoteSession()));
+    ASSERT_TRUE(IsSlideAnimated(true, SystemAnimates(), IsRemoteSession()));
     form_.SlideForm(true);
     form_.SlideForm(false);
     const ImportCounter<26, decltype(SetLayeredWindowAttributes)> frames("SetLayeredWindowAttributes");
