@@ -50,7 +50,7 @@ void LateNotes::OpenNow(const std::u16string& path) {
 void LateNotes::Begin() {
     if (!large_.empty()) {
         largeTimer_->Start(kBetweenMilliseconds);
-    } else if (!tooLarge_.empty()) {
+    } else if (!tooLarge_.empty() && hints_.HasBalloons()) {
         hints_.ShowBalloon({kTitle, std::u16string(kText) + std::exchange(tooLarge_, {}), BalloonIcon::Warning});
     }
     if (!locked_.empty()) lockedTimer_->Start(kRetryMilliseconds);

@@ -7,8 +7,8 @@
 #include "controls/tab_icons.h"
 #include "controls/tab_strip.h"
 #include "platform/accessible.h"
-#include "platform/drop_registration.h"
 #include "platform/drawn_window.h"
+#include "platform/drop_registration.h"
 
 namespace quillo {
 

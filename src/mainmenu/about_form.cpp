@@ -4,6 +4,7 @@
 
 #include "app/base/app_identity.h"
 #include "app/startup.h"
+#include "platform/control_column.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
 #include "platform/monitors.h"

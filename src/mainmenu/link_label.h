@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "platform/accessible.h"
-#include "platform/unique_handle.h"
 #include "platform/drawn_window.h"
+#include "platform/unique_handle.h"
 
 namespace quillo {
 

@@ -9,9 +9,9 @@
 #include "mainmenu/menu_shortcuts.h"
 #include "mainmenu/menu_state.h"
 #include "platform/accessible.h"
+#include "platform/drawn_window.h"
 #include "platform/drop_registration.h"
 #include "platform/tool_tips.h"
-#include "platform/drawn_window.h"
 #include "util/units.h"
 
 namespace quillo {

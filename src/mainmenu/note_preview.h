@@ -2,8 +2,8 @@
 
 #include "notes/note_face.h"
 #include "platform/accessible.h"
-#include "platform/unique_handle.h"
 #include "platform/drawn_window.h"
+#include "platform/unique_handle.h"
 #include "util/color_word.h"
 #include "util/units.h"
 

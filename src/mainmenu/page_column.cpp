@@ -29,7 +29,7 @@ int PageColumn::Px(int atDesignDpi) const {
 }
 
 int PageColumn::LineHeight() const {
-    return MeasureText(dc_, panel_.Fonts().body.Get(), kSample).height;
+    return MeasureText(Dc(), panel_.Fonts().body.Get(), kSample).height;
 }
 
 int PageColumn::BoxHeight() const {
@@ -37,15 +37,15 @@ int PageColumn::BoxHeight() const {
 }
 
 int PageColumn::TextWidth(OptionControl control) const {
-    return MeasureCaption(dc_, panel_.FontOf(RowOf(control)), panel_.TextOf(control)).width;
+    return MeasureCaption(Dc(), panel_.FontOf(RowOf(control)), panel_.TextOf(control)).width;
 }
 
 int PageColumn::TextHeight(OptionControl control, int width) const {
-    return MeasureText(dc_, panel_.FontOf(RowOf(control)), panel_.TextOf(control), width).height;
+    return MeasureText(Dc(), panel_.FontOf(RowOf(control)), panel_.TextOf(control), width).height;
 }
 
 int PageColumn::ButtonWidth(OptionControl button) const {
-    return quillo::ButtonWidth(dc_, panel_.Fonts().body.Get(), panel_.TextOf(button), panel_.PageScale());
+    return quillo::ButtonWidth(Dc(), panel_.Fonts().body.Get(), panel_.TextOf(button), panel_.PageScale());
 }
 
 void PageColumn::PlaceAt(OptionControl control, int left, int top, int width, int height) const {
@@ -58,13 +58,11 @@ void PageColumn::PlaceLabelAt(OptionControl label, int left, int top, int width)
 }
 
 void PageColumn::Advance(int height, int gapAfter) {
-    bottom_ += height + Px(gapAfter);
+    Skip(height + Px(gapAfter));
 }
 
 void PageColumn::PutText(OptionControl label, int gapAfter) {
-    const int height = TextHeight(label, width_);
-    PlaceAt(label, left_, bottom_, width_, height);
-    Advance(height, gapAfter);
+    ControlColumn::PutText(panel_.Item(label), panel_.FontOf(RowOf(label)), panel_.TextOf(label), 0, Px(gapAfter));
 }
 
 void PageColumn::PutHeading(OptionControl heading) {
@@ -76,21 +74,19 @@ void PageColumn::PutChecksAfter(OptionControl control) {
 }
 
 void PageColumn::PutCheck(OptionControl check) {
-    const int text = TextHeight(check, width_ - Px(kDialogCheckRoom));
+    const int text = TextHeight(check, Width() - Px(kDialogCheckRoom));
     const int height = std::max(Px(kDialogCheckHeight), text + Px(2));
-    PlaceAt(check, left_, bottom_, width_, height);
-    Advance(height, kCheckGap);
+    Put(panel_.Item(check), 0, height, Px(kCheckGap));
 }
 
 void PageColumn::PutDivider(OptionControl divider) {
-    bottom_ += Px(kAirAboveDivider);
+    Skip(Px(kAirAboveDivider));
     PutFirstDivider(divider);
 }
 
 void PageColumn::PutFirstDivider(OptionControl divider) {
-    const int height = TextHeight(divider, width_) + Px(kDividerAir);
-    PlaceAt(divider, left_, bottom_, width_, height);
-    Advance(height, kDividerGap);
+    const int height = TextHeight(divider, Width()) + Px(kDividerAir);
+    Put(panel_.Item(divider), 0, height, Px(kDividerGap));
 }
 
 void PageColumn::PutBox(OptionControl box, std::initializer_list<OptionControl> smallButtons, int gapAfter) {
@@ -102,12 +98,12 @@ void PageColumn::PutLabeledBox(OptionControl label, int labelWidth, OptionContro
     const int height = BoxHeight();
     const int step = Px(kSmallButtonWidth) + Px(kSmallButtonGap);
     const int indent = labelWidth > 0 ? labelWidth + Px(kDialogGap) : 0;
-    if (labelWidth > 0) PlaceLabelAt(label, left_, bottom_, labelWidth);
-    const int boxWidth = width_ - indent - step * static_cast<int>(smallButtons.size());
-    PlaceAt(box, left_ + indent, bottom_, boxWidth, height);
-    int left = left_ + indent + boxWidth + Px(kSmallButtonGap);
+    if (labelWidth > 0) PlaceLabelAt(label, Left(), Bottom(), labelWidth);
+    const int boxWidth = Width() - indent - step * static_cast<int>(smallButtons.size());
+    PlaceAt(box, Left() + indent, Bottom(), boxWidth, height);
+    int left = Left() + indent + boxWidth + Px(kSmallButtonGap);
     for (const OptionControl button : smallButtons) {
-        PlaceAt(button, left, bottom_, Px(kSmallButtonWidth), height);
+        PlaceAt(button, left, Bottom(), Px(kSmallButtonWidth), height);
         left += step;
     }
     Advance(height, gapAfter);
@@ -116,20 +112,20 @@ void PageColumn::PutLabeledBox(OptionControl label, int labelWidth, OptionContro
 void PageColumn::PutBoxWithButton(OptionControl box, OptionControl button, int gapAfter) {
     const int height = Px(kDialogButtonHeight);
     const int buttonWidth = ButtonWidth(button);
-    const int boxWidth = width_ - buttonWidth - Px(kDialogGap);
-    PlaceAt(box, left_, bottom_ + (height - BoxHeight()) / 2, boxWidth, BoxHeight());
-    PlaceAt(button, left_ + width_ - buttonWidth, bottom_, buttonWidth, height);
+    const int boxWidth = Width() - buttonWidth - Px(kDialogGap);
+    PlaceAt(box, Left(), Bottom() + (height - BoxHeight()) / 2, boxWidth, BoxHeight());
+    PlaceAt(button, Left() + Width() - buttonWidth, Bottom(), buttonWidth, height);
     Advance(std::max(height, BoxHeight()), gapAfter);
 }
 
 void PageColumn::PutTextWithButton(OptionControl label, OptionControl button, int gapAfter) {
     const int buttonHeight = Px(kDialogButtonHeight);
     const int buttonWidth = ButtonWidth(button);
-    const int textWidth = width_ - buttonWidth - 2 * Px(kDialogGap);
+    const int textWidth = Width() - buttonWidth - 2 * Px(kDialogGap);
     const int textHeight = TextHeight(label, textWidth);
     const int height = std::max(buttonHeight, textHeight);
-    PlaceAt(label, left_, bottom_ + (height - textHeight) / 2, textWidth, textHeight);
-    PlaceAt(button, left_ + width_ - buttonWidth, bottom_ + (height - buttonHeight) / 2, buttonWidth, buttonHeight);
+    PlaceAt(label, Left(), Bottom() + (height - textHeight) / 2, textWidth, textHeight);
+    PlaceAt(button, Left() + Width() - buttonWidth, Bottom() + (height - buttonHeight) / 2, buttonWidth, buttonHeight);
     Advance(height, gapAfter);
 }
 

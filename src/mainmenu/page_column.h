@@ -3,7 +3,7 @@
 #include <initializer_list>
 
 #include "mainmenu/options_table.h"
-#include "platform/win32.h"
+#include "platform/control_column.h"
 
 namespace quillo {
 
@@ -11,10 +11,10 @@ class ContentPanel;
 
 /// Stacks the controls of a page, each as high as its text needs. Gaps are pixels at 96 dpi, places and lengths device
 /// pixels.
-class PageColumn {
+class PageColumn : public ControlColumn {
   public:
     PageColumn(ContentPanel& panel, HDC dc, int left, int top, int width)
-        : panel_(panel), dc_(dc), left_(left), width_(width), bottom_(top) {}
+        : ControlColumn(dc, left, top, width), panel_(panel) {}
 
     void PutHeading(OptionControl heading);
     /// A label, wrapped at the column's width.
@@ -45,18 +45,9 @@ class PageColumn {
     [[nodiscard]] int BoxHeight() const;
     [[nodiscard]] int LineHeight() const;
     [[nodiscard]] int Px(int atDesignDpi) const;
-    [[nodiscard]] HDC Dc() const { return dc_; }
-    [[nodiscard]] int Left() const { return left_; }
-    [[nodiscard]] int Width() const { return width_; }
-    /// The bottom of all controls so far, the last gap included.
-    [[nodiscard]] int Bottom() const { return bottom_; }
 
   private:
     ContentPanel& panel_;
-    HDC dc_;
-    int left_;
-    int width_;
-    int bottom_;
 };
 
 }  // namespace quillo

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/control_column.h"
 #include "platform/gdi_scope.h"
 #include "platform/monitors.h"
 #include "platform/text_tools.h"

@@ -13,9 +13,9 @@
 #include "notes/note_view.h"
 #include "notes/open_note.h"
 #include "platform/accessible.h"
+#include "platform/drawn_window.h"
 #include "platform/drop_registration.h"
 #include "platform/ui_timer.h"
-#include "platform/drawn_window.h"
 #include "ports/date_services.h"
 #include "util/units.h"
 

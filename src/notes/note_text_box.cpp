@@ -157,6 +157,8 @@ bool NoteTextBox::Swallow(UINT message, WPARAM wParam, LPARAM lParam) {
             // Without its bar the whole window is text: while the control shows the bar and it is hidden again, the
             // text must not wrap a second time.
             return !scrollBar_;
+        case WM_NCPAINT:
+            return !scrollBar_;  // there is no frame besides the bar
         case WM_GETOBJECT:
             if (static_cast<LONG>(lParam) == OBJID_CLIENT) NameForScreenReaders();
             return false;

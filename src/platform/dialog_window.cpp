@@ -209,15 +209,6 @@ void DialogWindow::FitClient(int height) const {
     SetWindowPos(Handle(), nullptr, place.left, place.top, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void ControlColumn::Put(HWND control, int indent, int height, int gapAfter) {
-    MoveWindow(control, left_ + indent, bottom_, width_ - indent, height, FALSE);
-    bottom_ += height + gapAfter;
-}
-
-void ControlColumn::PutText(HWND label, HFONT font, std::u16string_view text, int indent, int gapAfter) {
-    Put(label, indent, MeasureText(dc_, font, text, width_ - indent).height, gapAfter);
-}
-
 // Appearance.
 
 void DialogWindow::PaintGround(HDC dc) const {

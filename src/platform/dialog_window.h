@@ -104,23 +104,4 @@ class DialogWindow : public Window, private AccessibleSource {
     int footBottom_ = 0;
 };
 
-/// Stacks the controls of a dialog.
-class ControlColumn {
-  public:
-    /// Device pixels. `dc` is borrowed.
-    ControlColumn(HDC dc, int left, int top, int width) : dc_(dc), left_(left), width_(width), bottom_(top) {}
-
-    void Put(HWND control, int indent, int height, int gapAfter);
-    /// A label as high as `text` needs, wrapped at the column's width.
-    void PutText(HWND label, HFONT font, std::u16string_view text, int indent, int gapAfter);
-    /// The bottom of all controls so far, the gap included.
-    [[nodiscard]] int Bottom() const { return bottom_; }
-
-  private:
-    HDC dc_;
-    int left_;
-    int width_;
-    int bottom_;
-};
-
 }  // namespace quillo

@@ -4,6 +4,7 @@ target_sources(quillo_windows PRIVATE
   platform/app_id.cpp
   platform/app_icons.cpp
   platform/artwork.cpp
+  platform/control_column.cpp
   platform/dialog_parts.cpp
   platform/dialog_window.cpp
   platform/dib.cpp

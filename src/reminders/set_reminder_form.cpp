@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/control_column.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
 #include "platform/monitors.h"
