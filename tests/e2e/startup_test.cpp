@@ -52,11 +52,16 @@ TEST_F(FirstRun, HasColorsOfItsOwn) {
     Profile().AddNote(L"plain.qln", "hello");
     Start();
     const NoteWindow first = FindNote(Quillo(), L"hello");
-    // The help of the first run appears when its viewer is ready, and may cover the note.
-    SetWindowPos(first.Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    EXPECT_TRUE(Eventually([&] { return first.TextBackground() == kFirstRunNote; }));
-    EXPECT_TRUE(Eventually([&] { return first.FaceColor() == kFirstRunNote; }));
-    EXPECT_TRUE(Eventually([&] { return first.OutlineColor() == kFirstRunBorder; }));
+    // The help of the first run may cover the note, at any moment until its viewer is ready.
+    const auto becomes = [&first](COLORREF (NoteWindow::*shown)() const, COLORREF expected) {
+        return Eventually([&] {
+            SetWindowPos(first.Handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+            return (first.*shown)() == expected;
+        });
+    };
+    EXPECT_TRUE(becomes(&NoteWindow::TextBackground, kFirstRunNote));
+    EXPECT_TRUE(becomes(&NoteWindow::FaceColor, kFirstRunNote));
+    EXPECT_TRUE(becomes(&NoteWindow::OutlineColor, kFirstRunBorder));
     Quit();
 
     Start();
