@@ -154,11 +154,10 @@ bool NoteTextBox::Swallow(UINT message, WPARAM wParam, LPARAM lParam) {
     constexpr LPARAM kByKeyboard = -1;
     switch (message) {
         case WM_NCCALCSIZE:
-            // Without its bar the whole window is text: while the control shows the bar and it is hidden again, the
-            // text must not wrap a second time.
-            return !scrollBar_;
         case WM_NCPAINT:
-            return !scrollBar_;  // there is no frame besides the bar
+            // Without its bar the whole window is text, and there is no frame to paint: while the control shows the bar
+            // and it is hidden again, the text must not wrap a second time.
+            return !scrollBar_;
         case WM_GETOBJECT:
             if (static_cast<LONG>(lParam) == OBJID_CLIENT) NameForScreenReaders();
             return false;
