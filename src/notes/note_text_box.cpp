@@ -1,8 +1,11 @@
 #include "notes/note_text_box.h"
 
+#include <algorithm>
+
 #include "notes/note.h"
 #include "notes/note_face.h"
 #include "notes/word_start.h"
+#include "platform/gdi_scope.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
 #include "platform/window.h"
@@ -31,22 +34,23 @@ void Select(HWND box, Selection selection) {
 }  // namespace
 
 bool NoteTextBox::Create(HWND parent, int id, const Rect& place, bool scrollBar) {
-    // A bar that the control was not created with does not follow the text when it is shown later.
-    const DWORD style = WS_CHILD | WS_VISIBLE | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
+    // Created without a scroll bar, the control leaves the bar to us: its own would appear whenever the text is longer
+    // than the box, also while the option is off.
+    const DWORD style = WS_CHILD | WS_VISIBLE | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
     const auto childId = static_cast<UINT_PTR>(id);
     const HWND box = CreateWindowExW(0, L"EDIT", L"", style, place.left, place.top, place.width, place.height, parent,
                                      reinterpret_cast<HMENU>(childId), ThisModule(), nullptr);
     if (box == nullptr) return false;
-    scrollBar_ = scrollBar;
     Subclass(box);
     SendMessageW(Handle(), EM_SETLIMITTEXT, kMostNoteCharacters, 0);
-    KeepScrollBarHidden();
+    ShowScrollBar(scrollBar);
     return true;
 }
 
 void NoteTextBox::ShowScrollBar(bool shown) {
     if (shown == scrollBar_ || Handle() == nullptr) return;
     scrollBar_ = shown;
+    barRange_ = {};
     // The new width wraps the text differently: the first character of the top line identifies the place.
     const LRESULT top = SendMessageW(Handle(), EM_GETFIRSTVISIBLELINE, 0, 0);
     const LRESULT character = SendMessageW(Handle(), EM_LINEINDEX, static_cast<WPARAM>(top), 0);
@@ -55,18 +59,45 @@ void NoteTextBox::ShowScrollBar(bool shown) {
     SendMessageW(Handle(), EM_LINESCROLL, 0, line - SendMessageW(Handle(), EM_GETFIRSTVISIBLELINE, 0, 0));
 }
 
-/// The control shows its bar again as soon as its text or its size requires one.
-void NoteTextBox::KeepScrollBarHidden() {
-    const HWND box = Handle();
-    if (scrollBar_ || hidingBar_ || (GetWindowLongPtrW(box, GWL_STYLE) & WS_VSCROLL) == 0) return;
-    const FlagScope hiding(hidingBar_);
-    ::ShowScrollBar(box, SB_VERT, FALSE);
-    if (IsWindowVisible(box) == 0) return;
-    // The control may have drawn the bar already, over an area that belongs to the text.
-    RECT drawn{};
-    GetClientRect(box, &drawn);
-    drawn.left = drawn.right - GetSystemMetrics(SM_CXVSCROLL);
-    InvalidateRect(box, &drawn, TRUE);
+/// Called after every message, as most of them can change the text, the size or the top line.
+void NoteTextBox::UpdateScrollBar() {
+    if (!scrollBar_ || Handle() == nullptr) return;
+    RECT text{};
+    Default(EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
+    const BarRange range{static_cast<int>(Default(EM_GETLINECOUNT, 0, 0)),
+                         static_cast<int>(text.bottom - text.top) / LineHeight(),
+                         static_cast<int>(Default(EM_GETFIRSTVISIBLELINE, 0, 0))};
+    if (range == barRange_) return;
+    barRange_ = range;  // before the call, which sends messages
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    // A bar that is not needed remains, disabled: without it the text would be wrapped differently, and need it again.
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL;
+    info.nMax = range.lines - 1;
+    info.nPage = static_cast<UINT>(range.page);
+    info.nPos = range.top;
+    SetScrollInfo(Handle(), SB_VERT, &info, TRUE);
+}
+
+int NoteTextBox::LineHeight() {
+    if (lineHeight_ > 0) return lineHeight_;
+    const WindowDcScope screen(nullptr);
+    const SelectScope font(screen.Dc(), reinterpret_cast<HFONT>(Default(WM_GETFONT, 0, 0)));
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(screen.Dc(), &metrics);
+    lineHeight_ = std::max(1, static_cast<int>(metrics.tmHeight));
+    return lineHeight_;
+}
+
+bool NoteTextBox::FollowThumb(int request) {
+    if (request != SB_THUMBTRACK && request != SB_THUMBPOSITION) return false;
+    // The message itself has no more than 16 bits of the position.
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_TRACKPOS;
+    if (GetScrollInfo(Handle(), SB_VERT, &info) == 0) return false;
+    Default(EM_LINESCROLL, 0, info.nTrackPos - Default(EM_GETFIRSTVISIBLELINE, 0, 0));
+    return true;
 }
 
 /// Screen readers take the name of a text box from the static text before it. One without a size is invisible.
@@ -143,9 +174,9 @@ void NoteTextBox::SetFont(HFONT font, const Scale& scale) {
 }
 
 LRESULT NoteTextBox::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (Swallow(message, wParam, lParam)) return 0;
-    const LRESULT result = Default(message, wParam, lParam);
-    if (message != WM_NCDESTROY) KeepScrollBarHidden();
+    const LRESULT result = Swallow(message, wParam, lParam) ? 0 : Default(message, wParam, lParam);
+    if (message == WM_SETFONT) lineHeight_ = 0;
+    if (message != WM_NCDESTROY) UpdateScrollBar();
     return result;
 }
 
@@ -155,9 +186,10 @@ bool NoteTextBox::Swallow(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_NCCALCSIZE:
         case WM_NCPAINT:
-            // Without its bar the whole window is text, and there is no frame to paint: while the control shows the bar
-            // and it is hidden again, the text must not wrap a second time.
+            // Without its bar the whole window is text, and there is no frame to paint.
             return !scrollBar_;
+        case WM_VSCROLL:
+            return FollowThumb(LOWORD(wParam));
         case WM_GETOBJECT:
             if (static_cast<LONG>(lParam) == OBJID_CLIENT) NameForScreenReaders();
             return false;

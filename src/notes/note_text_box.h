@@ -19,7 +19,7 @@ class NoteTextBox : public SubclassedControl {
 
     /// False on failure. `place` should be final: the box wraps its text again for every new size.
     bool Create(HWND parent, int id, const Rect& place, bool scrollBar);
-    /// Keeps the control, and with it the text, the undo state, the caret and the top line.
+    /// Keeps the control, and with it the text, the undo state, the caret and the top line. The bar follows the text.
     void ShowScrollBar(bool shown);
 
     [[nodiscard]] std::u16string Text() const;
@@ -50,14 +50,26 @@ class NoteTextBox : public SubclassedControl {
     bool OnKey(int virtualKey, bool repeated);
     bool OnMenuKeys(bool repeated);
     void DeleteWordBefore();
-    void KeepScrollBarHidden();
+    /// True if the bar's thumb was moved and the text has followed it.
+    bool FollowThumb(int request);
+    void UpdateScrollBar();
+    [[nodiscard]] int LineHeight();
     void NameForScreenReaders();
     [[nodiscard]] std::size_t TextLength() const;
     [[nodiscard]] bool InsertAt(DWORD position, std::u16string_view text);
 
+    /// What the bar shows, in lines.
+    struct BarRange {
+        int lines = 0;
+        int page = 0;
+        int top = 0;
+        bool operator==(const BarRange&) const = default;
+    };
+
     HWND label_ = nullptr;  ///< names the box for screen readers; created when they first ask
     bool scrollBar_ = false;
-    bool hidingBar_ = false;
+    BarRange barRange_;
+    int lineHeight_ = 0;  ///< in pixels; 0 until it is needed with this font
     bool byProgram_ = false;
     bool menuKeysHeld_ = false;  ///< the last F10 was pressed with Shift
     bool keySwallowed_ = false;  ///< the character of the last key must be discarded

@@ -141,6 +141,28 @@ TEST_F(NoteWindowTest, HasAScrollBarBySetting) {
     EXPECT_TRUE(note.HasScrollBar());
 }
 
+TEST_F(NoteWindowTest, TheThumbOfItsScrollBarReachesEveryLine) {
+    Profile().SetNumber(L"Show scroll bars", 1);
+    // More lines than the message of a scroll bar has bits for.
+    constexpr int kLines = 70'000;
+    std::string text = "first";
+    for (int i = 0; i < kLines; ++i) text += "\r\n";
+    Profile().AddNote(L"note.qln", NoteFile{text}.Bytes());
+    Start();
+    const NoteWindow note = FindNote(Quillo(), std::wstring(text.begin(), text.end()));
+    RECT box{};
+    GetWindowRect(note.TextBox(), &box);
+    const LONG middle = box.right - GetSystemMetrics(SM_CXVSCROLL) / 2;
+    const LONG arrow = GetSystemMetrics(SM_CYVSCROLL);
+    const auto top = [&] { return SendMessageW(note.TextBox(), EM_GETFIRSTVISIBLELINE, 0, 0); };
+    EXPECT_TRUE(Until([&] { return top() > kLines - 100; },
+                      [&] {
+                          DragMouse(POINT{middle, box.top + arrow + Px(3)}, POINT{middle, box.bottom - 1});
+                      }));
+    EXPECT_TRUE(Quillo().WaitUntilReady());
+    EXPECT_GT(top(), kLines - 100) << "also after the release";
+}
+
 TEST_F(NoteWindowTest, HasTheFontOfTheSettings) {
     const int usual = Open().LineHeight();
     Quit();

@@ -24,6 +24,7 @@ target_sources(quillo_windows_tests PRIVATE
   windows/note_handles_test.cpp
   windows/note_menu_test.cpp
   windows/note_reminder_test.cpp
+  windows/note_scroll_bar_test.cpp
   windows/note_tool_tips_test.cpp
   windows/notify_window_test.cpp
   windows/options_form_test.cpp
