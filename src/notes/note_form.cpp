@@ -18,8 +18,6 @@
 namespace quillo {
 namespace {
 
-/// Timer messages have a lower priority than painting: the note is on the screen before this timer fires.
-constexpr UINT kSettleMilliseconds = 10;
 /// The smallest size that the user can give a note, at 96 dpi: the buttons side by side over one line of text.
 constexpr Size kSmallestNote{80, 56};
 
@@ -40,8 +38,7 @@ NoteForm::NoteForm(OpenNote& note, const NoteFormServices& services)
              [this] {
                  if (TakesInput()) OpenIconMenu();
              }}),
-      dialogs_(note, *this, services.dialogs),
-      settleTimer_([this] { Settle(); }) {
+      dialogs_(note, *this, services.dialogs) {
     SetUpParts();
 }
 
@@ -125,12 +122,12 @@ LRESULT NoteForm::OnCreate() {
     laidOut_ = Size{client.width, client.height};
     if (!messageBox_.Create(Handle(), kMessageBoxId, Layout().messageBox, services_.settings.showScrollBars)) return -1;
     ApplyFont();
-    settleTimer_.Start(kSettleMilliseconds);
+    services_.resources.afterPainting.Add(this, [this] { Settle(); });
     return 0;
 }
 
 void NoteForm::OnDestroy() {
-    settleTimer_.Stop();
+    services_.resources.afterPainting.Cancel(this);
     icon_.Hide();
     dialogs_.Close();
     drops_.Release();
@@ -149,7 +146,7 @@ void NoteForm::SetUpParts() {
 }
 
 void NoteForm::Settle() {
-    settleTimer_.Stop();
+    services_.resources.afterPainting.Cancel(this);
     if (buttons_.IsCreated()) return;
     buttons_.Create(Handle(), Layout());
     UpdateDropTarget();
@@ -164,7 +161,7 @@ void NoteForm::ApplyAppearance(const Note& note, const Settings& settings) {
     ApplyBarColors();
     messageBox_.ShowScrollBar(settings.showScrollBars);
     ApplyFont();
-    if (!settleTimer_.IsRunning()) UpdateDropTarget();
+    if (buttons_.IsCreated()) UpdateDropTarget();
     Repaint();
 }
 

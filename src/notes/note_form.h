@@ -15,7 +15,6 @@
 #include "platform/accessible.h"
 #include "platform/drawn_window.h"
 #include "platform/drop_registration.h"
-#include "platform/ui_timer.h"
 #include "ports/date_services.h"
 #include "util/units.h"
 
@@ -147,7 +146,6 @@ class NoteForm : public DrawnWindow, public NoteWindow, private AccessibleSource
     ColorWord borderColor_;
     ColorWord textColor_;
     DropRegistration drops_;
-    UiTimer settleTimer_;
     AccessibleLink accessible_{*this};
     std::u16string title_;  ///< of the window, once there was a text
     bool active_ = false;

@@ -4,6 +4,7 @@
 
 #include "controls/note_button_images.h"
 #include "notes/note_fonts.h"
+#include "platform/after_painting.h"
 #include "platform/app_icons.h"
 #include "platform/window.h"
 
@@ -18,6 +19,7 @@ struct NoteResources {
     NoteButtonImages images{};
     SharedIcons icons{};
     NoteFonts fonts{};
+    AfterPainting afterPainting{};
     /// Called before the icon of a note is shown beside the clock.
     std::function<void()> beforeIcon{};
 };

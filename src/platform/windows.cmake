@@ -1,5 +1,6 @@
 target_sources(quillo_windows PRIVATE
   platform/accessible.cpp
+  platform/after_painting.cpp
   platform/animation.cpp
   platform/app_id.cpp
   platform/app_icons.cpp

@@ -25,6 +25,7 @@ struct Counts {
     int windowsInAll = 0;  ///< including those created after the first painting
     int timersStarted = 0;
     int timersRunning = 0;  ///< of those, when the notes are at rest
+    int scrollBarCalls = 0;
 };
 
 /// Opens real notes from a temporary folder in the same way as a start.
@@ -41,7 +42,9 @@ class OpenedNotes : private NoteWindowFactory {
         const ImportCounter<6, decltype(RegQueryValueExW)> values("RegQueryValueExW");
         const ImportCounter<7, decltype(SetTimer)> timers("SetTimer");
         const ImportCounter<8, decltype(KillTimer)> ended("KillTimer");
-        EXPECT_TRUE(timers.IsCalled() && ended.IsCalled());
+        const ImportCounter<9, decltype(ShowScrollBar)> bars("ShowScrollBar");
+        const ImportCounter<10, decltype(SetScrollInfo)> ranges("SetScrollInfo");
+        EXPECT_TRUE(timers.IsCalled() && ended.IsCalled() && bars.IsCalled() && ranges.IsCalled());
         EXPECT_TRUE(windows.IsCalled() && classes.IsCalled() && files.IsCalled() && monitors.IsCalled() &&
                     nearest.IsCalled() && libraries.IsCalled() && values.IsCalled());
         {
@@ -60,6 +63,7 @@ class OpenedNotes : private NoteWindowFactory {
         counts.windowsInAll = windows.Calls();
         counts.timersStarted = timers.Calls();
         counts.timersRunning = timers.Calls() - ended.Calls();
+        counts.scrollBarCalls = bars.Calls() + ranges.Calls();
         program_.openNotes.UnloadAll();
         return counts;
     }
@@ -108,8 +112,8 @@ TEST(StartCounts, EachNoteCostsItsTwoWindowsAndItsFileAndNothingElse) {
     EXPECT_EQ(many.nearestMonitors, 0);
     EXPECT_EQ(many.libraries, 0);
     EXPECT_EQ(many.registryValues, 0);
-    EXPECT_EQ(many.timersStarted - few.timersStarted, more)
-        << "one, for what each note creates after the first painting";
+    EXPECT_EQ(many.timersStarted, few.timersStarted) << "one, for what all notes create after the first painting";
+    EXPECT_EQ(many.scrollBarCalls, 0) << "without its option a note has no bar to hide";
     EXPECT_EQ(many.timersRunning, 0) << "a note at rest wakes nobody";
 }
 

@@ -1,6 +1,7 @@
 target_sources(quillo_windows_tests PRIVATE
   windows/about_form_test.cpp
   windows/accessible_test.cpp
+  windows/after_painting_test.cpp
   windows/artwork_test.cpp
   windows/accessible_tree_test.cpp
   windows/app_id_test.cpp
