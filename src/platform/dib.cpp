@@ -21,4 +21,9 @@ BitmapHandle MakeDib(Size size, std::uint32_t** pixels) {
     return bitmap;
 }
 
+BitmapHandle MakeDib(Size size) {
+    std::uint32_t* pixels = nullptr;
+    return MakeDib(size, &pixels);
+}
+
 }  // namespace quillo

@@ -12,5 +12,6 @@ namespace quillo {
 
 /// Creates such a bitmap and returns its pixels in `pixels`; null on failure.
 [[nodiscard]] BitmapHandle MakeDib(Size size, std::uint32_t** pixels);
+[[nodiscard]] BitmapHandle MakeDib(Size size);
 
 }  // namespace quillo

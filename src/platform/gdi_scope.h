@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/dib.h"
 #include "platform/unique_handle.h"
 #include "util/geometry.h"
 
@@ -51,14 +52,15 @@ class WindowDcScope {
 };
 
 /// Directs drawing to an off-screen bitmap, which is copied in one step at the end of the scope, so that nothing
-/// flickers. Coordinates are those of the target.
+/// flickers. Coordinates are those of the target. The bitmap has a format of its own: the system need not be asked for
+/// that of the screen.
 class BufferedPaint {
   public:
     BufferedPaint(HDC target, const RECT& area)
         : target_(target),
           area_(area),
           dc_(CreateCompatibleDC(target)),
-          bitmap_(CreateCompatibleBitmap(target, area.right - area.left, area.bottom - area.top)),
+          bitmap_(MakeDib(Size{area.right - area.left, area.bottom - area.top})),
           previous_(SelectObject(dc_.Get(), bitmap_.Get())) {
         SetViewportOrgEx(dc_.Get(), -area.left, -area.top, nullptr);
     }
