@@ -66,11 +66,10 @@ bool IsAt(const std::optional<FileIdentity>& file, const std::u16string& path) {
 }  // namespace
 
 std::u16string WinShell::FolderPath(SpecialFolder folder) {
-    PIDLIST_ABSOLUTE list = nullptr;
-    if (FAILED(SHGetSpecialFolderLocation(nullptr, static_cast<int>(folder), &list))) return {};
     std::array<wchar_t, MAX_PATH + 1> path{};
-    const bool found = SHGetPathFromIDListW(list, path.data()) != 0;
-    CoTaskMemFree(list);
+    const int number = static_cast<int>(folder);
+    // S_FALSE is the path of a folder that does not exist.
+    const bool found = SHGetFolderPathW(nullptr, number, nullptr, SHGFP_TYPE_CURRENT, path.data()) == S_OK;
     std::u16string text(found ? FromWide(path.data()) : std::u16string_view());
     if (!text.empty() && text.back() == u'\\') text.pop_back();  // the root of a drive
     return text;
