@@ -14,7 +14,7 @@ LEVELS = ["util", "ports", "registry", "platform", "app/base", "controls", "remi
 COMPOSITION_ROOT = {"app/quillo_procs", "app/main"}
 WINDOWS_H_HOME = "platform/win32.h"
 # Linked only to quillo.exe, so that no library lists it.
-PROGRAM_ALONE = {"app/main.cpp", "app/library_exceptions.cpp", "app/library_threads.cpp"}
+PROGRAM_ALONE = {"app/main.cpp", "app/library_exceptions.cpp", "app/library_stack_guard.cpp", "app/library_threads.cpp"}
 # The headers of the resources, for window files.
 RESOURCE_HEADERS = {"resources/resource_ids.h", "version.h"}
 # Headers that the build generates for one file of the core, and that file.
