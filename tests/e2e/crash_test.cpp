@@ -1,6 +1,8 @@
 #include <array>
 #include <random>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include "harness/e2e_test.h"
 #include "harness/long_text.h"
@@ -10,6 +12,29 @@ namespace {
 
 constexpr int kRounds = 20;
 constexpr std::size_t kNotes = 4;
+
+/// Reports that a file of a folder was created, written, renamed or deleted. A wait, not a poll: the writes are over in
+/// a few milliseconds.
+class FolderWatch {
+  public:
+    explicit FolderWatch(const std::wstring& folder)
+        : change_(FindFirstChangeNotificationW(
+              folder.c_str(), FALSE,
+              FILE_NOTIFY_CHANGE_FILE_NAME | FILE_NOTIFY_CHANGE_SIZE | FILE_NOTIFY_CHANGE_LAST_WRITE)) {
+        EXPECT_NE(change_, INVALID_HANDLE_VALUE);
+    }
+    FolderWatch(FolderWatch&& other) noexcept : change_(std::exchange(other.change_, INVALID_HANDLE_VALUE)) {}
+    FolderWatch& operator=(FolderWatch&&) = delete;
+    ~FolderWatch() {
+        if (change_ != INVALID_HANDLE_VALUE) FindCloseChangeNotification(change_);
+    }
+
+    /// Signaled by the first change.
+    [[nodiscard]] HANDLE Change() const { return change_; }
+
+  private:
+    HANDLE change_;
+};
 
 /// Kills the program at random moments while notes are moved between the screen and their files.
 class Crashes : public OrdinaryTest {
@@ -36,27 +61,22 @@ class Crashes : public OrdinaryTest {
             for (const std::wstring& name : FilesIn(folder)) DeleteFileW((folder + L"\\" + name).c_str());
         }
     }
-    /// A fingerprint of both folders; it changes as soon as a file is created, written or deleted.
-    [[nodiscard]] std::vector<std::uint64_t> FolderState() const {
-        std::vector<std::uint64_t> state;
-        for (const std::wstring& folder : {Profile().NotesFolder(), Outside().Path()}) {
-            const std::vector<std::wstring> names = FilesIn(folder);
-            state.push_back(names.size());
-            for (const std::wstring& name : names) state.push_back(WriteTimeOf(folder + L"\\" + name));
-        }
-        return state;
+    /// Begins to report changes in both folders.
+    [[nodiscard]] std::vector<FolderWatch> WatchFolders() const {
+        std::vector<FolderWatch> watches;
+        watches.emplace_back(Profile().NotesFolder());
+        watches.emplace_back(Outside().Path());
+        return watches;
     }
-    /// Kills the program shortly after the folders begin to differ from `before`.
-    void KillDuringTheNextWrites(const std::vector<std::uint64_t>& before) {
+    /// Kills the program shortly after the first change in one of the folders.
+    void KillDuringTheNextWrites(const std::vector<FolderWatch>& watches) {
         constexpr int kLongestMicroseconds = 4'000;
-        EXPECT_TRUE(Eventually([&] {
-            // Polls without a pause for a while: the writes are over in a few milliseconds.
-            const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
-            while (std::chrono::steady_clock::now() < end) {
-                if (FolderState() != before) return true;
-            }
-            return false;
-        }));
+        std::vector<HANDLE> changes;
+        for (const FolderWatch& watch : watches) changes.push_back(watch.Change());
+        constexpr auto kLongestWait = static_cast<DWORD>(std::chrono::milliseconds(kPatience).count());
+        const DWORD changed =
+            WaitForMultipleObjects(static_cast<DWORD>(changes.size()), changes.data(), FALSE, kLongestWait);
+        EXPECT_LT(changed, WAIT_OBJECT_0 + changes.size()) << "nothing was written";
         std::uniform_int_distribution<int> microseconds(0, kLongestMicroseconds);
         const auto moment = std::chrono::steady_clock::now() + std::chrono::microseconds(microseconds(random_));
         while (std::chrono::steady_clock::now() < moment) {
@@ -88,7 +108,7 @@ TEST_F(Crashes, WhileNotesSaveThemselvesEveryFileStaysWhole) {
         Start();
         ASSERT_EQ(Quillo().Notes().size(), kNotes);
         const char letter = static_cast<char>('b' + round);
-        const auto before = FolderState();
+        const std::vector<FolderWatch> watches = WatchFolders();
         for (const NoteWindow& note : NotesOf(Quillo())) {
             const auto number = static_cast<std::size_t>(note.Text().at(0) - L'0');
             const std::wstring text = Widen(LongText(number, letter));
@@ -97,7 +117,7 @@ TEST_F(Crashes, WhileNotesSaveThemselvesEveryFileStaysWhole) {
             SendMessageTimeoutW(note.TextBox(), EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(text.c_str()),
                                 SMTO_ABORTIFHUNG, 20'000, &ignored);
         }
-        KillDuringTheNextWrites(before);
+        KillDuringTheNextWrites(watches);
         ASSERT_EQ(StorageCopies().size(), kNotes);
         int fresh = 0;
         for (std::size_t i = 0; i < kNotes; ++i) {
@@ -118,9 +138,9 @@ TEST_F(Crashes, WhileNotesAreClosedNoneIsLost) {
         AddNotes('a');
         Start();
         ASSERT_EQ(Quillo().Notes().size(), kNotes);
-        const auto before = FolderState();
+        const std::vector<FolderWatch> watches = WatchFolders();
         for (const NoteWindow& note : NotesOf(Quillo())) PostMessageW(note.Handle(), WM_CLOSE, 0, 0);
-        KillDuringTheNextWrites(before);
+        KillDuringTheNextWrites(watches);
         interrupted += StorageCopies().empty() ? 0 : 1;
         for (std::size_t i = 0; i < kNotes; ++i) {
             EXPECT_GE(WholeFilesWith(LongText(i, 'a')), 1) << "note " << i << " is lost after round " << round;
@@ -137,14 +157,14 @@ TEST_F(Crashes, WhileAFileIsOpenedItIsNotLost) {
         file.last = "<tempfilename>" + Narrow(path) + "</tempfilename>";
         WriteBytes(path, file.Bytes());
         Start();
-        const auto before = FolderState();
+        const std::vector<FolderWatch> watches = WatchFolders();
         const std::wstring command = L"@ \"" + path + L"\" ";
         std::thread sender([command] {
             DWORD_PTR ignored = 0;
             SendMessageTimeoutW(FindChannel(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(command.c_str()),
                                 SMTO_ABORTIFHUNG, 20'000, &ignored);
         });
-        KillDuringTheNextWrites(before);
+        KillDuringTheNextWrites(watches);
         sender.join();
         EXPECT_GE(WholeFilesWith(LongText(0, 'a')), 1) << "lost after round " << round;
     }
