@@ -1,5 +1,6 @@
 #include "harness/note_window.h"
 
+#include "harness/ask.h"
 #include "harness/eventually.h"
 
 #include <gtest/gtest.h>
@@ -14,13 +15,6 @@ namespace quillo::e2e {
 namespace {
 
 constexpr int kTextBoxId = 1;
-constexpr UINT kAnswerMilliseconds = 20'000;
-
-DWORD_PTR Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-    DWORD_PTR answer = 0;
-    SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, kAnswerMilliseconds, &answer);
-    return answer;
-}
 
 POINT MiddleOf(const RECT& area) {
     return POINT{(area.left + area.right) / 2, (area.top + area.bottom) / 2};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "harness/ask.h"
 #include "harness/eventually.h"
 #include "harness/input.h"
 #include "harness/main_menu.h"
@@ -11,14 +12,7 @@
 namespace quillo::e2e {
 namespace {
 
-constexpr UINT kAnswerMilliseconds = 20'000;
 constexpr int kMostTabs = 40;  // more controls than any page has
-
-DWORD_PTR Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    DWORD_PTR answer = 0;
-    SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, kAnswerMilliseconds, &answer);
-    return answer;
-}
 
 }  // namespace
 
@@ -57,7 +51,7 @@ bool OptionsWindow::Shows(OptionsPage page) const {
 }
 
 bool OptionsWindow::IsChecked(OptionControl check) const {
-    return Ask(Control(check), BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return Ask(Control(check), BM_GETCHECK) == BST_CHECKED;
 }
 
 std::wstring OptionsWindow::Text(OptionControl control) const {
@@ -82,7 +76,7 @@ bool OptionsWindow::ClickTab(OptionsPage page) const {
     for (LONG x = strip.left + kStep; x < strip.right; x += kStep) {
         if (Shows(page)) return true;
         ClickMouse(POINT{x, (strip.top + strip.bottom) / 2});
-        (void)Ask(window_, WM_NULL, 0, 0);  // returns once the click has been handled
+        Ask(window_, WM_NULL);  // returns once the click has been handled
         if (Eventually([&] { return Shows(page); }, std::chrono::milliseconds(100))) return true;
     }
     return false;

@@ -5,13 +5,12 @@
 #include <array>
 #include <filesystem>
 
+#include "harness/ask.h"
 #include "harness/tray.h"
 #include "platform/win32.h"
 
 namespace quillo::e2e {
 namespace {
-
-constexpr UINT kAnswerMilliseconds = 20'000;
 
 std::wstring FindExe() {
     std::array<wchar_t, 1024> buffer{};

@@ -1,5 +1,6 @@
 #include "harness/reminder_windows.h"
 
+#include "harness/ask.h"
 #include "harness/eventually.h"
 #include "harness/input.h"
 #include "harness/quillo_process.h"
@@ -8,7 +9,6 @@
 namespace quillo::e2e {
 namespace {
 
-constexpr UINT kAnswerMilliseconds = 20'000;
 /// The numbers of the dialog's controls: OKButton is the system's, for the Enter key.
 constexpr int kFirstId = 100;
 
@@ -18,12 +18,6 @@ std::vector<HWND> VisibleOfClass(DWORD process, const wchar_t* windowClass) {
         if (ClassOf(window) == windowClass && IsWindowVisible(window) != 0) windows.push_back(window);
     }
     return windows;
-}
-
-DWORD_PTR Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    DWORD_PTR answer = 0;
-    SendMessageTimeoutW(window, message, wParam, lParam, SMTO_ABORTIFHUNG, kAnswerMilliseconds, &answer);
-    return answer;
 }
 
 }  // namespace
