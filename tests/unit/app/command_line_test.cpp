@@ -9,13 +9,13 @@ namespace {
 
 using Kind = Command::Kind;
 
-struct Case {
+struct LineCase {
     std::u16string_view commandLine;
     Command expected;
 };
 
 TEST(CommandLine, FirstStart) {
-    const Case cases[] = {
+    const LineCase cases[] = {
         {u"", {Kind::None, u""}},
         {u"   ", {Kind::None, u""}},
         {u"/close", {Kind::Close, u""}},
@@ -33,7 +33,7 @@ TEST(CommandLine, FirstStart) {
         {u"@@C:\\a.qln", {Kind::OpenFile, u"@C:\\a.qln"}},
         {u"close", {Kind::OpenFile, u"close"}},
     };
-    for (const Case& c : cases) {
+    for (const LineCase& c : cases) {
         const Command command = ClassifyFirstStart(c.commandLine);
         EXPECT_EQ(command.kind, c.expected.kind) << testing::PrintToString(std::u16string(c.commandLine));
         EXPECT_EQ(command.text, c.expected.text);
@@ -41,7 +41,7 @@ TEST(CommandLine, FirstStart) {
 }
 
 TEST(CommandLine, ReceivedByTheRunningInstance) {
-    const Case cases[] = {
+    const LineCase cases[] = {
         {u"", {Kind::None, u""}},
         {u"/CLOSE", {Kind::Close, u""}},
         {u"/close please", {Kind::Close, u""}},
@@ -59,7 +59,7 @@ TEST(CommandLine, ReceivedByTheRunningInstance) {
         {u" /close", {Kind::OpenFile, u"/close"}},
         {u"  ", {Kind::OpenFile, u""}},
     };
-    for (const Case& c : cases) {
+    for (const LineCase& c : cases) {
         const Command command = ClassifyReceived(c.commandLine);
         EXPECT_EQ(command.kind, c.expected.kind) << testing::PrintToString(std::u16string(c.commandLine));
         EXPECT_EQ(command.text, c.expected.text);

@@ -9,7 +9,8 @@
 namespace quillo::codec_tests {
 
 /// A note file with every element.
-inline NoteFile Note(std::u16string_view text, FileKind kind = FileKind::StorageCopy, std::u16string_view path = u"") {
+inline NoteFile FileOf(std::u16string_view text, FileKind kind = FileKind::StorageCopy,
+                       std::u16string_view path = u"") {
     NoteFile file;
     file.text = text;
     file.position = NotePosition{7200, 3600, 3000, 2400};

@@ -10,7 +10,7 @@
 namespace quillo {
 namespace {
 
-using codec_tests::Note;
+using codec_tests::FileOf;
 using codec_tests::Read;
 using codec_tests::ReadTags;
 using codec_tests::Written;
@@ -25,10 +25,10 @@ TEST(FormatNoteFile, WritesEveryByteOfTheFormat) {
     const std::string head =
         "\r\n<quillo><position>7200,3600,3000,2400</position>"
         "<appearance>False,False,14155262,3723262,0,0</appearance><reminder>#45123.75</reminder>";
-    EXPECT_EQ(Written(Note(u"Buy milk")), "Buy milk" + head + "<nodelete></nodelete></quillo>");
-    EXPECT_EQ(Written(Note(u"", FileKind::ProgramNamed, u"C:\\A b.qln")),
+    EXPECT_EQ(Written(FileOf(u"Buy milk")), "Buy milk" + head + "<nodelete></nodelete></quillo>");
+    EXPECT_EQ(Written(FileOf(u"", FileKind::ProgramNamed, u"C:\\A b.qln")),
               head + "<tempfilename>C:\\A b.qln</tempfilename></quillo>");
-    EXPECT_EQ(Written(Note(u"a\r\nb", FileKind::OwnFile, u"D:\\\u00C4.qln")),
+    EXPECT_EQ(Written(FileOf(u"a\r\nb", FileKind::OwnFile, u"D:\\\u00C4.qln")),
               "a\r\nb" + head + "<filename>D:\\\xC4.qln</filename></quillo>");
 }
 
@@ -39,13 +39,13 @@ TEST(FormatNoteFile, OmitsAbsentElements) {
 }
 
 TEST(FormatNoteFile, WritesAQuestionMarkForACharacterThatTheCodePageLacks) {
-    EXPECT_EQ(Written(Note(u"\u20AC \u0416\u0101")).substr(0, 4), "\x80 ??");
+    EXPECT_EQ(Written(FileOf(u"\u20AC \u0416\u0101")).substr(0, 4), "\x80 ??");
 }
 
 TEST(FormatNoteFile, WritesTheDecimalSeparatorOfTheLocale) {
     FakeLocaleText locale;
     locale.decimalSeparator = u",";
-    NoteFile file = Note(u"");
+    NoteFile file = FileOf(u"");
     file.position = NotePosition{1.5F, -15, 1e7F, 0};
     const std::string bytes = FormatNoteFile(file, locale).value_or("");
     EXPECT_EQ(bytes.substr(0, bytes.find("</position>")), "\r\n<quillo><position>1,5,-15,1E+07,0");
@@ -54,7 +54,7 @@ TEST(FormatNoteFile, WritesTheDecimalSeparatorOfTheLocale) {
 TEST(FormatNoteFile, RefusesTextThatTheSystemCannotConvert) {
     FakeLocaleText locale;
     locale.narrowWorks = false;
-    EXPECT_FALSE(FormatNoteFile(Note(u"precious"), locale).has_value());
+    EXPECT_FALSE(FormatNoteFile(FileOf(u"precious"), locale).has_value());
 }
 
 TEST(SplitNoteFile, Table) {
@@ -347,7 +347,7 @@ std::u16string RandomText(std::mt19937& random) {
 TEST(NoteFile, IsReadAsItWasWrittenExceptForAnEmptyFirstLine) {
     std::mt19937 random(1981);
     for (int round = 0; round < 20'000; ++round) {
-        NoteFile expected = Note(RandomText(random));
+        NoteFile expected = FileOf(RandomText(random));
         if (random() % 4 == 0) expected.reminder.reset();
         if (random() % 4 == 0) expected.position.reset();
         const NoteFile read = Read(Written(expected));
@@ -360,15 +360,15 @@ TEST(NoteFile, IsReadAsItWasWrittenExceptForAnEmptyFirstLine) {
 TEST(NoteFile, OfAMegabyteIsReadAsItWasWritten) {
     std::u16string text;
     while (text.size() < 1'000'000) text += u"A line with <brackets> and \u00FCmlauts.\r\n";
-    EXPECT_EQ(Read(Written(Note(text))).text, text);
+    EXPECT_EQ(Read(Written(FileOf(text))).text, text);
     text += u"\u0416";
-    EXPECT_EQ(Read(Written(Note(text))).text, text);
+    EXPECT_EQ(Read(Written(FileOf(text))).text, text);
 }
 
 TEST(NoteFile, IsReadSafelyWhenItIsDamaged) {
     std::mt19937 random(7);
     for (const auto* text : {u"Some text\r\n", u"\u0416 text"}) {
-        const std::string whole = Written(Note(text));
+        const std::string whole = Written(FileOf(text));
         for (int round = 0; round < 20'000; ++round) {
             std::string damaged = whole.substr(0, random() % (whole.size() + 1));
             for (unsigned hits = random() % 4; hits > 0 && !damaged.empty(); --hits) {

@@ -15,12 +15,12 @@
 namespace quillo {
 namespace {
 
-const std::u16string kFolder = u"C:\\Data\\Notes";
+const std::u16string kNotesFolder = u"C:\\Data\\Notes";
 
 class NoteSaverTest : public ::testing::Test {
   protected:
     NoteSaverTest() {
-        files_.PutFolder(kFolder);
+        files_.PutFolder(kNotesFolder);
         note_.NoteKey = u"1A2B";
     }
 
@@ -39,7 +39,7 @@ class NoteSaverTest : public ::testing::Test {
     FakeLocaleText locale_;
     FakeShell shell_{files_};
     NoteNames names_{files_, shell_, settings_};
-    NoteStore store_{files_, locale_, shell_, names_, kFolder};
+    NoteStore store_{files_, locale_, shell_, names_, kNotesFolder};
     FakeTimers timers_;
     RecordingSaveFailures failures_;
     Note note_;
