@@ -45,7 +45,10 @@ def settings_of_the_program(root):
     for index, name in enumerate(re.findall(r'u"([^"]+)"', SHORTCUTS.search(header)[1])):
         names[f"kShortcuts[{index}]"] = name
     defaults = dict(DEFAULT.findall(header))
-    found = {name: Setting(name) for name in names.values()}
+    spellings = {}  # names are compared without case, and one is also written in another spelling
+    for name in names.values():
+        spellings.setdefault(name.lower(), name)
+    found = {name: Setting(name) for name in spellings.values()}
     for constant, flag, flag_member, number_member, least, most in ROW.findall(table):
         setting = found[names[constant]]
         if flag:

@@ -136,7 +136,7 @@ constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
      u"Do not automatically start Quillo when I log in.",
      u"",
      kAtOnce,
-     {setting::kStartupMode}},
+     {setting::kStartupModeWritten}},
 
     {C::HelpHeading, kHelp, K::Heading, u"Quillo at a glance"},
     {C::HelpLabel, kHelp, K::Text, u"The keys that save the most time:"},

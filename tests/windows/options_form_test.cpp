@@ -28,7 +28,7 @@ TEST_F(OptionsFormTest, OpensOnItsFirstPageAboveAllOthers) {
     EXPECT_TRUE(IsWindowVisible(form_.Handle()));
     EXPECT_TRUE(IsTopmost());
     EXPECT_EQ(form_.CurrentPage(), OptionsPage::Appearance);
-    EXPECT_EQ(Written(), Names{u"Startup Mode"});
+    EXPECT_EQ(Written(), Names{u"Startup mode"});
     for (const OptionRow& row : OptionsTable()) {
         if (row.kind == OptionKind::KeyList) continue;
         ASSERT_NE(Of(row.control), nullptr) << static_cast<int>(row.control);
@@ -146,17 +146,17 @@ TEST_F(OptionsFormTest, TheWarningAppearsAboveTheDialog) {
     bool waits = false;
     program_.notice.onWarnOfChoice = [&] {
         gaveWay = !IsTopmost();
-        waits = Number(u"Startup Mode") == 0;
+        waits = Number(u"Startup mode") == 0;
     };
     Press(C::SpecialStartupCheck);
     EXPECT_EQ(program_.notice.choiceWarnings, Names{std::u16string(kStartupWarning)});
     EXPECT_TRUE(gaveWay);
     EXPECT_TRUE(waits);
     EXPECT_TRUE(IsTopmost());
-    EXPECT_EQ(Number(u"Startup Mode"), 1);
+    EXPECT_EQ(Number(u"Startup mode"), 1);
     Press(C::SpecialStartupCheck);
     EXPECT_EQ(program_.notice.choiceWarnings.size(), 1U);
-    EXPECT_EQ(Number(u"Startup Mode"), 0);
+    EXPECT_EQ(Number(u"Startup mode"), 0);
 }
 
 TEST_F(OptionsFormTest, ADialogClosedDuringItsWarningIsNotUsedAgain) {
@@ -164,7 +164,7 @@ TEST_F(OptionsFormTest, ADialogClosedDuringItsWarningIsNotUsedAgain) {
     program_.notice.onWarnOfChoice = [&] { form_.Unload(); };
     Press(C::SpecialStartupCheck);
     EXPECT_EQ(form_.Handle(), nullptr);
-    EXPECT_EQ(Number(u"Startup Mode"), 1);
+    EXPECT_EQ(Number(u"Startup mode"), 1);
 }
 
 TEST_F(OptionsFormTest, TheButtonTheCloseBoxAndEscAllSave) {

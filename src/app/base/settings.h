@@ -39,6 +39,8 @@ inline constexpr std::u16string_view kNewNoteHotkey = u"New note hotkey";
 inline constexpr std::u16string_view kShowNotesHotkey = u"Show notes hotkey";
 inline constexpr std::u16string_view kShownHelp = u"Shown Help";
 inline constexpr std::u16string_view kStartupMode = u"Startup Mode";
+/// The same value as the options dialog writes it (intended): names are compared without regard to case.
+inline constexpr std::u16string_view kStartupModeWritten = u"Startup mode";
 // The program records these for itself; they are read and written where they are used.
 inline constexpr std::u16string_view kHasHiddenNotes = u"Has hidden notes";  ///< the hint about hiding was shown
 inline constexpr std::u16string_view kNotes = u"Notes";                      ///< the number of notes in the old store

@@ -80,8 +80,8 @@ TEST_F(OptionsControllerTest, OpeningWritesNothingButTheStartupModeAsItWasRead) 
     EXPECT_EQ(Written(), Names{}) << "what fills the controls is no change";
     EXPECT_FALSE(Now().autoPinNewNotes);
     controller.FinishLoading();
-    EXPECT_EQ(Written(), Names{u"Startup Mode"});
-    EXPECT_EQ(Number(u"Startup Mode"), 5);
+    EXPECT_EQ(Written(), Names{u"Startup mode"});
+    EXPECT_EQ(Number(u"Startup Mode"), 5) << "names are compared without regard to case";
 }
 
 TEST_F(OptionsControllerTest, EveryFlagIsWrittenAtOnceAndReadAtTheNextStart) {
@@ -202,11 +202,11 @@ TEST_F(OptionsControllerTest, TheStartupWarningComesOnlyWhenTheBoxBecomesChecked
     EXPECT_FALSE(controller.NeedsWarning(C::SpecialStartupCheck, false));
     EXPECT_FALSE(controller.NeedsWarning(C::AutoPinCheck, true));
     controller.SetChecked(C::SpecialStartupCheck, true);
-    EXPECT_EQ(Number(u"Startup Mode"), 1) << "1, not -1: this is no flag";
+    EXPECT_EQ(Number(u"Startup mode"), 1) << "1, not -1: this is no flag";
     EXPECT_EQ(Now().startupMode, 1);
     EXPECT_TRUE(controller.IsChecked(C::SpecialStartupCheck));
     controller.SetChecked(C::SpecialStartupCheck, false);
-    EXPECT_EQ(Number(u"Startup Mode"), 0);
+    EXPECT_EQ(Number(u"Startup mode"), 0);
     EXPECT_FALSE(program_.registry.HasValue(kRunKey, kRunValue)) << "the Run value is the quit procedure's";
 }
 
