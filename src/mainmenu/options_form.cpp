@@ -104,7 +104,6 @@ void OptionsForm::MoveToMiddle() const {
 }
 
 LRESULT OptionsForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE) OnActivated();
     const LRESULT result = DialogWindow::HandleMessage(message, wParam, lParam);
     // The system returns the focus to the control that had it; a drag may have hidden its page meanwhile.
     if (message == WM_ACTIVATE || message == WM_SETFOCUS) KeepFocusShown();
@@ -116,10 +115,6 @@ void OptionsForm::KeepFocusShown() const {
     if (focused != nullptr && IsChild(Handle(), focused) != 0 && IsWindowVisible(focused) == 0) {
         SetFocus(tabStrip_.Handle());
     }
-}
-
-void OptionsForm::OnActivated() {
-    shortcuts_.Refresh();
 }
 
 void OptionsForm::CreateControls() {
@@ -198,7 +193,6 @@ void OptionsForm::OnCommand(int id, int notification) {
 }
 
 void OptionsForm::OnClose() {
-    shortcuts_.Refresh();
     OptionsTexts texts;
     texts.shortcuts = shortcuts_.Shortcuts();
     texts.reminder = behavior_.ReminderSound();

@@ -58,7 +58,6 @@ class OptionsForm : public DialogWindow {
     void MoveToMiddle() const;
     /// Moves the focus if its control is on a hidden page.
     void KeepFocusShown() const;
-    void OnActivated();
     /// Directs input to the dialog alone and makes the program busy.
     void TakeInput();
     /// Called before the window ends: the system then gives the focus to a window that accepts it.

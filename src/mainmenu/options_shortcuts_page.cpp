@@ -93,21 +93,6 @@ void OptionsShortcutsPage::BrowseForProgram(OptionControl box) {
     if (!chosen.empty() && ShortcutFits(chosen) && Handle() != nullptr) SetText(box, chosen);
 }
 
-void OptionsShortcutsPage::Load() {
-    ContentPanel::Load();
-    loaded_ = Shortcuts();
-}
-
-void OptionsShortcutsPage::Refresh() {
-    for (std::size_t i = 0; i < loaded_.size(); ++i) {
-        const C box = kPrograms[i].box;
-        const std::u16string stored = Controller().TextOf(box);
-        if (stored == loaded_[i] || TextOf(box) != loaded_[i]) continue;
-        SetText(box, stored);
-        loaded_[i] = stored;
-    }
-}
-
 std::array<std::u16string, 4> OptionsShortcutsPage::Shortcuts() const {
     std::array<std::u16string, 4> paths;
     for (std::size_t i = 0; i < paths.size(); ++i) paths[i] = TextOf(kPrograms[i].box);

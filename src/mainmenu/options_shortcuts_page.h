@@ -14,10 +14,6 @@ class OptionsShortcutsPage : public ContentPanel {
     OptionsShortcutsPage(OptionsController& controller, BusyFlag& dialogs)
         : ContentPanel(OptionsPage::Shortcuts, controller, dialogs) {}
 
-    void Load() override;
-    /// Shows the current settings in every box that the user has not changed: programs can be dropped on the menu while
-    /// the dialog is open.
-    void Refresh();
     [[nodiscard]] std::array<std::u16string, 4> Shortcuts() const;
 
   protected:
@@ -29,7 +25,6 @@ class OptionsShortcutsPage : public ContentPanel {
     void OnKey(OptionControl keyBox, int virtualKey);
     void BrowseForProgram(OptionControl box);
 
-    std::array<std::u16string, 4> loaded_;  ///< the initial content of the boxes
     KeyBox newNoteBox_;
     KeyBox surfaceBox_;
 };

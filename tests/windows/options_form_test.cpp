@@ -229,18 +229,6 @@ TEST_F(OptionsFormTest, SystemDialogsCloseWithItHoweverItCloses) {
     }
 }
 
-TEST_F(OptionsFormTest, AProgramDroppedOnTheMenuMeanwhileIsKept) {
-    Now().shortcuts = {u"C:\\1.exe", u"C:\\2.exe", u"C:\\3.exe", u"C:\\4.exe"};
-    Open();
-    SetWindowTextW(Of(C::ShortcutBox1), L"C:\\typed.exe");
-    Now().shortcuts[0] = u"C:\\dropped 1.exe";
-    Now().shortcuts[1] = u"C:\\dropped 2.exe";
-    SendMessageW(form_.Handle(), WM_CLOSE, 0, 0);
-    EXPECT_EQ(Now().shortcuts[0], u"C:\\typed.exe") << "what was typed wins";
-    EXPECT_EQ(Now().shortcuts[1], u"C:\\dropped 2.exe");
-    EXPECT_EQ(Now().shortcuts[2], u"C:\\3.exe");
-}
-
 TEST_F(OptionsFormTest, IsNeverLargerThanTheWorkArea) {
     Open();
     for (const int dpi : {96, 144, 192, 288}) {
