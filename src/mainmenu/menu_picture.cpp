@@ -7,11 +7,6 @@
 namespace quillo {
 namespace {
 
-/// An area of the design on the screen: its edges are rounded, so that neighbors touch.
-RECT Scaled(const Rect& area, const Scale& scale) {
-    return RECT{scale.Px(area.left), scale.Px(area.top), scale.Px(area.Right()), scale.Px(area.Bottom())};
-}
-
 void Copy(HDC target, const RECT& area, HDC source, int sourceLeft, int sourceTop) {
     BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top, source, sourceLeft, sourceTop,
            SRCCOPY);
@@ -47,13 +42,17 @@ void MenuPicture::Paint(HDC target, MenuItem hovered, const MenuContents& conten
     const int belowNormal = scale_.Px(kMenuSize.height);
     {
         const SelectScope selected(source.Get(), mainPic_.Get());
-        Copy(target, Scaled(Rect{0, 0, kMenuSize.width, kMenuSize.height}, scale_), source.Get(), 0, 0);
-        const RECT lit = Scaled(HighlightRect(hovered), scale_);
+        Copy(target, ScaledArea(Rect{0, 0, kMenuSize.width, kMenuSize.height}, scale_), source.Get(), 0, 0);
+        const RECT lit = ScaledArea(HighlightRect(hovered), scale_);
         Copy(target, lit, source.Get(), lit.left, lit.top + belowNormal);
     }
     if (contents.hasNotes || !showAllDisabledPic_) return;
     const SelectScope selected(source.Get(), showAllDisabledPic_.Get());
-    Copy(target, Scaled(kShowAllPlace, scale_), source.Get(), 0, 0);
+    Copy(target, ScaledArea(kShowAllPlace, scale_), source.Get(), 0, 0);
+}
+
+RECT ScaledArea(const Rect& area, const Scale& scale) {
+    return RECT{scale.Px(area.left), scale.Px(area.top), scale.Px(area.Right()), scale.Px(area.Bottom())};
 }
 
 FilledSlots FilledSlotsOf(const Settings& settings) {

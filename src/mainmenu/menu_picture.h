@@ -32,6 +32,8 @@ class MenuPicture {
     Scale scale_;
 };
 
+/// An area of the design in device pixels: its edges are rounded, so that neighbors touch.
+[[nodiscard]] RECT ScaledArea(const Rect& area, const Scale& scale);
 /// Which slots have a program.
 [[nodiscard]] FilledSlots FilledSlotsOf(const Settings& settings);
 

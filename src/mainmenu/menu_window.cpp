@@ -115,8 +115,7 @@ MenuPoint MenuWindow::ScreenToDesign(Point at) const {
 }
 
 RECT MenuWindow::DevicePlace(MenuItem item) const {
-    const Rect area = HighlightRect(item);
-    return RECT{scale_.Px(area.left), scale_.Px(area.top), scale_.Px(area.Right()), scale_.Px(area.Bottom())};
+    return ScaledArea(HighlightRect(item), scale_);
 }
 
 void MenuWindow::RepaintItem(MenuItem item) {
@@ -237,7 +236,7 @@ void MenuWindow::SlideForm(bool show) {
 }
 
 void MenuWindow::CreateToolTips() {
-    toolTips_.Destroy();  // the scale and the shortcuts may have changed
+    toolTips_.Destroy();  // the scale or the shortcuts may have changed
     if (!toolTips_.Create(Handle(), scale_)) return;
     for (const MenuItem item : MenuOrder()) {
         if (!MenuItemTip(item, services_.settings.shortcuts).empty()) {
@@ -290,6 +289,8 @@ void MenuWindow::OnScaleChanged() {
     if (!IsShowing()) return;
     Place();
     LookUpIcons();
+    CreateToolTips();
+    Invalidate();
 }
 
 void MenuWindow::OnPaint() {
@@ -310,7 +311,7 @@ void MenuWindow::RedrawPicture() {
 void MenuWindow::RedrawShortcuts() {
     picture_.DropPicture();
     if (IsShowing()) LookUpIcons();
-    if (Handle() != nullptr) Invalidate();
+    Invalidate();
 }
 
 void MenuWindow::LookUpIcons() {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "../unit/app/test_program.h"
 #include "mainmenu/main_form.h"
@@ -61,9 +63,15 @@ class MainFormTest : public testing::Test {
     OleSession ole_;
     BusyFlag dialogs_;
     int monitorQuestions_ = 0;
+    std::optional<Scale> scale_;  ///< the resolution of every monitor, if not its own
+    bool refusesToEnd_ = false;
     MonitorCache monitors_{[this] {
         ++monitorQuestions_;
-        return AskForMonitors();
+        std::vector<Monitor> monitors = AskForMonitors();
+        if (scale_) {
+            for (Monitor& monitor : monitors) monitor.scale = *scale_;
+        }
+        return monitors;
     }};
     MainForm form_{MainFormServices{test_.program, test_.registry, test_.shell, test_.locale, dialogs_,
                                     SessionEndCalls{[this](HWND window, const wchar_t* reason) {

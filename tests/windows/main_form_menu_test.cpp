@@ -206,6 +206,16 @@ HWND ToolTipsOf(HWND owner) {
     return nullptr;
 }
 
+/// The area of the window in which an item's tool tip appears.
+RECT AreaOfToolTip(HWND menu, MenuItem item) {
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = menu;
+    tool.uId = static_cast<UINT_PTR>(item);
+    EXPECT_TRUE(SendMessageW(ToolTipsOf(menu), TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool)));
+    return tool.rect;
+}
+
 TEST_F(MainFormWindow, TheSlotsAndTheRoundButtonsHaveToolTips) {
     test_.program.settings.shortcuts = {u"C:\\Windows\\Notepad.exe", u"", u"", u""};
     Show();
@@ -214,17 +224,52 @@ TEST_F(MainFormWindow, TheSlotsAndTheRoundButtonsHaveToolTips) {
     EXPECT_EQ(SendMessageW(tips, TTM_GETTOOLCOUNT, 0, 0), 6);
     EXPECT_EQ(ToolTipOf(form_.Handle(), MenuItem::Shortcut1), u"Notepad");
     EXPECT_EQ(ToolTipOf(form_.Handle(), MenuItem::Close), u"Close the menu.  Right-click to quit Quillo.");
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    tool.hwnd = form_.Handle();
-    tool.uId = static_cast<UINT_PTR>(MenuItem::Close);
-    ASSERT_TRUE(SendMessageW(tips, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool)));
+    const RECT cross = AreaOfToolTip(form_.Handle(), MenuItem::Close);
     RECT client{};
     GetClientRect(form_.Handle(), &client);
-    EXPECT_EQ(tool.rect.right, client.right) << "over the cross";
-    EXPECT_EQ(tool.rect.top, 0);
-    form_.SlideForm(false);
-    EXPECT_EQ(ToolTipsOf(form_.Handle()), nullptr);
+    EXPECT_EQ(cross.right, client.right);
+    EXPECT_EQ(cross.top, 0);
+
+    SendMessageW(tips, TTM_SETDELAYTIME, TTDT_INITIAL, 0);
+    POINT middle{(cross.left + cross.right) / 2, (cross.top + cross.bottom) / 2};
+    const LPARAM at = MAKELPARAM(middle.x, middle.y);
+    ClientToScreen(form_.Handle(), &middle);
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    SetCursorPos(middle.x, middle.y);
+    EXPECT_TRUE(PumpUntil([&] {
+        Send(WM_MOUSEMOVE, 0, at);
+        return IsWindowVisible(tips) != 0;
+    }));
+    Send(WM_LBUTTONDOWN, MK_LBUTTON, at);
+    EXPECT_FALSE(IsWindowVisible(tips)) << "a press hides it";
+    Send(WM_LBUTTONUP, 0, at);
+    EXPECT_EQ(ToolTipsOf(form_.Handle()), nullptr) << "the menu has closed";
+    SetCursorPos(pointer.x, pointer.y);  // other tests do not expect it over the menu
+}
+
+TEST_F(MainFormWindow, AnOpenMenuFollowsAnotherScaling) {
+    const int dpi = AskForMonitors().front().scale.Dpi();
+    scale_ = Scale(2 * dpi);
+    monitors_.Forget();
+    Show();
+    (void)Pixel(0, 0);
+    RECT large{};
+    GetClientRect(form_.Handle(), &large);
+    const auto widestTip = [this] { return SendMessageW(ToolTipsOf(form_.Handle()), TTM_GETMAXTIPWIDTH, 0, 0); };
+    const LRESULT widestLarge = widestTip();
+    // A smaller window: the system keeps the pixels of a smaller area.
+    scale_ = Scale(dpi);
+    RECT suggested{};
+    Send(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
+    RECT client{};
+    GetClientRect(form_.Handle(), &client);
+    EXPECT_EQ(client.right, large.right / 2);
+    EXPECT_EQ(AreaOfToolTip(form_.Handle(), MenuItem::Close).right, client.right);
+    EXPECT_EQ(widestTip(), widestLarge / 2);
+    RECT update{};
+    GetUpdateRect(form_.Handle(), &update, FALSE);
+    EXPECT_TRUE(EqualRect(&update, &client)) << "the whole picture is drawn again";
 }
 
 // Shortcuts.

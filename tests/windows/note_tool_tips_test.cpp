@@ -93,14 +93,27 @@ TEST_F(NoteMenuTest, TheToolTipOfAButtonAppearsUnderThePointerAndAPressHidesIt) 
 
 TEST_F(NoteMenuTest, TheSignOfANoteThatIsNotSavedHasItsReasonInItsToolTip) {
     ASSERT_TRUE(one_.Settle());
+    form_.MoveTo(TwipsRect{3000, 3000, 2820, 2445});
     Show();
     form_.ShowSaveProblem(u"The disk is full.");
     const HWND sign = one_.Child(ChildId::kSaveSign);
+    RECT place{};
+    GetWindowRect(sign, &place);
+    SetCursorPos(place.left + 5, place.top + 5);
     SendMessageW(one_.Window(), WM_SETCURSOR, reinterpret_cast<WPARAM>(sign), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
     const HWND tips = TipsOf(one_.Window());
     ASSERT_NE(tips, nullptr);
     EXPECT_EQ(TipOf(tips, one_.Window(), sign), u"The disk is full.");
     EXPECT_NE(TipOf(tips, one_.Window(), one_.Child(ChildId::kPushpin)), u"The disk is full.");
+
+    SendMessageW(tips, TTM_SETDELAYTIME, TTDT_INITIAL, 0);
+    EXPECT_TRUE(PumpUntil([&] {
+        SendMessageW(sign, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+        return IsWindowVisible(tips) != 0;
+    }));
+    SendMessageW(sign, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(5, 5));
+    EXPECT_EQ(IsWindowVisible(tips), FALSE) << "a press hides it";
+    SendMessageW(sign, WM_RBUTTONUP, 0, MAKELPARAM(-5, 5));
 }
 
 TEST_F(NoteMenuTest, TheReminderLabelHasAToolTipWithTheDate) {
