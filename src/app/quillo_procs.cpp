@@ -63,7 +63,10 @@ void QuilloProcs::BindMainForm() {
     mainForm_.onAbout = [this] {
         Ignore(aboutForm_.Open(mainForm_.Handle()), "a dialog that cannot open has nothing to lose");
     };
-    mainForm_.onQuit = [this] { EndProgram(QuitReason::User); };
+    mainForm_.onQuit = [this] {
+        EndProgram(QuitReason::User);
+        return program_.quitting;
+    };
     mainForm_.onSessionEnd = [this] { EndProgram(QuitReason::SessionEnd); };
     mainForm_.onBackup = saveAll;
     mainForm_.onSessionEnding = saveAll;

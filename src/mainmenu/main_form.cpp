@@ -210,8 +210,8 @@ void MainForm::OnItem(MenuItem item) {
     }
 }
 
-void MainForm::OnQuit() {
-    Raise(onQuit);
+bool MainForm::OnQuit() {
+    return onQuit && onQuit();
 }
 
 void MainForm::SetShortcut(int index, std::u16string_view path) {

@@ -63,8 +63,8 @@ class MainForm : public MenuWindow, public OptionsOwner {
     std::function<void()> onNewNote;
     std::function<void()> onOptions;
     std::function<void()> onAbout;
-    /// The user ends the program.
-    std::function<void()> onQuit;
+    /// The user ends the program. False if it continues after all.
+    std::function<bool()> onQuit;
     /// The session ends: no question can be asked any more.
     std::function<void()> onSessionEnd;
     /// Every five minutes: all notes must be saved.
@@ -83,7 +83,7 @@ class MainForm : public MenuWindow, public OptionsOwner {
     // MenuWindow
     void OnOpen() override { ShowTrayIcon(); }
     void OnItem(MenuItem item) override;
-    void OnQuit() override;
+    [[nodiscard]] bool OnQuit() override;
     void OnShortcutDropped(int slot, std::u16string_view path) override { SetShortcut(slot, path); }
 
     void OnDestroy();

@@ -58,7 +58,7 @@ LRESULT MenuWindow::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_DESTROY:
             return OnDestroy(), 0;
         case WM_CLOSE:
-            return OnQuit(), 0;
+            return Ignore(OnQuit(), "if the program continues, so does the menu"), 0;
         case WM_MOUSEMOVE:
             return OnMouseMove(at()), 0;
         case WM_MOUSELEAVE:
@@ -169,7 +169,7 @@ void MenuWindow::OnKeyDown(int virtualKey) {
 }
 
 void MenuWindow::Choose(const MenuChoice& choice) {
-    if (choice.quits) return OnQuit();
+    if (choice.quits && OnQuit()) return;
     if (choice.closesFirst) SlideForm(false);
     if (choice.item != MenuItem::None && choice.item != MenuItem::Close) OnItem(choice.item);
     SlideForm(false);

@@ -56,8 +56,8 @@ class MenuWindow : public DrawnWindow, private AccessibleSource {
     virtual void OnOpen() = 0;
     /// Performs an item that was chosen, other than None and Close.
     virtual void OnItem(MenuItem item) = 0;
-    /// The user ends the program.
-    virtual void OnQuit() = 0;
+    /// The user ends the program. False if it continues after all.
+    [[nodiscard]] virtual bool OnQuit() = 0;
     /// A file was dropped on the slot, 1 to 4.
     virtual void OnShortcutDropped(int slot, std::u16string_view path) = 0;
 

@@ -29,7 +29,10 @@ class MainFormTest : public testing::Test {
         form_.onNewNote = [this] { heard_ += "new "; };
         form_.onOptions = [this] { heard_ += "options "; };
         form_.onAbout = [this] { heard_ += "about "; };
-        form_.onQuit = [this] { heard_ += "quit "; };
+        form_.onQuit = [this] {
+            heard_ += "quit ";
+            return !refusesToEnd_;
+        };
         form_.onBackup = [this] { ++backups_; };
         form_.onSessionEnd = [this] { heard_ += "ended "; };
         form_.onSessionEnding = [this] { heard_ += "ending "; };

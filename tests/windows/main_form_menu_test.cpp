@@ -79,12 +79,23 @@ TEST_F(MainFormWindow, TheRightButtonEndsTheProgramWhereNothingIsOrOnTheCross) {
         Mouse(WM_RBUTTONDOWN, at.x, at.y);
         Mouse(WM_RBUTTONUP, at.x, at.y);
         EXPECT_EQ(Heard(), "quit ") << at.x << ", " << at.y;
+        EXPECT_TRUE(form_.IsShowing()) << "it ends with the program";
+        EXPECT_EQ(test_.notice.sounds, Sounds{}) << at.x << ", " << at.y;
         form_.SlideForm(false);
     }
     Show();
     Mouse(WM_RBUTTONDOWN, 50, 100);
     Mouse(WM_RBUTTONUP, 50, 100);
     EXPECT_EQ(Heard(), "new ") << "an item takes any button";
+}
+
+TEST_F(MainFormWindow, IfTheProgramDoesNotEndAfterAllTheMenuCloses) {
+    refusesToEnd_ = true;
+    Show();
+    Mouse(WM_RBUTTONUP, 280, 20);
+    EXPECT_EQ(Heard(), "quit ");
+    EXPECT_FALSE(form_.IsShowing());
+    EXPECT_EQ(test_.notice.sounds, Sounds{SystemSound::RestoreDown});
 }
 
 TEST_F(MainFormWindow, AnyReleaseOfAnyButtonChoosesWhereverItsPressWas) {
