@@ -37,11 +37,11 @@ MainForm::MainForm(const MainFormServices& services, const MenuServices& menu, U
       backupTimer_([this] { OnBackupTimer(); }) {}
 
 bool MainForm::Load() {
-    const TesselRegistry metrics(services_.registry, kDesktopMetrics);
-    if (!Create(services_.program.os.windows2000OrLater, ShellIconSize(metrics.Value(u"Shell Icon Size"))))
-        return false;
+    if (!Create(services_.program.os.windows2000OrLater)) return false;
     RegisterHotKeys();
     taskbarCreated_ = RegisterWindowMessageW(L"TaskbarCreated");
+    const TesselRegistry metrics(services_.registry, kDesktopMetrics);
+    SetShellIconSize(ShellIconSize(metrics.Value(u"Shell Icon Size")));
     backupTimer_.Start(backupInterval_);
     return true;
 }

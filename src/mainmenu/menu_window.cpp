@@ -37,9 +37,8 @@ long long FineMilliseconds() {
 
 }  // namespace
 
-bool MenuWindow::Create(bool translucent, int shellIconSize) {
+bool MenuWindow::Create(bool translucent) {
     translucent_ = translucent;
-    shellIconSize_ = shellIconSize;
     WindowPlan plan;
     plan.className = L"QuilloMenu";
     plan.title = L"Quillo menu";  // screen readers speak it

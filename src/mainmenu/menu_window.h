@@ -46,9 +46,10 @@ class MenuWindow : public DrawnWindow, private AccessibleSource {
     /// The shell is asked for the icons of the shortcuts if `lookUp` is empty.
     MenuWindow(const MenuServices& services, IconLookUp lookUp) : services_(services), icons_(std::move(lookUp)) {}
 
-    /// Creates the window, hidden. A translucent one fades instead of sliding. `shellIconSize` is the edge of the
-    /// shell's icons at 96 dpi. False on failure.
-    bool Create(bool translucent, int shellIconSize);
+    /// Creates the window, hidden. A translucent one fades instead of sliding. False on failure.
+    bool Create(bool translucent);
+    /// The edge of the shell's icons at 96 dpi.
+    void SetShellIconSize(int size) { shellIconSize_ = size; }
     /// Looks the icons of the shortcuts up again and draws the menu again.
     void RedrawPicture();
 

@@ -52,6 +52,13 @@ class MainFormTest : public testing::Test {
         }
         return nullptr;
     }
+    /// Whether another program could register that hotkey now.
+    static bool IsFree(int key) {
+        constexpr int kTry = 99;
+        if (RegisterHotKey(nullptr, kTry, MOD_WIN, static_cast<UINT>(key)) == 0) return false;
+        UnregisterHotKey(nullptr, kTry);
+        return true;
+    }
     void AddNote(std::u16string key) {
         ASSERT_NE(test_.program.openNotes.Add(test_.services, std::move(key)), nullptr);
     }
@@ -128,13 +135,6 @@ class MainFormWindow : public MainFormTest {
     static void TellIcon(UINT message) {
         PostMessageW(TrayWindow(), 512, 1, static_cast<LPARAM>(message));
         PumpWaiting();
-    }
-    /// Whether another program could register that hotkey now.
-    static bool IsFree(int key) {
-        constexpr int kTry = 99;
-        if (RegisterHotKey(nullptr, kTry, MOD_WIN, static_cast<UINT>(key)) == 0) return false;
-        UnregisterHotKey(nullptr, kTry);
-        return true;
     }
 };
 

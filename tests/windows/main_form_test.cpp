@@ -126,6 +126,30 @@ TEST_F(MainFormWindow, UnloadingRemovesTheIconAndTheHotkeys) {
     EXPECT_TRUE(IsFree(VK_F24));
 }
 
+/// A registry that reports a look at the size of the shell's icons.
+class WatchedRegistry : public FakeRegistryApi {
+  public:
+    std::function<void()> onIconSize;
+    [[nodiscard]] std::optional<std::u16string> QueryText(Key key, std::u16string_view name) override {
+        if (name == u"Shell Icon Size") onIconSize();
+        return FakeRegistryApi::QueryText(key, name);
+    }
+};
+
+TEST_F(MainFormTest, TheHotkeysWorkBeforeTheRegistryIsRead) {
+    WatchedRegistry registry;
+    int reads = 0;
+    registry.onIconSize = [&] {
+        ++reads;
+        EXPECT_FALSE(IsFree(VK_F23));
+        EXPECT_FALSE(IsFree(VK_F24));
+    };
+    MainForm form(MainFormServices{test_.program, registry, test_.shell, test_.locale, dialogs_}, ServicesOfMenu(),
+                  kTick);
+    ASSERT_TRUE(form.Load());
+    EXPECT_EQ(reads, 1);
+}
+
 TEST_F(MainFormTest, TheIconWaitsUntilItIsAskedFor) {
     ASSERT_TRUE(form_.Load());
     EXPECT_EQ(TrayWindow(), nullptr);
