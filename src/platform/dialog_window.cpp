@@ -1,8 +1,5 @@
 #include "platform/dialog_window.h"
 
-// After windows.h.
-#include <commctrl.h>
-
 #include <utility>
 
 #include "platform/dpi.h"
@@ -16,9 +13,7 @@
 namespace quillo {
 namespace {
 
-// Pixels at 96 dpi.
-constexpr int kToolTipWidth = 280;
-constexpr int kRuleHeight = 2;
+constexpr int kRuleHeight = 2;  // pixels at 96 dpi
 
 Rect PlaceOf(HWND window) {
     RECT place{};
@@ -100,7 +95,7 @@ void DialogWindow::OnCreate() {
 
 void DialogWindow::OnDestroy() {
     loop_.RemoveDialog(Handle());
-    toolTips_.Reset();
+    toolTips_.Destroy();
     OnGone();
 }
 
@@ -126,7 +121,7 @@ void DialogWindow::ApplyFonts() {
     for (HWND child = GetWindow(Handle(), GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
         SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(FontOf(GetDlgCtrlID(child))), FALSE);
     }
-    WrapToolTips();
+    toolTips_.SetScale(scale_);
     OnFontsChanged();
 }
 
@@ -145,24 +140,8 @@ void DialogWindow::LayOutOnMonitor() {
 }
 
 void DialogWindow::AddToolTip(HWND control, std::u16string_view text) {
-    if (!toolTips_) {
-        toolTips_.Reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                                        WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, nullptr, nullptr,
-                                        ThisModule(), nullptr));
-        WrapToolTips();
-    }
-    std::u16string words(text);
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = Handle();
-    tool.uId = reinterpret_cast<UINT_PTR>(control);
-    tool.lpszText = WideBuffer(words);
-    SendMessageW(toolTips_.Get(), TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-}
-
-void DialogWindow::WrapToolTips() const {
-    if (toolTips_) SendMessageW(toolTips_.Get(), TTM_SETMAXTIPWIDTH, 0, Px(kToolTipWidth));
+    if (!toolTips_.IsCreated() && !toolTips_.CreateUnowned(Handle(), scale_)) return;
+    toolTips_.AddText(control, std::u16string(text));
 }
 
 // Layout.

@@ -7,6 +7,7 @@
 #include "platform/accessible.h"
 #include "platform/app_icons.h"
 #include "platform/dialog_parts.h"
+#include "platform/tool_tips.h"
 #include "platform/unique_handle.h"
 #include "platform/window.h"
 
@@ -86,7 +87,6 @@ class DialogWindow : public Window, private AccessibleSource {
     void OnDestroy();
     void OnDpiChanged(int dpi, const RECT& suggested);
     void ApplyFonts();
-    void WrapToolTips() const;
     /// Lays the dialog out at its monitor's resolution, or smaller if it would not fit the work area otherwise.
     void LayOutOnMonitor();
     /// High contrast or another theme: Windows notifies only top-level windows.
@@ -98,7 +98,7 @@ class DialogWindow : public Window, private AccessibleSource {
     WindowIcons icons_;
     AccessibleLink accessible_{*this};
     DialogFonts fonts_;
-    WindowHandle toolTips_;  ///< has no owner: a window that owns a topmost window cannot always become topmost itself
+    ToolTips toolTips_;
     int clientWidth_ = 0;
     int footTop_ = 0;
     int footBottom_ = 0;

@@ -28,16 +28,21 @@ FontHandle TipFont(const Scale& scale) {
 
 }  // namespace
 
-bool ToolTips::Create(HWND window, const Scale& scale) {
+bool ToolTips::Make(HWND window, HWND owner, const Scale& scale) {
     window_ = window;
     // A note that is not the active window has tips too.
     tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0,
-                            0, window, nullptr, ThisModule(), nullptr);
-    if (tips_ == nullptr) return false;
-    font_ = TipFont(scale);
-    if (font_) SendMessageW(tips_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), FALSE);
+                            0, owner, nullptr, ThisModule(), nullptr);
+    SetScale(scale);
+    return tips_ != nullptr;
+}
+
+void ToolTips::SetScale(const Scale& scale) {
+    if (tips_ == nullptr) return;
+    FontHandle font = TipFont(scale);
+    if (font) SendMessageW(tips_, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
+    font_ = std::move(font);  // the control no longer uses the old one
     SendMessageW(tips_, TTM_SETMAXTIPWIDTH, 0, scale.Px(kWidestTip));
-    return true;
 }
 
 void ToolTips::Add(HWND child) {
@@ -47,6 +52,16 @@ void ToolTips::Add(HWND child) {
     tool.hwnd = window_;
     tool.uId = reinterpret_cast<UINT_PTR>(child);
     tool.lpszText = LPSTR_TEXTCALLBACKW;
+    SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void ToolTips::AddText(HWND child, std::u16string text) {
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = window_;
+    tool.uId = reinterpret_cast<UINT_PTR>(child);
+    tool.lpszText = WideBuffer(text);
     SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 

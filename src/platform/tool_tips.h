@@ -11,8 +11,8 @@
 
 namespace quillo {
 
-/// The tool tips of a window's children. The control is created when one of them is about to be needed, and requests
-/// each text from the window when it shows it (TTN_GETDISPINFOW).
+/// The tool tips of a window's children. Except for fixed texts, the control requests each text from the window when it
+/// shows it (TTN_GETDISPINFOW).
 class ToolTips {
   public:
     ToolTips() = default;
@@ -22,8 +22,15 @@ class ToolTips {
 
     [[nodiscard]] bool IsCreated() const { return tips_ != nullptr; }
     /// In front of topmost windows too. The window owns the control, which is destroyed with it. False on failure.
-    bool Create(HWND window, const Scale& scale);
+    bool Create(HWND window, const Scale& scale) { return Make(window, window, scale); }
+    /// The same without an owner, for a dialog: a window that owns a topmost window cannot always stop being topmost
+    /// and become so again.
+    bool CreateUnowned(HWND window, const Scale& scale) { return Make(window, nullptr, scale); }
+    /// Sets the font and the maximum width of the tips for another resolution.
+    void SetScale(const Scale& scale);
     void Add(HWND child);
+    /// Adds a child with a fixed text. The control looks for its messages of the mouse on its own.
+    void AddText(HWND child, std::u16string text);
     /// Adds a part of the window itself, in device pixels; the request for its text has the same `id`.
     void AddArea(UINT_PTR id, const RECT& area);
     void MoveArea(UINT_PTR id, const RECT& area);
@@ -45,6 +52,8 @@ class ToolTips {
     void Answer(NMTTDISPINFOW& question, std::u16string text);
 
   private:
+    bool Make(HWND window, HWND owner, const Scale& scale);
+
     HWND tips_ = nullptr;
     HWND window_ = nullptr;
     std::u16string text_;

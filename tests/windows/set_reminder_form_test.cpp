@@ -111,15 +111,42 @@ TEST_F(SetReminderFormTest, IsTopmostAndOwnedByTheNote) {
     EXPECT_NE(IsWindowEnabled(world_.noteWindow.Handle()), FALSE) << "not modal";
 }
 
-TEST_F(SetReminderFormTest, FourControlsHaveToolTips) {
-    Open();
-    // They have no owner: the first one of this thread belongs to the dialog.
+/// The tool tips of the dialog: the first ones of this thread, because they have no owner.
+HWND TipsOfDialog() {
     HWND tips = nullptr;
     do {
         tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr);
     } while (tips != nullptr && GetWindowThreadProcessId(tips, nullptr) != GetCurrentThreadId());
+    return tips;
+}
+
+TEST_F(SetReminderFormTest, FourControlsHaveToolTips) {
+    Open();
+    HWND tips = TipsOfDialog();
     ASSERT_NE(tips, nullptr);
     EXPECT_EQ(SendMessageW(tips, TTM_GETTOOLCOUNT, 0, 0), 4);
+    EXPECT_EQ(GetWindow(tips, GW_OWNER), nullptr) << "the dialog can stop being topmost";
+}
+
+TEST_F(SetReminderFormTest, TheToolTipsHaveTheSizeOfTheDialog) {
+    Open();
+    HWND tips = TipsOfDialog();
+    ASSERT_NE(tips, nullptr);
+    const auto fontHeight = [tips] {
+        LOGFONTW font{};
+        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(tips, WM_GETFONT, 0, 0)), sizeof font, &font);
+        return -font.lfHeight;
+    };
+    const auto widest = [tips] { return SendMessageW(tips, TTM_GETMAXTIPWIDTH, 0, 0); };
+    SetDpi(96);
+    ASSERT_EQ(form_.DialogScale().Dpi(), 96);
+    const LONG height = fontHeight();
+    const LRESULT width = widest();
+    ASSERT_GT(height, 0);
+    SetDpi(144);
+    ASSERT_EQ(form_.DialogScale().Dpi(), 144);
+    EXPECT_NEAR(fontHeight(), height * 1.5, 1);
+    EXPECT_EQ(widest(), width * 3 / 2);
 }
 
 TEST_F(SetReminderFormTest, EnterSetsTheReminderAndCloses) {
