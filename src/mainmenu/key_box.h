@@ -10,7 +10,7 @@ namespace quillo {
 /// shows the text that it is given.
 class KeyBox : private SubclassedControl {
   public:
-    /// Creates the control with an empty size; null on failure. This object must outlive it.
+    /// Creates the control with an empty size; null on failure.
     HWND Create(HWND parent, int id);
 
     /// A virtual key was pressed.

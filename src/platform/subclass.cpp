@@ -2,6 +2,12 @@
 
 namespace quillo {
 
+SubclassedControl::~SubclassedControl() {
+    if (handle_ == nullptr) return;
+    SetWindowLongPtrW(handle_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure_));
+    SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
+}
+
 void SubclassedControl::Subclass(HWND control) {
     handle_ = control;
     SetWindowLongPtrW(control, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));

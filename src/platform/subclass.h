@@ -4,14 +4,14 @@
 
 namespace quillo {
 
-/// A control of the system whose messages are handled here first: bound to its object from Subclass to WM_NCDESTROY.
-/// The object must outlive the control. It costs the control its user data and nothing else; the control must not be
-/// subclassed by anyone else.
+/// A control of the system whose messages are handled here first: bound to its object from Subclass to WM_NCDESTROY, or
+/// to the end of the object, after which the control handles them itself. It costs the control its user data and
+/// nothing else; the control must not be subclassed by anyone else.
 class SubclassedControl {
   public:
     SubclassedControl(const SubclassedControl&) = delete;
     SubclassedControl& operator=(const SubclassedControl&) = delete;
-    virtual ~SubclassedControl() = default;
+    virtual ~SubclassedControl();
 
     /// Null before Subclass and after the control has been destroyed.
     [[nodiscard]] HWND Handle() const { return handle_; }

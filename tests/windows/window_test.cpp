@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "platform/message_loop.h"
+#include "platform/subclass.h"
 #include "platform/ui_timer.h"
 #include "support.h"
 
@@ -144,7 +145,41 @@ TEST(WindowTest, AnExceptionIsCaughtAtTheBoundary) {
     TestWindow window;
     ASSERT_TRUE(window.Make());
     EXPECT_EQ(SendMessageW(window.Handle(), kThrow, 0, 0), 0);
-    EXPECT_EQ(SendMessageW(window.Handle(), kCount, 0, 0), 1) << "the window goes on";
+    EXPECT_EQ(SendMessageW(window.Handle(), kCount, 0, 0), 1) << "the window continues";
+}
+
+class TestControl : public SubclassedControl {
+  public:
+    explicit TestControl(HWND control) { Subclass(control); }
+
+  protected:
+    LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+        return message == kCount ? 7 : Default(message, wParam, lParam);
+    }
+};
+
+HWND MakeLabel() {
+    return CreateWindowExW(0, L"STATIC", L"label", WS_POPUP, 0, 0, 5, 5, nullptr, nullptr, nullptr, nullptr);
+}
+
+TEST(SubclassedControlTest, AControlThatOutlivesItsObjectHandlesItsMessagesItself) {
+    const HWND label = MakeLabel();
+    const LONG_PTR own = GetWindowLongPtrW(label, GWLP_WNDPROC);
+    {
+        const TestControl control(label);
+        EXPECT_EQ(SendMessageW(label, kCount, 0, 0), 7);
+    }
+    ASSERT_EQ(GetWindowLongPtrW(label, GWLP_WNDPROC), own);
+    EXPECT_EQ(SendMessageW(label, kCount, 0, 0), 0);
+    EXPECT_NE(DestroyWindow(label), 0);
+}
+
+TEST(SubclassedControlTest, AnObjectThatOutlivesItsControlLosesItsHandle) {
+    const HWND label = MakeLabel();
+    const TestControl control(label);
+    EXPECT_EQ(control.Handle(), label);
+    DestroyWindow(label);
+    EXPECT_EQ(control.Handle(), nullptr);
 }
 
 TEST(WindowDeathTest, ACrashInAHandlerEndsATestProgram) {
