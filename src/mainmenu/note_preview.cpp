@@ -27,7 +27,7 @@ bool NotePreview::Create(HWND parent, int id, const wchar_t* name) {
 
 void NotePreview::Show(const NotePreviewLook& look) {
     look_ = look;
-    InvalidateRect(Handle(), nullptr, FALSE);
+    Invalidate();
 }
 
 LRESULT NotePreview::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {

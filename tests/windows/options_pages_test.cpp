@@ -5,6 +5,7 @@
 
 #include "accessible_reader.h"
 #include "app/base/settings_table.h"
+#include "mainmenu/note_preview.h"
 #include "options_form_fixture.h"
 
 namespace quillo {
@@ -81,6 +82,15 @@ TEST_F(OptionsFormTest, AColorSchemeIsWrittenWhole) {
     GetClientRect(Of(C::NotePreview), &preview);
     const Point belowTheText{preview.right / 2, preview.bottom - 20};
     EXPECT_EQ(windows_tests::PixelOf(Of(C::NotePreview), belowTheText), RGB(0xE0, 0xEE, 0xF4));
+}
+
+TEST_F(OptionsFormTest, AnExampleNoteWithoutAWindowRepaintsNoOtherWindow) {
+    Open();
+    windows_tests::PaintNow(form_.Handle());
+    ASSERT_FALSE(GetUpdateRect(form_.CloseButton(), nullptr, FALSE));
+    NotePreview preview;
+    preview.Show({});
+    EXPECT_FALSE(GetUpdateRect(form_.CloseButton(), nullptr, FALSE));
 }
 
 TEST_F(OptionsFormTest, AKeyBoxAcceptsKeysAndNoText) {
