@@ -48,7 +48,8 @@ constexpr std::size_t kTipBytes = 64;
 
 void WriteText(std::span<char> field, std::size_t mostCharacters, std::u16string_view text, LocaleText& locale) {
     const std::size_t mostBytes = field.size() - 1;
-    text = CutText(text, mostCharacters);
+    // Intended: a pair of UTF-16 units is two characters here, of which the first alone becomes "?".
+    text = text.substr(0, mostCharacters);
     std::string bytes = locale.ToNarrow(text).value_or(std::string());
     // Shortened by characters, not bytes: half of a double-byte character would absorb the NUL after it.
     while (bytes.size() > mostBytes) {

@@ -41,7 +41,7 @@ inline constexpr std::uint32_t kTrayBalloonFlag = 16;
 inline constexpr std::uint32_t kTrayCallbackMessage = 512;
 inline constexpr std::uint32_t kTrayVersion = 5;
 
-/// In characters, without the NUL.
+/// In characters, which are UTF-16 units, without the NUL.
 inline constexpr std::size_t kMostTipCharacters = 63;
 inline constexpr std::size_t kMostInfoCharacters = 255;
 inline constexpr std::size_t kMostInfoTitleCharacters = 63;

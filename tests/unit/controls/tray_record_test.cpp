@@ -7,6 +7,7 @@
 #include <cstring>
 #include <string>
 
+#include "testing/fake_locale_text.h"
 #include "tray_fakes.h"
 
 namespace quillo {
@@ -143,12 +144,21 @@ TEST(TrayRecordTest, ACharacterOfTwoBytesIsKeptWholeOrDropped) {
     EXPECT_EQ(record.infoTitle[63], '\0');
 }
 
-TEST(TrayRecordTest, ASurrogatePairIsNotCutInTwo) {
+TEST(TrayRecordTest, IntendedTheFirst63CharactersCanEndWithinASurrogatePair) {
+    FakeLocaleText locale;
+    TrayRecord record{};
+    WriteTip(record, std::u16string(62, u'a') + u"\U0001F4DD" + u"b", locale);
+    EXPECT_STREQ(record.tip, (std::string(62, 'a') + "?").c_str());
+}
+
+TEST(TrayRecordTest, ASurrogatePairThatNeedsTooManyBytesIsDroppedWhole) {
     DoubleByteText locale;
     TrayRecord record{};
-    // The pair has the positions 63 and 64 of the text: its first half alone would be within the limit.
     WriteTip(record, std::u16string(62, u'a') + u"\U0001F4DD" + u"b", locale);
     EXPECT_STREQ(record.tip, std::string(62, 'a').c_str());
+    // 60 bytes, then a pair of two bytes and another one.
+    WriteTip(record, std::u16string(60, u'a') + u"\U0001F4DD\U0001F4DD", locale);
+    EXPECT_STREQ(record.tip, (std::string(60, 'a') + "\x83" + "A").c_str());
 }
 
 TEST(TrayRecordTest, EmptyTextsAreEmpty) {
