@@ -21,7 +21,8 @@ if(NOT MSVC)
 endif()
 
 if(WIN32)
-  # The oldest system that the program runs on is Windows 7.
+  # Newer declarations are needed than those of Windows 7, the oldest system that the program runs on: a function that Windows 7
+  # lacks is loaded when it is first needed (late_library.h).
   target_compile_definitions(quillo_options INTERFACE WINVER=0x0A00 _WIN32_WINNT=0x0A00 NTDDI_VERSION=0x0A000000)
   if(MINGW)
     # No -ffunction-sections: each section of a function is padded to 16 bytes, which costs more than unused functions do.

@@ -74,11 +74,11 @@ void OptionsBehaviorPage::OnCommand(OptionControl control, int notification) {
 void OptionsBehaviorPage::OnStartupChecked() {
     const bool checked = SendMessageW(Item(C::SpecialStartupCheck), BM_GETCHECK, 0, 0) == BST_CHECKED;
     if (Controller().NeedsWarning(C::SpecialStartupCheck, checked)) {
-        SetTopmost(Dialog(), false);  // it would cover the box
+        SetTopmost(Dialog(), false);  // intended; the box, which the active window owns, is topmost in any case
         notice_.WarnOfChoice(kStartupWarning);
         if (Handle() != nullptr) {
             SetTopmost(Dialog(), true);
-            SetForegroundWindow(Dialog());  // the box had no owner: another window could have got the focus
+            SetForegroundWindow(Dialog());  // the box has no owner if another program was active as it opened
         }
     }
     // Written even if the dialog was closed while the box was open: the user has read the warning.

@@ -27,7 +27,7 @@ class OptionsOwner {
     virtual void RedrawResources() = 0;
 };
 
-/// What the options dialog uses. One object serves every opening and outlives it.
+/// What the options dialog uses. Everything that it refers to outlives the dialog.
 struct OptionsServices {
     Program& program;
     RegistryApi& registry;

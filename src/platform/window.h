@@ -7,7 +7,7 @@ namespace quillo {
 
 /// How to create a window, and its class, which is registered with its first window.
 struct WindowPlan {
-    const wchar_t* className = nullptr;  ///< this and the next two members are not used with a WindowClass
+    const wchar_t* className = nullptr;  ///< not used with a WindowClass, which has the name
     HCURSOR cursor = nullptr;            ///< of the class; null for the arrow
     int extraBytes = 0;                  ///< of each window, for the system's dialog procedure
     const wchar_t* title = L"";
