@@ -66,7 +66,7 @@ def problems_of_lists(folder, pages):
     contents = Page(folder / CONTENTS).locals
     for name in pages:
         if contents.count(name) != 1:
-            yield f"{CONTENTS}: {name} stands in it {contents.count(name)} times"
+            yield f"{CONTENTS}: {name} is listed in it {contents.count(name)} times"
     index = Page(folder / INDEX).locals
     for file, names in ((CONTENTS, contents), (INDEX, index)):
         yield from (f"{file}: '{name}' is no page" for name in names if name not in pages)

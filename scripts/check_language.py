@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Checks the language of comments, documents, help pages and test names: check_language.py ROOT
+"""Checks the language of comments, documents, help pages, test names and messages for developers: check_language.py ROOT
 
-It runs codespell with American spelling, and searches for the words that the table in docs/style.md lists. Text in quotes
-or backticks is not searched, because it may be fixed: captions, messages, names.
+It runs codespell with American spelling, and searches for the words that the table in docs/style.md lists. Other text in
+quotes or backticks is not searched, because it may be fixed: captions, messages, names. The texts of qln are searched.
 """
 
 import html
@@ -25,6 +25,11 @@ TEST = re.compile(r"^TEST(?:_F|_P)?\(\w+,\s*(\w+)\)", re.MULTILINE)
 SLASH_COMMENT = re.compile(r'^(?:[^"/]|"(?:[^"\\]|\\.)*"|/(?!/))*?//[/!<]*\s?(.*)$')
 HASH_COMMENT = re.compile(r"^\s*#(?!!|\s*shellcheck|\s*noqa)(.*)$|\s#\s(.*)$")
 SEMICOLON_COMMENT = re.compile(r"^\s*;(.*)$|\s;\s(.*)$")
+STRING = r'"(?:[^"\\\n]|\\.)*"'
+# Messages of tests, and the reasons of static_assert and Ignore; a literal can continue in the next one.
+MESSAGE = re.compile(rf"(?:<<\s*|\b(?:Ignore|static_assert)\([^;]*?,\s*)({STRING}(?:\s*{STRING})*)")
+LITERAL = re.compile(rf"({STRING}(?:\s*{STRING})*)")
+LITERALS_SEARCHED = "tools/qln/"
 DOCSTRING = re.compile(r'"""(.*?)"""', re.DOTALL)
 TAG = re.compile(r"<[^>]*>")
 
@@ -38,6 +43,14 @@ def avoided_words(style):
     table = style.partition(SECTION)[2]
     rows = [line.split("|")[1] for line in table.splitlines() if line.startswith("|")]
     return [word for row in rows for word in re.findall(r"`([^`]+)`", row)]
+
+
+def message_lines(name, content):
+    """(line number, text) of the string literals that a developer or a user of qln reads."""
+    pattern = LITERAL if name.startswith(LITERALS_SEARCHED) else MESSAGE
+    for match in pattern.finditer(content):
+        text = "".join(re.findall(STRING, match.group(1)))
+        yield content[:match.start(1)].count("\n") + 1, text.replace('\\"', "\0").replace('"', "").replace("\0", '"')
 
 
 def text_lines(name, content):
@@ -57,6 +70,8 @@ def text_lines(name, content):
         if suffix == ".py":
             for match in DOCSTRING.finditer(content):
                 yield content[:match.start()].count("\n") + 1, match.group(1).replace("\n", " ")
+        if suffix == ".cpp":
+            yield from message_lines(name, content)
         for match in TEST.finditer(content):
             yield content[:match.start()].count("\n") + 1, " ".join(WORDS_OF_NAME.findall(match.group(1)))
 

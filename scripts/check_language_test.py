@@ -37,6 +37,15 @@ class CheckLanguageTest(unittest.TestCase):
     def test_test_names_are_searched(self):
         self.assertEqual(len(found("a_test.cpp", "TEST_F(Menu, IsMadeYonder) {}\n")), 1)
 
+    def test_messages_for_developers_and_users_of_qln_are_searched(self):
+        for name, content in (("a_test.cpp", 'EXPECT_TRUE(a) << "made yonder";\n'), ("a_test.cpp", 'EXPECT_TRUE(a)\n    << "made "\n       "yonder";\n'),
+                              ("a.cpp", 'Ignore(Delete(u"a"), "made yonder");\n'), ("a.cpp", 'Ignore(Delete(a, b),\n       "made yonder");\n'),
+                              ("a.cpp", 'static_assert(a == 1, "yonder");\n'), ("tools/qln/a.cpp", 'Out("made yonder");\n')):
+            self.assertEqual(len(found(name, content)), 1, content)
+        for name, content in (("a_test.cpp", 'EXPECT_TRUE(a) << "\\"yonder\\" is fixed";\n'), ("a.cpp", 'Ignore(Delete("yonder"), "why");\n'),
+                              ("a.cpp", 'Show("made yonder");\n')):
+            self.assertEqual(found(name, content), [], content)
+
     def test_code_quotes_and_longer_words_are_not_searched(self):
         for name, content in (("a.cpp", 'auto yonder = "yonder // yonder";\n'), ("a.cpp", '// says "yonder"\n'), ("a.md", "`yonder`\n"),
                               ("a.cpp", "// yonderness\n"), ("a.html", '<a href="yonder.html">again</a>\n'), ("a.py", "yonder = 1\n")):

@@ -30,6 +30,6 @@ QUILLO_TEST_PPD=$(windows_path "$quillo_root/tests/e2e/printer/test_printer.ppd"
     QUILLO_TEST_PORT="|$work/port" QUILLO_PRINTED=$(windows_path "$work/printed.txt") \
     timeout 400 wine "$tests" --gtest_brief=1 --gtest_filter="$filter" >"$work/log" 2>&1 || status=$?
 cat "$work/log"
-if ((status == 0)) && grep -q 'PASSED.* 0 tests' "$work/log"; then die "no test bears the name $filter"; fi
+if ((status == 0)) && grep -q 'PASSED.* 0 tests' "$work/log"; then die "no test has the name $filter"; fi
 if [[ -n ${QUILLO_KEEP_PRINTED:-} ]]; then cp "$work/printed.pdf" "$QUILLO_KEEP_PRINTED"; fi
 exit "$status"

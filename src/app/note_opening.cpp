@@ -25,7 +25,7 @@ constexpr std::u16string_view kLimitTitle = u"Can't open any more notes";
 constexpr std::u16string_view kLimitText =
     u"Sorry, you can't open any more notes at this time.  (You can have up to 50.)  Please close one or more notes and "
     u"try again.";
-static_assert(kMaxOpenNotes == 50, "the limit stands in the text");
+static_assert(kMaxOpenNotes == 50, "the text names the limit");
 
 constexpr std::u16string_view kUnopenedTitle = u"A note cannot be opened";
 const std::u16string kUnopenedText =
@@ -70,7 +70,7 @@ OpenOutcome NoteOpening::OpenNoteFile(std::u16string_view path, OpenMode mode) {
 
     OpenNote* note = CreateNote(content, plainPath, mode);
     if (note == nullptr) {
-        TellOfUnopened(plainPath);
+        ReportUnopened(plainPath);
         return OpenOutcome::Failed;
     }
     if (IsInNotesFolder(plainPath, program_.notesFolder, services_.dates.locale)) {
@@ -175,7 +175,7 @@ bool NoteOpening::IsStoredWhole(const OpenNote& note, const NoteFile& content) {
            ParseNoteFile(*bytes, services_.dates.locale).text == text.substr(text.substr(0, 2) == u"\r\n" ? 2 : 0);
 }
 
-void NoteOpening::TellOfUnopened(std::u16string_view path) const {
+void NoteOpening::ReportUnopened(std::u16string_view path) const {
     if (program_.openNotes.Count() >= kMaxOpenNotes) return;
     services_.hints.ShowBalloon(
         {kUnopenedTitle, kUnopenedText + std::u16string(FileNameOfPath(path)), BalloonIcon::Warning});

@@ -52,7 +52,7 @@ class NoteOpening {
     void MoveIntoNotesFolder(OpenNote& note, const NoteFile& content, HeldFile& source, std::u16string_view path);
     [[nodiscard]] bool IsStoredWhole(const OpenNote& note, const NoteFile& content);
     [[nodiscard]] bool IsNew(const NoteFile& content);
-    void TellOfUnopened(std::u16string_view path) const;
+    void ReportUnopened(std::u16string_view path) const;
 
     Program& program_;
     NoteServices services_;

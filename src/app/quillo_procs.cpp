@@ -104,7 +104,7 @@ bool QuilloProcs::AnotherInstanceRuns() {
 
 void QuilloProcs::SendToRunningInstance(std::u16string_view commandLine) {
     Ignore(quillo::SendToRunningInstance(commandLine, kPatienceMilliseconds),
-           "this process ends either way, and there is nobody to tell");
+           "this process ends either way, and has nobody to report it to");
 }
 
 void QuilloProcs::InitializeShell() {

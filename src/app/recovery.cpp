@@ -52,7 +52,7 @@ bool Recovery::IsStill(const FileVersion& file) {
 void Recovery::Finish(const SaveJournal::Record& record, Result& result) {
     const PendingStep& step = record.step;
     if (!step.prepared.empty()) {
-        Ignore(files_.Delete(step.prepared), "it has taken its place, or it only takes room");
+        Ignore(files_.Delete(step.prepared), "it was moved to its place, or only occupies space");
     }
     switch (step.kind) {
         case PendingStep::Kind::Write:

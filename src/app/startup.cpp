@@ -65,7 +65,7 @@ StartupOutcome Startup::Run(std::u16string_view commandLine) {
     Try([this] { GreetFirstRun(); });
     Try([this] { FinishEarlierRuns(); });
     Try([this] {
-        if (OpenSavedNotes()) TellOfHiddenNotes();
+        if (OpenSavedNotes()) ReportHiddenNotes();
     });
     program.loadingNotes = false;
     Try([&] { CarryOut(commandLine); });
@@ -132,7 +132,7 @@ void Startup::FinishEarlierRuns() {
          u"open again."});
 }
 
-void Startup::TellOfHiddenNotes() {
+void Startup::ReportHiddenNotes() {
     if (services_.program.settings.minimizeToTray || !notes_.services.hints.HasBalloons()) return;
     notes_.services.hints.ShowBalloon(
         {u"Looking for your sticky notes?",
@@ -157,7 +157,7 @@ void Startup::CarryOut(std::u16string_view commandLine) {
 
 void OpenHelp(Shell& shell) {
     const std::u16string program = shell.ProgramPath();
-    Ignore(shell.Open(JoinPath(FolderOfPath(program), u"Quillo.chm")), "the program goes on without its help");
+    Ignore(shell.Open(JoinPath(FolderOfPath(program), u"Quillo.chm")), "the program works without its help");
 }
 
 }  // namespace quillo

@@ -76,7 +76,7 @@ class Startup {
     void GreetFirstRun();
     [[nodiscard]] bool OpenSavedNotes();
     void FinishEarlierRuns();
-    void TellOfHiddenNotes();
+    void ReportHiddenNotes();
     void CarryOut(std::u16string_view commandLine);
 
     StartupStage& stage_;

@@ -100,7 +100,7 @@ LRESULT MainForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void MainForm::StopWatchingSession() {
     static LateFunction<BOOL WINAPI(HWND)> unwatch(L"wtsapi32.dll", "WTSUnRegisterSessionNotification");
-    if (watching_ && unwatch.Get() != nullptr) Ignore(unwatch.Get()(Handle()), "the window goes either way");
+    if (watching_ && unwatch.Get() != nullptr) Ignore(unwatch.Get()(Handle()), "the window ends either way");
     watching_ = false;
 }
 

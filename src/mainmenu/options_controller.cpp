@@ -192,7 +192,7 @@ void OptionsController::StopSound() {
 }
 
 void OptionsController::OpenNotesFolder() {
-    Ignore(services_.shell.Open(services_.program.notesFolder), "the folder's path stands beside the button");
+    Ignore(services_.shell.Open(services_.program.notesFolder), "the folder's path is shown beside the button");
 }
 
 void OptionsController::OpenHelp() {

@@ -161,13 +161,13 @@ constexpr std::array<OptionRow, kOptionControlCount> kTable = {{
     {C::OpenHelpButton, kHelp, K::Button, u"Open &help", u"Click here to open the help."},
 }};
 
-constexpr bool StandsInOrder() {
+constexpr bool IsInOrder() {
     for (std::size_t i = 0; i < kTable.size(); ++i) {
         if (static_cast<std::size_t>(kTable[i].control) != i) return false;
     }
     return true;
 }
-static_assert(StandsInOrder(), "a row is found by the number of its control");
+static_assert(IsInOrder(), "a row is found by the number of its control");
 
 using S = HelpKeySource;
 using A = NoteAction;

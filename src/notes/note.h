@@ -16,7 +16,7 @@ enum class WindowState : int { Shown = 0, Hidden = 1, Minimized = 2 };
 inline constexpr std::size_t kMostNoteCharacters = 4'000'000;
 
 /// Whether a note of `present` characters can take `added` more.
-[[nodiscard]] constexpr bool HasRoomFor(std::size_t present, std::size_t added) {
+[[nodiscard]] constexpr bool FitsInNote(std::size_t present, std::size_t added) {
     return present <= kMostNoteCharacters && added <= kMostNoteCharacters - present;
 }
 

@@ -163,7 +163,7 @@ void NoteStore::DeleteStorageCopy(const FileVersion& copy, std::u16string record
     for (int number = 1; number <= kMostNames; ++number) {
         const std::u16string prepared = PreparedCopyName(copy.path, number);
         if (!files_.FileExists(prepared)) break;
-        Ignore(files_.Delete(prepared), "the copy goes all the same");
+        Ignore(files_.Delete(prepared), "the copy is deleted all the same");
     }
     const FileError error = files_.Delete(copy.path);
     if (error == FileError::None || error == FileError::NotFound || error == FileError::FolderMissing) {

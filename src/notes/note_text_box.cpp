@@ -117,7 +117,7 @@ std::u16string NoteTextBox::Text() const {
 
 bool NoteTextBox::SetText(std::u16string_view text) {
     // The control's own limit applies to the user's input, not to this call.
-    if (!HasRoomFor(0, text.size())) return false;
+    if (!FitsInNote(0, text.size())) return false;
     const FlagScope byProgram(byProgram_);
     SetWindowTextW(Handle(), Wide(std::u16string(text)));
     return TextLength() == text.size();
@@ -128,7 +128,7 @@ std::size_t NoteTextBox::TextLength() const {
 }
 
 bool NoteTextBox::InsertAt(DWORD position, std::u16string_view text) {
-    if (!HasRoomFor(TextLength(), text.size())) return false;
+    if (!FitsInNote(TextLength(), text.size())) return false;
     const FlagScope byProgram(byProgram_);
     Select(Handle(), Selection{position, position});
     SendMessageW(Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(std::u16string(text))));

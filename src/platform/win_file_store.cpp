@@ -190,7 +190,7 @@ FileError WinFileStore::Create(std::u16string_view path, std::string_view bytes)
     const FileError error = WriteAll(file.Get(), bytes);
     // Before the file is closed: a moment later another program may have it open.
     if (error != FileError::None) {
-        Ignore(DeleteOnClose(file.Get()), "what was begun only takes room; the next start removes it");
+        Ignore(DeleteOnClose(file.Get()), "an unfinished file only occupies space; the next start removes it");
     }
     return error;
 }

@@ -175,7 +175,7 @@ RecycleResult WinShell::Recycle(std::u16string_view path) {
     operation.pFrom = Wide(list);
     operation.fFlags = FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT;
     static_assert((FOF_ALLOWUNDO | FOF_NOCONFIRMATION | FOF_SILENT) == 0x54);
-    Ignore(SHFileOperationW(&operation), "the file itself tells what has become of it");
+    Ignore(SHFileOperationW(&operation), "the file itself shows the result");
     list.pop_back();
     const bool hasMoved = !IsAt(identity, list) && IsStillSomewhere(watched.Get());
     watched.Reset();

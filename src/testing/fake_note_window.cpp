@@ -9,14 +9,14 @@ namespace quillo {
 
 bool FakeNoteWindow::SetText(std::u16string_view text) {
     Record("SetText");
-    if (!HasRoomFor(0, text.size())) return false;
+    if (!FitsInNote(0, text.size())) return false;
     text_ = text.substr(0, text.find(u'\0'));
     return text_.size() == text.size();
 }
 
 bool FakeNoteWindow::InsertInFront(std::u16string_view text) {
     Record("InsertInFront");
-    if (!HasRoomFor(text_.size(), text.size())) return false;
+    if (!FitsInNote(text_.size(), text.size())) return false;
     text_.insert(0, text);
     return true;
 }

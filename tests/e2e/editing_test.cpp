@@ -18,7 +18,7 @@ class Editing : public OrdinaryTest {
     void QuitAndExpectText(const std::string& text) {
         Quit();
         EXPECT_EQ(ReadBytes(path_), NoteFile{text}.Bytes());
-        EXPECT_TRUE(MarkOf(Profile().NotesFolder() + L"\\other.qln") == other_) << "the other file was written anew";
+        EXPECT_TRUE(MarkOf(Profile().NotesFolder() + L"\\other.qln") == other_) << "the other file was written again";
         EXPECT_EQ(FilesIn(Profile().NotesFolder()).size(), 2U) << "nothing is left beside the notes";
     }
 

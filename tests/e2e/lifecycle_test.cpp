@@ -98,7 +98,7 @@ TEST_F(Lifecycle, ANoteWithAReminderIsHiddenInsteadOfClosed) {
     EXPECT_TRUE(note.Exists());
     EXPECT_TRUE(Eventually([&] { return Quillo().HasShownBalloon(); }));
     if (HasBareTaskBar()) {
-        EXPECT_TRUE(Eventually([&] { return IsToolTipStanding(LastBalloon(Quillo().Pid())); }));
+        EXPECT_TRUE(Eventually([&] { return IsToolTipShown(LastBalloon(Quillo().Pid())); }));
     }
     EXPECT_TRUE(FilesIn(Outside().Path()).empty());
     Quit();

@@ -94,7 +94,7 @@ TEST_F(MailingTest, ANoteIsSentAsTheAttachmentOfAMessage) {
     EXPECT_FALSE(FileExists(Widen(mail.Detail("path"))));
     EXPECT_EQ(TemporaryFiles(), temporaryFiles);
     EXPECT_TRUE(Eventually([] { return FindWindowW(nullptr, L"QuilloMail") == nullptr; })) << "made for one sending";
-    EXPECT_EQ(Now(), Before()) << "the note was not even saved anew";
+    EXPECT_EQ(Now(), Before()) << "the note was not even saved again";
 
     // The receiver opens it: it is the same note, and its file is not moved.
     EXPECT_EQ(mail.Attachment(), Before().bytes);

@@ -195,7 +195,7 @@ TEST_F(NoteColorTest, OneDialogServesTheNotesInTurnIntended) {
     const ColorDialogWindow again = AskNoteColor(first);
     ASSERT_TRUE(first.TakeKeyboard());
     PressKey('W', {VK_CONTROL, VK_SHIFT});
-    EXPECT_TRUE(Eventually([&] { return !first.Exists() && !again.Exists(); })) << "the dialog goes with its note";
+    EXPECT_TRUE(Eventually([&] { return !first.Exists() && !again.Exists(); })) << "the dialog closes with its note";
     EXPECT_NE(AskNoteColor(second).Handle(), nullptr);
     Quit();
 }

@@ -21,7 +21,8 @@ class NoteFiles : public OrdinaryTest {
     /// Ends the program; fails the test if the file was written again.
     void QuitAndExpectUntouched() {
         Quit();
-        EXPECT_TRUE(MarkOf(path_) == before_) << "the file of an untouched note was written anew: " << ReadBytes(path_);
+        EXPECT_TRUE(MarkOf(path_) == before_)
+            << "the file of an untouched note was written again: " << ReadBytes(path_);
         EXPECT_EQ(StorageCopies().size(), 1U);
     }
     static void ExpectPlace(const NoteWindow& note, int left, int top, int width, int height) {

@@ -348,7 +348,7 @@ TEST_F(OptionsTest, TheStartupWarningAppearsAboveTheDialog) {
     ASSERT_TRUE(warning->Answer(IDOK));
     EXPECT_TRUE(Eventually([&] { return options.IsTopmost(); }));
     EXPECT_TRUE(Holds(L"Startup mode", 1));
-    EXPECT_TRUE(Profile().RunValue()) << "the Run value goes when the program ends with no note open";
+    EXPECT_TRUE(Profile().RunValue()) << "the Run value is deleted when the program ends with no note open";
     Quit();
     EXPECT_TRUE(Profile().RunValue()) << "a note was open";
 }

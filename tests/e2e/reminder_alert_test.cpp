@@ -62,7 +62,7 @@ TEST_F(ReminderAlert, AReminderInThePastShowsItsAlertAndEscShowsTheNote) {
     EXPECT_EQ(WindowText(alert), L"Call Bob");
     EXPECT_NE(GetWindowLongPtrW(alert, GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
     EXPECT_EQ(GetWindow(alert, GW_OWNER), nullptr);
-    EXPECT_TRUE(Eventually([&] { return !note.IsVisible(); })) << "the note is out of sight while its alert stands";
+    EXPECT_TRUE(Eventually([&] { return !note.IsVisible(); })) << "the note is hidden while its alert is open";
     ASSERT_TRUE(HasKeyboard(alert));
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(Goes(alert));

@@ -193,7 +193,7 @@ TEST_F(ReminderDialogTest, EscChangesNothing) {
     ASSERT_TRUE(dialog.Type(L"in 3 hours"));
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(Goes(dialog));
-    EXPECT_EQ(AskReminder(note).Text(Control::ReminderBox).find(L"in "), std::wstring::npos) << "the old one stands";
+    EXPECT_EQ(AskReminder(note).Text(Control::ReminderBox).find(L"in "), std::wstring::npos) << "the old one is kept";
     Quit();
     EXPECT_TRUE(MarkOf(path_) == before) << ReadBytes(path_);
 }
@@ -223,7 +223,7 @@ TEST_F(ReminderDialogTest, WithMinimizeToTrayTheNoteIsMinimizedWithABalloon) {
     ASSERT_TRUE(Goes(dialog));
     EXPECT_TRUE(Eventually([&] { return !note.IsVisible(); }));
     EXPECT_TRUE(Eventually([] {
-        return IsToolTipStanding(
+        return IsToolTipShown(
             L"Your note has been minimized to this icon.  You can click this icon at any time to display it again.");
     }));
     Quit();

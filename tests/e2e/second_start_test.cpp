@@ -98,7 +98,7 @@ TEST_F(SecondStart, ANarrowSenderIsUnderstood) {
         return bytes;
     }() + "\" ";
     SendMessageA(FindChannel(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(narrow.c_str()));
-    EXPECT_TRUE(FindNote(Quillo(), L"sent narrowly").IsVisible()) << "done by the time the sender goes on";
+    EXPECT_TRUE(FindNote(Quillo(), L"sent narrowly").IsVisible()) << "done by the time the sender continues";
     EXPECT_EQ(GetWindowTextLengthA(FindChannel()), 0) << "the box is empty again";
 
     SendMessageA(FindChannel(), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("/NEW"));

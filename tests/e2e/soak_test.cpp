@@ -56,14 +56,14 @@ class Soak : public OrdinaryTest {
     unsigned Any(unsigned below) { return std::uniform_int_distribution<unsigned>(0, below - 1)(random_); }
     [[nodiscard]] MainMenu Menu() { return MainMenu(Quillo().Pid()); }
     /// Sends the shell's message about the program's icon: the menu and notes may cover it.
-    void TellIcon(UINT message) const { PostMessageW(icon_, 512, 1, static_cast<LPARAM>(message)); }
+    void SendToIcon(UINT message) const { PostMessageW(icon_, 512, 1, static_cast<LPARAM>(message)); }
     [[nodiscard]] std::wstring SomeText() {
         static constexpr const wchar_t* kWords[] = {L"milk ", L"call Ann ", L"<b> ", L"\u00e9t\u00e9 ", L"1 2 3 "};
         return kWords[Any(std::size(kWords))] + std::to_wstring(++texts_);
     }
 
     void OpenAndLeaveMenu() {
-        TellIcon(kLeftUp);
+        SendToIcon(kLeftUp);
         if (!Eventually([this] { return Menu().IsShowing() && Menu().HasKeyboard(); }, kAWhile)) return;
         const std::vector<WORD> keys = {VK_DOWN, VK_RIGHT, VK_LEFT, VK_UP, VK_TAB};
         for (unsigned i = Any(4); i > 0; --i) PressKey(keys.at(Any(static_cast<unsigned>(keys.size()))));
@@ -71,12 +71,12 @@ class Soak : public OrdinaryTest {
         (void)Eventually([this] { return !Menu().IsShowing(); }, kAWhile);
     }
     void ClickIconTwice() {
-        TellIcon(kLeftUp);
-        TellIcon(kLeftUp);
+        SendToIcon(kLeftUp);
+        SendToIcon(kLeftUp);
         (void)Quillo().WaitUntilReady();
     }
     void NewNoteFromMenu() {
-        TellIcon(kLeftUp);
+        SendToIcon(kLeftUp);
         if (!Eventually([this] { return Menu().IsShowing() && Menu().HasKeyboard(); }, kAWhile)) return;
         PressKey(VK_DOWN);
         PressKey(VK_RETURN);
@@ -131,7 +131,7 @@ class Soak : public OrdinaryTest {
             case 1:
                 return ClickIconTwice();
             case 2:
-                return TellIcon(kRightUp);
+                return SendToIcon(kRightUp);
             case 3:
                 return SecondStart();
             case 4:

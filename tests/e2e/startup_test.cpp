@@ -196,7 +196,7 @@ TEST_F(Startup, OpensTheFileOfItsCommandLineAfterTheSavedNotes) {
         EXPECT_TRUE(note.IsVisible());
         EXPECT_FALSE(FileExists(path)) << "it has moved into the folder of notes";
         note.ClickButton(NoteButtonId::Close);
-        EXPECT_TRUE(Eventually([&] { return FileExists(path); })) << "a closed note goes back to its own file";
+        EXPECT_TRUE(Eventually([&] { return FileExists(path); })) << "a closed note is saved to its own file";
         EXPECT_TRUE(Eventually([&] { return !note.Exists(); }));
         Quit();
     }

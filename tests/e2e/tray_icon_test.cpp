@@ -42,7 +42,7 @@ TEST_F(TrayIcon, AClickOnItsIconShowsAMinimizedNote) {
     EXPECT_EQ(IconsShowing(), others + 1);
 
     ASSERT_TRUE(ComesBackByAClick(note, L"Milk and bread"));
-    EXPECT_TRUE(Eventually([&] { return IconsShowing() == others; })) << "its icon goes";
+    EXPECT_TRUE(Eventually([&] { return IconsShowing() == others; })) << "its icon disappears";
     const RECT after = note.Rectangle();
     EXPECT_TRUE(EqualRect(&before, &after));
     ASSERT_TRUE(note.TakeKeyboard());

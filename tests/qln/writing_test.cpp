@@ -162,7 +162,7 @@ TEST_F(QlnWriting, ImportNamesNotesAboveTheLimit) {
     Put(one, "first");
     Put(two, "second");
     EXPECT_EQ(Qln({"import", one, two}), kFailed);
-    EXPECT_NE(Error().find("1 of 2 notes have no room, from \"second\" on"), std::string::npos) << Error();
+    EXPECT_NE(Error().find("1 of 2 notes are over the limit, from \"second\" on"), std::string::npos) << Error();
     EXPECT_EQ(NamesIn(Notes()).size(), 50U);
 }
 

@@ -132,7 +132,7 @@ class MainFormWindow : public MainFormTest {
         return PixelOf(form_.Handle(),
                        Point{static_cast<int>(x * client.right / 300), static_cast<int>(y * client.bottom / 180)});
     }
-    static void TellIcon(UINT message) {
+    static void SendToIcon(UINT message) {
         PostMessageW(TrayWindow(), 512, 1, static_cast<LPARAM>(message));
         PumpWaiting();
     }

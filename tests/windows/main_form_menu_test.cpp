@@ -160,7 +160,7 @@ TEST_F(MainFormWindow, TheKeyboardMovesWithArrowsAndTabAndChoosesWithEnter) {
     EXPECT_EQ(Heard(), "options ") << "there is no note to show";
     Show();
     for (const WPARAM key : {VK_RIGHT, VK_RIGHT, VK_UP, VK_RETURN}) Key(key);
-    EXPECT_EQ(Heard(), "about ") << "from the slot to what stands above it, with no note to show";
+    EXPECT_EQ(Heard(), "about ") << "from the slot to the item above it, with no note to show";
     Show();
     Key(VK_ESCAPE);
     EXPECT_FALSE(form_.IsShowing());

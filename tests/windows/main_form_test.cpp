@@ -65,10 +65,10 @@ TEST_F(MainFormWindow, WhereWindowsCannotBeTranslucentItSlides) {
 // The icon.
 
 TEST_F(MainFormWindow, AClickOnTheIconOpensItAndASecondMakesANoteAndClosesIt) {
-    TellIcon(WM_LBUTTONUP);
+    SendToIcon(WM_LBUTTONUP);
     EXPECT_TRUE(form_.IsShowing());
     EXPECT_EQ(Heard(), "");
-    TellIcon(WM_LBUTTONUP);
+    SendToIcon(WM_LBUTTONUP);
     EXPECT_FALSE(form_.IsShowing());
     EXPECT_EQ(Heard(), "new ");
 }
@@ -76,29 +76,29 @@ TEST_F(MainFormWindow, AClickOnTheIconOpensItAndASecondMakesANoteAndClosesIt) {
 TEST_F(MainFormWindow, ARightClickOnTheIconSurfacesTheNotes) {
     AddNote(u"A");
     EXPECT_FALSE(test_.views.View(0).IsVisible());
-    TellIcon(WM_RBUTTONUP);
+    SendToIcon(WM_RBUTTONUP);
     EXPECT_TRUE(test_.views.View(0).IsVisible());
     EXPECT_FALSE(form_.IsShowing());
 }
 
 TEST_F(MainFormWindow, WhileTheProgramIsBusyTheIconIgnoresClicks) {
     AddNote(u"A");
-    const auto isDeaf = [this] {
-        TellIcon(WM_LBUTTONUP);
-        TellIcon(WM_RBUTTONUP);
+    const auto ignoresClicks = [this] {
+        SendToIcon(WM_LBUTTONUP);
+        SendToIcon(WM_RBUTTONUP);
         return !form_.IsShowing() && !test_.views.View(0).IsVisible();
     };
     test_.program.startingUp = true;
-    EXPECT_TRUE(isDeaf());
+    EXPECT_TRUE(ignoresClicks());
     test_.program.startingUp = false;
     test_.program.quitting = true;
-    EXPECT_TRUE(isDeaf());
+    EXPECT_TRUE(ignoresClicks());
     test_.program.quitting = false;
     {
         const BusyFlag::Scope dialog(dialogs_);
-        EXPECT_TRUE(isDeaf());
+        EXPECT_TRUE(ignoresClicks());
     }
-    EXPECT_FALSE(isDeaf());
+    EXPECT_FALSE(ignoresClicks());
 }
 
 TEST_F(MainFormWindow, ANewTaskBarGetsTheIcons) {
@@ -210,7 +210,7 @@ TEST_F(MainFormWindow, TheHotkeysAreThoseOfTheSettingsWithTheWindowsKey) {
     EXPECT_FALSE(IsFree(VK_F23));
     EXPECT_FALSE(IsFree(VK_F24));
     test_.program.settings.newNoteHotkey = VK_F22;
-    EXPECT_FALSE(IsFree(VK_F23)) << "the old one stays until it is registered anew";
+    EXPECT_FALSE(IsFree(VK_F23)) << "the old one works until the next registration";
     form_.RegisterHotKeys();
     EXPECT_TRUE(IsFree(VK_F23));
     EXPECT_FALSE(IsFree(VK_F22));

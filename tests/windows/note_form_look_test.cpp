@@ -255,7 +255,7 @@ TEST_F(NoteFormTest, EachSizeOfItsIconIsAPictureOfItsOwnAtEveryResolution) {
     ASSERT_TRUE(two.Create());
     const auto large = [](HWND note) { return SendMessageW(note, WM_GETICON, ICON_BIG, 0); };
     EXPECT_EQ(large(one_.Window()), large(two.Window())) << "fifty notes do not load fifty icons";
-    EXPECT_EQ(GetClassLongPtrW(one_.Window(), GCLP_HICON), 0U) << "no icon of another size stands in";
+    EXPECT_EQ(GetClassLongPtrW(one_.Window(), GCLP_HICON), 0U) << "no icon of another size replaces it";
 }
 
 TEST_F(NoteFormTest, TheFontFollowsTheSettingsAndLargeTextIsBold) {

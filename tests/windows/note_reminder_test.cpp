@@ -144,7 +144,7 @@ TEST_F(NoteReminderTest, ControlBackspaceDeletesAWord) {
     EXPECT_EQ(one_->form.Text(), u" ferns") << "again while it is held";
     SendMessageW(box, EM_SETSEL, 1, 4);
     ControlKey(VK_BACK);
-    EXPECT_EQ(one_->form.Text(), u" ns") << "a selection goes whole";
+    EXPECT_EQ(one_->form.Text(), u" ns") << "a selection is deleted whole";
     EXPECT_NE(SendMessageW(box, EM_UNDO, 0, 0), 0);
     EXPECT_EQ(one_->form.Text(), u" ferns");
 }

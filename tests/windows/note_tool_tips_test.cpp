@@ -168,12 +168,12 @@ TEST_F(NoteMenuTest, NoToolTipCoversAnOpenMenu) {
     RECT place{};
     GetWindowRect(button, &place);
     SetCursorPos(place.left + 6, place.top + 6);
-    bool stood = false;
+    bool appeared = false;
     int looks = 0;
     const Meanwhile user([&] {
         if (OpenMenuWindow() == nullptr) return false;
         SendMessageW(button, WM_MOUSEMOVE, 0, MAKELPARAM(looks % 2 + 5, 5));
-        stood = stood || IsWindowVisible(tips) != 0;
+        appeared = appeared || IsWindowVisible(tips) != 0;
         constexpr int kEnough = 10;
         if (++looks < kEnough) return false;
         EndMenu();
@@ -181,7 +181,7 @@ TEST_F(NoteMenuTest, NoToolTipCoversAnOpenMenu) {
     });
     PressMenuButton();
     EXPECT_TRUE(user.IsDone());
-    EXPECT_FALSE(stood);
+    EXPECT_FALSE(appeared);
 }
 
 TEST_F(NoteMenuTest, TheToolTipsAreCreatedAgainForAnotherResolution) {

@@ -242,7 +242,7 @@ TEST_F(OptionsFormTest, IsNeverLargerThanTheWorkArea) {
         EXPECT_LE(form_.DialogScale().Dpi(), dpi);
     }
     SetDpi(96);
-    EXPECT_EQ(form_.DialogScale().Dpi(), 96) << "where there is room again";
+    EXPECT_EQ(form_.DialogScale().Dpi(), 96) << "where there is enough space again";
 }
 
 TEST_F(OptionsFormTest, NewSystemColorsReachEveryControl) {

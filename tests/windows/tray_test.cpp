@@ -185,7 +185,7 @@ TEST_F(TrayTest, ARefusedIconIsAddedOnceTheShellAcceptsIt) {
     EXPECT_FALSE(tray_->Visible());
     ASSERT_TRUE(Shell_NotifyIconW(NIM_DELETE, &other));
     EXPECT_TRUE(WaitFor([this] { return tray_->Visible(); }));
-    EXPECT_FALSE(Shell_NotifyIconW(NIM_ADD, &other)) << "the control's icon stands";
+    EXPECT_FALSE(Shell_NotifyIconW(NIM_ADD, &other)) << "the control's icon is there";
 }
 
 TEST_F(TrayTest, TheEndOfTheControlRemovesTheIcon) {
@@ -263,7 +263,7 @@ TEST_F(TrayTest, ARealRightClickIsTwoEventsAsTheShellSendsTwo) {
 }
 
 /// Whether a balloon with this text is on the screen; tool tips look the same from here.
-bool BalloonStands(const std::wstring& wanted) {
+bool IsBalloonShown(const std::wstring& wanted) {
     struct Search {
         const std::wstring& wanted;
         bool found = false;
@@ -287,16 +287,16 @@ TEST_F(TrayTest, ABalloonIsShownAndHidden) {
     if (!Show() || KnownTaskBar() == nullptr) GTEST_SKIP() << "no task bar with balloons of a known kind";
     tray_->ShowBalloon(u"You can click this icon.", u"Note minimized", 1, 0);
     EXPECT_EQ(GetWindowTextLengthW(tray_->Handle()), 0) << "the text is the shell's alone";
-    EXPECT_TRUE(WaitFor([] { return BalloonStands(L"You can click this icon."); }));
+    EXPECT_TRUE(WaitFor([] { return IsBalloonShown(L"You can click this icon."); }));
     tray_->HideBalloon();
-    EXPECT_TRUE(WaitFor([] { return !BalloonStands(L"You can click this icon."); }));
+    EXPECT_TRUE(WaitFor([] { return !IsBalloonShown(L"You can click this icon."); }));
 }
 
 TEST_F(TrayTest, ABalloonHidesWhenItsTimeIsUp) {
     if (!Show() || KnownTaskBar() == nullptr) GTEST_SKIP() << "no task bar with balloons of a known kind";
     tray_->ShowBalloon(u"Only for a moment", u"Note minimized", 1, 5);
-    EXPECT_TRUE(WaitFor([] { return BalloonStands(L"Only for a moment"); }));
-    EXPECT_TRUE(WaitFor([] { return !BalloonStands(L"Only for a moment"); }));
+    EXPECT_TRUE(WaitFor([] { return IsBalloonShown(L"Only for a moment"); }));
+    EXPECT_TRUE(WaitFor([] { return !IsBalloonShown(L"Only for a moment"); }));
 }
 
 }  // namespace

@@ -94,7 +94,7 @@ TEST_F(WinFileStoreTest, OnAFullDiskNoPartialFileRemains) {
     const std::u16string path = disk.Of(u"large");
     EXPECT_EQ(store_.Create(path, std::string(4'000'000, 'x')), FileError::DiskFull);
     EXPECT_FALSE(store_.FileExists(path));
-    EXPECT_EQ(store_.Create(path, "small"), FileError::None) << "the room is free again";
+    EXPECT_EQ(store_.Create(path, "small"), FileError::None) << "the space is free again";
     EXPECT_EQ(store_.Read(path), "small");
 }
 

@@ -93,7 +93,7 @@ int Restore(const Session& session) {
             continue;
         }
         if (CountNotes(session.place.notesFolder) >= kMostNotes) {
-            console.Error("no room, and stays in the backup: " + HarmlessName(note.path) + "\n");
+            console.Error("over the limit of 50 notes, and stays in the backup: " + HarmlessName(note.path) + "\n");
             code = kFailed;
             continue;
         }

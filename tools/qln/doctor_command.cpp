@@ -75,7 +75,7 @@ std::string Mend(const Session& session, const Finding& finding) {
         case Fault::Torn:
         case Fault::DamagedUnicode: {
             const auto bytes = Mended(finding, locale);
-            return bytes && OverwriteFile(finding.path, *bytes) ? "written anew" : "";
+            return bytes && OverwriteFile(finding.path, *bytes) ? "written again" : "";
         }
         case Fault::Empty:
             return TakeAway(finding) ? "taken away, it holds no note" : "";

@@ -106,7 +106,7 @@ bool WriteNewFile(const std::string& path, std::string_view bytes) {
     const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kEveryoneReads));
     if (!file) return false;
     if (WriteAll(file.Get(), bytes) && fsync(file.Get()) == 0) return true;
-    Ignore(unlink(path.c_str()), "the rest only takes room");
+    Ignore(unlink(path.c_str()), "an unfinished file only occupies space");
     return false;
 }
 
@@ -118,7 +118,7 @@ bool OverwriteFile(const std::string& path, std::string_view bytes) {
         FlushFolderOf(path);
         return true;
     }
-    Ignore(unlink(fresh.c_str()), "the old file stays; the rest of the new one only takes room");
+    Ignore(unlink(fresh.c_str()), "the old file stays; the unfinished new one only occupies space");
     return false;
 }
 

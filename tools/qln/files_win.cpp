@@ -93,7 +93,7 @@ bool WriteNewFile(const std::string& path, std::string_view bytes) {
         if (!file) return false;
         written = WriteAll(file.Get(), bytes) && FlushFileBuffers(file.Get()) != 0;
     }
-    if (!written) Ignore(DeleteFileW(name.c_str()), "the rest only takes room");
+    if (!written) Ignore(DeleteFileW(name.c_str()), "an unfinished file only occupies space");
     return written;
 }
 
@@ -105,7 +105,7 @@ bool OverwriteFile(const std::string& path, std::string_view bytes) {
         0) {
         return true;
     }
-    Ignore(DeleteFileW(ToWide(fresh).c_str()), "the old file stays; the rest of the new one only takes room");
+    Ignore(DeleteFileW(ToWide(fresh).c_str()), "the old file stays; the unfinished new one only occupies space");
     return false;
 }
 

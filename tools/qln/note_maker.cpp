@@ -16,7 +16,7 @@ std::size_t CountNotes(const std::string& folder) {
         std::count_if(files.begin(), files.end(), [](const FolderEntry& file) { return HasNoteEnding(file.name); }));
 }
 
-bool NoteMaker::HasRoom() {
+bool NoteMaker::CanMakeNote() {
     if (CountNotes(session_.place.notesFolder) < kMostNotes) return true;
     Complain(session_.Terminal(), "there are 50 notes already, which is the most that Quillo opens");
     return false;

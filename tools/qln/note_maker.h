@@ -16,7 +16,7 @@ class NoteMaker {
     explicit NoteMaker(const Session& session) : session_(session) {}
 
     /// Whether the notes folder can take one more note; reports an error if not.
-    [[nodiscard]] bool HasRoom();
+    [[nodiscard]] bool CanMakeNote();
     /// Stores the bytes of a note file under `name`, or under a new GUID if that is "" or taken. "" after an error
     /// message if it cannot be written.
     [[nodiscard]] std::string Store(std::string_view bytes, const std::string& name = {});

@@ -20,7 +20,7 @@ void PrepareFolder(const std::string& folder) {
     const std::size_t name = LastPart(folder).size();
     if (name + 1 >= folder.size()) return;
     Ignore(MakeFolder(folder.substr(0, folder.size() - name - 1)), "it may be there, or cannot be made");
-    Ignore(MakeFolder(folder), "whoever needs it says that it is missing");
+    Ignore(MakeFolder(folder), "the caller that needs it reports that it is missing");
 }
 
 StoredSettings ReadSettings(RegistryApi& api) {

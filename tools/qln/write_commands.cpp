@@ -135,7 +135,7 @@ int New(const Session& session) {
     file.appearance = NewAppearance(session);
     if (!file.appearance || !TakeReminder(session, file)) return kWrongUse;
     NoteMaker maker(session);
-    if (!maker.HasRoom()) return kFailed;
+    if (!maker.CanMakeNote()) return kFailed;
     const std::string path = maker.Store(file);
     if (path.empty()) return kFailed;
     session.Terminal().Out(path + "\n");
@@ -154,9 +154,9 @@ int Import(const Session& session) {
     NoteMaker maker(session);
     int code = kDone;
     for (const NoteFile& note : notes) {
-        if (!maker.HasRoom()) {
+        if (!maker.CanMakeNote()) {
             Complain(session.Terminal(), std::to_string(notes.size() - maker.Made().size()) + " of " +
-                                             std::to_string(notes.size()) + " notes have no room, from \"" +
+                                             std::to_string(notes.size()) + " notes are over the limit, from \"" +
                                              ToUtf8(FirstWords(note.text, 40)) + "\" on");
             code = kFailed;
             break;

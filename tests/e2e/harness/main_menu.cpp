@@ -58,7 +58,7 @@ bool MainMenu::Open() const {
     const bool open = Until([this] { return IsShowing(); }, [icon] { ClickMouse(*icon); });
     MoveMouse(POINT{0, 0});
     // The icon's tool tip would cover a part of the menu.
-    return open && Eventually([this] { return HasKeyboard() && IsOpaque(Handle()) && !IsToolTipStanding(kToolTip); });
+    return open && Eventually([this] { return HasKeyboard() && IsOpaque(Handle()) && !IsToolTipShown(kToolTip); });
 }
 
 bool MainMenu::WaitUntilGone() const {

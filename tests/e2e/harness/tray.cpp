@@ -116,7 +116,7 @@ bool HasAskedForBalloon(DWORD process) {
     });
 }
 
-bool IsToolTipStanding(const std::wstring& text) {
+bool IsToolTipShown(const std::wstring& text) {
     const std::wstring* wanted = &text;
     EnumWindows(&FindToolTip, reinterpret_cast<LPARAM>(&wanted));
     return wanted == nullptr;
@@ -142,7 +142,7 @@ std::optional<POINT> FindTrayIcon(DWORD process, const std::wstring& toolTip) {
         for (const POINT place : PossiblePlaces(process)) {
             MoveMouse(POINT{place.x, place.y - 60});
             MoveMouse(place);
-            if (Eventually([&] { return IsToolTipStanding(toolTip); }, kForOneIcon)) return place;
+            if (Eventually([&] { return IsToolTipShown(toolTip); }, kForOneIcon)) return place;
         }
     }
     return std::nullopt;

@@ -17,7 +17,7 @@ namespace quillo::e2e {
 /// Whether the task bar is the plain one of a desktop without Windows' own shell, where a balloon is a tool tip.
 [[nodiscard]] bool HasBareTaskBar();
 /// Whether a tool tip with exactly that text is on the screen, of any program.
-[[nodiscard]] bool IsToolTipStanding(const std::wstring& text);
+[[nodiscard]] bool IsToolTipShown(const std::wstring& text);
 /// Whether the notification area holds the icon of that window now.
 [[nodiscard]] bool IsTrayIconShowing(HWND iconWindow);
 

@@ -261,7 +261,7 @@ TEST_F(StartupTest, AllNotesOfTheOldStoreOpenAndFilesAboveTheLimitStayUnchanged)
     EXPECT_EQ(Start(), StartupOutcome::Running);
     ASSERT_EQ(program_.openNotes.Count(), 60U);
     for (std::size_t i = 0; i < 60; ++i) EXPECT_TRUE(test_.views.Note(i).IsVisible()) << i;
-    EXPECT_EQ(test_.notice.balloons.size(), 1U) << "there was no room for the files";
+    EXPECT_EQ(test_.notice.balloons.size(), 1U) << "the files exceeded the limit";
 
     test_.saveAll.Run();
     EXPECT_EQ(test_.StoredFiles().size(), 62U);

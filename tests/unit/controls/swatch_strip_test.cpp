@@ -100,7 +100,7 @@ TEST(SwatchStrip, TheMarkShowsWithTheKeyboardOnlyAndOnItsSwatch) {
     EXPECT_EQ(ring.area, (Rect{194, 2, 20, 20}));
     const Call& bar = focused.Calls().back();
     EXPECT_EQ(bar.color, kSystemHighlight);
-    EXPECT_EQ(bar.area, (Rect{192, 26, 24, 2})) << "in the room below, the swatch stays as it is";
+    EXPECT_EQ(bar.area, (Rect{192, 26, 24, 2})) << "in the space below; the swatch stays as it is";
 }
 
 TEST(SwatchStrip, KeysMoveTheMarkAndStopAtTheEnds) {

@@ -149,7 +149,7 @@ TEST_F(OptionsControllerTest, TheSliderRangesFromOpaqueToFaintWithinTheLimitsOfL
     controller.MoveSlider(-1);
     EXPECT_EQ(Number(u"Note opacity"), 255);
     Now().noteOpacity = 1;
-    EXPECT_EQ(controller.SliderValue(), OptionsController::kSliderEnd) << "fainter than the slider goes";
+    EXPECT_EQ(controller.SliderValue(), OptionsController::kSliderEnd) << "fainter than the slider's end";
 }
 
 TEST_F(OptionsControllerTest, ColorsAreWrittenTogetherAndReachOpenNotes) {
@@ -305,7 +305,7 @@ TEST_F(OptionsControllerTest, AnEmptiedFolderIsTheDesktopAtOnce) {
 TEST_F(OptionsControllerTest, ASoundThatWasTriedOutEndsWithTheDialog) {
     OptionsController controller = Loaded();
     controller.Close({});
-    EXPECT_TRUE(sound_.commands.empty()) << "the sound of a reminder that is due goes on";
+    EXPECT_TRUE(sound_.commands.empty()) << "the sound of a reminder that is due continues";
     controller.PlaySound(u"C:\\ding.mp3");
     EXPECT_EQ(sound_.commands.back(), u"play quillo from 0");
     controller.Close({});

@@ -88,7 +88,7 @@ TEST_F(NotePrintTest, APageHasItsPartsInTheirPlacesAndFonts) {
     EXPECT_EQ(address.text, kMakerHost);
     EXPECT_EQ(address.font.points, 8);
     EXPECT_EQ(address.at.x + static_cast<int>(address.text.size()) * 4, 576) << "ends at the right margin";
-    EXPECT_EQ(address.at.y + 9, 756) << "stands on the bottom margin";
+    EXPECT_EQ(address.at.y + 9, 756) << "ends at the bottom margin";
 
     const auto& number = page.lines[3];
     EXPECT_EQ(number.text, u"1");

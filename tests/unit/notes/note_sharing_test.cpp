@@ -112,7 +112,7 @@ TEST_F(NoteSharingTest, ClosedWhileTheMessageIsOpenTheNoteStaysClosed) {
     mail_.whileSending = [this](const MailMessage& /*message*/) { note_.DestroyNote(); };
     note_.MailNote();
     EXPECT_TRUE(view_.IsClosed());
-    EXPECT_EQ(files_.FileCount(), 0U) << "the attachment goes all the same";
+    EXPECT_EQ(files_.FileCount(), 0U) << "the attachment is deleted all the same";
 }
 
 }  // namespace

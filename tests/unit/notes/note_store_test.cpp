@@ -179,7 +179,7 @@ TEST_F(NoteStoreTest, DeletesTheReserveOnAFullDisk) {
     EXPECT_FALSE(files_.FileExists(reserve));
 
     store_.Reserve().Keep(0);
-    EXPECT_FALSE(files_.FileExists(reserve)) << "there is no room for it";
+    EXPECT_FALSE(files_.FileExists(reserve)) << "there is no space for it";
     files_.SetCapacity(std::nullopt);
     store_.Reserve().Keep(300'000);
     EXPECT_EQ(files_.Find(reserve)->size, 512U * 1024) << "never smaller than what the notes need";

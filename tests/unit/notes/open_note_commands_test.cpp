@@ -60,7 +60,7 @@ TEST(NoteLimit, AppliesToTheSumOfOldAndNew) {
     } cases[] = {{0, 0, true},         {0, kMost, true},    {0, kMost + 1, false},       {1, kMost - 1, true},
                  {1, kMost, false},    {kMost, 0, true},    {kMost, 1, false},           {kMost + 1, 0, false},
                  {kMost, kAny, false}, {kAny, kAny, false}, {kMost / 2, kMost / 2, true}};
-    for (const auto& c : cases) EXPECT_EQ(HasRoomFor(c.present, c.added), c.fits) << c.present << " + " << c.added;
+    for (const auto& c : cases) EXPECT_EQ(FitsInNote(c.present, c.added), c.fits) << c.present << " + " << c.added;
 }
 
 // Hide with its hint.

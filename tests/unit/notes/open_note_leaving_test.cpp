@@ -199,7 +199,7 @@ TEST_F(OpenNoteLeaving, ANoteClosedDuringTheQuestionIsNotUsedAgain) {
     notice_.answer = true;
     notice_.onAsk = [this] { owner_.RemoveNote(kKey); };
     note_.CloseNote();
-    EXPECT_TRUE(StorageExists()) << "whoever removed it decided about its file";
+    EXPECT_TRUE(StorageExists()) << "what removed it has decided about its file";
     EXPECT_FALSE(view_.IsClosed());
 }
 

@@ -109,7 +109,7 @@ TEST_F(OpenNoteReminderTest, WithoutAnAlertTheNoteStaysOnTheScreen) {
     view_.refuseReminderWindows = false;
     SetSilently(0);
     note_.TimerBroadcast();
-    EXPECT_FALSE(note_.IsVisible()) << "an alert that never stood is not open";
+    EXPECT_FALSE(note_.IsVisible()) << "an alert that was never shown is not open";
 }
 
 TEST_F(OpenNoteReminderTest, AMinimizedNoteKeepsItsIconUntilTheAlertIsDismissed) {

@@ -40,7 +40,7 @@ TEST(Placement, BesideItsOwnerWhereItFits) {
 }
 
 TEST(FittingDpi, ShrinksByTheExcessAndAtLeastByOne) {
-    EXPECT_EQ(FittingDpi(192, {1300, 1080}, {1920, 540}), 96) << "twice as high as its room";
+    EXPECT_EQ(FittingDpi(192, {1300, 1080}, {1920, 540}), 96) << "twice as high as the space";
     EXPECT_EQ(FittingDpi(192, {1300, 1080}, {650, 540}), 96);
     EXPECT_EQ(FittingDpi(144, {1000, 810}, {500, 810}), 72) << "twice as wide";
     EXPECT_EQ(FittingDpi(144, {1000, 810}, {1366, 810}), 143) << "fonts do not shrink evenly: one step more";
