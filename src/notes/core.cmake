@@ -19,5 +19,6 @@ target_sources(quillo_core PRIVATE
   notes/save_texts.cpp
   notes/screen_fit.cpp
   notes/unicode_element.cpp
+  notes/wheel_turns.cpp
   notes/word_start.cpp
 )

@@ -100,6 +100,21 @@ bool NoteTextBox::FollowThumb(int request) {
     return true;
 }
 
+/// The control itself may scroll by the wheel only while it has a bar.
+bool NoteTextBox::OnWheel(WPARAM turn) {
+    if ((LOWORD(turn) & (MK_CONTROL | MK_SHIFT)) != 0) return false;
+    UINT perNotch = 3;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &perNotch, 0);
+    const bool byPages = perNotch == WHEEL_PAGESCROLL;
+    const int distance = wheel_.Turn(GET_WHEEL_DELTA_WPARAM(turn), byPages ? 1 : static_cast<int>(perNotch));
+    if (!byPages) {
+        Default(EM_LINESCROLL, 0, distance);
+    } else if (distance != 0) {
+        Default(EM_SCROLL, distance > 0 ? SB_PAGEDOWN : SB_PAGEUP, 0);
+    }
+    return true;
+}
+
 /// Screen readers take the name of a text box from the static text before it. One without a size is invisible.
 void NoteTextBox::NameForScreenReaders() {
     if (label_ != nullptr) return;
@@ -190,6 +205,8 @@ bool NoteTextBox::Swallow(UINT message, WPARAM wParam, LPARAM lParam) {
             return !scrollBar_;
         case WM_VSCROLL:
             return FollowThumb(LOWORD(wParam));
+        case WM_MOUSEWHEEL:
+            return OnWheel(wParam);
         case WM_GETOBJECT:
             if (static_cast<LONG>(lParam) == OBJID_CLIENT) NameForScreenReaders();
             return false;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "notes/note_commands.h"
+#include "notes/wheel_turns.h"
 #include "platform/subclass.h"
 #include "util/geometry.h"
 #include "util/units.h"
@@ -52,6 +53,7 @@ class NoteTextBox : public SubclassedControl {
     void DeleteWordBefore();
     /// True if the bar's thumb was moved and the text has followed it.
     bool FollowThumb(int request);
+    bool OnWheel(WPARAM turn);
     void UpdateScrollBar();
     [[nodiscard]] int LineHeight();
     void NameForScreenReaders();
@@ -69,6 +71,7 @@ class NoteTextBox : public SubclassedControl {
     HWND label_ = nullptr;  ///< names the box for screen readers; created when they first ask
     bool scrollBar_ = false;
     BarRange barRange_;
+    WheelTurns wheel_;
     int lineHeight_ = 0;  ///< in pixels; 0 until it is needed with this font
     bool byProgram_ = false;
     bool menuKeysHeld_ = false;  ///< the last F10 was pressed with Shift

@@ -155,5 +155,30 @@ TEST_F(NoteScrollBarTest, PressesOnTheBarScrollTheText) {
     EXPECT_EQ(press(SB_PAGEUP), 0);
 }
 
+TEST_F(NoteScrollBarTest, TheWheelScrollsWithAndWithoutTheBar) {
+    Show();
+    ASSERT_TRUE(form_.SetText(Lines(100)));
+    UINT before = 0;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &before, 0);
+    const auto turn = [&](int by, int keys = 0) {
+        SendMessageW(Box(), WM_MOUSEWHEEL, MAKEWPARAM(keys, by), 0);
+        return static_cast<int>(SendMessageW(Box(), EM_GETFIRSTVISIBLELINE, 0, 0));
+    };
+    for (const bool bar : {false, true}) {
+        Switch(bar);
+        SystemParametersInfoW(SPI_SETWHEELSCROLLLINES, 5, nullptr, 0);
+        EXPECT_EQ(turn(-WHEEL_DELTA), 5);
+        EXPECT_EQ(turn(-WHEEL_DELTA / 2), 7);
+        EXPECT_EQ(turn(-WHEEL_DELTA / 2), 10) << "fine turns add up";
+        EXPECT_EQ(turn(-WHEEL_DELTA, MK_CONTROL), 10) << "that is for something else";
+        EXPECT_EQ(turn(2 * WHEEL_DELTA), 0);
+        SystemParametersInfoW(SPI_SETWHEELSCROLLLINES, WHEEL_PAGESCROLL, nullptr, 0);
+        EXPECT_GT(turn(-WHEEL_DELTA), 5) << "a page";
+        EXPECT_EQ(turn(WHEEL_DELTA), 0);
+    }
+    EXPECT_EQ(ByTheBar(Box()), ByTheText(Box()));
+    SystemParametersInfoW(SPI_SETWHEELSCROLLLINES, before, nullptr, 0);
+}
+
 }  // namespace
 }  // namespace quillo

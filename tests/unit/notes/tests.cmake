@@ -19,5 +19,6 @@ target_sources(quillo_core_tests PRIVATE
   unit/notes/print_lines_test.cpp
   unit/notes/screen_fit_test.cpp
   unit/notes/unicode_element_test.cpp
+  unit/notes/wheel_turns_test.cpp
   unit/notes/word_start_test.cpp
 )
