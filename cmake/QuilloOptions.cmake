@@ -21,6 +21,13 @@ if(NOT MSVC)
 endif()
 
 if(WIN32)
+  # Nothing asks for the type of an object at run time: the program need not contain the names of all classes.
+  if(MSVC)
+    set(QUILLO_NO_RTTI /GR-)
+  else()
+    set(QUILLO_NO_RTTI -fno-rtti)
+  endif()
+  target_compile_options(quillo_options INTERFACE ${QUILLO_NO_RTTI})
   # Newer declarations are needed than those of Windows 7, the oldest system that the program runs on: a function that Windows 7
   # lacks is loaded when it is first needed (late_library.h).
   target_compile_definitions(quillo_options INTERFACE WINVER=0x0A00 _WIN32_WINNT=0x0A00 NTDDI_VERSION=0x0A000000)
