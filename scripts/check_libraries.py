@@ -3,8 +3,8 @@
 
     check_libraries.py QUILLO.EXE SOURCES
 
-The imports of the program are those listed with "start"; the libraries that its sources load by name are those listed
-with "late".
+The imports of the program are those listed with "start"; the libraries that its sources load by name, or that the linker
+loads at their first use as a file ".def" says, are those listed with "late".
 """
 
 import pathlib
@@ -14,6 +14,7 @@ import sys
 
 LIST = pathlib.Path(__file__).with_name("libraries.txt")
 BY_NAME = re.compile(r'L"([\w.]+\.(?:dll|drv))"')
+AT_FIRST_USE = re.compile(r"^LIBRARY (\S+)", re.MULTILINE)
 IMPORTS = 1  # the number of the directory of imports
 
 
@@ -53,6 +54,8 @@ def loaded_by_name(sources):
     for path in sources.rglob("*"):
         if path.suffix in (".cpp", ".h") and "testing" not in path.parts:
             found.update(BY_NAME.findall(path.read_text()))
+        if path.suffix == ".def":
+            found.update(AT_FIRST_USE.findall(path.read_text()))
     return found
 
 
