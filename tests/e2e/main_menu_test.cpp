@@ -62,11 +62,12 @@ TEST_F(MainMenuTest, AClickOnTheIconOpensItInTheCornerHoveringHighlightsAndEscCl
                                 MenuItem::Close, MenuItem::Shortcut1}) {
         MoveMouse(Menu().MiddleOf(MenuItem::None));
         const auto itemAtRest = Menu().Look(item);
-        EXPECT_TRUE(Until([&] { return Menu().Look(item) != itemAtRest; }, [&] { MoveMouse(Menu().MiddleOf(item)); }))
-            << static_cast<int>(item);
-        EXPECT_TRUE(
-            Until([&] { return Menu().Look(item) == itemAtRest; }, [&] { MoveMouse(Menu().MiddleOf(MenuItem::None)); }))
-            << static_cast<int>(item);
+        EXPECT_TRUE(Until([&] { return Menu().Marked() == item && Menu().Look(item) != itemAtRest; },
+                          [&] { MoveMouse(Menu().MiddleOf(item)); }))
+            << static_cast<int>(item) << ": " << Menu().State();
+        EXPECT_TRUE(Until([&] { return Menu().Marked() == MenuItem::None && Menu().Look(item) == itemAtRest; },
+                          [&] { MoveMouse(Menu().MiddleOf(MenuItem::None)); }))
+            << static_cast<int>(item) << ": " << Menu().State();
     }
     PressKey(VK_ESCAPE);
     EXPECT_TRUE(Menu().WaitUntilGone());
@@ -100,9 +101,9 @@ TEST_F(MainMenuTest, WithoutNotesShowAllNotesLooksDisabledAndOnlyCloses) {
     Start();
     ASSERT_TRUE(Menu().Open());
     const auto disabled = Menu().Look(MenuItem::ShowAllNotes);
-    MoveMouse(Menu().MiddleOf(MenuItem::ShowAllNotes));
-    MoveMouse(Menu().MiddleOf(MenuItem::Options));  // proves that the previous move has been handled
-    const auto options = Menu().Look(MenuItem::Options);
+    const auto movingTo = [&](MenuItem item) { return [this, item] { MoveMouse(Menu().MiddleOf(item)); }; };
+    EXPECT_TRUE(Until([&] { return Menu().Marked() == MenuItem::Options; }, movingTo(MenuItem::Options)));
+    EXPECT_TRUE(Until([&] { return Menu().Marked() == MenuItem::None; }, movingTo(MenuItem::ShowAllNotes)));
     EXPECT_EQ(Menu().Look(MenuItem::ShowAllNotes), disabled);
     EXPECT_TRUE(Menu().Choose(MenuItem::ShowAllNotes));
     EXPECT_EQ(RunToEnd(L"/new"), 0U);
@@ -120,9 +121,9 @@ TEST_F(MainMenuTest, ASecondClickOnTheIconMakesANoteAndTheMenuWorksWithTheKeyboa
 
     ASSERT_TRUE(Menu().Open());
     const auto atRest = Menu().Look(MenuItem::NewNote);
-    // A late move of the pointer takes the focus mark away again.
-    EXPECT_TRUE(Until([&] { return Menu().Look(MenuItem::NewNote) != atRest; }, [] { PressKey(VK_DOWN); }))
-        << "the focus shows";
+    PressKey(VK_DOWN);
+    EXPECT_TRUE(Eventually([&] { return Menu().Marked() == MenuItem::NewNote; })) << Menu().State();
+    EXPECT_TRUE(Eventually([&] { return Menu().Look(MenuItem::NewNote) != atRest; })) << "the mark is visible";
     PressKey(VK_RETURN);
     EXPECT_TRUE(NotesBecome(2));
     EXPECT_TRUE(Menu().WaitUntilGone());
@@ -206,7 +207,8 @@ TEST_F(MainMenuTest, ADropElsewhereOrOfSeveralFilesIsRefused) {
     const auto before = Profile().Text(L"Shortcut 2");
     // Wine also sends the release that ends a drag to the window below, where it can choose an item and close the menu.
     const auto drag = [&](const DragData& data, POINT to) {
-        return (Menu().IsShowing() || Menu().Open()) && DragTo(data, to);
+        EXPECT_TRUE(Menu().IsShowing() || Menu().Open()) << Menu().State();
+        return DragTo(data, to);
     };
     EXPECT_FALSE(drag({{CF_HDROP, FileListBytes({one, two})}}, Menu().MiddleOf(MenuItem::Shortcut2)));
     EXPECT_FALSE(drag({{CF_HDROP, FileListBytes({one})}}, Menu().OnScreen(175, 80)));

@@ -19,7 +19,7 @@ void ReportAttempts(int attempts) {
         if (property.key() == std::string_view(kRepeatedActions)) repeated += std::atoi(property.value());
     }
     ::testing::Test::RecordProperty(kRepeatedActions, repeated);
-    // test.sh counts these lines.
+    // scripts/check_repeats.py counts these lines, and limits their number.
     std::cout << "REPEATED ACTION: " << attempts << " attempts, in " << test->name() << std::endl;
 }
 

@@ -47,6 +47,11 @@ std::string CrashWatch::Crash() const {
     return crash_;
 }
 
+std::string CrashWatch::StartProblem() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return startProblem_;
+}
+
 void CrashWatch::Note(const EXCEPTION_RECORD& fault) {
     std::array<char, 80> text{};
     std::snprintf(text.data(), text.size(), "fault 0x%08lX at %p", fault.ExceptionCode, fault.ExceptionAddress);
@@ -54,38 +59,68 @@ void CrashWatch::Note(const EXCEPTION_RECORD& fault) {
     if (crash_.empty()) crash_ = text.data();
 }
 
-void CrashWatch::Watch(std::wstring commandLine, std::wstring folder) {
+CrashWatch::Event CrashWatch::AnswerEvent(DWORD process) {
+    DEBUG_EVENT event{};
+    if (WaitForDebugEvent(&event, INFINITE) == 0) return Event::None;
+    DWORD answer = DBG_CONTINUE;
+    Event seen = event.dwDebugEventCode == EXIT_PROCESS_DEBUG_EVENT ? Event::End : Event::Other;
+    if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT) CloseHandle(event.u.CreateProcessInfo.hFile);
+    if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT) CloseHandle(event.u.LoadDll.hFile);
+    if (event.dwDebugEventCode == EXCEPTION_DEBUG_EVENT) {
+        const EXCEPTION_RECORD& fault = event.u.Exception.ExceptionRecord;
+        if (IsFault(fault.ExceptionCode)) Note(fault);
+        if (fault.ExceptionCode == EXCEPTION_BREAKPOINT) {
+            seen = Event::Breakpoint;
+        } else {
+            answer = DBG_EXCEPTION_NOT_HANDLED;
+        }
+    }
+    ContinueDebugEvent(event.dwProcessId, event.dwThreadId, answer);
+    return event.dwProcessId == process ? seen : Event::Other;
+}
+
+bool CrashWatch::Begin(std::wstring commandLine, const std::wstring& folder) {
+    const auto failed = [this](const char* what, DWORD code) {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        crash_.clear();  // a fault before the program's own code is none of its own
+        startProblem_ = what + std::to_string(code);
+        return false;
+    };
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION started{};
-    // Under Wine a process now and then does not start.
-    const bool done = Eventually(
-        [&] {
-            return CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS,
-                                  nullptr, folder.empty() ? nullptr : folder.c_str(), &startup, &started) != 0;
-        },
-        std::chrono::seconds(5));
-    if (done) {
-        // The process executes nothing before the first event is answered below.
-        family_ = MakeFamily();
-        AssignProcessToJobObject(family_.Get(), started.hProcess);
-        CloseHandle(started.hThread);
-        process_ = started.hProcess;
+    if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS, nullptr,
+                       folder.empty() ? nullptr : folder.c_str(), &startup, &started) == 0) {
+        return failed("the system refuses it with error ", GetLastError());
     }
+    KernelHandle process(started.hProcess);
+    CloseHandle(started.hThread);
+    // The process executes nothing before its first event is answered.
+    family_ = MakeFamily();
+    AssignProcessToJobObject(family_.Get(), process.Get());
+    // The system raises a breakpoint when everything is loaded that the program needs.
+    for (;;) {
+        const Event event = AnswerEvent(started.dwProcessId);
+        if (event == Event::Breakpoint) break;
+        if (event == Event::Other) continue;
+        DWORD code = 0;
+        GetExitCodeProcess(process.Get(), &code);
+        family_.Reset();  // ends a process that cannot be watched
+        return failed("it has ended while it was loaded, with ", code);
+    }
+    process_ = process.Release();
+    return true;
+}
+
+void CrashWatch::Watch(std::wstring commandLine, std::wstring folder) {
+    // Under Wine a process now and then does not start, or ends while its libraries are loaded.
+    constexpr std::chrono::seconds kPatienceForStart{10};
+    const bool done = Eventually([&] { return Begin(commandLine, folder); }, kPatienceForStart);
     started_ = true;
-    DEBUG_EVENT event{};
-    while (done && WaitForDebugEvent(&event, INFINITE) != 0) {
-        DWORD answer = DBG_CONTINUE;
-        if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT) CloseHandle(event.u.CreateProcessInfo.hFile);
-        if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT) CloseHandle(event.u.LoadDll.hFile);
-        if (event.dwDebugEventCode == EXCEPTION_DEBUG_EVENT) {
-            const EXCEPTION_RECORD& fault = event.u.Exception.ExceptionRecord;
-            if (IsFault(fault.ExceptionCode)) Note(fault);
-            if (fault.ExceptionCode != EXCEPTION_BREAKPOINT) answer = DBG_EXCEPTION_NOT_HANDLED;
-        }
-        ContinueDebugEvent(event.dwProcessId, event.dwThreadId, answer);
-        if (event.dwDebugEventCode == EXIT_PROCESS_DEBUG_EVENT) break;
-    }
+    if (!done) return;
+    const DWORD process = GetProcessId(process_);
+    Event event = Event::Other;
+    while (event != Event::End && event != Event::None) event = AnswerEvent(process);
 }
 
 }  // namespace quillo::e2e

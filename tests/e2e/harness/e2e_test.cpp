@@ -16,7 +16,7 @@ void E2eTest::TearDown() {
 void E2eTest::Start(const std::wstring& arguments, const std::wstring& folder) {
     MoveMouse(POINT{0, 0});  // away from the notes: the item under the pointer looks hot
     quillo_ = std::make_unique<QuilloProcess>(arguments, folder);
-    ASSERT_TRUE(quillo_->WaitUntilReady()) << "the program did not start";
+    ASSERT_TRUE(quillo_->WaitUntilReady()) << "the program did not start: " << quillo_->State();
 }
 
 void E2eTest::Quit() {

@@ -6,6 +6,12 @@
 #include "harness/quillo_process.h"
 #include "harness/tray.h"
 #include "harness/window_text.h"
+#include "platform/com_ptr.h"
+#include "platform/com_scope.h"
+#include "platform/late_library.h"
+
+// After windows.h.
+#include <oleacc.h>
 
 namespace quillo::e2e {
 namespace {
@@ -52,13 +58,32 @@ bool MainMenu::IsShowing() const {
     return IsWindowVisible(Handle()) != 0;
 }
 
-bool MainMenu::Open() const {
+::testing::AssertionResult MainMenu::Open() const {
     const auto icon = FindTrayIcon(process_, kToolTip);
-    if (!icon) return false;
-    const bool open = Until([this] { return IsShowing(); }, [icon] { ClickMouse(*icon); });
-    MoveMouse(POINT{0, 0});
+    if (!icon) return ::testing::AssertionFailure() << "no icon beside the clock has the tool tip";
+    if (!Until([this] { return IsShowing(); }, [icon] { ClickMouse(*icon); })) {
+        return ::testing::AssertionFailure()
+               << "clicks on the icon at " << icon->x << ", " << icon->y << " do not open the menu";
+    }
+    if (!Eventually([this] { return HasKeyboard() && IsOpaque(Handle()); })) {
+        return ::testing::AssertionFailure() << "the menu does not open completely: " << State();
+    }
+    if (!LeaveIt()) return ::testing::AssertionFailure() << "the pointer cannot leave the menu: " << State();
     // The icon's tool tip would cover a part of the menu.
-    return open && Eventually([this] { return HasKeyboard() && IsOpaque(Handle()) && !IsToolTipShown(kToolTip); });
+    if (Eventually([] { return !IsToolTipShown(kToolTip); })) return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << "the tool tip of the icon does not disappear";
+}
+
+/// Moves the pointer away from the menu, which has opened below it and has marked the item there, or is about to. Under
+/// Wine the system does not report that the pointer has left if it leaves before the program has requested the report,
+/// and the mark would stay. The moves are handled in their order: when the last has taken the mark away, no other
+/// follows.
+bool MainMenu::LeaveIt() const {
+    for (const MenuItem item : {MenuItem::NewNote, MenuItem::None}) {
+        if (!Until([&] { return Marked() == item; }, [&] { MoveMouse(MiddleOf(item)); })) return false;
+    }
+    MoveMouse(POINT{0, 0});
+    return true;
 }
 
 bool MainMenu::WaitUntilGone() const {
@@ -104,6 +129,27 @@ std::vector<COLORREF> MainMenu::Look(MenuItem item) const {
 
 bool MainMenu::HasKeyboard() const {
     return KeyboardWindow() == Handle();
+}
+
+MenuItem MainMenu::Marked() const {
+    static LateFunction<decltype(AccessibleObjectFromWindow)> find(L"oleacc.dll", "AccessibleObjectFromWindow");
+    const ComScope com;
+    ComPtr<IAccessible> menu;
+    if (find.Get()(Handle(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, menu.PutVoid()) != S_OK) {
+        return MenuItem::None;
+    }
+    VARIANT part{};
+    if (menu->get_accFocus(&part) != S_OK || part.vt != VT_I4 || part.lVal == CHILDID_SELF) return MenuItem::None;
+    return MenuOrder().at(static_cast<std::size_t>(part.lVal) - 1);
+}
+
+std::string MainMenu::State() const {
+    std::string state = IsShowing() ? "the menu is showing" : "the menu is not showing";
+    state += HasKeyboard() ? " and has the keyboard focus" : " without the keyboard focus";
+    POINT pointer{};
+    GetCursorPos(&pointer);
+    return state + ", item " + std::to_string(static_cast<int>(Marked())) + " is marked, the pointer is at " +
+           std::to_string(pointer.x) + ", " + std::to_string(pointer.y);
 }
 
 }  // namespace quillo::e2e

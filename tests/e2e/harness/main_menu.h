@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <string>
 #include <vector>
 
 #include "harness/screen.h"
@@ -16,8 +19,9 @@ class MainMenu {
     /// The main window, which becomes the menu; null while there is none.
     [[nodiscard]] HWND Handle() const;
     [[nodiscard]] bool IsShowing() const;
-    /// Clicks the program's icon beside the clock until the menu is open; the pointer is then not over it.
-    [[nodiscard]] bool Open() const;
+    /// Clicks the program's icon beside the clock until the menu is open; the pointer is then not over it, and no item
+    /// is marked.
+    [[nodiscard]] ::testing::AssertionResult Open() const;
     [[nodiscard]] bool WaitUntilGone() const;
     /// Sends one message of the shell about the icon, without the mouse: an open menu may cover the icon. Not allowed
     /// while a note has, or had, an icon of its own.
@@ -33,8 +37,14 @@ class MainMenu {
     [[nodiscard]] std::vector<COLORREF> Look(MenuItem item) const;
     /// Whether the menu has the keyboard focus.
     [[nodiscard]] bool HasKeyboard() const;
+    /// The item that the pointer or a key has marked, as a screen reader finds it; None if there is none.
+    [[nodiscard]] MenuItem Marked() const;
+    /// What a failed test reports: whether the menu is showing, what has the keyboard focus, and which item is marked.
+    [[nodiscard]] std::string State() const;
 
   private:
+    [[nodiscard]] bool LeaveIt() const;
+
     DWORD process_;
 };
 

@@ -77,7 +77,7 @@ QuilloProcess::QuilloProcess(const std::wstring& arguments, const std::wstring& 
     const std::wstring commandLine = L"\"" + QuilloExe() + L"\"" + (arguments.empty() ? L"" : L" ") + arguments;
     process_.Reset(watch_.Start(commandLine, folder));
     if (!process_) {
-        ADD_FAILURE() << "cannot start " << std::filesystem::path(QuilloExe());
+        ADD_FAILURE() << "cannot start " << std::filesystem::path(QuilloExe()) << ": " << watch_.StartProblem();
         return;
     }
     pid_ = GetProcessId(process_.Get());
@@ -94,6 +94,16 @@ bool QuilloProcess::IsRunning() const {
 bool QuilloProcess::WaitUntilReady() const {
     const bool open = Eventually([this] { return Channel() != nullptr || !IsRunning(); });
     return open && IsRunning() && QueueRuns(Channel()) && IsRunning();
+}
+
+std::string QuilloProcess::State() const {
+    HWND channel = FindChannel();
+    const std::optional<DWORD> code = WaitForExit(std::chrono::milliseconds(0));
+    std::string state = "process " + std::to_string(pid_);
+    state += code ? " has ended with " + std::to_string(*code) : IsRunning() ? " is running" : " was not started";
+    state +=
+        channel != nullptr ? "; process " + std::to_string(ProcessOf(channel)) + " has" : std::string("; nobody has");
+    return state + " the channel";
 }
 
 bool QuilloProcess::Answers() const {

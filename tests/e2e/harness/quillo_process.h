@@ -34,6 +34,8 @@ class QuilloProcess {
     [[nodiscard]] bool IsRunning() const;
     /// Waits until the program has finished its start-up and answers messages. False if it has ended instead.
     [[nodiscard]] bool WaitUntilReady() const;
+    /// What a failed test reports: whether it is running, its exit code, and which process has the channel.
+    [[nodiscard]] std::string State() const;
     /// True if the window procedures respond.
     [[nodiscard]] bool Answers() const;
     /// The exit code; nothing if the process is still running after `patience`.

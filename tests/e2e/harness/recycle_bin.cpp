@@ -7,6 +7,7 @@
 #include "harness/eventually.h"
 #include "harness/files.h"
 #include "platform/com_ptr.h"
+#include "platform/com_scope.h"
 #include "platform/win32.h"
 
 // After windows.h.
@@ -16,20 +17,6 @@
 
 namespace quillo::e2e {
 namespace {
-
-/// COM for the length of a scope.
-class ComScope {
-  public:
-    ComScope() : started_(SUCCEEDED(CoInitialize(nullptr))) {}
-    ComScope(const ComScope&) = delete;
-    ComScope& operator=(const ComScope&) = delete;
-    ~ComScope() {
-        if (started_) CoUninitialize();
-    }
-
-  private:
-    bool started_;
-};
 
 struct ItemDeleter {
     using pointer = LPITEMIDLIST;
