@@ -111,8 +111,10 @@ fi
 if [[ -n $compiling ]]; then stage "build, 32-bit (the rest)" wait "$compiling" || status=$?; fi
 print_stages
 printf 'End-to-end tests that were repeated: %d (at most %d)\n' "$repeated" "$repeats_allowed"
-# A test names each mouse action that it had to repeat.
-if [[ -f $results ]]; then
-    printf 'Mouse actions that were repeated within tests: %d\n' "$(grep -c '^REPEATED ACTION: ' "$results" || true)"
-fi
+# Every run of an end-to-end test counts.
+all_results=()
+for file in "$results" "$all/results-repeated.xml"; do
+    if [[ -f $file ]]; then all_results+=("$file"); fi
+done
+/usr/bin/python3 "$quillo_root/scripts/check_repeats.py" "${all_results[@]}" || status=1
 exit "$status"
