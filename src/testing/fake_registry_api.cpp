@@ -80,12 +80,14 @@ std::u16string FakeRegistryApi::AsText(const Data& data) {
 }
 
 std::optional<std::u16string> FakeRegistryApi::QueryText(Key key, std::u16string_view name) {
+    ++valuesRead_;
     const Node* node = Find(key);
     const Data* data = node ? node->Find(name) : nullptr;
     return data ? std::optional(AsText(*data)) : std::nullopt;
 }
 
 std::optional<std::int32_t> FakeRegistryApi::QueryNumber(Key key, std::u16string_view name) {
+    ++valuesRead_;
     const Node* node = Find(key);
     const Data* data = node ? node->Find(name) : nullptr;
     if (!data) return std::nullopt;
@@ -141,6 +143,7 @@ std::optional<std::uint32_t> FakeRegistryApi::CountValues(Key key) {
 }
 
 std::optional<RegistryApi::ValueEntry> FakeRegistryApi::EnumerateValue(Key key, std::uint32_t index) {
+    ++valuesRead_;
     const Node* node = Find(key);
     if (!node || index >= node->values.size()) return std::nullopt;
     const auto& [name, data] = node->values[index];

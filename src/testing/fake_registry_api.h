@@ -63,6 +63,8 @@ class FakeRegistryApi : public RegistryApi {
     /// One line per successful change and per opened key: "open PATH", "set NAME", "delete NAME", "delete key NAME".
     [[nodiscard]] const std::vector<std::u16string>& Log() const { return log_; }
     void ClearLog() { log_.clear(); }
+    /// How often the data of a value was asked for, found or not.
+    [[nodiscard]] int ValuesRead() const { return valuesRead_; }
 
   private:
     struct CaseBlind {
@@ -92,6 +94,7 @@ class FakeRegistryApi : public RegistryApi {
     std::function<void()> onDelete_;
     Key nextKey_ = 1;
     std::vector<std::u16string> log_;
+    int valuesRead_ = 0;
 };
 
 }  // namespace quillo

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/base/registry_keys.h"
+#include "app/base/settings_table.h"
 #include "app/quit.h"
 #include "test_program.h"
 #include "util/text.h"
@@ -148,6 +149,23 @@ TEST_F(StartupTest, StepsRunInOrder) {
     EXPECT_FALSE(program_.startingUp);
     EXPECT_FALSE(program_.loadingNotes);
     EXPECT_EQ(test_.registry.OpenKeys(), 0U);
+}
+
+TEST_F(StartupTest, AStartReadsEachSettingAndNothingForANote) {
+    const auto valuesReadWith = [](int notes) {
+        TestProgram fresh;
+        RecordingStage stage(fresh);
+        for (int i = 10; i < 10 + notes; ++i) fresh.files.Put(TestProgram::Stored(FormatInteger(i) + u".qln"), "text");
+        Startup startup = fresh.MakeStartup(stage);
+        EXPECT_EQ(startup.Run(u""), StartupOutcome::Running);
+        EXPECT_EQ(fresh.program.openNotes.Count(), static_cast<std::size_t>(notes));
+        return fresh.registry.ValuesRead();
+    };
+    constexpr int kColorsReadTwice = 3;  // to distinguish black from a missing value
+    constexpr int kOthers = 5;           // roaming profile, Run value, number of old notes, list of values
+    const int constant = static_cast<int>(SettingsTable().size()) + kColorsReadTwice + kOthers;
+    EXPECT_EQ(valuesReadWith(0), constant);
+    EXPECT_EQ(valuesReadWith(40), constant);
 }
 
 TEST_F(StartupTest, TheRunValueIsWrittenUnlessItIsExactlyTheProgramsPath) {
