@@ -1,5 +1,5 @@
-// Counts the system calls that make work by hand slow: typing, moving, sizing, hovering, the slide of the menu. No time
-// is asserted.
+// Counts the system calls that make work by hand slow: typing, moving, sizing, hovering, opening the menu. No time is
+// asserted.
 #include <gtest/gtest.h>
 
 #include "import_counter.h"
@@ -106,6 +106,60 @@ TEST_F(SlideCounts, AFrameOfTheSlideChangesTheOpacityAndPaintsNothing) {
     EXPECT_EQ(frames.Calls(), 2 * kSlideFrames + 1);
     EXPECT_EQ(paints.Calls(), 1);
     EXPECT_EQ(shows.Calls(), 2);
+}
+
+class OpeningCounts : public MainFormTest {
+  protected:
+    struct Counts {
+        int windows = 0;
+        int classes = 0;
+        int pictures = 0;
+        int dropTargets = 0;
+        int libraries = 0;
+    };
+
+    /// Opens the menu, counts until it is painted, and closes it.
+    [[nodiscard]] Counts Open() {
+        const ImportCounter<30, decltype(CreateWindowExW)> windows("CreateWindowExW");
+        const ImportCounter<31, decltype(RegisterClassExW)> classes("RegisterClassExW");
+        const ImportCounter<32, decltype(CreateDIBSection)> pictures("CreateDIBSection");
+        const ImportCounter<33, decltype(RegisterDragDrop)> dropTargets("RegisterDragDrop");
+        const ImportCounter<34, decltype(LoadLibraryExW)> libraries("LoadLibraryExW");
+        const ImportCounter<35, decltype(BeginPaint)> paints("BeginPaint");
+        EXPECT_TRUE(windows.IsCalled() && classes.IsCalled() && pictures.IsCalled() && dropTargets.IsCalled() &&
+                    libraries.IsCalled() && paints.IsCalled());
+        form_.SlideForm(true);
+        PumpWaiting();
+        // Each painting has a buffer of its own.
+        const Counts counts{windows.Calls(), classes.Calls(), pictures.Calls() - paints.Calls(), dropTargets.Calls(),
+                            libraries.Calls()};
+        form_.SlideForm(false);
+        return counts;
+    }
+};
+
+TEST_F(OpeningCounts, TheFirstOpeningMakesWhatTheMenuKeeps) {
+    ASSERT_TRUE(form_.Load());
+    EXPECT_EQ(monitorQuestions_, 0);
+    const Counts first = Open();
+    EXPECT_EQ(first.windows, 2) << "of the icon beside the clock and of the tool tips";
+    EXPECT_EQ(first.classes, 1) << "of the icon";
+    EXPECT_EQ(first.pictures, 2) << "of the menu and of its disabled item";
+    EXPECT_EQ(first.dropTargets, 1);
+    EXPECT_LE(first.libraries, 3) << "fewer if another test has loaded them in this process";
+    EXPECT_EQ(monitorQuestions_, 1);
+}
+
+TEST_F(OpeningCounts, ALaterOpeningMakesOnlyTheToolTips) {
+    ASSERT_TRUE(form_.Load());
+    (void)Open();
+    const Counts later = Open();
+    EXPECT_EQ(later.windows, 1);
+    EXPECT_EQ(later.classes, 0);
+    EXPECT_EQ(later.pictures, 0);
+    EXPECT_EQ(later.dropTargets, 0);
+    EXPECT_EQ(later.libraries, 0);
+    EXPECT_EQ(monitorQuestions_, 1);
 }
 
 }  // namespace

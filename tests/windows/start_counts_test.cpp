@@ -2,14 +2,8 @@
 // time is asserted.
 #include <gtest/gtest.h>
 
-#include <string>
-
-#include "app/legacy_import.h"
-#include "app/note_opening.h"
-#include "app/program.h"
-#include "app/save_all.h"
 #include "import_counter.h"
-#include "note_fixture.h"
+#include "opened_notes.h"
 
 namespace quillo::windows_tests {
 namespace {
@@ -28,78 +22,41 @@ struct Counts {
     int scrollBarCalls = 0;
 };
 
-/// Opens real notes from a temporary folder in the same way as a start.
-class OpenedNotes : private NoteWindowFactory {
-  public:
-    [[nodiscard]] Counts Open(int notes) {
-        for (int i = 0; i < notes; ++i) Write(i);
-        const ImportCounter<0, decltype(CreateWindowExW)> windows("CreateWindowExW");
-        const ImportCounter<1, decltype(RegisterClassExW)> classes("RegisterClassExW");
-        const ImportCounter<2, decltype(CreateFileW)> files("CreateFileW");
-        const ImportCounter<3, decltype(EnumDisplayMonitors)> monitors("EnumDisplayMonitors");
-        const ImportCounter<4, decltype(MonitorFromPoint)> nearest("MonitorFromPoint");
-        const ImportCounter<5, decltype(LoadLibraryExW)> libraries("LoadLibraryExW");
-        const ImportCounter<6, decltype(RegQueryValueExW)> values("RegQueryValueExW");
-        const ImportCounter<7, decltype(SetTimer)> timers("SetTimer");
-        const ImportCounter<8, decltype(KillTimer)> ended("KillTimer");
-        const ImportCounter<9, decltype(ShowScrollBar)> bars("ShowScrollBar");
-        const ImportCounter<10, decltype(SetScrollInfo)> ranges("SetScrollInfo");
-        EXPECT_TRUE(timers.IsCalled() && ended.IsCalled() && bars.IsCalled() && ranges.IsCalled());
-        EXPECT_TRUE(windows.IsCalled() && classes.IsCalled() && files.IsCalled() && monitors.IsCalled() &&
-                    nearest.IsCalled() && libraries.IsCalled() && values.IsCalled());
-        {
-            const NoteBatch::Scope batch(world_.batch);
-            program_.startingUp = program_.loadingNotes = true;
-            for (const FileEntry& file : world_.files.List(program_.notesFolder, kNoteExtension)) {
-                EXPECT_EQ(opening_.OpenNoteFile(file.path, OpenMode::AtStart), OpenOutcome::Done);
-            }
-            program_.startingUp = program_.loadingNotes = false;
-        }
-        Counts counts{windows.Calls(), classes.Calls(),   files.Calls(), monitors.Calls(),
-                      nearest.Calls(), libraries.Calls(), values.Calls()};
-        EXPECT_EQ(program_.openNotes.Count(), static_cast<std::size_t>(notes));
-        EXPECT_TRUE(PumpUntil([&] { return windows.Calls() >= counts.windows + 3 * notes; }));
-        PumpWaiting();
-        counts.windowsInAll = windows.Calls();
-        counts.timersStarted = timers.Calls();
-        counts.timersRunning = timers.Calls() - ended.Calls();
-        counts.scrollBarCalls = bars.Calls() + ranges.Calls();
-        program_.openNotes.UnloadAll();
-        return counts;
-    }
-
-  private:
-    [[nodiscard]] std::unique_ptr<NoteWindow> MakeWindow(OpenNote& note,
-                                                         const std::optional<NotePosition>& position) override {
-        auto form = std::make_unique<NoteForm>(note, world_.FormServices());
-        if (!form->Create(position)) return nullptr;
-        return form;
-    }
-    void Write(int index) {
-        const std::string number = std::to_string(index);
-        const std::u16string path =
-            world_.folder.Path() + u"\\" + std::u16string(number.begin(), number.end()) + u".qln";
-        EXPECT_EQ(world_.files.Create(path, "note " + number + "\r\n<quillo><position>1500," + number +
-                                                "500,2820,2445</position><appearance>False,False,0,0,0,0</appearance>"
-                                                "<nodelete></nodelete></quillo>"),
-                  FileError::None);
-    }
-
-    NoteWorldForTests world_;
-    Program program_{*this};
-    LegacyNotes legacy_{world_.registry, program_.openNotes, world_.random};
-    SaveAll saveAll_{program_.openNotes, legacy_, world_.store};
-    NoteOpening opening_{program_, world_.Services(), world_.random, saveAll_};
-
-  public:
-    OpenedNotes() { program_.notesFolder = world_.folder.Path(); }
-};
+/// Counts while that many notes open, and until they are at rest.
+[[nodiscard]] Counts CountOpening(int notes) {
+    OpenedNotes opened(notes);
+    const ImportCounter<0, decltype(CreateWindowExW)> windows("CreateWindowExW");
+    const ImportCounter<1, decltype(RegisterClassExW)> classes("RegisterClassExW");
+    const ImportCounter<2, decltype(CreateFileW)> files("CreateFileW");
+    const ImportCounter<3, decltype(EnumDisplayMonitors)> monitors("EnumDisplayMonitors");
+    const ImportCounter<4, decltype(MonitorFromPoint)> nearest("MonitorFromPoint");
+    const ImportCounter<5, decltype(LoadLibraryExW)> libraries("LoadLibraryExW");
+    const ImportCounter<6, decltype(RegQueryValueExW)> values("RegQueryValueExW");
+    const ImportCounter<7, decltype(SetTimer)> timers("SetTimer");
+    const ImportCounter<8, decltype(KillTimer)> ended("KillTimer");
+    const ImportCounter<9, decltype(ShowScrollBar)> bars("ShowScrollBar");
+    const ImportCounter<10, decltype(SetScrollInfo)> ranges("SetScrollInfo");
+    EXPECT_TRUE(timers.IsCalled() && ended.IsCalled() && bars.IsCalled() && ranges.IsCalled());
+    EXPECT_TRUE(windows.IsCalled() && classes.IsCalled() && files.IsCalled() && monitors.IsCalled() &&
+                nearest.IsCalled() && libraries.IsCalled() && values.IsCalled());
+    opened.Open();
+    Counts counts{windows.Calls(), classes.Calls(),   files.Calls(), monitors.Calls(),
+                  nearest.Calls(), libraries.Calls(), values.Calls()};
+    EXPECT_EQ(opened.program.openNotes.Count(), static_cast<std::size_t>(notes));
+    EXPECT_TRUE(opened.Settle());
+    PumpWaiting();
+    counts.windowsInAll = windows.Calls();
+    counts.timersStarted = timers.Calls();
+    counts.timersRunning = timers.Calls() - ended.Calls();
+    counts.scrollBarCalls = bars.Calls() + ranges.Calls();
+    return counts;
+}
 
 TEST(StartCounts, EachNoteCostsItsTwoWindowsAndItsFileAndNothingElse) {
     // Everything that happens once in a process happens now.
-    (void)OpenedNotes().Open(1);
-    const Counts few = OpenedNotes().Open(2);
-    const Counts many = OpenedNotes().Open(7);
+    (void)CountOpening(1);
+    const Counts few = CountOpening(2);
+    const Counts many = CountOpening(7);
     const int more = 7 - 2;
     EXPECT_EQ(few.windows, 2 * 2) << "the note and its text box";
     EXPECT_EQ(many.windows, 2 * 7);

@@ -8,6 +8,7 @@ target_sources(quillo_windows_tests PRIVATE
   windows/control_fixture.cpp
   windows/divider_test.cpp
   windows/hand_counts_test.cpp
+  windows/idle_counts_test.cpp
   windows/import_counter.cpp
   windows/main.cpp
   windows/main_form_test.cpp
