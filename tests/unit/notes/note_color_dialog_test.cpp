@@ -9,7 +9,7 @@
 namespace quillo {
 namespace {
 
-using Calls = std::vector<std::string>;
+using WindowCalls = std::vector<std::string>;
 
 /// A window that records its calls, and closes when told to.
 class RecordingView : public NoteColorView {
@@ -23,7 +23,7 @@ class RecordingView : public NoteColorView {
         calls.emplace_back("close");
         if (onClose) onClose();
     }
-    Calls calls;
+    WindowCalls calls;
     std::function<void(bool)> onSelect;
     std::function<void()> onClose;
 };
@@ -65,10 +65,10 @@ class NoteColorDialogTest : public testing::Test {
 
 TEST_F(NoteColorDialogTest, LoadingResetsTheChoiceAndSelectsTheNotesOption) {
     dialog_.Load(note_, true, kSwatches[3]);
-    EXPECT_EQ(view_.calls, (Calls{"reset", "select own"}));
+    EXPECT_EQ(view_.calls, (WindowCalls{"reset", "select own"}));
     view_.calls.clear();
     dialog_.Load(note_, false, kSwatches[3]);
-    EXPECT_EQ(view_.calls, (Calls{"reset", "select default"}));
+    EXPECT_EQ(view_.calls, (WindowCalls{"reset", "select default"}));
 }
 
 TEST_F(NoteColorDialogTest, ReportsOfTheControlsWhileLoadingAreIgnored) {
@@ -86,7 +86,7 @@ TEST_F(NoteColorDialogTest, ReportsOfTheControlsWhileLoadingAreIgnored) {
 TEST_F(NoteColorDialogTest, PickingASwatchTurnsADefaultNoteIntoOneWithColorsOfItsOwnAtOnce) {
     Show(note_);
     dialog_.OnColorPicked(kSwatches[8]);
-    EXPECT_EQ(view_.calls, Calls{"select own"});
+    EXPECT_EQ(view_.calls, WindowCalls{"select own"});
     EXPECT_EQ(note_.given, (Given{{true, kSwatches[8]}}));
 }
 
@@ -101,7 +101,7 @@ TEST_F(NoteColorDialogTest, TheDefaultOptionKeepsTheColorsPickedLast) {
 TEST_F(NoteColorDialogTest, OkClosesAndNotifiesTheNote) {
     Show(note_);
     dialog_.OnOk();
-    EXPECT_EQ(view_.calls, Calls{"close"});
+    EXPECT_EQ(view_.calls, WindowCalls{"close"});
     EXPECT_EQ(note_.closings, 1);
     EXPECT_EQ(note_.given, Given{}) << "nothing is applied by closing";
 }
@@ -132,7 +132,7 @@ TEST_F(NoteColorDialogTest, TheEndOfItsNoteClosesIt) {
     Show(note_);
     Show(other_);
     dialog_.DropTarget(other_);
-    EXPECT_EQ(view_.calls, Calls{"close"});
+    EXPECT_EQ(view_.calls, WindowCalls{"close"});
     EXPECT_EQ(other_.closings, 0) << "it is past being told";
     EXPECT_EQ(note_.closings, 1);
 }
@@ -141,7 +141,7 @@ TEST_F(NoteColorDialogTest, TheEndOfAnEarlierNoteDoesNotCloseIt) {
     Show(note_);
     Show(other_);
     dialog_.DropTarget(note_);
-    EXPECT_EQ(view_.calls, Calls{});
+    EXPECT_EQ(view_.calls, WindowCalls{});
     dialog_.OnColorPicked(kSwatches[7]);
     EXPECT_EQ(other_.given.size(), 1U);
     dialog_.OnOk();

@@ -46,7 +46,7 @@ class TimedOwner : public RecordingOwner {
         calls.push_back("set " + std::to_string(civil.hour) + ":" + std::to_string(civil.minute));
     }
 };
-using Calls = std::vector<std::string>;
+using DialogCalls = std::vector<std::string>;
 
 class ReminderDialogTest : public ::testing::Test {
   protected:
@@ -91,7 +91,7 @@ TEST_F(ReminderDialogTest, OkSetsTheReminderAndCloses) {
 
     TimedOwner owner;
     CarryOut(step, &owner);
-    EXPECT_EQ(owner.calls, Calls{"set 14:30"});
+    EXPECT_EQ(owner.calls, DialogCalls{"set 14:30"});
 }
 
 TEST_F(ReminderDialogTest, OkWithAReminderSetReplacesIt) {
@@ -142,7 +142,7 @@ TEST_F(ReminderDialogTest, AMessageDoesNotChangeTheNote) {
     TimedOwner owner;
     ReminderDialog dialog = WithReminder();
     CarryOut(dialog.PressOk(u"whenever", NoteAway::MinimizeWithBalloon, kNow), &owner);
-    EXPECT_EQ(owner.calls, Calls{});
+    EXPECT_EQ(owner.calls, DialogCalls{});
 }
 
 // Hiding the note.
@@ -150,7 +150,7 @@ TEST_F(ReminderDialogTest, AMessageDoesNotChangeTheNote) {
 TEST_F(ReminderDialogTest, TheNoteLeavesTheScreenAfterItsReminderIsSet) {
     const struct {
         NoteAway away;
-        Calls calls;
+        DialogCalls calls;
     } cases[] = {{NoteAway::Stay, {"set 15:10"}},
                  {NoteAway::Hide, {"set 15:10", "hide"}},
                  {NoteAway::Minimize, {"set 15:10", "minimize"}},
@@ -210,7 +210,7 @@ TEST_F(ReminderDialogTest, CancelWithoutAReminderChangesNothing) {
     const ReminderStep step = dialog.PressCancel();
     EXPECT_EQ(step, Unload());
     CarryOut(step, &owner);
-    EXPECT_EQ(owner.calls, Calls{});
+    EXPECT_EQ(owner.calls, DialogCalls{});
 }
 
 TEST_F(ReminderDialogTest, CancelWithAReminderAsksFirst) {
@@ -235,13 +235,13 @@ TEST_F(ReminderDialogTest, ASecondCancelRemovesTheReminder) {
     TimedOwner owner;
     ReminderDialog dialog = WithReminder();
     CarryOut(dialog.PressCancel(), &owner);
-    EXPECT_EQ(owner.calls, Calls{});
+    EXPECT_EQ(owner.calls, DialogCalls{});
     ReminderStep expected = Unload();
     expected.cancelReminder = true;
     const ReminderStep step = dialog.PressCancel();
     EXPECT_EQ(step, expected);
     CarryOut(step, &owner);
-    EXPECT_EQ(owner.calls, Calls{"cancel"});
+    EXPECT_EQ(owner.calls, DialogCalls{"cancel"});
 }
 
 TEST_F(ReminderDialogTest, KeepReminderChangesNothingForAnyText) {
@@ -252,7 +252,7 @@ TEST_F(ReminderDialogTest, KeepReminderChangesNothingForAnyText) {
         const ReminderStep step = dialog.PressOk(typed, NoteAway::Hide, kNow);
         EXPECT_EQ(step, Unload());
         CarryOut(step, &owner);
-        EXPECT_EQ(owner.calls, Calls{});
+        EXPECT_EQ(owner.calls, DialogCalls{});
     }
 }
 
