@@ -144,22 +144,15 @@ void NoteButton::Answer(const ButtonResponse& response) {
     if (response.repaint) Invalidate();
     if (response.capture == ButtonResponse::Capture::Take) SetCapture(Handle());
     if (response.capture == ButtonResponse::Capture::Release && GetCapture() == Handle()) ReleaseCapture();
-    // Last: the handler may end the note and this button with it. The copy survives that.
-    const auto raise = [](std::function<void()> handler) {
-        if (handler) handler();
-    };
     switch (response.event) {
         case ButtonResponse::Event::Click:
-            raise(onClick);
-            break;
+            return lifetime_.RaiseLast(onClick);
         case ButtonResponse::Event::ShiftClick:
-            raise(onShiftClick);
-            break;
+            return lifetime_.RaiseLast(onShiftClick);
         case ButtonResponse::Event::MouseDown:
-            raise(onMouseDown);
-            break;
+            return lifetime_.RaiseLast(onMouseDown);
         case ButtonResponse::Event::None:
-            break;
+            return;
     }
 }
 

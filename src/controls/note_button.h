@@ -6,6 +6,7 @@
 #include "controls/note_button_images.h"
 #include "platform/accessible.h"
 #include "platform/drawn_window.h"
+#include "util/lifetime.h"
 
 namespace quillo {
 
@@ -33,11 +34,11 @@ class NoteButton : public DrawnWindow, private AccessibleSource {
     /// The colors of the bar behind the button and of its glyph.
     void SetTint(const ButtonTint& tint, const Scale& scale);
 
-    // Raised for the note; a handler may end the note.
+    // A handler may end the button.
     std::function<void()> onClick;
     std::function<void()> onShiftClick;
     std::function<void()> onMouseDown;
-    /// Gets each message of the mouse, with its place, before the button reacts. It must not end the note.
+    /// Gets each message of the mouse, with its place, before the button reacts. It must not end the button.
     std::function<void(UINT message, LPARAM at)> onMouse;
 
   protected:
@@ -65,6 +66,7 @@ class NoteButton : public DrawnWindow, private AccessibleSource {
     bool enabled_ = true;
     bool heldDown_ = false;
     AccessibleLink accessible_{*this};
+    Lifetime lifetime_;
 };
 
 }  // namespace quillo

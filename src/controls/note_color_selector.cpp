@@ -136,8 +136,7 @@ void NoteColorSelector::MoveMark(std::size_t index) {
 }
 
 void NoteColorSelector::Pick(std::size_t index) const {
-    // Last, and a copy: the handler may end the selector.
-    if (const auto handler = onColorPicked) handler(kSwatches[index]);
+    lifetime_.RaiseLast(onColorPicked, kSwatches[index]);
 }
 
 AccessiblePart NoteColorSelector::Describe(int part) const {

@@ -6,6 +6,7 @@
 #include "controls/swatch_strip.h"
 #include "platform/accessible.h"
 #include "platform/drawn_window.h"
+#include "util/lifetime.h"
 
 namespace quillo {
 
@@ -55,6 +56,7 @@ class NoteColorSelector : public DrawnWindow, private AccessibleSource {
     bool byMouse_ = false;  ///< used by mouse since it got the focus: no swatch is marked until a key is pressed
     Scale scale_;
     AccessibleLink accessible_{*this};
+    Lifetime lifetime_;
 };
 
 }  // namespace quillo

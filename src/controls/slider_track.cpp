@@ -30,8 +30,7 @@ void SliderTrack::Apply(const SliderProperties& properties) {
 void SliderTrack::SetValue(std::int32_t value) {
     properties_.value = std::max(std::min(value, Max()), Min());
     Repaint();
-    const auto changed = onChange;  // survives a slider that the handler ends
-    if (changed) changed(Value());
+    lifetime_.RaiseLast(onChange, Value());
 }
 
 void SliderTrack::SetMin(std::int32_t min) {
@@ -108,12 +107,7 @@ void SliderTrack::Press(SliderKey key) {
 
 void SliderTrack::Pick(std::int32_t value) {
     if (!Enabled() || value == Value()) return;
-    const Lifetime::Watch watch(lifetime_);
-    // The copies survive a slider that a handler ends.
-    for (const std::function<void(std::int32_t)>& handler : {onClick, onChange}) {
-        if (handler && !watch.Ended()) handler(value);
-    }
-    if (watch.Ended()) return;
+    if (!lifetime_.Raise(onClick, value) || !lifetime_.Raise(onChange, value)) return;
     properties_.value = value;
     Repaint();
 }

@@ -37,13 +37,8 @@ std::optional<SliderKey> SliderKeyOf(WPARAM key) {
 
 TesselMiniSlider::TesselMiniSlider() {
     track_.onRepaint = [this] { OnTrackChanged(); };
-    // The copies survive a slider that the handler ends.
-    track_.onClick = [this](std::int32_t value) {
-        if (const auto handler = onClick) handler(value);
-    };
-    track_.onChange = [this](std::int32_t value) {
-        if (const auto handler = onChange) handler(value);
-    };
+    track_.onClick = [this](std::int32_t value) { lifetime_.RaiseLast(onClick, value); };
+    track_.onChange = [this](std::int32_t value) { lifetime_.RaiseLast(onChange, value); };
 }
 
 bool TesselMiniSlider::Create(HWND parent, int id, const wchar_t* name, const SliderProperties& properties,

@@ -7,6 +7,7 @@
 #include "controls/slider_track.h"
 #include "platform/accessible.h"
 #include "platform/drawn_window.h"
+#include "util/lifetime.h"
 
 namespace quillo {
 
@@ -63,6 +64,7 @@ class TesselMiniSlider : public DrawnWindow, private AccessibleSource {
     Scale scale_;
     std::int32_t announced_ = 0;  // the value last announced to screen readers
     AccessibleLink accessible_{*this};
+    Lifetime lifetime_;
 };
 
 }  // namespace quillo

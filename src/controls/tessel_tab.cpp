@@ -200,8 +200,7 @@ void TesselTab::Answer(const TabResponse& response) {
     if (response.change == 0) return;
     NotifyWinEvent(EVENT_OBJECT_SELECTION, Handle(), OBJID_CLIENT, response.change);
     if (GetFocus() == Handle()) NotifyWinEvent(EVENT_OBJECT_FOCUS, Handle(), OBJID_CLIENT, response.change);
-    // Last: the handler may end the strip. The copy survives that.
-    if (const auto handler = onChange) handler(response.change);
+    lifetime_.RaiseLast(onChange, response.change);
 }
 
 AccessiblePart TesselTab::Describe(int part) const {

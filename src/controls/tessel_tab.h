@@ -9,6 +9,7 @@
 #include "platform/accessible.h"
 #include "platform/drawn_window.h"
 #include "platform/drop_registration.h"
+#include "util/lifetime.h"
 
 namespace quillo {
 
@@ -78,6 +79,7 @@ class TesselTab : public DrawnWindow, private AccessibleSource {
     OleSession ole_;  // declared before the members that need OLE
     DropRegistration drops_;
     AccessibleLink accessible_{*this};
+    Lifetime lifetime_;
 };
 
 }  // namespace quillo

@@ -84,12 +84,10 @@ void TesselTrayLite::OnNotification(WPARAM wParam, LPARAM lParam) {
 }
 
 void TesselTrayLite::Raise(TrayEvent event) {
-    // A copy: the handler may destroy the control, and its functions with it.
-    const std::function<void()> handler = event == TrayEvent::Click        ? onClick
-                                          : event == TrayEvent::RightClick ? onRightClick
-                                          : event == TrayEvent::DblClick   ? onDblClick
-                                                                           : onBalloonClick;
-    if (handler) handler();
+    lifetime_.RaiseLast(event == TrayEvent::Click        ? onClick
+                        : event == TrayEvent::RightClick ? onRightClick
+                        : event == TrayEvent::DblClick   ? onDblClick
+                                                         : onBalloonClick);
 }
 
 }  // namespace quillo

@@ -7,6 +7,7 @@
 #include "controls/tray_rules.h"
 #include "platform/ui_timer.h"
 #include "platform/window.h"
+#include "util/lifetime.h"
 
 namespace quillo {
 
@@ -74,6 +75,7 @@ class TesselTrayLite : private Window, private TrayShell {
 
     UiTimer balloonTimer_{[this] { rules_.OnBalloonTimer(); }};
     UiTimer retryTimer_{[this] { rules_.OnRetryTimer(); }};
+    Lifetime lifetime_;
     TrayRules rules_;  ///< last: its destructor may still call the shell
 };
 

@@ -129,8 +129,7 @@ void TrayRules::OnRetryTimer() {
 void TrayRules::Receive(std::uint32_t message, const std::function<void(TrayEvent)>& raise) {
     const TrayEvent event = merger_.Next(message);
     if (Busy() || !enabled_ || event == TrayEvent::None) return;
-    const Lifetime::Watch busy(lifetime_);
-    raise(event);
+    lifetime_.RaiseLast(raise, event);
 }
 
 void TrayRules::Add() {

@@ -99,7 +99,7 @@ class TrayRules {
     void OnRetryTimer();
 
     /// True while a handler runs: messages from the shell are dropped meanwhile.
-    [[nodiscard]] bool Busy() const { return lifetime_.IsWatched(); }
+    [[nodiscard]] bool Busy() const { return lifetime_.IsRaising(); }
     /// `raise` is called at most once; it may destroy this object.
     void Receive(std::uint32_t message, const std::function<void(TrayEvent)>& raise);
 

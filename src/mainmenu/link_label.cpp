@@ -85,8 +85,7 @@ void LinkLabel::OnKey(WPARAM key) const {
 }
 
 void LinkLabel::Follow() const {
-    // Last, and a copy: the handler may end the label.
-    if (const auto handler = onFollow) handler();
+    lifetime_.RaiseLast(onFollow);
 }
 
 void LinkLabel::TakeFont(HFONT font) {

@@ -7,6 +7,7 @@
 #include "platform/accessible.h"
 #include "platform/drawn_window.h"
 #include "platform/unique_handle.h"
+#include "util/lifetime.h"
 
 namespace quillo {
 
@@ -42,6 +43,7 @@ class LinkLabel : public DrawnWindow, private AccessibleSource {
     HFONT font_ = nullptr;  // borrowed
     bool pressed_ = false;
     AccessibleLink accessible_{*this};
+    Lifetime lifetime_;
 };
 
 }  // namespace quillo

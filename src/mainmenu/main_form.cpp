@@ -23,10 +23,6 @@ constexpr int kBalloonSeconds = 15;
 enum HotKeyId : int { kNewNoteHotKey = 1, kShowNotesHotKey = 2 };
 constexpr UINT kWindowsKey = 8;
 
-void Raise(const std::function<void()>& handler) {
-    if (handler) handler();
-}
-
 }  // namespace
 
 MainForm::MainForm(const MainFormServices& services, const MenuServices& menu, UINT backupInterval, IconLookUp lookUp)
@@ -84,7 +80,7 @@ LRESULT MainForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_WTSSESSION_CHANGE:
             return OnSessionChange(wParam), 0;
         case WM_POWERBROADCAST:
-            if (wParam == PBT_APMSUSPEND) Raise(onGoingAway);
+            if (wParam == PBT_APMSUSPEND) lifetime_.RaiseLast(onGoingAway);
             return TRUE;
         case WM_DPICHANGED:
         case WM_SYSCOLORCHANGE:
@@ -130,7 +126,7 @@ void MainForm::UnregisterHotKeys() {
 
 void MainForm::OnHotKey(int id) const {
     if (services_.program.quitting) return;  // pressed just before the end
-    if (id == kNewNoteHotKey) Raise(onNewNote);
+    if (id == kNewNoteHotKey) return lifetime_.RaiseLast(onNewNote);
     if (id == kShowNotesHotKey) SurfaceAllNotes(services_.program.openNotes);
 }
 
@@ -138,18 +134,18 @@ void MainForm::OnHotKey(int id) const {
 
 void MainForm::OnSessionEndAsked() const {
     const SessionEndBlock saving(services_.sessionEnd, Handle(), kSavingReason);
-    Raise(onSessionEnding);
+    lifetime_.RaiseLast(onSessionEnding);
 }
 
 void MainForm::OnSessionEnd() const {
     const SessionEndBlock saving(services_.sessionEnd, Handle(), kSavingReason);
-    Raise(onSessionEnd);
+    lifetime_.RaiseLast(onSessionEnd);
 }
 
 void MainForm::OnSessionChange(WPARAM code) const {
-    if (code == WTS_SESSION_LOCK) Raise(onGoingAway);
+    if (code == WTS_SESSION_LOCK && !lifetime_.Raise(onGoingAway)) return;
     const SessionChange change = SessionChangeOf(static_cast<unsigned>(code));
-    if (change != SessionChange::Nothing && onPresence) onPresence(change == SessionChange::Back);
+    if (change != SessionChange::Nothing) lifetime_.RaiseLast(onPresence, change == SessionChange::Back);
 }
 
 void MainForm::OnTaskbarCreated() {
@@ -163,7 +159,7 @@ void MainForm::ShowTrayPicture() {
 }
 
 void MainForm::OnBackupTimer() {
-    if (IsBackupTick(++backupTicks_)) Raise(onBackup);
+    if (IsBackupTick(++backupTicks_)) lifetime_.RaiseLast(onBackup);
 }
 
 // The icon beside the clock.
@@ -175,7 +171,7 @@ bool MainForm::IsBusy() const {
 void MainForm::OnTrayClick() {
     const IconClick click = IconClickOf(IsBusy(), IsShowing());
     if (click == IconClick::Ignored) return;
-    if (click == IconClick::CreatesNote) Raise(onNewNote);
+    if (click == IconClick::CreatesNote && !lifetime_.Raise(onNewNote)) return;
     SlideForm(click == IconClick::OpensMenu);
 }
 
@@ -190,23 +186,25 @@ void MainForm::ShowBalloon(std::u16string_view title, std::u16string_view text, 
 
 // The items of the menu.
 
-void MainForm::OnItem(MenuItem item) {
+bool MainForm::OnItem(MenuItem item) {
     switch (item) {
         case MenuItem::None:
         case MenuItem::Close:
-            return;
+            return true;
         case MenuItem::NewNote:
-            return Raise(onNewNote);
+            return lifetime_.Raise(onNewNote);
         case MenuItem::ShowAllNotes:
-            return SurfaceAllNotes(services_.program.openNotes);
+            SurfaceAllNotes(services_.program.openNotes);
+            return true;
         case MenuItem::Options:
-            return Raise(onOptions);
+            return lifetime_.Raise(onOptions);
         case MenuItem::About:
-            return Raise(onAbout);
+            return lifetime_.Raise(onAbout);
         default:
-            Raise(onGoingAway);  // a dead network path can block the shell for long
+            if (!lifetime_.Raise(onGoingAway)) return false;  // a dead network path can block the shell for long
             RunShortcut(services_.program.settings.shortcuts.at(static_cast<std::size_t>(ShortcutNumber(item)) - 1),
                         services_.shell);
+            return true;
     }
 }
 

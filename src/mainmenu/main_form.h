@@ -11,6 +11,7 @@
 #include "platform/session_end_block.h"
 #include "platform/ui_timer.h"
 #include "ports/user_notice.h"
+#include "util/lifetime.h"
 
 namespace quillo {
 
@@ -60,6 +61,7 @@ class MainForm : public MenuWindow, public OptionsOwner {
     [[nodiscard]] std::array<int, 2> TakenHotKeys() const override { return takenHotKeys_; }
     void ShowBalloon(std::u16string_view title, std::u16string_view text, BalloonIcon icon);
 
+    // A handler may end the form, other than onQuit, whose answer the form needs.
     std::function<void()> onNewNote;
     std::function<void()> onOptions;
     std::function<void()> onAbout;
@@ -82,7 +84,7 @@ class MainForm : public MenuWindow, public OptionsOwner {
   private:
     // MenuWindow
     void OnOpen() override { ShowTrayIcon(); }
-    void OnItem(MenuItem item) override;
+    [[nodiscard]] bool OnItem(MenuItem item) override;
     [[nodiscard]] bool OnQuit() override;
     void OnShortcutDropped(int slot, std::u16string_view path) override { SetShortcut(slot, path); }
 
@@ -111,6 +113,7 @@ class MainForm : public MenuWindow, public OptionsOwner {
     UINT taskbarCreated_ = 0;
     int backupTicks_ = 0;
     bool trayIconLoaded_ = false;
+    Lifetime lifetime_;
     bool watching_ = false;  ///< the system notifies the program about the session
 };
 

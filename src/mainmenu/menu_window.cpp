@@ -135,7 +135,7 @@ void MenuWindow::Follow(const MenuResponse& response) {
             NotifyWinEvent(EVENT_OBJECT_FOCUS, Handle(), OBJID_CLIENT, FocusedPart());
         }
     }
-    if (response.choice) Choose(*response.choice);  // last, because it may end the program
+    if (response.choice) Choose(*response.choice);  // last, because it may end the menu
 }
 
 void MenuWindow::OnMouseMove(MenuPoint at) {
@@ -170,7 +170,8 @@ void MenuWindow::OnKeyDown(int virtualKey) {
 void MenuWindow::Choose(const MenuChoice& choice) {
     if (choice.quits && OnQuit()) return;
     if (choice.closesFirst) SlideForm(false);
-    if (choice.item != MenuItem::None && choice.item != MenuItem::Close) OnItem(choice.item);
+    const bool acts = choice.item != MenuItem::None && choice.item != MenuItem::Close;
+    if (acts && !OnItem(choice.item)) return;
     SlideForm(false);
 }
 

@@ -55,8 +55,8 @@ class MenuWindow : public DrawnWindow, private AccessibleSource {
 
     /// The menu is about to be shown.
     virtual void OnOpen() = 0;
-    /// Performs an item that was chosen, other than None and Close.
-    virtual void OnItem(MenuItem item) = 0;
+    /// Performs an item that was chosen, other than None and Close. False if that has destroyed the menu.
+    [[nodiscard]] virtual bool OnItem(MenuItem item) = 0;
     /// The user ends the program. False if it continues after all.
     [[nodiscard]] virtual bool OnQuit() = 0;
     /// A file was dropped on the slot, 1 to 4.

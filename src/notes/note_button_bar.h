@@ -19,7 +19,8 @@ class NoteButtonBar {
   public:
     explicit NoteButtonBar(NoteButtonImages& images);
 
-    /// OpenMenu, TogglePin, ClickClose or QuickDelete; it may end the note.
+    /// OpenMenu, TogglePin, ClickClose or QuickDelete. It may close the note, whose objects exist until it has
+    /// returned.
     std::function<void(NoteAction)> onAction;
     /// Supplies the current texts of the tool tips.
     std::function<NoteTips()> describe;

@@ -15,7 +15,8 @@ namespace quillo {
 /// The text box of a note: the system's edit control, which never receives the note's shortcuts.
 class NoteTextBox : public SubclassedControl {
   public:
-    /// Raised for a shortcut or a keyboard request for a menu. It may end the note.
+    /// Raised for a shortcut or a keyboard request for a menu. It may close the note: the box then has no window, but
+    /// the object exists until the handler has returned, as for every part of a note.
     std::function<void(NoteAction)> onAction;
 
     /// False on failure. `place` should be final: the box wraps its text again for every new size.

@@ -90,7 +90,7 @@ void DialogWindow::OnCreate() {
     SendMessageW(Handle(), DM_SETDEFID, IDOK, 0);
     // Focus marks and underlined letters depend on what the user used last, the keyboard or the mouse.
     SendMessageW(Handle(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0), 0);
-    loop_.AddDialog(Handle(), [this](WPARAM key) { return OnKeyDown(key); });
+    loop_.AddDialog(Handle(), *this);
 }
 
 void DialogWindow::OnDestroy() {

@@ -7,13 +7,12 @@
 #include "platform/accessible.h"
 #include "platform/app_icons.h"
 #include "platform/dialog_parts.h"
+#include "platform/message_loop.h"
 #include "platform/tool_tips.h"
 #include "platform/unique_handle.h"
 #include "platform/window.h"
 
 namespace quillo {
-
-class MessageLoop;
 
 struct DialogPlan {
     const wchar_t* className = nullptr;
@@ -24,7 +23,7 @@ struct DialogPlan {
 /// A dialog of our own, not modal: the contents have the background of a window, the foot with the buttons that of a
 /// dialog. The keys of dialogs work while it is open: Tab in the order in which the controls were created, Enter for
 /// the button IDOK, Esc, which closes it unless a derived class differs. Its controls follow the resolution.
-class DialogWindow : public Window, private AccessibleSource {
+class DialogWindow : public Window, protected DialogKeys, private AccessibleSource {
   public:
     /// The window of one of its controls; null if there is none.
     [[nodiscard]] HWND Item(int id) const { return GetDlgItem(Handle(), id); }
@@ -47,8 +46,7 @@ class DialogWindow : public Window, private AccessibleSource {
     virtual void OnClose() { Destroy(); }
     /// The window has ended, for any reason.
     virtual void OnGone() {}
-    /// A key press, before the keys of dialogs are handled; true if it needs no further handling.
-    virtual bool OnKeyDown(WPARAM /*key*/) { return false; }
+    bool OnKeyDown(WPARAM /*key*/) override { return false; }
     /// The fonts have changed: updates what depends on them besides the controls.
     virtual void OnFontsChanged() {}
     /// The system's colors have changed; every control has been notified.

@@ -44,12 +44,10 @@ void MessageLoop::Dispatch(MSG& message) {
 }
 
 bool MessageLoop::IsDialogKey(MSG& message) const {
-    for (const Dialog& dialog : dialogs_) {
-        HWND window = dialog.window;
-        if (message.hwnd != window && IsChild(window, message.hwnd) == 0) continue;
-        const auto ownKeys = dialog.ownKeys;  // a key may end the dialog
-        if (ownKeys && message.message == WM_KEYDOWN && ownKeys(message.wParam)) return true;
-        return IsDialogMessageW(window, &message) != 0;
+    for (const Dialog dialog : dialogs_) {  // a copy: a key may end the dialog, and with it the entry
+        if (message.hwnd != dialog.window && IsChild(dialog.window, message.hwnd) == 0) continue;
+        if (message.message == WM_KEYDOWN && dialog.keys->OnKeyDown(message.wParam)) return true;
+        return IsDialogMessageW(dialog.window, &message) != 0;
     }
     return false;
 }

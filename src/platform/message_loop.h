@@ -9,6 +9,15 @@
 
 namespace quillo {
 
+/// A dialog as the message loop sees it.
+class DialogKeys {
+  public:
+    virtual ~DialogKeys() = default;
+    /// A key press, before the keys of dialogs are handled; true if it needs no further handling. The dialog may end
+    /// meanwhile.
+    virtual bool OnKeyDown(WPARAM key) = 0;
+};
+
 /// The program's one message loop, and the work to do between two messages.
 class MessageLoop {
   public:
@@ -21,10 +30,8 @@ class MessageLoop {
     void RunPending();
 
     /// While a window is registered here, the keys of dialogs (Tab, Enter, Esc, the arrows) work among its controls.
-    /// `ownKeys`, if given, gets each key press first: true if it needs no further handling.
-    void AddDialog(HWND dialog, std::function<bool(WPARAM)> ownKeys = {}) {
-        dialogs_.push_back({dialog, std::move(ownKeys)});
-    }
+    /// `keys` is borrowed until RemoveDialog.
+    void AddDialog(HWND dialog, DialogKeys& keys) { dialogs_.push_back({dialog, &keys}); }
     void RemoveDialog(HWND dialog);
 
     /// `action` runs once, when no message is waiting: for work that start-up must not wait for.
@@ -40,7 +47,7 @@ class MessageLoop {
     std::optional<int> exitCode_;
     struct Dialog {
         HWND window;
-        std::function<bool(WPARAM)> ownKeys;
+        DialogKeys* keys;
     };
     std::vector<Dialog> dialogs_;
     std::vector<std::function<void()>> idle_;

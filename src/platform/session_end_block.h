@@ -18,16 +18,18 @@ struct SessionEndCalls {
 /// While it lives, the system does not end the process for being slow, and shows the user the reason.
 class SessionEndBlock {
   public:
-    /// `calls` is borrowed, and so is `window`, which must be a top-level window of this thread.
-    SessionEndBlock(const SessionEndCalls& calls, HWND window, const wchar_t* reason) : calls_(calls), window_(window) {
-        calls_.block(window_, reason);
+    /// `window` is borrowed, and must be a top-level window of this thread. It may end before this object, and so may
+    /// the owner of `calls`.
+    SessionEndBlock(const SessionEndCalls& calls, HWND window, const wchar_t* reason)
+        : allow_(calls.allow), window_(window) {
+        calls.block(window_, reason);
     }
     SessionEndBlock(const SessionEndBlock&) = delete;
     SessionEndBlock& operator=(const SessionEndBlock&) = delete;
-    ~SessionEndBlock() { calls_.allow(window_); }
+    ~SessionEndBlock() { allow_(window_); }
 
   private:
-    const SessionEndCalls& calls_;
+    std::function<void(HWND)> allow_;
     HWND window_;
 };
 

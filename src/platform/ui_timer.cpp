@@ -46,11 +46,9 @@ UiTimer::~UiTimer() {
 
 void CALLBACK UiTimer::OnTimer(HWND, UINT, UINT_PTR id, DWORD) noexcept {
     UiTimer* timer = FindTimer(id);
-    if (timer == nullptr || timer->lifetime_.IsWatched()) return;
-    const Lifetime::Watch ticking(timer->lifetime_);
+    if (timer == nullptr || timer->lifetime_.IsRaising()) return;
     try {
-        const auto tick = timer->tick_;  // a copy: the tick may destroy its timer
-        tick();
+        timer->lifetime_.RaiseLast(timer->tick_);
     } catch (...) {
         // A failed tick is dropped; the next one follows.
     }

@@ -9,6 +9,7 @@
 namespace quillo {
 
 /// A timer of the user-interface thread. It never fires after it has been stopped, nor while its own tick is running.
+/// The tick may destroy the timer.
 class UiTimer {
   public:
     explicit UiTimer(std::function<void()> tick) : tick_(std::move(tick)) {}

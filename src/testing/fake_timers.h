@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "ports/timers.h"
+#include "util/lifetime.h"
 
 namespace quillo {
 
@@ -27,8 +28,7 @@ class FakeTimers : public Timers {
             now_ = *next->due;
             next->due.reset();
             ++ticks_;
-            const auto tick = next->tick;  // a copy: the tick may destroy its timer
-            tick();
+            next->lifetime.RaiseLast(next->tick);
         }
         now_ = end;
     }
@@ -60,6 +60,7 @@ class FakeTimers : public Timers {
         FakeTimers& owner;
         std::function<void()> tick;
         std::optional<std::uint64_t> due;
+        Lifetime lifetime;
     };
 
     FakeTimer* NextBefore(std::uint64_t end) {

@@ -62,6 +62,24 @@ TEST_F(MainFormWindow, WithNothingBoundAnItemOnlyClosesIt) {
     }
 }
 
+TEST_F(MainFormTest, AHandlerMayEndTheMenu) {
+    auto form = std::make_unique<MainForm>(
+        MainFormServices{test_.program, test_.registry, test_.shell, test_.locale, dialogs_}, ServicesOfMenu(), kTick);
+    ASSERT_TRUE(form->Load());
+    const std::string captured = "a text that is too long to be stored in the string itself";
+    std::string seen;
+    form->onNewNote = [&form, &seen, captured] {
+        form.reset();
+        seen = captured;
+    };
+    form->SlideForm(true);
+    HWND menu = form->Handle();
+    for (const WPARAM key : {VK_DOWN, VK_RETURN}) SendMessageW(menu, WM_KEYDOWN, key, 0);
+    EXPECT_EQ(form, nullptr);
+    EXPECT_EQ(seen, captured);
+    EXPECT_EQ(IsWindow(menu), FALSE);
+}
+
 TEST_F(MainFormWindow, WithoutNotesShowAllNotesOnlyClosesIt) {
     Show();
     const COLORREF atRest = Pixel(110, 50);
