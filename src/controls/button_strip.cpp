@@ -8,15 +8,9 @@ namespace quillo {
 
 CoveragePlanes ButtonStripAt(CoveragePlanes drawn, int frame) {
     const Size size = ButtonStripSize(frame);
-    if (drawn.planes.size() == kButtonPlanes && drawn.size == size) return drawn;
-    CoveragePlanes strip{size, {}};
-    for (std::size_t i = 0; i < kButtonPlanes; ++i) {
-        strip.planes.push_back(
-            drawn.planes.size() == kButtonPlanes
-                ? ResizePlane(drawn.planes[i], drawn.size, size)
-                : CoveragePlane(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height)));
-    }
-    return strip;
+    if (drawn.planes.size() == kButtonPlanes) return ResizePlanes(std::move(drawn), size);
+    const CoveragePlane blank(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height));
+    return CoveragePlanes{size, std::vector<CoveragePlane>(kButtonPlanes, blank)};
 }
 
 std::vector<std::uint32_t> ComposeButtons(const CoveragePlanes& strip, const ButtonTint& tint) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "controls/icon_compositing.h"
 #include "platform/unique_handle.h"
 
@@ -8,8 +10,8 @@ namespace quillo {
 /// The icons of a tab strip, composed with each of the two background colors that they are shown on.
 class TabIcons {
   public:
-    /// Takes a copy of a strip of square icons, each as wide as the strip is high; null removes the icons.
-    void SetPicture(HBITMAP strip);
+    /// Takes a strip of square icons, each as wide as the strip is high; empty planes remove the icons.
+    void SetPicture(CoveragePlanes strip) { original_ = std::move(strip); }
     /// Composes the icons with both backgrounds, each `edge` pixels wide; 0 keeps their size.
     void Compose(ColorWord mask, ColorWord ground, ColorWord tabGround, int edge);
 
@@ -21,7 +23,7 @@ class TabIcons {
   private:
     [[nodiscard]] BitmapHandle Compose(ColorWord mask, ColorWord ground) const;
 
-    PixelPicture original_;
+    CoveragePlanes original_;
     BitmapHandle masked_;  // on the strip's background
     BitmapHandle onTab_;   // on a tab's face
     int edge_ = 0;

@@ -74,8 +74,8 @@ void TesselTab::SetTabs(std::u16string_view tabs) {
     LayOut();
 }
 
-void TesselTab::SetPicture(HBITMAP strip, int edge) {
-    icons_.SetPicture(strip);
+void TesselTab::SetPicture(CoveragePlanes strip, int edge) {
+    icons_.SetPicture(std::move(strip));
     iconEdge_ = edge;
     ComposeIcons();
     LayOut();

@@ -32,10 +32,10 @@ class TesselTab : public DrawnWindow, private AccessibleSource {
     /// The captions, separated by vertical bars.
     void SetTabs(std::u16string_view tabs);
 
-    /// A horizontal strip of square icons, one per tab, each as wide as the strip is high; null for none. A 32-bit
-    /// strip may have soft edges in its alpha channel. `edge` is the size in which the icons are drawn, in device
-    /// pixels; 0 keeps their size. The strip is copied.
-    void SetPicture(HBITMAP strip, int edge = 0);
+    /// A horizontal strip of square icons, one per tab, each as wide as the strip is high: planes of red, green, blue
+    /// and, for soft edges, alpha. Empty for none. `edge` is the size in which the icons are drawn, in device pixels; 0
+    /// keeps their size.
+    void SetPicture(CoveragePlanes strip, int edge = 0);
     [[nodiscard]] int CurrentTab() const { return strip_.Current(); }
     /// No event; a number without a tab means none.
     void SetCurrentTab(int tab);

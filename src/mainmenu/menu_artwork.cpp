@@ -66,8 +66,8 @@ const MenuPlanes& MenuArtwork::PlanesFor(const Scale& scale) {
         return kMenuSize.width * rendered.percent / 100 >= size.width;
     });
     const RenderedScale& rendered = fits != kRendered.end() ? *fits : kRendered.back();
-    planes_ = ToMenuPlanes(LoadPlanes(rendered.resource, static_cast<std::size_t>(MenuPlane::Count)));
-    if (planes_.size != size) planes_ = Resize(planes_, size);
+    const auto count = static_cast<std::size_t>(MenuPlane::Count);
+    planes_ = ToMenuPlanes(ResizePlanes(LoadPlanes(rendered.resource, count), size));
     return planes_;
 }
 

@@ -45,16 +45,6 @@ MenuPlanes ToMenuPlanes(CoveragePlanes drawing) {
     return menu;
 }
 
-MenuPlanes Resize(const MenuPlanes& source, Size size) {
-    MenuPlanes target;
-    if (PixelCount(source.size) == 0 || size.width <= 0 || size.height <= 0) return target;
-    target.size = size;
-    for (std::size_t i = 0; i < kPlaneCount; ++i) {
-        target.planes[i] = ResizePlane(source.planes[i], source.size, size);
-    }
-    return target;
-}
-
 MenuColors ColorsOf(MenuFace face) {
     MenuColors colors;
     colors.surface = palette::kSurface;

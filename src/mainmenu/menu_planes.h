@@ -41,9 +41,6 @@ struct MenuPlanes {
 /// The planes of the rendered drawing by name. Empty if the number of planes differs.
 [[nodiscard]] MenuPlanes ToMenuPlanes(CoveragePlanes drawing);
 
-/// The drawing at another size; each pixel is the mean of the area that it covers.
-[[nodiscard]] MenuPlanes Resize(const MenuPlanes& source, Size size);
-
 /// The colors of one face. Plain RGB.
 struct MenuColors {
     ColorWord surface;

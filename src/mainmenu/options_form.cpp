@@ -6,7 +6,6 @@
 #include "platform/dialog_parts.h"
 #include "platform/file_dialogs.h"
 #include "platform/monitors.h"
-#include "platform/unique_handle.h"
 #include "platform/wide.h"
 #include "platform/window_effects.h"
 #include "resources/resource_ids.h"
@@ -145,8 +144,7 @@ void OptionsForm::OnFontsChanged() {
 
 void OptionsForm::SetTabIcons() {
     const int edge = Px(kTabIcon);
-    const BitmapHandle icons = LoadPicture(TabIconsFor(edge));
-    tabStrip_.SetPicture(icons.Get(), edge);
+    tabStrip_.SetPicture(LoadPlanes(TabIconsFor(edge), kPicturePlanes), edge);
 }
 
 void OptionsForm::LayOut(HDC dc) {

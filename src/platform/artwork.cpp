@@ -52,19 +52,6 @@ CoveragePlanes LoadPlanes(int resource, std::size_t count) {
     return ReadPlanes(ResourceBytes(resource), count);
 }
 
-BitmapHandle LoadPicture(int resource) {
-    constexpr std::size_t kChannels = 4;
-    const CoveragePlanes read = LoadPlanes(resource, kChannels);
-    if (read.planes.empty()) return {};
-    std::uint32_t* pixels = nullptr;
-    BitmapHandle bitmap = MakeDib(read.size, &pixels);
-    if (pixels == nullptr) return {};
-    for (std::size_t i = 0; i < read.planes[0].size(); ++i) {
-        pixels[i] = Pixel(read.planes[0][i], read.planes[1][i], read.planes[2][i], read.planes[3][i]);
-    }
-    return bitmap;
-}
-
 IconHandle MakeGlyphIcon(Glyph glyph, int edge, ColorWord color) {
     if (edge <= 0) return {};
     const CoveragePlane coverage = GlyphCoverage(glyph, edge);

@@ -14,9 +14,6 @@ enum class Glyph : int { Bell, Close, Browse, Play, Count };
 /// The planes of an embedded drawing; empty if it cannot be read.
 [[nodiscard]] CoveragePlanes LoadPlanes(int resource, std::size_t count);
 
-/// An embedded picture of four planes (red, green, blue, alpha) as a bitmap of 32-bit pixels; null on failure.
-[[nodiscard]] BitmapHandle LoadPicture(int resource);
-
 /// A glyph in a plain RGB color, `edge` pixels wide and high; null on failure.
 [[nodiscard]] IconHandle MakeGlyphIcon(Glyph glyph, int edge, ColorWord color);
 

@@ -1,6 +1,7 @@
 #include "platform/dib.h"
 
 namespace quillo {
+namespace {
 
 BITMAPINFO TopDown32Bit(Size size) {
     BITMAPINFO info{};
@@ -12,6 +13,8 @@ BITMAPINFO TopDown32Bit(Size size) {
     info.bmiHeader.biCompression = BI_RGB;
     return info;
 }
+
+}  // namespace
 
 BitmapHandle MakeDib(Size size, std::uint32_t** pixels) {
     const BITMAPINFO info = TopDown32Bit(size);

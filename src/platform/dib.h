@@ -7,10 +7,8 @@
 
 namespace quillo {
 
-/// The header of a bitmap of 32-bit pixels, 0xAARRGGBB, whose top row comes first.
-[[nodiscard]] BITMAPINFO TopDown32Bit(Size size);
-
-/// Creates such a bitmap and returns its pixels in `pixels`; null on failure.
+/// Creates a bitmap of 32-bit pixels, 0xAARRGGBB, whose top row comes first, and returns its pixels in `pixels`; null
+/// on failure.
 [[nodiscard]] BitmapHandle MakeDib(Size size, std::uint32_t** pixels);
 [[nodiscard]] BitmapHandle MakeDib(Size size);
 

@@ -53,6 +53,13 @@ CoveragePlane ResizePlane(std::span<const std::uint8_t> plane, Size from, Size t
     return resized;
 }
 
+CoveragePlanes ResizePlanes(CoveragePlanes drawn, Size size) {
+    if (drawn.planes.empty() || drawn.size == size) return drawn;
+    for (CoveragePlane& plane : drawn.planes) plane = ResizePlane(plane, drawn.size, size);
+    drawn.size = size;
+    return drawn;
+}
+
 std::uint32_t PaintOver(std::uint32_t under, ColorWord color, int coverage) {
     constexpr int kOpaque = 255;
     const auto channel = [coverage](int below, int above) {

@@ -25,6 +25,8 @@ struct CoveragePlanes {
 
 /// A plane at another size; each pixel is the mean of the area that it covers. Neither size is empty.
 [[nodiscard]] CoveragePlane ResizePlane(std::span<const std::uint8_t> plane, Size from, Size to);
+/// The same for every plane; unchanged if there is none, or if they have that size.
+[[nodiscard]] CoveragePlanes ResizePlanes(CoveragePlanes drawn, Size size);
 
 /// A color as a pixel, 0x00RRGGBB.
 [[nodiscard]] constexpr std::uint32_t ToPixel(ColorWord color) {

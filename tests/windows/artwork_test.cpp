@@ -7,6 +7,7 @@
 #include <set>
 #include <vector>
 
+#include "controls/icon_compositing.h"
 #include "platform/app_icons.h"
 #include "platform/dib.h"
 #include "platform/gdi_scope.h"
@@ -74,15 +75,13 @@ TEST(Artwork, AGlyphHasTheColorThatIsAskedForAtEveryResolution) {
 }
 
 TEST(Artwork, APictureKeepsItsChannels) {
-    const BitmapHandle tabs = LoadPicture(IDR_TAB_ICONS_16);
-    DIBSECTION section{};
-    ASSERT_EQ(GetObjectW(tabs.Get(), sizeof section, &section), static_cast<int>(sizeof section));
-    EXPECT_EQ(section.dsBm.bmWidth, 4 * 16);
-    const auto* pixels = static_cast<const std::uint32_t*>(section.dsBm.bmBits);
-    const std::vector<std::uint32_t> all(pixels, pixels + 4 * 16 * 16);
-    EXPECT_GT(std::count_if(all.begin(), all.end(), [](std::uint32_t pixel) { return pixel >> 24 == 0; }), 0);
-    EXPECT_GT(std::count_if(all.begin(), all.end(), [](std::uint32_t pixel) { return pixel >> 24 == 0xFF; }), 0);
-    EXPECT_FALSE(LoadPicture(IDR_NOTE_BUTTONS_100)) << "two planes are no picture";
+    const CoveragePlanes tabs = LoadPlanes(IDR_TAB_ICONS_16, kPicturePlanes);
+    ASSERT_EQ(tabs.planes.size(), kPicturePlanes);
+    EXPECT_EQ(tabs.size, (Size{4 * 16, 16}));
+    const CoveragePlane& alpha = tabs.planes[3];
+    EXPECT_GT(std::count(alpha.begin(), alpha.end(), 0), 0);
+    EXPECT_GT(std::count(alpha.begin(), alpha.end(), 0xFF), 0);
+    EXPECT_TRUE(LoadPlanes(IDR_NOTE_BUTTONS_100, kPicturePlanes).planes.empty()) << "two planes are no picture";
 }
 
 }  // namespace

@@ -6,11 +6,11 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "control_fixture.h"
 #include "harness/stack_object.h"
 #include "platform/com_ptr.h"
-#include "platform/dib.h"
 #include "platform/gdi_scope.h"
 #include "platform/text_tools.h"
 
@@ -45,14 +45,16 @@ TabProperties TestProperties() {
 }
 
 /// Three icons of 16 pixels: each a square of one color on the mask's color.
-BitmapHandle IconStrip() {
-    std::uint32_t* pixels = nullptr;
-    BitmapHandle strip = MakeDib(Size{48, 16}, &pixels);
+CoveragePlanes IconStrip() {
+    CoveragePlanes strip{Size{48, 16}, std::vector<CoveragePlane>(3)};
     for (int y = 0; y < 16; ++y) {
         for (int x = 0; x < 48; ++x) {
             const bool inside = x % 16 >= 4 && x % 16 < 12 && y >= 4 && y < 12;
             const std::uint32_t ink = 0x00102030U * static_cast<std::uint32_t>(x / 16 + 1);
-            pixels[y * 48 + x] = inside ? ink : 0x00FF00FFU;
+            const std::uint32_t pixel = inside ? ink : 0x00FF00FFU;
+            strip.planes[0].push_back(static_cast<std::uint8_t>(pixel >> 16));
+            strip.planes[1].push_back(static_cast<std::uint8_t>(pixel >> 8));
+            strip.planes[2].push_back(static_cast<std::uint8_t>(pixel));
         }
     }
     return strip;
@@ -210,7 +212,7 @@ TEST_F(TabTest, PaintsTheLineOfThePageAndTheFaceOverIt) {
 TEST_F(TabTest, IconsHaveTheBackgroundOfTheirTab) {
     MoveWindow(tab_.Handle(), 10, 10, 400, 60, FALSE);
     tab_.SetCurrentTab(1);
-    tab_.SetPicture(IconStrip().Get());
+    tab_.SetPicture(IconStrip());
     TabMeasures measures = Measures();
     measures.control.height = 60;
     measures.iconEdge = 16;
@@ -232,7 +234,7 @@ TEST_F(TabTest, IconsHaveTheBackgroundOfTheirTab) {
 
 TEST_F(TabTest, IconsCanBeDrawnInAnotherSize) {
     MoveWindow(tab_.Handle(), 10, 10, 400, 80, FALSE);
-    tab_.SetPicture(IconStrip().Get(), 32);
+    tab_.SetPicture(IconStrip(), 32);
     TabMeasures measures = Measures();
     measures.control.height = 80;
     measures.iconEdge = 32;
@@ -240,7 +242,7 @@ TEST_F(TabTest, IconsCanBeDrawnInAnotherSize) {
     PaintNow(tab_.Handle());
     EXPECT_EQ(PixelOf(tab_.Handle(), Point{icon.x + 16, icon.y + 16}), RGB(0x10, 0x20, 0x30));
     EXPECT_EQ(PixelOf(tab_.Handle(), Point{icon.x + 2, icon.y + 2}), kBack);
-    tab_.SetPicture(nullptr);
+    tab_.SetPicture({});
     EXPECT_EQ(PixelsOf(1, RGB(0x10, 0x20, 0x30)), 0);
 }
 

@@ -29,19 +29,6 @@ TEST(MenuPlanes, TakesTheDrawingsPlanesInTheirOrder) {
     EXPECT_EQ(ToMenuPlanes(drawing).size, (Size{0, 0}));
 }
 
-TEST(MenuPlanes, ResizeKeepsMeans) {
-    MenuPlanes planes = Blank(Size{4, 2});
-    PlaneOf(planes, MenuPlane::Ink) = {0, 100, 200, 200, 100, 200, 200, 200};
-    const MenuPlanes half = Resize(planes, Size{2, 1});
-    EXPECT_EQ(half.size, (Size{2, 1}));
-    EXPECT_EQ(half[MenuPlane::Ink][0], 100);
-    EXPECT_EQ(half[MenuPlane::Ink][1], 200);
-    const MenuPlanes twice = Resize(planes, Size{8, 4});
-    EXPECT_EQ(twice[MenuPlane::Ink][0], 0);
-    EXPECT_EQ(twice[MenuPlane::Ink][2 + 8], 100);
-    EXPECT_EQ(Resize(MenuPlanes{}, Size{8, 4}).size, (Size{0, 0}));
-}
-
 TEST(MenuPlanes, EachFaceHasItsColors) {
     MenuPlanes planes = Blank(Size{3, 1});
     PlaneOf(planes, MenuPlane::Tile) = {255, 255, 255};

@@ -123,5 +123,18 @@ TEST(CoveragePlanes, AreRefusedWhenDamaged) {
     EXPECT_TRUE(ReadPlanes(wide, 2).planes.empty());
 }
 
+TEST(CoveragePlanes, ResizingKeepsTheMeans) {
+    const CoveragePlanes drawn{Size{4, 2}, {{0, 100, 200, 200, 100, 200, 200, 200}, {8, 8, 8, 8, 8, 8, 8, 8}}};
+    const CoveragePlanes half = ResizePlanes(drawn, Size{2, 1});
+    EXPECT_EQ(half.size, (Size{2, 1}));
+    EXPECT_EQ(half.planes, (std::vector<CoveragePlane>{{100, 200}, {8, 8}}));
+    const CoveragePlanes twice = ResizePlanes(drawn, Size{8, 4});
+    ASSERT_EQ(twice.planes.size(), 2U);
+    EXPECT_EQ(twice.planes[0][0], 0);
+    EXPECT_EQ(twice.planes[0][2 + 8], 100);
+    EXPECT_EQ(ResizePlanes(drawn, drawn.size).planes, drawn.planes);
+    EXPECT_EQ(ResizePlanes({}, Size{8, 4}).size, (Size{0, 0})) << "a drawing that cannot be read stays empty";
+}
+
 }  // namespace
 }  // namespace quillo
