@@ -6,6 +6,7 @@ target_sources(quillo_core PRIVATE
   notes/note_commands.cpp
   notes/note_drop.cpp
   notes/note_face.cpp
+  notes/note_leaving.cpp
   notes/note_mail.cpp
   notes/note_print.cpp
   notes/note_reminder.cpp

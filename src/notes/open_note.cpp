@@ -17,26 +17,9 @@ namespace quillo {
 
 namespace {
 
-constexpr std::u16string_view kUnsavedQuestion =
-    u"Quillo was unable to save this note to a file.  Do you still want to close it?\r\n\r\n"
-    u"If you click Yes, the note's contents will be lost.  If you click No, it will not be closed.";
-constexpr std::u16string_view kHiddenTitle = u"This note was hidden.";
-constexpr std::u16string_view kHiddenText =
-    u"You currently have a reminder set for this note, so it was hidden instead of closed.  To see the note again "
-    u"before the reminder expires, click \"Show all notes\" on the main Quillo menu.";
-constexpr std::u16string_view kDeleteQuestion =
-    u"This action will permanently delete this note, and you will not be able to get it back.  Only click OK if you "
-    u"are sure that you do not want this note anymore; otherwise, click Cancel.";
-
-constexpr std::u16string_view kLoseQuestion =
-    u"Quillo was unable to save this note anywhere.  Do you still want to delete it?\r\n\r\nIf you click Yes, the "
-    u"note's "
-    u"contents will be lost.  If you click No, it will not be deleted.";
-constexpr std::u16string_view kNotRecycledTitle = u"The note is not in the Recycle Bin";
-const std::u16string kNotRecycledText = u"The Recycle Bin did not take this note, so Quillo has kept it as a file: ";
 constexpr std::u16string_view kCopyNotSaved = u"Quillo was unable to save a copy of this note.";
-const std::u16string kCopyElsewhere =
-    u"Quillo was unable to save the copy where you wanted it.  It was saved under another name:";
+constexpr std::u16string_view kCopyElsewhere =
+    u"Quillo was unable to save the copy where you wanted it.  It was saved under another name:\r\n\r\n";
 
 }  // namespace
 
@@ -73,16 +56,6 @@ NoteFile OpenNote::Content() const {
 
 bool OpenNote::IsTextOf(std::string_view bytes) const {
     return ParseNoteFile(bytes, services_.dates.locale).text == window_->Text();
-}
-
-SaveTarget OpenNote::OwnFileTarget() const {
-    SaveTarget target;
-    if (!services_.settings.doNotRememberFilenames) target.fileName = note_.FileName;
-    // The storage copy is deleted when the note leaves: it must not be the file that was just saved.
-    if (services_.dates.locale.ToLower(target.fileName) == services_.dates.locale.ToLower(note_.StoragePath))
-        target.fileName.clear();
-    target.isTempName = target.fileName.empty();
-    return target;
 }
 
 std::u16string OpenNote::SaveNote(const SaveTarget& target) {
@@ -145,7 +118,7 @@ void OpenNote::SaveNoteAs() {
     if (target.fileName.empty() || !IsOpen()) return;
     const std::u16string path = SaveNote(target);
     if (path.empty()) return services_.notice.Warn(kCopyNotSaved);
-    if (path != target.fileName) services_.notice.Warn(kCopyElsewhere + (u"\r\n\r\n" + path));
+    if (path != target.fileName) services_.notice.Warn(std::u16string(kCopyElsewhere) + path);
 }
 
 // Appearance.
@@ -270,16 +243,7 @@ void OpenNote::CloseNote() {
         MinimizeByUser();
         return;
     }
-    const SavedNote saved = SaveLeaving(PendingStep::Kind::Move);
-    if (saved.path.empty()) {
-        const bool discard = services_.notice.Ask(kUnsavedQuestion, Question::YesNoDefaultNo);
-        if (!discard || !IsOpen()) return;
-    }
-    Leave(saved);
-}
-
-SavedNote OpenNote::SaveLeaving(PendingStep::Kind kind) {
-    return services_.saving.store.SaveNote(Content(), OwnFileTarget(), {kind, saver_.StorageCopy()});
+    if (leaving_.Save(Content())) DestroyNote();
 }
 
 void OpenNote::CloseButtonClick() {
@@ -287,55 +251,20 @@ void OpenNote::CloseButtonClick() {
         CloseNote();
         return;
     }
-    services_.hints.ShowBalloonOrBox({kHiddenTitle, kHiddenText});
-    if (!IsOpen()) return;
-    HideByUser();
+    if (leaving_.ExplainHiding()) HideByUser();
 }
 
 void OpenNote::DeleteNote() {
-    SavedNote saved;
     if (!services_.settings.dontRecycleNotes) {
         owner_.SaveUnsavedNotes();
-        saved = SaveLeaving(PendingStep::Kind::Recycle);
-        const bool safe = saved.path.empty() ? RescueDeleted() : Recycle(saved);
-        // Messages may have been pumped.
-        if (!safe || !IsOpen()) return services_.saving.store.Journal().End(saved.record);
+        if (!leaving_.Recycle(Content())) return;
     }
     services_.notice.Play(SystemSound::RestoreDown);
-    Leave(saved);
-}
-
-bool OpenNote::Recycle(const SavedNote& saved) {
-    const NoteFile content = Content();
-    const RecycleResult result = services_.saving.store.Recycle(saved.path);
-    if (result == RecycleResult::Moved) return true;
-    const std::u16string kept =
-        result == RecycleResult::Gone ? services_.saving.store.WriteAgain(content, saved).path : saved.path;
-    if (kept.empty()) return services_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo);
-    services_.hints.ShowBalloon({kNotRecycledTitle, kNotRecycledText + kept, BalloonIcon::Warning});
-    return true;
-}
-
-bool OpenNote::RescueDeleted() {
-    const SavedNote rescued = services_.saving.store.Rescue(Content());
-    if (rescued.path.empty()) return services_.notice.Ask(kLoseQuestion, Question::YesNoDefaultNo);
-    services_.hints.ShowBalloon({kNotRecycledTitle, kNotRecycledText + rescued.path, BalloonIcon::Warning});
-    return true;
-}
-
-void OpenNote::Leave(const SavedNote& saved) {
-    const bool overStorageCopy = !saved.path.empty() && services_.dates.locale.ToLower(saved.path) ==
-                                                            services_.dates.locale.ToLower(note_.StoragePath);
-    if (overStorageCopy) saver_.SetStorageCopy({});  // the only file of the note
-    Destroy(saved.record);
+    DestroyNote();
 }
 
 void OpenNote::QueryDeleteNote() {
-    if (services_.settings.dontRecycleNotes) {
-        const bool sure = services_.notice.Ask(kDeleteQuestion, Question::OkCancelDefaultCancel);
-        if (!sure || !IsOpen()) return;
-    }
-    DeleteNote();
+    if (leaving_.MayDelete()) DeleteNote();
 }
 
 void OpenNote::QuickDelete() {
@@ -348,13 +277,9 @@ void OpenNote::QuickDelete() {
 }
 
 void OpenNote::DestroyNote() {
-    Destroy({});
-}
-
-void OpenNote::Destroy(std::u16string record) {
     owner_.RemoveNote(note_.NoteKey);
     saver_.Stop();
-    services_.saving.store.DeleteStorageCopy(saver_.StorageCopy(), std::move(record));
+    leaving_.DeleteStorageCopy();
     window_->Close();
 }
 

@@ -8,44 +8,14 @@
 
 #include "notes/note.h"
 #include "notes/note_color_target.h"
+#include "notes/note_leaving.h"
 #include "notes/note_reminder.h"
 #include "notes/note_saver.h"
+#include "notes/note_services.h"
 #include "notes/note_view.h"
-#include "ports/date_services.h"
 #include "reminders/reminder_owner.h"
 
 namespace quillo {
-
-class Hints;
-class NoteSharing;
-class UserNotice;
-
-/// The direction through the visible notes in the order of their creation; wraps around at both ends.
-enum class NoteDirection { Forward, Backward };
-
-/// The collection of open notes as a note sees it.
-class NoteOwner {
-  public:
-    virtual ~NoteOwner() = default;
-    /// Removes the note from the open notes. The object lives until its own handlers have returned.
-    virtual void RemoveNote(const std::u16string& noteKey) = 0;
-    /// False once the note was removed: must be checked after anything that pumps messages.
-    [[nodiscard]] virtual bool IsOpen(const std::u16string& noteKey) const = 0;
-    /// Saves every open note that has an unsaved change: before a call that may block the program for long.
-    virtual void SaveUnsavedNotes() = 0;
-    /// Gives the keyboard focus to the next or previous visible note, if there is one.
-    virtual void ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) = 0;
-};
-
-/// What all notes share.
-struct NoteServices {
-    const Settings& settings;
-    SaverServices saving;
-    DateServices dates;
-    UserNotice& notice;
-    Hints& hints;
-    NoteSharing& sharing;
-};
 
 /// One open note: its data and every operation on it. The window is reached through NoteWindow.
 ///
@@ -173,15 +143,6 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     /// Applies the fields that are present. True if the window state was one of the three.
     bool Apply(const NoteAppearance& appearance);
     [[nodiscard]] NoteAppearance Appearance() const;
-    [[nodiscard]] SaveTarget OwnFileTarget() const;
-    [[nodiscard]] SavedNote SaveLeaving(PendingStep::Kind kind);
-    /// False if the user keeps a note that cannot be saved anywhere.
-    [[nodiscard]] bool RescueDeleted();
-    /// The same for a note whose file the Recycle Bin has lost and that cannot be saved anywhere.
-    [[nodiscard]] bool Recycle(const SavedNote& saved);
-    /// Destroys a note that was saved to another file.
-    void Leave(const SavedNote& saved);
-    void Destroy(std::u16string record);
     [[nodiscard]] bool IsOpen() const { return owner_.IsOpen(note_.NoteKey); }
 
     NoteOwner& owner_;
@@ -189,6 +150,7 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     Note note_;
     NoteSaver saver_;
     ReminderKeeper reminder_{note_};
+    NoteLeaving leaving_{services_, owner_, note_, saver_};
     bool iconWanted_ = false;       ///< the note should have its own icon, whether or not the shell has accepted it yet
     bool colorDialogOpen_ = false;  ///< from opening the dialog until it closes, even if it shows another note by then
     std::unique_ptr<NoteWindow> window_;  ///< last: its end calls the note
