@@ -47,7 +47,7 @@ NOTHING = "(?!)"
 # Each pattern has the names of today and those of older commits, so that the two can be compared.
 WALKS = [
     Walk("a note command with a shortcut", "adding the time and date", r"\bAddTimestamp\b|\"Ctrl\+T\"",
-         r"(\.|->)AddTimestamp\(", r"\bCtrl\+T\b", 3),
+         r"(\.|->)(AddTimestamp\(|Perform\(NoteAction::AddTimestamp\))", r"\bCtrl\+T\b", 3),
     Walk("an option", "pinning new notes", r"\bautoPinNewNotes\b|\bAutoPinCheck\b|\"Auto-pin new notes\"",
          r"(\.|->)autoPinNewNotes\b", "Auto-pin new notes|Automatically pin new", 3),
     Walk("a tag of the note file", "the reminder",

@@ -143,7 +143,7 @@ bool NoteOpening::IsNew(const NoteFile& content) {
 }
 
 void NoteOpening::FillNewNote(OpenNote& note) const {
-    if (program_.settings.timestampNewNotes) note.AddTimestamp();
+    if (program_.settings.timestampNewNotes) note.Perform(NoteAction::AddTimestamp);
 }
 
 void NoteOpening::MoveIntoNotesFolder(OpenNote& note, const NoteFile& content, HeldFile& source,

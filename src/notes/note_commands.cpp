@@ -2,7 +2,8 @@
 
 #include <array>
 
-#include "notes/open_note.h"
+#include "app/base/settings.h"
+#include "notes/note.h"
 #include "ports/locale_text.h"
 #include "util/text.h"
 
@@ -105,49 +106,6 @@ NoteTips DescribeNoteButtons(const Note& note, std::u16string_view text, const S
 
 std::u16string TimeStampText(DaySerial now, LocaleText& locale) {
     return u"(" + locale.GeneralDate(now) + u")\r\n\r\n";
-}
-
-void Perform(NoteAction action, OpenNote& note) {
-    switch (action) {
-        case NoteAction::None:
-        case NoteAction::SelectAll:
-        case NoteAction::OpenMenu:
-            return;
-        case NoteAction::AskReminder:
-            return note.AskReminder();
-        case NoteAction::AddTimestamp:
-            return note.AddTimestamp();
-        case NoteAction::ToggleLargeText:
-            return note.SetLargeText(!note.Data().LargeText);
-        case NoteAction::ChangeColor:
-            return note.AskNoteColor();
-        case NoteAction::SaveCopy:
-            return note.SaveNoteAs();
-        case NoteAction::Mail:
-            return note.MailNote();
-        case NoteAction::Print:
-            return note.PrintNote();
-        case NoteAction::Hide:
-            return note.HideWithHint();
-        case NoteAction::QueryDelete:
-            return note.QueryDeleteNote();
-        case NoteAction::Close:
-            return note.CloseNote();
-        case NoteAction::ClickClose:
-            return note.CloseButtonClick();
-        case NoteAction::QuickDelete:
-            return note.QuickDelete();
-        case NoteAction::Minimize:
-            return note.MinimizeByUser();
-        case NoteAction::TogglePin:
-            return note.SetPinned(!note.Data().Pinned);
-        case NoteAction::NextNote:
-            return note.GoToNeighbor(NoteDirection::Forward);
-        case NoteAction::PreviousNote:
-            return note.GoToNeighbor(NoteDirection::Backward);
-        case NoteAction::Show:
-            return note.ShowFromIcon();
-    }
 }
 
 }  // namespace quillo

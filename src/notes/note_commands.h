@@ -9,7 +9,6 @@
 namespace quillo {
 
 class LocaleText;
-class OpenNote;
 struct Note;
 struct Settings;
 
@@ -78,9 +77,5 @@ struct NoteTips {
 
 /// What AddTimestamp inserts: the date and time in parentheses and an empty line.
 [[nodiscard]] std::u16string TimeStampText(DaySerial now, LocaleText& locale);
-
-/// Carries out an action on a note, which may be closed afterwards. The window handles actions of its own (SelectAll,
-/// OpenMenu).
-void Perform(NoteAction action, OpenNote& note);
 
 }  // namespace quillo

@@ -33,7 +33,7 @@ NoteForm::NoteForm(OpenNote& note, const NoteFormServices& services)
       buttons_(services.resources.images),
       icon_(services.dates.locale, services.resources.beforeIcon,
             {[this] {
-                 if (TakesInput()) note_.ShowFromIcon();
+                 if (TakesInput()) note_.Perform(NoteAction::Show);
              },
              [this] {
                  if (TakesInput()) OpenIconMenu();
@@ -110,7 +110,7 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETTINGCHANGE:
             return OnSystemChanged(), 0;
         case WM_CLOSE:
-            return note_.CloseButtonClick(), 0;
+            return note_.Perform(NoteAction::ClickClose), 0;
         default:
             return Default(message, wParam, lParam);
     }
@@ -229,7 +229,7 @@ void NoteForm::Perform(NoteAction action) {
         case NoteAction::OpenMenu:
             return OpenMenu();
         default:
-            return quillo::Perform(action, note_);
+            return note_.Perform(action);
     }
 }
 

@@ -3,7 +3,6 @@
 #include "app/base/hints.h"
 #include "notes/hide_hint.h"
 #include "notes/note_codec.h"
-#include "notes/note_commands.h"
 #include "notes/note_sharing.h"
 #include "notes/note_title.h"
 #include "notes/save_texts.h"
@@ -40,6 +39,51 @@ std::unique_ptr<OpenNote> OpenNote::Open(NoteOwner& owner, const NoteServices& s
     std::unique_ptr<OpenNote> note(new OpenNote(owner, services, std::move(noteKey)));
     note->window_ = windows.MakeWindow(*note, position);
     return note->window_ ? std::move(note) : nullptr;
+}
+
+// The user's commands.
+
+void OpenNote::Perform(NoteAction action) {
+    switch (action) {
+        case NoteAction::None:
+        case NoteAction::SelectAll:
+        case NoteAction::OpenMenu:
+            return;
+        case NoteAction::AskReminder:
+            return AskReminder();
+        case NoteAction::AddTimestamp:
+            return AddTimestamp();
+        case NoteAction::ToggleLargeText:
+            return SetLargeText(!note_.LargeText);
+        case NoteAction::ChangeColor:
+            return AskNoteColor();
+        case NoteAction::SaveCopy:
+            return SaveNoteAs();
+        case NoteAction::Mail:
+            return MailNote();
+        case NoteAction::Print:
+            return PrintNote();
+        case NoteAction::Hide:
+            return HideWithHint();
+        case NoteAction::QueryDelete:
+            return QueryDeleteNote();
+        case NoteAction::Close:
+            return CloseNote();
+        case NoteAction::ClickClose:
+            return CloseButtonClick();
+        case NoteAction::QuickDelete:
+            return QuickDelete();
+        case NoteAction::Minimize:
+            return MinimizeByUser();
+        case NoteAction::TogglePin:
+            return SetPinned(!note_.Pinned);
+        case NoteAction::NextNote:
+            return GoToNeighbor(NoteDirection::Forward);
+        case NoteAction::PreviousNote:
+            return GoToNeighbor(NoteDirection::Backward);
+        case NoteAction::Show:
+            return ShowFromIcon();
+    }
 }
 
 // The note file.

@@ -8,6 +8,7 @@
 
 #include "notes/note.h"
 #include "notes/note_color_target.h"
+#include "notes/note_commands.h"
 #include "notes/note_leaving.h"
 #include "notes/note_reminder.h"
 #include "notes/note_saver.h"
@@ -44,11 +45,11 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void SetPosition(const NotePosition& position);
     /// Gives the note the keyboard focus.
     void Activate() override { window_->Activate(); }
-    void GoToNeighbor(NoteDirection direction) { owner_.ActivateNeighbor(note_.NoteKey, direction); }
+    /// Carries out a command of the user, which may close the note: the object lives until its owner releases it. The
+    /// window handles SelectAll and OpenMenu.
+    void Perform(NoteAction action);
 
     // The note file.
-    /// The full path of the written file, "" if nothing could be written.
-    std::u16string SaveNote(const SaveTarget& target);
     /// The note as its file stores it.
     [[nodiscard]] NoteFile Content() const;
     /// Applies the elements of a file to a new note; `openedPath` is its file, or empty. True if they determine whether
@@ -63,8 +64,6 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     /// The storage copy and the schedule of its saves.
     [[nodiscard]] NoteSaver& Saver() { return saver_; }
 
-    /// Asks for a file and writes a copy of the note to it; the note's own files stay unchanged.
-    void SaveNoteAs();
     /// The note differs from its storage copy, which is saved again soon.
     void MarkChanged() { saver_.MarkChanged(); }
     /// See NoteSaver::PersistNote.
@@ -73,14 +72,7 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     // Appearance.
     /// Gives a new note its colors; silent.
     void SetOwnColors(ColorWord noteColor, ColorWord borderColor, ColorWord textColor);
-    void SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) override;
-    /// Opens the program's color dialog for this note; does nothing if the note has it open already.
-    void AskNoteColor();
     void SetPinned(bool pinned);
-    /// Marks the note changed.
-    void SetLargeText(bool large);
-    /// Puts the date and time in front of the text. Marks the note changed.
-    void AddTimestamp();
     void UpdateColors();
     /// Applies the translucency of the settings.
     void SetNoteEffects();
@@ -89,43 +81,21 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     /// Shows the note and brings it to the front; silent.
     void Popup() override;
     void PopupByUser();
-    /// A click on the note's own icon, or "Show this note".
-    void ShowFromIcon();
 
     // Leaving the screen.
     void HideNote();
-    void HideByUser() override;
-    /// The menu's command: explains, the first time, how to see the note again.
-    void HideWithHint();
     /// Shows the note's own icon; the window does not change.
     void MinimizeToTray();
-    /// Hides the note and shows its own icon.
-    void MinimizeByUser() override;
     /// Called when the task bar has been created again.
     void RecreateIcon() {
         if (iconWanted_) window_->Icon().Recreate();
     }
-    /// Each of these may destroy the note: the object lives until its owner releases it.
-    void CloseNote();
-    void CloseButtonClick();
-    void DeleteNote();
-    void QueryDeleteNote();
-    void QuickDelete();
+    /// Ends the note without saving it: the object lives until its owner releases it.
     void DestroyNote();
     /// Closes the window; the note's files do not change and are not written again.
     void Unload();
 
-    // Printing and mailing do not change the note. Messages are pumped meanwhile: it may be closed afterwards.
-    /// Prints the note on the default printer.
-    void PrintNote();
-    /// Passes the note to the user's mail program, as the attachment of a new message.
-    void MailNote();
-
     // Reminders.
-    /// Opens the dialog in which a reminder is set, or brings forward the one that is open.
-    void AskReminder();
-    /// Marks the note changed.
-    void SetReminder(DaySerial when) override;
     void CancelReminder();
     /// A tick of the main timer: a due reminder opens its alert, and the note hides. The note may be closed afterwards.
     void TimerBroadcast();
@@ -133,8 +103,40 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
   private:
     OpenNote(NoteOwner& owner, const NoteServices& services, std::u16string noteKey);
 
+    // The user's commands; see Perform.
+    /// Opens the dialog in which a reminder is set, or brings forward the one that is open.
+    void AskReminder();
+    /// Puts the date and time in front of the text. Marks the note changed.
+    void AddTimestamp();
+    /// Marks the note changed.
+    void SetLargeText(bool large);
+    /// Opens the program's color dialog for this note; does nothing if the note has it open already.
+    void AskNoteColor();
+    // Printing and mailing do not change the note. Messages are pumped meanwhile: it may be closed afterwards.
+    /// Passes the note to the user's mail program, as the attachment of a new message.
+    void MailNote();
+    /// Prints the note on the default printer.
+    void PrintNote();
+    /// Asks for a file and writes a copy of the note to it; the note's own files stay unchanged.
+    void SaveNoteAs();
+    /// Explains, the first time, how to see the note again.
+    void HideWithHint();
+    void QueryDeleteNote();
+    void DeleteNote();
+    void CloseNote();
+    void CloseButtonClick();
+    void QuickDelete();
+    void GoToNeighbor(NoteDirection direction) { owner_.ActivateNeighbor(note_.NoteKey, direction); }
+    void ShowFromIcon();
+
     // The rest of ReminderOwner and NoteColorTarget.
+    /// Marks the note changed.
+    void SetReminder(DaySerial when) override;
     void CancelReminderByUser() override;
+    /// Hides the note and shows its own icon.
+    void MinimizeByUser() override;
+    void HideByUser() override;
+    void SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) override;
     void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
     void SetReminderClosing() override { reminder_.DialogClosed(); }
     void ReminderClosing() override { reminder_.AlertClosed(); }
@@ -143,6 +145,8 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     /// Applies the fields that are present. True if the window state was one of the three.
     bool Apply(const NoteAppearance& appearance);
     [[nodiscard]] NoteAppearance Appearance() const;
+    /// The full path of the written file, "" if nothing could be written.
+    std::u16string SaveNote(const SaveTarget& target);
     [[nodiscard]] bool IsOpen() const { return owner_.IsOpen(note_.NoteKey); }
 
     NoteOwner& owner_;

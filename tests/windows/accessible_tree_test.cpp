@@ -142,7 +142,7 @@ TEST(AccessibleTree, TheColorDialog) {
     NoteWorldForTests world;
     TestNote note(world, u"{A}");
     ASSERT_TRUE(note.Create());
-    Perform(NoteAction::ChangeColor, note.note);
+    note.note.Perform(NoteAction::ChangeColor);
     ExpectTreeSpoken(world.colorDialog.Handle());
 }
 

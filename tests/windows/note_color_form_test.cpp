@@ -10,6 +10,7 @@
 #include "platform/monitors.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
+#include "testing/note_interfaces.h"
 
 namespace quillo {
 namespace {
@@ -34,7 +35,7 @@ class NoteColorFormTest : public testing::Test {
     HWND Window() { return Dialog().Handle(); }
     HWND Item(int id) { return Dialog().Item(id); }
     void Ask(TestNote& note) {
-        Perform(NoteAction::ChangeColor, note.note);
+        note.note.Perform(NoteAction::ChangeColor);
         world_.loop.RunPending();
     }
     void Press(int id) { SendMessageW(Item(id), BM_CLICK, 0, 0); }
@@ -78,7 +79,7 @@ TEST_F(NoteColorFormTest, ShowsTheNotesColors) {
     EXPECT_NE(IsWindowEnabled(first_->Window()), FALSE) << "not modal";
     Press(IDOK);
     EXPECT_EQ(Window(), nullptr);
-    first_->note.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3});
+    AsColorTarget(first_->note).SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3});
     Ask(*first_);
     EXPECT_TRUE(IsSelected(Form::kCustomOption));
     EXPECT_EQ(GetFocus(), Item(Form::kCustomOption));

@@ -5,6 +5,7 @@
 #include "notes/note_form.h"
 #include "platform/gdi_canvas.h"
 #include "platform/ui_timer.h"
+#include "testing/note_interfaces.h"
 
 namespace quillo {
 namespace {
@@ -82,7 +83,7 @@ TEST_F(NoteFormTest, TheReminderIsWrittenIntoTheFoot) {
         return pixels;
     };
     EXPECT_EQ(drawn(), 0);
-    note_.SetReminder(ToDaySerial({2026, 11, 21, 17, 5, 0}));
+    AsReminderOwner(note_).SetReminder(ToDaySerial({2026, 11, 21, 17, 5, 0}));
     PaintNow(one_.Window());
     EXPECT_GT(drawn(), 20);
     note_.CancelReminder();
@@ -92,7 +93,8 @@ TEST_F(NoteFormTest, TheReminderIsWrittenIntoTheFoot) {
 
 TEST_F(NoteFormTest, NewColorsReachTheScreen) {
     Show();
-    note_.SetColor(true, ColorWord::FromRgb(10, 200, 30), ColorWord::FromRgb(200, 0, 0), ColorWord::FromRgb(0, 0, 9));
+    AsColorTarget(note_).SetColor(true, ColorWord::FromRgb(10, 200, 30), ColorWord::FromRgb(200, 0, 0),
+                                  ColorWord::FromRgb(0, 0, 9));
     PaintNow(one_.Window());
     const Size size = ClientSize();
     EXPECT_EQ(Pixel(Point{0, 0}), RGB(200, 0, 0));
@@ -104,7 +106,7 @@ TEST_F(NoteFormTest, SystemColorsAreResolved) {
     Show();
     const ColorWord window{0x80000000U | COLOR_WINDOW};
     const ColorWord edge{0x80000000U | COLOR_HIGHLIGHT};
-    note_.SetColor(true, window, edge, ColorWord{});
+    AsColorTarget(note_).SetColor(true, window, edge, ColorWord{});
     PaintNow(one_.Window());
     EXPECT_EQ(Pixel(Point{0, 0}), GetSysColor(COLOR_HIGHLIGHT));
     EXPECT_EQ(Pixel(Point{3, ClientSize().height - 3}), GetSysColor(COLOR_WINDOW));
@@ -267,10 +269,10 @@ TEST_F(NoteFormTest, TheFontFollowsTheSettingsAndLargeTextIsBold) {
     EXPECT_STREQ(font().lfFaceName, L"Tahoma");
     EXPECT_EQ(font().lfHeight, -static_cast<LONG>(8.0 * scale_.Dpi() / 72 + 0.5));
     EXPECT_EQ(font().lfWeight, FW_NORMAL);
-    note_.SetLargeText(true);
+    note_.Perform(NoteAction::ToggleLargeText);
     EXPECT_EQ(font().lfHeight, -static_cast<LONG>(12.0 * scale_.Dpi() / 72 + 0.5));
     EXPECT_EQ(font().lfWeight, FW_BOLD);
-    note_.SetLargeText(false);
+    note_.Perform(NoteAction::ToggleLargeText);
     world_.settings.noteFont = FontSetting{u"Courier New", 10, true, true, true, true, 0};
     note_.UpdateColors();
     EXPECT_STREQ(font().lfFaceName, L"Courier New");
@@ -283,13 +285,13 @@ TEST_F(NoteFormTest, TheFontFollowsTheSettingsAndLargeTextIsBold) {
 TEST_F(NoteFormTest, TheTextBoxHasItsMarginsAndOneTabStop) {
     Resize(Size{400, 300});
     form_.Show();
-    for (const bool large : {false, true}) {
-        note_.SetLargeText(large);
+    for (const bool large : {true, false}) {
+        note_.Perform(NoteAction::ToggleLargeText);
+        ASSERT_EQ(note_.Data().LargeText, large);
         const auto margins = static_cast<DWORD>(SendMessageW(Box(), EM_GETMARGINS, 0, 0));
         EXPECT_EQ(LOWORD(margins), scale_.Px(6));
         EXPECT_EQ(HIWORD(margins), scale_.Px(6));
     }
-    note_.SetLargeText(false);
     ASSERT_TRUE(form_.SetText(u"\ta\t\tb"));
     const auto x = [&](WPARAM character) { return LOWORD(SendMessageW(Box(), EM_POSFROMCHAR, character, 0)); };
     const int start = x(0);

@@ -5,6 +5,7 @@
 #include "accessible_reader.h"
 #include "note_form_fixture.h"
 #include "platform/text_tools.h"
+#include "testing/note_interfaces.h"
 
 namespace quillo {
 namespace {
@@ -267,7 +268,7 @@ TEST_F(NoteFormTest, AScreenReaderGetsTheDateOfTheReminder) {
     EXPECT_EQ(reader.Name(), u"Buy milk");
     EXPECT_EQ(reader.Role(), ROLE_SYSTEM_PANE);
     EXPECT_EQ(reader.Description(), u"");
-    note_.SetReminder(ToDaySerial({2031, 5, 14, 14, 30, 0}));
+    AsReminderOwner(note_).SetReminder(ToDaySerial({2031, 5, 14, 14, 30, 0}));
     EXPECT_EQ(reader.Description(), u"Reminder: Wednesday, 5/14/2031, 2:30:00 PM");
     LONG children = 0;
     EXPECT_EQ(reader->get_accChildCount(&children), S_OK);
@@ -299,7 +300,7 @@ TEST_F(NoteFormTest, AClickOnTheCloseButtonMayEndTheNote) {
 
 TEST_F(NoteFormTest, AltF4IsTheCloseButton) {
     ASSERT_TRUE(form_.SetText(u"kept"));
-    note_.SetReminder(ToDaySerial({2026, 11, 22, 9, 0, 0}));
+    AsReminderOwner(note_).SetReminder(ToDaySerial({2026, 11, 22, 9, 0, 0}));
     form_.Show();
     SendMessageW(one_.Window(), WM_CLOSE, 0, 0);
     EXPECT_FALSE(form_.IsVisible());

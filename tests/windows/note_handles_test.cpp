@@ -94,7 +94,7 @@ TEST(HandlesTest, AThousandNotesLeakNothing) {
             ASSERT_TRUE(one.form.SetText(u"text"));
             one.form.Show();
             windows_tests::PaintNow(one.Window());
-            one.note.SetLargeText(true);
+            one.note.Perform(NoteAction::ToggleLargeText);
             // Every other note ends by itself, the rest with its object.
             if (i % 2 == 0) one.form.Close();
         }

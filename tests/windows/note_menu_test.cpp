@@ -30,7 +30,7 @@ HMENU MenuOf(HWND window) {
 TEST_F(NoteMenuTest, TheButtonDropsTheMenuBelowItself) {
     ASSERT_TRUE(one_.Settle());
     Show();
-    note_.SetLargeText(true);
+    note_.Perform(NoteAction::ToggleLargeText);
     int items = 0;
     UINT large = 0;
     RECT menuPlace{};
@@ -133,7 +133,7 @@ TEST_F(NoteMenuTest, AfterEscInTheMenuOfItsIconTheKeyboardIsWhereItWas) {
     TestNote other(world_, u"other");
     ASSERT_TRUE(other.Create());
     Show();
-    note_.MinimizeByUser();
+    note_.Perform(NoteAction::Minimize);
     other.form.Show();
     other.form.Activate();
     const HWND keyboard = GetFocus();
@@ -197,7 +197,7 @@ TEST_F(NoteMenuTest, ATimeStampKeepsTheCaretAndCanBeUndone) {
     Show();
     ASSERT_TRUE(form_.SetText(u"abc"));
     SendMessageW(Box(), EM_SETSEL, 1, 2);
-    note_.AddTimestamp();
+    note_.Perform(NoteAction::AddTimestamp);
     const auto length = static_cast<DWORD>(form_.Text().size());
     DWORD start = 0;
     DWORD end = 0;
@@ -255,7 +255,7 @@ TEST_F(NoteMenuTest, ACopyIsAskedForByTheSystemsDialog) {
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         return true;
     });
-    note_.SaveNoteAs();
+    note_.Perform(NoteAction::SaveCopy);
     EXPECT_TRUE(user.IsDone());
     EXPECT_EQ(title, u"Save sticky note...");
     EXPECT_TRUE(world_.files.FileExists(path + u".qln")) << "the extension comes by itself";
@@ -271,7 +271,7 @@ TEST_F(NoteMenuTest, TheEndOfANoteClosesItsDialog) {
         note_.DestroyNote();
         return true;
     });
-    note_.SaveNoteAs();
+    note_.Perform(NoteAction::SaveCopy);
     EXPECT_TRUE(user.IsDone());
     EXPECT_EQ(form_.Handle(), nullptr);
     EXPECT_TRUE(world_.files.List(world_.folder.Path(), u".qln").empty());

@@ -5,6 +5,7 @@
 #include "note_fixture.h"
 #include "platform/wide.h"
 #include "reminder_fixture.h"
+#include "testing/note_interfaces.h"
 
 namespace quillo {
 namespace {
@@ -150,7 +151,7 @@ TEST_F(NoteReminderTest, ControlBackspaceDeletesAWord) {
 }
 
 TEST_F(NoteReminderTest, ADueReminderShowsTheAlertAndEscShowsTheNote) {
-    one_->note.SetReminder(world_.clock.now);
+    AsReminderOwner(one_->note).SetReminder(world_.clock.now);
     one_->note.TimerBroadcast();
     ASSERT_EQ(Alerts(), 1);
     EXPECT_FALSE(one_->form.IsVisible());
@@ -163,8 +164,8 @@ TEST_F(NoteReminderTest, ADueReminderShowsTheAlertAndEscShowsTheNote) {
 }
 
 TEST_F(NoteReminderTest, BothWindowsCloseWithTheNote) {
-    one_->note.AskReminder();
-    one_->note.SetReminder(world_.clock.now);
+    one_->note.Perform(NoteAction::AskReminder);
+    AsReminderOwner(one_->note).SetReminder(world_.clock.now);
     one_->note.TimerBroadcast();
     EXPECT_EQ(Dialogs(), 1);
     EXPECT_EQ(Alerts(), 1);
@@ -174,22 +175,22 @@ TEST_F(NoteReminderTest, BothWindowsCloseWithTheNote) {
 }
 
 TEST_F(NoteReminderTest, ReleasingANoteClosesItsDialog) {
-    one_->note.AskReminder();
+    one_->note.Perform(NoteAction::AskReminder);
     one_.reset();
     EXPECT_EQ(Dialogs(), 0);
     PumpWaiting();
 }
 
 TEST_F(NoteReminderTest, ADialogThatWasClosedOpensAgain) {
-    one_->note.AskReminder();
+    one_->note.Perform(NoteAction::AskReminder);
     SendMessageW(FindWindowW(L"QuilloSetReminder", nullptr), WM_CLOSE, 0, 0);
     EXPECT_EQ(Dialogs(), 0);
-    one_->note.AskReminder();
+    one_->note.Perform(NoteAction::AskReminder);
     EXPECT_EQ(Dialogs(), 1);
 }
 
 TEST_F(NoteReminderTest, AReminderIsOnTheDiskSoon) {
-    one_->note.SetReminder(ToDaySerial({2026, 12, 24, 18, 0, 0}));
+    AsReminderOwner(one_->note).SetReminder(ToDaySerial({2026, 12, 24, 18, 0, 0}));
     EXPECT_TRUE(one_->note.Data().Changed);
     EXPECT_TRUE(PumpUntil([this] { return !one_->note.Data().Changed; }));
     const auto bytes = world_.files.Read(one_->note.Data().StoragePath);

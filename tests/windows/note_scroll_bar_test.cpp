@@ -98,7 +98,7 @@ TEST_F(NoteScrollBarTest, ABarThatIsShownLaterFollowsTheText) {
     EXPECT_GT(ByTheBar(Box()).page, page);
     EXPECT_EQ(ByTheBar(Box()), ByTheText(Box()));
     const int smallLetters = ByTheBar(Box()).page;
-    note_.SetLargeText(true);
+    note_.Perform(NoteAction::ToggleLargeText);
     EXPECT_LT(ByTheBar(Box()).page, smallLetters);
     EXPECT_EQ(ByTheBar(Box()), ByTheText(Box()));
 

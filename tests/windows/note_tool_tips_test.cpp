@@ -3,6 +3,7 @@
 #include "note_menu_fixture.h"
 #include "platform/dpi.h"
 #include "platform/wide.h"
+#include "testing/note_interfaces.h"
 
 // After windows.h.
 #include <commctrl.h>
@@ -131,7 +132,7 @@ TEST_F(NoteMenuTest, TheReminderLabelHasAToolTipWithTheDate) {
     ASSERT_NE(tips, nullptr);
     const auto words = [&] { return TipOf(tips, one_.Window(), static_cast<UINT_PTR>(ChildId::kReminderLabel)); };
     EXPECT_EQ(words(), u"") << "no reminder, and no tip";
-    note_.SetReminder(ToDaySerial({2031, 5, 14, 14, 30, 0}));
+    AsReminderOwner(note_).SetReminder(ToDaySerial({2031, 5, 14, 14, 30, 0}));
     EXPECT_EQ(words(), u"Reminder: Wednesday, 5/14/2031, 2:30:00 PM");
 
     SendMessageW(tips, TTM_SETDELAYTIME, TTDT_INITIAL, 0);

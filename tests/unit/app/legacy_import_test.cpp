@@ -288,7 +288,7 @@ TEST_F(LegacyNotesTest, ANoteThatWasClosedNoLongerKeepsTheStore) {
     test_.files.FailWrites(true);
     test_.saveAll.Run();
     test_.files.FailWrites(false);
-    test_.views.Note(0).CloseNote();
+    test_.views.Note(0).Perform(NoteAction::Close);
     ASSERT_EQ(test_.program.openNotes.Count(), 0U);
     test_.saveAll.Run();
     EXPECT_EQ(test_.registry.ValueCount(kUserKey), 0U);

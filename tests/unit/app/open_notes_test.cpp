@@ -7,6 +7,7 @@
 
 #include "app/note_identifier.h"
 #include "test_program.h"
+#include "testing/note_interfaces.h"
 
 namespace quillo {
 namespace {
@@ -61,8 +62,8 @@ TEST_F(OpenNotesTest, SurfacingPopsUpEveryNoteInOrderAndTheLastEndsInFront) {
     for (const char16_t key : {u'A', u'B', u'C'}) {
         Add(std::u16string(1, key)).Popup();
     }
-    notes_.Find(u"B")->MinimizeByUser();
-    notes_.Find(u"C")->HideByUser();
+    notes_.Find(u"B")->Perform(NoteAction::Minimize);
+    AsReminderOwner(*notes_.Find(u"C")).HideByUser();
     for (std::size_t i = 0; i < 3; ++i) (void)test_.views.View(i).TakeCalls();
     SurfaceAllNotes(notes_);
     for (std::size_t i = 0; i < 3; ++i) {
@@ -100,7 +101,7 @@ TEST_F(OpenNotesTest, TheKeyboardMovesThroughTheVisibleNotesInOrder) {
 TEST_F(OpenNotesTest, ANewTaskBarGetsTheIconsOfMinimizedNotes) {
     Add(u"A").Popup();
     Add(u"B").Popup();
-    notes_.Find(u"B")->MinimizeByUser();
+    notes_.Find(u"B")->Perform(NoteAction::Minimize);
     for (std::size_t i = 0; i < 2; ++i) (void)test_.views.View(i).TakeCalls();
     RecreateNoteIcons(notes_);
     EXPECT_TRUE(test_.views.View(0).TakeCalls().empty());
@@ -183,7 +184,7 @@ TEST_F(OpenNotesTest, IdentifiersStayUniqueWhenTheNumbersRepeat) {
 TEST_F(OpenNotesTest, OneTickFiresEveryDueReminderInOrder) {
     OpenNote& a = Add(u"A");
     OpenNote& b = Add(u"B");
-    for (OpenNote* note : {&a, &b}) note->SetReminder(test_.clock.now);
+    for (OpenNote* note : {&a, &b}) AsReminderOwner(*note).SetReminder(test_.clock.now);
     std::u16string order;
     test_.views.View(0).whileAlertOpens = [&order] { order += u"A"; };
     test_.views.View(1).whileAlertOpens = [&order] { order += u"B"; };
@@ -194,7 +195,7 @@ TEST_F(OpenNotesTest, OneTickFiresEveryDueReminderInOrder) {
 TEST_F(OpenNotesTest, ANoteWhoseTickFailsDoesNotStopTheOthers) {
     OpenNote& a = Add(u"A");
     OpenNote& b = Add(u"B");
-    for (OpenNote* note : {&a, &b}) note->SetReminder(test_.clock.now);
+    for (OpenNote* note : {&a, &b}) AsReminderOwner(*note).SetReminder(test_.clock.now);
     test_.views.View(0).whileAlertOpens = [] { throw std::bad_alloc(); };
     BroadcastTimer(notes_);
     EXPECT_FALSE(b.Data().ReminderSet);

@@ -86,13 +86,14 @@ class FaultTest : public testing::Test {
 };
 
 TEST_F(FaultTest, ClosingNeitherLosesNorDoublesANote) {
-    CutPowerEverywhere([] {}, [this] { Note().CloseNote(); }, [](const Outcome& o) { return o.open + o.outside == 1; });
+    CutPowerEverywhere([] {}, [this] { Note().Perform(NoteAction::Close); },
+                       [](const Outcome& o) { return o.open + o.outside == 1; });
 }
 
 TEST_F(FaultTest, DeletingNeitherLosesNorDoublesANote) {
     // Between the shell's move and the deletion of the storage copy, nothing records where the file is: the note is
     // then open, and in the bin.
-    CutPowerEverywhere([] {}, [this] { Note().DeleteNote(); },
+    CutPowerEverywhere([] {}, [this] { Note().Perform(NoteAction::QueryDelete); },
                        [](const Outcome& o) { return o.open + o.recycled >= 1 && o.open <= 1 && o.outside == 0; });
 }
 
@@ -134,7 +135,7 @@ TEST_F(FaultTest, AFailureOfAnyCallWhileClosingKeepsTheNote) {
         Fresh();
         test_->notice.answer = false;
         test_->files.FailAfter(calls);
-        Note().CloseNote();
+        Note().Perform(NoteAction::Close);
         const Outcome outcome = Restart();
         EXPECT_EQ(outcome.open + outcome.outside, 1U) << calls;
         EXPECT_EQ(outcome.torn, 0U) << calls;

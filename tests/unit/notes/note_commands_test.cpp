@@ -164,7 +164,7 @@ TEST_F(Performing, EveryActionReachesItsOperation) {
     };
     for (const auto& [action, call] : cases) {
         ShowStored(u"Milk");
-        Perform(action, note_);
+        note_.Perform(action);
         EXPECT_TRUE(Did(call)) << call;
         if (action == NoteAction::TogglePin) note_.SetPinned(false);
     }
@@ -173,15 +173,15 @@ TEST_F(Performing, EveryActionReachesItsOperation) {
 TEST_F(Performing, ActionsOfTheWindowDoNotChangeTheNote) {
     ShowStored(u"Milk");
     for (const NoteAction action : {NoteAction::None, NoteAction::SelectAll, NoteAction::OpenMenu}) {
-        Perform(action, note_);
+        note_.Perform(action);
         EXPECT_EQ(view_.TakeCalls(), Calls{});
     }
 }
 
 TEST_F(Performing, ClosingFromTheMenuClosesAlsoWithAReminderSet) {
     ShowStored(u"Milk");
-    note_.SetReminder(DaySerial{45123.75});
-    Perform(NoteAction::Close, note_);
+    AsReminderOwner(note_).SetReminder(DaySerial{45123.75});
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_EQ(SavedFiles().size(), 1U);
 }
@@ -189,7 +189,7 @@ TEST_F(Performing, ClosingFromTheMenuClosesAlsoWithAReminderSet) {
 TEST_F(Performing, ClosingFromTheMenuMinimizesWhenThatIsOn) {
     settings_.minimizeToTray = true;
     ShowStored(u"Milk");
-    Perform(NoteAction::Close, note_);
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(view_.IsIconShowing());
     EXPECT_FALSE(IsDestroyed());
 }
@@ -198,10 +198,10 @@ TEST_F(Performing, TheTwoDeletionsDifferInTheirQuestion) {
     settings_.dontRecycleNotes = true;
     notice_.answer = false;
     ShowStored(u"Milk");
-    Perform(NoteAction::QueryDelete, note_);
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_EQ(notice_.questions.size(), 1U);
     EXPECT_FALSE(IsDestroyed());
-    Perform(NoteAction::QuickDelete, note_);
+    note_.Perform(NoteAction::QuickDelete);
     EXPECT_EQ(notice_.questions.size(), 1U);
     EXPECT_TRUE(IsDestroyed());
 }

@@ -18,35 +18,35 @@ class OpenNoteCommands : public OpenNoteTest {
 
 TEST_F(OpenNoteCommands, TheTimeStampIsInsertedBeforeTheWholeText) {
     ASSERT_TRUE(note_.SetText(u"abc"));
-    note_.AddTimestamp();
+    note_.Perform(NoteAction::AddTimestamp);
     EXPECT_EQ(note_.Text(), u"(" + locale_.GeneralDate(clock_.now) + u")\r\n\r\nabc");
     EXPECT_TRUE(note_.Data().Changed);
 }
 
 TEST_F(OpenNoteCommands, LargeTextIsSwitchedBothWays) {
-    Perform(NoteAction::ToggleLargeText, note_);
+    note_.Perform(NoteAction::ToggleLargeText);
     EXPECT_TRUE(note_.Data().LargeText);
-    Perform(NoteAction::ToggleLargeText, note_);
+    note_.Perform(NoteAction::ToggleLargeText);
     EXPECT_FALSE(note_.Data().LargeText);
 }
 
 TEST_F(OpenNoteCommands, TheTimeStampIsAnInsertionIntoTheText) {
     ShowStored(u"abc");
-    note_.AddTimestamp();
+    note_.Perform(NoteAction::AddTimestamp);
     EXPECT_EQ(view_.TakeCalls(), Calls{"InsertInFront"}) << "so that caret and undo stay the user's";
 }
 
 TEST_F(OpenNoteCommands, AFullNoteRefusesATimeStamp) {
     ShowStored(std::u16string(kMostNoteCharacters, u'x'));
-    note_.AddTimestamp();
+    note_.Perform(NoteAction::AddTimestamp);
     EXPECT_EQ(view_.Text().size(), kMostNoteCharacters);
     EXPECT_FALSE(note_.Data().Changed);
 }
 
 TEST_F(OpenNoteCommands, TheKeysFromNoteToNoteAskTheCollection) {
-    Perform(NoteAction::NextNote, note_);
+    note_.Perform(NoteAction::NextNote);
     EXPECT_EQ(owner_.neighborAsked, std::u16string(u"after ") + kKey);
-    Perform(NoteAction::PreviousNote, note_);
+    note_.Perform(NoteAction::PreviousNote);
     EXPECT_EQ(owner_.neighborAsked, std::u16string(u"before ") + kKey);
 }
 
@@ -67,7 +67,7 @@ TEST(NoteLimit, AppliesToTheSumOfOldAndNew) {
 
 TEST_F(OpenNoteCommands, TheFirstHiddenNoteGivesAHint) {
     ShowStored(u"Milk");
-    note_.HideWithHint();
+    note_.Perform(NoteAction::Hide);
     EXPECT_FALSE(view_.IsVisible());
     EXPECT_TRUE(note_.Data().Changed);
     ASSERT_EQ(notice_.balloons.size(), 1U);
@@ -84,7 +84,7 @@ TEST_F(OpenNoteCommands, TheFirstHiddenNoteGivesAHint) {
 TEST_F(OpenNoteCommands, TheHintIsShownOnlyOnceEver) {
     ShowStored(u"Milk");
     TesselRegistry(registry_, kUserKey).SetValueLong(u"Has hidden notes", 1);
-    note_.HideWithHint();
+    note_.Perform(NoteAction::Hide);
     EXPECT_TRUE(notice_.balloons.empty());
     EXPECT_EQ(notice_.sounds, std::vector<SystemSound>{SystemSound::RestoreDown}) << "the sound comes every time";
     EXPECT_EQ(HasHiddenNotes(), 1) << "what any other number says is left alone";
@@ -93,7 +93,7 @@ TEST_F(OpenNoteCommands, TheHintIsShownOnlyOnceEver) {
 TEST_F(OpenNoteCommands, WithBalloonsOffTheHintIsOnlyRecorded) {
     settings_.disableBalloonHelp = true;
     ShowStored(u"Milk");
-    note_.HideWithHint();
+    note_.Perform(NoteAction::Hide);
     EXPECT_TRUE(notice_.balloons.empty());
     EXPECT_TRUE(notice_.informs.empty());
     EXPECT_EQ(HasHiddenNotes(), -1);
@@ -103,13 +103,13 @@ TEST_F(OpenNoteCommands, AnOldSystemGivesTheHintInAMessageBox) {
     os_.windows2000OrLater = false;
     settings_.disableBalloonHelp = true;
     ShowStored(u"Milk");
-    note_.HideWithHint();
+    note_.Perform(NoteAction::Hide);
     EXPECT_TRUE(notice_.balloons.empty());
     EXPECT_EQ(notice_.informs,
               std::vector<std::u16string>{u"When a note is hidden, it can only be shown by clicking \"show all notes\" "
                                           u"on the main Quillo menu.  This message will not be shown again."});
     note_.Popup();
-    note_.HideWithHint();
+    note_.Perform(NoteAction::Hide);
     EXPECT_EQ(notice_.informs.size(), 1U);
 }
 
@@ -119,7 +119,7 @@ TEST_F(OpenNoteCommands, ACopyHasItsOwnNameAndDoesNotChangeTheNote) {
     ShowStored(u"Milk");
     const Note before = note_.Data();
     view_.copyPath = kDocuments + u"\\shopping.qln";
-    note_.SaveNoteAs();
+    note_.Perform(NoteAction::SaveCopy);
     const std::string copy = Content(view_.copyPath);
     EXPECT_NE(copy.find("<filename>C:\\Documents\\shopping.qln</filename>"), std::string::npos) << copy;
     EXPECT_EQ(copy.find("nodelete"), std::string::npos);
@@ -133,14 +133,14 @@ TEST_F(OpenNoteCommands, ACopyReplacesAnExistingFile) {
     ShowStored(u"Milk");
     view_.copyPath = kDocuments + u"\\old.qln";
     files_.Put(view_.copyPath, "older");
-    note_.SaveNoteAs();
+    note_.Perform(NoteAction::SaveCopy);
     EXPECT_EQ(Content(view_.copyPath).substr(0, 4), "Milk");
     EXPECT_EQ(SavedFiles().size(), 1U);
 }
 
 TEST_F(OpenNoteCommands, ACanceledCopyWritesNothing) {
     ShowStored(u"Milk");
-    note_.SaveNoteAs();
+    note_.Perform(NoteAction::SaveCopy);
     EXPECT_EQ(view_.TakeCalls(), Calls{"AskCopyPath"});
     EXPECT_TRUE(SavedFiles().empty());
 }
@@ -149,7 +149,7 @@ TEST_F(OpenNoteCommands, ANoteClosedWhileTheUserIsAskedIsNotCopied) {
     ShowStored(u"Milk");
     view_.copyPath = kDocuments + u"\\shopping.qln";
     view_.whileCopyPathAsked = [this] { note_.DestroyNote(); };
-    note_.SaveNoteAs();
+    note_.Perform(NoteAction::SaveCopy);
     EXPECT_TRUE(SavedFiles().empty());
 }
 
@@ -157,7 +157,7 @@ TEST_F(OpenNoteCommands, ACopyThatCannotBeWrittenIsNamedFromTheTextAndReported) 
     ShowStored(u"Milk");
     view_.copyPath = kDocuments + u"\\locked.qln";
     files_.FailPath(view_.copyPath);
-    note_.SaveNoteAs();
+    note_.Perform(NoteAction::SaveCopy);
     EXPECT_NE(Content(kDocuments + u"\\Milk.qln").find("<tempfilename>"), std::string::npos);
     ASSERT_EQ(notice_.warnings.size(), 1U);
     EXPECT_NE(notice_.warnings[0].find(kDocuments + u"\\Milk.qln"), std::u16string::npos);
@@ -169,7 +169,7 @@ TEST_F(OpenNoteCommands, ACopyThatCannotBeWrittenAnywhereIsReportedAndLosesNoFil
     view_.copyPath = kDocuments + u"\\taken.qln";
     files_.Put(view_.copyPath, "mine");
     files_.FailWrites(true);
-    note_.SaveNoteAs();
+    note_.Perform(NoteAction::SaveCopy);
     EXPECT_EQ(notice_.warnings, std::vector<std::u16string>{u"Quillo was unable to save a copy of this note."});
     EXPECT_EQ(Content(view_.copyPath), "mine");
 }

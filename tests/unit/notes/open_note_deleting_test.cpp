@@ -28,7 +28,7 @@ class OpenNoteDeleting : public OpenNoteTest {
         ASSERT_TRUE(note->SetText(u"Milk"));
         note->MarkChanged();
         ASSERT_TRUE(note->PersistNote());
-        note->DeleteNote();
+        note->Perform(NoteAction::QueryDelete);
         closed_ = windows_.Last().IsClosed();
     }
     bool closed_ = false;  ///< whether that note has closed its window
@@ -36,7 +36,7 @@ class OpenNoteDeleting : public OpenNoteTest {
 
 TEST_F(OpenNoteDeleting, DeletingPutsANoteFileIntoTheRecycleBin) {
     ShowStored(u"Milk");
-    note_.QueryDeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_FALSE(StorageExists());
     EXPECT_TRUE(SavedFiles().empty());
@@ -51,7 +51,7 @@ TEST_F(OpenNoteDeleting, DeletingPutsANoteFileIntoTheRecycleBin) {
 // Intended: only the quick ways make an empty note disappear.
 TEST_F(OpenNoteDeleting, DeletingWritesAFileOfAnEmptyNoteToo) {
     ShowStored(u"");
-    note_.QueryDeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_TRUE(IsDestroyed());
     ASSERT_EQ(shell_.recycled.size(), 1U);
     EXPECT_TRUE(shell_.recycled.front().path.ends_with(u"\\Note 1.qln"));
@@ -61,7 +61,7 @@ TEST_F(OpenNoteDeleting, DeletingPermanentlyAsksFirst) {
     settings_.dontRecycleNotes = true;
     ShowStored(u"Milk");
     notice_.answer = false;
-    note_.QueryDeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_FALSE(IsDestroyed());
     EXPECT_TRUE(StorageExists());
     ASSERT_EQ(notice_.questions.size(), 1U);
@@ -71,7 +71,7 @@ TEST_F(OpenNoteDeleting, DeletingPermanentlyAsksFirst) {
     EXPECT_EQ(notice_.questions[0].question, Question::OkCancelDefaultCancel);
 
     notice_.answer = true;
-    note_.QueryDeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_FALSE(StorageExists());
     EXPECT_TRUE(shell_.recycled.empty());
@@ -86,7 +86,7 @@ TEST_F(OpenNoteDeleting, ANoteClosedDuringTheDeleteQuestionIsNotRecycled) {
         settings_.dontRecycleNotes = false;
         owner_.RemoveNote(kKey);
     };
-    note_.QueryDeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_TRUE(shell_.recycled.empty());
     EXPECT_TRUE(StorageExists());
 }
@@ -95,14 +95,14 @@ TEST_F(OpenNoteDeleting, ADeletedNoteThatCannotBeSavedAnywhereIsLostOnlyOnYes) {
     ShowStored(u"Milk");
     files_.FailWrites(true);
     notice_.answer = false;
-    note_.DeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_FALSE(IsDestroyed());
     EXPECT_TRUE(StorageExists());
     ASSERT_EQ(notice_.questions.size(), 1U);
     EXPECT_EQ(notice_.questions[0].question, Question::YesNoDefaultNo);
 
     notice_.answer = true;
-    note_.DeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_FALSE(StorageExists());
     EXPECT_TRUE(shell_.recycled.empty());
@@ -111,7 +111,7 @@ TEST_F(OpenNoteDeleting, ADeletedNoteThatCannotBeSavedAnywhereIsLostOnlyOnYes) {
 TEST_F(OpenNoteDeleting, ADeletedNoteThatItsFolderRefusesIsKeptElsewhere) {
     ShowStored(u"Milk");
     files_.RemoveFolder(kDocuments);
-    note_.DeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_TRUE(shell_.recycled.empty());
     EXPECT_EQ(Content(u"C:\\Users\\ann\\Desktop\\Milk.qln").substr(0, 6), "Milk\r\n");
@@ -122,7 +122,7 @@ TEST_F(OpenNoteDeleting, ADeletedNoteThatItsFolderRefusesIsKeptElsewhere) {
 TEST_F(OpenNoteDeleting, AFileThatTheSystemDeletedPermanentlyIsWrittenAgain) {
     shell_.recycling = RecycleResult::Gone;
     ShowStored(u"Milk");
-    note_.DeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_FALSE(StorageExists());
     EXPECT_EQ(Content(kDocuments + u"\\Milk.qln").substr(0, 6), "Milk\r\n");
@@ -135,7 +135,7 @@ TEST_F(OpenNoteDeleting, AFileOfTheUsersOwnIsTheirOwnAgainAfterTheSystemDeletedI
     ShowStored(u"Milk");
     const std::u16string own = kDocuments + u"\\Shopping.qln";
     note_.SetFileName(own);
-    note_.DeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_EQ(SavedFiles(), std::vector<std::u16string>{own});
     EXPECT_NE(Content(own).find("<filename>C:\\Documents\\Shopping.qln</filename>"), std::string::npos);
@@ -167,7 +167,7 @@ TEST_F(OpenNoteDeleting, ANoteThatTheBinLostAndNoDiskAcceptsIsKeptUnlessTheUserG
 TEST_F(OpenNoteDeleting, AFileThatTheRecycleBinRefusesStays) {
     shell_.recycling = RecycleResult::Stays;
     ShowStored(u"Milk");
-    note_.DeleteNote();
+    note_.Perform(NoteAction::QueryDelete);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_FALSE(StorageExists());
     EXPECT_EQ(SavedFiles(), std::vector<std::u16string>{kDocuments + u"\\Milk.qln"});
@@ -179,7 +179,7 @@ TEST_F(OpenNoteDeleting, TheOnlyFileOfANoteIsNeverDeleted) {
     ASSERT_TRUE(note_.SetText(u"Milk"));
     note_.Saver().SetStorageCopy({path, 0});
     note_.SetFileName(kFolder + u"\\OWN.qln");  // in the same place, and deleted from there by another program
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_EQ(Content(kDocuments + u"\\Milk.qln").substr(0, 6), "Milk\r\n");
 }
@@ -188,7 +188,7 @@ TEST_F(OpenNoteDeleting, ANoteClosedIntoTheNotesFolderItselfKeepsThatFile) {
     settings_.noteFolder = kFolder;
     ASSERT_TRUE(note_.SetText(u"Milk"));
     note_.Saver().SetStorageCopy({kFolder + u"\\Milk.qln", 0});  // deleted by another program
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_EQ(Content(kFolder + u"\\Milk.qln").substr(0, 6), "Milk\r\n");
 }
@@ -197,7 +197,7 @@ TEST_F(OpenNoteDeleting, AStorageCopyThatIsOpenElsewhereIsDeletedLater) {
     ShowStored(u"Milk");
     const std::u16string copy = note_.Data().StoragePath;
     files_.FailPath(copy);
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_TRUE(StorageExists());
     EXPECT_EQ(store_.Journal().Unfinished().size(), 1U) << "for the next start";
@@ -242,7 +242,7 @@ TEST_F(OpenNoteDeleting, QuickDeleteNeverAsks) {
         note.MarkChanged();
         ASSERT_TRUE(note.PersistNote());
         shell_.recycled.clear();
-        note.QuickDelete();
+        note.Perform(NoteAction::QuickDelete);
         EXPECT_FALSE(owner.IsOpen(kKey));
         EXPECT_TRUE(view.IsClosed());
         EXPECT_EQ(shell_.recycled.size(), c.recycled);

@@ -20,6 +20,7 @@
 #include "testing/fake_shell.h"
 #include "testing/fake_timers.h"
 #include "testing/fake_user_notice.h"
+#include "testing/note_interfaces.h"
 #include "testing/recording_mail.h"
 #include "testing/recording_printer.h"
 #include "testing/recording_save_failures.h"
@@ -77,7 +78,7 @@ class OpenNoteTest : public ::testing::Test {
         notice_.Clear();
     }
     /// The note as its reminder's windows see it.
-    [[nodiscard]] ReminderOwner& Reminded() { return note_; }
+    [[nodiscard]] ReminderOwner& Reminded() { return AsReminderOwner(note_); }
     [[nodiscard]] bool IsDestroyed() const { return !owner_.IsOpen(kKey) && view_.IsClosed(); }
     [[nodiscard]] std::string Content(const std::u16string& path) { return files_.Read(path).value_or("(none)"); }
     [[nodiscard]] std::vector<std::u16string> SavedFiles() {

@@ -57,10 +57,10 @@ TEST_F(OpenNoteLeaving, TheIconsCaption) {
 
 TEST_F(OpenNoteLeaving, AClickOnItsIconShowsItAgain) {
     ShowStored(u"text");
-    note_.MinimizeByUser();
+    note_.Perform(NoteAction::Minimize);
     EXPECT_EQ(note_.AppearanceString().back(), u'2');
     DropRecords();
-    note_.ShowFromIcon();
+    note_.Perform(NoteAction::Show);
     EXPECT_EQ(notice_.sounds, std::vector<SystemSound>{SystemSound::RestoreUp});
     EXPECT_TRUE(view_.IsVisible());
     EXPECT_FALSE(view_.IsIconShowing());
@@ -72,7 +72,7 @@ TEST_F(OpenNoteLeaving, AClickOnItsIconShowsItAgain) {
 TEST_F(OpenNoteLeaving, ClosingANoteOfBlanksWritesNothing) {
     ShowStored(u"   ");
     ASSERT_TRUE(StorageExists());
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_FALSE(StorageExists());
     EXPECT_TRUE(SavedFiles().empty());
@@ -81,20 +81,20 @@ TEST_F(OpenNoteLeaving, ClosingANoteOfBlanksWritesNothing) {
 
 TEST_F(OpenNoteLeaving, ClosingAnEmptyNoteDestroysItAlsoWhenMinimizingIsOn) {
     settings_.minimizeToTray = true;
-    note_.CloseButtonClick();
+    note_.Perform(NoteAction::ClickClose);
     EXPECT_TRUE(IsDestroyed());
 }
 
 TEST_F(OpenNoteLeaving, ALineBreakIsATextToSave) {
     ShowStored(u"\r\n");
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_EQ(files_.List(shell_.FolderPath(SpecialFolder::DesktopDirectory), u".qln").size(), 1U);
 }
 
 TEST_F(OpenNoteLeaving, ClosingSavesToAFileNamedFromTheText) {
     ShowStored(u"Milk");
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_FALSE(StorageExists());
     EXPECT_EQ(notice_.sounds, std::vector<SystemSound>{SystemSound::RestoreDown});
@@ -108,7 +108,7 @@ TEST_F(OpenNoteLeaving, ClosingSavesToTheNotesOwnFile) {
     ShowStored(u"Milk");
     const std::u16string own = kDocuments + u"\\Shopping.qln";
     note_.SetFileName(own);
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_EQ(SavedFiles(), std::vector<std::u16string>{own});
     EXPECT_NE(Content(own).find("<filename>C:\\Documents\\Shopping.qln</filename>"), std::string::npos);
 }
@@ -118,7 +118,7 @@ TEST_F(OpenNoteLeaving, ClosingNeverOverwritesAFile) {
     const std::u16string own = kDocuments + u"\\Shopping.qln";
     files_.Put(own, "somebody else's");
     note_.SetFileName(own);
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_EQ(Content(own), "somebody else's");
     EXPECT_NE(Content(kDocuments + u"\\Milk.qln").find("<tempfilename>"), std::string::npos);
 }
@@ -127,14 +127,14 @@ TEST_F(OpenNoteLeaving, WithFileNamesForgottenANewFileIsNamedFromTheText) {
     settings_.doNotRememberFilenames = true;
     ShowStored(u"Milk");
     note_.SetFileName(kDocuments + u"\\Shopping.qln");
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_EQ(SavedFiles(), std::vector<std::u16string>{kDocuments + u"\\Milk.qln"});
 }
 
 TEST_F(OpenNoteLeaving, ClosingMinimizesWhenThatIsOn) {
     settings_.minimizeToTray = true;
     ShowStored(u"Milk");
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_FALSE(IsDestroyed());
     EXPECT_EQ(view_.TakeCalls(), (Calls{"ShowIcon", "SetOpacity none", "Hide"}));
     EXPECT_EQ(notice_.sounds, std::vector<SystemSound>{SystemSound::RestoreDown});
@@ -145,7 +145,7 @@ TEST_F(OpenNoteLeaving, ClosingMinimizesWhenThatIsOn) {
 TEST_F(OpenNoteLeaving, ANoteWhoseIconTheShellRefusesIsStillMinimized) {
     ShowStored(u"Milk");
     view_.shellRefusesIcons = true;
-    note_.MinimizeByUser();
+    note_.Perform(NoteAction::Minimize);
     EXPECT_FALSE(view_.IsIconShowing());
     EXPECT_TRUE(note_.AppearanceString().ends_with(u",2")) << "stored as minimized, not as hidden";
     (void)view_.TakeCalls();
@@ -159,16 +159,16 @@ TEST_F(OpenNoteLeaving, ANoteWhoseIconTheShellRefusesIsStillMinimized) {
 
 TEST_F(OpenNoteLeaving, ClosingFromTheMenuSavesANoteWithAReminderToo) {
     ShowStored(u"Milk");
-    note_.SetReminder(DaySerial{45123.75});
-    note_.CloseNote();
+    AsReminderOwner(note_).SetReminder(DaySerial{45123.75});
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_NE(Content(kDocuments + u"\\Milk.qln").find("<reminder>#45123.75</reminder>"), std::string::npos);
 }
 
 TEST_F(OpenNoteLeaving, AnEmptyNoteWithAReminderIsSaved) {
     ShowStored(u"");
-    note_.SetReminder(DaySerial{45123.75});
-    note_.CloseNote();
+    AsReminderOwner(note_).SetReminder(DaySerial{45123.75});
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_EQ(notice_.sounds.size(), 1U);
 }
@@ -177,7 +177,7 @@ TEST_F(OpenNoteLeaving, ANoteThatCannotBeSavedIsLostOnlyOnYes) {
     ShowStored(u"Milk");
     files_.FailWrites(true);
     notice_.answer = false;
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_FALSE(IsDestroyed());
     EXPECT_TRUE(view_.IsVisible());
     EXPECT_TRUE(StorageExists());
@@ -188,7 +188,7 @@ TEST_F(OpenNoteLeaving, ANoteThatCannotBeSavedIsLostOnlyOnYes) {
     EXPECT_EQ(notice_.questions[0].question, Question::YesNoDefaultNo);
 
     notice_.answer = true;
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_FALSE(StorageExists());
 }
@@ -198,7 +198,7 @@ TEST_F(OpenNoteLeaving, ANoteClosedDuringTheQuestionIsNotUsedAgain) {
     files_.FailWrites(true);
     notice_.answer = true;
     notice_.onAsk = [this] { owner_.RemoveNote(kKey); };
-    note_.CloseNote();
+    note_.Perform(NoteAction::Close);
     EXPECT_TRUE(StorageExists()) << "what removed it has decided about its file";
     EXPECT_FALSE(view_.IsClosed());
 }
@@ -207,8 +207,8 @@ TEST_F(OpenNoteLeaving, ANoteClosedDuringTheQuestionIsNotUsedAgain) {
 
 TEST_F(OpenNoteLeaving, TheCloseButtonHidesANoteWithAReminder) {
     ShowStored(u"Milk");
-    note_.SetReminder(DaySerial{45123.75});
-    note_.CloseButtonClick();
+    AsReminderOwner(note_).SetReminder(DaySerial{45123.75});
+    note_.Perform(NoteAction::ClickClose);
     EXPECT_FALSE(IsDestroyed());
     EXPECT_FALSE(view_.IsVisible());
     EXPECT_TRUE(note_.Data().Changed);
@@ -224,9 +224,9 @@ TEST_F(OpenNoteLeaving, TheCloseButtonHidesANoteWithAReminder) {
 
 TEST_F(OpenNoteLeaving, WithBalloonsOffItIsHiddenSilently) {
     settings_.disableBalloonHelp = true;
-    note_.SetReminder(DaySerial{45123.75});
+    AsReminderOwner(note_).SetReminder(DaySerial{45123.75});
     note_.Popup();
-    note_.CloseButtonClick();
+    note_.Perform(NoteAction::ClickClose);
     EXPECT_FALSE(view_.IsVisible());
     EXPECT_TRUE(notice_.balloons.empty());
     EXPECT_TRUE(notice_.informs.empty());
@@ -235,9 +235,9 @@ TEST_F(OpenNoteLeaving, WithBalloonsOffItIsHiddenSilently) {
 TEST_F(OpenNoteLeaving, AnOldSystemShowsItInAMessageBox) {
     os_.windows2000OrLater = false;
     settings_.disableBalloonHelp = true;
-    note_.SetReminder(DaySerial{45123.75});
+    AsReminderOwner(note_).SetReminder(DaySerial{45123.75});
     note_.Popup();
-    note_.CloseButtonClick();
+    note_.Perform(NoteAction::ClickClose);
     EXPECT_FALSE(view_.IsVisible());
     EXPECT_TRUE(notice_.balloons.empty());
     ASSERT_EQ(notice_.informs.size(), 1U);
@@ -252,9 +252,9 @@ TEST_F(OpenNoteLeaving, ANoteClosedDuringThatMessageBoxIsNotUsedAgain) {
         owner_, {settings_, {store_, timers_, failures_}, dates_, notice, hints, sharing_}, kKey, windows_);
     OpenNote& note = *opened;
     FakeNoteWindow& view = windows_.Last();
-    note.SetReminder(DaySerial{45123.75});
+    AsReminderOwner(note).SetReminder(DaySerial{45123.75});
     static_cast<void>(view.TakeCalls());
-    note.CloseButtonClick();
+    note.Perform(NoteAction::ClickClose);
     EXPECT_EQ(notice.informs.size(), 1U);
     EXPECT_TRUE(view.TakeCalls().empty());
 }
@@ -262,8 +262,8 @@ TEST_F(OpenNoteLeaving, ANoteClosedDuringThatMessageBoxIsNotUsedAgain) {
 TEST_F(OpenNoteLeaving, WithMinimizingOnTheCloseButtonMinimizesAlsoWithAReminder) {
     settings_.minimizeToTray = true;
     ShowStored(u"Milk");
-    note_.SetReminder(DaySerial{45123.75});
-    note_.CloseButtonClick();
+    AsReminderOwner(note_).SetReminder(DaySerial{45123.75});
+    note_.Perform(NoteAction::ClickClose);
     EXPECT_TRUE(view_.IsIconShowing());
     EXPECT_FALSE(view_.IsVisible());
     EXPECT_TRUE(notice_.balloons.empty());
@@ -272,7 +272,7 @@ TEST_F(OpenNoteLeaving, WithMinimizingOnTheCloseButtonMinimizesAlsoWithAReminder
 
 TEST_F(OpenNoteLeaving, WithoutAReminderTheCloseButtonCloses) {
     ShowStored(u"Milk");
-    note_.CloseButtonClick();
+    note_.Perform(NoteAction::ClickClose);
     EXPECT_TRUE(IsDestroyed());
     EXPECT_EQ(SavedFiles().size(), 1U);
 }

@@ -17,7 +17,7 @@ class OpenNoteReminderTest : public OpenNoteTest {
 
     /// A reminder that many days from now, not marked as a change.
     void SetSilently(double days) {
-        note_.SetReminder(DaySerial{clock_.now.days + days});
+        AsReminderOwner(note_).SetReminder(DaySerial{clock_.now.days + days});
         ASSERT_TRUE(note_.PersistNote());
         DropRecords();
     }
@@ -113,7 +113,7 @@ TEST_F(OpenNoteReminderTest, WithoutAnAlertTheNoteStaysOnTheScreen) {
 }
 
 TEST_F(OpenNoteReminderTest, AMinimizedNoteKeepsItsIconUntilTheAlertIsDismissed) {
-    note_.MinimizeByUser();
+    note_.Perform(NoteAction::Minimize);
     SetSilently(0);
     note_.TimerBroadcast();
     EXPECT_TRUE(view_.IsIconShowing());
@@ -125,36 +125,36 @@ TEST_F(OpenNoteReminderTest, AMinimizedNoteKeepsItsIconUntilTheAlertIsDismissed)
 // The dialog.
 
 TEST_F(OpenNoteReminderTest, TheDialogGetsTheReminderOrNone) {
-    note_.AskReminder();
+    note_.Perform(NoteAction::AskReminder);
     EXPECT_EQ(view_.DialogReminder(), kNoReminder);
     Reminded().SetReminderClosing();
-    note_.SetReminder(DaySerial{46000.5});
-    note_.AskReminder();
+    AsReminderOwner(note_).SetReminder(DaySerial{46000.5});
+    note_.Perform(NoteAction::AskReminder);
     EXPECT_EQ(view_.DialogReminder(), DaySerial{46000.5});
     Reminded().SetReminderClosing();
     note_.CancelReminder();
-    note_.AskReminder();
+    note_.Perform(NoteAction::AskReminder);
     EXPECT_EQ(view_.DialogReminder(), kNoReminder) << "a time that no longer counts";
 }
 
 TEST_F(OpenNoteReminderTest, AnOpenDialogComesToTheFront) {
-    note_.AskReminder();
-    note_.AskReminder();
+    note_.Perform(NoteAction::AskReminder);
+    note_.Perform(NoteAction::AskReminder);
     EXPECT_EQ(view_.TakeCalls(), (Calls{"OpenReminderDialog", "BringReminderDialogForward"}));
     Reminded().SetReminderClosing();
-    note_.AskReminder();
+    note_.Perform(NoteAction::AskReminder);
     EXPECT_EQ(view_.TakeCalls(), Calls{"OpenReminderDialog"});
 }
 
 TEST_F(OpenNoteReminderTest, ADialogThatDidNotOpenIsOpenedNextTime) {
     view_.refuseReminderWindows = true;
-    note_.AskReminder();
-    note_.AskReminder();
+    note_.Perform(NoteAction::AskReminder);
+    note_.Perform(NoteAction::AskReminder);
     EXPECT_EQ(view_.TakeCalls(), (Calls{"OpenReminderDialog", "OpenReminderDialog"}));
 }
 
 TEST_F(OpenNoteReminderTest, AskingChangesNothing) {
-    note_.AskReminder();
+    note_.Perform(NoteAction::AskReminder);
     EXPECT_FALSE(note_.Data().Changed);
 }
 
@@ -169,15 +169,15 @@ TEST_F(OpenNoteReminderTest, TheNotesOwnIconShowsTheBalloon) {
 
 TEST_F(OpenNoteReminderTest, EveryChangeIsSavedSoon) {
     const std::vector<std::pair<const char*, std::function<void()>>> changes = {
-        {"SetReminder", [this] { note_.SetReminder(DaySerial{46000}); }},
+        {"SetReminder", [this] { AsReminderOwner(note_).SetReminder(DaySerial{46000}); }},
         {"CancelReminderByUser", [this] { Reminded().CancelReminderByUser(); }},
-        {"SetLargeText", [this] { note_.SetLargeText(true); }},
-        {"AddTimestamp", [this] { note_.AddTimestamp(); }},
-        {"SetColor", [this] { note_.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }},
-        {"HideByUser", [this] { note_.HideByUser(); }},
+        {"SetLargeText", [this] { note_.Perform(NoteAction::ToggleLargeText); }},
+        {"AddTimestamp", [this] { note_.Perform(NoteAction::AddTimestamp); }},
+        {"SetColor", [this] { AsColorTarget(note_).SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }},
+        {"HideByUser", [this] { AsReminderOwner(note_).HideByUser(); }},
         {"PopupByUser", [this] { note_.PopupByUser(); }},
-        {"MinimizeByUser", [this] { note_.MinimizeByUser(); }},
-        {"ShowFromIcon", [this] { note_.ShowFromIcon(); }},
+        {"MinimizeByUser", [this] { note_.Perform(NoteAction::Minimize); }},
+        {"ShowFromIcon", [this] { note_.Perform(NoteAction::Show); }},
         {"an edit or a move", [this] { note_.MarkChanged(); }},
     };
     for (const auto& [name, change] : changes) {
@@ -201,7 +201,7 @@ TEST_F(OpenNoteReminderTest, SilentOperationsAreNotSaved) {
 }
 
 TEST_F(OpenNoteReminderTest, SettingAndCancelingAReminderRepaints) {
-    note_.SetReminder(DaySerial{45123.75});
+    AsReminderOwner(note_).SetReminder(DaySerial{45123.75});
     EXPECT_TRUE(note_.Data().ReminderSet);
     EXPECT_EQ(note_.Data().ReminderTime, DaySerial{45123.75});
     note_.CancelReminder();

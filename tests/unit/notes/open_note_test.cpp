@@ -230,12 +230,13 @@ TEST_F(OpenNoteTest, ChangesOfTheNoteMarkIt) {
         void (*act)(OpenNote&);
         bool changed;
     } cases[] = {
-        {"reminder", [](OpenNote& n) { n.SetReminder(DaySerial{45123.75}); }, true},
-        {"large text", [](OpenNote& n) { n.SetLargeText(true); }, true},
-        {"colors", [](OpenNote& n) { n.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); }, true},
-        {"default colors", [](OpenNote& n) { n.SetColor(false, {}, {}, {}); }, true},
-        {"hiding by the user", [](OpenNote& n) { n.HideByUser(); }, true},
-        {"minimizing by the user", [](OpenNote& n) { n.MinimizeByUser(); }, true},
+        {"reminder", [](OpenNote& n) { AsReminderOwner(n).SetReminder(DaySerial{45123.75}); }, true},
+        {"large text", [](OpenNote& n) { n.Perform(NoteAction::ToggleLargeText); }, true},
+        {"colors", [](OpenNote& n) { AsColorTarget(n).SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3}); },
+         true},
+        {"default colors", [](OpenNote& n) { AsColorTarget(n).SetColor(false, {}, {}, {}); }, true},
+        {"hiding by the user", [](OpenNote& n) { AsReminderOwner(n).HideByUser(); }, true},
+        {"minimizing by the user", [](OpenNote& n) { n.Perform(NoteAction::Minimize); }, true},
         {"canceling by the user", [](OpenNote& n) { static_cast<ReminderOwner&>(n).CancelReminderByUser(); }, true},
         {"dealt colors", [](OpenNote& n) { n.SetOwnColors(ColorWord{1}, ColorWord{2}, ColorWord{3}); }, false},
         {"colors applied again", [](OpenNote& n) { n.UpdateColors(); }, false},
@@ -295,7 +296,7 @@ TEST_F(OpenNoteTest, DefaultColorsFollowTheSettings) {
     EXPECT_EQ(view_.Applied().BorderColor, ColorWord{2});
     EXPECT_EQ(view_.Applied().TextColor, ColorWord{3});
 
-    note_.SetColor(false, ColorWord{4}, ColorWord{5}, ColorWord{6});
+    AsColorTarget(note_).SetColor(false, ColorWord{4}, ColorWord{5}, ColorWord{6});
     EXPECT_FALSE(note_.Data().OwnColors);
     EXPECT_EQ(view_.Applied().NoteColor, settings_.noteColor);
 }
@@ -303,23 +304,23 @@ TEST_F(OpenNoteTest, DefaultColorsFollowTheSettings) {
 TEST_F(OpenNoteTest, TheColorDialogOpensOnceUntilItHasClosed) {
     note_.SetOwnColors(ColorWord{1}, ColorWord{2}, ColorWord{3});
     static_cast<void>(view_.TakeCalls());
-    note_.AskNoteColor();
+    note_.Perform(NoteAction::ChangeColor);
     EXPECT_EQ(view_.TakeCalls(), std::vector<std::string>{"OpenColorDialog"});
     EXPECT_TRUE(view_.DialogOwnColors());
     EXPECT_EQ(view_.DialogColors(), (ColorScheme{ColorWord{1}, ColorWord{2}, ColorWord{3}}));
-    note_.AskNoteColor();
+    note_.Perform(NoteAction::ChangeColor);
     EXPECT_TRUE(view_.TakeCalls().empty());
     static_cast<NoteColorTarget&>(note_).ColorClosing();
-    note_.AskNoteColor();
+    note_.Perform(NoteAction::ChangeColor);
     EXPECT_EQ(view_.TakeCalls(), std::vector<std::string>{"OpenColorDialog"});
 }
 
 TEST_F(OpenNoteTest, AColorDialogThatCouldNotOpenCanBeAskedForAgain) {
     view_.refuseColorDialog = true;
-    note_.AskNoteColor();
+    note_.Perform(NoteAction::ChangeColor);
     view_.refuseColorDialog = false;
     static_cast<void>(view_.TakeCalls());
-    note_.AskNoteColor();
+    note_.Perform(NoteAction::ChangeColor);
     EXPECT_EQ(view_.TakeCalls(), std::vector<std::string>{"OpenColorDialog"});
 }
 
@@ -329,16 +330,16 @@ TEST_F(OpenNoteTest, TheFileSaysWhetherTheColorsAreItsOwn) {
         const std::size_t start = appearance.find(u',') + 1;
         return appearance.substr(start, appearance.find(u',', start) - start);
     };
-    note_.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3});
+    AsColorTarget(note_).SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3});
     EXPECT_EQ(second(), u"True");
-    note_.SetColor(false, ColorWord{1}, ColorWord{2}, ColorWord{3});
+    AsColorTarget(note_).SetColor(false, ColorWord{1}, ColorWord{2}, ColorWord{3});
     EXPECT_EQ(second(), u"False");
 }
 
 TEST_F(OpenNoteTest, LargeTextReachesTheWindow) {
-    note_.SetLargeText(true);
+    note_.Perform(NoteAction::ToggleLargeText);
     EXPECT_TRUE(view_.Applied().LargeText);
-    note_.SetLargeText(false);
+    note_.Perform(NoteAction::ToggleLargeText);
     EXPECT_FALSE(view_.Applied().LargeText);
 }
 
