@@ -30,7 +30,6 @@ namespace quillo {
 inline const std::u16string kFolder = u"C:\\Data\\Notes";
 inline const std::u16string kDocuments = u"C:\\Documents";
 inline const std::u16string kKey = u"1A2B";
-using Calls = std::vector<std::string>;
 
 /// A collection with only the note that has that key.
 class FakeNoteOwner : public NoteOwner {
@@ -53,6 +52,8 @@ class FakeNoteOwner : public NoteOwner {
 /// One open note on fakes.
 class OpenNoteTest : public ::testing::Test {
   protected:
+    using Calls = std::vector<std::string>;
+
     OpenNoteTest() {
         settings_.noteFolder = kDocuments;
         files_.PutFolder(kFolder);
