@@ -51,6 +51,7 @@ OpenOutcome NoteOpening::OpenNoteFile(std::u16string_view path, OpenMode mode) {
     if (mode == OpenMode::ByUser && !program_.startingUp) saveAll_.Run();
 
     const std::u16string plainPath(StripQuotes(path));
+    if (mode == OpenMode::AtStart && services_.saving.store.IsBeingDeleted(plainPath)) return OpenOutcome::Failed;
     // No other program can change the file between reading and deletion.
     const HoldResult held = HoldNoteFile(services_.saving.store.Files(), plainPath);
     if (!held.file) {
@@ -118,18 +119,15 @@ void NoteOpening::CreateNewNote() {
 /// The open note whose storage copy is that file, or which was opened from it before. Two notes on one file would
 /// overwrite each other's text, and closing one would delete the file of the other.
 OpenNote* NoteOpening::FindOpen(std::u16string_view path, const FileVersion& source) {
-    const auto comparable = [this](std::u16string_view name) {
-        return name.empty() ? std::u16string()
-                            : services_.dates.locale.ToLower(services_.saving.store.FullLongPath(name));
-    };
-    const std::u16string wanted = comparable(path);
+    const NoteStore& store = services_.saving.store;
+    const std::u16string wanted = store.Comparable(path);
     OpenNote* found = nullptr;
     program_.openNotes.ForEach([&](OpenNote& note) {
         const std::u16string& stored = note.Data().StoragePath;
         const FileVersion& opened = note.Saver().Source();
-        const bool storedThere = !stored.empty() && comparable(stored) == wanted;
+        const bool storedThere = !stored.empty() && store.Comparable(stored) == wanted;
         const bool openedThence =
-            !opened.path.empty() && opened.hash == source.hash && comparable(opened.path) == wanted;
+            !opened.path.empty() && opened.hash == source.hash && store.Comparable(opened.path) == wanted;
         if (storedThere || openedThence) found = &note;
     });
     return found;

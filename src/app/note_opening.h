@@ -24,7 +24,7 @@ enum class OpenOutcome {
     Done,      ///< the file is a note now, or its note was shown
     InUse,     ///< another program has the file open: a later attempt may work
     TooLarge,  ///< left unchanged
-    Failed,    ///< not a text file, missing, or too many notes are open
+    Failed,    ///< not a text file, missing, about to be deleted, or too many notes are open
 };
 
 /// Creates open notes: new ones, and those of files.

@@ -45,10 +45,6 @@ std::uint64_t Recovery::HashOf(const std::u16string& path) {
     return bytes ? ContentHash(*bytes) : 0;
 }
 
-bool Recovery::IsStill(const FileVersion& file) {
-    return file.hash != 0 && HashOf(file.path) == file.hash;
-}
-
 void Recovery::Finish(const SaveJournal::Record& record, Result& result) {
     const PendingStep& step = record.step;
     if (!step.prepared.empty()) {
@@ -73,8 +69,8 @@ void Recovery::FinishMove(const SaveJournal::Record& record) {
     const PendingStep& step = record.step;
     // The file prepared for the note's new place may be complete.
     if (!step.to.path.empty()) AdoptPreparedCopies(step.to.path);
-    const bool arrived = step.to.path.empty() || IsStill(step.to);
-    if (arrived && IsStill(step.from)) {
+    const bool arrived = step.to.path.empty() || store_.IsStill(step.to);
+    if (arrived && store_.IsStill(step.from)) {
         const bool isStorageCopy = FolderOfPath(step.from.path) == notesFolder_;
         if (isStorageCopy) return store_.DeleteStorageCopy(step.from, record.path);
         if (files_.Delete(step.from.path) == FileError::InUse) return;  // next time
@@ -84,13 +80,13 @@ void Recovery::FinishMove(const SaveJournal::Record& record) {
 
 void Recovery::FinishRecycling(const PendingStep& step) {
     // If the file is missing already, it may be in the bin or permanently deleted: the note then stays.
-    if (!IsStill(step.from) || !IsStill(step.to)) return;
+    if (!store_.IsStill(step.from) || !store_.IsStill(step.to)) return;
     if (store_.Recycle(step.to.path) == RecycleResult::Gone) return;
     store_.DeleteStorageCopy(step.from, {});
 }
 
 bool Recovery::FinishRescue(const PendingStep& step, Result& result) {
-    if (!IsStill(step.to)) return true;  // the user has opened or changed it since
+    if (!store_.IsStill(step.to)) return true;  // the user has opened or changed it since
     const NoteFile note = ParseNoteFile(files_.Read(step.to.path).value_or(std::string()), locale_);
     const std::optional<std::string> bytes = store_.FormatStorageCopy(note);
     const std::uint64_t now = HashOf(step.from.path);

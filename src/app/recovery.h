@@ -34,7 +34,6 @@ class Recovery {
     void AdoptPreparedCopies(std::u16string_view onlyCopy);
     void Adopt(const FileEntry& prepared, const std::u16string& copy);
     [[nodiscard]] std::uint64_t HashOf(const std::u16string& path);
-    [[nodiscard]] bool IsStill(const FileVersion& file);
 
     NoteStore& store_;
     FileStore& files_;

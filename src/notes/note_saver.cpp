@@ -82,6 +82,7 @@ void NoteSaver::LookForStorageCopy() {
 }
 
 void NoteSaver::SetStorageCopy(FileVersion copy) {
+    services_.store.KeepStorageCopy(copy.path);
     stored_ = !copy.path.empty();
     hash_ = copy.hash;
     note_.StoragePath = std::move(copy.path);

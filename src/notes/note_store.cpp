@@ -1,5 +1,6 @@
 #include "notes/note_store.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "app/base/note_names.h"
@@ -175,8 +176,30 @@ void NoteStore::DeleteStorageCopy(const FileVersion& copy, std::u16string record
 
 void NoteStore::RetryDeletions() {
     for (Deletion& deletion : std::exchange(deletions_, {})) {
-        DeleteStorageCopy(deletion.copy, std::move(deletion.record));
+        if (IsStill(deletion.copy)) {
+            DeleteStorageCopy(deletion.copy, std::move(deletion.record));
+        } else {
+            journal_.End(deletion.record);
+        }
     }
+}
+
+bool NoteStore::IsBeingDeleted(std::u16string_view path) const {
+    return std::any_of(deletions_.begin(), deletions_.end(),
+                       [&](const Deletion& deletion) { return Comparable(deletion.copy.path) == Comparable(path); });
+}
+
+void NoteStore::KeepStorageCopy(std::u16string_view path) {
+    std::erase_if(deletions_, [&](const Deletion& deletion) {
+        const bool kept = Comparable(deletion.copy.path) == Comparable(path);
+        if (kept) journal_.End(deletion.record);
+        return kept;
+    });
+}
+
+bool NoteStore::IsStill(const FileVersion& file) const {
+    const std::optional<std::string> bytes = files_.Read(file.path);
+    return bytes && ContentHash(*bytes) == file.hash;
 }
 
 std::u16string NoteStore::SaveTemporaryFile(const NoteFile& content) {
@@ -189,8 +212,8 @@ void NoteStore::DeleteTemporaryFile(std::u16string_view path) {
     Ignore(files_.Delete(path), "the system empties its temporary folder in time");
 }
 
-std::u16string NoteStore::FullLongPath(std::u16string_view path) const {
-    return shell_.FullLongPath(path);
+std::u16string NoteStore::Comparable(std::u16string_view path) const {
+    return path.empty() ? std::u16string() : locale_.ToLower(shell_.FullLongPath(path));
 }
 
 }  // namespace quillo

@@ -54,8 +54,8 @@ class NoteStore {
     /// `leaving`, records the step before writing anything; DeleteStorageCopy ends the record.
     [[nodiscard]] SavedNote SaveNote(const NoteFile& content, const SaveTarget& target,
                                      const LeavingNote& leaving = {});
-    /// In this form, two paths of one file differ in letter case at most.
-    [[nodiscard]] std::u16string FullLongPath(std::u16string_view path) const;
+    /// In this form, all paths of one file are equal.
+    [[nodiscard]] std::u16string Comparable(std::u16string_view path) const;
     /// Writes a note whose storage copy cannot be written to the first folder that accepts it: the "Note folder", the
     /// desktop, the temporary folder.
     [[nodiscard]] SavedNote Rescue(const NoteFile& content);
@@ -71,9 +71,15 @@ class NoteStore {
     /// A path for a new storage copy in the notes folder; "" if the system supplies no identifier.
     [[nodiscard]] std::u16string NewStoragePath();
     /// Deletes a storage copy and files prepared for it, and ends the record. If another program has the copy open,
-    /// RetryDeletions or the next start deletes it.
+    /// RetryDeletions or the next start deletes it, unless its bytes have changed by then.
     void DeleteStorageCopy(const FileVersion& copy, std::u16string record);
     void RetryDeletions();
+    /// True for a storage copy that still has to be deleted: a start does not open it.
+    [[nodiscard]] bool IsBeingDeleted(std::u16string_view path) const;
+    /// The user has opened the file as a note again: it is not deleted.
+    void KeepStorageCopy(std::u16string_view path);
+    /// False also if the file is missing or cannot be read.
+    [[nodiscard]] bool IsStill(const FileVersion& file) const;
 
     /// Writes the note to a free file in the temporary folder, marked as one that is kept when opened. Its full path,
     /// or "" if it could not be written.

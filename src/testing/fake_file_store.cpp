@@ -78,7 +78,7 @@ FileError FakeFileStore::Begin(std::u16string_view call, std::u16string_view pat
 FileError FakeFileStore::ErrorAt(const std::u16string& key) const {
     const auto failing = failing_.find(key);
     if (failing != failing_.end()) return failing->second;
-    return held_.count(key) != 0 ? FileError::InUse : FileError::None;
+    return held_.count(key) + heldShared_.count(key) != 0 ? FileError::InUse : FileError::None;
 }
 
 bool FakeFileStore::FitsOnDisk(std::size_t bytes) const {
@@ -214,6 +214,14 @@ void FakeFileStore::FailPath(std::u16string_view path, FileError error) {
 
 void FakeFileStore::HealPath(std::u16string_view path) {
     failing_.erase(Key(path));
+}
+
+void FakeFileStore::HoldShared(std::u16string_view path) {
+    heldShared_.insert(Key(path));
+}
+
+void FakeFileStore::ReleaseShared(std::u16string_view path) {
+    heldShared_.erase(Key(path));
 }
 
 void FakeFileStore::FailAfter(int calls) {

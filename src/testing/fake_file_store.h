@@ -49,6 +49,9 @@ class FakeFileStore : public FileStore {
     /// Every operation on that path fails, as when another program has the file open.
     void FailPath(std::u16string_view path, FileError error = FileError::InUse);
     void HealPath(std::u16string_view path);
+    /// That file can be read but not changed, as when another program reads it.
+    void HoldShared(std::u16string_view path);
+    void ReleaseShared(std::u16string_view path);
     /// The next `calls` calls that change the disk succeed; those after them fail.
     void FailAfter(int calls);
     /// The same, but the first call that fails stops halfway: a file that is being created keeps half of its bytes.
@@ -81,6 +84,7 @@ class FakeFileStore : public FileStore {
     std::set<std::u16string> removedFolders_;
     std::map<std::u16string, FileError> failing_;
     std::set<std::u16string> held_;
+    std::set<std::u16string> heldShared_;
     std::optional<std::size_t> capacity_;
     std::optional<int> callsLeft_;
     std::uint64_t clock_ = 0;

@@ -179,6 +179,23 @@ TEST_F(DiskTrouble, AClosedNoteWhoseCopyIsLockedStaysClosed) {
     EXPECT_EQ(RescuedText(), L"precious");
 }
 
+TEST_F(DiskTrouble, AClosedNoteWhoseCopyIsLockedDuringTheNextRunStaysClosed) {
+    const std::wstring path = Profile().AddNote(L"note.qln", NoteFile{"precious"}.Bytes());
+    Start();
+    FileHandle lock = Lock(path, FILE_SHARE_READ);
+    ASSERT_TRUE(lock);
+    const NoteWindow note = FindNote(Quillo(), L"precious");
+    PostMessageW(note.Handle(), WM_CLOSE, 0, 0);
+    ASSERT_TRUE(Eventually([&] { return !note.Exists(); }));
+    Quit();
+    Start();
+    EXPECT_TRUE(Texts().empty());
+    lock.Reset();
+    Quit();
+    EXPECT_FALSE(FileExists(path));
+    EXPECT_EQ(RescuedText(), L"precious");
+}
+
 TEST_F(DiskTrouble, AFileThatIsLockedAtTheStartIsOpenedOnceItIsFree) {
     const std::wstring path = Profile().AddNote(L"note.qln", NoteFile{"precious"}.Bytes());
     Profile().AddNote(L"other.qln", NoteFile{"other"}.Bytes());

@@ -36,13 +36,13 @@ class FaultTest : public testing::Test {
     }
     [[nodiscard]] OpenNote& Note() { return test_->views.Note(0); }
 
-    /// The machine fails with the program and starts again: only the disk is left.
+    /// The machine fails with the program and starts again: only the disk is left. The test goes on
+    /// with the new program.
     Outcome Restart() {
         test_->files.Revive();
-        FakeFileStore& disk = test_->files;
         Outcome outcome;
         auto next = std::make_unique<TestProgram>();
-        next->files = disk;
+        next->files = test_->files;
         const Recovery::Result result = next->recovery.Run();
         for (const FileEntry& file : next->files.List(kTestNotesFolder, kNoteExtension)) next->late.Open(file.path, 0);
         for (const std::u16string& path : result.files) next->late.Open(path, 0);
@@ -54,8 +54,11 @@ class FaultTest : public testing::Test {
             const NoteFile file = ParseNoteFile(*next->files.Read(path), next->locale);
             ++(file.text == kText ? outcome.outside : outcome.torn);
         }
-        for (const FakeShell* shell : {&test_->shell, &next->shell}) outcome.recycled += shell->recycled.size();
+        const auto& recycled = test_->shell.recycled;
+        next->shell.recycled.insert(next->shell.recycled.begin(), recycled.begin(), recycled.end());
+        outcome.recycled = next->shell.recycled.size();
         leftovers_ = next->files.PathsEndingIn(u".new").size() + next->files.PathsEndingIn(u".qlr").size();
+        test_ = std::move(next);
         return outcome;
     }
 
