@@ -54,9 +54,11 @@ void Recovery::Finish(const SaveJournal::Record& record, Result& result) {
         case PendingStep::Kind::Write:
             break;
         case PendingStep::Kind::Move:
-            return FinishMove(record);
+            // The file prepared for the note's new place may be complete.
+            if (!step.to.path.empty()) AdoptPreparedCopies(step.to.path);
+            return store_.FinishMove(record);
         case PendingStep::Kind::Recycle:
-            FinishRecycling(step);
+            if (!FinishRecycling(step)) return store_.Postpone(record);
             break;
         case PendingStep::Kind::Rescue:
             if (!FinishRescue(step, result)) return;
@@ -65,28 +67,18 @@ void Recovery::Finish(const SaveJournal::Record& record, Result& result) {
     store_.Journal().End(record.path);
 }
 
-void Recovery::FinishMove(const SaveJournal::Record& record) {
-    const PendingStep& step = record.step;
-    // The file prepared for the note's new place may be complete.
-    if (!step.to.path.empty()) AdoptPreparedCopies(step.to.path);
-    const bool arrived = step.to.path.empty() || store_.IsStill(step.to);
-    if (arrived && store_.IsStill(step.from)) {
-        const bool isStorageCopy = FolderOfPath(step.from.path) == notesFolder_;
-        if (isStorageCopy) return store_.DeleteStorageCopy(step.from, record.path);
-        if (files_.Delete(step.from.path) == FileError::InUse) return;  // next time
-    }
-    store_.Journal().End(record.path);
-}
-
-void Recovery::FinishRecycling(const PendingStep& step) {
+bool Recovery::FinishRecycling(const PendingStep& step) {
+    const FileState from = store_.StateOf(step.from);
+    const FileState to = store_.StateOf(step.to);
     // If the file is missing already, it may be in the bin or permanently deleted: the note then stays.
-    if (!store_.IsStill(step.from) || !store_.IsStill(step.to)) return;
-    if (store_.Recycle(step.to.path) == RecycleResult::Gone) return;
-    store_.DeleteStorageCopy(step.from, {});
+    if (from == FileState::Different || to == FileState::Different) return true;
+    if (from == FileState::Unreadable || to == FileState::Unreadable) return false;
+    if (store_.Recycle(step.to.path) != RecycleResult::Gone) store_.DeleteStorageCopy(step.from, {});
+    return true;
 }
 
 bool Recovery::FinishRescue(const PendingStep& step, Result& result) {
-    if (!store_.IsStill(step.to)) return true;  // the user has opened or changed it since
+    if (store_.StateOf(step.to) != FileState::Same) return true;  // the user has opened or changed it since
     const NoteFile note = ParseNoteFile(files_.Read(step.to.path).value_or(std::string()), locale_);
     const std::optional<std::string> bytes = store_.FormatStorageCopy(note);
     const std::uint64_t now = HashOf(step.from.path);

@@ -24,9 +24,9 @@ class Recovery {
 
   private:
     void Finish(const SaveJournal::Record& record, Result& result);
-    void FinishMove(const SaveJournal::Record& record);
-    void FinishRecycling(const PendingStep& step);
     /// True if the record is no longer needed.
+    [[nodiscard]] bool FinishRecycling(const PendingStep& step);
+    /// The same.
     [[nodiscard]] bool FinishRescue(const PendingStep& step, Result& result);
     /// Deletes storage copies that newer ones have replaced, which an earlier start has kept.
     void RemoveReplacedCopies();

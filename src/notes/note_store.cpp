@@ -170,36 +170,52 @@ void NoteStore::DeleteStorageCopy(const FileVersion& copy, std::u16string record
     if (error == FileError::None || error == FileError::NotFound || error == FileError::FolderMissing) {
         return journal_.End(record);
     }
-    if (record.empty()) record = journal_.Begin({PendingStep::Kind::Move, {}, copy, {}});
-    deletions_.push_back({copy, std::move(record)});
+    // Its own record depends on no other file, which the user may change or the Recycle Bin may take.
+    const PendingStep step{PendingStep::Kind::Move, {}, copy, {}};
+    std::u16string own = journal_.Begin(step);
+    if (!own.empty()) journal_.End(std::exchange(record, std::move(own)));
+    Postpone({std::move(record), step});
+}
+
+void NoteStore::FinishMove(const SaveJournal::Record& record) {
+    const PendingStep& step = record.step;
+    const FileState from = StateOf(step.from);
+    const FileState to = step.to.path.empty() ? FileState::Same : StateOf(step.to);
+    if (from == FileState::Different || to == FileState::Different) return journal_.End(record.path);
+    if (from == FileState::Unreadable || to == FileState::Unreadable) return Postpone(record);
+    if (FolderOfPath(step.from.path) == notesFolder_) return DeleteStorageCopy(step.from, record.path);
+    if (files_.Delete(step.from.path) == FileError::InUse) return Postpone(record);
+    journal_.End(record.path);
 }
 
 void NoteStore::RetryDeletions() {
-    for (Deletion& deletion : std::exchange(deletions_, {})) {
-        if (IsStill(deletion.copy)) {
-            DeleteStorageCopy(deletion.copy, std::move(deletion.record));
+    for (SaveJournal::Record& record : std::exchange(postponed_, {})) {
+        if (record.step.kind == PendingStep::Kind::Move) {
+            FinishMove(record);
         } else {
-            journal_.End(deletion.record);
+            Postpone(std::move(record));
         }
     }
 }
 
 bool NoteStore::IsBeingDeleted(std::u16string_view path) const {
-    return std::any_of(deletions_.begin(), deletions_.end(),
-                       [&](const Deletion& deletion) { return Comparable(deletion.copy.path) == Comparable(path); });
+    return std::any_of(postponed_.begin(), postponed_.end(), [&](const SaveJournal::Record& record) {
+        return Comparable(record.step.from.path) == Comparable(path);
+    });
 }
 
 void NoteStore::KeepStorageCopy(std::u16string_view path) {
-    std::erase_if(deletions_, [&](const Deletion& deletion) {
-        const bool kept = Comparable(deletion.copy.path) == Comparable(path);
-        if (kept) journal_.End(deletion.record);
+    std::erase_if(postponed_, [&](const SaveJournal::Record& record) {
+        const bool kept = Comparable(record.step.from.path) == Comparable(path);
+        if (kept) journal_.End(record.path);
         return kept;
     });
 }
 
-bool NoteStore::IsStill(const FileVersion& file) const {
+FileState NoteStore::StateOf(const FileVersion& file) const {
     const std::optional<std::string> bytes = files_.Read(file.path);
-    return bytes && ContentHash(*bytes) == file.hash;
+    if (!bytes) return files_.FileExists(file.path) ? FileState::Unreadable : FileState::Different;
+    return ContentHash(*bytes) == file.hash ? FileState::Same : FileState::Different;
 }
 
 std::u16string NoteStore::SaveTemporaryFile(const NoteFile& content) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "notes/disk_reserve.h"
@@ -73,13 +74,18 @@ class NoteStore {
     /// Deletes a storage copy and files prepared for it, and ends the record. If another program has the copy open,
     /// RetryDeletions or the next start deletes it, unless its bytes have changed by then.
     void DeleteStorageCopy(const FileVersion& copy, std::u16string record);
+    /// Finishes the move of a note, unless its files have changed since. If they cannot be read or deleted yet, the
+    /// record is kept.
+    void FinishMove(const SaveJournal::Record& record);
+    /// Keeps the record of a note that has left its storage copy for RetryDeletions or the next start.
+    void Postpone(SaveJournal::Record record) { postponed_.push_back(std::move(record)); }
     void RetryDeletions();
-    /// True for a storage copy that still has to be deleted: a start does not open it.
+    /// True for a storage copy that its note has left: a start does not open it.
     [[nodiscard]] bool IsBeingDeleted(std::u16string_view path) const;
     /// The user has opened the file as a note again: it is not deleted.
     void KeepStorageCopy(std::u16string_view path);
-    /// False also if the file is missing or cannot be read.
-    [[nodiscard]] bool IsStill(const FileVersion& file) const;
+    /// A missing file is different.
+    [[nodiscard]] FileState StateOf(const FileVersion& file) const;
 
     /// Writes the note to a free file in the temporary folder, marked as one that is kept when opened. Its full path,
     /// or "" if it could not be written.
@@ -94,11 +100,6 @@ class NoteStore {
   private:
     /// Writes a file in that folder, under a name made from the text.
     [[nodiscard]] SavedNote SaveInFolder(const NoteFile& content, std::u16string_view folder);
-    struct Deletion {
-        FileVersion copy;
-        std::u16string record;
-    };
-
     [[nodiscard]] SavedNote WriteOver(const std::u16string& path, std::string_view bytes);
     [[nodiscard]] SavedNote WriteNew(const std::u16string& path, std::string_view bytes, const LeavingNote& leaving);
     [[nodiscard]] FileError ReplaceStorageCopy(std::u16string_view path, std::string_view bytes);
@@ -111,7 +112,7 @@ class NoteStore {
     const std::u16string& notesFolder_;
     SaveJournal journal_;
     DiskReserve reserve_;
-    std::vector<Deletion> deletions_;  ///< storage copies that still have to be deleted
+    std::vector<SaveJournal::Record> postponed_;
 };
 
 /// A file prepared for a storage copy has the copy's name and this ending.

@@ -17,6 +17,9 @@ struct FileVersion {
     friend bool operator==(const FileVersion&, const FileVersion&) = default;
 };
 
+/// Whether a file still is what was recorded.
+enum class FileState { Same, Different, Unreadable };
+
 /// A step that changes more than one file, recorded before the first of them is changed. If the program dies during the
 /// step, the next start finishes it, provided that the files are still the recorded ones.
 struct PendingStep {

@@ -52,6 +52,9 @@ class FakeShell : public Shell {
     std::map<std::u16string, std::u16string, IgnoreCase> longNames;  ///< of path parts that have a short name
     std::vector<std::u16string> opened;                              ///< with its arguments, if any, after a blank
     std::vector<std::u16string> started;                             ///< in the same form, also after a failure
+    /// Identifiers are unique: those of a program that starts later come after those of the earlier one.
+    void ContinueIdentifiers(const FakeShell& earlier) { identifiers_ = earlier.identifiers_; }
+
     std::vector<Recycled> recycled;
     bool openWorks = true;
     bool startWorks = true;

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -36,13 +37,14 @@ class FaultTest : public testing::Test {
     }
     [[nodiscard]] OpenNote& Note() { return test_->views.Note(0); }
 
-    /// The machine fails with the program and starts again: only the disk is left. The test goes on
+    /// The machine fails with the program and starts again: only the disk is left. The test continues
     /// with the new program.
     Outcome Restart() {
         test_->files.Revive();
         Outcome outcome;
         auto next = std::make_unique<TestProgram>();
         next->files = test_->files;
+        next->shell.ContinueIdentifiers(test_->shell);
         const Recovery::Result result = next->recovery.Run();
         for (const FileEntry& file : next->files.List(kTestNotesFolder, kNoteExtension)) next->late.Open(file.path, 0);
         for (const std::u16string& path : result.files) next->late.Open(path, 0);
@@ -51,8 +53,9 @@ class FaultTest : public testing::Test {
         }
         for (const std::u16string& path : next->files.PathsEndingIn(kNoteExtension)) {
             if (path.substr(0, kTestNotesFolder.size()) == kTestNotesFolder) continue;
-            const NoteFile file = ParseNoteFile(*next->files.Read(path), next->locale);
-            ++(file.text == kText ? outcome.outside : outcome.torn);
+            const std::optional<std::string> bytes = next->files.Read(path);
+            if (!bytes) continue;  // locked by the test
+            ++(ParseNoteFile(*bytes, next->locale).text == kText ? outcome.outside : outcome.torn);
         }
         const auto& recycled = test_->shell.recycled;
         next->shell.recycled.insert(next->shell.recycled.begin(), recycled.begin(), recycled.end());

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "fault_fixture.h"
+#include "util/content_hash.h"
 #include "util/text.h"
+#include "util/unicode.h"
 
 namespace quillo {
 namespace {
@@ -72,6 +74,73 @@ TEST_F(LockedCopyTest, AClosedNoteStaysClosedWhileItsCopyCanOnlyBeRead) {
     EXPECT_TRUE(test_->quit.Run(QuitReason::Command));
     EXPECT_FALSE(test_->files.FileExists(copy));
     EXPECT_EQ(Records(), 0U);
+}
+
+TEST_F(LockedCopyTest, ADeletedNoteDoesNotComeBack) {
+    const std::u16string copy = Copy();
+    test_->files.FailPath(copy);
+    Note().DeleteNote();
+    test_->files.HealPath(copy);
+    const Outcome outcome = Restart();
+    EXPECT_EQ(outcome.open, 0U);
+    EXPECT_EQ(outcome.recycled, 1U);
+    EXPECT_EQ(leftovers_, 0U);
+    EXPECT_FALSE(test_->files.FileExists(copy));
+}
+
+TEST_F(LockedCopyTest, AClosedNoteWhoseFileTheUserEditsDoesNotComeBack) {
+    const std::u16string copy = Copy();
+    test_->files.FailPath(copy);
+    Note().CloseNote();
+    test_->files.HealPath(copy);
+    const auto closed = test_->files.List(kTestDesktop, kNoteExtension);
+    ASSERT_EQ(closed.size(), 1U);
+    test_->files.Put(closed[0].path, EncodeUtf8(kText));
+    const Outcome outcome = Restart();
+    EXPECT_EQ(outcome.open, 0U);
+    EXPECT_EQ(outcome.outside, 1U);
+    EXPECT_EQ(leftovers_, 0U);
+}
+
+TEST_F(LockedCopyTest, AClosedNoteStaysClosedWhileItsCopyCannotBeRead) {
+    const std::u16string copy = Copy();
+    test_->files.FailPath(copy);
+    Note().CloseNote();
+    static_cast<void>(test_->recovery.Run());
+    EXPECT_EQ(Restart().open, 0U);
+    test_->late.Begin();
+    test_->files.HealPath(copy);
+    test_->timers.Pass(60'000);
+    EXPECT_EQ(test_->program.openNotes.Count(), 0U) << "it is no note that waits for its file";
+    EXPECT_TRUE(test_->quit.Run(QuitReason::Command));
+    EXPECT_FALSE(test_->files.FileExists(copy));
+    EXPECT_EQ(Records(), 0U);
+}
+
+TEST_F(LockedCopyTest, AnInterruptedStepWaitsUntilItsFilesCanBeRead) {
+    for (const auto kind : {PendingStep::Kind::Move, PendingStep::Kind::Recycle}) {
+        Fresh();
+        const std::u16string copy = Copy();
+        const std::u16string closed = JoinPath(kTestDesktop, u"Buy milk.qln");
+        const std::string bytes = EncodeUtf8(kText);
+        test_->files.Put(closed, bytes);
+        ASSERT_NE(test_->store.Journal().Begin(
+                      {kind, {}, Note().Saver().StorageCopy(), FileVersion{closed, ContentHash(bytes)}}),
+                  u"");
+        for (const std::u16string& locked : {closed, copy}) {
+            test_->files.FailPath(locked);
+            EXPECT_EQ(Restart().open, 0U);
+            EXPECT_TRUE(test_->quit.Run(QuitReason::Command));
+            EXPECT_TRUE(test_->files.FileExists(closed));
+            EXPECT_TRUE(test_->files.FileExists(copy)) << "the other file is not known to be complete";
+            test_->files.HealPath(locked);
+        }
+        const Outcome outcome = Restart();
+        EXPECT_EQ(outcome.open, 0U);
+        EXPECT_EQ(outcome.outside + outcome.recycled, 1U);
+        EXPECT_EQ(outcome.recycled, kind == PendingStep::Kind::Recycle ? 1U : 0U);
+        EXPECT_EQ(leftovers_, 0U);
+    }
 }
 
 }  // namespace
