@@ -40,11 +40,6 @@ Recovery::Result Recovery::Run() {
     return result;
 }
 
-std::uint64_t Recovery::HashOf(const std::u16string& path) {
-    const std::optional<std::string> bytes = files_.Read(path);
-    return bytes ? ContentHash(*bytes) : 0;
-}
-
 void Recovery::Finish(const SaveJournal::Record& record, Result& result) {
     const PendingStep& step = record.step;
     if (!step.prepared.empty()) {
@@ -78,12 +73,15 @@ bool Recovery::FinishRecycling(const PendingStep& step) {
 }
 
 bool Recovery::FinishRescue(const PendingStep& step, Result& result) {
-    if (store_.StateOf(step.to) != FileState::Same) return true;  // the user has opened or changed it since
+    const FileState rescued = store_.StateOf(step.to);
+    if (rescued == FileState::Different) return true;  // the user has opened or changed it since
+    const std::optional<std::string> copy = files_.Read(step.from.path);
+    // Opened beside a copy that is only locked for a moment, the text would be a second note.
+    if (rescued == FileState::Unreadable || (!copy && files_.FileExists(step.from.path))) return false;
     const NoteFile note = ParseNoteFile(files_.Read(step.to.path).value_or(std::string()), locale_);
     const std::optional<std::string> bytes = store_.FormatStorageCopy(note);
-    const std::uint64_t now = HashOf(step.from.path);
-    const bool placed = bytes && now == ContentHash(*bytes);
-    if (!placed && now != step.from.hash) {
+    const bool placed = bytes && copy == bytes;
+    if (!placed && (copy ? ContentHash(*copy) : 0) != step.from.hash) {
         result.files.push_back(step.to.path);  // both are texts of the user
         return true;
     }

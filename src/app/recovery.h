@@ -33,7 +33,6 @@ class Recovery {
     /// Moves complete prepared storage copies to their places, or deletes them: all, or those for one copy.
     void AdoptPreparedCopies(std::u16string_view onlyCopy);
     void Adopt(const FileEntry& prepared, const std::u16string& copy);
-    [[nodiscard]] std::uint64_t HashOf(const std::u16string& path);
 
     NoteStore& store_;
     FileStore& files_;

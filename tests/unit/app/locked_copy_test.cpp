@@ -143,5 +143,50 @@ TEST_F(LockedCopyTest, AnInterruptedStepWaitsUntilItsFilesCanBeRead) {
     }
 }
 
+// Rescued notes.
+
+class LockedRescueTest : public LockedCopyTest {
+  protected:
+    /// A changed note is rescued, and its storage copy can be written again afterwards.
+    void SetUp() override {
+        LockedCopyTest::SetUp();
+        copy_ = Copy();
+        test_->files.FailPath(copy_, FileError::NoPermission);
+        ASSERT_TRUE(Note().SetText(u"changed"));
+        Note().MarkChanged();
+        ASSERT_TRUE(test_->quit.Run(QuitReason::Command));
+        test_->files.HealPath(copy_);
+        ASSERT_EQ(test_->files.List(kTestDesktop, kNoteExtension).size(), 1U);
+        rescued_ = test_->files.List(kTestDesktop, kNoteExtension)[0].path;
+    }
+    void ExpectRestored() {
+        const Recovery::Result result = test_->recovery.Run();
+        EXPECT_EQ(result.restored, 1);
+        EXPECT_TRUE(result.files.empty());
+        EXPECT_EQ(TextAt(copy_), u"changed");
+        EXPECT_FALSE(test_->files.FileExists(rescued_));
+        EXPECT_EQ(Records(), 0U);
+    }
+
+    std::u16string copy_;
+    std::u16string rescued_;
+};
+
+TEST_F(LockedRescueTest, ARescuedFileThatCannotBeReadIsRestoredLater) {
+    test_->files.FailPath(rescued_);
+    EXPECT_EQ(test_->recovery.Run().restored, 0);
+    test_->files.HealPath(rescued_);
+    ExpectRestored();
+}
+
+TEST_F(LockedRescueTest, ANoteWhoseStorageCopyCannotBeReadIsRestoredLater) {
+    test_->files.FailPath(copy_);
+    const Recovery::Result result = test_->recovery.Run();
+    EXPECT_EQ(result.restored, 0);
+    EXPECT_TRUE(result.files.empty()) << "it would be a second note";
+    test_->files.HealPath(copy_);
+    ExpectRestored();
+}
+
 }  // namespace
 }  // namespace quillo
