@@ -16,9 +16,11 @@
 #include "app/open_notes.h"
 #include "ports/locale_text.h"
 #include "registry/tessel_registry.h"
+#include "util/content_hash.h"
 #include "util/ignore.h"
 #include "util/numbers.h"
 #include "util/text.h"
+#include "util/unicode.h"
 
 namespace quillo {
 
@@ -100,6 +102,21 @@ std::set<std::int64_t> NumbersOf(const TextTable& values, std::int64_t count) {
     return numbers;
 }
 
+/// The name of the storage copy of a note of the store, in the form of an identifier. The same values yield the same
+/// name, so that an import recognizes the file of one that was killed before it could clear the store.
+std::u16string IdentifierOf(const TesselRegistry& store, std::int64_t number) {
+    std::u16string values;
+    for (const std::u16string_view name : kOfEachNote) {
+        values.append(store.Value(Numbered(name, number))).append(1, u'\0');
+    }
+    std::u16string identifier = u"{";
+    for (std::uint64_t half : {ContentHash(EncodeUtf8(values)), static_cast<std::uint64_t>(number)}) {
+        for (int digit = 0; digit < 16; ++digit, half <<= 4) identifier += u"0123456789ABCDEF"[half >> 60];
+    }
+    for (const std::size_t dash : {9U, 14U, 19U, 24U}) identifier.insert(dash, 1, u'-');
+    return identifier + u"}";
+}
+
 }  // namespace
 
 bool LegacyNotes::Import(const NoteServices& services) {
@@ -109,7 +126,9 @@ bool LegacyNotes::Import(const NoteServices& services) {
     if (!store.GetAllValues(values)) return false;  // the rest of the store would be lost when it is cleared
     numbers_ = NumbersOf(values, store.ValueLong(setting::kNotes));
     for (const std::int64_t number : numbers_) {
-        const OpenNote* note = ImportNote(services, store, number);
+        std::u16string path = services.saving.store.StoragePathOf(IdentifierOf(store, number));
+        if (services.saving.store.Files().FileExists(path)) continue;  // opened with the other files
+        const OpenNote* note = ImportNote(services, store, number, std::move(path));
         if (note == nullptr) {
             TakeBackImport();
             return false;
@@ -120,7 +139,8 @@ bool LegacyNotes::Import(const NoteServices& services) {
     return anyHidden;
 }
 
-OpenNote* LegacyNotes::ImportNote(const NoteServices& services, const TesselRegistry& store, std::int64_t number) {
+OpenNote* LegacyNotes::ImportNote(const NoteServices& services, const TesselRegistry& store, std::int64_t number,
+                                  std::u16string storagePath) {
     OpenNote* added = notes_.Add(services, NewNoteIdentifier(notes_, random_));
     if (added == nullptr) return nullptr;
     OpenNote& note = *added;
@@ -133,6 +153,7 @@ OpenNote* LegacyNotes::ImportNote(const NoteServices& services, const TesselRegi
     Ignore(note.SetAppearanceString(store.Value(Numbered(kAppearance, number))),
            "a state that is not known leaves the note unseen, and that is reported");
     note.SetFileName(store.Value(Numbered(kFileName, number)));
+    note.Saver().SetStoragePath(std::move(storagePath));
     note.MarkChanged();
     unsaved_[note.NoteKey()] = note.Text();
     return added;
@@ -144,6 +165,14 @@ void LegacyNotes::TakeBackImport() {
         if (OpenNote* note = notes_.Find(key)) note->DestroyNote();
     }
     numbers_.clear();
+}
+
+void LegacyNotes::SaveImported() {
+    if (numbers_.empty()) return;
+    for (const auto& [key, text] : unsaved_) {
+        if (OpenNote* note = notes_.Find(key)) note->PersistNote();
+    }
+    ClearWhatIsSaved();
 }
 
 void LegacyNotes::ClearWhatIsSaved() {
@@ -163,6 +192,8 @@ bool LegacyNotes::StillHolds(const OpenNote& note) const {
 void LegacyNotes::Clear() {
     TesselRegistry store(registry_, kUserKey);
     const std::int64_t count = store.ValueLong(setting::kNotes);
+    // First: a count whose notes are partly deleted would be imported as empty notes.
+    if (count != 0) store.SetValueLong(setting::kNotes, 0);
     for (const std::int64_t number : numbers_) {
         if (number > count) break;
         for (const std::u16string_view name : kOfEachNote) {

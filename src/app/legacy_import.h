@@ -26,6 +26,9 @@ class LegacyNotes {
     /// nothing and the store keeps all notes.
     [[nodiscard]] bool Import(const NoteServices& services);
 
+    /// Saves the imported notes and clears the store at once: until then, a kill leaves them in both places. Notes of
+    /// files must have been opened before.
+    void SaveImported();
     /// Called after all open notes have been saved: clears the store if that has worked for all of its notes.
     void ClearWhatIsSaved();
     /// True while the store still has the note with exactly this text.
@@ -33,7 +36,8 @@ class LegacyNotes {
 
   private:
     /// Null if the note's window cannot be created or does not take the whole text.
-    [[nodiscard]] OpenNote* ImportNote(const NoteServices& services, const TesselRegistry& store, std::int64_t number);
+    [[nodiscard]] OpenNote* ImportNote(const NoteServices& services, const TesselRegistry& store, std::int64_t number,
+                                       std::u16string storagePath);
     /// Closes the notes imported so far, which are in no file yet.
     void TakeBackImport();
     void Clear();

@@ -117,6 +117,7 @@ bool Startup::OpenSavedNotes() {
         notes_.late.Open(file.path, file.size);
     }
     program.loadingNotes = false;
+    notes_.legacy.SaveImported();
     for (const std::u16string& path : rescued_) notes_.late.Open(path, 0);
     notes_.late.Begin();
     return anyHidden;

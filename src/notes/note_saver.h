@@ -49,6 +49,8 @@ class NoteSaver {
     void SetStorageCopy(FileVersion copy);
     /// Gives the note a path for its storage copy, unless it has one.
     void ChooseStoragePath();
+    /// Chooses the path of the storage copy of a note that has none yet.
+    void SetStoragePath(std::u16string path) { note_.StoragePath = std::move(path); }
     /// The storage copy as it was last written or opened.
     [[nodiscard]] FileVersion StorageCopy() const { return {note_.StoragePath, hash_}; }
     /// The note was opened from a file that still exists: the same bytes are not opened a second time.

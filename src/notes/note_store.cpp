@@ -155,7 +155,11 @@ FileError NoteStore::ReplaceStorageCopy(std::u16string_view path, std::string_vi
 
 std::u16string NoteStore::NewStoragePath() {
     const std::u16string identifier = shell_.NewUniqueIdentifier();
-    return identifier.empty() ? identifier : JoinPath(notesFolder_, identifier + std::u16string(kNoteExtension));
+    return identifier.empty() ? identifier : StoragePathOf(identifier);
+}
+
+std::u16string NoteStore::StoragePathOf(std::u16string_view identifier) const {
+    return JoinPath(notesFolder_, identifier).append(kNoteExtension);
 }
 
 void NoteStore::DeleteStorageCopy(const FileVersion& copy, std::u16string record) {

@@ -71,6 +71,7 @@ class NoteStore {
 
     /// A path for a new storage copy in the notes folder; "" if the system supplies no identifier.
     [[nodiscard]] std::u16string NewStoragePath();
+    [[nodiscard]] std::u16string StoragePathOf(std::u16string_view identifier) const;
     /// Deletes a storage copy and files prepared for it, and ends the record. If another program has the copy open,
     /// RetryDeletions or the next start deletes it, unless its bytes have changed by then.
     void DeleteStorageCopy(const FileVersion& copy, std::u16string record);

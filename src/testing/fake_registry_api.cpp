@@ -101,7 +101,7 @@ std::optional<std::int32_t> FakeRegistryApi::QueryNumber(Key key, std::u16string
 
 bool FakeRegistryApi::SetText(Key key, std::u16string_view name, std::u16string_view text) {
     Node* node = Find(key);
-    if (!node) return false;
+    if (!node || !MayChange()) return false;
     node->Set(name, std::u16string(text));
     log_.push_back(u"set " + std::u16string(name));
     return true;
@@ -109,7 +109,7 @@ bool FakeRegistryApi::SetText(Key key, std::u16string_view name, std::u16string_
 
 bool FakeRegistryApi::SetNumber(Key key, std::u16string_view name, std::int32_t number) {
     Node* node = Find(key);
-    if (!node) return false;
+    if (!node || !MayChange()) return false;
     node->Set(name, number);
     log_.push_back(u"set " + std::u16string(name));
     return true;
@@ -120,7 +120,7 @@ bool FakeRegistryApi::DeleteValue(Key key, std::u16string_view name) {
     if (!node) return false;
     const auto found = std::find_if(node->values.begin(), node->values.end(),
                                     [name](const auto& value) { return SameName(value.first, name); });
-    if (found == node->values.end()) return false;
+    if (found == node->values.end() || !MayChange()) return false;
     if (onDelete_) onDelete_();
     node->values.erase(found);
     log_.push_back(u"delete " + std::u16string(name));

@@ -48,6 +48,9 @@ class FakeRegistryApi : public RegistryApi {
     void Refuse(Key root) { refused_.insert(root); }
     /// From now on enumeration fails at the value with that name and at those after it.
     void RefuseEnumerationAt(std::u16string_view name) { unreadable_ = name; }
+    /// The next `changes` changes succeed; those after them fail, as after a kill.
+    void FailAfter(int changes) { changesLeft_ = changes; }
+    void Revive() { changesLeft_.reset(); }
     /// Called before each value that is deleted.
     void OnDelete(std::function<void()> handler) { onDelete_ = std::move(handler); }
 
@@ -81,6 +84,7 @@ class FakeRegistryApi : public RegistryApi {
         void Set(std::u16string_view name, Data data);
     };
 
+    [[nodiscard]] bool MayChange() { return !changesLeft_ || (*changesLeft_)-- > 0; }
     [[nodiscard]] static std::u16string AsText(const Data& data);
     [[nodiscard]] Node* Find(Key key) const;
     [[nodiscard]] const Node* Find(std::u16string_view path) const;
@@ -92,6 +96,7 @@ class FakeRegistryApi : public RegistryApi {
     std::set<Key> refused_;
     std::u16string unreadable_;
     std::function<void()> onDelete_;
+    std::optional<int> changesLeft_;
     Key nextKey_ = 1;
     std::vector<std::u16string> log_;
     int valuesRead_ = 0;

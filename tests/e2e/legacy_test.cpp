@@ -145,17 +145,26 @@ TEST_F(OldStore, DamagedNotesOpenAsFarAsTheyCanBeRead) {
     EXPECT_EQ(StorageCopies().size(), 50U);
 }
 
+TEST_F(OldStore, AKillAfterTheStartNeitherLosesNorDoublesANote) {
+    PutTwo();
+    for (int start = 0; start < 2; ++start) {
+        Start();
+        EXPECT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 2; }));
+        Quillo().Kill();
+    }
+    Start();
+    EXPECT_EQ(NotesOf(Quillo()).size(), 2U);
+    EXPECT_EQ(ValuesLeft(2), 0);
+    EXPECT_EQ(StorageCopies().size(), 2U);
+}
+
 TEST_F(OldStore, StaysWholeWhileANoteCannotBeWritten) {
     PutTwo();
-    Start();
-    ASSERT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 2; }));
     // A file instead of the folder: nothing can be written there.
-    ASSERT_TRUE(Eventually([&] {
-        std::error_code ignored;
-        std::filesystem::remove_all(Profile().NotesFolder(), ignored);
-        return !FolderExists(Profile().NotesFolder());
-    }));
+    std::filesystem::remove_all(Profile().NotesFolder());
     WriteBytes(Profile().NotesFolder(), "in the way");
+    Start();
+    EXPECT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 2; }));
     Quit();
     EXPECT_EQ(ValuesLeft(2), 11);
 

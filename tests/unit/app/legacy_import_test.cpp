@@ -229,6 +229,7 @@ TEST_F(LegacyNotesTest, TheValuesAreDeletedInOrderAndTheCountLast) {
     test_.registry.ClearLog();
     test_.saveAll.Run();
     const std::vector<std::u16string> expected{u"open " + std::u16string(kUserKey),
+                                               u"set Notes",
                                                u"delete Note 1",
                                                u"delete Note size 1",
                                                u"delete Note reminder 1",

@@ -2,6 +2,7 @@ target_sources(quillo_core_tests PRIVATE
   unit/app/command_line_test.cpp
   unit/app/hints_test.cpp
   unit/app/legacy_import_test.cpp
+  unit/app/legacy_kill_test.cpp
   unit/app/locked_copy_test.cpp
   unit/app/note_names_test.cpp
   unit/app/note_opening_test.cpp
