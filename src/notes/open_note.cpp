@@ -373,8 +373,15 @@ void OpenNote::TimerBroadcast() {
     // Intended without marking the note changed: after a crash, an unanswered reminder is due again.
     CancelReminder();
     if (check != ReminderCheck::ClearAndAlert) return;
+    hashBeforeAlert_ = saver_.StorageCopy().hash;
     // Messages are pumped: a user who has already dismissed the alert wants to see the note.
     if (reminder_.Alert(window_->Dialogs(), window_->Text()) && IsOpen()) HideNote();
+}
+
+void OpenNote::ReminderClosing() {
+    reminder_.AlertClosed();
+    // What was written meanwhile says that the note is hidden.
+    if (saver_.StorageCopy().hash != hashBeforeAlert_) MarkChanged();
 }
 
 }  // namespace quillo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -139,7 +140,7 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     void SetColor(bool own, ColorWord noteColor, ColorWord borderColor, ColorWord textColor) override;
     void ShowIconBalloon(std::u16string_view text, std::u16string_view title, BalloonIcon icon) override;
     void SetReminderClosing() override { reminder_.DialogClosed(); }
-    void ReminderClosing() override { reminder_.AlertClosed(); }
+    void ReminderClosing() override;
     void ColorClosing() override { colorDialogOpen_ = false; }
 
     /// Applies the fields that are present. True if the window state was one of the three.
@@ -155,6 +156,7 @@ class OpenNote : public ReminderOwner, public NoteColorTarget {
     NoteSaver saver_;
     ReminderKeeper reminder_{note_};
     NoteLeaving leaving_{services_, owner_, note_, saver_};
+    std::uint64_t hashBeforeAlert_ = 0;  ///< of the storage copy when the alert was opened
     bool iconWanted_ = false;       ///< the note should have its own icon, whether or not the shell has accepted it yet
     bool colorDialogOpen_ = false;  ///< from opening the dialog until it closes, even if it shows another note by then
     std::unique_ptr<NoteWindow> window_;  ///< last: its end calls the note

@@ -21,6 +21,14 @@ class OpenNoteReminderTest : public OpenNoteTest {
         ASSERT_TRUE(note_.PersistNote());
         DropRecords();
     }
+    void Dismiss() {
+        note_.Popup();
+        Reminded().ReminderClosing();
+    }
+    [[nodiscard]] std::optional<WindowState> StoredState() {
+        const NoteFile file = ParseNoteFile(Content(note_.Data().StoragePath), locale_);
+        return file.appearance ? file.appearance->state : std::nullopt;
+    }
     /// True while the note waits to be saved.
     [[nodiscard]] bool IsSavePending() const { return timers_.Running() != 0; }
     [[nodiscard]] bool Did(const std::string& call) {
@@ -110,6 +118,38 @@ TEST_F(OpenNoteReminderTest, WithoutAnAlertTheNoteStaysOnTheScreen) {
     SetSilently(0);
     note_.TimerBroadcast();
     EXPECT_FALSE(note_.IsVisible()) << "an alert that was never shown is not open";
+}
+
+TEST_F(OpenNoteReminderTest, ANoteWrittenWhileItsAlertIsOpenIsStoredAgainAsItComesBack) {
+    SetSilently(0);
+    note_.TimerBroadcast();
+    note_.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3});  // in a dialog that was already open
+    timers_.Pass(2000);
+    ASSERT_EQ(StoredState(), WindowState::Hidden);
+    Dismiss();
+    timers_.Pass(2000);
+    EXPECT_EQ(StoredState(), WindowState::Shown);
+}
+
+TEST_F(OpenNoteReminderTest, ANoteThatCouldBeWrittenOnlyWhileItsAlertIsOpenIsStoredAgain) {
+    SetSilently(1);
+    files_.FailPath(note_.Data().StoragePath);
+    note_.SetReminder(clock_.now);
+    note_.TimerBroadcast();
+    files_.HealPath(note_.Data().StoragePath);
+    timers_.Pass(10'000);
+    ASSERT_EQ(StoredState(), WindowState::Hidden);
+    Dismiss();
+    timers_.Pass(2000);
+    EXPECT_EQ(StoredState(), WindowState::Shown);
+}
+
+TEST_F(OpenNoteReminderTest, DismissingTheAlertOfAnUnchangedNoteDoesNotMarkIt) {
+    SetSilently(0);
+    note_.TimerBroadcast();
+    Dismiss();
+    EXPECT_FALSE(note_.Data().Changed);
+    EXPECT_FALSE(IsSavePending());
 }
 
 TEST_F(OpenNoteReminderTest, AMinimizedNoteKeepsItsIconUntilTheAlertIsDismissed) {
