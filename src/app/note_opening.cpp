@@ -61,8 +61,12 @@ OpenOutcome NoteOpening::OpenNoteFile(std::u16string_view path, OpenMode mode) {
     const FileVersion source{plainPath, ContentHash(held.file->Bytes())};
     // While the saved notes are loaded, no file occurs twice.
     if (OpenNote* open = program_.loadingNotes ? nullptr : FindOpen(plainPath, source)) {
-        open->Popup();
-        if (mode == OpenMode::ByUser) open->Activate();
+        if (mode == OpenMode::AtStart) {
+            open->Popup();
+        } else {
+            open->PopupByUser();
+            open->Activate();
+        }
         return OpenOutcome::Done;
     }
     NoteFile content = ParseNoteFile(held.file->Bytes(), services_.dates.locale);

@@ -209,5 +209,18 @@ TEST_F(OpenNotesTest, OnlyChangedNotesAreWritten) {
     EXPECT_EQ(test_.StoredFiles().size(), 1U);
 }
 
+TEST_F(OpenNotesTest, AHiddenNoteThatTheUserShowsByItsFileIsStoredAsShown) {
+    const std::u16string path = TestProgram::Stored(u"a.qln");
+    for (const auto mode : {OpenMode::ByUser, OpenMode::AtStart}) {
+        TestProgram fresh;
+        fresh.files.Put(path, "a\r\n<quillo><appearance>False,False,0,0,0,1</appearance></quillo>");
+        fresh.opening.OpenNoteFile(path, OpenMode::AtStart);
+        ASSERT_FALSE(fresh.views.Note(0).IsVisible());
+        fresh.opening.OpenNoteFile(path, mode);
+        EXPECT_TRUE(fresh.views.Note(0).IsVisible());
+        EXPECT_EQ(fresh.views.Note(0).Data().Changed, mode == OpenMode::ByUser);
+    }
+}
+
 }  // namespace
 }  // namespace quillo
