@@ -1,10 +1,10 @@
 #include "app/late_notes.h"
 
-#include <exception>
 #include <utility>
 
 #include "app/base/hints.h"
 #include "app/note_opening.h"
+#include "util/attempt.h"
 #include "util/path_text.h"
 
 namespace quillo {
@@ -38,13 +38,12 @@ void LateNotes::Open(const std::u16string& path, std::uint64_t size) {
 }
 
 void LateNotes::OpenNow(const std::u16string& path) {
-    try {
+    // After an error the file is unchanged; the next start tries again.
+    Try([&] {
         const OpenOutcome outcome = opening_.OpenNoteFile(path, OpenMode::AtStart);
         if (outcome == OpenOutcome::InUse) locked_.push_back(path);
         if (outcome == OpenOutcome::TooLarge) tooLarge_.append(u"\r\n").append(FileNameOfPath(path));
-    } catch (const std::exception&) {
-        // Memory was low, for example. The file is unchanged; the next start tries again.
-    }
+    });
 }
 
 void LateNotes::Begin() {

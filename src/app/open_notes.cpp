@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "util/attempt.h"
 #include "util/ignore.h"
 
 namespace quillo {
@@ -39,7 +40,7 @@ void OpenNotes::RemoveNote(const std::u16string& noteKey) {
 }
 
 void OpenNotes::SaveUnsavedNotes() {
-    ForEach([](OpenNote& note) { note.PersistNote(); });
+    ForEach([](OpenNote& note) { Try([&note] { note.PersistNote(); }); });
 }
 
 void OpenNotes::ActivateNeighbor(const std::u16string& noteKey, NoteDirection direction) {
@@ -69,13 +70,7 @@ void ApplySettingsToAllNotes(OpenNotes& notes) {
 }
 
 void BroadcastTimer(OpenNotes& notes) {
-    notes.ForEach([](OpenNote& note) {
-        try {
-            note.TimerBroadcast();
-        } catch (...) {
-            // Skipped for this note until the next tick.
-        }
-    });
+    notes.ForEach([](OpenNote& note) { Try([&note] { note.TimerBroadcast(); }); });
 }
 
 void SurfaceAllNotes(OpenNotes& notes) {

@@ -8,6 +8,7 @@
 #include "app/save_all.h"
 #include "ports/user_notice.h"
 #include "registry/tessel_registry.h"
+#include "util/attempt.h"
 #include "util/content_hash.h"
 #include "util/ignore.h"
 #include "util/text.h"
@@ -20,33 +21,50 @@ constexpr std::u16string_view kLoseQuestion =
     u"you "
     u"have changed in these notes will be lost.  If you click No, Quillo keeps running.";
 
+/// The program is quitting until this object ends, unless it really ends.
+class QuittingScope {
+  public:
+    explicit QuittingScope(bool& quitting) : quitting_(quitting) { quitting_ = true; }
+    QuittingScope(const QuittingScope&) = delete;
+    QuittingScope& operator=(const QuittingScope&) = delete;
+    ~QuittingScope() { quitting_ = ends; }
+
+    bool ends = false;
+
+  private:
+    bool& quitting_;
+};
+
 }  // namespace
 
 bool Quit::Run(QuitReason reason) {
     if (program_.quitting) return false;
-    program_.quitting = true;
-    saveAll_.Run();
-    store_.RetryDeletions();
-    if (!RescueNotes(reason)) {
-        program_.quitting = false;
-        return false;
-    }
-    LeaveRunKey();
-    program_.openNotes.UnloadAll();
+    QuittingScope quitting(program_.quitting);
+    Try([this] { saveAll_.Run(); });
+    Try([this] { store_.RetryDeletions(); });
+    if (!RescueNotes(reason)) return false;
+    Try([this] { LeaveRunKey(); });
+    quitting.ends = true;
+    Try([this] { program_.openNotes.UnloadAll(); });
     return true;
 }
 
 bool Quit::RescueNotes(QuitReason reason) {
     bool anyLost = false;
     program_.openNotes.ForEach([&](OpenNote& note) {
-        if (!note.Saver().HasUnsavedChange()) return;
-        if (Trim(note.Text()).empty() && !note.Data().ReminderSet) return;  // it is empty
-        if (legacy_.StillHolds(note)) return;                               // the next start imports it again
-        if (!Rescue(note)) anyLost = true;
+        bool safe = false;
+        Try([&] { safe = !NeedsRescue(note) || Rescue(note); });
+        if (!safe) anyLost = true;
     });
     const bool mayEnd = !anyLost || reason != QuitReason::User || notice_.Ask(kLoseQuestion, Question::YesNoDefaultNo);
     if (!mayEnd) TakeBackRescue();
     return mayEnd;
+}
+
+bool Quit::NeedsRescue(OpenNote& note) const {
+    if (!note.Saver().HasUnsavedChange()) return false;
+    if (Trim(note.Text()).empty() && !note.Data().ReminderSet) return false;  // it is empty
+    return !legacy_.StillHolds(note);                                         // the next start imports it again
 }
 
 bool Quit::Rescue(OpenNote& note) {

@@ -37,6 +37,7 @@ class Quit {
     };
 
     [[nodiscard]] bool RescueNotes(QuitReason reason);
+    [[nodiscard]] bool NeedsRescue(OpenNote& note) const;
     /// False if no folder accepts the note.
     [[nodiscard]] bool Rescue(OpenNote& note);
     void TakeBackRescue();

@@ -6,6 +6,7 @@
 #include "app/legacy_import.h"
 #include "app/open_notes.h"
 #include "notes/save_texts.h"
+#include "util/attempt.h"
 
 namespace quillo {
 namespace {
@@ -23,11 +24,13 @@ constexpr std::u16string_view kAdvice = u"  A sign at the top of a note shows th
 void SaveAll::Run() {
     std::uint64_t needed = 0;
     notes_.ForEach([&needed](OpenNote& note) {
-        note.Saver().LookForStorageCopy();
-        note.PersistNote();
-        needed += kTagBytes + kBytesPerUnit * note.Text().size();
+        Try([&] {
+            note.Saver().LookForStorageCopy();
+            note.PersistNote();
+            needed += kTagBytes + kBytesPerUnit * note.Text().size();
+        });
     });
-    legacy_.ClearWhatIsSaved();
+    Try([this] { legacy_.ClearWhatIsSaved(); });
     store_.Reserve().Keep(needed);
 }
 

@@ -1,6 +1,5 @@
 #include "app/startup.h"
 
-#include <exception>
 #include <utility>
 
 #include "app/base/hints.h"
@@ -19,6 +18,7 @@
 #include "ports/shell.h"
 #include "ports/user_notice.h"
 #include "registry/tessel_registry.h"
+#include "util/attempt.h"
 #include "util/ignore.h"
 #include "util/path_text.h"
 #include "util/text.h"
@@ -31,16 +31,6 @@ namespace {
 constexpr ColorWord kFirstNoteColor{0xC0FFFF};
 constexpr ColorWord kFirstBorderColor{0xC0FF};
 constexpr ColorWord kFirstTextColor{0};
-
-/// The failure of a step affects that step only, never the start.
-template <typename Step>
-void Try(Step step) {
-    try {
-        step();
-    } catch (const std::exception&) {
-        // The next step runs.
-    }
-}
 
 }  // namespace
 
@@ -110,17 +100,24 @@ void Startup::GreetFirstRun() {
 bool Startup::OpenSavedNotes() {
     Program& program = services_.program;
     const NoteBatch::Scope batch(notes_.batch);
+    bool anyHidden = false;
     program.loadingNotes = true;
-    const bool anyHidden = notes_.legacy.Import(notes_.services);
-    for (const FileEntry& file : services_.files.List(program.notesFolder, kNoteExtension)) {
+    Try([&] { anyHidden = notes_.legacy.Import(notes_.services); });
+    Try([this] { OpenNoteFiles(); });
+    program.loadingNotes = false;
+    Try([this] { notes_.legacy.SaveImported(); });
+    Try([this] {
+        for (const std::u16string& path : rescued_) notes_.late.Open(path, 0);
+    });
+    notes_.late.Begin();
+    return anyHidden;
+}
+
+void Startup::OpenNoteFiles() {
+    for (const FileEntry& file : services_.files.List(services_.program.notesFolder, kNoteExtension)) {
         if (!notes_.opening.CanOpenAnotherNote()) break;  // one message, not one for each remaining file
         notes_.late.Open(file.path, file.size);
     }
-    program.loadingNotes = false;
-    notes_.legacy.SaveImported();
-    for (const std::u16string& path : rescued_) notes_.late.Open(path, 0);
-    notes_.late.Begin();
-    return anyHidden;
 }
 
 void Startup::FinishEarlierRuns() {

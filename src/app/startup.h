@@ -75,6 +75,7 @@ class Startup {
     [[nodiscard]] bool FindNotesFolder();
     void GreetFirstRun();
     [[nodiscard]] bool OpenSavedNotes();
+    void OpenNoteFiles();
     void FinishEarlierRuns();
     void ReportHiddenNotes();
     void CarryOut(std::u16string_view commandLine);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "util/attempt.h"
+
 namespace quillo {
 namespace {
 
@@ -59,13 +61,15 @@ bool NoteSaver::PersistNote() {
     timer_->Stop();
     pausing_ = false;
     ChooseStoragePath();
-    const SavedNote saved = services_.store.SaveStorageCopy(content_(), note_.StoragePath);
+    SavedNote saved;
+    saved.error = FileError::Failed;  // also if memory runs out
+    Try([&] { saved = services_.store.SaveStorageCopy(content_(), note_.StoragePath); });
     note_.Changed = false;  // intended after a failure too; failure_ records that the note could not be written
     firstChange_.reset();
     stored_ = saved.error == FileError::None;
     if (stored_) hash_ = saved.hash;
-    Report(saved.error);
     if (!stored_) timer_->Start(kRetryMilliseconds);
+    Report(saved.error);
     return stored_;
 }
 

@@ -5,6 +5,7 @@
 #include "notes/note.h"
 #include "platform/gdi_scope.h"
 #include "platform/wide.h"
+#include "util/attempt.h"
 
 namespace quillo {
 namespace {
@@ -50,7 +51,7 @@ void ResForm::Resume() {
 void ResForm::OnTick() {
     // Stopped meanwhile: a tick that opens alerts takes time, and the messages it pumps must not start the next one.
     mainTimer_.Stop();
-    onMainTimer_();
+    Try(onMainTimer_);
     if (running_) mainTimer_.Start(interval_);
 }
 

@@ -19,7 +19,10 @@ class FakeNoteWindow : public NoteWindow {
   public:
     [[nodiscard]] NoteIcon& Icon() override { return icon_; }
     [[nodiscard]] NoteDialogs& Dialogs() override { return dialogs_; }
-    [[nodiscard]] std::u16string Text() const override { return text_; }
+    [[nodiscard]] std::u16string Text() const override {
+        if (onTextRead) onTextRead();
+        return text_;
+    }
     [[nodiscard]] bool SetText(std::u16string_view text) override;
     [[nodiscard]] bool InsertInFront(std::u16string_view text) override;
     [[nodiscard]] TwipsRect Rectangle() const override { return rectangle_; }
@@ -60,6 +63,7 @@ class FakeNoteWindow : public NoteWindow {
     bool refuseReminderWindows = false;  ///< true if the system cannot create another window
     bool refuseColorDialog = false;
     bool shellRefusesIcons = false;            ///< true if there is no task bar yet
+    std::function<void()> onTextRead;          ///< called whenever the text is read; may throw
     std::function<void()> whileAlertOpens;     ///< the messages handled meanwhile
     std::u16string copyPath;                   ///< the user's answer when asked for a file
     std::function<void()> whileCopyPathAsked;  ///< the messages handled meanwhile

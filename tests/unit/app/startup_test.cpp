@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+#include <utility>
+
 #include "app/base/registry_keys.h"
 #include "app/base/settings_table.h"
 #include "app/quit.h"
@@ -90,6 +93,21 @@ TEST_F(StartupTest, TheSavedNotesAreOneBatchAndTheCommandLineIsNot) {
     test_.views.onMake = [&] { inBatch.push_back(test_.batch.IsInFront([] { return true; })); };
     EXPECT_EQ(Start(u"C:\\Users\\ann\\Desktop\\b.qln"), StartupOutcome::Running);
     EXPECT_EQ(inBatch, (std::vector{true, false}));
+}
+
+TEST_F(StartupTest, AnErrorDuringTheImportKeepsNoFileFromBeingOpened) {
+    test_.registry.Put(kUserKey, u"Notes", 1);
+    test_.registry.Put(kUserKey, u"Note 1", u"old");
+    PutStored(u"a.qln", "a");
+    bool failed = false;
+    test_.views.onMake = [&failed] {
+        if (!std::exchange(failed, true)) throw std::bad_alloc();
+    };
+    EXPECT_EQ(Start(), StartupOutcome::Running);
+    ASSERT_EQ(program_.openNotes.Count(), 1U);
+    EXPECT_EQ(test_.views.Note(0).Text(), u"a");
+    EXPECT_FALSE(program_.loadingNotes);
+    EXPECT_TRUE(test_.registry.HasValue(kUserKey, u"Note 1")) << "for the next start";
 }
 
 // A second start.
