@@ -156,7 +156,8 @@ void NoteOpening::MoveIntoNotesFolder(OpenNote& note, const NoteFile& content, H
     const FileVersion from{std::u16string(path), ContentHash(source.Bytes())};
     note.Saver().ChooseStoragePath();
     std::u16string record;
-    if (!content.keepsFile) {
+    // Without all of its text, the note is no reason for the next start to delete the source after a crash.
+    if (!content.keepsFile && note.Text() == content.text) {
         const std::optional<std::string> bytes = services_.saving.store.FormatStorageCopy(note.Content());
         const FileVersion to{note.Data().StoragePath, bytes ? ContentHash(*bytes) : 0};
         record = services_.saving.store.Journal().Begin({PendingStep::Kind::Move, {}, from, to});

@@ -45,8 +45,7 @@ void NoteSaver::Wait() {
 }
 
 void NoteSaver::StartPause(std::uint64_t now) {
-    pausing_ = true;
-    timer_->Start(static_cast<std::uint32_t>(due_ - now));
+    pausing_ = timer_->Start(static_cast<std::uint32_t>(due_ - now));  // otherwise the next change tries again
 }
 
 void NoteSaver::OnTimer() {

@@ -167,7 +167,7 @@ void NoteStore::DeleteStorageCopy(const FileVersion& copy, std::u16string record
     // Before the copy itself: otherwise the next start would move the prepared file to the copy's place.
     for (int number = 1; number <= kMostNames; ++number) {
         const std::u16string prepared = PreparedCopyName(copy.path, number);
-        if (!files_.FileExists(prepared)) break;
+        if (!files_.FileExists(prepared)) continue;
         Ignore(files_.Delete(prepared), "the copy is deleted all the same");
     }
     const FileError error = files_.Delete(copy.path);

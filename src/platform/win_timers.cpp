@@ -14,7 +14,10 @@ class OneShotTimer : public Timer {
               timer_.Stop();
               tick();
           }) {}
-    void Start(std::uint32_t milliseconds) override { timer_.Start(milliseconds); }
+    bool Start(std::uint32_t milliseconds) override {
+        timer_.Start(milliseconds);
+        return timer_.IsRunning();
+    }
     void Stop() override { timer_.Stop(); }
 
   private:

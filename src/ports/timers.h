@@ -10,8 +10,8 @@ namespace quillo {
 class Timer {
   public:
     virtual ~Timer() = default;
-    /// Fires once, after that many milliseconds. A running timer starts over.
-    virtual void Start(std::uint32_t milliseconds) = 0;
+    /// Fires once, after that many milliseconds. A running timer starts over. False if the system has no timer.
+    virtual bool Start(std::uint32_t milliseconds) = 0;
     virtual void Stop() = 0;
 };
 

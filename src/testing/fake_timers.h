@@ -39,6 +39,8 @@ class FakeTimers : public Timers {
             std::count_if(timers_.begin(), timers_.end(), [](const FakeTimer* t) { return t->due.has_value(); }));
     }
 
+    bool refuse = false;  ///< true while the system has no more timers
+
     /// How often a timer was started, and how often one has fired.
     [[nodiscard]] int Starts() const { return starts_; }
     [[nodiscard]] int Ticks() const { return ticks_; }
@@ -51,9 +53,12 @@ class FakeTimers : public Timers {
         FakeTimer(const FakeTimer&) = delete;
         FakeTimer& operator=(const FakeTimer&) = delete;
         ~FakeTimer() override { std::erase(owner.timers_, this); }
-        void Start(std::uint32_t milliseconds) override {
+        bool Start(std::uint32_t milliseconds) override {
+            due.reset();
+            if (owner.refuse) return false;
             due = owner.now_ + milliseconds;
             ++owner.starts_;
+            return true;
         }
         void Stop() override { due.reset(); }
 

@@ -143,6 +143,27 @@ TEST_F(LockedCopyTest, AnInterruptedStepWaitsUntilItsFilesCanBeRead) {
     }
 }
 
+TEST_F(LockedCopyTest, APreparedFileThatIsAloneDoesNotBringAClosedNoteBack) {
+    test_->files.Put(Copy() + u".2.new", *test_->files.Read(Copy()));
+    Note().CloseNote();
+    EXPECT_EQ(Restart().open, 0U);
+    EXPECT_EQ(leftovers_, 0U);
+}
+
+TEST_F(LockedCopyTest, ASourceWhoseTextIsNotKeptSurvivesAnyKill) {
+    const std::u16string source = u"D:\\Source.qln";
+    for (int calls = 0; calls < 12; ++calls) {
+        Fresh();
+        Note().DestroyNote();
+        test_->files.Put(source, "(new)");
+        test_->files.CutPowerAfter(calls);
+        test_->opening.OpenNoteFile(source);
+        static_cast<void>(Restart());
+        EXPECT_EQ(test_->files.Read(source), "(new)") << calls;
+        EXPECT_EQ(leftovers_, 0U) << calls;
+    }
+}
+
 // Rescued notes.
 
 class LockedRescueTest : public LockedCopyTest {

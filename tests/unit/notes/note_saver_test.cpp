@@ -67,6 +67,15 @@ TEST_F(NoteSaverTest, SavesTwoSecondsAfterTheLastChange) {
     EXPECT_EQ(timers_.Running(), 0U) << "an idle note wakes nobody";
 }
 
+TEST_F(NoteSaverTest, AChangeStartsTheTimerThatThePreviousOneCouldNotStart) {
+    timers_.refuse = true;
+    Type(u"a");
+    timers_.refuse = false;
+    Type(u"b");
+    timers_.Pass(2000);
+    EXPECT_EQ(Stored(), u"ab");
+}
+
 TEST_F(NoteSaverTest, SavesFiveSecondsAfterTheFirstUnsavedChangeHoweverSteadilyTheUserTypes) {
     for (int i = 0; i < 40; ++i) {
         Type(u"x");
