@@ -25,7 +25,7 @@ class LockedCopyTest : public FaultTest {
 TEST_F(LockedCopyTest, AReopenedCopyKeepsWhatIsTypedIntoIt) {
     const std::u16string copy = Copy();
     test_->files.HoldShared(copy);
-    Note().CloseNote();
+    Note().Perform(NoteAction::Close);
     ASSERT_EQ(test_->opening.OpenNoteFile(copy), OpenOutcome::Done);
     test_->files.ReleaseShared(copy);
     ASSERT_TRUE(LastNote().SetText(u"new text"));
@@ -38,7 +38,7 @@ TEST_F(LockedCopyTest, AReopenedCopyKeepsWhatIsTypedIntoIt) {
 TEST_F(LockedCopyTest, AReopenedCopyThatDoesNotChangeStaysOpen) {
     const std::u16string copy = Copy();
     test_->files.HoldShared(copy);
-    Note().CloseNote();
+    Note().Perform(NoteAction::Close);
     ASSERT_EQ(test_->opening.OpenNoteFile(u"\"" + FoldAscii(copy) + u"\""), OpenOutcome::Done);
     test_->files.ReleaseShared(copy);
     EXPECT_EQ(Records(), 0U) << "the next start must not close it";
@@ -50,7 +50,7 @@ TEST_F(LockedCopyTest, AReopenedCopyThatDoesNotChangeStaysOpen) {
 TEST_F(LockedCopyTest, ACopyThatAnotherProgramHasChangedIsNotDeletedLater) {
     const std::u16string copy = Copy();
     test_->files.HoldShared(copy);
-    Note().CloseNote();
+    Note().Perform(NoteAction::Close);
     test_->files.ReleaseShared(copy);
     test_->files.Put(copy, "edited elsewhere");
     EXPECT_TRUE(test_->quit.Run(QuitReason::Command));
@@ -63,7 +63,7 @@ TEST_F(LockedCopyTest, ACopyThatAnotherProgramHasChangedIsNotDeletedLater) {
 TEST_F(LockedCopyTest, AClosedNoteStaysClosedWhileItsCopyCanOnlyBeRead) {
     const std::u16string copy = Copy();
     test_->files.HoldShared(copy);
-    Note().CloseNote();
+    Note().Perform(NoteAction::Close);
     for (int start = 0; start < 2; ++start) {
         const Outcome outcome = Restart();
         EXPECT_EQ(outcome.open, 0U) << start;
@@ -79,7 +79,7 @@ TEST_F(LockedCopyTest, AClosedNoteStaysClosedWhileItsCopyCanOnlyBeRead) {
 TEST_F(LockedCopyTest, ADeletedNoteDoesNotComeBack) {
     const std::u16string copy = Copy();
     test_->files.FailPath(copy);
-    Note().DeleteNote();
+    Note().Perform(NoteAction::QueryDelete);
     test_->files.HealPath(copy);
     const Outcome outcome = Restart();
     EXPECT_EQ(outcome.open, 0U);
@@ -91,7 +91,7 @@ TEST_F(LockedCopyTest, ADeletedNoteDoesNotComeBack) {
 TEST_F(LockedCopyTest, AClosedNoteWhoseFileTheUserEditsDoesNotComeBack) {
     const std::u16string copy = Copy();
     test_->files.FailPath(copy);
-    Note().CloseNote();
+    Note().Perform(NoteAction::Close);
     test_->files.HealPath(copy);
     const auto closed = test_->files.List(kTestDesktop, kNoteExtension);
     ASSERT_EQ(closed.size(), 1U);
@@ -105,7 +105,7 @@ TEST_F(LockedCopyTest, AClosedNoteWhoseFileTheUserEditsDoesNotComeBack) {
 TEST_F(LockedCopyTest, AClosedNoteStaysClosedWhileItsCopyCannotBeRead) {
     const std::u16string copy = Copy();
     test_->files.FailPath(copy);
-    Note().CloseNote();
+    Note().Perform(NoteAction::Close);
     static_cast<void>(test_->recovery.Run());
     EXPECT_EQ(Restart().open, 0U);
     test_->late.Begin();
@@ -145,7 +145,7 @@ TEST_F(LockedCopyTest, AnInterruptedStepWaitsUntilItsFilesCanBeRead) {
 
 TEST_F(LockedCopyTest, APreparedFileThatIsAloneDoesNotBringAClosedNoteBack) {
     test_->files.Put(Copy() + u".2.new", *test_->files.Read(Copy()));
-    Note().CloseNote();
+    Note().Perform(NoteAction::Close);
     EXPECT_EQ(Restart().open, 0U);
     EXPECT_EQ(leftovers_, 0U);
 }

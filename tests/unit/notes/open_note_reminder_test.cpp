@@ -123,7 +123,7 @@ TEST_F(OpenNoteReminderTest, WithoutAnAlertTheNoteStaysOnTheScreen) {
 TEST_F(OpenNoteReminderTest, ANoteWrittenWhileItsAlertIsOpenIsStoredAgainAsItComesBack) {
     SetSilently(0);
     note_.TimerBroadcast();
-    note_.SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3});  // in a dialog that was already open
+    AsColorTarget(note_).SetColor(true, ColorWord{1}, ColorWord{2}, ColorWord{3});  // in a dialog that was already open
     timers_.Pass(2000);
     ASSERT_EQ(StoredState(), WindowState::Hidden);
     Dismiss();
@@ -134,7 +134,7 @@ TEST_F(OpenNoteReminderTest, ANoteWrittenWhileItsAlertIsOpenIsStoredAgainAsItCom
 TEST_F(OpenNoteReminderTest, ANoteThatCouldBeWrittenOnlyWhileItsAlertIsOpenIsStoredAgain) {
     SetSilently(1);
     files_.FailPath(note_.Data().StoragePath);
-    note_.SetReminder(clock_.now);
+    AsReminderOwner(note_).SetReminder(clock_.now);
     note_.TimerBroadcast();
     files_.HealPath(note_.Data().StoragePath);
     timers_.Pass(10'000);
