@@ -51,6 +51,9 @@ TEST(ButtonStrip, IsResizedToTheFrame) {
 TEST(ButtonStrip, WithoutItsDrawingThereIsOnlyTheBar) {
     const CoveragePlanes strip = ButtonStripAt({}, 2);
     EXPECT_EQ(ComposeButtons(strip, kTint), ComposeButtons(Uniform(2, 0, 0), kTint));
+    CoveragePlanes incomplete = Uniform(2, 90, 60);
+    incomplete.planes.pop_back();
+    EXPECT_EQ(ButtonStripAt(incomplete, 2).planes, strip.planes) << "one of the planes is missing";
 }
 
 }  // namespace

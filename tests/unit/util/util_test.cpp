@@ -83,6 +83,7 @@ TEST(Text, FoldsAsciiOnly) {
     EXPECT_FALSE(StartsWithIgnoringAsciiCase(u"C:\\", u"c:\\notes"));
     EXPECT_TRUE(StartsWithIgnoringAsciiCase("x", ""));
     EXPECT_TRUE(EndsWithIgnoringAsciiCase(u"C:\\a.QLN", u".qln"));
+    EXPECT_TRUE(EndsWithIgnoringAsciiCase(u".QLN", u".qln")) << "nothing before it";
     EXPECT_FALSE(EndsWithIgnoringAsciiCase(u"qln", u".qln"));
     EXPECT_FALSE(EndsWithIgnoringAsciiCase("a.qlnx", ".qln"));
     EXPECT_TRUE(EndsWithIgnoringAsciiCase("x", ""));
