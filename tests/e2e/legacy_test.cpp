@@ -161,7 +161,7 @@ TEST_F(OldStore, AKillAfterTheStartNeitherLosesNorDoublesANote) {
 TEST_F(OldStore, StaysWholeWhileANoteCannotBeWritten) {
     PutTwo();
     // A file instead of the folder: nothing can be written there.
-    std::filesystem::remove_all(Profile().NotesFolder());
+    std::filesystem::create_directories(Profile().MakersFolder());
     WriteBytes(Profile().NotesFolder(), "in the way");
     Start();
     EXPECT_TRUE(Eventually([&] { return VisibleNotes(Quillo()) == 2; }));
