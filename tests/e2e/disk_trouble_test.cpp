@@ -21,7 +21,12 @@ class DiskTrouble : public OrdinaryTest {
                             &agreed);
         EXPECT_EQ(agreed, 1U);
     }
-    bool FailureIsTold() {
+    [[nodiscard]] bool CloseNote(const std::wstring& text) {
+        const NoteWindow note = FindNote(Quillo(), text);
+        PostMessageW(note.Handle(), WM_CLOSE, 0, 0);
+        return Eventually([&] { return !note.Exists(); });
+    }
+    bool FailureIsReported() {
         return Eventually([this] { return Quillo().HasShownBalloon(); });
     }
     /// The content of the only file in the note folder.
@@ -75,7 +80,7 @@ TEST_F(DiskTrouble, ANoteThatAFullDiskRefusesIsRescuedAndRestored) {
     disk.Fill();
     const std::wstring large(9000, L'x');
     PutBefore(note, large);
-    ASSERT_TRUE(FailureIsTold());
+    ASSERT_TRUE(FailureIsReported());
     Quit();
     EXPECT_EQ(RescuedText(), large + L"old");
     disk.MakeRoom();
@@ -95,7 +100,7 @@ TEST_F(DiskTrouble, ANoteOfAWriteProtectedDiskIsRescued) {
     Start();
     ASSERT_EQ(Texts(), std::vector<std::wstring>{L"write-protected"});
     PutBefore(NotesOf(Quillo())[0], L"not ");
-    ASSERT_TRUE(FailureIsTold());
+    ASSERT_TRUE(FailureIsReported());
     Quit();
     EXPECT_EQ(RescuedText(), L"not write-protected");
     // It cannot be restored to its place, so it is opened beside the old one, and stays a file.
@@ -133,7 +138,7 @@ TEST_F(DiskTrouble, ANotesFolderThatAFileReplacedLosesNoText) {
     ASSERT_NE(RemoveDirectoryW(Profile().NotesFolder().c_str()), 0);
     WriteBytes(Profile().NotesFolder(), "in the way");
     PutBefore(FindNote(Quillo(), L"precious"), L"very ");
-    ASSERT_TRUE(FailureIsTold());
+    ASSERT_TRUE(FailureIsReported());
     Quit();
     EXPECT_EQ(RescuedText(), L"very precious");
     DeleteFileW(Profile().NotesFolder().c_str());
@@ -167,9 +172,7 @@ TEST_F(DiskTrouble, AClosedNoteWhoseCopyIsLockedStaysClosed) {
     Start();
     FileHandle lock = Lock(path, FILE_SHARE_READ);
     ASSERT_TRUE(lock);
-    const NoteWindow note = FindNote(Quillo(), L"precious");
-    PostMessageW(note.Handle(), WM_CLOSE, 0, 0);
-    ASSERT_TRUE(Eventually([&] { return !note.Exists(); }));
+    ASSERT_TRUE(CloseNote(L"precious"));
     EXPECT_EQ(RescuedText(), L"precious");
     Quillo().Kill();
     lock.Reset();
@@ -184,9 +187,7 @@ TEST_F(DiskTrouble, AClosedNoteWhoseCopyIsLockedDuringTheNextRunStaysClosed) {
     Start();
     FileHandle lock = Lock(path, FILE_SHARE_READ);
     ASSERT_TRUE(lock);
-    const NoteWindow note = FindNote(Quillo(), L"precious");
-    PostMessageW(note.Handle(), WM_CLOSE, 0, 0);
-    ASSERT_TRUE(Eventually([&] { return !note.Exists(); }));
+    ASSERT_TRUE(CloseNote(L"precious"));
     Quit();
     Start();
     EXPECT_TRUE(Texts().empty());
@@ -250,9 +251,7 @@ TEST_F(DiskTrouble, ANoteThatTheRecycleBinLosesStaysAFile) {
 TEST_F(DiskTrouble, ANoteThatBeginsLikeADeviceCanBeClosed) {
     Profile().AddNote(L"note.qln", NoteFile{"Con: too expensive"}.Bytes());
     Start();
-    const NoteWindow note = FindNote(Quillo(), L"Con: too expensive");
-    PostMessageW(note.Handle(), WM_CLOSE, 0, 0);
-    ASSERT_TRUE(Eventually([&] { return !note.Exists(); }));
+    ASSERT_TRUE(CloseNote(L"Con: too expensive"));
     EXPECT_EQ(RescuedText(), L"Con: too expensive");
     EXPECT_THAT(FilesIn(Outside().Path()), ::testing::ElementsAre(::testing::StartsWith(L"_Con")));
     EXPECT_TRUE(Quillo().Answers());
