@@ -5,8 +5,10 @@ target_sources(quillo_windows_tests PRIVATE
   windows/artwork_test.cpp
   windows/accessible_tree_test.cpp
   windows/app_id_test.cpp
+  windows/control_column_test.cpp
   windows/control_fixture.cpp
   windows/divider_test.cpp
+  windows/drawn_window_test.cpp
   windows/hand_counts_test.cpp
   windows/idle_counts_test.cpp
   windows/import_counter.cpp
@@ -48,6 +50,7 @@ target_sources(quillo_windows_tests PRIVATE
   windows/win_printer_test.cpp
   windows/win_shell_test.cpp
   windows/win_timers_test.cpp
+  windows/window_drag_test.cpp
   windows/window_test.cpp
 )
 target_include_directories(quillo_windows_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/windows)
