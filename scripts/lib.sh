@@ -18,7 +18,7 @@ run_packages=("${build_packages[@]}" "${wine_packages[@]}" "${desktop_packages[@
 # shellcheck disable=SC2034  # used by package.sh
 package_packages=("${build_packages[@]}" "${setup_packages[@]}" git)
 # shellcheck disable=SC2034  # used by test.sh
-test_packages=("${run_packages[@]}" "${setup_packages[@]}" clang libclang-rt-14-dev llvm clang-format clang-tidy
+test_packages=("${run_packages[@]}" "${setup_packages[@]}" clang libclang-rt-14-dev llvm lld clang-format clang-tidy
     g++-mingw-w64-i686-posix shellcheck codespell xdotool ffmpeg ghostscript poppler-utils groff-base tidy
     python3-html5lib python3-icalendar openssl osslsigncode)
 
