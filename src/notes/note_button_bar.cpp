@@ -32,17 +32,34 @@ void NoteButtonBar::Create(HWND note, const NoteLayout& layout) {
     close_.Create(note, kCloseButtonId, L"Close note", layout.closeButton);
 }
 
-void NoteButtonBar::PaintAtRest(HDC dc, const NoteLayout& layout) {
-    menu_.PaintAtRest(dc, layout.menuButton);
+void NoteButtonBar::PaintWindowless(HDC dc, const NoteLayout& layout) {
+    if (!IsCreated()) menu_.PaintAtRest(dc, layout.menuButton);
+    if (IsCreated() && !areRightHidden_) return;
     pushpin_.PaintAtRest(dc, layout.pushpin);
     close_.PaintAtRest(dc, layout.closeButton);
 }
 
 void NoteButtonBar::MoveTo(const NoteLayout& layout) {
     MoveChild(menu_.Handle(), layout.menuButton);
+    MoveChild(sign_.Handle(), layout.saveSign);
+    if (areRightHidden_) return;
     MoveChild(pushpin_.Handle(), layout.pushpin);
     MoveChild(close_.Handle(), layout.closeButton);
-    MoveChild(sign_.Handle(), layout.saveSign);
+}
+
+void NoteButtonBar::HideRightButtons() {
+    if (!IsCreated() || areRightHidden_) return;
+    areRightHidden_ = true;
+    ShowWindow(pushpin_.Handle(), SW_HIDE);
+    ShowWindow(close_.Handle(), SW_HIDE);
+}
+
+void NoteButtonBar::ShowRightButtons(const NoteLayout& layout) {
+    if (!areRightHidden_) return;
+    areRightHidden_ = false;
+    MoveTo(layout);
+    ShowWindow(pushpin_.Handle(), SW_SHOWNA);
+    ShowWindow(close_.Handle(), SW_SHOWNA);
 }
 
 void NoteButtonBar::SetTint(const ButtonTint& tint, const Scale& scale) {

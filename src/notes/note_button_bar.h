@@ -25,11 +25,17 @@ class NoteButtonBar {
     /// Supplies the current texts of the tool tips.
     std::function<NoteTips()> describe;
 
-    /// Creates the buttons' windows; before that, PaintAtRest draws the buttons.
+    /// Creates the buttons' windows; before that, PaintWindowless draws the buttons.
     void Create(HWND note, const NoteLayout& layout);
     [[nodiscard]] bool IsCreated() const { return menu_.Handle() != nullptr; }
-    void PaintAtRest(HDC dc, const NoteLayout& layout);
+    /// Draws the buttons that have no visible window, at rest.
+    void PaintWindowless(HDC dc, const NoteLayout& layout);
     void MoveTo(const NoteLayout& layout);
+    /// Hides the windows of the buttons at the right while the user moves the edge beside them: two windows that move
+    /// at each step cost as much as half of all else, and follow the edge late.
+    void HideRightButtons();
+    /// Shows them again, at their places in `layout`; nothing if they are not hidden.
+    void ShowRightButtons(const NoteLayout& layout);
     void SetTint(const ButtonTint& tint, const Scale& scale);
     void ShowPinned(bool pinned);
     /// Shows the sign that the note is not saved, with its reason; an empty reason removes it.
@@ -65,6 +71,7 @@ class NoteButtonBar {
     SaveSign sign_;
     ToolTips tips_;
     Scale scale_;
+    bool areRightHidden_ = false;
     std::optional<DWORD> menuClosedAt_;  ///< in milliseconds since the system's start
 };
 

@@ -85,7 +85,14 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnPointerOverFoot(POINT{PointFromLParam(lParam).x, PointFromLParam(lParam).y});
             return Default(message, wParam, lParam);
         case WM_ENTERSIZEMOVE:
+            inUsersHand_ = true;
             return buttons_.HideTip(), 0;
+        case WM_EXITSIZEMOVE:
+            inUsersHand_ = false;
+            return buttons_.ShowRightButtons(Layout()), 0;
+        case WM_WINDOWPOSCHANGING:
+            Default(message, wParam, lParam);
+            return OnPlaceChanging(*reinterpret_cast<WINDOWPOS*>(lParam)), 0;
         case WM_GETICON:
             return reinterpret_cast<LRESULT>(services_.resources.icons.Answer(wParam, scale_));
         case WM_GETOBJECT:
@@ -290,6 +297,13 @@ AccessiblePart NoteForm::Describe(int /*part*/) const {
     return note;
 }
 
+void NoteForm::OnPlaceChanging(WINDOWPOS& next) {
+    if (!inUsersHand_ || placing_ || next.hwndInsertAfter != HWND_TOP) return;
+    // The note was activated when the user took it. Wine would activate it at each step, ask for the order of all
+    // windows, and paint the whole note again.
+    next.flags |= SWP_NOACTIVATE | SWP_NOZORDER;
+}
+
 void NoteForm::OnPlaceChanged(const WINDOWPOS& place) {
     const bool moved = (place.flags & (SWP_NOMOVE | SWP_NOSIZE)) != (SWP_NOMOVE | SWP_NOSIZE);
     if (moved && !placing_ && IsVisible() && IsIconic(Handle()) == 0) note_.MarkChanged();
@@ -322,6 +336,7 @@ void NoteForm::LayOut() {
     const Rect client = ClientRect();
     const Size size{client.width, client.height};
     if (size == laidOut_) return;
+    if (inUsersHand_ && size.width != laidOut_.width) buttons_.HideRightButtons();
     laidOut_ = size;
     const NoteLayout layout = Layout();
     buttons_.MoveTo(layout);
@@ -352,7 +367,7 @@ void NoteForm::PaintFace(HDC dc, const NoteLayout& layout) {
     const Size size{client.width, client.height};
     PaintNote(canvas, size, scale_, NotePaint{Resolve(noteColor_), Resolve(borderColor_)}, label);
     canvas.Gradient(layout.dragBar, bar_.top, bar_.bottom);
-    if (!buttons_.IsCreated()) buttons_.PaintAtRest(dc, layout);
+    buttons_.PaintWindowless(dc, layout);
 }
 
 bool NoteForm::InsertDropped(std::u16string_view text) {

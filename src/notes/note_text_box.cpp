@@ -240,7 +240,11 @@ bool NoteTextBox::OnMenuKeys(bool repeated) {
 
 bool NoteTextBox::OnKey(int virtualKey, bool repeated) {
     const auto isDown = [](int key) { return GetKeyState(key) < 0; };
-    const NoteKeyState held{isDown(VK_CONTROL), isDown(VK_SHIFT), isDown(VK_RMENU)};
+    NoteKeyState held{isDown(VK_CONTROL)};
+    if (held.control) {  // without it the other two mean nothing, and most keys are typed without it
+        held.shift = isDown(VK_SHIFT);
+        held.rightAlt = isDown(VK_RMENU);
+    }
     if (virtualKey == VK_BACK && held.control && !held.shift && !held.rightAlt) {
         DeleteWordBefore();
         keySwallowed_ = true;  // otherwise its character would appear as a box in the text

@@ -40,6 +40,14 @@ TEST_F(HandCounts, TypingStartsNoTimerForEachKey) {
     EXPECT_EQ(timers.Calls(), 1) << "the pause before the save";
 }
 
+TEST_F(HandCounts, AKeyThatIsTypedAloneAsksForOneOtherKey) {
+    const HWND box = one_.Child(ChildId::kMessageBox);
+    const ImportCounter<29, decltype(GetKeyState)> keys("GetKeyState");
+    ASSERT_TRUE(keys.IsCalled());
+    for (int i = 0; i < 10; ++i) SendMessageW(box, WM_KEYDOWN, 'A', 1);
+    EXPECT_EQ(keys.Calls(), 10) << "Ctrl";
+}
+
 TEST_F(HandCounts, AStepOfAMoveMovesTheNoteAlone) {
     const ImportCounter<21, decltype(SetWindowPos)> moves("SetWindowPos");
     const ImportCounter<22, decltype(SetTimer)> timers("SetTimer");
@@ -65,6 +73,19 @@ TEST_F(HandCounts, AStepOfAResizeMovesOnlyTheChildrenThatHaveAnotherPlace) {
     for (int i = 1; i <= kSteps; ++i)
         Place(Rect{now.left, now.top, now.right - now.left + kSteps, now.bottom - now.top + i});
     EXPECT_EQ(moves.Calls() - before, kSteps * (1 + 1)) << "only the text box changes with the height";
+}
+
+TEST_F(HandCounts, AStepOfTheUsersResizeMovesOnlyTheTextBox) {
+    const ImportCounter<36, decltype(SetWindowPos)> moves("SetWindowPos");
+    ASSERT_TRUE(moves.IsCalled());
+    RECT now{};
+    GetWindowRect(one_.Window(), &now);
+    SendMessageW(one_.Window(), WM_ENTERSIZEMOVE, 0, 0);
+    constexpr int kSteps = 10;
+    for (int i = 1; i <= kSteps; ++i) Place(Rect{now.left, now.top, now.right - now.left + i, now.bottom - now.top});
+    EXPECT_EQ(moves.Calls(), kSteps * (1 + 1)) << "the note and its text box";
+    SendMessageW(one_.Window(), WM_EXITSIZEMOVE, 0, 0);
+    EXPECT_EQ(moves.Calls(), kSteps * (1 + 1) + 2) << "the pushpin and the cross";
 }
 
 TEST_F(HandCounts, AButtonIsPaintedOnlyWhenItsFaceChanges) {
