@@ -1,7 +1,6 @@
 #include "mainmenu/font_dialog.h"
 
-#include <cmath>
-
+#include "notes/note_fonts.h"
 #include "platform/dpi.h"
 #include "platform/late_library.h"
 #include "platform/wide.h"
@@ -15,7 +14,6 @@ namespace {
 // The sizes that can be stored; see Settings.
 constexpr int kLeastPoints = 7;
 constexpr int kMostPoints = 32;
-constexpr int kPointsPerInch = 72;
 constexpr double kTenthsOfAPoint = 10;
 
 /// Another dialog chooses the colors of notes: the list of colors in the font dialog would have no effect.
@@ -28,18 +26,6 @@ UINT_PTR CALLBACK HideColors(HWND dialog, UINT message, WPARAM /*wParam*/, LPARA
         }
     }
     return 0;
-}
-
-LOGFONTW ToLogFont(const FontSetting& font) {
-    LOGFONTW logical{};
-    logical.lfHeight = -static_cast<LONG>(std::lround(font.size * SystemScale().Dpi() / kPointsPerInch));
-    logical.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
-    logical.lfItalic = font.italic ? 1 : 0;
-    logical.lfUnderline = font.underline ? 1 : 0;
-    logical.lfStrikeOut = font.strikeThrough ? 1 : 0;
-    logical.lfCharSet = font.charset > 0 ? static_cast<BYTE>(font.charset) : BYTE{DEFAULT_CHARSET};
-    lstrcpynW(logical.lfFaceName, Wide(font.name), LF_FACESIZE);
-    return logical;
 }
 
 FontSetting ToSetting(const LOGFONTW& logical, int tenths) {
@@ -59,7 +45,7 @@ FontSetting ToSetting(const LOGFONTW& logical, int tenths) {
 std::optional<FontSetting> AskForFont(HWND owner, const FontSetting& font) {
     static LateFunction<BOOL WINAPI(CHOOSEFONTW*)> choose(L"comdlg32.dll", "ChooseFontW");
     if (choose.Get() == nullptr) return std::nullopt;
-    LOGFONTW logical = ToLogFont(font);
+    LOGFONTW logical = ToLogFont(font, false, SystemScale());
     CHOOSEFONTW choice{};
     choice.lStructSize = sizeof choice;
     choice.hwndOwner = owner;

@@ -10,11 +10,7 @@
 #include "platform/window_effects.h"
 #include "ports/user_notice.h"
 #include "util/busy_flag.h"
-#include "util/path_text.h"
 #include "util/text.h"
-
-// After windows.h.
-#include <commdlg.h>
 
 namespace quillo {
 namespace {
@@ -95,13 +91,9 @@ void OptionsBehaviorPage::BrowseForFolder() {
 
 void OptionsBehaviorPage::BrowseForSound() {
     const std::u16string now = ReminderSound();
-    FileDialogPlan plan;
-    plan.title = u"Browse for sound";
-    plan.filter = u"Sound files|*.wav;*.mid;*.mp3;*.wma|All files|*.*";
-    plan.flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
-    plan.folder = FolderOfPath(now);
     const BusyFlag::Scope busy(Dialogs());
-    const std::u16string chosen = BrowseForFileToOpen(Dialog(), plan);
+    const std::u16string chosen =
+        BrowseForFileToOpen(Dialog(), u"Browse for sound", u"Sound files|*.wav;*.mid;*.mp3;*.wma|All files|*.*", now);
     if (!chosen.empty() && Handle() != nullptr) SetText(C::ReminderSoundBox, chosen);
 }
 

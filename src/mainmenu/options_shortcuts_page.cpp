@@ -8,10 +8,6 @@
 #include "platform/dialog_parts.h"
 #include "platform/file_dialogs.h"
 #include "util/busy_flag.h"
-#include "util/path_text.h"
-
-// After windows.h.
-#include <commdlg.h>
 
 namespace quillo {
 namespace {
@@ -83,13 +79,9 @@ void OptionsShortcutsPage::OnKey(OptionControl keyBox, int virtualKey) {
 
 void OptionsShortcutsPage::BrowseForProgram(OptionControl box) {
     const std::u16string now = TextOf(box);
-    FileDialogPlan plan;
-    plan.title = u"Browse for program";
-    plan.filter = u"Program files|*.exe|All files|*.*";
-    plan.flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
-    plan.folder = FolderOfPath(now);
     const BusyFlag::Scope busy(Dialogs());
-    const std::u16string chosen = BrowseForFileToOpen(Dialog(), plan);
+    const std::u16string chosen =
+        BrowseForFileToOpen(Dialog(), u"Browse for program", u"Program files|*.exe|All files|*.*", now);
     if (!chosen.empty() && ShortcutFits(chosen) && Handle() != nullptr) SetText(box, chosen);
 }
 

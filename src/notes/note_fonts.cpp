@@ -10,7 +10,9 @@ namespace {
 constexpr int kPointsPerInch = 72;
 constexpr double kLargeFactor = 1.5;
 
-FontHandle MakeFont(const FontSetting& setting, bool large, const Scale& scale) {
+}  // namespace
+
+LOGFONTW ToLogFont(const FontSetting& setting, bool large, const Scale& scale) {
     const double points = large ? setting.size * kLargeFactor : setting.size;
     LOGFONTW font{};
     font.lfHeight = -static_cast<LONG>(std::lround(points * scale.Dpi() / kPointsPerInch));
@@ -20,16 +22,15 @@ FontHandle MakeFont(const FontSetting& setting, bool large, const Scale& scale) 
     font.lfStrikeOut = setting.strikeThrough ? 1 : 0;
     font.lfCharSet = setting.charset > 0 ? static_cast<BYTE>(setting.charset) : BYTE{DEFAULT_CHARSET};
     lstrcpynW(font.lfFaceName, Wide(setting.name), LF_FACESIZE);
-    return FontHandle(CreateFontIndirectW(&font));
+    return font;
 }
-
-}  // namespace
 
 HFONT NoteFonts::Get(const FontSetting& setting, bool large, const Scale& scale) {
     for (const Entry& entry : fonts_) {
         if (entry.large == large && entry.dpi == scale.Dpi() && entry.setting == setting) return entry.font.Get();
     }
-    fonts_.push_back(Entry{setting, large, scale.Dpi(), MakeFont(setting, large, scale)});
+    const LOGFONTW font = ToLogFont(setting, large, scale);
+    fonts_.push_back(Entry{setting, large, scale.Dpi(), FontHandle(CreateFontIndirectW(&font))});
     return fonts_.back().font.Get();
 }
 

@@ -8,10 +8,13 @@
 
 namespace quillo {
 
+/// The description of the note font in device pixels; if `large`, bold and half as large again.
+[[nodiscard]] LOGFONTW ToLogFont(const FontSetting& setting, bool large, const Scale& scale);
+
 /// The fonts of the notes' text boxes, shared between notes that look alike: each new font is slow to measure at first.
 class NoteFonts {
   public:
-    /// The note font; if `large`, bold and half as large again. Borrowed; lives as long as this object.
+    /// Borrowed; lives as long as this object.
     [[nodiscard]] HFONT Get(const FontSetting& setting, bool large, const Scale& scale);
 
   private:

@@ -2,6 +2,7 @@
 
 #include "platform/late_library.h"
 #include "platform/wide.h"
+#include "util/path_text.h"
 
 // After windows.h.
 #include <commdlg.h>
@@ -84,8 +85,14 @@ std::u16string BrowseForFileToSave(HWND owner, const FileDialogPlan& plan) {
     return Browse(getSaveFileName, owner, plan);
 }
 
-std::u16string BrowseForFileToOpen(HWND owner, const FileDialogPlan& plan) {
+std::u16string BrowseForFileToOpen(HWND owner, std::u16string_view title, std::u16string_view filter,
+                                   std::u16string_view current) {
     static FileDialogFunction getOpenFileName(L"comdlg32.dll", "GetOpenFileNameW");
+    FileDialogPlan plan;
+    plan.title = title;
+    plan.filter = filter;
+    plan.flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
+    plan.folder = FolderOfPath(current);
     return Browse(getOpenFileName, owner, plan);
 }
 

@@ -23,8 +23,9 @@ struct FileDialogPlan {
 /// dialog was ended. Messages are pumped meanwhile: the owner and its object may be destroyed afterwards.
 [[nodiscard]] std::u16string BrowseForFileToSave(HWND owner, const FileDialogPlan& plan);
 
-/// The same for an existing file.
-[[nodiscard]] std::u16string BrowseForFileToOpen(HWND owner, const FileDialogPlan& plan);
+/// The same for an existing file. The dialog starts in the folder of the file `current`, which may be "".
+[[nodiscard]] std::u16string BrowseForFileToOpen(HWND owner, std::u16string_view title, std::u16string_view filter,
+                                                 std::u16string_view current);
 
 /// Cancels the system's dialogs that belong to `owner`; called before it is destroyed.
 void CancelDialogsOf(HWND owner);

@@ -46,42 +46,30 @@ void ToolTips::SetScale(const Scale& scale) {
 }
 
 void ToolTips::Add(HWND child) {
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    tool.uFlags = TTF_IDISHWND;
-    tool.hwnd = window_;
-    tool.uId = reinterpret_cast<UINT_PTR>(child);
-    tool.lpszText = LPSTR_TEXTCALLBACKW;
-    SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    Send(TTM_ADDTOOLW, reinterpret_cast<UINT_PTR>(child), TTF_IDISHWND, LPSTR_TEXTCALLBACKW);
 }
 
 void ToolTips::AddText(HWND child, std::u16string text) {
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = window_;
-    tool.uId = reinterpret_cast<UINT_PTR>(child);
-    tool.lpszText = WideBuffer(text);
-    SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    Send(TTM_ADDTOOLW, reinterpret_cast<UINT_PTR>(child), TTF_IDISHWND | TTF_SUBCLASS, WideBuffer(text));
 }
 
 void ToolTips::AddArea(UINT_PTR id, const RECT& area) {
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    tool.hwnd = window_;
-    tool.uId = id;
-    tool.rect = area;
-    tool.lpszText = LPSTR_TEXTCALLBACKW;
-    SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    Send(TTM_ADDTOOLW, id, 0, LPSTR_TEXTCALLBACKW, area);
 }
 
 void ToolTips::MoveArea(UINT_PTR id, const RECT& area) {
+    Send(TTM_NEWTOOLRECTW, id, 0, nullptr, area);
+}
+
+void ToolTips::Send(UINT message, UINT_PTR id, UINT flags, wchar_t* text, const RECT& area) const {
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.uFlags = flags;
     tool.hwnd = window_;
     tool.uId = id;
     tool.rect = area;
-    SendMessageW(tips_, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
+    tool.lpszText = text;
+    SendMessageW(tips_, message, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void ToolTips::Relay(HWND window, UINT message, LPARAM at) {

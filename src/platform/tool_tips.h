@@ -53,6 +53,8 @@ class ToolTips {
 
   private:
     bool Make(HWND window, HWND owner, const Scale& scale);
+    /// Sends the control a message about one tool: a child's handle, or the id of an area.
+    void Send(UINT message, UINT_PTR id, UINT flags, wchar_t* text, const RECT& area = {}) const;
 
     HWND tips_ = nullptr;
     HWND window_ = nullptr;
