@@ -85,11 +85,9 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnPointerOverFoot(POINT{PointFromLParam(lParam).x, PointFromLParam(lParam).y});
             return Default(message, wParam, lParam);
         case WM_ENTERSIZEMOVE:
-            inUsersHand_ = true;
-            return buttons_.HideTip(), 0;
+            return OnTaken(), 0;
         case WM_EXITSIZEMOVE:
-            inUsersHand_ = false;
-            return buttons_.ShowRightButtons(Layout()), 0;
+            return OnReleased(), 0;
         case WM_WINDOWPOSCHANGING:
             Default(message, wParam, lParam);
             return OnPlaceChanging(*reinterpret_cast<WINDOWPOS*>(lParam)), 0;
@@ -297,7 +295,17 @@ AccessiblePart NoteForm::Describe(int /*part*/) const {
     return note;
 }
 
-void NoteForm::OnPlaceChanging(WINDOWPOS& next) {
+void NoteForm::OnTaken() {
+    inUsersHand_ = true;
+    buttons_.HideTip();
+}
+
+void NoteForm::OnReleased() {
+    inUsersHand_ = false;
+    buttons_.ShowRightButtons(Layout());
+}
+
+void NoteForm::OnPlaceChanging(WINDOWPOS& next) const {
     if (!inUsersHand_ || placing_ || next.hwndInsertAfter != HWND_TOP) return;
     // The note was activated when the user took it. Wine would activate it at each step, ask for the order of all
     // windows, and paint the whole note again.

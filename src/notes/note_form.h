@@ -104,7 +104,9 @@ class NoteForm : public DrawnWindow, public NoteWindow, private AccessibleSource
     void OnPointerOverFoot(POINT screen);
     void OnPaint() override;
     void PaintFace(HDC dc, const NoteLayout& layout);
-    void OnPlaceChanging(WINDOWPOS& next);
+    void OnTaken();
+    void OnReleased();
+    void OnPlaceChanging(WINDOWPOS& next) const;
     void OnPlaceChanged(const WINDOWPOS& place);
     void OnSystemChanged();
 
