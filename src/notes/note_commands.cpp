@@ -1,5 +1,6 @@
 #include "notes/note_commands.h"
 
+#include <algorithm>
 #include <array>
 
 #include "app/base/settings.h"
@@ -40,6 +41,12 @@ bool Matches(ShiftRule rule, bool shift) {
 }
 
 }  // namespace
+
+bool HasNoteKeyAction(int virtualKey) {
+    return virtualKey == kContextMenuKey ||
+           std::any_of(kShortcuts.begin(), kShortcuts.end(),
+                       [virtualKey](const Shortcut& shortcut) { return shortcut.key == virtualKey; });
+}
 
 NoteAction NoteKeyAction(int virtualKey, NoteKeyState held) {
     if (virtualKey == kContextMenuKey) return NoteAction::OpenMenu;

@@ -43,6 +43,9 @@ struct NoteKeyState {
     bool rightAlt = false;  ///< AltGr, which the system also reports as Ctrl: a character, not a command
 };
 
+/// Whether the key has an action in a note, alone or with any modifier keys.
+[[nodiscard]] bool HasNoteKeyAction(int virtualKey);
+
 /// The action of a key press in a note; the key's character is then discarded as well.
 [[nodiscard]] NoteAction NoteKeyAction(int virtualKey, NoteKeyState held);
 

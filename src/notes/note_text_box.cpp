@@ -239,9 +239,12 @@ bool NoteTextBox::OnMenuKeys(bool repeated) {
 }
 
 bool NoteTextBox::OnKey(int virtualKey, bool repeated) {
+    keySwallowed_ = false;
+    // Most keys are typed: no other key matters for them.
+    if (virtualKey != VK_BACK && !HasNoteKeyAction(virtualKey)) return false;
     const auto isDown = [](int key) { return GetKeyState(key) < 0; };
     NoteKeyState held{isDown(VK_CONTROL)};
-    if (held.control) {  // without it the other two mean nothing, and most keys are typed without it
+    if (held.control) {
         held.shift = isDown(VK_SHIFT);
         held.rightAlt = isDown(VK_RMENU);
     }

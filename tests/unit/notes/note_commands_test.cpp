@@ -26,6 +26,15 @@ TEST(NoteCommands, EveryShortcutHasItsAction) {
     EXPECT_EQ(NoteKeyAction('\t', kControlShift), NoteAction::PreviousNote);
 }
 
+TEST(NoteCommands, TheKeysWithAnActionAreThoseThatHaveOneWithSomeModifiers) {
+    for (int key = 0; key < 256; ++key) {
+        bool hasOne = false;
+        for (const NoteKeyState held : {NoteKeyState{}, kControl, kControlShift})
+            hasOne = hasOne || NoteKeyAction(key, held) != NoteAction::None;
+        EXPECT_EQ(HasNoteKeyAction(key), hasOne) << key;
+    }
+}
+
 TEST(NoteCommands, TheTimeStampIsTheGeneralDateAndAnEmptyLine) {
     FakeLocaleText locale;
     EXPECT_EQ(TimeStampText(ToDaySerial({2026, 11, 21, 9, 30, 5}), locale), u"(11/21/2026 9:30:05 AM)\r\n\r\n");
