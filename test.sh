@@ -10,8 +10,9 @@ source "$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/scripts/lib.sh"
 # The virtual desktop sometimes loses a press of the mouse: an end-to-end test that fails is repeated, at most twice. More
 # failures than this are real. No other test is repeated.
 readonly repeats_allowed=6
-# Most tests of windows wait more than they compute, so more run at a time than there are processors.
-readonly at_one_moment=${QUILLO_TEST_JOBS:-$(($(nproc) + 2))}
+# Most tests of windows wait about as long as they compute, so more run at a time than there are processors. Such a test takes
+# four slots. The three slots beyond those are for what takes one: tests that only wait, and short checks.
+readonly at_one_moment=$((4 * ${QUILLO_TEST_JOBS:-$(($(nproc) + 2))} + 3))
 
 ring=${1:-all}
 [[ $# -le 1 && $ring == @(all|unit|e2e) ]] || die "usage: ./test.sh [unit|e2e]"

@@ -154,9 +154,10 @@ clone_prefix() {
 
 # The processes of a prefix with that program name: prefix_pids PREFIX NAME
 prefix_pids() {
-    local prefix=$1 name=$2 dir
+    local prefix=$1 name=$2 dir comm
     for dir in /proc/[0-9]*; do
-        [[ $(cat "$dir/comm" 2>/dev/null) == "$name" ]] || continue
+        { read -r comm <"$dir/comm"; } 2>/dev/null || continue
+        [[ $comm == "$name" ]] || continue
         { tr '\0' '\n' <"$dir/environ"; } 2>/dev/null | grep -Fxq "WINEPREFIX=$prefix" || continue
         printf '%s\n' "${dir#/proc/}"
     done
@@ -303,9 +304,9 @@ use_test_desktop() {
     local folder=$1 state=$1/desktop.state
     export WINEPREFIX=$folder/wine HOME=$folder/home
     if [[ -f $folder/ready ]]; then
-        DISPLAY=$(value_of "$state" display)
-        export DISPLAY
-        name_test_places "$folder"
+        unset QUILLO_SMALL_DISK QUILLO_PROTECTED_DISK
+        # shellcheck source=/dev/null
+        source "$folder/ready"
         return
     fi
     mkdir -p "$HOME/.local/share"
@@ -330,7 +331,11 @@ use_test_desktop() {
     done
     # Without the focus on the desktop, no window in it receives keys.
     xdotool search --name 'Quillo - Wine desktop' windowfocus >/dev/null 2>&1 || true
-    : >"$folder/ready"
+    # For the tests that use it next: to find these values costs more than many a test.
+    local name
+    for name in DISPLAY QUILLO_TEST_HOME QUILLO_SMALL_DISK QUILLO_PROTECTED_DISK; do
+        if [[ -v $name ]]; then printf 'export %s=%q\n' "$name" "${!name}"; fi
+    done >"$folder/ready"
 }
 
 # screenshot FILE: takes pictures of $DISPLAY until two in a row are the same (or for a few seconds: a caret blinks).

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -11,12 +12,16 @@ inline constexpr std::chrono::seconds kPatience{20};
 /// Polls until the condition holds. False if it does not within `patience`.
 template <typename Condition>
 [[nodiscard]] bool Eventually(Condition condition, std::chrono::milliseconds patience = kPatience) {
-    constexpr std::chrono::milliseconds kBetweenLooks{10};
-    const auto deadline = std::chrono::steady_clock::now() + patience;
+    // A look costs processor time that other tests need: the longer the wait, the fewer there are.
+    constexpr std::chrono::nanoseconds kShortest = std::chrono::milliseconds(10);
+    constexpr std::chrono::nanoseconds kLongest = std::chrono::milliseconds(100);
+    constexpr int kLatest = 20;
+    const auto began = std::chrono::steady_clock::now();
     for (;;) {
         if (condition()) return true;
-        if (std::chrono::steady_clock::now() >= deadline) return false;
-        std::this_thread::sleep_for(kBetweenLooks);
+        const std::chrono::nanoseconds waited = std::chrono::steady_clock::now() - began;
+        if (waited >= patience) return false;
+        std::this_thread::sleep_for(std::clamp(waited / kLatest, kShortest, kLongest));
     }
 }
 
