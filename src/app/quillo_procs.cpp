@@ -7,9 +7,6 @@
 #include "util/ignore.h"
 #include "version.h"
 
-// After windows.h.
-#include <commctrl.h>
-
 namespace quillo {
 namespace {
 
@@ -111,8 +108,6 @@ void QuilloProcs::InitializeShell() {
     // Before the first window, as the system requires.
     Ignore(TakeRegisteredAppId(kAppId), "balloons then carry the name of the file");
     Ignore(shell_.FolderPath(SpecialFolder::Desktop), "only warms the special-folder service up");
-    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
-    InitCommonControlsEx(&controls);
     loop_.RunPending();
 }
 

@@ -28,7 +28,7 @@ class StartupStage {
     [[nodiscard]] virtual bool AnotherInstanceRuns() = 0;
     /// Passes a command line to the running instance; waits a bounded time for one that is still starting.
     virtual void SendToRunningInstance(std::u16string_view commandLine) = 0;
-    /// Initializes the special-folder service and the common controls, and pumps pending messages once.
+    /// Initializes the special-folder service, and pumps pending messages once.
     virtual void InitializeShell() = 0;
     /// Registers the clipboard format "UniformResourceLocator", which drops on notes use.
     virtual void RegisterLinkFormat() = 0;

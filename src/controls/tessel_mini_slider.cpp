@@ -5,6 +5,7 @@
 #include "platform/dpi.h"
 #include "platform/gdi_canvas.h"
 #include "platform/gdi_scope.h"
+#include "platform/styled_controls.h"
 #include "util/numbers.h"
 
 namespace quillo {
@@ -67,6 +68,7 @@ void TesselMiniSlider::SetScale(const Scale& scale) {
 }
 
 void TesselMiniSlider::AboutBox() const {
+    const StyledControls styled;
     MessageBoxW(GetAncestor(Handle(), GA_ROOT), L"A small slider: press or drag it, or use the arrow keys.", L"Quillo",
                 MB_OK | MB_ICONINFORMATION);
 }

@@ -3,6 +3,7 @@
 #include "notes/note_fonts.h"
 #include "platform/dpi.h"
 #include "platform/late_library.h"
+#include "platform/styled_controls.h"
 #include "platform/wide.h"
 
 // After windows.h.
@@ -44,6 +45,7 @@ FontSetting ToSetting(const LOGFONTW& logical, int tenths) {
 
 std::optional<FontSetting> AskForFont(HWND owner, const FontSetting& font) {
     static LateFunction<BOOL WINAPI(CHOOSEFONTW*)> choose(L"comdlg32.dll", "ChooseFontW");
+    const StyledControls styled;  // also for the library that has the dialog
     if (choose.Get() == nullptr) return std::nullopt;
     LOGFONTW logical = ToLogFont(font, false, SystemScale());
     CHOOSEFONTW choice{};

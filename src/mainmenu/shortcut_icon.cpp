@@ -1,12 +1,9 @@
 #include "mainmenu/shortcut_icon.h"
 
-#include "platform/com_ptr.h"
 #include "platform/wide.h"
 #include "util/ignore.h"
 
 // After windows.h.
-#include <commctrl.h>
-#include <commoncontrols.h>
 #include <objbase.h>
 #include <shellapi.h>
 
@@ -16,42 +13,57 @@ namespace {
 // Some toolchains' libraries lack it.
 constexpr IID kImageListId{0x46EB5926, 0x582E, 0x4017, {0x9F, 0xDF, 0xE8, 0x99, 0x8D, 0xAA, 0x09, 0x50}};
 
-HIMAGELIST FindIcon(const std::u16string& file, int& index) {
+/// The system's own list that has the icon; null if there is none.
+ComPtr<IImageList> FindIcon(const std::u16string& file, int& index) {
+    ComPtr<IImageList> list;
     SHFILEINFOW info{};
-    DWORD_PTR list = SHGetFileInfoW(Wide(file), 0, &info, sizeof info, SHGFI_SYSICONINDEX);
-    if (list == 0) {
-        list = SHGetFileInfoW(Wide(file), FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
-                              SHGFI_SYSICONINDEX | SHGFI_USEFILEATTRIBUTES);
+    if (SHGetFileInfoW(Wide(file), 0, &info, sizeof info, SHGFI_SYSICONINDEX) == 0 &&
+        SHGetFileInfoW(Wide(file), FILE_ATTRIBUTE_NORMAL, &info, sizeof info,
+                       SHGFI_SYSICONINDEX | SHGFI_USEFILEATTRIBUTES) == 0) {
+        return list;
     }
     index = info.iIcon;
-    return reinterpret_cast<HIMAGELIST>(list);
+    Ignore(SHGetImageList(SHIL_LARGE, kImageListId, list.PutVoid()), "the shortcut then has no icon");
+    return list;
 }
 
-int EdgeOf(HIMAGELIST list) {
+int EdgeOf(IImageList& list) {
     int width = 0;
     int height = 0;
-    ImageList_GetIconSize(list, &width, &height);
+    list.GetIconSize(&width, &height);
     return width;
 }
 
 }  // namespace
 
 ShortcutIcon::ShortcutIcon(const std::u16string& file, int size) : list_(FindIcon(file, index_)), size_(size) {
-    if (list_ == nullptr || EdgeOf(list_) == size) return;
+    if (!list_ || EdgeOf(*list_) == size) return;
     // The system's list has one resolution: shrinking a larger picture, if there is one, looks better than enlarging.
     ComPtr<IImageList> larger;
-    const bool grows = EdgeOf(list_) < size;
+    const bool grows = EdgeOf(*list_) < size;
     if (grows) Ignore(SHGetImageList(SHIL_EXTRALARGE, kImageListId, larger.PutVoid()), "then the small one grows");
-    resized_.Reset(ImageList_GetIcon(larger ? IImageListToHIMAGELIST(larger.Get()) : list_, index_, ILD_TRANSPARENT));
+    HICON icon = nullptr;
+    IImageList& source = larger ? *larger : *list_;
+    if (source.GetIcon(index_, ILD_TRANSPARENT, &icon) == S_OK) resized_.Reset(icon);
 }
 
 void ShortcutIcon::Draw(HDC dc, Point at) const {
-    if (list_ == nullptr) return;
+    if (!list_) return;
     if (resized_) {
         DrawIconEx(dc, at.x, at.y, resized_.Get(), size_, size_, 0, nullptr, DI_NORMAL);
-    } else {
-        ImageList_Draw(list_, index_, dc, at.x, at.y, ILD_TRANSPARENT);
+        return;
     }
+    IMAGELISTDRAWPARAMS plan{};
+    plan.cbSize = sizeof plan;
+    plan.himl = IImageListToHIMAGELIST(list_.Get());
+    plan.i = index_;
+    plan.hdcDst = dc;
+    plan.x = at.x;
+    plan.y = at.y;
+    plan.rgbBk = CLR_NONE;
+    plan.rgbFg = CLR_NONE;
+    plan.fStyle = ILD_TRANSPARENT;
+    list_->Draw(&plan);
 }
 
 }  // namespace quillo

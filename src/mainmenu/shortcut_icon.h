@@ -2,11 +2,13 @@
 
 #include <string>
 
+#include "platform/com_ptr.h"
 #include "platform/unique_handle.h"
 #include "util/geometry.h"
 
 // After windows.h.
 #include <commctrl.h>
+#include <commoncontrols.h>
 
 namespace quillo {
 
@@ -18,8 +20,8 @@ class ShortcutIcon {
     void Draw(HDC dc, Point at) const;
 
   private:
-    int index_ = 0;              // declared before the list, which is found together with it
-    HIMAGELIST list_ = nullptr;  ///< the system's own
+    int index_ = 0;            // declared before the list, which is found together with it
+    ComPtr<IImageList> list_;  ///< the system's own
     int size_;
     IconHandle resized_;  ///< used if the system's list has another size
 };

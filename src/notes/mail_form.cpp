@@ -1,6 +1,7 @@
 #include "notes/mail_form.h"
 
 #include "platform/late_library.h"
+#include "platform/styled_controls.h"
 #include "platform/wide.h"
 #include "ports/locale_text.h"
 #include "util/ignore.h"
@@ -26,6 +27,7 @@ MailForm::~MailForm() {
 }
 
 bool MailForm::Load(const wchar_t* library) {
+    const StyledControls styled;  // the mail program's library may bring windows of its own
     mapi_ = std::make_unique<Interface>(library);
     if (mapi_->logon.Get() == nullptr || mapi_->sendMail.Get() == nullptr || mapi_->logoff.Get() == nullptr) {
         return false;
@@ -38,6 +40,7 @@ bool MailForm::Load(const wchar_t* library) {
 }
 
 MailSignOn MailForm::SignOn() {
+    const StyledControls styled;
     LHANDLE session = 0;
     const ULONG result = mapi_->logon.Get()(Owner(), nullptr, nullptr, MAPI_LOGON_UI, 0, &session);
     session_ = session;
@@ -46,6 +49,7 @@ MailSignOn MailForm::SignOn() {
 }
 
 void MailForm::Send(const MailMessage& message) {
+    const StyledControls styled;
     // The records need pointers to writable text.
     std::string subject = message.subject;
     std::string body = message.body;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 namespace quillo {
 
 /// Owns one reference to a COM object.
@@ -9,12 +11,18 @@ class ComPtr {
     ComPtr() = default;
     ComPtr(const ComPtr&) = delete;
     ComPtr& operator=(const ComPtr&) = delete;
+    ComPtr(ComPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+    ComPtr& operator=(ComPtr&& other) noexcept {
+        std::swap(object_, other.object_);
+        return *this;
+    }
     ~ComPtr() {
         if (object_ != nullptr) object_->Release();
     }
 
     [[nodiscard]] Interface* Get() const { return object_; }
     Interface* operator->() const { return object_; }
+    Interface& operator*() const { return *object_; }
     explicit operator bool() const { return object_ != nullptr; }
     /// For a call that fills it; allowed only while it is empty.
     [[nodiscard]] Interface** Put() { return &object_; }

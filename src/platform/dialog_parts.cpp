@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/gdi_scope.h"
+#include "platform/styled_controls.h"
 #include "platform/text_tools.h"
 #include "platform/wide.h"
 #include "platform/window.h"
@@ -27,6 +28,7 @@ DialogFonts MakeDialogFonts(Scale scale) {
 }
 
 HWND CreateControl(HWND dialog, int id, const ControlKind& kind, std::u16string_view caption, bool visible) {
+    const StyledControls styled;
     const DWORD shown = visible ? WS_VISIBLE : 0;
     return CreateWindowExW(kind.exStyle, kind.windowClass, Wide(std::u16string(caption)), WS_CHILD | shown | kind.style,
                            0, 0, 0, 0, dialog, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), ThisModule(),

@@ -1,6 +1,7 @@
 #include "platform/file_dialogs.h"
 
 #include "platform/late_library.h"
+#include "platform/styled_controls.h"
 #include "platform/wide.h"
 #include "util/path_text.h"
 
@@ -48,6 +49,7 @@ BOOL CALLBACK CancelDialogOf(HWND window, LPARAM owner) {
 using FileDialogFunction = LateFunction<BOOL WINAPI(OPENFILENAMEW*)>;
 
 std::u16string Browse(FileDialogFunction& show, HWND owner, const FileDialogPlan& plan) {
+    const StyledControls styled;  // also for the library that has the dialog
     if (show.Get() == nullptr) return {};
     constexpr std::size_t kLongestPath = 32'768;
     std::u16string path(kLongestPath, u'\0');

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/com_scope.h"
+#include "platform/styled_controls.h"
 #include "platform/wide.h"
 
 // After windows.h.
@@ -21,6 +22,7 @@ int CALLBACK SelectStart(HWND browser, UINT message, LPARAM /*wParam*/, LPARAM d
 
 std::u16string AskForFolder(HWND owner, std::u16string_view prompt, std::u16string_view folder) {
     const ComScope com;
+    const StyledControls styled;
     const std::u16string title(prompt);
     const std::u16string start(folder);
     BROWSEINFOW browse{};

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/late_library.h"
+#include "platform/styled_controls.h"
 #include "platform/wide.h"
 #include "platform/window.h"
 
@@ -30,6 +31,7 @@ FontHandle TipFont(const Scale& scale) {
 
 bool ToolTips::Make(HWND window, HWND owner, const Scale& scale) {
     window_ = window;
+    const StyledControls styled;
     // A note that is not the active window has tips too.
     tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0,
                             0, owner, nullptr, ThisModule(), nullptr);

@@ -4,6 +4,7 @@
 
 #include "platform/disabled_windows.h"
 #include "platform/late_library.h"
+#include "platform/styled_controls.h"
 #include "platform/wide.h"
 #include "util/busy_flag.h"
 
@@ -20,6 +21,7 @@ int WinUserNotice::Box(std::u16string_view text, UINT flags, const wchar_t* titl
     if (onBox) onBox();
     HWND asker = MessageBoxOwner();
     const DisabledWindows others(asker);
+    const StyledControls styled;
     return MessageBoxW(asker, Wide(std::u16string(text)), title, flags | kMessageBoxFlags);
 }
 

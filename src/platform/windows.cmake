@@ -22,6 +22,7 @@ target_sources(quillo_windows PRIVATE
   platform/notify_channel.cpp
   platform/session_end_block.cpp
   platform/single_instance.cpp
+  platform/styled_controls.cpp
   platform/subclass.cpp
   platform/text_tools.cpp
   platform/tool_tips.cpp
@@ -38,4 +39,4 @@ target_sources(quillo_windows PRIVATE
   platform/window.cpp
   platform/window_effects.cpp
 )
-target_link_libraries(quillo_windows PUBLIC comctl32 gdi32 ole32 shell32 uuid)
+target_link_libraries(quillo_windows PUBLIC gdi32 ole32 shell32 uuid)

@@ -17,6 +17,9 @@
 // The about box's picture.
 #define IDI_ABOUT_PICTURE 121
 
+// The manifest of the controls with a visual style. Numbers below 17 would be for the system.
+#define IDR_CONTROLS_MANIFEST 131
+
 // The note button strips; the one for 200 percent serves every larger scale.
 #define IDR_NOTE_BUTTONS_100 201
 #define IDR_NOTE_BUTTONS_150 202

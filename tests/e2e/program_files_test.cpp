@@ -42,8 +42,8 @@ class ProgramFile {
         const bool found = VerQueryValueW(version_.data(), path.c_str(), &text, &length) != 0;
         return found ? static_cast<const wchar_t*>(text) : L"";
     }
-    [[nodiscard]] std::string Manifest() const {
-        HRSRC found = FindResourceW(module_, MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(24));
+    [[nodiscard]] std::string Manifest(int number = 1) const {
+        HRSRC found = FindResourceW(module_, MAKEINTRESOURCEW(number), MAKEINTRESOURCEW(24));
         if (found == nullptr) return {};
         const auto* bytes = static_cast<const char*>(LockResource(LoadResource(module_, found)));
         return {bytes, SizeofResource(module_, found)};
@@ -91,6 +91,15 @@ TEST(ProgramFiles, DeclareTheirSupportedSystems) {
         EXPECT_THAT(manifest, HasSubstr("longPathAware"));
         EXPECT_THAT(manifest, HasSubstr("level=\"asInvoker\""));
     }
+}
+
+TEST(ProgramFiles, NameTheControlsWithAVisualStyleOnce) {
+    constexpr char kControls[] = "Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\"";
+    constexpr int kControlsManifest = 131;
+    const ProgramFile quillo(PathOf(L"quillo.exe"));
+    EXPECT_THAT(quillo.Manifest(), Not(HasSubstr(kControls))) << "a start would load them";
+    EXPECT_THAT(quillo.Manifest(kControlsManifest), HasSubstr(kControls));
+    EXPECT_THAT(ProgramFile(PathOf(L"quillo-new.exe")).Manifest(), HasSubstr(kControls));
 }
 
 TEST(ProgramFiles, HaveTheirIconsInEverySize) {

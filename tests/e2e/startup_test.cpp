@@ -106,7 +106,7 @@ TEST_F(Startup, ANoteOnTheScreenHasLoadedNoLibraryOfALaterUse) {
     const std::set<std::wstring> loaded = LibrariesOf(Quillo().Pid());
     EXPECT_TRUE(loaded.count(L"user32.dll") == 1 && loaded.count(L"quillo.exe") == 1) << "the list was read";
     // Those of scripts/libraries.txt that neither the start nor the icon beside the clock uses.
-    for (const wchar_t* later : {L"mapi32.dll", L"oleacc.dll", L"winmm.dll", L"comdlg32.dll"}) {
+    for (const wchar_t* later : {L"comctl32.dll", L"mapi32.dll", L"oleacc.dll", L"winmm.dll", L"comdlg32.dll"}) {
         EXPECT_EQ(loaded.count(later), 0U) << std::wstring(later);
     }
 }

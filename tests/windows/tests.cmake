@@ -44,6 +44,7 @@ target_sources(quillo_windows_tests PRIVATE
   windows/shortcut_icon_test.cpp
   windows/support.cpp
   windows/start_counts_test.cpp
+  windows/styled_controls_test.cpp
   windows/tab_test.cpp
   windows/tray_test.cpp
   windows/win_file_store_test.cpp
