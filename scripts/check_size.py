@@ -13,8 +13,8 @@ import re
 import struct
 import sys
 
-WHOLE_LIMIT = 760_000
-CODE_LIMIT = 602_000  # the goal is 500,000: docs/performance.md explains the difference
+WHOLE_LIMIT = 762_000
+CODE_LIMIT = 604_000  # the goal is 500,000: docs/performance.md explains the difference
 SHOWN = 10
 RESOURCE_SECTION = b".rsrc"
 RESOURCE_TYPES = {3: "icon", 2: "bitmap", 10: "data", 14: "icon group", 16: "version", 24: "manifest"}
