@@ -310,6 +310,8 @@ use_test_desktop() {
         return
     fi
     mkdir -p "$HOME/.local/share"
+    # A desktop has a database of resources. Without any, Wine's X11 driver looks for these files whenever a font is selected.
+    printf '*customization: none\n' >"$HOME/.Xdefaults"
     make_test_disks "$folder"
     name_test_places "$folder"
     clone_prefix "$WINEPREFIX"
