@@ -333,7 +333,7 @@ use_test_desktop() {
     done
     # Without the focus on the desktop, no window in it receives keys.
     xdotool search --name 'Quillo - Wine desktop' windowfocus >/dev/null 2>&1 || true
-    # For the tests that use it next: to find these values costs more than many a test.
+    # For the tests that use the desktop next: finding these values takes longer than many tests.
     local name
     for name in DISPLAY QUILLO_TEST_HOME QUILLO_SMALL_DISK QUILLO_PROTECTED_DISK; do
         if [[ -v $name ]]; then printf 'export %s=%q\n' "$name" "${!name}"; fi

@@ -32,7 +32,7 @@ class NoteButtonBar {
     void PaintWindowless(HDC dc, const NoteLayout& layout);
     void MoveTo(const NoteLayout& layout);
     /// Hides the windows of the buttons at the right while the user moves the edge beside them: two windows that move
-    /// at each step cost as much as half of all else, and follow the edge late.
+    /// at each step would add a fifth to its cost.
     void HideRightButtons();
     /// Shows them again, at their places in `layout`; nothing if they are not hidden.
     void ShowRightButtons(const NoteLayout& layout);

@@ -85,9 +85,9 @@ LRESULT NoteForm::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnPointerOverFoot(POINT{PointFromLParam(lParam).x, PointFromLParam(lParam).y});
             return Default(message, wParam, lParam);
         case WM_ENTERSIZEMOVE:
-            return OnTaken(), 0;
+            return OnMoveSizeBegins(), 0;
         case WM_EXITSIZEMOVE:
-            return OnReleased(), 0;
+            return OnMoveSizeEnds(), 0;
         case WM_WINDOWPOSCHANGING:
             Default(message, wParam, lParam);
             return OnPlaceChanging(*reinterpret_cast<WINDOWPOS*>(lParam)), 0;
@@ -295,19 +295,19 @@ AccessiblePart NoteForm::Describe(int /*part*/) const {
     return note;
 }
 
-void NoteForm::OnTaken() {
-    inUsersHand_ = true;
+void NoteForm::OnMoveSizeBegins() {
+    inMoveSize_ = true;
     buttons_.HideTip();
 }
 
-void NoteForm::OnReleased() {
-    inUsersHand_ = false;
+void NoteForm::OnMoveSizeEnds() {
+    inMoveSize_ = false;
     buttons_.ShowRightButtons(Layout());
 }
 
 void NoteForm::OnPlaceChanging(WINDOWPOS& next) const {
-    if (!inUsersHand_ || placing_ || next.hwndInsertAfter != HWND_TOP) return;
-    // The note was activated when the user took it. Wine would activate it at each step, ask for the order of all
+    if (!inMoveSize_ || placing_ || next.hwndInsertAfter != HWND_TOP) return;
+    // The note was activated when the user pressed it. Wine would activate it at each step, ask for the order of all
     // windows, and paint the whole note again.
     next.flags |= SWP_NOACTIVATE | SWP_NOZORDER;
 }
@@ -344,7 +344,7 @@ void NoteForm::LayOut() {
     const Rect client = ClientRect();
     const Size size{client.width, client.height};
     if (size == laidOut_) return;
-    if (inUsersHand_ && size.width != laidOut_.width) buttons_.HideRightButtons();
+    if (inMoveSize_ && size.width != laidOut_.width) buttons_.HideRightButtons();
     laidOut_ = size;
     const NoteLayout layout = Layout();
     buttons_.MoveTo(layout);

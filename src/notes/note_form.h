@@ -104,8 +104,8 @@ class NoteForm : public DrawnWindow, public NoteWindow, private AccessibleSource
     void OnPointerOverFoot(POINT screen);
     void OnPaint() override;
     void PaintFace(HDC dc, const NoteLayout& layout);
-    void OnTaken();
-    void OnReleased();
+    void OnMoveSizeBegins();
+    void OnMoveSizeEnds();
     void OnPlaceChanging(WINDOWPOS& next) const;
     void OnPlaceChanged(const WINDOWPOS& place);
     void OnSystemChanged();
@@ -152,9 +152,9 @@ class NoteForm : public DrawnWindow, public NoteWindow, private AccessibleSource
     AccessibleLink accessible_{*this};
     std::u16string title_;  ///< of the window, once there was a text
     bool active_ = false;
-    bool inUsersHand_ = false;  ///< while the user moves or sizes it
-    Size laidOut_;              ///< the client size that the parts are laid out for
-    bool placing_ = false;      ///< set while we move the window ourselves, so that it is not taken for the user's move
+    bool inMoveSize_ = false;  ///< while the user moves or sizes it
+    Size laidOut_;             ///< the client size that the parts are laid out for
+    bool placing_ = false;     ///< set while we move the window ourselves, so that it is not taken for the user's move
 };
 
 }  // namespace quillo

@@ -28,8 +28,8 @@ int main(int argc, char** argv) {
     Sleep(seconds * 1000);
     const double after = quillo.ProcessorMilliseconds();
     const long long awake = quillo.TimesAwake() - awakeBefore;
-    std::printf("%d notes: %.1f ms of processor time until all stood, %.1f ms in the %lu s untouched\n", notes, before,
-                after - before, seconds);
+    std::printf("%d notes: %.1f ms of processor time until all were painted, %.1f ms in the %lu s at rest\n", notes,
+                before, after - before, seconds);
     if (awake > 0) std::printf("awake %lld times\n", awake);
     return 0;
 }

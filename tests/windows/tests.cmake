@@ -25,7 +25,7 @@ target_sources(quillo_windows_tests PRIVATE
   windows/note_fixture.cpp
   windows/note_form_test.cpp
   windows/note_form_look_test.cpp
-  windows/note_in_hand_test.cpp
+  windows/note_move_size_test.cpp
   windows/note_handles_test.cpp
   windows/note_menu_test.cpp
   windows/note_reminder_test.cpp

@@ -12,7 +12,7 @@ inline constexpr std::chrono::seconds kPatience{20};
 /// Polls until the condition holds. False if it does not within `patience`.
 template <typename Condition>
 [[nodiscard]] bool Eventually(Condition condition, std::chrono::milliseconds patience = kPatience) {
-    // A look costs processor time that other tests need: the longer the wait, the fewer there are.
+    // Each check costs processor time that other tests need: the longer the wait, the rarer the checks.
     constexpr std::chrono::nanoseconds kShortest = std::chrono::milliseconds(10);
     constexpr std::chrono::nanoseconds kLongest = std::chrono::milliseconds(100);
     constexpr int kLatest = 20;

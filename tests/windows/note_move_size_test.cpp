@@ -6,12 +6,12 @@
 namespace quillo::windows_tests {
 namespace {
 
-class NoteInHand : public NoteFormTest {
+class NoteMoveSize : public NoteFormTest {
   protected:
-    NoteInHand() { Show(); }
+    NoteMoveSize() { Show(); }
 
-    void Take() { SendMessageW(one_.Window(), WM_ENTERSIZEMOVE, 0, 0); }
-    void Release() { SendMessageW(one_.Window(), WM_EXITSIZEMOVE, 0, 0); }
+    void Begin() { SendMessageW(one_.Window(), WM_ENTERSIZEMOVE, 0, 0); }
+    void End() { SendMessageW(one_.Window(), WM_EXITSIZEMOVE, 0, 0); }
     /// The flags with which the window lets a step pass.
     [[nodiscard]] UINT FlagsOfStep(HWND after) const {
         WINDOWPOS step{};
@@ -35,22 +35,22 @@ class NoteInHand : public NoteFormTest {
     }
 };
 
-TEST_F(NoteInHand, AStepChangesNeitherTheOrderNorWhatIsActive) {
+TEST_F(NoteMoveSize, AStepChangesNeitherTheOrderNorWhatIsActive) {
     constexpr UINT kKept = SWP_NOACTIVATE | SWP_NOZORDER;
-    EXPECT_EQ(FlagsOfStep(HWND_TOP) & kKept, 0U) << "nobody has taken it";
-    Take();
+    EXPECT_EQ(FlagsOfStep(HWND_TOP) & kKept, 0U) << "the user does not move it";
+    Begin();
     EXPECT_EQ(FlagsOfStep(HWND_TOP) & kKept, kKept);
     EXPECT_EQ(FlagsOfStep(HWND_TOPMOST) & kKept, 0U) << "the program pins it meanwhile";
-    Release();
+    End();
     EXPECT_EQ(FlagsOfStep(HWND_TOP) & kKept, 0U);
 }
 
-TEST_F(NoteInHand, TheNoteDrawsTheButtonsAtItsRightEdgeAsTheyAre) {
+TEST_F(NoteMoveSize, TheNoteDrawsTheButtonsAtItsRightEdgeAsTheyAre) {
     note_.Perform(NoteAction::TogglePin);
     const Size size = ClientSize();
     PaintNow(one_.Window());
     const std::vector<COLORREF> before = RightEnd();
-    Take();
+    Begin();
     Resize(Size{size.width + 31, size.height + 20});
     EXPECT_FALSE(IsShown(kCloseButton));
     EXPECT_FALSE(IsShown(kPushpin));
@@ -60,7 +60,7 @@ TEST_F(NoteInHand, TheNoteDrawsTheButtonsAtItsRightEdgeAsTheyAre) {
     Resize(Size{size.width - 12, size.height});
     PaintNow(one_.Window());
     EXPECT_EQ(RightEnd(), before);
-    Release();
+    End();
     PaintNow(one_.Window());
     EXPECT_EQ(RightEnd(), before);
     EXPECT_TRUE(IsShown(kCloseButton));
@@ -70,15 +70,15 @@ TEST_F(NoteInHand, TheNoteDrawsTheButtonsAtItsRightEdgeAsTheyAre) {
     EXPECT_EQ(PlaceIn(one_.Window(), one_.Child(kPushpin)), layout.pushpin);
 }
 
-TEST_F(NoteInHand, AMoveOrAnotherHeightHidesNoButton) {
+TEST_F(NoteMoveSize, AMoveOrAnotherHeightHidesNoButton) {
     const Size size = ClientSize();
-    Take();
+    Begin();
     SetWindowPos(one_.Window(), nullptr, 150, 150, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     EXPECT_TRUE(IsShown(kCloseButton));
     Resize(Size{size.width, size.height + 20});
     EXPECT_TRUE(IsShown(kCloseButton));
     EXPECT_TRUE(IsShown(kPushpin));
-    Release();
+    End();
 }
 
 }  // namespace
